@@ -1,0 +1,26 @@
+# quarvel_files(<variable> <pattern> <folder>...)
+# The files of that pattern that stand directly in the folders, without those of another system:
+# names that end in _win32 or _posix (and tests of such files) belong to that system alone.
+function(quarvel_files variable pattern)
+  list(TRANSFORM ARGN APPEND "/${pattern}")
+  list(TRANSFORM ARGN PREPEND "${PROJECT_SOURCE_DIR}/")
+  file(GLOB found CONFIGURE_DEPENDS ${ARGN})
+  if(WIN32)
+    set(other_system posix)
+  else()
+    set(other_system win32)
+  endif()
+  list(FILTER found EXCLUDE REGEX "_${other_system}(_test)?\\.[a-z]+$")
+  set(${variable} ${found} PARENT_SCOPE)
+endfunction()
+
+# quarvel_library(<name> <folder>...)
+# A static library of the folders' sources; main.cpp belongs to a program.
+function(quarvel_library name)
+  quarvel_files(sources "*.cpp" ${ARGN})
+  quarvel_files(headers "*.h" ${ARGN})
+  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+  add_library(${name} STATIC ${sources})
+  target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}"
+                                FILES ${headers})
+endfunction()

@@ -1,0 +1,54 @@
+#!/usr/bin/env bash
+# Installs what is missing from Debian's packages:
+# cmake/setup.sh native|checks|windows|peers|counts ...
+# Asks nothing. Packages that are installed already cost one look at the package database.
+set -eu
+
+# The program and its native tests.
+native=(cmake ninja-build g++ libgtest-dev)
+# The other half of the native tests: clang's sanitizers, fuzzer, formatter and checker.
+checks=(clang libclang-rt-dev clang-format clang-tidy)
+# Cross-building for Windows, and running what was built.
+windows=(g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-win32 googletest wine wine64 xvfb)
+# The libraries that the benchmarks compare with, and what counts instructions.
+peers=(coinor-libcoinutils-dev libglpk-dev)
+counts=(valgrind)
+
+wanted=()
+for part in "$@"; do
+  case "$part" in
+    native) wanted+=("${native[@]}") ;;
+    checks) wanted+=("${checks[@]}") ;;
+    windows) wanted+=("${windows[@]}") ;;
+    peers) wanted+=("${peers[@]}") ;;
+    counts) wanted+=("${counts[@]}") ;;
+    *) echo "setup.sh: unknown part $part" >&2; exit 2 ;;
+  esac
+done
+
+if ! command -v dpkg-query >/dev/null; then
+  echo "This is no Debian system: going on with the tools that are here." >&2
+  exit 0
+fi
+
+installed=" $(dpkg-query -W -f='${db:Status-Status}=${Package}\n' "${wanted[@]}" 2>/dev/null |
+  sed -n 's/^installed=//p' | tr '\n' ' ')"
+missing=()
+for package in "${wanted[@]}"; do
+  case "$installed" in *" $package "*) ;; *) missing+=("$package") ;; esac
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+as_root=(env)
+[ "$(id -u)" -eq 0 ] || as_root=(sudo env)
+apt=("${as_root[@]}" DEBIAN_FRONTEND=noninteractive apt-get -q -y
+  -o DPkg::Lock::Timeout=300 -o Acquire::Retries=3)
+echo "Installing ${missing[*]}" >&2
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+if ! { "${apt[@]}" update && "${apt[@]}" install --no-install-recommends "${missing[@]}"; } \
+  >"$log" 2>&1 </dev/null; then
+  tail -n 40 "$log" >&2
+  echo "setup.sh: the packages could not be installed" >&2
+  exit 1
+fi

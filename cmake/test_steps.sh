@@ -1,0 +1,142 @@
+# The steps of ./test, which reads this file. Each prints one line, or all it has to say when it fails.
+
+logs=build/logs
+rm -rf "$logs"
+mkdir -p "$logs"
+passed=0
+failed=0
+notes=()
+failures=()
+xvfb=
+
+note() { notes+=("$1"); }
+
+# pass TITLE SECONDS [COUNT TEXT], fail TITLE SECONDS LOG [COUNT TEXT]
+pass() { printf 'ok      %-40s %4d s%s\n' "$1" "$2" "${3:+  $3}"; }
+fail() {
+  tail -n 150 "$3"
+  printf 'FAILED  %-40s %4d s%s\n' "$1" "$2" "${4:+  $4}"
+  failures+=("$1 (${3})")
+}
+
+# step TITLE COMMAND... : one step, counted as one.
+step() {
+  local title=$1 log start=$SECONDS
+  shift
+  log="$logs/${title//[^a-zA-Z0-9-]/_}.log"
+  if "$@" >"$log" 2>&1; then
+    passed=$((passed + 1))
+    pass "$title" $((SECONDS - start))
+  else
+    failed=$((failed + 1))
+    fail "$title" $((SECONDS - start)) "$log"
+    return 1
+  fi
+}
+
+check_format() {
+  find text platform model mps simplify viewer automation hosts tests fuzz bench \
+    \( -name '*.cpp' -o -name '*.h' \) -print0 2>/dev/null |
+    xargs -0 clang-format --dry-run -Werror
+}
+
+configure_and_build() { # PRESET
+  cmake --preset "$1" && cmake --build --preset "$1"
+}
+
+build() { step "build $1" configure_and_build "$1"; }
+
+# count_cases <LOG: "PASSED FAILED" of a ctest log, each GoogleTest case as one. A program that failed
+# without a list of failed cases (a crash, a time-out) counts as one failure.
+count_cases() {
+  awk '
+    /^[0-9]+: \[  PASSED  \] [0-9]+ tests?\./ { passed += $5 }
+    /^[0-9]+: \[  FAILED  \] [0-9]+ tests?, listed below/ { failed += $5; listed = 1 }
+    /^ *[0-9]+\/[0-9]+ Test +#[0-9]+: / {
+      if (!/ Passed / && !listed) failed++
+      listed = 0
+    }
+    END { print passed + 0, failed + 0 }'
+}
+
+build_and_test() { # PRESET
+  build "$1" || return
+  local start=$SECONDS log="$logs/tests_$1.log" status=0 counts
+  ctest --preset "$1" --no-tests=error --verbose >"$log" 2>&1 || status=1
+  counts=$(count_cases <"$log")
+  local good=${counts% *} bad=${counts#* }
+  [ $status -eq 0 ] || [ "$bad" -gt 0 ] || bad=1
+  [ "$good" -gt 0 ] || [ "$bad" -gt 0 ] || bad=1
+  passed=$((passed + good))
+  failed=$((failed + bad))
+  if [ "$bad" -eq 0 ]; then
+    pass "tests $1" $((SECONDS - start)) "$good passed"
+  else
+    fail "tests $1" $((SECONDS - start)) "$log" "$good passed, $bad failed"
+  fi
+}
+
+# fuzz_target NAME SECONDS: the kept inputs once, then new ones from a fixed start.
+fuzz_target() {
+  local program="build/linux-fuzz/$1" kept="fuzz/corpus/$1" new="build/linux-fuzz/new/$1"
+  local limits=(-timeout=10 -rss_limit_mb=2048 "-artifact_prefix=build/linux-fuzz/$1-")
+  mkdir -p "$new"
+  [ -n "$(ls -A "$kept")" ] || { echo "no kept inputs in $kept"; return 1; }
+  "$program" "${limits[@]}" -runs=0 "$kept" &&
+    "$program" "${limits[@]}" -seed=1 "-max_total_time=$2" "$new" "$kept"
+}
+
+fuzz_all() { # SECONDS
+  local source name
+  for source in fuzz/*.cpp; do
+    [ -e "$source" ] || { step "fuzz targets" false; return; }
+    name=$(basename "$source" .cpp)
+    step "fuzz $name" fuzz_target "$name" "$1"
+  done
+}
+
+# A display that nobody sees, and Wine's prefix made before the first test is timed.
+start_windows() {
+  local number=build/display
+  trap 'stop_windows >/dev/null 2>&1' EXIT
+  trap 'exit 130' INT TERM
+  rm -f "$number"
+  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$number" &
+  xvfb=$!
+  for _ in $(seq 100); do
+    [ -s "$number" ] && break
+    kill -0 "$xvfb" 2>/dev/null || return 1
+    sleep 0.1
+  done
+  [ -s "$number" ] || return 1
+  export DISPLAY=":$(cat "$number")"
+  cmake/wine.sh cmd /c exit 0
+}
+
+stop_windows() {
+  cmake/wine.sh --stop
+  [ -n "$xvfb" ] || return 0
+  kill "$xvfb"
+  wait "$xvfb" 2>/dev/null
+  xvfb=
+}
+
+# Whether this machine's Wine runs a 32-bit program: tried with one.
+runs_x86() {
+  local program=build/tiny-x86.exe
+  echo 'int main() { return 42; }' |
+    i686-w64-mingw32-g++-win32 -static -x c++ -o "$program" - || return 1
+  cmake/wine.sh "$program" >"$logs/tiny-x86.log" 2>&1
+  [ $? -eq 42 ]
+}
+
+summary() {
+  local line
+  [ -n "${QUARVEL_DATA:-}" ] || [ -d ../shared/data ] ||
+    note "no folder ../shared/data: the tests ran without the real models"
+  echo
+  for line in "${failures[@]+"${failures[@]}"}"; do echo "FAILED: $line"; done
+  for line in "${notes[@]+"${notes[@]}"}"; do echo "NOTE: $line"; done
+  echo "$passed passed, $failed failed"
+  [ "$failed" -eq 0 ]
+}

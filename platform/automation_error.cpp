@@ -1,0 +1,66 @@
+#include "platform/automation_error.h"
+
+#include <algorithm>
+#include <array>
+#include <new>
+#include <utility>
+
+namespace quarvel {
+namespace {
+
+using enum RunTimeError;
+
+constexpr auto kTable = std::to_array<RunTimeErrorText>({
+    {kInvalidProcedureCall, "Invalid procedure call or argument"},
+    {kOverflow, "Overflow"},
+    {kOutOfMemory, "Out of memory"},
+    {kSubscriptOutOfRange, "Subscript out of range"},
+    {kDivisionByZero, "Division by zero"},
+    {kTypeMismatch, "Type mismatch"},
+    {kInternalError, "Internal error"},
+    {kBadFileNameOrNumber, "Bad file name or number"},
+    {kFileNotFound, "File not found"},
+    {kFileAlreadyOpen, "File already open"},
+    {kDeviceIoError, "Device I/O error"},
+    {kFileAlreadyExists, "File already exists"},
+    {kDiskFull, "Disk full"},
+    {kTooManyFiles, "Too many files"},
+    {kDeviceUnavailable, "Device unavailable"},
+    {kPermissionDenied, "Permission denied"},
+    {kPathFileAccessError, "Path/File access error"},
+    {kPathNotFound, "Path not found"},
+    {kFormAlreadyDisplayed, "Form already displayed; can't show modally"},
+});
+
+AutomationError MakeRunTimeError(RunTimeError number) {
+  return AutomationError(static_cast<std::int32_t>(number), "", std::string(Describe(number)));
+}
+
+}  // namespace
+
+AutomationError::AutomationError(std::int32_t number, std::string source, std::string description)
+    : number_(number), source_(std::move(source)), description_(std::move(description)) {}
+
+std::span<const RunTimeErrorText> RunTimeErrorTable() { return kTable; }
+
+std::string_view Describe(RunTimeError number) {
+  const auto found = std::find_if(kTable.begin(), kTable.end(),
+                                  [number](const auto& entry) { return entry.number == number; });
+  return found == kTable.end() ? Describe(kInternalError) : found->description;
+}
+
+void RaiseRunTimeError(RunTimeError number) { throw MakeRunTimeError(number); }
+
+AutomationError CurrentError() {
+  try {
+    throw;
+  } catch (const AutomationError& error) {
+    return error;
+  } catch (const std::bad_alloc&) {
+    return MakeRunTimeError(kOutOfMemory);
+  } catch (...) {
+    return MakeRunTimeError(kInternalError);
+  }
+}
+
+}  // namespace quarvel

@@ -1,0 +1,56 @@
+#include "platform/basic_controls.h"
+
+#include <algorithm>
+
+namespace quarvel::platform {
+namespace {
+
+// NaN is no place on a bar; its lower end is.
+float Within(float value, float min, float max) {
+  return value >= min ? std::min(value, max) : min;
+}
+
+}  // namespace
+
+void Button::Click() {
+  if (!enabled() || !visible() || !on_click) return;
+  // A copy: the handler may destroy the form and this button with it.
+  const std::function<void()> handler = on_click;
+  form().Dispatch(handler);
+}
+
+void OptionButton::set_value(bool value) {
+  if (value_ == value) return;
+  if (value) {
+    for (Control* control : form().controls()) {
+      if (control->kind() != ControlKind::kOptionButton) continue;
+      auto& other = static_cast<OptionButton&>(*control);
+      if (&other != this && other.group_ == group_) other.set_value(false);
+    }
+  }
+  value_ = value;
+  Changed(Change::kValue);
+}
+
+void OptionButton::Click() {
+  if (enabled() && visible()) set_value(true);
+}
+
+void ProgressBar::set_range(float min, float max) {
+  max = std::max(min, max);
+  if (min_ != min || max_ != max) {
+    min_ = min;
+    max_ = max;
+    Changed(Change::kRange);
+  }
+  set_value(value_);
+}
+
+void ProgressBar::set_value(float value) {
+  value = Within(value, min_, max_);
+  if (value_ == value) return;
+  value_ = value;
+  Changed(Change::kValue);
+}
+
+}  // namespace quarvel::platform

@@ -1,0 +1,96 @@
+// The desktop of the command line: boxes are lines on standard error, questions are asked on a
+// terminal or answered by the program's options, progress is one line that is redrawn on a terminal
+// and nothing in a pipe, and Ctrl-C presses the button that stops (`cmdStop`). A second Ctrl-C ends
+// the program.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/console/console_system.h"
+#include "platform/desktop.h"
+#include "platform/form.h"
+
+namespace quarvel::platform {
+
+// What the program that owns the desktop decides without the user. Each answer is optional: what is
+// not decided is asked on a terminal and, where there is none, gets the cautious answer (No,
+// Cancel, empty, the option that is selected already).
+class ConsoleAnswers {
+ public:
+  virtual ~ConsoleAnswers() = default;
+  // A box is about to be shown. `print` may be set to false to keep it silent.
+  virtual std::optional<MsgBoxResult> AnswerBox(std::string_view text, MsgBoxStyle style,
+                                                std::string_view title, bool& print) = 0;
+  // A file dialog; the path to answer.
+  virtual std::optional<std::string> AnswerFile(const FileDialog& dialog) = 0;
+  // A form waits for its user. True when the answers drove it (selected options, pressed a button).
+  virtual bool DriveForm(Form& form) = 0;
+};
+
+class ConsoleDesktop : public Desktop {
+ public:
+  explicit ConsoleDesktop(ConsoleAnswers& answers);
+  ~ConsoleDesktop() override;
+
+  // True when standard input and standard error are both a terminal, so that questions can be
+  // asked.
+  bool interactive() const { return interactive_; }
+  void set_interactive(bool interactive) { interactive_ = interactive; }
+  // Where the lines typed at a question come from; standard input unless it is replaced.
+  void set_line_source(std::function<std::optional<std::string>()> source) {
+    read_line_ = std::move(source);
+  }
+  // True when standard error is a terminal, so that a line on it can be redrawn.
+  bool shows_progress() const { return shows_progress_; }
+  void set_shows_progress(bool shows) { shows_progress_ = shows; }
+  // True when a Ctrl-C arrived during this desktop's life.
+  bool interrupted() const { return interrupts_.Arrived(); }
+
+  MsgBoxResult MsgBox(std::string_view text, MsgBoxStyle style, std::string_view title) override;
+  std::string InputBox(std::string_view prompt, std::string_view title,
+                       std::string_view default_text) override;
+  void ShowFileDialog(FileDialog& dialog) override;
+  void DoEvents() override;
+  void Beep() override;
+  void SetMousePointer(MousePointer) override {}
+  // Prints where the file is; there is no window to open it in.
+  bool OpenInEditor(const std::string& path) override;
+  std::unique_ptr<FormPeer> Draw(Form& form, bool modal) override;
+  // Asks the user through the form's option buttons and buttons. A form left open by its own
+  // handler (a read that was answered No at a warning) is stopped and closed here.
+  void PumpUntilClosed(const Showing& showing) override;
+
+ private:
+  friend class ConsolePeer;
+  void DrawProgress();
+  void EraseProgress();
+  void PressStop(Form& form);
+  // Every form's last resort, after the answers: its buttons, chosen by the user where there is
+  // one.
+  void AskForm(Form& form);
+  void AskOptions(Form& form);
+  MsgBoxResult AskBox(MsgBoxStyle style);
+  // A line from the user without its end; nothing at the end of input or where nobody can be asked.
+  std::optional<std::string> Ask(std::string_view prompt);
+
+  ConsoleAnswers& answers_;
+  std::function<std::optional<std::string>()> read_line_ = console::ReadInputLine;
+  console::InterruptWatch interrupts_;
+  bool interactive_;
+  bool shows_progress_;
+  // The Ctrl-C has found its button, and while that runs its question is answered Yes.
+  bool interrupt_handled_ = false;
+  bool confirming_stop_ = false;
+  std::size_t columns_on_screen_ = 0;  // of the progress line; 0 when it is not there
+  std::int64_t last_draw_ms_ = 0;
+  std::vector<Form*> shown_;  // the topmost last
+};
+
+}  // namespace quarvel::platform

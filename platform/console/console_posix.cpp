@@ -1,0 +1,63 @@
+#ifndef _WIN32
+
+#include <csignal>
+#include <cstdio>
+#include <iostream>
+
+#include <unistd.h>
+
+#include "platform/console/console_system.h"
+
+namespace quarvel::platform::console {
+namespace {
+
+// A signal handler reaches nothing but variables of static life.
+volatile std::sig_atomic_t interrupt_count = 0;
+int watch_count = 0;
+struct sigaction action_before = {};
+
+void NoteInterrupt(int) { interrupt_count = interrupt_count + 1; }
+
+}  // namespace
+
+bool InputIsTerminal() { return isatty(STDIN_FILENO) == 1; }
+
+bool ErrorIsTerminal() { return isatty(STDERR_FILENO) == 1; }
+
+void WriteError(std::string_view text) {
+  std::fwrite(text.data(), 1, text.size(), stderr);
+  std::fflush(stderr);
+}
+
+std::optional<std::string> ReadInputLine() {
+  std::string line;
+  if (std::getline(std::cin, line)) {
+    if (line.ends_with('\r')) line.pop_back();
+    return line;
+  }
+  // An interrupted read looks like the end of input, but a later question may still be answered.
+  std::cin.clear();
+  std::clearerr(stdin);
+  return std::nullopt;
+}
+
+InterruptWatch::InterruptWatch() : count_at_start_(interrupt_count) {
+  if (watch_count++ > 0) return;
+  struct sigaction action = {};
+  action.sa_handler = NoteInterrupt;
+  // Without SA_RESTART, so that a waiting question ends; files retry their interrupted calls.
+  action.sa_flags = static_cast<int>(SA_RESETHAND);
+  sigemptyset(&action.sa_mask);
+  sigaction(SIGINT, &action, &action_before);
+  if (action_before.sa_handler == SIG_IGN) sigaction(SIGINT, &action_before, nullptr);
+}
+
+InterruptWatch::~InterruptWatch() {
+  if (--watch_count == 0) sigaction(SIGINT, &action_before, nullptr);
+}
+
+bool InterruptWatch::Arrived() const { return interrupt_count != count_at_start_; }
+
+}  // namespace quarvel::platform::console
+
+#endif

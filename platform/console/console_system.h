@@ -1,0 +1,36 @@
+// What the console desktop asks of the operating system: terminals, lines of text and Ctrl-C.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quarvel::platform::console {
+
+bool InputIsTerminal();
+bool ErrorIsTerminal();
+
+// UTF-8 text to standard error, at once; what cannot be written is lost.
+void WriteError(std::string_view text);
+
+// The next line of standard input as UTF-8, without its end; nothing at the end of input, which a
+// Ctrl-C at a waiting terminal counts as too.
+std::optional<std::string> ReadInputLine();
+
+// While one of these lives, the first Ctrl-C is only noted; the next one ends the program as ever.
+// A program that was started with Ctrl-C ignored goes on ignoring it.
+class InterruptWatch {
+ public:
+  InterruptWatch();
+  ~InterruptWatch();
+  InterruptWatch(const InterruptWatch&) = delete;
+  InterruptWatch& operator=(const InterruptWatch&) = delete;
+
+  // True when a Ctrl-C was noted since this watch began.
+  bool Arrived() const;
+
+ private:
+  int count_at_start_;
+};
+
+}  // namespace quarvel::platform::console

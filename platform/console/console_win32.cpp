@@ -1,0 +1,103 @@
+#ifdef _WIN32
+
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#include <array>
+#include <atomic>
+#include <cstdio>
+#include <iostream>
+
+#include <windows.h>
+
+#include "platform/console/console_system.h"
+#include "text/encoding.h"
+
+namespace quarvel::platform::console {
+namespace {
+
+// The system calls the handler on a thread of its own and passes it no context.
+std::atomic<int> interrupt_count = 0;
+std::atomic<bool> next_is_noted = false;
+int watch_count = 0;
+
+BOOL WINAPI NoteInterrupt(DWORD event) {
+  // What is not handled here ends the program.
+  if (event != CTRL_C_EVENT || !next_is_noted.exchange(false)) return FALSE;
+  ++interrupt_count;
+  return TRUE;
+}
+
+bool IsConsole(DWORD which) {
+  DWORD mode = 0;
+  return GetConsoleMode(GetStdHandle(which), &mode) != 0;
+}
+
+void WriteToConsole(std::string_view text) {
+  const std::u16string units = text::Utf8ToUtf16(text);
+  const std::wstring wide(units.begin(), units.end());
+  DWORD written = 0;
+  WriteConsoleW(GetStdHandle(STD_ERROR_HANDLE), wide.data(), static_cast<DWORD>(wide.size()),
+                &written, nullptr);
+}
+
+std::optional<std::string> ReadFromConsole() {
+  std::u16string line;
+  std::array<wchar_t, 512> piece;
+  while (!line.ends_with(u'\n')) {
+    DWORD count = 0;
+    const BOOL read = ReadConsoleW(GetStdHandle(STD_INPUT_HANDLE), piece.data(),
+                                   static_cast<DWORD>(piece.size()), &count, nullptr);
+    if (read == 0 || count == 0) return std::nullopt;
+    line.append(piece.begin(), piece.begin() + count);
+  }
+  // Ctrl-Z at the start of a line is how a Windows user ends the input.
+  if (line.starts_with(u'\x1A')) return std::nullopt;
+  line.resize(line.find_last_not_of(u"\r\n") + 1);
+  return text::Utf16ToUtf8(line);
+}
+
+}  // namespace
+
+bool InputIsTerminal() { return IsConsole(STD_INPUT_HANDLE); }
+
+bool ErrorIsTerminal() { return IsConsole(STD_ERROR_HANDLE); }
+
+void WriteError(std::string_view text) {
+  if (ErrorIsTerminal()) {
+    WriteToConsole(text);
+  } else {
+    std::fwrite(text.data(), 1, text.size(), stderr);
+    std::fflush(stderr);
+  }
+}
+
+std::optional<std::string> ReadInputLine() {
+  if (InputIsTerminal()) return ReadFromConsole();
+  std::string line;
+  if (!std::getline(std::cin, line)) {
+    std::cin.clear();
+    return std::nullopt;
+  }
+  if (line.ends_with('\r')) line.pop_back();
+  return line;
+}
+
+InterruptWatch::InterruptWatch() : count_at_start_(interrupt_count) {
+  if (watch_count++ > 0) return;
+  next_is_noted = true;
+  SetConsoleCtrlHandler(NoteInterrupt, TRUE);
+}
+
+InterruptWatch::~InterruptWatch() {
+  if (--watch_count == 0) SetConsoleCtrlHandler(NoteInterrupt, FALSE);
+}
+
+bool InterruptWatch::Arrived() const { return interrupt_count != count_at_start_; }
+
+}  // namespace quarvel::platform::console
+
+#endif

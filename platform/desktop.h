@@ -1,0 +1,79 @@
+// The seam: everything the component says to its user, and every window it shows, goes through one
+// Desktop. A drawer (scripted, console, Qt, Win32) implements it; nothing else names a toolkit.
+//
+// One thread. A call that shows a box, a dialog or lets events run may come back into the component
+// through a host's or a window's events, so no caller keeps pointers into model arrays across it.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace quarvel::platform {
+
+class Form;
+class FormPeer;
+struct Showing;
+
+// Buttons and icon of a message box; the numbers are those every automation host knows.
+enum class MsgBoxStyle : int {
+  kOk = 0,                       // OK, no icon
+  kYesNo = 4,                    // Yes and No, no icon
+  kYesNoCancelExclamation = 51,  // Yes, No and Cancel, exclamation icon
+  kYesNoExclamation = 52,        // Yes and No, exclamation icon
+};
+
+enum class MsgBoxResult : int { kOk = 1, kCancel = 2, kYes = 6, kNo = 7 };
+
+// What a box without a title of its own carries.
+inline constexpr std::string_view kDefaultTitle = "Quarvel";
+
+struct FileDialog {
+  enum class Kind { kOpen, kSave };
+  Kind kind = Kind::kOpen;
+  std::string title;
+  // Pairs of words and patterns, all separated by "|": "MPS files (*.MPS)|*.MPS|all files
+  // (*.*)|*.*".
+  std::string filter;
+  std::string default_extension;  // with its point; appended to a name that has no extension
+  // In: the name offered at first. Out: the chosen path, empty when cancelled.
+  std::string file_name;
+};
+
+enum class MousePointer { kDefault, kWait };
+
+class Desktop {
+ public:
+  virtual ~Desktop() = default;
+
+  // Shows a modal box and waits for its answer. Closing it by other means answers kCancel when the
+  // style has that button, kNo when it has No, else kOk.
+  virtual MsgBoxResult MsgBox(std::string_view text, MsgBoxStyle style,
+                              std::string_view title = kDefaultTitle) = 0;
+
+  // Asks for one line of text; empty when cancelled.
+  virtual std::string InputBox(std::string_view prompt, std::string_view title,
+                               std::string_view default_text) = 0;
+
+  // Shows the platform's file dialog; the chosen path is left in `dialog.file_name`.
+  virtual void ShowFileDialog(FileDialog& dialog) = 0;
+
+  // Lets events that are pending run. A drawer may skip a call that comes too soon after the last,
+  // so that calling it often costs nothing; it never waits.
+  virtual void DoEvents() = 0;
+
+  virtual void Beep() = 0;
+  virtual void SetMousePointer(MousePointer pointer) = 0;
+
+  // Opens a text file in the user's text viewer without waiting; false when it cannot be started.
+  virtual bool OpenInEditor(const std::string& path) = 0;
+
+  // Draws `form` on the screen (with `modal`, disabling this thread's other windows) and returns
+  // what keeps it there. The window is visible and painted when this returns. For Form only.
+  virtual std::unique_ptr<FormPeer> Draw(Form& form, bool modal) = 0;
+
+  // Runs events until `showing.closed`. Ends on that flag alone. For Form only.
+  virtual void PumpUntilClosed(const Showing& showing) = 0;
+};
+
+}  // namespace quarvel::platform

@@ -1,0 +1,177 @@
+#include "platform/scripted/scripted_desktop.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <stdexcept>
+#include <utility>
+
+#include "platform/basic_controls.h"
+
+namespace quarvel::platform {
+namespace {
+
+std::string Words(bool value) { return value ? "true" : "false"; }
+
+std::string Words(float value) {
+  std::array<char, 64> digits;
+  const auto result =
+      std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed);
+  return std::string(digits.data(), result.ptr);
+}
+
+std::string ValueWords(const Control& control) {
+  switch (control.kind()) {
+    case ControlKind::kOptionButton:
+      return Words(static_cast<const OptionButton&>(control).value());
+    case ControlKind::kProgressBar:
+      return Words(static_cast<const ProgressBar&>(control).value());
+    case ControlKind::kLabel:
+    case ControlKind::kButton:
+      break;
+  }
+  return "none";
+}
+
+std::string RangeWords(const Control& control) {
+  const auto& bar = static_cast<const ProgressBar&>(control);
+  return Words(bar.min()) + ' ' + Words(bar.max());
+}
+
+std::string ChangeWords(const Control& control, Change change) {
+  switch (change) {
+    case Change::kCaption:
+      return " caption: " + control.caption();
+    case Change::kValue:
+      return " value: " + ValueWords(control);
+    case Change::kEnabled:
+      return " enabled: " + Words(control.enabled());
+    case Change::kVisible:
+      return " visible: " + Words(control.visible());
+    case Change::kRange:
+      return " range: " + RangeWords(control);
+    case Change::kContents:
+      break;
+  }
+  return " contents";
+}
+
+template <typename Value>
+Value TakeFront(std::deque<Value>& queue) {
+  Value value = std::move(queue.front());
+  queue.pop_front();
+  return value;
+}
+
+}  // namespace
+
+class ScriptedPeer : public FormPeer {
+ public:
+  ScriptedPeer(ScriptedDesktop& desktop, Form& form, bool modal) : desktop_(desktop), form_(form) {
+    desktop_.Record((modal ? "show modal " : "show ") + form.name());
+    desktop_.shown_.push_back(&form);
+  }
+
+  ~ScriptedPeer() override {
+    desktop_.Record("close " + form_.name());
+    std::erase(desktop_.shown_, &form_);
+  }
+
+  void CaptionChanged() override {
+    desktop_.Record("caption " + form_.name() + ": " + form_.caption());
+  }
+
+  void ControlChanged(const Control& control, Change change) override {
+    desktop_.Record(form_.name() + '.' + control.name() + ChangeWords(control, change));
+  }
+
+  void BringToFront() override {
+    auto& shown = desktop_.shown_;
+    const auto place = std::find(shown.begin(), shown.end(), &form_);
+    std::rotate(place, place + 1, shown.end());
+  }
+
+ private:
+  ScriptedDesktop& desktop_;
+  Form& form_;
+};
+
+void ScriptedDesktop::Unexpected(const std::string& what) {
+  Record("unexpected " + what);
+  throw std::logic_error("unexpected " + what);
+}
+
+void ScriptedDesktop::Clear() {
+  transcript_.clear();
+  boxes_.clear();
+  file_dialogs_.clear();
+  editor_.clear();
+  event_count_ = 0;
+  beeps_ = 0;
+}
+
+MsgBoxResult ScriptedDesktop::MsgBox(std::string_view text, MsgBoxStyle style,
+                                     std::string_view title) {
+  const ShownBox box{std::string(text), style, std::string(title)};
+  boxes_.push_back(box);
+  Record("box " + std::to_string(static_cast<int>(style)) + " [" + box.title + "] " + box.text);
+  if (const auto answer = on_box) return answer(box);
+  if (style == MsgBoxStyle::kOk) return MsgBoxResult::kOk;
+  if (answers.empty()) Unexpected("question: " + box.text);
+  return TakeFront(answers);
+}
+
+std::string ScriptedDesktop::InputBox(std::string_view prompt, std::string_view title,
+                                      std::string_view) {
+  const std::string asked = "input [" + std::string(title) + "] " + std::string(prompt);
+  if (inputs.empty()) Unexpected(asked);
+  std::string text = TakeFront(inputs);
+  Record(asked + " -> " + text);
+  return text;
+}
+
+void ScriptedDesktop::ShowFileDialog(FileDialog& dialog) {
+  file_dialogs_.push_back(dialog);
+  const char* const kind = dialog.kind == FileDialog::Kind::kOpen ? "open" : "save";
+  const std::string asked =
+      std::string("file ") + kind + " [" + dialog.title + "] " + dialog.filter;
+  if (files.empty()) Unexpected(asked);
+  dialog.file_name = TakeFront(files);
+  Record(asked + " -> " + dialog.file_name);
+}
+
+void ScriptedDesktop::DoEvents() {
+  const std::int64_t number = ++event_count_;
+  Record("events");
+  if (const auto events = on_events) events(number);
+}
+
+void ScriptedDesktop::Beep() {
+  ++beeps_;
+  Record("beep");
+}
+
+void ScriptedDesktop::SetMousePointer(MousePointer pointer) {
+  Record(pointer == MousePointer::kWait ? "pointer wait" : "pointer default");
+}
+
+bool ScriptedDesktop::OpenInEditor(const std::string& path) {
+  editor_.push_back(path);
+  Record("editor " + path);
+  return editor_starts;
+}
+
+std::unique_ptr<FormPeer> ScriptedDesktop::Draw(Form& form, bool modal) {
+  return std::make_unique<ScriptedPeer>(*this, form, modal);
+}
+
+void ScriptedDesktop::PumpUntilClosed(const Showing& showing) {
+  for (int turn = 0; !showing.closed; ++turn) {
+    // A copy: the test may set another one from inside.
+    const auto idle = on_idle;
+    if (!idle || turn == idle_limit) Unexpected("modal loop of " + showing.form->name());
+    idle(*shown_.back());
+  }
+}
+
+}  // namespace quarvel::platform

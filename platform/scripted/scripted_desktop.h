@@ -1,0 +1,89 @@
+// The desktop of tests: shows nothing, records everything, and is driven by the test.
+//
+// Every box, dialog, caption and window event is appended to `transcript()` in order. Answers come
+// from `on_box` and friends, or from queues; an unexpected question is a std::logic_error, so a
+// test cannot hang or pass by accident. Events of the user are played at DoEvents (`on_events`) and
+// while a modal loop waits (`on_idle`): there a test presses buttons of a form, closes it, or calls
+// the model back.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/desktop.h"
+#include "platform/form.h"
+
+namespace quarvel::platform {
+
+struct ShownBox {
+  std::string text;
+  MsgBoxStyle style;
+  std::string title;
+  bool operator==(const ShownBox&) const = default;
+};
+
+class ScriptedDesktop : public Desktop {
+ public:
+  // --- what the user answers ---
+  // When set, answers every box; otherwise OK boxes answer kOk and a question takes the next of
+  // `answers`. A question with no answer left is a std::logic_error naming the text.
+  std::function<MsgBoxResult(const ShownBox&)> on_box;
+  std::deque<MsgBoxResult> answers;
+  // The next chosen paths of file dialogs ("" cancels) and texts of input boxes.
+  std::deque<std::string> files;
+  std::deque<std::string> inputs;
+  // Called at every DoEvents with its number, 1 for the first.
+  std::function<void(std::int64_t)> on_events;
+  // Called for each turn of a waiting modal loop with the form on top. When it is not set, or has
+  // been called `idle_limit` times by one loop, the loop is a std::logic_error naming the form.
+  std::function<void(Form&)> on_idle;
+  int idle_limit = 1000;
+  bool editor_starts = true;
+
+  // --- what happened ---
+  // One line an event: "box 0 [Quarvel] text", "file open [title] filter -> path",
+  // "input [title] prompt -> text", "show frmX", "show modal frmX", "close frmX", "caption frmX:
+  // ...", "frmX.control caption: ...", "frmX.bar range: 0 100", "frmX.bar value: 5", "frmX.optX
+  // value: true", "frmX.control enabled: false", "frmX.control visible: false", "events", "beep",
+  // "pointer default", "editor path", "unexpected ...".
+  const std::vector<std::string>& transcript() const { return transcript_; }
+  const std::vector<ShownBox>& boxes() const { return boxes_; }
+  const std::vector<FileDialog>& file_dialogs() const { return file_dialogs_; }
+  const std::vector<std::string>& opened_in_editor() const { return editor_; }
+  std::int64_t event_count() const { return event_count_; }
+  int beeps() const { return beeps_; }
+  // Forms on the screen, the topmost last.
+  const std::vector<Form*>& shown() const { return shown_; }
+  void Clear();
+
+  // --- Desktop ---
+  MsgBoxResult MsgBox(std::string_view text, MsgBoxStyle style, std::string_view title) override;
+  std::string InputBox(std::string_view prompt, std::string_view title,
+                       std::string_view default_text) override;
+  void ShowFileDialog(FileDialog& dialog) override;
+  void DoEvents() override;
+  void Beep() override;
+  void SetMousePointer(MousePointer pointer) override;
+  bool OpenInEditor(const std::string& path) override;
+  std::unique_ptr<FormPeer> Draw(Form& form, bool modal) override;
+  void PumpUntilClosed(const Showing& showing) override;
+
+ private:
+  friend class ScriptedPeer;
+  void Record(std::string line) { transcript_.push_back(std::move(line)); }
+  // Stands in the transcript as well, for a test whose form swallows what its handlers throw.
+  [[noreturn]] void Unexpected(const std::string& what);
+
+  std::vector<std::string> transcript_;
+  std::vector<ShownBox> boxes_;
+  std::vector<FileDialog> file_dialogs_;
+  std::vector<std::string> editor_;
+  std::vector<Form*> shown_;
+  std::int64_t event_count_ = 0;
+  int beeps_ = 0;
+};
+
+}  // namespace quarvel::platform

@@ -1,0 +1,154 @@
+#include "platform/console/console_desktop.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/console_fixture.h"
+
+namespace quarvel::platform {
+namespace {
+
+TEST_F(ConsoleDesktopTest, PrintsTheTextOfABox) {
+  MsgBoxResult result = MsgBoxResult::kNo;
+  const std::string printed = Printed(
+      [&] { result = desktop_.MsgBox("One\r\nTwo\rThree", MsgBoxStyle::kOk, kDefaultTitle); });
+  EXPECT_EQ(result, MsgBoxResult::kOk);
+  EXPECT_EQ(printed, "One\nTwo\nThree\n");
+}
+
+TEST_F(ConsoleDesktopTest, PrintsATitleThatIsNotItsOwn) {
+  EXPECT_EQ(Printed([&] { desktop_.MsgBox("Text", MsgBoxStyle::kOk, "Note"); }), "Note\nText\n");
+}
+
+TEST_F(ConsoleDesktopTest, KeepsASilencedBoxSilent) {
+  answers_.silent = true;
+  MsgBoxResult result = MsgBoxResult::kYes;
+  EXPECT_EQ(Printed([&] {
+              desktop_.MsgBox("Text", MsgBoxStyle::kOk, "Note");
+              result = Question(MsgBoxStyle::kYesNo);
+            }),
+            "");
+  EXPECT_EQ(result, MsgBoxResult::kNo);
+}
+
+TEST_F(ConsoleDesktopTest, TakesTheAnswerOfTheProgram) {
+  answers_.box = MsgBoxResult::kYes;
+  MsgBoxResult result = MsgBoxResult::kNo;
+  EXPECT_EQ(Printed([&] { result = Question(MsgBoxStyle::kYesNo); }),
+            "Confirm\nGo on?\nAnswer: Yes\n");
+  EXPECT_EQ(result, MsgBoxResult::kYes);
+}
+
+TEST_F(ConsoleDesktopTest, TakesTheCautiousAnswerWithoutATerminal) {
+  struct Case {
+    MsgBoxStyle style;
+    MsgBoxResult result;
+    const char* printed;
+  };
+  const Case cases[] = {
+      {MsgBoxStyle::kYesNo, MsgBoxResult::kNo, "Confirm\nGo on?\nAnswer: No\n"},
+      {MsgBoxStyle::kYesNoExclamation, MsgBoxResult::kNo, "Confirm\nGo on?\nAnswer: No\n"},
+      {MsgBoxStyle::kYesNoCancelExclamation, MsgBoxResult::kCancel,
+       "Confirm\nGo on?\nAnswer: Cancel\n"},
+  };
+  for (const Case& c : cases) {
+    MsgBoxResult result = MsgBoxResult::kOk;
+    EXPECT_EQ(Printed([&] { result = Question(c.style); }), c.printed);
+    EXPECT_EQ(result, c.result);
+  }
+}
+
+TEST_F(ConsoleDesktopTest, UnderstandsWhatIsTyped) {
+  struct Case {
+    const char* line;
+    MsgBoxResult result;
+  };
+  for (const Case c : {Case{"y", MsgBoxResult::kYes},
+                       {" YES ", MsgBoxResult::kYes},
+                       {"n", MsgBoxResult::kNo},
+                       {"No", MsgBoxResult::kNo},
+                       {"c", MsgBoxResult::kCancel},
+                       {"cancel", MsgBoxResult::kCancel}}) {
+    Type({c.line});
+    MsgBoxResult result = MsgBoxResult::kOk;
+    EXPECT_EQ(Printed([&] { result = Question(MsgBoxStyle::kYesNoCancelExclamation); }),
+              "Confirm\nGo on?\n[y/n/c] ");
+    EXPECT_EQ(result, c.result) << c.line;
+  }
+}
+
+TEST_F(ConsoleDesktopTest, AsksAgainAfterNonsense) {
+  Type({"", "maybe", "c", "y"});
+  MsgBoxResult result = MsgBoxResult::kOk;
+  EXPECT_EQ(Printed([&] { result = Question(MsgBoxStyle::kYesNo); }),
+            "Confirm\nGo on?\n[y/n] [y/n] [y/n] [y/n] ");
+  EXPECT_EQ(result, MsgBoxResult::kYes);
+}
+
+TEST_F(ConsoleDesktopTest, TakesTheCautiousAnswerAtTheEndOfInput) {
+  Type({"maybe"});
+  MsgBoxResult result = MsgBoxResult::kOk;
+  Printed([&] { result = Question(MsgBoxStyle::kYesNoCancelExclamation); });
+  EXPECT_EQ(result, MsgBoxResult::kCancel);
+}
+
+TEST_F(ConsoleDesktopTest, PrintsAQuestionItHasToAskEvenWhenSilenced) {
+  answers_.silent = true;
+  Type({"y"});
+  EXPECT_EQ(Printed([&] { Question(MsgBoxStyle::kYesNo); }), "Confirm\nGo on?\n[y/n] ");
+}
+
+TEST_F(ConsoleDesktopTest, AsksForTextOnATerminalOnly) {
+  EXPECT_EQ(desktop_.InputBox("How many?", "Count", "1"), "");
+  Type({"12", ""});
+  std::string first;
+  std::string second;
+  EXPECT_EQ(Printed([&] { first = desktop_.InputBox("How many?", "Count", ""); }),
+            "Count\nHow many?\n> ");
+  EXPECT_EQ(Printed([&] { second = desktop_.InputBox("How many?", "Count", "1"); }),
+            "Count\nHow many?\n[1] > ");
+  EXPECT_EQ(first, "12");
+  EXPECT_EQ(second, "1");
+}
+
+TEST_F(ConsoleDesktopTest, TakesTheFileOfTheProgramAsItIs) {
+  answers_.file = "out";
+  FileDialog dialog{FileDialog::Kind::kSave, "Save As...", "", ".mps", "offered"};
+  desktop_.ShowFileDialog(dialog);
+  EXPECT_EQ(dialog.file_name, "out");
+}
+
+TEST_F(ConsoleDesktopTest, CancelsAFileDialogNobodyAnswers) {
+  FileDialog dialog;
+  dialog.file_name = "offered";
+  desktop_.ShowFileDialog(dialog);
+  EXPECT_EQ(dialog.file_name, "");
+}
+
+TEST_F(ConsoleDesktopTest, CompletesATypedNameToSave) {
+  struct Case {
+    FileDialog::Kind kind;
+    const char* typed;
+    const char* name;
+  };
+  using enum FileDialog::Kind;
+  for (const Case c : {Case{kSave, "m.d/out", "m.d/out.mps"},
+                       {kSave, "out.txt", "out.txt"},
+                       {kSave, "", ""},
+                       {kOpen, " in ", "in"}}) {
+    Type({c.typed});
+    FileDialog dialog{c.kind, "Choose", "", ".mps", ""};
+    EXPECT_EQ(Printed([&] { desktop_.ShowFileDialog(dialog); }), "Choose\n> ");
+    EXPECT_EQ(dialog.file_name, c.name);
+  }
+}
+
+TEST_F(ConsoleDesktopTest, SaysWhereAFileIsInsteadOfOpeningIt) {
+  bool opened = false;
+  EXPECT_EQ(Printed([&] { opened = desktop_.OpenInEditor("/m/model.log"); }), "See /m/model.log\n");
+  EXPECT_TRUE(opened);
+}
+
+}  // namespace
+}  // namespace quarvel::platform

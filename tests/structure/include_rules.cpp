@@ -1,0 +1,134 @@
+#include "tests/structure/include_rules.h"
+
+#include <algorithm>
+#include <optional>
+#include <set>
+
+namespace quarvel {
+namespace {
+
+struct Include {
+  std::string_view name;
+  bool quoted;
+};
+
+// The folder of a drawer or a system part ("platform/qt"), empty for every other path.
+std::string_view DrawerOf(std::string_view path) {
+  constexpr std::string_view kPlatform = "platform/";
+  if (!path.starts_with(kPlatform)) return {};
+  const std::size_t end = path.find('/', kPlatform.size());
+  return end == std::string_view::npos ? std::string_view() : path.substr(0, end);
+}
+
+// The place of the path's room in the stack; nothing for a folder that is no room.
+std::optional<std::ptrdiff_t> LevelOf(std::string_view path) {
+  const auto& rooms = Rooms();
+  const auto room = std::find(rooms.begin(), rooms.end(), path.substr(0, path.find('/')));
+  if (room == rooms.end()) return std::nullopt;
+  return room - rooms.begin();
+}
+
+bool IsHost(std::string_view path) { return path.starts_with("hosts/"); }
+
+std::string_view FileName(std::string_view path) { return path.substr(path.rfind('/') + 1); }
+
+bool IsStandardHeader(std::string_view name) {
+  return name.find_first_not_of("abcdefghijklmnopqrstuvwxyz_") == std::string_view::npos;
+}
+
+bool IsWindowsHeader(std::string_view name) {
+  static const std::set<std::string_view> names = {
+      "windows.h",  "windowsx.h", "winbase.h",  "windef.h", "winuser.h", "wingdi.h",  "winnls.h",
+      "commctrl.h", "commdlg.h",  "shellapi.h", "shlobj.h", "shlwapi.h", "uxtheme.h", "tchar.h"};
+  return names.contains(name);
+}
+
+bool IsComHeader(std::string_view name) {
+  static const std::set<std::string_view> names = {
+      "objbase.h", "ole2.h",   "oleauto.h", "oaidl.h",  "oleidl.h",   "unknwn.h",   "objidl.h",
+      "ocidl.h",   "comdef.h", "comutil.h", "olectl.h", "initguid.h", "shobjidl.h", "combaseapi.h"};
+  return names.contains(name);
+}
+
+// What compilers offer of a processor; text/byte_block.h has the same in plain code.
+bool IsProcessorHeader(std::string_view path, std::string_view name) {
+  return path == "text/byte_block.h" && name == "emmintrin.h";
+}
+
+bool IsQtHeader(std::string_view name) { return name.starts_with("Q"); }
+
+std::string QuotedProblem(std::string_view path, std::string_view name) {
+  const std::string_view drawer = DrawerOf(name);
+  if (!drawer.empty() && drawer != DrawerOf(path) && !IsHost(path)) {
+    return "reaches into " + std::string(drawer);
+  }
+  const auto level = LevelOf(name);
+  if (!level) return "is the header of no room";
+  const bool above = *level > *LevelOf(path);
+  // The two rooms at the top do not know each other.
+  const bool beside = name.starts_with("automation/") && IsHost(path);
+  return above || beside ? "does not go downwards" : "";
+}
+
+std::string SystemProblem(std::string_view path, std::string_view name) {
+  if (IsStandardHeader(name) || IsProcessorHeader(path, name)) return "";
+  const std::string_view drawer = DrawerOf(path);
+  const std::string_view file = FileName(path);
+  const bool automation = path.starts_with("automation/");
+  const bool may_be_of_a_system = !drawer.empty() || IsHost(path);
+  const bool win32 =
+      drawer == "platform/win32" || (may_be_of_a_system && file.find("_win32.") < file.size());
+  const bool posix = IsHost(path) && file.find("_posix.") < file.size();
+  if (IsComHeader(name)) {
+    return automation || (IsHost(path) && win32) ? "" : "names COM below automation";
+  }
+  if (IsQtHeader(name)) return drawer == "platform/qt" ? "" : "names a toolkit outside its drawer";
+  if (automation || win32) return "";
+  if (IsWindowsHeader(name)) return "names Windows outside its drawer";
+  return !drawer.empty() || posix ? "" : "is not of the standard library";
+}
+
+std::optional<Include> ParseInclude(std::string_view line) {
+  const auto skip_blanks = [&line] {
+    line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+  };
+  skip_blanks();
+  if (!line.starts_with('#')) return std::nullopt;
+  line.remove_prefix(1);
+  skip_blanks();
+  constexpr std::string_view kWord = "include";
+  if (!line.starts_with(kWord)) return std::nullopt;
+  line.remove_prefix(kWord.size());
+  skip_blanks();
+  if (line.empty() || (line[0] != '"' && line[0] != '<')) return std::nullopt;
+  const bool quoted = line[0] == '"';
+  line.remove_prefix(1);
+  return Include{line.substr(0, line.find(quoted ? '"' : '>')), quoted};
+}
+
+}  // namespace
+
+const std::vector<std::string_view>& Rooms() {
+  static const std::vector<std::string_view> rooms = {
+      "text", "platform", "model", "mps", "simplify", "viewer", "automation", "hosts"};
+  return rooms;
+}
+
+std::vector<std::string> IncludeViolations(std::string_view path, std::string_view source) {
+  std::vector<std::string> violations;
+  if (!LevelOf(path)) return violations;
+  for (int number = 1; !source.empty(); ++number) {
+    const std::size_t end = std::min(source.find('\n'), source.size());
+    const auto include = ParseInclude(source.substr(0, end));
+    source.remove_prefix(std::min(end + 1, source.size()));
+    if (!include) continue;
+    const std::string problem =
+        include->quoted ? QuotedProblem(path, include->name) : SystemProblem(path, include->name);
+    if (problem.empty()) continue;
+    violations.push_back(std::string(path) + ":" + std::to_string(number) + " includes " +
+                         std::string(include->name) + ", which " + problem);
+  }
+  return violations;
+}
+
+}  // namespace quarvel

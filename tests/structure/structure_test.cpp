@@ -1,0 +1,122 @@
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tests/structure/include_rules.h"
+#include "tests/support/test_paths.h"
+
+namespace quarvel {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Case {
+  const char* path;
+  const char* line;
+  bool allowed;
+};
+
+const Case kCases[] = {
+    {"mps/a.cpp", "#include \"model/lp_model.h\"", true},
+    {"mps/a.cpp", "#include \"mps/b.h\"", true},
+    {"model/a.cpp", "#include \"mps/b.h\"", false},
+    {"text/a.cpp", "#include \"platform/files.h\"", false},
+    {"mps/a.cpp", "#include \"simplify/b.h\"", false},
+    {"simplify/a.cpp", "#include \"mps/b.h\"", true},
+    {"viewer/a.cpp", "#include \"hosts/b.h\"", false},
+    {"hosts/a.cpp", "#include \"automation/b.h\"", false},
+    {"model/a.cpp", "#include \"tests/support/b.h\"", false},
+    {"model/a.cpp", "#include \"lp_model.h\"", false},
+    {"mps/a.cpp", "#include \"platform/form.h\"", true},
+    {"mps/a.cpp", "#include \"platform/scripted/b.h\"", false},
+    {"platform/a.cpp", "#include \"platform/posix/b.h\"", false},
+    {"platform/qt/a.cpp", "#include \"platform/win32/b.h\"", false},
+    {"platform/qt/a.cpp", "#include \"platform/qt/b.h\"", true},
+    {"platform/qt/a.cpp", "#include \"platform/form.h\"", true},
+    {"platform/qt/a.cpp", "#include \"viewer/b.h\"", false},
+    {"hosts/a.cpp", "#include \"platform/console/b.h\"", true},
+    {"model/a.cpp", "#include <vector>", true},
+    {"model/a.cpp", "#include <unistd.h>", false},
+    {"platform/posix/a.cpp", "#include <sys/stat.h>", true},
+    {"hosts/a.cpp", "#include <unistd.h>", false},
+    {"hosts/a_posix.cpp", "#include <unistd.h>", true},
+    {"model/a.cpp", "#  include <windows.h>", false},
+    {"platform/console/a.cpp", "#include <windows.h>", false},
+    {"platform/console/a_win32.cpp", "#include <windows.h>", true},
+    {"model/a_win32.cpp", "#include <windows.h>", false},
+    {"platform/win32/a.cpp", "#include <windows.h>", true},
+    {"hosts/a_win32.cpp", "#include <windows.h>", true},
+    {"platform/win32/a.cpp", "#include <oleauto.h>", false},
+    {"automation/a.cpp", "#include <oleauto.h>", true},
+    {"viewer/a.cpp", "#include <QWidget>", false},
+    {"platform/qt/a.cpp", "#include <QWidget>", true},
+    {"tests/mps/a.cpp", "#include \"platform/scripted/b.h\"", true},
+    {"model/a.cpp", "// #include \"mps/b.h\"", true},
+};
+
+TEST(IncludeRules, TellAllowedIncludesFromOthers) {
+  for (const Case& c : kCases) {
+    EXPECT_EQ(IncludeViolations(c.path, c.line).empty(), c.allowed) << c.path << ": " << c.line;
+  }
+}
+
+TEST(IncludeRules, NameTheFileTheLineAndTheInclude) {
+  const auto violations = IncludeViolations("model/a.cpp", "\n\n#include \"mps/b.h\"\nint x;\n");
+  ASSERT_EQ(violations.size(), 1u);
+  EXPECT_EQ(violations[0], "model/a.cpp:3 includes mps/b.h, which does not go downwards");
+}
+
+// Every C++ file of the project by its path from the root.
+const std::map<std::string, std::string>& Sources() {
+  static const std::map<std::string, std::string> sources = [] {
+    std::map<std::string, std::string> found;
+    const fs::path root = SourceFolder();
+    std::vector<std::string> folders(Rooms().begin(), Rooms().end());
+    folders.insert(folders.end(), {"tests", "fuzz", "bench"});
+    for (const std::string& folder : folders) {
+      if (!fs::exists(root / folder)) continue;
+      for (const auto& entry : fs::recursive_directory_iterator(root / folder)) {
+        const std::string extension = entry.path().extension().string();
+        if (extension != ".cpp" && extension != ".h") continue;
+        found[fs::relative(entry.path(), root).generic_string()] =
+            ReadWholeFile(entry.path().generic_string());
+      }
+    }
+    return found;
+  }();
+  return sources;
+}
+
+TEST(Structure, HasSourcesInTheLowerRooms) {
+  for (const char* room : {"text/", "platform/", "model/", "mps/"}) {
+    const auto first = Sources().lower_bound(room);
+    EXPECT_TRUE(first != Sources().end() && first->first.starts_with(room)) << room;
+  }
+}
+
+TEST(Structure, IncludesGoDownwardsOnly) {
+  for (const auto& [path, source] : Sources()) {
+    for (const std::string& violation : IncludeViolations(path, source)) {
+      ADD_FAILURE() << violation;
+    }
+  }
+}
+
+TEST(Structure, KeepsFilesWithinFourHundredLines) {
+  for (const auto& [path, source] : Sources()) {
+    EXPECT_LE(std::count(source.begin(), source.end(), '\n'), 400) << path;
+  }
+}
+
+TEST(Structure, GuardsEveryHeaderWithPragmaOnce) {
+  for (const auto& [path, source] : Sources()) {
+    if (!path.ends_with(".h")) continue;
+    EXPECT_NE(source.find("\n#pragma once\n"), std::string::npos) << path;
+  }
+}
+
+}  // namespace
+}  // namespace quarvel

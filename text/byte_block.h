@@ -1,0 +1,85 @@
+// Sixteen bytes looked at together. Looking at the bytes of a file one by one costs more than
+// everything else that reading it does, so lines and tokens are found block by block.
+//
+// Where the processor has instructions for it (SSE2: every x86 that the component is built for) a
+// block is one register; elsewhere PlainByteBlock does the same with a loop. Bit i of a mask stands
+// for byte i.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+#include "text/upper_case.h"
+
+namespace quarvel::text {
+
+inline constexpr std::size_t kBlockSize = 16;
+
+class PlainByteBlock {
+ public:
+  explicit PlainByteBlock(const char* from) { std::memcpy(bytes_, from, kBlockSize); }
+
+  unsigned Equal(char c) const {
+    unsigned mask = 0;
+    for (std::size_t i = 0; i < kBlockSize; ++i) mask |= unsigned{bytes_[i] == c} << i;
+    return mask;
+  }
+  // The bytes of 128 and more.
+  unsigned NotAscii() const {
+    unsigned mask = 0;
+    for (std::size_t i = 0; i < kBlockSize; ++i) {
+      mask |= unsigned{static_cast<unsigned char>(bytes_[i]) >= 128} << i;
+    }
+    return mask;
+  }
+  // Writes the block with a to z turned into A to Z in its first `count` bytes.
+  void StoreUpperCase(char* to, std::size_t count) const {
+    for (std::size_t i = 0; i < kBlockSize; ++i) {
+      to[i] = i < count ? UpperCaseAscii(bytes_[i]) : bytes_[i];
+    }
+  }
+
+ private:
+  char bytes_[kBlockSize];
+};
+
+#if defined(__SSE2__)
+
+class Sse2ByteBlock {
+ public:
+  explicit Sse2ByteBlock(const char* from)
+      : bytes_(_mm_loadu_si128(reinterpret_cast<const __m128i*>(from))) {}
+
+  unsigned Equal(char c) const {
+    return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes_, _mm_set1_epi8(c))));
+  }
+  unsigned NotAscii() const { return static_cast<unsigned>(_mm_movemask_epi8(bytes_)); }
+  void StoreUpperCase(char* to, std::size_t count) const {
+    const __m128i places = _mm_setr_epi8(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15);
+    const __m128i wanted =
+        _mm_cmplt_epi8(places, _mm_set1_epi8(static_cast<char>(count < 16 ? count : 16)));
+    // Signed comparisons: bytes of 128 and more are below 'a'.
+    const __m128i letters = _mm_and_si128(_mm_cmpgt_epi8(bytes_, _mm_set1_epi8('a' - 1)),
+                                          _mm_cmplt_epi8(bytes_, _mm_set1_epi8('z' + 1)));
+    const __m128i flip = _mm_and_si128(_mm_and_si128(letters, wanted), _mm_set1_epi8('a' - 'A'));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(to), _mm_xor_si128(bytes_, flip));
+  }
+
+ private:
+  __m128i bytes_;
+};
+
+using ByteBlock = Sse2ByteBlock;
+
+#else
+
+using ByteBlock = PlainByteBlock;
+
+#endif
+
+}  // namespace quarvel::text
