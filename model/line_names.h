@@ -1,0 +1,17 @@
+// How a name index reads back the names of rows or columns.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "model/one_based.h"
+
+namespace quarvel {
+
+// Gives the name of a number. Valid as long as `lines` is.
+template <class Record>
+auto NamesOf(const OneBased<Record>& lines) {
+  return [&lines](std::int32_t number) -> const std::string& { return lines[number].Name; };
+}
+
+}  // namespace quarvel

@@ -1,0 +1,62 @@
+#include "model/lp_model.h"
+
+#include <utility>
+
+#include "model/about.h"
+
+namespace quarvel {
+
+LPModel::LPModel(platform::Desktop& desktop) : desktop_(desktop) {}
+
+LPModel::~LPModel() = default;
+
+void LPModel::MakeNewModel() {
+  data_.ModelName.clear();
+  data_.ModelDescription.clear();
+  data_.FileLocation.clear();
+  ReleaseRowsAndColumns(data_);
+  // The hidden records that the add operations take over; with both counts at 0 no query sees them.
+  // The row's type and bounds do not fit each other, and hosts have come to rely on what the first
+  // added row starts with.
+  ColumnRecord column;
+  column.Name = "COL1";
+  column.Type = 'R';
+  column.UpperBound = BoundLimit;
+  data_.Columns.Append(std::move(column));
+  RowRecord row;
+  row.Name = "ROW1";
+  row.Type = 'L';
+  row.UpperBound = BoundLimit;
+  data_.Rows.Append(std::move(row));
+  data_.strMPSFile.clear();
+  CloseLog();
+}
+
+void LPModel::ClearModel() {
+  data_.ModelName.clear();
+  data_.ModelDescription.clear();
+  data_.FileLocation.clear();
+  ReleaseRowsAndColumns(data_);
+  data_.strMPSFile.clear();
+  CloseLog();
+}
+
+void LPModel::DisplayAuthor() const {
+  desktop_.MsgBox(AboutText(), platform::MsgBoxStyle::kOk, kAboutTitle);
+}
+
+void LPModel::Refuse(std::string_view text) const {
+  desktop_.MsgBox(text, platform::MsgBoxStyle::kOk);
+}
+
+void LPModel::AppendToLog(std::string_view line) {
+  log_->Write(line);
+  log_->Write("\r\n");
+}
+
+void LPModel::CloseLog() {
+  data_.LogFileNumber = 0;
+  log_.reset();
+}
+
+}  // namespace quarvel

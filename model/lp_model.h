@@ -1,0 +1,208 @@
+// The component: one linear or mixed-integer programming model in memory, with every public
+// operation.
+//
+// Each room implements its own operations of this class: queries and edits stand in model/, reading
+// and writing in mps/, simplifying in simplify/.
+//
+// Public numbers of rows, columns and elements are 0-based. Two ways of reporting, fixed for each
+// operation:
+//   - a query with a bad number raises an AutomationError (number, source and text:
+//   model/error_reports.h);
+//   - a write or edit that is refused shows one plain OK box and changes nothing.
+// A value that cannot be converted raises 13; a number no check of the operation's own covers
+// raises 9. 16-bit results: -1 success, 0 failure or cancelled, 1 no file chosen or an error.
+//
+// One thread. Operations that show boxes or let events run may be called back into; the object must
+// outlive each of its calls. Two objects share nothing.
+//
+// Cost: queries are constant time unless they say otherwise; no operation costs more than the size
+// of the model.
+#pragma once
+
+#include <any>
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "model/model_data.h"
+#include "model/variant.h"
+#include "platform/desktop.h"
+#include "platform/files.h"
+#include "platform/form.h"
+
+namespace quarvel {
+
+// The windows an object keeps for itself, each created on first use by the room that draws it.
+enum class WindowSlot { kFileOpen, kProgress, kDefaultBounds };
+inline constexpr std::size_t kWindowSlots = 3;
+
+class LPModel {
+ public:
+  // All fields zero and empty. `desktop` must outlive the object.
+  explicit LPModel(platform::Desktop& desktop);
+  ~LPModel();
+  LPModel(const LPModel&) = delete;
+  LPModel& operator=(const LPModel&) = delete;
+
+  // --- public variables ---
+  std::string strMPSFile() const { return data_.strMPSFile; }
+  void strMPSFile(std::string_view value) { data_.strMPSFile = value; }
+  std::int16_t ReadMPSFileErr() const { return data_.ReadMPSFileErr; }
+  void ReadMPSFileErr(std::int16_t value) { data_.ReadMPSFileErr = value; }
+  bool frmViewEquationsIsShowing() const { return data_.frmViewEquationsIsShowing; }
+  void frmViewEquationsIsShowing(bool value) { data_.frmViewEquationsIsShowing = value; }
+  const std::any& showFrm() const { return data_.showFrm; }
+  void showFrm(std::any value) { data_.showFrm = std::move(value); }
+
+  // --- life of the model (model/lifecycle.cpp) ---
+  // An empty-looking model with one hidden placeholder row and column.
+  void MakeNewModel();
+
+  // --- counts and texts ---
+  std::int32_t NumberOfRows() const { return data_.NumberOfRows; }
+  std::int32_t NumberOfColumns() const { return data_.NumberOfColumns; }
+  std::int32_t NumberOfElements() const { return data_.NumberOfElements; }
+  std::int32_t NumberOfBindingRows() const { return Settled().NumberOfBindingRows; }
+  std::int32_t NumberOfNonBindingRows() const { return Settled().NumberOfNonBindingRows; }
+  std::int32_t NumBindingRows() const { return NumberOfBindingRows(); }
+  std::int32_t NumNonBindingRows() const { return NumberOfNonBindingRows(); }
+  std::string ModelName() const { return data_.ModelName; }
+  // Lines joined by CR LF.
+  std::string ModelDescription() const { return data_.ModelDescription; }
+  // The path chosen in the last file dialog or saved to; empty when there is none.
+  std::string FileLocation() const { return data_.FileLocation; }
+
+  // --- columns (model/column_queries.cpp) ---
+  std::int32_t ColElementrow(std::int32_t j, std::int32_t k) const;
+  double ColElementvalue(std::int32_t j, std::int32_t k) const;
+  std::int32_t ColNumberElements(std::int32_t j) const;
+  double ColUpperBound(std::int32_t j) const;
+  double ColLowerBound(std::int32_t j) const;
+  std::string ColName(std::int32_t j) const;
+  std::string ColType(std::int32_t j) const;
+
+  // --- rows (model/row_queries.cpp) ---
+  std::int32_t RowElementCol(std::int32_t i, std::int32_t k) const;
+  double RowElementValue(std::int32_t i, std::int32_t k) const;
+  std::int32_t RowNumberElements(std::int32_t i) const;
+  double RowUpperBound(std::int32_t i) const;
+  double RowLowerBound(std::int32_t i) const;
+  std::string RowName(std::int32_t i) const;
+  std::string RowType(std::int32_t i) const;
+  // The first coefficient of the row's list that stands at column j, else 0. Walks that list.
+  double ElementValue(std::int32_t i, std::int32_t j) const;
+  std::int32_t BindingRowIndex(std::int32_t i) const;
+  std::int32_t NonBindingRowIndex(std::int32_t i) const;
+
+  // --- rows as equations (model/row_functions.cpp) ---
+  // The row as one line of text, or a sentence for a row without elements.
+  std::string RowEquation(std::int32_t i) const;
+  // Writes the row's coefficients to Gradient[0..NumberOfColumns-1]. -1 good, 1 an element beyond
+  // the columns (a box was shown), 0 a failure after the zeroing. Raises 9 for a row that is not
+  // stored and for an array too short to be zeroed.
+  std::int16_t RowGradient(std::int32_t RowNum, std::span<double> Gradient) const;
+  // The row's activity at Point. Raises 0x80040201 for an element beyond the columns and 9 for a
+  // row that is not stored or a point too short; Answer then keeps the sum so far. Result -1.
+  std::int16_t RowBodyValue(std::int32_t RowNum, std::span<const double> Point,
+                            double& Answer) const;
+
+  // --- other questions ---
+  bool ViewEquationsWindowIsShowing() const { return data_.frmViewEquationsIsShowing; }
+  // Shows the about box.
+  void DisplayAuthor() const;
+
+  // --- property writes (model/property_writes.cpp) ---
+  void SetColUpperBound(std::int32_t j, const Variant& value);
+  void SetColLowerBound(std::int32_t j, const Variant& value);
+  void SetColName(std::int32_t col, const Variant& value);
+  void SetColType(std::int32_t j, const Variant& value);
+  void SetModelDescription(const Variant& value);
+  void SetModelName(const Variant& value);
+  void SetRowName(std::int32_t row, const Variant& value);
+  // Sets both copies of the coefficient; 0 is stored like any other value.
+  void SetRowElementValue(std::int32_t row, std::int32_t rowele, const Variant& value);
+  // Raises 9 for a number outside the stored rows, before any check.
+  void SetRowType(std::int32_t i, const Variant& value);
+  void SetRowLowerBound(std::int32_t i, const Variant& value);
+  void SetRowUpperBound(std::int32_t i, const Variant& value);
+  void SetDefaultToPlusMinusInfinity(bool val) { data_.DefaultToPlusMinusInfinity = val; }
+
+  // --- adding (model/adding.cpp) ---
+  // Appends a coefficient; one that stands there already is not looked for.
+  void AddElement(std::int32_t row, std::int32_t col, double val);
+  // -1 added, 0 refused.
+  std::int16_t AddRow(std::string_view RowName);
+  std::int16_t AddColumn(std::string_view ColName);
+
+  // --- deleting (model/deleting.cpp) ---
+  // Always -1, also when refused or out of range.
+  std::int16_t DeleteRow(std::int32_t row);
+  // Always -1. Rows that lose their last element go too.
+  std::int16_t DeleteColumn(std::int32_t col);
+  // -1 done, 0 row out of range; raises 9 for a bad element number. A row whose only element goes,
+  // goes too.
+  std::int16_t DeleteElement(std::int32_t row, std::int32_t ele);
+
+  // --- files (mps/) ---
+  // Asks for a file and for default bounds, shows the progress window and reads. -1 read, 0 not
+  // read, 1 no file chosen.
+  std::int16_t ReadMPSFile();
+  // Reads strMPSFile into the model; the outcome is ReadMPSFileErr. Started by the progress window;
+  // a direct call shows no window.
+  std::int16_t StartFileReding();
+  // -1 written (also when there was nothing to write, after its box), 1 empty path or an error
+  // (after its box).
+  std::int16_t SaveMPSFile(const std::string& FileLoc);
+  // -1 written, 0 cancelled, 1 an error.
+  std::int16_t SaveAsMPSFile();
+
+  // --- simplifying (simplify/) ---
+  // Turns rows of one element into column bounds and removes empty columns and rows, with a
+  // progress window, a log file and questions. Raises what stops it in the middle.
+  void SimplifyMPSModel();
+
+  // --- for the component's own rooms and for tests ---
+  // The stored fields with nothing put off, also in the middle of a read or a simplification. Lists
+  // may be changed through them in any way; the next deletion looks at all of them again.
+  ModelData& data() {
+    Settled().agreement.Forget();
+    return data_;
+  }
+  const ModelData& data() const { return Settled(); }
+  // The stored fields as they are, for the reader and the deletion routines.
+  ModelData& raw_data() { return data_; }
+  platform::Desktop& desktop() const { return desktop_; }
+  std::unique_ptr<platform::Form>& window(WindowSlot slot) {
+    return windows_[static_cast<std::size_t>(slot)];
+  }
+  // Empties the model; the binding-row indexes stay as they were.
+  void ClearModel();
+  // The deletion routines, on 1-based numbers.
+  void RemoveRow(std::int32_t r);
+  void RemoveColumn(std::int32_t c);
+  void RemoveElement(std::int32_t r, std::int32_t k);
+
+ private:
+  friend class Simplifier;
+
+  ModelData& Settled() const {
+    if (!IsSettled(data_)) Settle(data_);
+    return data_;
+  }
+  // One plain box; the refusals of writes and edits.
+  void Refuse(std::string_view text) const;
+  // One line of the simplification log, which is open.
+  void AppendToLog(std::string_view line);
+  // Closes the log, ignoring failures; nothing when none is open.
+  void CloseLog();
+
+  platform::Desktop& desktop_;
+  mutable ModelData data_;  // mutable: work that was put off is done by whoever looks first
+  std::array<std::unique_ptr<platform::Form>, kWindowSlots> windows_;
+  std::unique_ptr<platform::OutputFile> log_;  // open while data_.LogFileNumber is not 0
+};
+
+}  // namespace quarvel

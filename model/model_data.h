@@ -1,0 +1,106 @@
+// The stored fields of a model, as plain data. Numbers are 1-based. Its invariant (CheckModelData):
+// every coefficient stands in exactly one row's and one column's list with the same value, and the
+// counts agree.
+#pragma once
+
+#include <any>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "model/element_store.h"
+#include "model/list_agreement.h"
+#include "model/name_index.h"
+#include "model/one_based.h"
+#include "model/pending_removals.h"
+
+namespace quarvel {
+
+// A bound at or beyond this magnitude is absent; stored as exactly -1E+10 or +1E+10, compared
+// exactly.
+inline constexpr double BoundLimit = 1e10;
+
+using ElementList = OneBased<ElementEntry, ElementStore>;
+
+// The type letter of a row ("N" free, "G", "L", "E", "R" ranged) or column ("R" continuous, "I"
+// integer); kNoType reads as the empty text.
+using TypeLetter = char;
+inline constexpr TypeLetter kNoType = '\0';
+std::string TypeText(TypeLetter letter);
+
+// A row: activity limits. A column: bounds of the variable. A fresh record has no name and type,
+// bounds 0 and 0, and no list.
+struct LineRecord {
+  std::string Name;
+  double LowerBound = 0;
+  double UpperBound = 0;
+  ElementList Elements;
+  TypeLetter Type = kNoType;
+
+  std::int32_t ElementCount() const { return Elements.size(); }
+};
+struct RowRecord : LineRecord {};
+struct ColumnRecord : LineRecord {};
+
+struct ModelData {
+  std::string strMPSFile;                  // path of the file being read
+  std::int16_t ReadMPSFileErr = 0;         // result of the last read: -1 read, 0 not
+  bool frmViewEquationsIsShowing = false;  // the viewer window is open, or a host says so
+  std::any showFrm;                        // whatever the host stored; never looked at
+  std::string ModelName;
+  std::string ModelDescription;  // lines joined by CR LF
+  std::int32_t NumberOfRows = 0;
+  std::int32_t NumberOfColumns = 0;
+  std::int32_t NumberOfElements = 0;
+  std::int32_t NumberOfBindingRows = 0;     // rows whose type is not "N"
+  std::int32_t NumberOfNonBindingRows = 0;  // rows whose type is "N"
+  // The counts, not the array sizes, say how many there are: MakeNewModel leaves one hidden record
+  // in each.
+  OneBased<RowRecord> Rows;
+  OneBased<ColumnRecord> Columns;
+  std::string FileLocation;                 // path of the model's file
+  OneBased<std::int32_t> BindingRows;       // ascending row numbers
+  OneBased<std::int32_t> NonBindingRows;    // ascending row numbers
+  std::int16_t LogFileNumber = 0;           // 0 when no simplification log is open
+  bool DefaultToPlusMinusInfinity = false;  // new columns of a read get lower bound -1E+10
+  bool LongNameWarningShown = false;        // never reset
+
+  // Where the lists of the last read stand, and the names of rows 1..NumberOfRows and columns
+  // 1..NumberOfColumns.
+  ElementArena row_arena;
+  ElementArena column_arena;
+  mutable NameIndex row_names;
+  mutable NameIndex column_names;
+
+  // Two kinds of work are put off until somebody looks (Settle does it then), so that their cost is
+  // that of one pass over the model: the row lists of a read that goes on, and the renumbering
+  // after deletions.
+  bool row_lists_pending = false;
+  PendingRemovals removals;
+  // Which deletions may be put off. Whoever changes lists other than by appending tells it.
+  ListAgreement agreement;
+};
+
+// Completes what was put off; everything outside the reader and the deletion routines sees settled
+// data only.
+void Settle(ModelData& data);
+inline bool IsSettled(const ModelData& data) {
+  return !data.row_lists_pending && data.removals.empty();
+}
+
+// Drops all rows and columns with their lists, names and memory; counts of rows, columns and
+// elements 0. The binding-row indexes are not touched.
+void ReleaseRowsAndColumns(ModelData& data);
+
+// The first row or column of that name, 0 when there is none. Exact comparison; constant time.
+std::int32_t FindRow(const ModelData& data, std::string_view name);
+std::int32_t FindColumn(const ModelData& data, std::string_view name);
+
+// Recomputes both row indexes and their counts from the row types.
+void RebuildRowIndexes(ModelData& data);
+
+// The invariant: an empty text when it holds, else what is wrong. For tests, fuzzers and debug
+// builds.
+std::string CheckModelData(const ModelData& data);
+
+}  // namespace quarvel

@@ -1,0 +1,60 @@
+// The array type of the model: numbered 1..size, every access checked. A number outside it is the
+// run-time failure 9 (subscript out of range), in release builds too, so that no model, however its
+// lists were made inconsistent, takes a host down. An array of size 0 is an absent one.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+#include "platform/automation_error.h"
+
+namespace quarvel {
+
+[[noreturn]] inline void RaiseSubscriptOutOfRange() {
+  RaiseRunTimeError(RunTimeError::kSubscriptOutOfRange);
+}
+
+template <class T, class Store = std::vector<T>>
+class OneBased {
+ public:
+  std::int32_t size() const { return static_cast<std::int32_t>(store_.size()); }
+  bool empty() const { return store_.size() == 0; }
+
+  T& operator[](std::int32_t number) { return store_.data()[Offset(number)]; }
+  const T& operator[](std::int32_t number) const { return store_.data()[Offset(number)]; }
+  T& last() { return (*this)[size()]; }
+  const T& last() const { return (*this)[size()]; }
+
+  void Append(T value) { store_.push_back(std::move(value)); }
+  // Drops entry `number`; every later entry moves down one place.
+  void Remove(std::int32_t number) {
+    const std::size_t offset = Offset(number);
+    store_.erase(store_.begin() + static_cast<std::ptrdiff_t>(offset));
+  }
+  // Grows with fresh entries or drops the last ones, keeping the rest.
+  void Resize(std::int32_t size) { store_.resize(static_cast<std::size_t>(size < 0 ? 0 : size)); }
+  // Absent again; its memory is given back.
+  void Release() { store_ = Store(); }
+
+  auto begin() { return store_.begin(); }
+  auto end() { return store_.end(); }
+  auto begin() const { return store_.begin(); }
+  auto end() const { return store_.end(); }
+
+  Store& store() { return store_; }
+  const Store& store() const { return store_; }
+
+ private:
+  std::size_t Offset(std::int32_t number) const {
+    // One comparison covers both ends: numbers below 1 wrap to huge offsets.
+    const auto offset = static_cast<std::size_t>(static_cast<std::int64_t>(number) - 1);
+    if (offset >= store_.size()) RaiseSubscriptOutOfRange();
+    return offset;
+  }
+
+  Store store_;
+};
+
+}  // namespace quarvel

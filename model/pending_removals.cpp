@@ -1,0 +1,146 @@
+#include "model/pending_removals.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+#include "model/line_names.h"
+#include "model/model_data.h"
+
+namespace quarvel {
+namespace {
+
+using Positions = std::vector<std::int32_t>;
+
+// The new numbers of stored positions once the gaps are closed.
+class NewNumbers {
+ public:
+  NewNumbers(const Positions& gone, std::int32_t stored)
+      : gone_(static_cast<std::int32_t>(gone.size())), numbers_(static_cast<std::size_t>(stored)) {
+    auto next = gone.begin();
+    std::int32_t number = 0;
+    for (std::int32_t position = 1; position <= stored; ++position) {
+      const bool is_gone = next != gone.end() && *next == position;
+      if (is_gone) ++next;
+      numbers_[static_cast<std::size_t>(position - 1)] = is_gone ? 0 : ++number;
+    }
+  }
+
+  // 0 for what is gone. A number beyond what is stored moves down past every gap.
+  std::int32_t Of(std::int32_t position) const {
+    if (position < 1) return position;
+    const auto offset = static_cast<std::size_t>(position - 1);
+    return offset < numbers_.size() ? numbers_[offset] : position - gone_;
+  }
+
+ private:
+  std::int32_t gone_;
+  std::vector<std::int32_t> numbers_;
+};
+
+// Names that stand at the end leave the index one by one; otherwise the numbers of the others
+// change too.
+template <class Record>
+void RemoveNames(const OneBased<Record>& lines, const Positions& gone, std::int32_t left,
+                 NameIndex& names) {
+  if (gone.front() != left + 1) {
+    names.MarkStale();
+    return;
+  }
+  for (const std::int32_t position : gone) {
+    names.Remove(lines[position].Name, position, NamesOf(lines));
+  }
+}
+
+template <class Record>
+void CloseRecords(OneBased<Record>& lines, const Positions& gone, std::int32_t left) {
+  auto next = gone.begin();
+  std::int32_t number = gone.front();
+  for (std::int32_t position = number; position <= lines.size(); ++position) {
+    if (next != gone.end() && *next == position) {
+      ++next;
+    } else {
+      lines[number++] = std::move(lines[position]);
+    }
+  }
+  if (left == 0) {
+    lines.Release();
+  } else {
+    lines.Resize(left);
+  }
+}
+
+void Renumber(ElementList& list, const NewNumbers& numbers) {
+  std::int32_t kept = 0;
+  for (ElementEntry& entry : list) {
+    const std::int32_t number = numbers.Of(entry.Index);
+    if (number == 0 && entry.Index != 0) continue;
+    list[++kept] = {number, entry.Value};
+  }
+  if (kept < list.size()) list.Resize(kept);
+}
+
+template <class Record>
+void CloseGapsOf(OneBased<Record>& lines, std::int32_t left, NameIndex& names, auto& others,
+                 std::int32_t other_count, const Positions& gone) {
+  const NewNumbers numbers(gone, lines.size());
+  RemoveNames(lines, gone, left, names);
+  CloseRecords(lines, gone, left);
+  for (std::int32_t i = 1; i <= other_count; ++i) Renumber(others[i].Elements, numbers);
+}
+
+}  // namespace
+
+std::int32_t PendingRemovals::Position(Kind kind, std::int32_t number) const {
+  if (positions_.empty() || kind != kind_) return number;
+  // positions_[i] - i is one more than what is left before that position, and never falls.
+  std::size_t low = 0;
+  std::size_t high = positions_.size();
+  while (low < high) {
+    const std::size_t middle = low + (high - low) / 2;
+    if (positions_[middle] - static_cast<std::int32_t>(middle) <= number) {
+      low = middle + 1;
+    } else {
+      high = middle;
+    }
+  }
+  return number + static_cast<std::int32_t>(low);
+}
+
+void PendingRemovals::Note(Kind kind, std::int32_t position) {
+  kind_ = kind;
+  if (positions_.empty() || positions_.back() < position) {
+    positions_.push_back(position);
+  } else {
+    positions_.insert(std::lower_bound(positions_.begin(), positions_.end(), position), position);
+  }
+}
+
+bool PendingRemovals::IsCostly(std::int32_t position) const {
+  constexpr std::ptrdiff_t kMany = 16384;
+  const auto size = static_cast<std::ptrdiff_t>(positions_.size());
+  if (size <= kMany || positions_.back() < position) return false;
+  const auto place = std::lower_bound(positions_.begin(), positions_.end(), position);
+  return positions_.end() - place > kMany;
+}
+
+void CloseGaps(ModelData& data) {
+  PendingRemovals& removals = data.removals;
+  if (removals.empty()) return;
+  const Positions& gone = removals.positions();
+  const bool rows_went = removals.kind() == PendingRemovals::Kind::kRows;
+  if (rows_went) {
+    CloseGapsOf(data.Rows, data.NumberOfRows, data.row_names, data.Columns, data.NumberOfColumns,
+                gone);
+  } else {
+    CloseGapsOf(data.Columns, data.NumberOfColumns, data.column_names, data.Rows, data.NumberOfRows,
+                gone);
+  }
+  removals.Clear();
+  // What disagrees is marked by position, and what lists say of numbers that are not there may come
+  // true. So marks are kept only while deletions are pending, when nothing is added.
+  if (!data.agreement.everywhere()) data.agreement.Forget();
+  if (rows_went) RebuildRowIndexes(data);
+}
+
+}  // namespace quarvel

@@ -1,0 +1,123 @@
+#include <cmath>
+
+#include "model/error_reports.h"
+#include "model/lp_model.h"
+#include "text/numbers.h"
+
+namespace quarvel {
+namespace {
+
+using text::AppendGeneralText;
+using text::GeneralText;
+
+// The record of 0-based row RowNum, which need not be counted, only stored.
+const RowRecord& StoredRow(const ModelData& data, std::int32_t RowNum) {
+  if (!InRange(RowNum, data.Rows.size())) RaiseSubscriptOutOfRange();
+  return data.Rows[RowNum + 1];
+}
+
+// Slot `column` - 1 of a caller's array, whose own bounds are checked like the model's.
+template <class T>
+T& Slot(std::span<T> array, std::int32_t column) {
+  const auto offset = static_cast<std::size_t>(static_cast<std::int64_t>(column) - 1);
+  if (offset >= array.size()) RaiseSubscriptOutOfRange();
+  return array[offset];
+}
+
+std::string EmptyRowText(const RowRecord& row) {
+  std::string text = "This row has no elements.  ";
+  switch (row.Type) {
+    case 'N':
+      return text + "It is a non-binding/objective row.";
+    case 'L':
+      return text + "It is a less-than constraint row with upper bound " +
+             GeneralText(row.UpperBound) + ".";
+    case 'R':
+      return text + "It is a ranged constraint row with lower bound " +
+             GeneralText(row.LowerBound) + " and upper bound " + GeneralText(row.UpperBound) + ".";
+    case 'G':
+      return text + "It is a greater-than constraint row with lower bound " +
+             GeneralText(row.LowerBound) + ".";
+    case 'E':
+      return text + "It is an equality constraint row equal to " + GeneralText(row.UpperBound) +
+             ".";
+    default:
+      return text;
+  }
+}
+
+void AppendTerms(std::string& text, const ModelData& data, const RowRecord& row) {
+  for (const ElementEntry& entry : row.Elements) {
+    text += entry.Value < 0 ? " - " : " + ";
+    AppendGeneralText(text, std::fabs(entry.Value));
+    text += '*';
+    text += data.Columns[entry.Index].Name;
+  }
+}
+
+void AppendRelation(std::string& text, const RowRecord& row) {
+  switch (row.Type) {
+    case 'N':
+      text += "  (non-binding/objective)";
+      break;
+    case 'L':
+    case 'R':
+      text += "  <=  " + GeneralText(row.UpperBound);
+      break;
+    case 'G':
+      text += "  >=  " + GeneralText(row.LowerBound);
+      break;
+    case 'E':
+      text += "  =  " + GeneralText(row.UpperBound);
+      break;
+    default:
+      break;
+  }
+}
+
+}  // namespace
+
+std::string LPModel::RowEquation(std::int32_t i) const {
+  const ModelData& data = Settled();
+  const RowRecord& row = data.Rows[CheckRow(data, i)];
+  if (row.ElementCount() == 0) return EmptyRowText(row);
+  std::string text;
+  // The first sign of a ranged row points this way for every host that parses the text.
+  if (row.Type == 'R') text = GeneralText(row.LowerBound) + "  >=  ";
+  AppendTerms(text, data, row);
+  AppendRelation(text, row);
+  return text;
+}
+
+std::int16_t LPModel::RowGradient(std::int32_t RowNum, std::span<double> Gradient) const {
+  std::int16_t result = -1;
+  for (std::int32_t c = 1; c <= NumberOfColumns(); ++c) Slot(Gradient, c) = 0;
+  const std::int32_t count = StoredRow(Settled(), RowNum).ElementCount();
+  try {
+    for (std::int32_t k = 1; k <= count; ++k) {
+      // A copy, and the row looked up anew each time: the box lets a host's events run.
+      const ElementEntry entry = StoredRow(Settled(), RowNum).Elements[k];
+      if (entry.Index > NumberOfColumns()) {
+        Refuse("Error in Quarvel.dll model");
+        result = 1;
+      }
+      Slot(Gradient, entry.Index) = entry.Value;
+    }
+  } catch (const AutomationError&) {
+    return 0;
+  }
+  return result;
+}
+
+std::int16_t LPModel::RowBodyValue(std::int32_t RowNum, std::span<const double> Point,
+                                   double& Answer) const {
+  const ModelData& data = Settled();
+  Answer = 0;
+  for (const ElementEntry& entry : StoredRow(data, RowNum).Elements) {
+    if (entry.Index > data.NumberOfColumns) RaiseTooFewElementsInPoint();
+    Answer += entry.Value * Slot(Point, entry.Index);
+  }
+  return -1;
+}
+
+}  // namespace quarvel

@@ -1,0 +1,58 @@
+#include "model/error_reports.h"
+#include "model/lp_model.h"
+
+namespace quarvel {
+namespace {
+
+const RowRecord& RowAt(const ModelData& data, std::int32_t i) {
+  return data.Rows[CheckRow(data, i)];
+}
+
+const ElementEntry& ElementAt(const ModelData& data, std::int32_t i, std::int32_t k) {
+  const RowRecord& row = RowAt(data, i);
+  return row.Elements[CheckRowElement(row, k)];
+}
+
+}  // namespace
+
+std::int32_t LPModel::RowElementCol(std::int32_t i, std::int32_t k) const {
+  return ElementAt(Settled(), i, k).Index - 1;
+}
+
+double LPModel::RowElementValue(std::int32_t i, std::int32_t k) const {
+  return ElementAt(Settled(), i, k).Value;
+}
+
+std::int32_t LPModel::RowNumberElements(std::int32_t i) const {
+  return RowAt(Settled(), i).ElementCount();
+}
+
+double LPModel::RowUpperBound(std::int32_t i) const { return RowAt(Settled(), i).UpperBound; }
+
+double LPModel::RowLowerBound(std::int32_t i) const { return RowAt(Settled(), i).LowerBound; }
+
+std::string LPModel::RowName(std::int32_t i) const { return RowAt(Settled(), i).Name; }
+
+std::string LPModel::RowType(std::int32_t i) const { return TypeText(RowAt(Settled(), i).Type); }
+
+double LPModel::ElementValue(std::int32_t i, std::int32_t j) const {
+  const ModelData& data = Settled();
+  const RowRecord& row = data.Rows[CheckRowOfPair(data, i)];
+  const std::int32_t c = CheckColumnOfPair(data, j);
+  for (const ElementEntry& entry : row.Elements) {
+    if (entry.Index == c) return entry.Value;
+  }
+  return 0;
+}
+
+std::int32_t LPModel::BindingRowIndex(std::int32_t i) const {
+  const ModelData& data = Settled();
+  return data.BindingRows[CheckBindingRowIndex(data, i)] - 1;
+}
+
+std::int32_t LPModel::NonBindingRowIndex(std::int32_t i) const {
+  const ModelData& data = Settled();
+  return data.NonBindingRows[CheckNonBindingRowIndex(data, i)] - 1;
+}
+
+}  // namespace quarvel

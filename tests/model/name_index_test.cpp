@@ -1,0 +1,111 @@
+#include "model/name_index.h"
+
+#include <map>
+#include <random>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace quarvel {
+namespace {
+
+// Names by number, as records hold them.
+class Names {
+ public:
+  std::string& operator[](std::int32_t number) {
+    return names_[static_cast<std::size_t>(number - 1)];
+  }
+  auto Of() {
+    return [this](std::int32_t number) -> const std::string& { return (*this)[number]; };
+  }
+  std::int32_t Add(NameIndex& index, const std::string& name) {
+    names_.push_back(name);
+    const auto number = static_cast<std::int32_t>(names_.size());
+    index.Add(name, number, Of());
+    return number;
+  }
+
+ private:
+  std::vector<std::string> names_;
+};
+
+TEST(NameIndex, FindsNothingInAnEmptyIndex) {
+  const NameIndex index;
+  EXPECT_EQ(index.Find("X", [](std::int32_t) { return std::string(); }), 0);
+}
+
+TEST(NameIndex, TellsNamesOfEveryLengthApart) {
+  NameIndex index;
+  Names names;
+  std::vector<std::string> all = {""};
+  for (std::size_t length = 1; length <= 40; ++length) {
+    all.push_back(std::string(length, 'A'));
+    all.push_back(std::string(length - 1, 'A') + 'B');
+    all.push_back('B' + std::string(length - 1, 'A') + 'C');
+    all.push_back(std::string(length, '\0'));
+    all.push_back(std::string(length - 1, 'A') + '\0');
+  }
+  std::map<std::string, std::int32_t> expected;
+  for (const std::string& name : all) {
+    const std::int32_t number = names.Add(index, name);
+    expected.emplace(name, number);
+  }
+  for (const auto& [name, number] : expected) {
+    EXPECT_EQ(index.Find(name, names.Of()), number) << name.size();
+  }
+  EXPECT_EQ(index.Find("ZZZ", names.Of()), 0);
+}
+
+TEST(NameIndex, KeepsTheFirstOfTwoEqualNames) {
+  NameIndex index;
+  Names names;
+  names.Add(index, "SAME");
+  names.Add(index, "SAME");
+  EXPECT_EQ(index.Find("SAME", names.Of()), 1);
+}
+
+TEST(NameIndex, ForgetsARemovedName) {
+  NameIndex index;
+  Names names;
+  for (int i = 0; i < 1000; ++i) names.Add(index, "N" + std::to_string(i));
+  for (int i = 0; i < 1000; i += 3) index.Remove("N" + std::to_string(i), i + 1, names.Of());
+  for (int i = 0; i < 1000; ++i) {
+    EXPECT_EQ(index.Find("N" + std::to_string(i), names.Of()), i % 3 == 0 ? 0 : i + 1);
+  }
+}
+
+TEST(NameIndex, AsksToBeRebuiltWhenARemovedNameHadASecondOwner) {
+  NameIndex index;
+  Names names;
+  names.Add(index, "SAME");
+  names.Add(index, "SAME");
+  index.Remove("SAME", 1, names.Of());
+  EXPECT_TRUE(index.stale());
+  names[1] = "OTHER";
+  index.Rebuild(2, names.Of());
+  EXPECT_FALSE(index.stale());
+  EXPECT_EQ(index.Find("SAME", names.Of()), 2);
+}
+
+TEST(NameIndex, AgreesWithAScanThroughRandomChanges) {
+  std::mt19937 random(7);
+  NameIndex index;
+  Names names;
+  std::map<std::string, std::int32_t> expected;
+  for (int step = 0; step < 20000; ++step) {
+    const std::string name =
+        std::string(random() % 3 == 0 ? "A_LONG_PREFIX_" : "") + std::to_string(random() % 3000);
+    const auto found = expected.find(name);
+    ASSERT_EQ(index.Find(name, names.Of()), found == expected.end() ? 0 : found->second);
+    if (found == expected.end()) {
+      expected[name] = names.Add(index, name);
+    } else {
+      index.Remove(name, found->second, names.Of());
+      expected.erase(found);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace quarvel

@@ -1,0 +1,396 @@
+#include "tests/support/edit_operations.h"
+
+#include <array>
+#include <cstring>
+#include <limits>
+#include <utility>
+
+#include "platform/automation_error.h"
+#include "text/numbers.h"
+
+namespace quarvel::testing {
+namespace {
+
+using text::GeneralText;
+using text::IntegerText;
+
+constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t kGreatest = std::numeric_limits<std::int32_t>::max();
+
+// --- arguments ---
+
+struct NamedVariant {
+  std::string text;
+  Variant value;
+};
+
+// Mostly a number of the model, else one beside its ends, or one of the extremes.
+std::int32_t ChooseIndex(const Choice& choose, std::int32_t count) {
+  const std::array<std::int32_t, 6> odd = {-1, count, count + 1, 0, kLeast, kGreatest};
+  if (count < 1 || choose(8) == 0) return odd[choose(odd.size())];
+  return static_cast<std::int32_t>(choose(static_cast<std::uint32_t>(count)));
+}
+
+std::string ChooseName(const Choice& choose) {
+  static const std::array<std::string, 14> kOdd = {"",
+                                                   " ",
+                                                   "A B",
+                                                   "TAB\tTAB",
+                                                   "ROW1",
+                                                   "COL1",
+                                                   "NINE_CHAR",
+                                                   "EIGHTCHR",
+                                                   "ÄÖÜäöüßé",
+                                                   "ÄÖÜäöüßéñ",
+                                                   "x",
+                                                   "X",
+                                                   "thirteen_long",
+                                                   "a_name_of_more_than_sixteen_bytes"};
+  const std::uint32_t kind = choose(8);
+  if (kind == 0) return kOdd[choose(kOdd.size())];
+  if (kind < 3) return "LONGER_NAME" + IntegerText(choose(40));
+  return "N" + IntegerText(choose(60));
+}
+
+double ChooseNumber(const Choice& choose) {
+  static constexpr std::array<double, 10> kNumbers = {0,     1,    -1,     2.5,  1e10,
+                                                      -1e10, 1e11, 1e-300, -0.0, 1e300};
+  return kNumbers[choose(kNumbers.size())];
+}
+
+NamedVariant ChooseVariant(const Choice& choose, const std::string& likely) {
+  switch (choose(10)) {
+    case 0:
+      return {"empty", Variant()};
+    case 1:
+      return {"null", Variant::Null{}};
+    case 2: {
+      const bool value = choose(2) == 0;
+      return {value ? "true" : "false", value};
+    }
+    case 3: {
+      const auto value = std::int64_t{choose(7)} - 3;
+      return {IntegerText(value), value};
+    }
+    case 4:
+    case 5: {
+      const double value = ChooseNumber(choose);
+      return {GeneralText(value), value};
+    }
+    case 6: {
+      static const std::array<const char*, 6> kTexts = {" 7.5 ", "abc",   "1E3",
+                                                        "0x10",  "1e999", "."};
+      const char* value = kTexts[choose(kTexts.size())];
+      return {"\"" + std::string(value) + "\"", value};
+    }
+    default:
+      return {"\"" + likely + "\"", likely};
+  }
+}
+
+NamedVariant ChooseNumberVariant(const Choice& choose) {
+  return ChooseVariant(choose, GeneralText(ChooseNumber(choose)));
+}
+
+NamedVariant ChooseTypeVariant(const Choice& choose) {
+  static const std::array<std::string, 10> kTypes = {"N", "G", "L", "E", "R",
+                                                     "I", "n", "r", "",  "NN"};
+  return ChooseVariant(choose, kTypes[choose(kTypes.size())]);
+}
+
+// --- operations ---
+
+// The same call on both models; what has no result gives 0.
+template <class Call>
+EditOperation Make(std::string text, Call call) {
+  const auto run = [call](auto& model) -> std::int32_t {
+    if constexpr (std::is_void_v<decltype(call(model))>) {
+      call(model);
+      return 0;
+    } else {
+      return call(model);
+    }
+  };
+  return {std::move(text), run, run};
+}
+
+std::string Arguments(const std::string& name, std::int32_t a, const std::string& rest = "") {
+  return name + "(" + IntegerText(a) + (rest.empty() ? "" : ", ") + rest + ")";
+}
+
+EditOperation ChooseBoundWrite(const Choice& choose, const NaiveModel& model) {
+  const NamedVariant v = ChooseNumberVariant(choose);
+  switch (choose(4)) {
+    case 0: {
+      const std::int32_t j = ChooseIndex(choose, model.NumberOfColumns);
+      return Make(Arguments("SetColUpperBound", j, v.text),
+                  [j, v](auto& m) { m.SetColUpperBound(j, v.value); });
+    }
+    case 1: {
+      const std::int32_t j = ChooseIndex(choose, model.NumberOfColumns);
+      return Make(Arguments("SetColLowerBound", j, v.text),
+                  [j, v](auto& m) { m.SetColLowerBound(j, v.value); });
+    }
+    case 2: {
+      const std::int32_t i = ChooseIndex(choose, model.NumberOfRows);
+      return Make(Arguments("SetRowUpperBound", i, v.text),
+                  [i, v](auto& m) { m.SetRowUpperBound(i, v.value); });
+    }
+    default: {
+      const std::int32_t i = ChooseIndex(choose, model.NumberOfRows);
+      return Make(Arguments("SetRowLowerBound", i, v.text),
+                  [i, v](auto& m) { m.SetRowLowerBound(i, v.value); });
+    }
+  }
+}
+
+EditOperation ChooseTextWrite(const Choice& choose, const NaiveModel& model) {
+  const std::int32_t i = ChooseIndex(choose, model.NumberOfRows);
+  const std::int32_t j = ChooseIndex(choose, model.NumberOfColumns);
+  const NamedVariant name = ChooseVariant(choose, ChooseName(choose));
+  const NamedVariant type = ChooseTypeVariant(choose);
+  switch (choose(8)) {
+    case 0:
+      return Make("SetModelName(" + name.text + ")",
+                  [name](auto& m) { m.SetModelName(name.value); });
+    case 1:
+      return Make("SetModelDescription(" + name.text + ")",
+                  [name](auto& m) { m.SetModelDescription(name.value); });
+    case 2:
+      return Make(Arguments("SetColName", j, name.text),
+                  [j, name](auto& m) { m.SetColName(j, name.value); });
+    case 3:
+      return Make(Arguments("SetRowName", i, name.text),
+                  [i, name](auto& m) { m.SetRowName(i, name.value); });
+    case 4:
+      return Make(Arguments("SetColType", j, type.text),
+                  [j, type](auto& m) { m.SetColType(j, type.value); });
+    default:
+      return Make(Arguments("SetRowType", i, type.text),
+                  [i, type](auto& m) { m.SetRowType(i, type.value); });
+  }
+}
+
+// The number of coefficients in the row, 0 for a row that is not there.
+std::int32_t ElementsInRow(const NaiveModel& model, std::int32_t i) {
+  if (i < 0 || i >= model.NumberOfRows) return 0;
+  return model.Rows[static_cast<std::size_t>(i)].ElementCount();
+}
+
+bool IsTaken(const NaiveModel& model, std::int32_t i, std::int32_t j) {
+  if (i < 0 || i >= model.NumberOfRows) return false;
+  for (const NaiveEntry& entry : model.Rows[static_cast<std::size_t>(i)].Elements) {
+    if (entry.Index == j + 1) return true;
+  }
+  return false;
+}
+
+EditOperation ChooseElementWrite(const Choice& choose, const NaiveModel& model,
+                                 const EditStyle& style) {
+  const std::int32_t i = ChooseIndex(choose, model.NumberOfRows);
+  const std::int32_t k = ChooseIndex(choose, ElementsInRow(model, i));
+  const std::int32_t j = ChooseIndex(choose, model.NumberOfColumns);
+  const bool may_add = style.duplicates || j == kGreatest || !IsTaken(model, i, j);
+  if (may_add && choose(4) != 0) {
+    const double value = ChooseNumber(choose);
+    return Make(Arguments("AddElement", i, IntegerText(j) + ", " + GeneralText(value)),
+                [i, j, value](auto& m) { m.AddElement(i, j, value); });
+  }
+  const NamedVariant v = ChooseNumberVariant(choose);
+  return Make(Arguments("SetRowElementValue", i, IntegerText(k) + ", " + v.text),
+              [i, k, v](auto& m) { m.SetRowElementValue(i, k, v.value); });
+}
+
+EditOperation ChooseAddition(const Choice& choose) {
+  const std::string name = ChooseName(choose);
+  if (choose(2) == 0) {
+    return Make("AddRow(\"" + name + "\")", [name](auto& m) { return m.AddRow(name); });
+  }
+  return Make("AddColumn(\"" + name + "\")", [name](auto& m) { return m.AddColumn(name); });
+}
+
+EditOperation ChooseRest(const Choice& choose, const EditStyle& style) {
+  const std::uint32_t kind = choose(12);
+  if (kind == 0 && style.new_models) {
+    return Make("MakeNewModel()", [](auto& m) { m.MakeNewModel(); });
+  }
+  if (kind == 1 && style.new_models) {
+    return Make("ClearModel()", [](auto& m) { m.ClearModel(); });
+  }
+  const bool value = kind % 2 == 0;
+  return Make(
+      value ? "SetDefaultToPlusMinusInfinity(true)" : "SetDefaultToPlusMinusInfinity(false)",
+      [value](auto& m) { m.SetDefaultToPlusMinusInfinity(value); });
+}
+
+// --- comparing ---
+
+struct Outcome {
+  std::int32_t result = 0;
+  std::int32_t error = 0;
+  bool operator==(const Outcome&) const = default;
+};
+
+template <class Model, class Run>
+Outcome Attempt(Model& model, const Run& run) {
+  try {
+    return {.result = run(model)};
+  } catch (const AutomationError& error) {
+    return {.error = error.number()};
+  }
+}
+
+std::string Different(const std::string& what, const std::string& is, const std::string& wanted) {
+  return what + ": is " + is + ", should be " + wanted;
+}
+
+// Numbers compare by their bits: -0 is not 0.
+bool Same(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
+
+void Compare(std::string& faults, const std::string& what, const std::string& is,
+             const std::string& wanted) {
+  if (faults.empty() && is != wanted)
+    faults = Different(what, "\"" + is + "\"", "\"" + wanted + "\"");
+}
+
+void Compare(std::string& faults, const std::string& what, std::int64_t is, std::int64_t wanted) {
+  if (faults.empty() && is != wanted)
+    faults = Different(what, IntegerText(is), IntegerText(wanted));
+}
+
+void CompareNumber(std::string& faults, const std::string& what, double is, double wanted) {
+  if (faults.empty() && !Same(is, wanted)) {
+    faults = Different(what, GeneralText(is), GeneralText(wanted));
+  }
+}
+
+void CompareRecord(std::string& faults, const std::string& what, const LineRecord& is,
+                   const NaiveRecord& wanted) {
+  Compare(faults, what + " Name", is.Name, wanted.Name);
+  Compare(faults, what + " Type", TypeText(is.Type), wanted.Type);
+  CompareNumber(faults, what + " LowerBound", is.LowerBound, wanted.LowerBound);
+  CompareNumber(faults, what + " UpperBound", is.UpperBound, wanted.UpperBound);
+  Compare(faults, what + " ElementCount", is.ElementCount(), wanted.ElementCount());
+  if (!faults.empty()) return;
+  for (std::int32_t k = 1; k <= is.ElementCount(); ++k) {
+    const NaiveEntry& entry = wanted.Elements[static_cast<std::size_t>(k - 1)];
+    Compare(faults, what + " Index " + IntegerText(k), is.Elements[k].Index, entry.Index);
+    CompareNumber(faults, what + " Value " + IntegerText(k), is.Elements[k].Value, entry.Value);
+  }
+}
+
+template <class Records>
+void CompareRecords(std::string& faults, const std::string& what, const Records& is,
+                    const std::vector<NaiveRecord>& wanted) {
+  Compare(faults, what + " stored", is.size(), static_cast<std::int64_t>(wanted.size()));
+  if (!faults.empty()) return;
+  for (std::int32_t n = 1; n <= is.size(); ++n) {
+    CompareRecord(faults, what + " " + IntegerText(n), is[n],
+                  wanted[static_cast<std::size_t>(n - 1)]);
+  }
+}
+
+void CompareNumbers(std::string& faults, const std::string& what, const OneBased<std::int32_t>& is,
+                    const std::vector<std::int32_t>& wanted) {
+  if (faults.empty() && is.store() != wanted) faults = what + " differ";
+}
+
+// Every name leads to its first bearer.
+template <class Find>
+void CompareNames(std::string& faults, const std::string& what,
+                  const std::vector<NaiveRecord>& records, std::int32_t count, const Find& find) {
+  for (std::int32_t n = 1; n <= count; ++n) {
+    const std::string& name = records[static_cast<std::size_t>(n - 1)].Name;
+    std::size_t first = 0;
+    while (records[first].Name != name) ++first;
+    Compare(faults, what + " found by name", find(name), static_cast<std::int64_t>(first) + 1);
+  }
+  Compare(faults, what + " found by a name not given", find("not there"), 0);
+}
+
+}  // namespace
+
+EditOperation ChooseDeletion(const Choice& choose, const NaiveModel& model) {
+  const std::int32_t i = ChooseIndex(choose, model.NumberOfRows);
+  const std::int32_t j = ChooseIndex(choose, model.NumberOfColumns);
+  const std::int32_t k = ChooseIndex(choose, ElementsInRow(model, i));
+  switch (choose(5)) {
+    case 0:
+    case 1:
+      return Make(Arguments("DeleteRow", i), [i](auto& m) { return m.DeleteRow(i); });
+    case 2:
+    case 3:
+      return Make(Arguments("DeleteColumn", j), [j](auto& m) { return m.DeleteColumn(j); });
+    default:
+      return Make(Arguments("DeleteElement", i, IntegerText(k)),
+                  [i, k](auto& m) { return m.DeleteElement(i, k); });
+  }
+}
+
+EditOperation ChooseOperation(const Choice& choose, const NaiveModel& model,
+                              const EditStyle& style) {
+  const std::uint32_t kind = choose(64);
+  if (kind < 28) return ChooseElementWrite(choose, model, style);
+  if (kind < 40) return ChooseAddition(choose);
+  if (kind < 50) return ChooseTextWrite(choose, model);
+  if (kind < 54) return ChooseBoundWrite(choose, model);
+  if (kind == 54) return ChooseRest(choose, style);
+  // A model that has hardly grown is given the time to.
+  const bool is_small = model.NumberOfElements < 12;
+  return is_small && choose(4) != 0 ? ChooseElementWrite(choose, model, style)
+                                    : ChooseDeletion(choose, model);
+}
+
+std::string EditComparison::CompareCounts() {
+  std::string faults;
+  const ModelData& data = model_.raw_data();
+  Compare(faults, "NumberOfRows", data.NumberOfRows, naive_.NumberOfRows);
+  Compare(faults, "NumberOfColumns", data.NumberOfColumns, naive_.NumberOfColumns);
+  Compare(faults, "NumberOfElements", data.NumberOfElements, naive_.NumberOfElements);
+  Compare(faults, "LongNameWarningShown", data.LongNameWarningShown, naive_.LongNameWarningShown);
+  return faults;
+}
+
+std::string EditComparison::Apply(const EditOperation& operation) {
+  desktop_.Clear();
+  naive_.boxes.clear();
+  const Outcome is = Attempt(model_, operation.on_model);
+  const Outcome wanted = Attempt(naive_, operation.on_naive);
+  std::string faults;
+  Compare(faults, "result", is.result, wanted.result);
+  Compare(faults, "error", is.error, wanted.error);
+  Compare(faults, "number of boxes", static_cast<std::int64_t>(desktop_.boxes().size()),
+          static_cast<std::int64_t>(naive_.boxes.size()));
+  for (std::size_t i = 0; faults.empty() && i < naive_.boxes.size(); ++i) {
+    const platform::ShownBox& box = desktop_.boxes()[i];
+    Compare(faults, "box", box.text, naive_.boxes[i]);
+    Compare(faults, "box style", static_cast<int>(box.style), 0);
+    Compare(faults, "box title", box.title, std::string(platform::kDefaultTitle));
+  }
+  return faults.empty() ? CompareCounts() : faults;
+}
+
+std::string EditComparison::CompareState() {
+  std::string faults;
+  const ModelData& data = std::as_const(model_).data();
+  Compare(faults, "ModelName", data.ModelName, naive_.ModelName);
+  Compare(faults, "ModelDescription", data.ModelDescription, naive_.ModelDescription);
+  Compare(faults, "FileLocation", data.FileLocation, naive_.FileLocation);
+  Compare(faults, "NumberOfBindingRows", data.NumberOfBindingRows, naive_.NumberOfBindingRows);
+  Compare(faults, "NumberOfNonBindingRows", data.NumberOfNonBindingRows,
+          naive_.NumberOfNonBindingRows);
+  Compare(faults, "DefaultToPlusMinusInfinity", data.DefaultToPlusMinusInfinity,
+          naive_.DefaultToPlusMinusInfinity);
+  CompareRecords(faults, "row", data.Rows, naive_.Rows);
+  CompareRecords(faults, "column", data.Columns, naive_.Columns);
+  CompareNumbers(faults, "BindingRows", data.BindingRows, naive_.BindingRows);
+  CompareNumbers(faults, "NonBindingRows", data.NonBindingRows, naive_.NonBindingRows);
+  if (!faults.empty()) return faults;
+  CompareNames(faults, "row", naive_.Rows, naive_.NumberOfRows,
+               [&data](const std::string& name) { return FindRow(data, name); });
+  CompareNames(faults, "column", naive_.Columns, naive_.NumberOfColumns,
+               [&data](const std::string& name) { return FindColumn(data, name); });
+  return faults.empty() ? CompareCounts() : faults;
+}
+
+}  // namespace quarvel::testing

@@ -1,0 +1,46 @@
+// Builds a model by hand, straight in its stored fields, so that a test states the whole model in a
+// few lines and does not depend on the operations that read or edit one. The invariant of the data
+// holds after every call.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "model/lp_model.h"
+
+namespace quarvel {
+
+class ModelBuilder {
+ public:
+  // Adds to what `model` holds; hidden placeholder records are dropped. The model must outlive the
+  // builder.
+  explicit ModelBuilder(LPModel& model);
+
+  ModelBuilder& Name(std::string_view name);
+  ModelBuilder& Description(std::string_view description);
+  ModelBuilder& Location(std::string_view path);
+
+  // A row of type "N", "G", "L" or "E" with the limits that its right-hand side gives it.
+  ModelBuilder& Row(std::string_view name, TypeLetter type, double right_hand_side = 0);
+  // A row of any type with any limits.
+  ModelBuilder& RowWithin(std::string_view name, TypeLetter type, double lower, double upper);
+  // A row of type "R".
+  ModelBuilder& Ranged(std::string_view name, double lower, double upper) {
+    return RowWithin(name, 'R', lower, upper);
+  }
+
+  ModelBuilder& Column(std::string_view name, double lower = 0, double upper = BoundLimit,
+                       TypeLetter type = 'R');
+  ModelBuilder& Integer(std::string_view name, double lower = 0, double upper = BoundLimit) {
+    return Column(name, lower, upper, 'I');
+  }
+
+  // A coefficient, in both lists. Throws std::invalid_argument for a name that the model does not
+  // have.
+  ModelBuilder& Element(std::string_view column, std::string_view row, double value);
+
+ private:
+  LPModel& model_;
+};
+
+}  // namespace quarvel
