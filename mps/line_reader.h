@@ -1,0 +1,71 @@
+// The lines of a text file, one at a time, in one pass over its bytes.
+//
+// CR LF, LF and CR all end a line; the last line needs no end. A UTF-8 byte-order mark at the start
+// is skipped. A line that is not valid UTF-8 is taken as Windows-1252 and handed out as UTF-8. The
+// file is read in large pieces into one buffer and never held whole: a line of more than
+// kLongestLine bytes is handed out as too long, without its text, and costs no memory. NUL bytes
+// and other control characters are characters like any other.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/files.h"
+
+namespace quarvel {
+
+struct Line {
+  // The text, which may be changed in place; valid until the next line is read. After it stand at
+  // least LineReader::kPadding more bytes that may be read and written.
+  char* text = nullptr;
+  std::size_t size = 0;
+  std::size_t characters = 0;  // the line's length for its reader, line end not counted
+  bool ascii = true;
+  bool too_long = false;
+
+  std::string_view view() const { return {text, size}; }
+};
+
+class LineReader {
+ public:
+  static constexpr std::size_t kLongestLine = std::size_t{1} << 20;
+  static constexpr std::size_t kPadding = 16;
+
+  explicit LineReader(platform::InputFile file);
+
+  std::uint64_t file_size() const { return file_.size(); }
+
+  // The bytes behind the last line that are in memory already; nothing may be concluded from them.
+  std::string_view ahead() const {
+    const bool rest_of_line_end = skip_line_feed_ && next_ != end_ && *next_ == '\n';
+    const char* from = next_ + rest_of_line_end;
+    return {from, static_cast<std::size_t>(end_ - from)};
+  }
+
+  // The next line; false at the end of the file. Raises what the file raises, after which it is at
+  // its end.
+  bool Next(Line& line);
+
+ private:
+  bool Refill();
+  // The end of the line that goes on at `from`, end_ when it is not there yet. Clears `ascii` for
+  // bytes above 127.
+  char* FindLineEnd(char* from, bool& ascii) const;
+  void Deliver(Line& line, char* end, bool ascii);
+  void SkipTooLong(Line& line);
+  void SkipByteOrderMark();
+
+  platform::InputFile file_;
+  std::unique_ptr<char[]> buffer_;
+  char* next_ = nullptr;  // first byte not handed out yet
+  char* end_ = nullptr;   // after the last byte read
+  bool at_end_ = false;
+  bool started_ = false;
+  bool skip_line_feed_ = false;  // the last line ended in CR
+  std::string converted_;
+};
+
+}  // namespace quarvel

@@ -1,0 +1,127 @@
+// Reads an MPS file into a model.
+//
+// The dialect. Lines are split at spaces only and upper-cased; a line whose first character is not
+// a space may be a section header: NAME, ROWS, COLUMNS, RHS, RANGES, BOUNDS, ENDATA. Everything
+// else is a data line:
+//
+//   before ROWS  "*" lines make up the description, anything else is passed over
+//   NAME         [name]; the line is then also a data line of the section it stands in
+//   ROWS         type name                        type E, G, L or N
+//   COLUMNS      column row value [row value]     a column may be taken up again later
+//                name 'MARKER' 'INTORG'           columns from here on are integer
+//                name 'MARKER' 'INTEND'           columns from here on are continuous
+//   RHS          set row value [row value]        the set's name is ignored, every set is applied
+//   RANGES       set row value [row value]        after RHS: a range takes the bounds as they are
+//   BOUNDS       code set column [value]          LO UP FX need the value; FR MI PL ignore one
+//   ENDATA       ends the file; so does its end
+//
+// Numbers are those of text::ParseNumber. A zero coefficient adds no element. Right-hand sides: E
+// both bounds, L upper (lower becomes absent), G lower, N nothing. A range R moves one bound of a
+// row:
+//
+//   G  upper = lower + |R|     E, R > 0   upper = lower + R
+//   L  lower = upper - |R|     E, R <= 0  lower = lower - R  (reversed bounds, reported at the end)
+//   N  nothing
+//
+// Bounds: LO and UP set that bound and nothing else, FX both, FR none, MI no lower, PL no upper.
+//
+// Every problem is put to the user as a question with its line; No ends the read and keeps what was
+// read, Yes passes over the offending line or item: a failed check of a line its rest, a failed
+// check of a pair that pair, a failed check at the end that check.
+//
+// Cost: one pass over the bytes; names are looked up in constant time.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "model/lp_model.h"
+#include "mps/line_reader.h"
+#include "mps/tokens.h"
+
+namespace quarvel {
+
+class frmProgress;
+
+inline constexpr std::string_view kReadingCaption = "Progress: Reading MPS File";
+
+class MpsReader {
+ public:
+  // `window`: the progress window this read reports to and takes Stop from; null for none.
+  MpsReader(LPModel& model, frmProgress* window);
+
+  // Reads model.strMPSFile(). Raises nothing that the file causes; the outcome is ReadMPSFileErr.
+  void Run();
+
+ private:
+  enum class Section { kStart, kRows, kColumns, kRhs, kRanges, kBounds };
+  enum class State { kReading, kDone, kStopped, kFailed, kLeftOpen };
+
+  template <class Step>
+  void Guarded(const Step& step);
+  void Reset();
+  void Open();
+  void Begin();
+  void ReadLine();
+  void ReportProgress();
+  void UseLine();
+  bool UseHeader();
+  void AddDescription();
+
+  void UseRow();
+  void PrefetchNames();
+  void UseColumn();
+  void UseRhs();
+  void UseRange();
+  void UseBound();
+
+  // One pair of a line: its row's number and value, or row 0 after a question answered Yes.
+  struct Pair {
+    std::int32_t row = 0;
+    double value = 0;
+  };
+  Pair ReadPair(std::size_t first_token);
+  bool CheckPairLine(std::string_view section_words);
+  std::int32_t ColumnOfLine();
+  void AppendRow(std::string_view name, TypeLetter type);
+  std::int32_t AppendColumn(std::string_view name);
+  void AppendElement(std::int32_t row, std::int32_t column, double value);
+  void ApplyRhs(std::int32_t row, double value);
+  void ApplyRange(std::int32_t row, double range);
+  void ApplyBound(std::string_view code, std::int32_t column, double value);
+
+  // Raises a problem and asks whether to go on; No ends the read (state_).
+  void Problem(std::string_view description);
+  // "<words> (line <number>)" and "<words> (<number>)".
+  void LineProblem(std::string_view words);
+  void AfterCallback();
+
+  void CheckModel();
+  void CheckColumns(bool& empty_items);
+  void CheckRows(bool& empty_items);
+  bool AcceptsEmpty(std::string_view what, const std::string& name);
+  void DeriveRowTypes();
+  void Finish();
+  void OfferToSimplify();
+  void EndAsStopped();
+  void EndAsFailed();
+  void CloseWindow();
+
+  LPModel& model_;
+  ModelData& data_;
+  frmProgress* window_;
+  std::unique_ptr<LineReader> lines_;
+  std::uint64_t file_size_ = 0;
+  State state_ = State::kReading;
+  Section section_ = Section::kStart;
+  TypeLetter CurrentColumnType = 'R';
+  Line line_;
+  Tokens tokens_;
+  std::int64_t line_number_ = 0;
+  std::uint64_t characters_read_ = 0;
+  std::int32_t last_column_ = 0;  // the column of the last data line of COLUMNS
+};
+
+}  // namespace quarvel

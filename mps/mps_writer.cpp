@@ -1,0 +1,364 @@
+#include "mps/mps_writer.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <optional>
+
+#include "text/encoding.h"
+#include "text/numbers.h"
+
+namespace quarvel {
+namespace {
+
+constexpr std::size_t kNameWidth = 10;
+constexpr std::size_t kValueWidth = 12;
+constexpr std::size_t kHandOverSize = std::size_t{1} << 18;
+constexpr std::int32_t kRowsAnnouncedAhead = 8;
+
+constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::string_view kGap = "  ";  // around what left the fixed columns
+constexpr std::string_view kName = "NAME          ";
+constexpr std::string_view kDescriptionLine = "* ";
+constexpr std::string_view kRows = "ROWS";
+constexpr std::string_view kRangedRow = " G  ";
+constexpr std::string_view kColumns = "COLUMNS";
+constexpr std::string_view kElement = "    ";
+constexpr std::string_view kIntegersBegin = "    INT       'MARKER'                 'INTORG'";
+constexpr std::string_view kIntegersEnd = "    INTEND    'MARKER'                 'INTEND'";
+constexpr std::string_view kRightHandSides = "RHS";
+constexpr std::string_view kRightHandSide = "    RHS       ";
+constexpr std::string_view kRanges = "RANGES";
+constexpr std::string_view kRange = "    RANGE     ";
+constexpr std::string_view kBounds = "BOUNDS";
+constexpr std::string_view kLowerBound = " LO BOUND     ";
+constexpr std::string_view kUpperBound = " UP BOUND     ";
+constexpr std::string_view kFixedBounds = " FX BOUND     ";
+constexpr std::string_view kFreeColumn = " FR BOUND     ";
+constexpr std::string_view kEnd = "ENDATA";
+
+bool FitsValueField(std::string_view value) { return value.size() <= kValueWidth; }
+
+std::size_t CharactersOf(std::string_view name) {
+  return text::IsAscii(name) ? name.size() : text::CharacterCount(name);
+}
+
+bool IsBlank(std::string_view lines) {
+  return lines.find_first_not_of(" \r\n") == std::string_view::npos;
+}
+
+// What the RHS section says of a row; nothing for a limit that reads back without a line.
+std::optional<double> RightHandSideOf(const RowRecord& row) {
+  const bool has_lower = row.Type == 'E' || row.Type == 'G' || row.Type == 'R';
+  if (has_lower && row.LowerBound != 0) return row.LowerBound;
+  if (row.Type == 'L' && row.UpperBound != 0) return row.UpperBound;
+  return std::nullopt;
+}
+
+// The element lines of one column whose fields all fit: its name is put in place once, then only
+// row and value change.
+class ElementLine {
+ public:
+  explicit ElementLine(std::string_view column) {
+    std::memset(line_, ' ', kLength);
+    std::memcpy(line_ + kElement.size(), column.data(), column.size());
+    std::memcpy(line_ + kValueEnd, kLineEnd.data(), kLineEnd.size());
+  }
+
+  // `row` is the name with blanks up to the length of the longest that fits.
+  template <std::size_t kSize>
+  std::string_view With(const std::array<char, kSize>& row, std::string_view value) {
+    static_assert(kSize <= kNameWidth);
+    std::memcpy(line_ + kRowAt, row.data(), kSize);
+    std::memset(line_ + kValueAt, ' ', kValueWidth);
+    std::memcpy(line_ + kValueEnd - value.size(), value.data(), value.size());
+    return {line_, kLength};
+  }
+
+ private:
+  static constexpr std::size_t kRowAt = kElement.size() + kNameWidth;
+  static constexpr std::size_t kValueAt = kRowAt + kNameWidth;
+  static constexpr std::size_t kValueEnd = kValueAt + kValueWidth;
+  static constexpr std::size_t kLength = kValueEnd + kLineEnd.size();
+
+  char line_[kLength];
+};
+
+}  // namespace
+
+MpsWriter::NameField::NameField(std::string_view text) : NameField(text, CharactersOf(text)) {}
+
+MpsWriter::NameField::NameField(std::string_view text, std::size_t characters)
+    : name(text),
+      fits(characters <= kLongestFixedName),
+      blanks(fits ? kNameWidth - characters : 0) {}
+
+MpsWriter::MpsWriter(const ModelData& data, platform::OutputFile& file) : data_(data), file_(file) {
+  lines_.reserve(kHandOverSize + kHandOverSize / 4);
+}
+
+void MpsWriter::Write() {
+  if (!data_.ModelName.empty()) WriteName();
+  if (!data_.ModelDescription.empty()) WriteDescription();
+  if (data_.NumberOfRows >= 1) WriteRows();
+  if (data_.NumberOfColumns >= 1) WriteColumns();
+  if (data_.NumberOfRows >= 1) WriteRightHandSides();
+  WriteRanges();
+  if (data_.NumberOfColumns >= 1) WriteBounds();
+  WriteLine(kEnd);
+  HandOver();
+}
+
+void MpsWriter::WriteName() { WriteLine(kName, data_.ModelName); }
+
+void MpsWriter::WriteDescription() {
+  std::string_view rest = data_.ModelDescription;
+  do {
+    const std::size_t end = rest.find(kLineEnd);
+    WriteLine(kDescriptionLine, rest.substr(0, end));
+    if (end == std::string_view::npos) return;
+    rest.remove_prefix(end + kLineEnd.size());
+  } while (!IsBlank(rest));
+}
+
+void MpsWriter::WriteRows() {
+  WriteLine(kRows);
+  for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
+    const RowRecord& row = data_.Rows[i];
+    if (row.ElementCount() == 0) continue;
+    if (row.Type == 'R') {
+      WriteLine(kRangedRow, row.Name);
+    } else {
+      lines_ += ' ';
+      if (row.Type != kNoType) lines_ += row.Type;
+      WriteLine(kGap, row.Name);
+    }
+  }
+}
+
+void MpsWriter::WriteColumns() {
+  WriteLine(kColumns);
+  BuildRowLabels();
+  std::int32_t integers = 0;
+  for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) {
+    const ColumnRecord& column = data_.Columns[j];
+    if (column.Type == 'I') {
+      ++integers;
+    } else {
+      WriteElements(column);
+    }
+  }
+  if (integers == 0) return;
+  WriteLine(kIntegersBegin);
+  for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) {
+    const ColumnRecord& column = data_.Columns[j];
+    if (column.Type == 'I') WriteElements(column);
+  }
+  WriteLine(kIntegersEnd);
+}
+
+void MpsWriter::BuildRowLabels() {
+  row_labels_.Resize(data_.Rows.size());
+  for (std::int32_t i = 1; i <= data_.Rows.size(); ++i) {
+    const std::string& name = data_.Rows[i].Name;
+    RowLabel& label = row_labels_[i];
+    const bool plain = name.size() <= kLongestFixedName && text::IsAscii(name);
+    label.length = plain ? static_cast<std::uint8_t>(name.size()) : kOnlyInRow;
+    label.padded.fill(' ');
+    if (plain) std::copy(name.begin(), name.end(), label.padded.begin());
+  }
+}
+
+void MpsWriter::AnnounceRow(std::int32_t number) const {
+  if (number < 1 || number > row_labels_.size()) return;  // raised when it is used
+  __builtin_prefetch(&row_labels_[number]);
+}
+
+MpsWriter::NameField MpsWriter::RowName(std::int32_t number) const {
+  const RowLabel& label = row_labels_[number];
+  if (label.length == kOnlyInRow) return NameField(data_.Rows[number].Name);
+  return {std::string_view(label.padded.data(), label.length), label.length};
+}
+
+void MpsWriter::WriteElements(const ColumnRecord& column) {
+  const std::int32_t count = column.ElementCount();
+  for (std::int32_t k = 1; k <= std::min(count, kRowsAnnouncedAhead); ++k) {
+    AnnounceRow(column.Elements[k].Index);
+  }
+  const NameField name(column.Name);
+  const bool plain = name.fits && text::IsAscii(column.Name);
+  ElementLine line(plain ? name.name : std::string_view());
+  for (std::int32_t k = 1; k <= count; ++k) {
+    if (k <= count - kRowsAnnouncedAhead) {
+      AnnounceRow(column.Elements[k + kRowsAnnouncedAhead].Index);
+    }
+    const ElementEntry& element = column.Elements[k];
+    const std::string_view value = Format(element.Value, text::Picture::kElement);
+    const RowLabel& row = row_labels_[element.Index];
+    if (plain && row.length != kOnlyInRow && FitsValueField(value)) {
+      lines_ += line.With(row.padded, value);
+      if (lines_.size() >= kHandOverSize) HandOver();
+    } else {
+      WriteElement(name, RowName(element.Index), value);
+    }
+  }
+}
+
+void MpsWriter::WriteElement(const NameField& column, const NameField& row,
+                             std::string_view value) {
+  lines_ += kElement;
+  if (column.fits && row.fits && FitsValueField(value)) {
+    AppendPadded(column);
+    AppendPadded(row);
+    AppendRightAligned(value);
+  } else {
+    standard_ = false;
+    lines_ += column.name;
+    lines_ += kGap;
+    lines_ += row.name;
+    lines_ += kGap;
+    lines_ += value;
+  }
+  EndLine();
+}
+
+void MpsWriter::WriteRightHandSides() {
+  WriteLine(kRightHandSides);
+  for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
+    const RowRecord& row = data_.Rows[i];
+    const NameField name(row.Name);
+    if (!name.fits) standard_ = false;
+    if (const auto value = RightHandSideOf(row)) WriteRowEntry(kRightHandSide, name, *value);
+  }
+}
+
+void MpsWriter::WriteRanges() {
+  bool header_due = true;
+  for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
+    const RowRecord& row = data_.Rows[i];
+    if (row.Type != 'R') continue;
+    if (header_due) WriteLine(kRanges);
+    header_due = false;
+    WriteRowEntry(kRange, NameField(row.Name), row.UpperBound - row.LowerBound);
+  }
+}
+
+void MpsWriter::WriteRowEntry(std::string_view prefix, const NameField& row, double value) {
+  lines_ += prefix;
+  if (row.fits) {
+    AppendPadded(row);
+  } else {
+    standard_ = false;
+    lines_ += row.name;
+    lines_ += kGap;
+  }
+  const std::string_view text = Format(value, text::Picture::kElement);
+  if (FitsValueField(text)) {
+    AppendRightAligned(text);
+  } else {
+    standard_ = false;
+    lines_ += kGap;
+    lines_ += text;
+  }
+  EndLine();
+}
+
+void MpsWriter::WriteBounds() {
+  WriteLine(kBounds);
+  for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) {
+    const ColumnRecord& column = data_.Columns[j];
+    const NameField name(column.Name);
+    WriteLowerBound(column, name);
+    WriteUpperBound(column, name);
+  }
+}
+
+void MpsWriter::WriteLowerBound(const ColumnRecord& column, const NameField& name) {
+  const double lower = column.LowerBound;
+  const bool due = lower != 0 && lower != column.UpperBound && lower != -BoundLimit;
+  const std::string_view value = Format(lower, text::Picture::kBound);
+  if (name.fits && FitsValueField(value)) {
+    if (due) WriteFixedBound(kLowerBound, name, value);
+  } else {
+    standard_ = false;
+    if (due) WriteFreeBound(kLowerBound, name, FormatGeneral(lower));
+  }
+}
+
+void MpsWriter::WriteUpperBound(const ColumnRecord& column, const NameField& name) {
+  const double upper = column.UpperBound;
+  const bool fixed = upper == column.LowerBound;
+  if (!fixed && upper == BoundLimit) {
+    if (column.LowerBound != -BoundLimit) return;
+    standard_ = false;
+    WriteLine(kFreeColumn, name.name);
+    return;
+  }
+  const std::string_view prefix = fixed ? kFixedBounds : kUpperBound;
+  const std::string_view value = Format(upper, text::Picture::kBound);
+  if (name.fits && FitsValueField(value)) {
+    WriteFixedBound(prefix, name, value);
+  } else if (fixed) {
+    WriteFreeBound(prefix, name, FormatGeneral(upper));
+  } else {
+    WriteFreeBound(prefix, name, Format(upper, text::Picture::kWideBound));
+  }
+}
+
+void MpsWriter::WriteFixedBound(std::string_view prefix, const NameField& column,
+                                std::string_view value) {
+  lines_ += prefix;
+  AppendPadded(column);
+  AppendRightAligned(value);
+  EndLine();
+}
+
+void MpsWriter::WriteFreeBound(std::string_view prefix, const NameField& column,
+                               std::string_view value) {
+  lines_ += prefix;
+  lines_ += column.name;
+  lines_ += kGap;
+  lines_ += value;
+  EndLine();
+}
+
+std::string_view MpsWriter::Format(double value, text::Picture picture) {
+  value_.clear();
+  text::AppendPictureText(value_, value, picture);
+  return value_;
+}
+
+std::string_view MpsWriter::FormatGeneral(double value) {
+  value_.clear();
+  text::AppendGeneralText(value_, value);
+  return value_;
+}
+
+void MpsWriter::WriteLine(std::string_view prefix, std::string_view rest) {
+  lines_ += prefix;
+  lines_ += rest;
+  EndLine();
+}
+
+void MpsWriter::AppendPadded(const NameField& field) {
+  lines_ += field.name;
+  lines_.append(field.blanks, ' ');
+}
+
+void MpsWriter::AppendRightAligned(std::string_view value) {
+  lines_.append(kValueWidth - value.size(), ' ');
+  lines_ += value;
+}
+
+void MpsWriter::EndLine() {
+  lines_ += kLineEnd;
+  if (lines_.size() >= kHandOverSize) HandOver();
+}
+
+void MpsWriter::HandOver() {
+  file_.Write(lines_);
+  lines_.clear();
+}
+
+}  // namespace quarvel

@@ -1,0 +1,115 @@
+// Turns a model into the text of an MPS file.
+//
+// Layout. Every line ends in CR LF; the sections stand in this order:
+//   NAME        column 15: the model's name. No line for a model without a name.
+//   * text      one line for each line of the description, without its blank lines at the end.
+//   ROWS        " L  name" for each row with elements; a ranged row is written as G.
+//   COLUMNS     "    column    row       value", one coefficient a line: first the columns that are
+//   not
+//               integer, then all integer columns between one pair of INTORG and INTEND markers.
+//   RHS         "    RHS       row       value": the lower limit of rows E, G and R, the upper
+//   limit of rows
+//               L, unless it is 0. Rows without elements have theirs too.
+//   RANGES      "    RANGE     row       value": upper minus lower limit of each ranged row. No
+//   header
+//               without ranged rows.
+//   BOUNDS      " LO BOUND     column    value", likewise FX and UP, and " FR BOUND     column".
+//   Nothing is
+//               written for a lower bound of 0 or -1E+10, nor for an upper bound of +1E+10 on its
+//               own.
+//   ENDATA
+// ROWS and RHS stand there whenever the model has rows, COLUMNS and BOUNDS whenever it has columns.
+//
+// Names of up to 8 characters are padded to 10, values of up to 12 stand at the right end of 12.
+// What is longer is written whole with two blanks around it, and the file is then not a standard
+// one: readers of fixed columns cannot take it. A file also counts as not standard for any row with
+// a long name, for any column whose name or lower bound is long (-1E+10 is), whether or not a line
+// shows it, and for FR records.
+//
+// Cost: one pass over the model, lines gathered in one buffer, no allocation for a line.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "model/model_data.h"
+#include "model/one_based.h"
+#include "platform/files.h"
+#include "text/picture.h"
+
+namespace quarvel {
+
+class MpsWriter {
+ public:
+  // Names of more characters do not fit the fixed columns.
+  static constexpr std::size_t kLongestFixedName = 8;
+
+  // Both must outlive the writer; the data must be settled and stay as it is.
+  MpsWriter(const ModelData& data, platform::OutputFile& file);
+
+  // Writes everything; closing the file is left to its owner. Raises when the file cannot take it,
+  // and 9 for a coefficient at a row that is not stored.
+  void Write();
+
+  // False when a name, a value or a kind of record does not belong in a standard file.
+  bool standard() const { return standard_; }
+
+ private:
+  // A name with what its place in the fixed columns takes.
+  struct NameField {
+    explicit NameField(std::string_view text);
+    NameField(std::string_view text, std::size_t characters);
+    std::string_view name;
+    bool fits;
+    std::size_t blanks;  // up to the next field, when it fits
+  };
+  // The name of a row as element lines show it. Coefficients stand in random rows: so few bytes for
+  // each row stay in the processor's cache where the rows themselves do not.
+  struct RowLabel {
+    std::array<char, kLongestFixedName> padded;
+    std::uint8_t length;  // kOnlyInRow where the name does not fit or is not ASCII
+  };
+  static constexpr std::uint8_t kOnlyInRow = 0xFF;
+
+  void WriteName();
+  void WriteDescription();
+  void WriteRows();
+  void WriteColumns();
+  void WriteElements(const ColumnRecord& column);
+  void WriteElement(const NameField& column, const NameField& row, std::string_view value);
+  void WriteRightHandSides();
+  void WriteRanges();
+  void WriteBounds();
+  void WriteLowerBound(const ColumnRecord& column, const NameField& name);
+  void WriteUpperBound(const ColumnRecord& column, const NameField& name);
+
+  void BuildRowLabels();
+  // Has the label fetched while other work is done.
+  void AnnounceRow(std::int32_t number) const;
+  NameField RowName(std::int32_t number) const;
+  // The text of a value, valid until the next one is formatted.
+  std::string_view Format(double value, text::Picture picture);
+  std::string_view FormatGeneral(double value);
+
+  void WriteLine(std::string_view prefix, std::string_view rest = {});
+  // An entry of RHS or RANGES: name and value leave the fixed columns independently of each other.
+  void WriteRowEntry(std::string_view prefix, const NameField& row, double value);
+  void WriteFixedBound(std::string_view prefix, const NameField& column, std::string_view value);
+  void WriteFreeBound(std::string_view prefix, const NameField& column, std::string_view value);
+  void AppendPadded(const NameField& field);
+  void AppendRightAligned(std::string_view value);
+  void EndLine();
+  void HandOver();
+
+  const ModelData& data_;
+  platform::OutputFile& file_;
+  OneBased<RowLabel> row_labels_;
+  std::string lines_;  // not yet handed to the file
+  std::string value_;
+  bool standard_ = true;
+};
+
+}  // namespace quarvel

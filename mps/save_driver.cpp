@@ -1,0 +1,135 @@
+// SaveMPSFile and SaveAsMPSFile: where the file goes, the backup while the model's own file is
+// overwritten, and what the user hears. What the file holds is the writer's (mps_writer.h).
+
+#include <cstddef>
+#include <cstdint>
+#include <new>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "model/lp_model.h"
+#include "mps/frm_mps_file_open.h"
+#include "mps/mps_writer.h"
+#include "platform/automation_error.h"
+#include "platform/files.h"
+
+namespace quarvel {
+namespace {
+
+constexpr std::int16_t kSaved = -1;
+constexpr std::int16_t kCancelled = 0;
+constexpr std::int16_t kNotSaved = 1;
+
+constexpr std::string_view kNoElements = "No elements in the model.  Aborting save.";
+constexpr std::string_view kNotStandard =
+    "The file written is not a standard MPS file, since at least one of the row or column names or "
+    "element values was too long";
+
+// The last extension becomes "bkp"; a point in a folder's name is taken as well.
+std::string BackupName(const std::string& path) {
+  const std::size_t point = path.rfind('.');
+  return (point == std::string::npos ? path : path.substr(0, point + 1)) + "bkp";
+}
+
+// A copy of the model's own file, kept beside it while that file is overwritten.
+class Backup {
+ public:
+  explicit Backup(std::string path) : path_(std::move(path)), name_(BackupName(path_)) {}
+
+  // Makes no copy where the backup would be the very file that it is to protect.
+  void Make() {
+    if (name_ == path_ || platform::IsSameFile(name_, path_)) return;
+    if (platform::FileExists(name_)) platform::RemoveFile(name_);
+    platform::CopyFileContents(path_, name_);
+    complete_ = true;
+  }
+
+  void Delete() {
+    if (complete_ && platform::FileExists(name_)) platform::RemoveFile(name_);
+  }
+
+  // Only a whole copy is put back; the backup stays. A failure here is not reported: what the user
+  // must hear of is the failure that led here.
+  void Restore() noexcept {
+    if (!complete_) return;
+    try {
+      platform::CopyFileContents(name_, path_);
+    } catch (...) {
+    }
+  }
+
+ private:
+  std::string path_;
+  std::string name_;
+  bool complete_ = false;
+};
+
+void ShowBox(LPModel& model, std::string_view text) {
+  model.desktop().MsgBox(text, platform::MsgBoxStyle::kOk);
+}
+
+// Writes and closes the file; nothing when the model has no elements (the file is empty then), else
+// whether it is a standard one.
+std::optional<bool> WriteFile(const ModelData& data, const std::string& path) {
+  platform::OutputFile file(path);
+  std::optional<bool> standard;
+  if (data.NumberOfElements != 0) {
+    MpsWriter writer(data, file);
+    writer.Write();
+    standard = writer.standard();
+  }
+  file.Flush();
+  file.Close();
+  return standard;
+}
+
+void Save(LPModel& model, const std::string& path, std::optional<Backup>& backup) {
+  if (path == model.data().FileLocation) backup.emplace(path).Make();
+  const std::optional<bool> standard = WriteFile(model.data(), path);
+  if (!standard) {
+    ShowBox(model, kNoElements);
+    return;
+  }
+  if (!*standard) ShowBox(model, kNotStandard);
+  if (backup) backup->Delete();
+  model.data().FileLocation = path;
+}
+
+}  // namespace
+
+std::int16_t LPModel::SaveMPSFile(const std::string& FileLoc) {
+  // A host that is called back from a box may change its own text.
+  const std::string path = FileLoc;  // NOLINT(performance-unnecessary-copy-initialization)
+  if (path.empty()) return kNotSaved;
+  std::optional<Backup> backup;
+  std::optional<AutomationError> failure;
+  try {
+    Save(*this, path, backup);
+  } catch (const AutomationError& error) {
+    failure = error;
+  } catch (const std::bad_alloc&) {
+    failure = CurrentError();
+  }
+  if (!failure) return kSaved;
+  if (backup) backup->Restore();
+  ShowBox(*this, failure->description());
+  return kNotSaved;
+}
+
+std::int16_t LPModel::SaveAsMPSFile() {
+  platform::FileDialog request;
+  request.kind = platform::FileDialog::Kind::kSave;
+  request.title = "Save As...";
+  request.filter = "MPS files (*.mps)|*.mps|all files (*.*)|*.*";
+  request.default_extension = ".mps";
+  const std::string path = FileDialogHost(*this).Choose(request);
+  if (path.empty()) {
+    desktop_.Beep();
+    return kCancelled;
+  }
+  return SaveMPSFile(path);
+}
+
+}  // namespace quarvel

@@ -1,0 +1,52 @@
+// Pass 2: every column and row without elements goes, columns first, objective rows too.
+
+#include "simplify/simplifier.h"
+
+namespace quarvel {
+namespace {
+
+// No blank before the parenthesis, unlike pass 1.
+constexpr std::string_view kCaption = "Progress:  Simplifying MPS Model(";
+constexpr std::int64_t kInterval = 200;
+
+}  // namespace
+
+void Simplifier::RemoveEmptyRowsAndColumns() {
+  if (RemoveEmptyColumns()) RemoveEmptyRows();
+}
+
+bool Simplifier::RemoveEmptyColumns() {
+  const std::int32_t limit = model_.NumberOfColumns();
+  for (std::int32_t j = 1; j <= limit; ++j) {
+    if (StoppedAfterSteps(1, kInterval, kCaption)) return false;
+    if (j > model_.NumberOfColumns()) return true;  // a host that was called back has deleted some
+    const ColumnRecord& column = ColumnAt(j);
+    if (column.ElementCount() == 0) {
+      Log("Removed empty column:  " + column.Name);
+      changed_ = true;
+      model_.RemoveColumn(j);
+      --j;  // what has moved into this place comes next
+    }
+    if (j == model_.NumberOfColumns()) return true;
+  }
+  return true;
+}
+
+bool Simplifier::RemoveEmptyRows() {
+  const std::int32_t limit = model_.NumberOfRows();
+  for (std::int32_t i = 1; i <= limit; ++i) {
+    if (StoppedAfterSteps(1, kInterval, kCaption)) return false;
+    if (i > model_.NumberOfRows()) return true;
+    const RowRecord& row = RowAt(i);
+    if (row.ElementCount() == 0) {
+      Log("Removed empty row:  " + TypeText(row.Type) + " " + row.Name);
+      changed_ = true;
+      model_.RemoveRow(i);
+      --i;
+    }
+    if (i == model_.NumberOfRows()) return true;
+  }
+  return true;
+}
+
+}  // namespace quarvel

@@ -1,0 +1,42 @@
+#include "simplify/simplification_log.h"
+
+#include "platform/files.h"
+
+namespace quarvel {
+namespace {
+
+constexpr int kExtensionCharacters = 4;
+
+#ifdef _WIN32
+constexpr std::string_view kUnsavedLog = "\\newmodel.log";
+#else
+constexpr std::string_view kUnsavedLog = "/newmodel.log";
+#endif
+
+// True for a byte that goes on with the character of the byte before it.
+bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0u) == 0x80u; }
+
+std::string_view WithoutLastCharacter(std::string_view utf8) {
+  while (!utf8.empty() && IsContinuation(utf8.back())) utf8.remove_suffix(1);
+  if (!utf8.empty()) utf8.remove_suffix(1);
+  return utf8;
+}
+
+}  // namespace
+
+std::string BesideModel(std::string_view path) {
+  for (int i = 0; i < kExtensionCharacters; ++i) path = WithoutLastCharacter(path);
+  return std::string(path) + ".log";
+}
+
+std::string LogFileName(std::string_view file_location) {
+  if (!file_location.empty()) return BesideModel(file_location);
+  return platform::StateFolder().append(kUnsavedLog);
+}
+
+std::string LogHeading(std::string_view file_location) {
+  if (file_location.empty()) return "Log file for simplifications of unsaved model";
+  return "Log file for simplification of " + std::string(file_location);
+}
+
+}  // namespace quarvel

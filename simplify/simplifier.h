@@ -1,0 +1,79 @@
+// One run of SimplifyMPSModel: the progress window, the log, two passes over the model, and the
+// questions at the end.
+//
+// Pass 1 turns rows of one element into bounds of their column, pass 2 removes empty columns and
+// then empty rows. Both delete while they walk, one record at a time, yet the whole run costs one
+// pass over the model for each kind of record: deletions stay pending, records are reached by their
+// stored position, and gaps are closed when anything else looks. Boxes and event points may call
+// back into the model, which closes the gaps, so nothing that depends on positions is kept across
+// them.
+//
+// A failure closes the log, closes the window and is raised. What was changed before stays changed.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "model/lp_model.h"
+#include "mps/frm_progress.h"
+
+namespace quarvel {
+
+struct ConversionRule;
+
+class Simplifier {
+ public:
+  explicit Simplifier(LPModel& model);
+
+  // Raises 55 when a simplification of this model is going on, before anything is touched.
+  void Run();
+
+ private:
+  using Kind = PendingRemovals::Kind;
+  enum class RowFate { kKept, kDeleted, kPassEnded };
+
+  // --- the driver (simplifier.cpp) ---
+  void RunInWindow();
+  void ShowWindow();
+  void OpenLog();
+  void CloseLog();
+  // Nothing after a host that was called back has closed the log by making a new model.
+  void Log(std::string_view line);
+  void TellOutcome();
+  void OfferLog();
+  void DeleteLog();
+  // Counts steps. At each multiple of `interval` shows the progress, lets events run and gives true
+  // when the user has stopped.
+  bool StoppedAfterSteps(std::int64_t steps, std::int64_t interval, std::string_view caption);
+  // The stored model, to be looked at by records of `kind`: only removals of that same kind may be
+  // pending.
+  ModelData& Look(Kind kind);
+  // Records by their current 1-based number.
+  RowRecord& RowAt(std::int32_t i);
+  ColumnRecord& ColumnAt(std::int32_t j);
+
+  // --- pass 1 (convert_singleton_rows.cpp) ---
+  void ConvertSingletonRows();
+  RowFate ConvertRow(std::int32_t i);
+  RowFate AskAboutRow(std::int32_t i, const ConversionRule& rule, double lower, double upper);
+  // Applies a conversion to row i, whose single element is at hand, and deletes the row.
+  void ConvertAndDelete(std::int32_t i, unsigned taken_bounds, double lower, double upper);
+
+  // --- pass 2 (remove_empty_rows_and_columns.cpp) ---
+  void RemoveEmptyRowsAndColumns();
+  // False when the user has stopped.
+  bool RemoveEmptyColumns();
+  bool RemoveEmptyRows();
+
+  LPModel& model_;
+  frmProgress& window_;
+  std::string file_location_;  // as it was when the log was opened
+  std::string log_name_;
+  bool owns_log_ = false;
+  bool changed_ = false;
+  std::int64_t steps_done_ = 0;
+  std::int64_t steps_total_ = 0;
+};
+
+}  // namespace quarvel

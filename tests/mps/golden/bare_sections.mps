@@ -1,0 +1,7 @@
+ROWS
+ N  COST
+COLUMNS
+    X         COST                1.
+RHS
+BOUNDS
+ENDATA

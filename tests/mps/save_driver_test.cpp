@@ -1,0 +1,277 @@
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "platform/files.h"
+#include "tests/mps/saving.h"
+
+namespace quarvel {
+namespace {
+
+using platform::FileDialog;
+using platform::FileExists;
+using platform::MsgBoxResult;
+using platform::ShownBox;
+
+// Makes a folder the current one for a while.
+class WorkingFolder {
+ public:
+  explicit WorkingFolder(const std::string& path) { std::filesystem::current_path(ToPath(path)); }
+  ~WorkingFolder() { std::filesystem::current_path(before_); }
+  WorkingFolder(const WorkingFolder&) = delete;
+  WorkingFolder& operator=(const WorkingFolder&) = delete;
+
+ private:
+  std::filesystem::path before_ = std::filesystem::current_path();
+};
+
+TEST_F(Saving, WritesTheModelAndTakesThePathOver) {
+  EXPECT_EQ(model.SaveMPSFile(path), kSaved);
+  EXPECT_EQ(ReadWholeFile(path), kSmallModel);
+  EXPECT_EQ(model.FileLocation(), path);
+  EXPECT_EQ(desktop.transcript(), std::vector<std::string>());
+}
+
+TEST_F(Saving, LeavesTheModelAsItIs) {
+  build.Row("EMPTY", 'L', 2).Column("UNUSED");
+  model.SaveMPSFile(path);
+  EXPECT_EQ(model.NumberOfRows(), 2);
+  EXPECT_EQ(model.NumberOfColumns(), 2);
+  EXPECT_EQ(CheckModelData(model.data()), "");
+}
+
+TEST_F(Saving, DoesNothingWithoutAPath) {
+  EXPECT_EQ(model.SaveMPSFile(""), kNotSaved);
+  EXPECT_EQ(desktop.transcript(), std::vector<std::string>());
+  EXPECT_EQ(model.FileLocation(), "");
+}
+
+TEST_F(Saving, ReplacesALongerFileWhole) {
+  WriteWholeFile(path, std::string(10000, 'x'));
+  EXPECT_EQ(model.SaveMPSFile(path), kSaved);
+  EXPECT_EQ(ReadWholeFile(path), kSmallModel);
+}
+
+TEST_F(Saving, WarnsOnceOfAFileThatIsNotStandard) {
+  build.Row("NINEROWSX", 'L').Column("NINECOLSX").Element("NINECOLSX", "NINEROWSX", 1);
+  EXPECT_EQ(model.SaveMPSFile(path), kSaved);
+  EXPECT_EQ(desktop.boxes(), Box(kNotStandard));
+  EXPECT_EQ(model.FileLocation(), path);
+}
+
+TEST_F(Saving, WarnsAfterTheFileIsCompleteAndClosed) {
+  build.Row("NINEROWSX", 'L');
+  std::string seen;
+  std::string location_then;
+  desktop.on_box = [&](const ShownBox&) {
+    seen = ReadWholeFile(path);
+    platform::RemoveFile(path);
+    location_then = model.FileLocation();
+    return MsgBoxResult::kOk;
+  };
+  EXPECT_EQ(model.SaveMPSFile(path), kSaved);
+  EXPECT_EQ(seen, kSmallModel);
+  EXPECT_EQ(location_then, "");
+}
+
+TEST_F(Saving, SurvivesAHostThatChangesThePathAndTheModelFromTheBox) {
+  build.Row("NINEROWSX", 'L');
+  std::string location = path;
+  desktop.on_box = [&](const ShownBox&) {
+    location = "elsewhere";
+    model.MakeNewModel();
+    return MsgBoxResult::kOk;
+  };
+  EXPECT_EQ(model.SaveMPSFile(location), kSaved);
+  EXPECT_EQ(ReadWholeFile(path), kSmallModel);
+  EXPECT_EQ(model.FileLocation(), path);
+}
+
+// --- no elements ---
+
+TEST_F(Saving, LeavesAnEmptyFileForAModelWithoutElements) {
+  model.MakeNewModel();
+  WriteWholeFile(path, kOldText);
+  EXPECT_EQ(model.SaveMPSFile(path), kSaved);
+  EXPECT_EQ(desktop.boxes(), Box("No elements in the model.  Aborting save."));
+  EXPECT_EQ(ReadWholeFile(path), "");
+  EXPECT_EQ(model.FileLocation(), "");
+}
+
+TEST_F(Saving, HasClosedTheEmptyFileWhenItSaysSo) {
+  model.MakeNewModel();
+  desktop.on_box = [&](const ShownBox&) {
+    platform::RemoveFile(path);
+    return MsgBoxResult::kOk;
+  };
+  EXPECT_EQ(model.SaveMPSFile(path), kSaved);
+  EXPECT_FALSE(FileExists(path));
+}
+
+TEST_F(Saving, KeepsTheBackupOfAFileEmptiedForAModelWithoutElements) {
+  model.MakeNewModel();
+  OwnFile(path);
+  EXPECT_EQ(model.SaveMPSFile(path), kSaved);
+  EXPECT_EQ(ReadWholeFile(path), "");
+  EXPECT_EQ(ReadWholeFile(backup), kOldText);
+  EXPECT_EQ(model.FileLocation(), path);
+}
+
+// --- backup ---
+
+TEST_F(Saving, KeepsABackupOfTheOwnFileOnlyWhileItRuns) {
+  OwnFile(path);
+  build.Row("NINEROWSX", 'L');
+  std::string copy;
+  desktop.on_box = [&](const ShownBox&) {
+    copy = ReadWholeFile(backup);
+    return MsgBoxResult::kOk;
+  };
+  EXPECT_EQ(model.SaveMPSFile(path), kSaved);
+  EXPECT_EQ(copy, kOldText);
+  EXPECT_FALSE(FileExists(backup));
+  EXPECT_EQ(ReadWholeFile(path), kSmallModel);
+}
+
+TEST_F(Saving, ReplacesAnOldBackupAndDeletesTheNewOne) {
+  OwnFile(path);
+  WriteWholeFile(backup, "an older backup");
+  EXPECT_EQ(model.SaveMPSFile(path), kSaved);
+  EXPECT_FALSE(FileExists(backup));
+  EXPECT_EQ(ReadWholeFile(path), kSmallModel);
+}
+
+TEST_F(Saving, ToleratesABackupThatWentAwayMeanwhile) {
+  OwnFile(path);
+  build.Row("NINEROWSX", 'L');
+  desktop.on_box = [&](const ShownBox&) {
+    platform::RemoveFile(backup);
+    return MsgBoxResult::kOk;
+  };
+  EXPECT_EQ(model.SaveMPSFile(path), kSaved);
+  EXPECT_EQ(desktop.boxes().size(), 1u);
+}
+
+TEST_F(Saving, TouchesNoBackupFileWhenSavedElsewhere) {
+  OwnFile(path);
+  const std::string other = folder.File("other.mps");
+  const std::string other_backup = folder.File("other.bkp");
+  WriteWholeFile(other, "overwritten");
+  WriteWholeFile(backup, "the user's");
+  WriteWholeFile(other_backup, "the user's too");
+  EXPECT_EQ(model.SaveMPSFile(other), kSaved);
+  EXPECT_EQ(ReadWholeFile(path), kOldText);
+  EXPECT_EQ(ReadWholeFile(backup), "the user's");
+  EXPECT_EQ(ReadWholeFile(other_backup), "the user's too");
+  EXPECT_EQ(model.FileLocation(), other);
+}
+
+TEST_F(Saving, ComparesThePathWithItsOwnAsText) {
+  OwnFile(path);
+  WriteWholeFile(backup, "the user's");
+  const std::string same_file = folder.path() + "/./model.mps";
+  EXPECT_EQ(model.SaveMPSFile(same_file), kSaved);
+  EXPECT_EQ(ReadWholeFile(backup), "the user's");
+  EXPECT_EQ(model.FileLocation(), same_file);
+}
+
+TEST_F(Saving, NamesTheBackupByTheLastPointOfThePath) {
+  MakeFolder(folder.File("a.folder"));
+  const struct {
+    std::string own;
+    std::string copy;
+  } cases[] = {
+      {"model.old.mps", "model.old.bkp"},
+      {".mps", ".bkp"},
+      {"a.folder/model", "a.bkp"},
+  };
+  for (const auto& [own, copy] : cases) {
+    OwnFile(folder.File(own));
+    BreakModel();
+    EXPECT_EQ(model.SaveMPSFile(folder.File(own)), kNotSaved) << own;
+    ASSERT_TRUE(FileExists(folder.File(copy))) << own;
+    EXPECT_EQ(ReadWholeFile(folder.File(copy)), kOldText) << own;
+    platform::RemoveFile(folder.File(copy));
+  }
+}
+
+TEST_F(Saving, AppendsToAPathWithoutAPointForTheBackup) {
+  // A relative path has no point of a folder above it.
+  const WorkingFolder inside(folder.path());
+  OwnFile("model");
+  BreakModel();
+  EXPECT_EQ(model.SaveMPSFile("model"), kNotSaved);
+  EXPECT_EQ(ReadWholeFile("modelbkp"), kOldText);
+}
+
+TEST_F(Saving, MakesNoBackupWhereItWouldBeTheFileItself) {
+  OwnFile(backup);
+  EXPECT_EQ(model.SaveMPSFile(backup), kSaved);
+  EXPECT_EQ(ReadWholeFile(backup), kSmallModel);
+  EXPECT_EQ(desktop.transcript(), std::vector<std::string>());
+}
+
+TEST_F(Saving, CreatesAFileOfItsOwnBackupName) {
+  build.Location(backup);
+  EXPECT_EQ(model.SaveMPSFile(backup), kSaved);
+  EXPECT_EQ(ReadWholeFile(backup), kSmallModel);
+}
+
+#ifndef _WIN32
+TEST_F(Saving, MakesNoBackupWhereTheOwnFileIsALinkToIt) {
+  WriteWholeFile(backup, kOldText);
+  std::filesystem::create_symlink(ToPath(backup), ToPath(path));
+  build.Location(path);
+  EXPECT_EQ(model.SaveMPSFile(path), kSaved);
+  EXPECT_EQ(ReadWholeFile(backup), kSmallModel);
+}
+#endif
+
+// --- SaveAsMPSFile ---
+
+TEST_F(Saving, AsksForAPathWithAnEmptyNameEachTime) {
+  desktop.files = {path, "", folder.File("other.mps")};
+  EXPECT_EQ(model.SaveAsMPSFile(), kSaved);
+  EXPECT_EQ(model.SaveAsMPSFile(), kCancelled);
+  EXPECT_EQ(model.SaveAsMPSFile(), kSaved);
+  EXPECT_EQ(model.FileLocation(), folder.File("other.mps"));
+  ASSERT_EQ(desktop.file_dialogs().size(), 3u);
+  for (const FileDialog& dialog : desktop.file_dialogs()) {
+    EXPECT_EQ(dialog.kind, FileDialog::Kind::kSave);
+    EXPECT_EQ(dialog.title, "Save As...");
+    EXPECT_EQ(dialog.filter, "MPS files (*.mps)|*.mps|all files (*.*)|*.*");
+    EXPECT_EQ(dialog.default_extension, ".mps");
+    EXPECT_EQ(dialog.file_name, "");
+  }
+}
+
+TEST_F(Saving, OnlyBeepsWhenTheDialogIsCancelled) {
+  OwnFile(path);
+  desktop.files = {""};
+  EXPECT_EQ(model.SaveAsMPSFile(), kCancelled);
+  EXPECT_EQ(desktop.beeps(), 1);
+  EXPECT_EQ(desktop.boxes(), Boxes());
+  EXPECT_EQ(ReadWholeFile(path), kOldText);
+  EXPECT_EQ(model.FileLocation(), path);
+}
+
+TEST_F(Saving, AsAnotherFilePassesAFailureOn) {
+  desktop.files = {folder.File("missing/model.mps")};
+  EXPECT_EQ(model.SaveAsMPSFile(), kNotSaved);
+  EXPECT_EQ(desktop.boxes(), Box(RunTimeError::kPathNotFound));
+  EXPECT_EQ(desktop.beeps(), 0);
+}
+
+TEST_F(Saving, AsItsOwnFileKeepsABackupMeanwhile) {
+  OwnFile(path);
+  BreakModel();
+  desktop.files = {path};
+  EXPECT_EQ(model.SaveAsMPSFile(), kNotSaved);
+  EXPECT_EQ(ReadWholeFile(path), kOldText);
+  EXPECT_EQ(ReadWholeFile(backup), kOldText);
+}
+
+}  // namespace
+}  // namespace quarvel

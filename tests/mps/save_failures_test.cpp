@@ -1,0 +1,139 @@
+// SaveMPSFile when it cannot do its work: what the user hears and what happens to the files.
+
+#include <filesystem>
+#include <new>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "platform/files.h"
+#include "tests/mps/saving.h"
+
+namespace quarvel {
+namespace {
+
+using platform::FileExists;
+using platform::MsgBoxResult;
+using platform::ShownBox;
+
+TEST_F(Saving, RestoresTheOwnFileAndKeepsItsBackupWhenItFails) {
+  OwnFile(path);
+  BreakModel();
+  EXPECT_EQ(model.SaveMPSFile(path), kNotSaved);
+  EXPECT_EQ(desktop.boxes(), Box(RunTimeError::kSubscriptOutOfRange));
+  EXPECT_EQ(ReadWholeFile(path), kOldText);
+  EXPECT_EQ(ReadWholeFile(backup), kOldText);
+  EXPECT_EQ(model.FileLocation(), path);
+}
+
+TEST_F(Saving, HasRestoredAndClosedTheFileWhenItReportsTheFailure) {
+  OwnFile(path);
+  BreakModel();
+  std::string seen;
+  desktop.on_box = [&](const ShownBox&) {
+    seen = ReadWholeFile(path);
+    platform::RemoveFile(path);
+    return MsgBoxResult::kOk;
+  };
+  EXPECT_EQ(model.SaveMPSFile(path), kNotSaved);
+  EXPECT_EQ(seen, kOldText);
+}
+
+TEST_F(Saving, RestoresFromNoBackupOfAnotherSave) {
+  OwnFile(path);
+  BreakModel();
+  const std::string other = folder.File("other.mps");
+  WriteWholeFile(folder.File("other.bkp"), "the user's");
+  EXPECT_EQ(model.SaveMPSFile(other), kNotSaved);
+  EXPECT_EQ(desktop.boxes(), Box(RunTimeError::kSubscriptOutOfRange));
+  EXPECT_NE(ReadWholeFile(other), "the user's");
+  EXPECT_EQ(ReadWholeFile(folder.File("other.bkp")), "the user's");
+  EXPECT_EQ(model.FileLocation(), path);
+}
+
+TEST_F(Saving, LeavesTheOwnFileAloneWhenItsBackupCannotBeMade) {
+  OwnFile(path);
+  MakeFolder(backup);
+  EXPECT_EQ(model.SaveMPSFile(path), kNotSaved);
+  EXPECT_EQ(desktop.boxes(), Box(RunTimeError::kPathFileAccessError));
+  EXPECT_EQ(ReadWholeFile(path), kOldText);
+  EXPECT_TRUE(std::filesystem::is_directory(ToPath(backup)));
+}
+
+TEST_F(Saving, FailsWhenTheOwnFileIsGone) {
+  build.Location(path);
+  EXPECT_EQ(model.SaveMPSFile(path), kNotSaved);
+  EXPECT_EQ(desktop.boxes(), Box(RunTimeError::kFileNotFound));
+  EXPECT_FALSE(FileExists(path));
+}
+
+TEST_F(Saving, SaysWhyTheFileCannotBeCreated) {
+  MakeFolder(folder.File("folder.mps"));
+  const struct {
+    const char* name;
+    RunTimeError error;
+  } cases[] = {
+      {"missing/model.mps", RunTimeError::kPathNotFound},
+      {"folder.mps", RunTimeError::kPathFileAccessError},
+  };
+  for (const auto& [name, error] : cases) {
+    desktop.Clear();
+    EXPECT_EQ(model.SaveMPSFile(folder.File(name)), kNotSaved) << name;
+    EXPECT_EQ(desktop.boxes(), Box(error)) << name;
+    EXPECT_EQ(model.FileLocation(), "") << name;
+  }
+}
+
+#ifndef _WIN32
+TEST_F(Saving, HearsOfAFullDiskWhenTheFileIsClosed) {
+  build.Row("NINEROWSX", 'L');
+  EXPECT_EQ(model.SaveMPSFile("/dev/full"), kNotSaved);
+  EXPECT_EQ(desktop.boxes(), Box(RunTimeError::kDiskFull));
+  EXPECT_EQ(model.FileLocation(), "");
+}
+#endif
+
+TEST_F(Saving, RestoresTheOwnFileWhenAHostFailsInTheBox) {
+  OwnFile(path);
+  build.Row("NINEROWSX", 'L');
+  desktop.on_box = [&](const ShownBox& box) {
+    if (box.text == kNotStandard) RaiseRunTimeError(RunTimeError::kDeviceIoError);
+    return MsgBoxResult::kOk;
+  };
+  EXPECT_EQ(model.SaveMPSFile(path), kNotSaved);
+  ASSERT_EQ(desktop.boxes().size(), 2u);
+  EXPECT_EQ(desktop.boxes()[1].text, Describe(RunTimeError::kDeviceIoError));
+  EXPECT_EQ(ReadWholeFile(path), kOldText);
+}
+
+TEST_F(Saving, ReportsTheFirstFailureWhenRestoringFailsToo) {
+  OwnFile(path);
+  build.Row("NINEROWSX", 'L');
+  desktop.on_box = [&](const ShownBox& box) {
+    if (box.text == kNotStandard) {
+      platform::RemoveFile(backup);
+      RaiseRunTimeError(RunTimeError::kDeviceIoError);
+    }
+    return MsgBoxResult::kOk;
+  };
+  EXPECT_EQ(model.SaveMPSFile(path), kNotSaved);
+  ASSERT_EQ(desktop.boxes().size(), 2u);
+  EXPECT_EQ(desktop.boxes()[1].text, Describe(RunTimeError::kDeviceIoError));
+  EXPECT_EQ(ReadWholeFile(path), kSmallModel);
+}
+
+TEST_F(Saving, ReportsMemoryThatRanOut) {
+  OwnFile(path);
+  build.Row("NINEROWSX", 'L');
+  desktop.on_box = [&](const ShownBox& box) {
+    if (box.text == kNotStandard) throw std::bad_alloc();
+    return MsgBoxResult::kOk;
+  };
+  EXPECT_EQ(model.SaveMPSFile(path), kNotSaved);
+  ASSERT_EQ(desktop.boxes().size(), 2u);
+  EXPECT_EQ(desktop.boxes()[1].text, Describe(RunTimeError::kOutOfMemory));
+  EXPECT_EQ(ReadWholeFile(path), kOldText);
+}
+
+}  // namespace
+}  // namespace quarvel

@@ -1,0 +1,40 @@
+#include "tests/mps/write_helpers.h"
+
+#include <stdexcept>
+
+#include "mps/mps_writer.h"
+#include "platform/files.h"
+#include "tests/support/test_paths.h"
+
+namespace quarvel {
+
+Lines WrittenModel::Section(std::string_view header) const {
+  constexpr std::string_view kLineEnd = "\r\n";
+  Lines section;
+  bool inside = false;
+  std::string_view rest = text;
+  for (std::size_t end = rest.find(kLineEnd); end != rest.npos; end = rest.find(kLineEnd)) {
+    const std::string_view line = rest.substr(0, end);
+    rest.remove_prefix(end + kLineEnd.size());
+    if (inside && !line.starts_with(' ')) return section;
+    if (inside) section.emplace_back(line);
+    inside = inside || line == header;
+  }
+  throw std::out_of_range("no section " + std::string(header) + " in\n" + text);
+}
+
+WrittenModel HandMadeModel::Write() const {
+  const TemporaryFolder folder;
+  const std::string path = folder.File("written.mps");
+  platform::OutputFile file(path);
+  MpsWriter writer(model.data(), file);
+  writer.Write();
+  file.Close();
+  return {ReadWholeFile(path), writer.standard()};
+}
+
+std::string GoldenFile(std::string_view name) {
+  return ReadWholeFile(SourceFolder() + "/tests/mps/golden/" + std::string(name));
+}
+
+}  // namespace quarvel
