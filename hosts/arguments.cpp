@@ -1,0 +1,196 @@
+#include "hosts/arguments.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "hosts/printing.h"
+#include "hosts/streams.h"
+
+namespace quarvel::hosts {
+namespace {
+
+struct Option {
+  OptionSet id;  // 0 for what every command takes
+  std::string_view name;
+  std::string_view short_name;
+  std::string_view value;  // what its value is called; empty for none
+  std::string_view help;
+  // False when the value is not allowed.
+  bool (*set)(Arguments& arguments, std::string_view value);
+};
+
+template <class Choice>
+struct Word {
+  std::string_view word;
+  Choice choice;
+};
+constexpr Word<bool> kBoundWords[] = {{"0", false}, {"inf", true}};
+constexpr Word<OnError> kErrorWords[] = {
+    {"ask", OnError::kAsk}, {"stop", OnError::kStop}, {"continue", OnError::kContinue}};
+constexpr Word<OnConflict> kConflictWords[] = {{"ask", OnConflict::kAsk},
+                                               {"remove", OnConflict::kRemove},
+                                               {"reset", OnConflict::kReset},
+                                               {"stop", OnConflict::kStop}};
+
+template <class Target, class Words>
+bool Choose(Target& target, const Words& words, std::string_view value) {
+  const auto* const found =
+      std::find_if(std::begin(words), std::end(words),
+                   [value](const auto& known) { return known.word == value; });
+  if (found == std::end(words)) return false;
+  target = found->choice;
+  return true;
+}
+
+bool SetLimit(Arguments& arguments, std::string_view value) {
+  std::int64_t limit = 0;
+  const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), limit);
+  if (error != std::errc() || end != value.data() + value.size() || limit < 0) return false;
+  arguments.limit = limit;
+  return true;
+}
+
+bool SetPath(std::string& target, std::string_view value) {
+  target = value;
+  return !value.empty();
+}
+
+constexpr Option kOptions[] = {
+    {kDefaultBounds, "--default-bounds", "", "0|inf",
+     "lower bound of columns that the file gives none:\n0, or no bound",
+     [](Arguments& a, std::string_view v) {
+       return Choose(a.infinite_default_bounds, kBoundWords, v);
+     }},
+    {kOnError, "--on-error", "", "ask|stop|continue",
+     "at a problem in the file: ask (the default on a terminal),\n"
+     "stop (the default elsewhere), or pass over it",
+     [](Arguments& a, std::string_view v) { return Choose(a.on_error, kErrorWords, v); }},
+    {kSimplify, "--simplify", "", "", "simplify the model once it is read",
+     [](Arguments& a, std::string_view) { return a.simplify = true; }},
+    {kOnConflict, "--on-conflict", "", "ask|remove|reset|stop",
+     "when a row of one element contradicts its column's\n"
+     "bounds: ask (the default on a terminal), remove the\n"
+     "row, reset the bounds to it, or stop converting rows\n"
+     "(the default elsewhere)",
+     [](Arguments& a, std::string_view v) { return Choose(a.on_conflict, kConflictWords, v); }},
+    {kLog, "--log", "", "FILE", "copy the log of the simplification to FILE",
+     [](Arguments& a, std::string_view v) { return SetPath(a.log, v); }},
+    {kJson, "--json", "", "", "print JSON",
+     [](Arguments& a, std::string_view) { return a.json = true; }},
+    {kLimit, "--limit", "", "N", "print at most N of them",
+     [](Arguments& a, std::string_view v) { return SetLimit(a, v); }},
+    {kEquations, "--equations", "", "", "print each row as an equation",
+     [](Arguments& a, std::string_view) { return a.equations = true; }},
+    {kPoint, "--point", "", "FILE", "take the point from FILE, a NAME VALUE or NAME=VALUE a line",
+     [](Arguments& a, std::string_view v) { return SetPath(a.point, v); }},
+    {kCommand, "--command", "-c", "COMMAND", "one edit command; may be given many times",
+     [](Arguments& a, std::string_view v) {
+       a.edit_commands.emplace_back(v);
+       return true;
+     }},
+    {0, "--help", "-h", "", "print this help",
+     [](Arguments& a, std::string_view) { return a.help = true; }},
+    {0, "--version", "", "", "print the version",
+     [](Arguments& a, std::string_view) { return a.version = true; }},
+};
+
+[[noreturn]] void RaiseUsage(std::string text) { throw CommandError(kUsage, std::move(text)); }
+
+const Option& FindOption(std::string_view name) {
+  for (const Option& option : kOptions) {
+    if (name == option.name || (!option.short_name.empty() && name == option.short_name)) {
+      return option;
+    }
+  }
+  RaiseUsage("there is no option " + std::string(name));
+}
+
+bool IsOption(std::string_view word) {
+  return word.size() > 1 && word[0] == '-' &&
+         std::string_view("0123456789.").find(word[1]) == std::string_view::npos;
+}
+
+// The option at the front of `words`; gives how many words it took.
+std::size_t TakeOption(Arguments& arguments, std::span<const std::string> words) {
+  std::string_view name = words[0];
+  std::optional<std::string_view> value;
+  const std::size_t equals = name.find('=');
+  if (equals != std::string_view::npos && name.starts_with("--")) {
+    value = name.substr(equals + 1);
+    name = name.substr(0, equals);
+  }
+  const Option& option = FindOption(name);
+  std::size_t taken = 1;
+  if (option.value.empty()) {
+    if (value) RaiseUsage(std::string(option.name) + " takes no value");
+  } else if (!value) {
+    if (words.size() < 2) {
+      RaiseUsage(std::string(option.name) + " needs a value: " + std::string(option.value));
+    }
+    value = words[1];
+    taken = 2;
+  }
+  if (!option.set(arguments, value.value_or(""))) {
+    RaiseUsage(std::string(option.name) + " takes " + std::string(option.value) + ", not \"" +
+               std::string(*value) + "\"");
+  }
+  arguments.used |= option.id;
+  return taken;
+}
+
+void TakeOperand(Arguments& arguments, const std::string& word) {
+  if (arguments.command.empty()) {
+    arguments.command = word;
+  } else {
+    arguments.operands.push_back(word);
+  }
+}
+
+}  // namespace
+
+Arguments ParseArguments(std::span<const std::string> words) {
+  Arguments arguments;
+  while (!words.empty()) {
+    std::size_t taken = 1;
+    if (words[0] == "--") {
+      for (const std::string& word : words.subspan(1)) TakeOperand(arguments, word);
+      break;
+    }
+    if (IsOption(words[0])) {
+      taken = TakeOption(arguments, words);
+    } else {
+      TakeOperand(arguments, words[0]);
+    }
+    words = words.subspan(taken);
+  }
+  return arguments;
+}
+
+std::string DescribeOptions(OptionSet options) {
+  constexpr std::size_t kIndent = 40;
+  std::string text;
+  for (const Option& option : kOptions) {
+    if ((option.id & options) != option.id) continue;
+    std::string line = "  ";
+    if (!option.short_name.empty()) line.append(option.short_name).append(", ");
+    line += option.name;
+    if (!option.value.empty()) line.append(" ").append(option.value);
+    line += "  ";
+    AppendLeft(text, line, kIndent);
+    for (const char c : option.help) {
+      text += c;
+      if (c == '\n') text.append(kIndent, ' ');
+    }
+    text += '\n';
+  }
+  return text;
+}
+
+std::string OptionName(OptionSet options) {
+  const auto* const found =
+      std::find_if(std::begin(kOptions), std::end(kOptions),
+                   [options](const Option& option) { return (option.id & options) != 0; });
+  return found == std::end(kOptions) ? "" : std::string(found->name);
+}
+
+}  // namespace quarvel::hosts

@@ -1,0 +1,67 @@
+// The command line: one command, its operands, and options that may stand anywhere.
+//
+// "--name value" and "--name=value" are the same. A "-" alone, or before a digit or a point, starts
+// an operand, and everything after "--" is one. An option belongs to certain commands; any other
+// command refuses it.
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quarvel::hosts {
+
+// Which options a command takes, or a command line has.
+using OptionSet = std::uint32_t;
+
+inline constexpr OptionSet kDefaultBounds = 1U << 0;
+inline constexpr OptionSet kOnError = 1U << 1;
+inline constexpr OptionSet kSimplify = 1U << 2;
+inline constexpr OptionSet kOnConflict = 1U << 3;
+inline constexpr OptionSet kLog = 1U << 4;
+inline constexpr OptionSet kJson = 1U << 5;
+inline constexpr OptionSet kLimit = 1U << 6;
+inline constexpr OptionSet kEquations = 1U << 7;
+inline constexpr OptionSet kPoint = 1U << 8;
+inline constexpr OptionSet kCommand = 1U << 9;
+
+// What happens at a question: the user decides, or it is decided here. kAsk where nobody can be
+// asked is kStop.
+enum class OnError { kAsk, kStop, kContinue };
+enum class OnConflict { kAsk, kRemove, kReset, kStop };
+
+struct Arguments {
+  std::string command;
+  std::vector<std::string> operands;
+  OptionSet used = 0;
+
+  std::optional<bool> infinite_default_bounds;
+  OnError on_error = OnError::kAsk;
+  bool simplify = false;
+  OnConflict on_conflict = OnConflict::kAsk;
+  std::string log;
+  bool json = false;
+  std::int64_t limit = std::numeric_limits<std::int64_t>::max();
+  bool equations = false;
+  std::string point;
+  std::vector<std::string> edit_commands;
+
+  bool help = false;
+  bool version = false;
+};
+
+// Takes the command line apart (without the program's name). Raises a CommandError of status kUsage
+// for an unknown option, a missing value or one that is not allowed.
+Arguments ParseArguments(std::span<const std::string> words);
+
+// The lines of a help text about these options.
+std::string DescribeOptions(OptionSet options);
+
+// The name of the first option of the set, "--json".
+std::string OptionName(OptionSet options);
+
+}  // namespace quarvel::hosts

@@ -1,0 +1,109 @@
+// quarvel check: every problem of a file, printed as the reader meets it, so that a file of nothing
+// but problems takes no memory.
+
+#include <memory>
+
+#include "hosts/commands.h"
+#include "hosts/printing.h"
+#include "text/numbers.h"
+
+namespace quarvel::hosts {
+namespace {
+
+constexpr std::int16_t kRead = -1;
+
+// Takes the problems one by one and writes them down in its form.
+class Report {
+ public:
+  explicit Report(Session& session) : session_(session), out_(session.streams.out) {}
+  virtual ~Report() = default;
+  Report(const Report&) = delete;
+  Report& operator=(const Report&) = delete;
+
+  virtual void Begin() = 0;
+  virtual void End(bool read) = 0;
+  void Add(const FileProblem& problem) {
+    if (++count_ <= session_.arguments.limit) Print(problem);
+  }
+  std::int64_t count() const { return count_; }
+
+ protected:
+  virtual void Print(const FileProblem& problem) = 0;
+  const std::string& file() const { return session_.arguments.operands[0]; }
+  const LPModel& model() const { return session_.model(); }
+
+  Session& session_;
+  std::ostream& out_;
+
+ private:
+  std::int64_t count_ = 0;
+};
+
+class TextReport : public Report {
+ public:
+  using Report::Report;
+
+  void Begin() override {}
+
+  void End(bool read) override {
+    std::string line = file() + ": " + (count() == 0 ? "no problems" : Counted(count(), "problem"));
+    line += read ? "; " + SizeText(model()) : "; not read";
+    out_ << OneLine(line) + '\n';
+  }
+
+ protected:
+  void Print(const FileProblem& problem) override {
+    std::string line = file() + ':';
+    if (problem.line != 0) line += text::IntegerText(problem.line) + ':';
+    out_ << OneLine(line + ' ' + problem.text) + '\n';
+  }
+};
+
+class JsonReport : public Report {
+ public:
+  using Report::Report;
+
+  void Begin() override {
+    std::string json = "{";
+    AppendJsonMember(json, "file", file());
+    out_ << json + ",\"problems\":[";
+  }
+
+  void End(bool read) override {
+    std::string json = "],\"count\":" + text::IntegerText(count());
+    json.append(",\"read\":").append(read ? "true" : "false");
+    AppendJsonMember(json, "rows", model().NumberOfRows());
+    AppendJsonMember(json, "columns", model().NumberOfColumns());
+    AppendJsonMember(json, "elements", model().NumberOfElements());
+    out_ << json + "}\n";
+  }
+
+ protected:
+  void Print(const FileProblem& problem) override {
+    std::string json = count() == 1 ? "\n{" : ",\n{";
+    if (problem.line != 0) {
+      json.append("\"line\":").append(text::IntegerText(problem.line)).append(",");
+    }
+    json += "\"text\":";
+    AppendJson(json, problem.text);
+    out_ << json + '}';
+  }
+};
+
+std::unique_ptr<Report> MakeReport(Session& session) {
+  if (session.arguments.json) return std::make_unique<JsonReport>(session);
+  return std::make_unique<TextReport>(session);
+}
+
+}  // namespace
+
+int RunCheck(Session& session) {
+  const std::unique_ptr<Report> report = MakeReport(session);
+  session.answers().on_problem = [&report](const FileProblem& problem) { report->Add(problem); };
+  report->Begin();
+  const bool read = session.ReadPassingOver(session.arguments.operands[0]) == kRead;
+  report->End(read);
+  return read && report->count() == 0 ? kGood : kProblem;
+}
+
+}  // namespace quarvel::hosts

@@ -1,0 +1,61 @@
+#include "hosts/commands.h"
+
+#include <algorithm>
+
+#include "hosts/edit_language.h"
+
+namespace quarvel::hosts {
+namespace {
+
+constexpr OptionSet kConflicts = kOnConflict | kLog;
+constexpr OptionSet kReadings = kDefaultBounds | kOnError | kSimplify | kConflicts;
+
+std::string EvaluateHelp() {
+  return "Columns that are not given are 0. A value on the command line replaces one of the "
+         "point's "
+         "file.\n"
+         "In that file empty lines and lines that start with # are passed over.\n";
+}
+
+std::string CheckHelp() {
+  return "The exit status is 1 when there is one, 0 when there is none.\n";
+}
+
+std::string SimplifyHelp() {
+  return "Rows of one element become bounds of their column, and empty rows and columns go. What "
+         "was "
+         "done is\nlisted in a log beside IN.\n";
+}
+
+constexpr Command kCommands[] = {
+    {"info", "FILE", 1, 1, kReadings | kJson, "print what the file holds, in numbers", nullptr,
+     RunInfo},
+    {"rows", "FILE", 1, 1, kReadings | kJson | kLimit | kEquations, "list the rows", nullptr,
+     RunRows},
+    {"columns", "FILE", 1, 1, kReadings | kJson | kLimit, "list the columns", nullptr, RunColumns},
+    {"row", "FILE NAME|INDEX", 2, 2, kReadings | kJson | kLimit, "print one row with its elements",
+     nullptr, RunRow},
+    {"column", "FILE NAME|INDEX", 2, 2, kReadings | kJson | kLimit,
+     "print one column with its elements", nullptr, RunColumn},
+    {"evaluate", "FILE ROW [NAME=VALUE ...]", 2, kAnyNumber, kReadings | kJson | kPoint,
+     "print a row's activity at a point", EvaluateHelp, RunEvaluate},
+    {"check", "FILE", 1, 1, (kReadings & ~kOnError) | kJson | kLimit,
+     "list every problem in the file", CheckHelp, RunCheck},
+    {"convert", "IN OUT", 2, 2, kReadings, "read a file and write it anew", nullptr, RunConvert},
+    {"simplify", "IN OUT", 2, 2, kReadings & ~kSimplify, "simplify a model and write it",
+     SimplifyHelp, RunSimplify},
+    {"edit", "IN OUT", 2, 2, kReadings | kCommand, "change a model by commands and write it",
+     EditHelp, RunEdit},
+};
+
+}  // namespace
+
+std::span<const Command> Commands() { return kCommands; }
+
+const Command* FindCommand(std::string_view name) {
+  const auto* const found = std::find_if(std::begin(kCommands), std::end(kCommands),
+                                         [name](const Command& c) { return c.name == name; });
+  return found == std::end(kCommands) ? nullptr : found;
+}
+
+}  // namespace quarvel::hosts

@@ -1,0 +1,57 @@
+// quarvel edit: every command, or nothing.
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "hosts/commands.h"
+#include "hosts/edit_language.h"
+#include "platform/automation_error.h"
+#include "text/numbers.h"
+
+namespace quarvel::hosts {
+namespace {
+
+// Names the line in what is wrong with it. Ctrl-C is nothing of the line's.
+void RunNamed(Session& session, std::string_view what, std::int64_t number,
+              const std::string& line) {
+  const auto raise = [&](const std::string& text) {
+    throw CommandError(
+        kProblem, std::string(what) + ' ' + text::IntegerText(number) + " (" + line + "): " + text);
+  };
+  try {
+    RunEditLine(session, line);
+  } catch (const CommandError& error) {
+    if (error.status() == kInterrupted) throw;
+    raise(error.text());
+  } catch (const AutomationError& error) {
+    raise(error.description());
+  }
+}
+
+void RunStandardInput(Session& session) {
+  std::int64_t number = 0;
+  while (const std::optional<std::string> line = session.streams.read_line()) {
+    session.StopIfInterrupted();
+    RunNamed(session, "line", ++number, *line);
+  }
+}
+
+}  // namespace
+
+int RunEdit(Session& session) {
+  const Arguments& arguments = session.arguments;
+  session.Read(arguments.operands[0]);
+  if (arguments.edit_commands.empty()) {
+    RunStandardInput(session);
+  } else {
+    std::int64_t number = 0;
+    for (const std::string& command : arguments.edit_commands) {
+      RunNamed(session, "command", ++number, command);
+    }
+  }
+  session.Write(arguments.operands[1]);
+  return kGood;
+}
+
+}  // namespace quarvel::hosts

@@ -1,0 +1,297 @@
+#include "hosts/edit_language.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "hosts/line_kind.h"
+#include "hosts/printing.h"
+#include "hosts/streams.h"
+#include "text/numbers.h"
+#include "text/upper_case.h"
+
+namespace quarvel::hosts {
+namespace {
+
+using Words = std::vector<std::string>;
+
+// One command; `words` holds its operands only.
+struct EditCommand {
+  std::string_view name;
+  std::string_view operands;
+  std::size_t fewest;
+  std::size_t most;
+  void (*run)(Session& session, const Words& words);
+};
+
+[[noreturn]] void RaiseBad(std::string text) { throw CommandError(kProblem, std::move(text)); }
+
+double ParseValue(const std::string& word) {
+  const std::optional<double> value = text::ParseNumber(word);
+  if (!value) RaiseBad("\"" + word + "\" is not a number");
+  return *value;
+}
+
+// A bound may also be absent.
+double ParseBound(const std::string& word) {
+  const std::string upper = text::UpperCase(word);
+  if (upper == "INF" || upper == "+INF") return BoundLimit;
+  if (upper == "-INF") return -BoundLimit;
+  return ParseValue(word);
+}
+
+std::int32_t RowOf(Session& session, const std::string& word) {
+  return FindLine(session.model(), kRowKind, word);
+}
+
+std::int32_t ColumnOf(Session& session, const std::string& word) {
+  return FindLine(session.model(), kColumnKind, word);
+}
+
+// The number of the element within its row. Walks the row.
+std::int32_t ElementOf(const LPModel& model, std::int32_t row, std::int32_t column) {
+  for (std::int32_t k = 0; k < model.RowNumberElements(row); ++k) {
+    if (model.RowElementCol(row, k) == column) return k;
+  }
+  RaiseBad("row " + model.RowName(row) + " has no element at column " + model.ColName(column));
+}
+
+// Names are kept in upper case, since that is how everybody reads them back from the file: two
+// names that differ in case only would be one there.
+std::string NewName(const std::string& word) { return text::UpperCase(word); }
+
+// A new row gets the limits that a row of its type has in a file without a right-hand side.
+struct RowLimits {
+  std::string_view type;
+  double lower;
+  double upper;
+};
+constexpr RowLimits kRowLimits[] = {{"N", -BoundLimit, BoundLimit},
+                                    {"G", 0, BoundLimit},
+                                    {"L", -BoundLimit, 0},
+                                    {"E", 0, 0},
+                                    {"R", 0, 0}};
+
+void AddRow(Session& session, const Words& words) {
+  LPModel& model = session.model();
+  if (model.AddRow(NewName(words[0])) == 0) return;
+  const std::int32_t row = model.NumberOfRows() - 1;
+  const std::string type = text::UpperCase(words[1]);
+  model.SetRowType(row, type);
+  for (const RowLimits& limits : kRowLimits) {
+    if (limits.type != type) continue;
+    model.SetRowLowerBound(row, limits.lower);
+    model.SetRowUpperBound(row, limits.upper);
+  }
+}
+
+void AddColumn(Session& session, const Words& words) {
+  LPModel& model = session.model();
+  if (model.AddColumn(NewName(words[0])) == 0 || words.size() == 1) return;
+  model.SetColType(model.NumberOfColumns() - 1, text::UpperCase(words[1]));
+}
+
+void AddElement(Session& session, const Words& words) {
+  const std::int32_t row = RowOf(session, words[0]);
+  const std::int32_t column = ColumnOf(session, words[1]);
+  session.model().AddElement(row, column, ParseValue(words[2]));
+}
+
+void SetElement(Session& session, const Words& words) {
+  const std::int32_t row = RowOf(session, words[0]);
+  const std::int32_t element = ElementOf(session.model(), row, ColumnOf(session, words[1]));
+  session.model().SetRowElementValue(row, element, ParseValue(words[2]));
+}
+
+void DeleteRow(Session& session, const Words& words) {
+  session.model().DeleteRow(RowOf(session, words[0]));
+}
+
+void DeleteColumn(Session& session, const Words& words) {
+  session.model().DeleteColumn(ColumnOf(session, words[0]));
+}
+
+void DeleteElement(Session& session, const Words& words) {
+  const std::int32_t row = RowOf(session, words[0]);
+  const std::int32_t element = ElementOf(session.model(), row, ColumnOf(session, words[1]));
+  session.model().DeleteElement(row, element);
+}
+
+void RenameRow(Session& session, const Words& words) {
+  session.model().SetRowName(RowOf(session, words[0]), NewName(words[1]));
+}
+
+void RenameColumn(Session& session, const Words& words) {
+  session.model().SetColName(ColumnOf(session, words[0]), NewName(words[1]));
+}
+
+void SetRowType(Session& session, const Words& words) {
+  session.model().SetRowType(RowOf(session, words[0]), text::UpperCase(words[1]));
+}
+
+void SetRowBounds(Session& session, const Words& words) {
+  const std::int32_t row = RowOf(session, words[0]);
+  session.model().SetRowLowerBound(row, ParseBound(words[1]));
+  session.model().SetRowUpperBound(row, ParseBound(words[2]));
+}
+
+struct BoundCode {
+  std::string_view code;
+  bool has_value;
+  void (*set)(LPModel& model, std::int32_t column, double value);
+};
+constexpr BoundCode kBoundCodes[] = {
+    {"LO", true, [](LPModel& model, std::int32_t j, double v) { model.SetColLowerBound(j, v); }},
+    {"UP", true, [](LPModel& model, std::int32_t j, double v) { model.SetColUpperBound(j, v); }},
+    {"FX", true,
+     [](LPModel& model, std::int32_t j, double v) {
+       model.SetColLowerBound(j, v);
+       model.SetColUpperBound(j, v);
+     }},
+    {"FR", false,
+     [](LPModel& model, std::int32_t j, double) {
+       model.SetColLowerBound(j, -BoundLimit);
+       model.SetColUpperBound(j, BoundLimit);
+     }},
+    {"MI", false,
+     [](LPModel& model, std::int32_t j, double) { model.SetColLowerBound(j, -BoundLimit); }},
+    {"PL", false,
+     [](LPModel& model, std::int32_t j, double) { model.SetColUpperBound(j, BoundLimit); }},
+};
+
+void SetBound(Session& session, const Words& words) {
+  const std::int32_t column = ColumnOf(session, words[0]);
+  const std::string code = text::UpperCase(words[1]);
+  for (const BoundCode& known : kBoundCodes) {
+    if (known.code != code) continue;
+    const bool has_value = words.size() == 3;
+    if (has_value != known.has_value) {
+      RaiseBad(code + (known.has_value ? " needs a value" : " takes no value"));
+    }
+    return known.set(session.model(), column, has_value ? ParseBound(words[2]) : 0);
+  }
+  RaiseBad("there is no bound " + words[1]);
+}
+
+void SetColumnType(Session& session, const Words& words) {
+  session.model().SetColType(ColumnOf(session, words[0]), text::UpperCase(words[1]));
+}
+
+void SetName(Session& session, const Words& words) { session.model().SetModelName(words[0]); }
+
+// The lines of a description are joined by CR LF.
+void SetDescription(Session& session, const Words& words) {
+  std::string description;
+  for (const char c : words[0]) {
+    if (c == '\n') description += '\r';
+    description += c;
+  }
+  session.model().SetModelDescription(description);
+}
+
+void Simplify(Session& session, const Words&) { session.Simplify(); }
+
+constexpr EditCommand kEditCommands[] = {
+    {"add-row", "NAME N|G|L|E|R", 2, 2, AddRow},
+    {"add-column", "NAME [R|I]", 1, 2, AddColumn},
+    {"add-element", "ROW COLUMN VALUE", 3, 3, AddElement},
+    {"set-element", "ROW COLUMN VALUE", 3, 3, SetElement},
+    {"delete-row", "ROW", 1, 1, DeleteRow},
+    {"delete-column", "COLUMN", 1, 1, DeleteColumn},
+    {"delete-element", "ROW COLUMN", 2, 2, DeleteElement},
+    {"rename-row", "ROW NAME", 2, 2, RenameRow},
+    {"rename-column", "COLUMN NAME", 2, 2, RenameColumn},
+    {"set-row-type", "ROW N|G|L|E|R", 2, 2, SetRowType},
+    {"set-row-bounds", "ROW LOWER UPPER", 3, 3, SetRowBounds},
+    {"set-bound", "COLUMN LO|UP|FX|FR|MI|PL [VALUE]", 2, 3, SetBound},
+    {"set-column-type", "COLUMN R|I", 2, 2, SetColumnType},
+    {"set-name", "TEXT", 1, 1, SetName},
+    {"set-description", "TEXT", 1, 1, SetDescription},
+    {"simplify", "", 0, 0, Simplify},
+};
+
+const EditCommand& FindEditCommand(std::string_view name) {
+  const auto* const found =
+      std::find_if(std::begin(kEditCommands), std::end(kEditCommands),
+                   [name](const EditCommand& command) { return command.name == name; });
+  if (found == std::end(kEditCommands)) RaiseBad("there is no command " + std::string(name));
+  return *found;
+}
+
+// Appends the rest of a quoted part to `word`; gives the place behind its closing quote.
+std::size_t TakeQuoted(std::string& word, std::string_view line, std::size_t at) {
+  for (; at < line.size() && line[at] != '"'; ++at) {
+    if (line[at] == '\\' && at + 1 < line.size()) {
+      ++at;
+      word += line[at] == 'n' ? '\n' : line[at];
+    } else {
+      word += line[at];
+    }
+  }
+  if (at == line.size()) RaiseBad("a quote is not closed");
+  return at + 1;
+}
+
+constexpr bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
+
+}  // namespace
+
+std::vector<std::string> SplitWords(std::string_view line) {
+  Words words;
+  std::size_t at = 0;
+  const auto skip_blanks = [&line, &at] {
+    while (at < line.size() && IsBlank(line[at])) ++at;
+  };
+  for (skip_blanks(); at < line.size(); skip_blanks()) {
+    if (words.empty() && line[at] == '#') break;
+    std::string word;
+    while (at < line.size() && !IsBlank(line[at])) {
+      if (line[at] == '"') {
+        at = TakeQuoted(word, line, at + 1);
+      } else {
+        word += line[at++];
+      }
+    }
+    words.push_back(std::move(word));
+  }
+  return words;
+}
+
+void RunEditLine(Session& session, std::string_view line) {
+  Words words = SplitWords(line);
+  if (words.empty()) return;
+  const EditCommand& command = FindEditCommand(words[0]);
+  words.erase(words.begin());
+  if (words.size() < command.fewest || words.size() > command.most) {
+    RaiseBad(std::string(command.name) + " takes " +
+             (command.operands.empty() ? "nothing" : std::string(command.operands)));
+  }
+  command.run(session, words);
+  std::vector<std::string>& refusals = session.answers().refusals;
+  if (!refusals.empty()) RaiseBad(refusals.front());
+}
+
+std::string EditHelp() {
+  std::string help =
+      "All commands are carried out, or nothing is written at the first bad one. They come from -c "
+      "options\nor, without any, from standard input, one a line:\n";
+  for (const EditCommand& command : kEditCommands) {
+    constexpr std::size_t kNameWidth = 17;
+    std::string shown = "  ";
+    AppendLeft(shown, command.name, kNameWidth);
+    shown.append(command.operands);
+    shown.erase(shown.find_last_not_of(' ') + 1);
+    help += shown + '\n';
+  }
+  return help +
+         "Empty lines and lines that start with # are passed over. Text with blanks stands in "
+         "double "
+         "quotes;\n"
+         "in them \\\" is a quote, \\\\ a backslash and \\n a new line. New names are kept in "
+         "upper "
+         "case.\n"
+         "Bounds may be -inf and inf. Types and bounds of rows do not follow each other: a range "
+         "is\n"
+         "set-row-type ROW R and set-row-bounds ROW LOWER UPPER.\n";
+}
+
+}  // namespace quarvel::hosts

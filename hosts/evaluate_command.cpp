@@ -1,0 +1,41 @@
+// quarvel evaluate: a row's activity at a point.
+
+#include "hosts/commands.h"
+#include "hosts/line_kind.h"
+#include "hosts/point.h"
+#include "hosts/printing.h"
+#include "text/numbers.h"
+
+namespace quarvel::hosts {
+namespace {
+
+std::string ActivityJson(const LPModel& model, std::int32_t row, double activity) {
+  std::string json = "{";
+  AppendJsonMember(json, "index", row);
+  AppendJsonMember(json, "name", model.RowName(row));
+  AppendJsonMember(json, "lowerBound", model.RowLowerBound(row));
+  AppendJsonMember(json, "upperBound", model.RowUpperBound(row));
+  AppendJsonMember(json, "activity", activity);
+  return json + "}\n";
+}
+
+}  // namespace
+
+int RunEvaluate(Session& session) {
+  const Arguments& arguments = session.arguments;
+  session.Read(arguments.operands[0]);
+  const LPModel& model = session.model();
+  const std::int32_t row = FindLine(model, kRowKind, arguments.operands[1]);
+  Point point(model);
+  if (!arguments.point.empty()) point.SetFromFile(arguments.point);
+  for (std::size_t i = 2; i < arguments.operands.size(); ++i) {
+    point.Set(arguments.operands[i], kUsage);
+  }
+  double activity = 0;
+  model.RowBodyValue(row, point.values(), activity);
+  session.streams.out << (arguments.json ? ActivityJson(model, row, activity)
+                                         : text::GeneralText(activity) + '\n');
+  return kGood;
+}
+
+}  // namespace quarvel::hosts

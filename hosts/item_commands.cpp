@@ -1,0 +1,113 @@
+// quarvel row, quarvel column: one of them with all its elements.
+
+#include <algorithm>
+
+#include "hosts/commands.h"
+#include "hosts/line_kind.h"
+#include "hosts/printing.h"
+#include "text/encoding.h"
+#include "text/numbers.h"
+
+namespace quarvel::hosts {
+namespace {
+
+constexpr std::size_t kFactWidth = 10;
+
+struct Item {
+  Session& session;
+  const LPModel& model;
+  const LineKind& kind;
+  std::int32_t index;
+  std::int32_t shown;  // elements to print
+
+  std::string Name() const { return (model.*kind.name)(index); }
+  std::string Type() const { return (model.*kind.type)(index); }
+  double Lower() const { return (model.*kind.lower)(index); }
+  double Upper() const { return (model.*kind.upper)(index); }
+  std::int32_t Elements() const { return (model.*kind.elements)(index); }
+  std::int32_t OtherIndex(std::int32_t k) const { return (model.*kind.element_at)(index, k); }
+  std::string OtherName(std::int32_t k) const { return (model.*kind.other_name)(OtherIndex(k)); }
+  double Value(std::int32_t k) const { return (model.*kind.element_value)(index, k); }
+  bool IsRow() const { return &kind == &kRowKind; }
+};
+
+void AppendFact(std::string& text, std::string_view what, std::string_view fact) {
+  AppendLeft(text, what, kFactWidth);
+  text += OneLine(fact) + '\n';
+}
+
+std::string ItemHeading(const Item& item) {
+  std::string text;
+  AppendFact(text, item.IsRow() ? "Row" : "Column",
+             item.Name() + " (number " + text::IntegerText(item.index) + ")");
+  AppendFact(text, "Type", item.Type());
+  AppendFact(text, "Lower", BoundText(item.Lower()));
+  AppendFact(text, "Upper", BoundText(item.Upper()));
+  if (item.IsRow()) AppendFact(text, "Equation", item.model.RowEquation(item.index));
+  AppendFact(text, "Elements", text::IntegerText(item.Elements()));
+  return text;
+}
+
+void PrintItemText(const Item& item) {
+  item.session.streams.out << ItemHeading(item);
+  std::size_t width = 0;
+  for (std::int32_t k = 0; k < item.shown; ++k) {
+    width = std::max(width, text::CharacterCount(item.OtherName(k)));
+  }
+  std::string line;
+  for (std::int32_t k = 0; k < item.shown && item.session.KeepPrinting(); ++k) {
+    line.assign(kFactWidth, ' ');
+    AppendLeft(line, OneLine(item.OtherName(k)), width);
+    line += "  " + text::GeneralText(item.Value(k)) + '\n';
+    item.session.streams.out << line;
+  }
+  item.session.StopIfInterrupted();
+  if (item.shown < item.Elements()) {
+    item.session.streams.out << std::string(kFactWidth, ' ') + "(the first " +
+                                    text::IntegerText(item.shown) + ")\n";
+  }
+}
+
+void PrintItemJson(const Item& item) {
+  std::string json = "{";
+  AppendJsonMember(json, "index", item.index);
+  AppendJsonMember(json, "name", item.Name());
+  AppendJsonMember(json, "type", item.Type());
+  AppendJsonMember(json, "lowerBound", item.Lower());
+  AppendJsonMember(json, "upperBound", item.Upper());
+  if (item.IsRow()) AppendJsonMember(json, "equation", item.model.RowEquation(item.index));
+  item.session.streams.out << json + ",\"elements\":[";
+  for (std::int32_t k = 0; k < item.shown && item.session.KeepPrinting(); ++k) {
+    json = k == 0 ? "{" : ",{";
+    AppendJsonMember(json, item.kind.other, item.OtherName(k));
+    AppendJsonMember(json, "index", item.OtherIndex(k));
+    AppendJsonMember(json, "value", item.Value(k));
+    item.session.streams.out << json + '}';
+  }
+  item.session.StopIfInterrupted();
+  item.session.streams.out << "]}\n";
+}
+
+int PrintItem(Session& session, const LineKind& kind) {
+  const auto& operands = session.arguments.operands;
+  session.Read(operands[0]);
+  const LPModel& model = session.model();
+  const std::int32_t index = FindLine(model, kind, operands[1]);
+  const std::int64_t elements = (model.*kind.elements)(index);
+  const std::int64_t shown = std::min(elements, session.arguments.limit);
+  const Item item = {session, model, kind, index, static_cast<std::int32_t>(shown)};
+  if (session.arguments.json) {
+    PrintItemJson(item);
+  } else {
+    PrintItemText(item);
+  }
+  return kGood;
+}
+
+}  // namespace
+
+int RunRow(Session& session) { return PrintItem(session, kRowKind); }
+
+int RunColumn(Session& session) { return PrintItem(session, kColumnKind); }
+
+}  // namespace quarvel::hosts

@@ -1,0 +1,60 @@
+#include "hosts/line_kind.h"
+
+#include <charconv>
+#include <optional>
+
+#include "hosts/streams.h"
+#include "text/upper_case.h"
+
+namespace quarvel::hosts {
+namespace {
+
+std::optional<std::int32_t> ParseIndex(std::string_view text) {
+  std::int32_t index = 0;
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, index);
+  if (error != std::errc() || stop != end) return std::nullopt;
+  return index;
+}
+
+}  // namespace
+
+const LineKind kRowKind = {"row",
+                           "column",
+                           &LPModel::NumberOfRows,
+                           &LPModel::RowName,
+                           &LPModel::RowType,
+                           &LPModel::RowLowerBound,
+                           &LPModel::RowUpperBound,
+                           &LPModel::RowNumberElements,
+                           &LPModel::RowElementCol,
+                           &LPModel::RowElementValue,
+                           &LPModel::ColName,
+                           &FindRow};
+
+const LineKind kColumnKind = {"column",
+                              "row",
+                              &LPModel::NumberOfColumns,
+                              &LPModel::ColName,
+                              &LPModel::ColType,
+                              &LPModel::ColLowerBound,
+                              &LPModel::ColUpperBound,
+                              &LPModel::ColNumberElements,
+                              &LPModel::ColElementrow,
+                              &LPModel::ColElementvalue,
+                              &LPModel::RowName,
+                              &FindColumn};
+
+std::int32_t FindLine(const LPModel& model, const LineKind& kind, std::string_view text) {
+  std::int32_t number = kind.find(model.data(), text);
+  if (number == 0) number = kind.find(model.data(), text::UpperCase(text));
+  if (number != 0) return number - 1;
+  const std::optional<std::int32_t> index = ParseIndex(text);
+  if (!index) {
+    throw CommandError(kProblem, "there is no " + std::string(kind.noun) + " " + std::string(text));
+  }
+  (model.*kind.name)(*index);  // raises for a number out of range
+  return *index;
+}
+
+}  // namespace quarvel::hosts

@@ -1,0 +1,88 @@
+#include "hosts/program.h"
+
+#include <algorithm>
+
+#include "hosts/arguments.h"
+#include "hosts/commands.h"
+#include "hosts/help.h"
+#include "hosts/printing.h"
+#include "hosts/session.h"
+#include "model/about.h"
+#include "platform/automation_error.h"
+#include "platform/files.h"
+
+namespace quarvel::hosts {
+namespace {
+
+// What is wrong with the command line as a whole; empty when nothing is.
+std::string Objection(const Command& command, const Arguments& arguments) {
+  const OptionSet foreign = arguments.used & ~command.options;
+  if (foreign != 0) return "takes no " + OptionName(foreign);
+  const auto& operands = arguments.operands;
+  if (operands.size() < command.fewest_operands || operands.size() > command.most_operands) {
+    return "takes " + std::string(command.operands);
+  }
+  const bool empty = std::any_of(operands.begin(), operands.end(),
+                                 [](const std::string& operand) { return operand.empty(); });
+  if (empty) return "takes no empty words";
+  // A log must not go over the model that it tells about.
+  const bool log_is_model =
+      !arguments.log.empty() &&
+      std::any_of(operands.begin(), operands.end(), [&arguments](const std::string& operand) {
+        return operand == arguments.log || platform::IsSameFile(operand, arguments.log);
+      });
+  return log_is_model ? "cannot copy the log over a model" : "";
+}
+
+int RunCommand(const Arguments& arguments, const Streams& streams) {
+  const Command* const command = FindCommand(arguments.command);
+  if (arguments.help || (command == nullptr && arguments.command.empty())) {
+    std::ostream& to = arguments.help ? streams.out : streams.err;
+    to << (command == nullptr ? ProgramHelp() : CommandHelp(*command));
+    return arguments.help ? kGood : kUsage;
+  }
+  if (command == nullptr) {
+    throw CommandError(kUsage, "there is no command " + arguments.command);
+  }
+  const std::string objection = Objection(*command, arguments);
+  if (!objection.empty()) {
+    throw CommandError(kUsage, std::string(command->name) + ' ' + objection);
+  }
+  Session session(arguments, streams);
+  return command->run(session);
+}
+
+int Run(std::span<const std::string> words, const Streams& streams, std::string& command) {
+  const Arguments arguments = ParseArguments(words);
+  command = arguments.command;
+  if (arguments.version) {
+    streams.out << "quarvel " << kVersion << '\n';
+    return kGood;
+  }
+  return RunCommand(arguments, streams);
+}
+
+void Complain(const Streams& streams, std::string_view text) {
+  streams.err << "quarvel: " + OneLine(text) + '\n';
+}
+
+}  // namespace
+
+int RunProgram(std::span<const std::string> words, const Streams& streams) {
+  std::string command;
+  try {
+    return Run(words, streams, command);
+  } catch (const CommandError& error) {
+    Complain(streams, error.text());
+    if (error.status() == kUsage) {
+      const std::string known = FindCommand(command) == nullptr ? "" : command + ' ';
+      Complain(streams, "\"quarvel " + known + "--help\" tells more");
+    }
+    return error.status();
+  } catch (...) {
+    Complain(streams, CurrentError().description());
+    return kProblem;
+  }
+}
+
+}  // namespace quarvel::hosts

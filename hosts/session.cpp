@@ -1,0 +1,110 @@
+#include "hosts/session.h"
+
+#include "hosts/printing.h"
+#include "platform/automation_error.h"
+#include "platform/files.h"
+
+namespace quarvel::hosts {
+namespace {
+
+constexpr std::int16_t kComponentGood = -1;
+
+bool IsSame(const std::string& a, const std::string& b) {
+  return a == b || platform::IsSameFile(a, b);
+}
+
+}  // namespace
+
+Session::Session(const Arguments& arguments_given, const Streams& streams_given)
+    : arguments(arguments_given),
+      streams(streams_given),
+      answers_(arguments),
+      desktop_(answers_, *this),
+      model_(desktop_) {
+  if (!streams.terminal) {
+    desktop_.set_interactive(false);
+    desktop_.set_shows_progress(false);
+  }
+  answers_.can_ask = desktop_.interactive();
+  answers_.on_note = [this](std::string_view text) { Note(text); };
+}
+
+bool Session::HostDesktop::OpenInEditor(const std::string& path) {
+  session_.log_ = path;
+  session_.Note("the simplifications are listed in " + path);
+  return true;
+}
+
+void Session::Note(std::string_view text) { streams.err << "quarvel: " + OneLine(text) + '\n'; }
+
+void Session::StopIfInterrupted() const {
+  if (desktop_.interrupted()) throw CommandError(kInterrupted, "stopped");
+}
+
+bool Session::KeepPrinting() const { return streams.out.good() && !desktop_.interrupted(); }
+
+void Session::Read(const std::string& path) {
+  answers_.file = path;
+  const std::int16_t result = model_.ReadMPSFile();
+  StopIfInterrupted();
+  if (result == kComponentGood) return CopyLog();
+  std::string text = path + " was not read";
+  if (arguments.on_error != OnError::kContinue && !answers_.can_ask && !answers_.file_failed) {
+    text += "; \"--on-error continue\" passes over problems, \"quarvel check\" lists them";
+  }
+  throw CommandError(kProblem, text);
+}
+
+std::int16_t Session::ReadPassingOver(const std::string& path) {
+  answers_.file = path;
+  const std::int16_t result = model_.ReadMPSFile();
+  StopIfInterrupted();
+  CopyLog();
+  return result;
+}
+
+void Session::Simplify() {
+  log_.clear();
+  try {
+    model_.SimplifyMPSModel();
+  } catch (const AutomationError& error) {
+    throw CommandError(kProblem, "the simplification failed: " + error.description());
+  }
+  StopIfInterrupted();
+  CopyLog();
+}
+
+void Session::CopyLog() {
+  if (arguments.log.empty() || log_.empty() || IsSame(arguments.log, log_)) return;
+  try {
+    platform::CopyFileContents(log_, arguments.log);
+  } catch (const AutomationError& error) {
+    throw CommandError(kProblem, arguments.log + ": " + error.description());
+  }
+}
+
+void Session::Write(const std::string& path) {
+  StopIfInterrupted();
+  // The component empties the file before it finds that there is nothing to write.
+  if (model_.NumberOfElements() == 0) {
+    throw CommandError(kProblem, "the model has no elements; " + path + " was not written");
+  }
+  // Under the name it was read from, the component keeps a backup while it overwrites the file.
+  const std::string own = model_.FileLocation();
+  const bool overwrites = platform::FileExists(path) && IsSame(path, own);
+  const std::int16_t result = model_.SaveMPSFile(overwrites ? own : path);
+  if (result != kComponentGood || !answers_.refusals.empty()) {
+    const std::string prefix = path + ": ";
+    for (const std::string& refusal : answers_.refusals) Note(prefix + refusal);
+    throw CommandError(kProblem, path + " was not written");
+  }
+  streams.out << OneLine(path) << ": " << SizeText(model_) << '\n';
+}
+
+std::string SizeText(const LPModel& model) {
+  std::string text = Counted(model.NumberOfRows(), "row");
+  text.append(", ").append(Counted(model.NumberOfColumns(), "column"));
+  return text.append(", ").append(Counted(model.NumberOfElements(), "element"));
+}
+
+}  // namespace quarvel::hosts

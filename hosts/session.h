@@ -1,0 +1,65 @@
+// A model and its user for the time of one command. What a command does with files goes through
+// here, so that questions, notes and failures come out alike everywhere.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "hosts/answers.h"
+#include "hosts/arguments.h"
+#include "hosts/streams.h"
+#include "model/lp_model.h"
+#include "platform/console/console_desktop.h"
+
+namespace quarvel::hosts {
+
+class Session {
+ public:
+  // Both must outlive the session.
+  Session(const Arguments& arguments, const Streams& streams);
+
+  const Arguments& arguments;
+  const Streams& streams;
+  LPModel& model() { return model_; }
+  Answers& answers() { return answers_; }
+
+  // Reads the file as the options say. Raises a CommandError when it was not read or Ctrl-C came.
+  void Read(const std::string& path);
+  // Reads it with every problem passed over but a failure of the file itself; -1 as ReadMPSFile
+  // gives it when the model was read.
+  std::int16_t ReadPassingOver(const std::string& path);
+  // Simplifies the model. Raises what stops that, and a CommandError for Ctrl-C.
+  void Simplify();
+  // Copies the log of the last simplification to where --log says.
+  void CopyLog();
+  // Writes the model and says so. Raises a CommandError when it was not written.
+  void Write(const std::string& path);
+
+  // Raises a CommandError after a Ctrl-C.
+  void StopIfInterrupted() const;
+  // False when more output makes no sense: nobody reads it, or Ctrl-C came.
+  bool KeepPrinting() const;
+  // A line on standard error.
+  void Note(std::string_view text);
+
+ private:
+  // Prints where a log is instead of opening it, and remembers that.
+  class HostDesktop : public platform::ConsoleDesktop {
+   public:
+    HostDesktop(Answers& answers, Session& session) : ConsoleDesktop(answers), session_(session) {}
+    bool OpenInEditor(const std::string& path) override;
+
+   private:
+    Session& session_;
+  };
+
+  Answers answers_;
+  HostDesktop desktop_;
+  LPModel model_;
+  std::string log_;  // of the last simplification that left one
+};
+
+// "28 rows, 32 columns, 88 elements".
+std::string SizeText(const LPModel& model);
+
+}  // namespace quarvel::hosts

@@ -1,0 +1,22 @@
+// quarvel convert, quarvel simplify: a model read, perhaps simplified, and written.
+
+#include "hosts/commands.h"
+
+namespace quarvel::hosts {
+
+int RunConvert(Session& session) {
+  const auto& operands = session.arguments.operands;
+  session.Read(operands[0]);
+  session.Write(operands[1]);
+  return kGood;
+}
+
+int RunSimplify(Session& session) {
+  const auto& operands = session.arguments.operands;
+  session.Read(operands[0]);
+  session.Simplify();
+  session.Write(operands[1]);
+  return kGood;
+}
+
+}  // namespace quarvel::hosts

@@ -1,0 +1,243 @@
+#include <gtest/gtest.h>
+
+#include "hosts/edit_language.h"
+#include "hosts/streams.h"
+#include "tests/hosts/run_quarvel.h"
+
+namespace quarvel {
+namespace {
+
+using Words = std::vector<std::string>;
+
+// The rows and columns of a model after commands, as JSON.
+class EditTest : public ::testing::Test {
+ protected:
+  Outcome Edit(const Words& commands, std::string_view model = kSmallModel) {
+    Words words = {"edit", folder_.Write("a.mps", model), folder_.Path("b.mps")};
+    for (const std::string& command : commands) {
+      words.emplace_back("-c");
+      words.push_back(command);
+    }
+    return RunQuarvel(words);
+  }
+  Outcome EditFromInput(std::string_view input) {
+    return RunQuarvel({"edit", folder_.Write("a.mps", kSmallModel), folder_.Path("b.mps")}, input);
+  }
+  std::string Show(const Words& words) {
+    Words all = {words[0], folder_.Path("b.mps")};
+    all.insert(all.end(), words.begin() + 1, words.end());
+    return RunQuarvel(all).out;
+  }
+
+  HostFolder folder_;
+};
+
+struct Effect {
+  const char* command;
+  Words show;
+  const char* expected;  // a part of what is shown afterwards
+};
+
+TEST_F(EditTest, DoesWhatEachCommandSays) {
+  const Effect cases[] = {
+      {"set-element R1 Y 0.5", {"row", "R1"}, "Equation   + 1*X + 0.5*Y  (non-binding/objective)"},
+      {"set-element 0 1 1D2", {"row", "R1"}, " + 1*X + 100*Y  "},
+      {"add-element r2 y -1", {"row", "R2"}, " + 2*X - 1*Y  <=  8"},
+      {"delete-element R1 X", {"row", "R1"}, "Equation   - 3.5*Y  "},
+      {"delete-element R2 X", {"info"}, "1 row, 2 columns, 2 elements"},
+      {"delete-row R2", {"info"}, "1 row, 2 columns, 2 elements"},
+      {"delete-row 1", {"info"}, "1 row, 2 columns, 2 elements"},
+      {"delete-column Y", {"info"}, "2 rows, 1 column, 2 elements"},
+      {"rename-row R2 limit", {"row", "LIMIT"}, "Row       LIMIT (number 1)"},
+      {"rename-column 1 z", {"column", "Z"}, "Column    Z (number 1)"},
+      {"set-row-type R2 n", {"row", "R2"}, "Type      N"},
+      {"set-row-bounds R2 -inf 9.25", {"row", "R2"}, "<=  9.25"},
+      {"set-bound X LO 2", {"column", "X"}, "Lower     2\nUpper     10"},
+      {"set-bound X up 12", {"column", "X"}, "Lower     0\nUpper     12"},
+      {"set-bound X UP inf", {"column", "X"}, "Lower     0\nUpper     inf"},
+      {"set-bound X FX -1", {"column", "X"}, "Lower     -1\nUpper     -1"},
+      {"set-bound X FR", {"column", "X"}, "Lower     -inf\nUpper     inf"},
+      {"set-bound X PL", {"column", "X"}, "Lower     0\nUpper     inf"},
+      {"set-column-type Y I", {"column", "Y"}, "Type      I"},
+      {"set-name \"two words\"", {"info"}, "Name              TWO\n"},
+      {"set-description \"say \\\"hi\\\"\\nto \\\\ all\"",
+       {"info", "--json"},
+       "\"description\":\"say \\\"hi\\\"\\r\\nto \\\\ all\""},
+      {"simplify", {"column", "X"}, "Lower     0\nUpper     4"},
+  };
+  for (const Effect& effect : cases) {
+    const Outcome run = Edit({effect.command});
+    EXPECT_EQ(run.status, 0) << effect.command << ": " << run.err;
+    const std::string shown = Show(effect.show);
+    EXPECT_NE(shown.find(effect.expected), std::string::npos) << effect.command << '\n' << shown;
+  }
+}
+
+TEST_F(EditTest, AddsRowsWithTheLimitsOfTheirType) {
+  const struct {
+    const char* type;
+    const char* expected;
+  } cases[] = {{"N", "+ 1*X  (non-binding/objective)"},
+               {"g", "+ 1*X  >=  0"},
+               {"L", "+ 1*X  <=  0"},
+               {"E", "+ 1*X  =  0"}};
+  for (const auto& c : cases) {
+    const Outcome run = Edit({std::string("add-row new ") + c.type, "add-element NEW X 1"});
+    EXPECT_EQ(run.status, 0) << c.type << ": " << run.err;
+    EXPECT_NE(Show({"row", "NEW"}).find(c.expected), std::string::npos) << c.type;
+  }
+}
+
+TEST_F(EditTest, AddsARange) {
+  EXPECT_EQ(Edit({"add-row RG R", "set-row-bounds RG 2 5", "add-element RG Y 1"}).status, 0);
+  EXPECT_NE(Show({"row", "RG"}).find("2  >=   + 1*Y  <=  5"), std::string::npos);
+}
+
+TEST_F(EditTest, AddsColumns) {
+  EXPECT_EQ(Edit({"add-column c1", "add-column C2 i", "add-element R1 C1 1", "add-element R1 C2 1"})
+                .status,
+            0);
+  EXPECT_NE(Show({"column", "C1"}).find("Type      R\nLower     0\nUpper     inf\n"),
+            std::string::npos);
+  EXPECT_NE(Show({"column", "C2"}).find("Type      I\n"), std::string::npos);
+}
+
+TEST_F(EditTest, WritesAMissingLowerBoundOnlyInFreeRecords) {
+  EXPECT_EQ(Edit({"set-bound Y MI"}).status, 0);
+  EXPECT_NE(Show({"column", "Y"}).find("Lower     -inf\nUpper     inf\n"), std::string::npos);
+}
+
+TEST_F(EditTest, TakesCommandsFromStandardInput) {
+  const Outcome run = EditFromInput(
+      "# a comment\n\n   \t\n  set-bound\tX UP 7\r\n\"rename-row\" R2 \"LI\"MIT\n"
+      "# delete-row R1\n");
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out, folder_.Expand("@b.mps: 2 rows, 2 columns, 3 elements\n"));
+  EXPECT_NE(Show({"column", "X"}).find("Upper     7\n"), std::string::npos);
+  EXPECT_NE(Show({"row", "LIMIT"}).find("Row       LIMIT"), std::string::npos);
+}
+
+TEST_F(EditTest, ReadsNoInputWhenCommandsAreGiven) {
+  const Outcome run = RunQuarvel({"edit", folder_.Write("a.mps", kSmallModel),
+                                  folder_.Path("b.mps"), "-c", "set-bound X UP 7"},
+                                 "this is no command\n");
+  EXPECT_EQ(run.status, 0) << run.err;
+}
+
+TEST_F(EditTest, WarnsOfLongNamesOnly) {
+  const Outcome run =
+      Edit({"rename-row R2 LONGROWNAME", "add-row LONGROWNAME2 L", "add-element LONGROWNAME2 X 1"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(
+      run.err,
+      "quarvel: The name you entered had more than 8 characters.  In a standard MPS file, "
+      "names can be no longer than 8 characters.  If you wish your model to be standard, "
+      "please reset the name to have 8 or fewer characters\n"
+      "quarvel: The file written is not a standard MPS file, since at least one of the row or "
+      "column names or element values was too long\n");
+}
+
+struct Bad {
+  const char* command;
+  const char* complaint;
+};
+
+TEST_F(EditTest, WritesNothingAtABadCommand) {
+  const Bad cases[] = {
+      {"polish", "there is no command polish"},
+      {"add-row R9", "add-row takes NAME N|G|L|E|R"},
+      {"simplify now", "simplify takes nothing"},
+      {"add-row r1 L", "Row not added:  that name is already in use"},
+      {"add-row \"A B\" L", "Row not added:  spaces are not allowed in row names"},
+      {"add-row \"\" L", "Row not added:  empty name given"},
+      {"add-row R9 X", "Invalid Row Type"},
+      {"add-column X", "Column not added:  that name is already in use"},
+      {"add-column Z B", "Invalid Column Type"},
+      {"set-column-type X B", "Invalid Column Type"},
+      {"set-row-type R1 Q", "Invalid Row Type"},
+      {"rename-row R1 R2", "That name is already in use"},
+      {"rename-row R1 R1", "That name is already in use"},
+      {"rename-column X \"\"", "Invalid Name"},
+      {"rename-column X \"A B\"", "Spaces are not allowed in column names"},
+      {"delete-row R9", "there is no row R9"},
+      {"delete-row 2", "Quarvel.dll error: row 2 is out of range.   Rows range from 0 to 1."},
+      {"delete-column -1",
+       "Quarvel.dll error: column -1 is out of range.   Columns range from 0 to 1."},
+      {"delete-element R2 Y", "row R2 has no element at column Y"},
+      {"set-element R2 Y 1", "row R2 has no element at column Y"},
+      {"add-element R2 Y one", "\"one\" is not a number"},
+      {"add-element R2 Y inf", "\"inf\" is not a number"},
+      {"set-row-bounds R2 0 ten", "\"ten\" is not a number"},
+      {"set-bound X BV", "there is no bound BV"},
+      {"set-bound X UP", "UP needs a value"},
+      {"set-bound X FR 1", "FR takes no value"},
+      {"set-name \"open", "a quote is not closed"},
+  };
+  for (const Bad& bad : cases) {
+    const Outcome run = Edit({"set-bound X UP 7", bad.command, "polish too"});
+    EXPECT_EQ(run.status, 1) << bad.command;
+    EXPECT_EQ(run.out, "") << bad.command;
+    EXPECT_EQ(run.err,
+              std::string("quarvel: command 2 (") + bad.command + "): " + bad.complaint + "\n");
+    EXPECT_FALSE(folder_.Has("b.mps")) << bad.command;
+  }
+}
+
+TEST_F(EditTest, NamesTheLineOfStandardInput) {
+  const Outcome run = EditFromInput("# first\n\nset-bound X UP 7\ndelete-row R7\n");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err, "quarvel: line 4 (delete-row R7): there is no row R7\n");
+  EXPECT_FALSE(folder_.Has("b.mps"));
+}
+
+TEST_F(EditTest, RefusesToDeleteTheOnlyRow) {
+  const Outcome run = Edit({"delete-row R2", "delete-row R1"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err,
+            "quarvel: command 2 (delete-row R1): Cannot remove the only row. Rename it instead of "
+            "removing it and creating a new one.\n");
+}
+
+TEST_F(EditTest, LeavesItsOwnFileAloneAtABadCommand) {
+  const std::string model = folder_.Write("a.mps", kSmallModel);
+  EXPECT_EQ(RunQuarvel({"edit", model, model, "-c", "set-bound X UP 7", "-c", "polish"}).status, 1);
+  EXPECT_EQ(folder_.Read("a.mps"), kSmallModel);
+  EXPECT_EQ(RunQuarvel({"edit", model, model, "-c", "set-bound X UP 7"}).status, 0);
+  EXPECT_NE(folder_.Read("a.mps").find(" UP BOUND     X                   7.\r\n"),
+            std::string::npos);
+}
+
+TEST_F(EditTest, FailsWithASimplificationThatFails) {
+  const std::string model = folder_.Write("a.log", kSmallModel);
+  const Outcome run = RunQuarvel({"edit", model, folder_.Path("b.mps"), "-c", "simplify"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err,
+            "quarvel: command 1 (simplify): the simplification failed: Path/File access error\n");
+  EXPECT_FALSE(folder_.Has("b.mps"));
+}
+
+TEST(SplitWords, KnowsBlanksAndQuotes) {
+  const struct {
+    const char* line;
+    Words words;
+  } cases[] = {
+      {"", {}},
+      {" \t\r", {}},
+      {"  # all of it \"", {}},
+      {"a #b", {"a", "#b"}},
+      {" a\tb  c\r", {"a", "b", "c"}},
+      {"a \"b c\" \"\"", {"a", "b c", ""}},
+      {"x\"y z\"w", {"xy zw"}},
+      {"\"\\\"\\\\\\n\\x\"", {"\"\\\nx"}},
+      {"a\\b 'c d'", {"a\\b", "'c", "d'"}},
+  };
+  for (const auto& c : cases) EXPECT_EQ(hosts::SplitWords(c.line), c.words) << c.line;
+}
+
+TEST(SplitWords, RefusesAnOpenQuote) {
+  EXPECT_THROW(hosts::SplitWords("a \"b"), hosts::CommandError);
+  EXPECT_THROW(hosts::SplitWords("\"\\"), hosts::CommandError);
+}
+
+}  // namespace
+}  // namespace quarvel

@@ -1,0 +1,150 @@
+#include <gtest/gtest.h>
+
+#include "tests/hosts/run_quarvel.h"
+
+namespace quarvel {
+namespace {
+
+TEST(Info, PrintsAModelInNumbers) {
+  const HostFolder folder;
+  const Outcome run = RunQuarvel({"info", folder.Example("diet.mps")});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out,
+            folder.Expand(
+                "Name              DIET\n"
+                "Description       The cheapest diet that covers a week's needs of energy, protein "
+                "and calcium.\n"
+                "                  COST is the objective: the price of 100 g of each food, in "
+                "cents.\n"
+                "File              @diet.mps\n"
+                "Binding rows      4\n"
+                "Non-binding rows  1\n"
+                "Integer columns   0\n"
+                "Summary           5 rows, 5 columns, 25 elements\n"));
+  EXPECT_EQ(run.err, "");
+}
+
+TEST(Info, PrintsJson) {
+  const HostFolder folder;
+  const Outcome run = RunQuarvel({"info", "--json", folder.Example("knapsack.mps")});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out,
+            folder.Expand("{\"name\":\"KNAPSACK\",\"description\":\"Six things to take along or "
+                          "leave, worth as much as possible within a weight limit.\\r\\nThe worth "
+                          "is negated, so that less is better; SLACK is the weight left over.\","
+                          "\"file\":\"@knapsack.mps\",\"rows\":2,\"columns\":7,\"elements\":13,"
+                          "\"bindingRows\":1,\"nonBindingRows\":1,\"integerColumns\":6}\n"));
+}
+
+TEST(Info, EscapesTextInJson) {
+  const HostFolder folder;
+  const std::string model =
+      folder.Write("a.mps", "* say \"hi\" \\ \tthere\n" + std::string(kSmallModel));
+  const Outcome run = RunQuarvel({"info", "--json", model});
+  EXPECT_NE(run.out.find("\"description\":\"say \\\"hi\\\" \\\\ \\tthere\\r\\nsmall\""),
+            std::string::npos)
+      << run.out;
+}
+
+TEST(Info, LeavesOutWhatTheModelDoesNotHave) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", "ROWS\n L R1\nCOLUMNS\n X R1 1\nENDATA\n");
+  EXPECT_EQ(RunQuarvel({"info", model}).out,
+            folder.Expand("File              @a.mps\n"
+                          "Binding rows      1\n"
+                          "Non-binding rows  0\n"
+                          "Integer columns   0\n"
+                          "Summary           1 row, 1 column, 1 element\n"));
+}
+
+TEST(Reading, StopsAtTheFirstProblemWhereNobodyCanBeAsked) {
+  const HostFolder folder;
+  const std::string model = folder.Example("mistakes.mps");
+  const std::string expected = folder.Expand(
+      "quarvel: @mistakes.mps: MPS file read error: no rows yet, but reading columns (line 5)\n"
+      "quarvel: @mistakes.mps was not read; \"--on-error continue\" passes over problems, "
+      "\"quarvel "
+      "check\" lists them\n");
+  for (const std::vector<std::string>& words : {std::vector<std::string>{"info", model},
+                                                {"info", model, "--on-error", "stop"},
+                                                {"rows", model, "--on-error", "ask"}}) {
+    const Outcome run = RunQuarvel(words);
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err, expected);
+  }
+}
+
+TEST(Reading, PassesOverProblemsWhenToldTo) {
+  const HostFolder folder;
+  const Outcome run =
+      RunQuarvel({"info", folder.Example("mistakes.mps"), "--on-error", "continue"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_NE(run.out.find("\nSummary           4 rows, 4 columns, 5 elements\n"), std::string::npos);
+  EXPECT_TRUE(
+      run.err.ends_with("mistakes.mps: Quarvel.dll error: rows or columns with no elements, "
+                        "as noted in warnings.\n"))
+      << run.err;
+}
+
+TEST(Reading, StopsAtAColumnWithoutElements) {
+  const HostFolder folder;
+  const std::string model =
+      folder.Write("a.mps", "ROWS\n L R1\nCOLUMNS\n X R1 1\n Y R1 0\nENDATA\n");
+  const Outcome run = RunQuarvel({"info", model});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(
+      run.err.starts_with(folder.Expand("quarvel: @a.mps: Warning: no elements for column Y\n")))
+      << run.err;
+}
+
+TEST(Reading, EndsWithAFileThatCannotBeRead) {
+  const HostFolder folder;
+  const struct {
+    std::string path;
+    const char* failure;
+  } cases[] = {
+      {folder.Path("missing.mps"), "File not found"},
+      {folder.Path("no/such/folder.mps"), "Path not found"},
+      {folder.Path(""), "Path/File access error"},
+  };
+  for (const auto& c : cases) {
+    for (const char* const on_error : {"stop", "continue"}) {
+      const Outcome run = RunQuarvel({"info", c.path, "--on-error", on_error});
+      EXPECT_EQ(run.status, 1);
+      EXPECT_EQ(run.out, "");
+      EXPECT_EQ(run.err, "quarvel: " + c.path + ": " + c.failure + "\nquarvel: " + c.path +
+                             " was not read\n");
+    }
+  }
+}
+
+TEST(Reading, TakesTheDefaultBoundsFromItsOption) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", kSmallModel);
+  const auto lower_of_y = [&model](const std::vector<std::string>& option) {
+    std::vector<std::string> words = {"column", model, "Y", "--json"};
+    words.insert(words.end(), option.begin(), option.end());
+    const std::string out = RunQuarvel(words).out;
+    const std::size_t at = out.find("\"lowerBound\":");
+    return at == std::string::npos ? out : out.substr(at, out.find(',', at) - at);
+  };
+  EXPECT_EQ(lower_of_y({}), "\"lowerBound\":0");
+  EXPECT_EQ(lower_of_y({"--default-bounds", "0"}), "\"lowerBound\":0");
+  EXPECT_EQ(lower_of_y({"--default-bounds", "inf"}), "\"lowerBound\":-10000000000");
+}
+
+TEST(Reading, SimplifiesWhenToldTo) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", kSmallModel);
+  EXPECT_NE(RunQuarvel({"info", model}).out.find("2 rows, 2 columns, 3 elements"),
+            std::string::npos);
+  EXPECT_FALSE(folder.Has("a.log"));
+  const Outcome run = RunQuarvel({"info", model, "--simplify"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_NE(run.out.find("1 row, 2 columns, 2 elements"), std::string::npos) << run.out;
+  EXPECT_EQ(run.err, folder.Expand("quarvel: the simplifications are listed in @a.log\n"));
+}
+
+}  // namespace
+}  // namespace quarvel

@@ -1,0 +1,79 @@
+// Ctrl-C. A signal can be raised from inside a program only where it comes as one.
+#ifndef _WIN32
+
+#include <csignal>
+#include <optional>
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "hosts/program.h"
+#include "tests/hosts/run_quarvel.h"
+
+namespace quarvel {
+namespace {
+
+// A stream buffer that presses Ctrl-C once, when the first character passes.
+class PressingBuffer : public std::stringbuf {
+ protected:
+  std::streamsize xsputn(const char* text, std::streamsize count) override {
+    if (!pressed_) std::raise(SIGINT);
+    pressed_ = true;
+    return std::stringbuf::xsputn(text, count);
+  }
+
+ private:
+  bool pressed_ = false;
+};
+
+// A model with a problem in its first lines and many more lines behind it.
+std::string LongModel() {
+  std::string model = "ROWS\n X BAD\n";
+  for (int i = 0; i < 1000; ++i) model += " L R" + std::to_string(i) + "\n";
+  return model + "COLUMNS\n X R1 1\nENDATA\n";
+}
+
+TEST(Interrupt, StopsARead) {
+  const HostFolder folder;
+  PressingBuffer err_buffer;
+  std::ostream err(&err_buffer);
+  std::ostringstream out;
+  const std::vector<std::string> words = {"info", folder.Write("a.mps", LongModel()), "--on-error",
+                                          "continue"};
+  EXPECT_EQ(hosts::RunProgram(words, {[] { return std::nullopt; }, out, err, false}), 130);
+  EXPECT_EQ(out.str(), "");
+  EXPECT_EQ(err_buffer.str(),
+            folder.Expand("quarvel: @a.mps: MPS file read error: improper row type (line 2)\n"
+                          "quarvel: stopped\n"));
+}
+
+TEST(Interrupt, StopsAList) {
+  const HostFolder folder;
+  PressingBuffer out_buffer;
+  std::ostream out(&out_buffer);
+  std::ostringstream err;
+  const std::vector<std::string> words = {"rows", folder.Example("transport.mps")};
+  EXPECT_EQ(hosts::RunProgram(words, {[] { return std::nullopt; }, out, err, false}), 130);
+  EXPECT_EQ(out_buffer.str(), "Index  Name     Type            Lower            Upper  Elements\n");
+  EXPECT_EQ(err.str(), "quarvel: stopped\n");
+}
+
+TEST(Interrupt, KeepsAnEditFromWriting) {
+  const HostFolder folder;
+  std::ostringstream out;
+  std::ostringstream err;
+  const auto read_line = []() -> std::optional<std::string> {
+    std::raise(SIGINT);
+    return std::nullopt;
+  };
+  const std::vector<std::string> words = {"edit", folder.Write("a.mps", kSmallModel),
+                                          folder.Path("b.mps")};
+  EXPECT_EQ(hosts::RunProgram(words, {read_line, out, err, false}), 130);
+  EXPECT_FALSE(folder.Has("b.mps"));
+  EXPECT_EQ(err.str(), "quarvel: stopped\n");
+}
+
+}  // namespace
+}  // namespace quarvel
+
+#endif

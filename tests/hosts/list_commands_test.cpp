@@ -1,0 +1,192 @@
+#include <gtest/gtest.h>
+
+#include "tests/hosts/run_quarvel.h"
+
+namespace quarvel {
+namespace {
+
+TEST(Rows, AreListedInColumns) {
+  const HostFolder folder;
+  const Outcome run = RunQuarvel({"rows", folder.Example("ranges.mps")});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out,
+            "Index  Name    Type            Lower            Upper  Elements\n"
+            "    0  COST    N                -inf              inf         5\n"
+            "    1  GRANGE  R                   4               10         2\n"
+            "    2  LRANGE  R                  12               20         3\n"
+            "    3  ERANGE  R                   7                9         2\n"
+            "    4  PLAIN   E                   5                5         2\n"
+            "    5  FLOOR   G                   6              inf         1\n");
+  EXPECT_EQ(run.err, "");
+}
+
+TEST(Rows, ArePrintedAsEquations) {
+  const HostFolder folder;
+  EXPECT_EQ(RunQuarvel({"rows", folder.Example("transport.mps"), "--equations"}).out,
+            "Index  Name     Equation\n"
+            "    0  FREIGHT   + 4*X11 + 6.5*X12 + 9*X13 + 5*X21 + 3*X22 + 7.5*X23  "
+            "(non-binding/objective)\n"
+            "    1  SUPPLY1   + 1*X11 + 1*X12 + 1*X13  <=  350\n"
+            "    2  SUPPLY2   + 1*X21 + 1*X22 + 1*X23  <=  600\n"
+            "    3  DEMAND1   + 1*X11 + 1*X21  >=  325\n"
+            "    4  DEMAND2   + 1*X12 + 1*X22  >=  300\n"
+            "    5  DEMAND3   + 1*X13 + 1*X23  >=  275\n");
+}
+
+TEST(Rows, StopAtTheLimitAndSaySo) {
+  const HostFolder folder;
+  const std::string model = folder.Example("transport.mps");
+  EXPECT_EQ(RunQuarvel({"rows", model, "--limit", "1", "--equations"}).out,
+            "Index  Name     Equation\n"
+            "    0  FREIGHT   + 4*X11 + 6.5*X12 + 9*X13 + 5*X21 + 3*X22 + 7.5*X23  "
+            "(non-binding/objective)\n"
+            "(the first 1 of 6 rows)\n");
+  EXPECT_EQ(RunQuarvel({"rows", model, "--limit", "6"}).out, RunQuarvel({"rows", model}).out);
+  EXPECT_EQ(RunQuarvel({"rows", model, "--limit", "0", "--json"}).out, "[\n]\n");
+}
+
+TEST(Rows, ArePrintedAsJson) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", kSmallModel);
+  EXPECT_EQ(RunQuarvel({"rows", model, "--json", "--equations"}).out,
+            "[\n"
+            "{\"index\":0,\"name\":\"R1\",\"type\":\"N\",\"lowerBound\":-10000000000,"
+            "\"upperBound\":10000000000,\"elements\":2,"
+            "\"equation\":\" + 1*X - 3.5*Y  (non-binding/objective)\"},\n"
+            "{\"index\":1,\"name\":\"R2\",\"type\":\"L\",\"lowerBound\":-10000000000,"
+            "\"upperBound\":8,\"elements\":1,\"equation\":\" + 2*X  <=  8\"}\n"
+            "]\n");
+}
+
+TEST(Columns, AreListedInColumns) {
+  const HostFolder folder;
+  EXPECT_EQ(RunQuarvel({"columns", folder.Example("ranges.mps")}).out,
+            "Index  Name    Type            Lower            Upper  Elements\n"
+            "    0  LOW     R                 1.5              inf         3\n"
+            "    1  HIGH    R                   0               30         3\n"
+            "    2  FIXED   R                 2.5              2.5         2\n"
+            "    3  FREE    R                -inf              inf         3\n"
+            "    4  NOLOW   R                -inf              inf         2\n"
+            "    5  NOHIGH  R                   0              inf         2\n");
+}
+
+TEST(Columns, ArePrintedAsJson) {
+  const HostFolder folder;
+  EXPECT_EQ(RunQuarvel({"columns", folder.Example("knapsack.mps"), "--json", "--limit", "2"}).out,
+            "[\n"
+            "{\"index\":0,\"name\":\"TENT\",\"type\":\"I\",\"lowerBound\":0,\"upperBound\":1,"
+            "\"elements\":2},\n"
+            "{\"index\":1,\"name\":\"STOVE\",\"type\":\"I\",\"lowerBound\":0,\"upperBound\":1,"
+            "\"elements\":2}\n"
+            "]\n");
+}
+
+TEST(Columns, WidenForLongNames) {
+  const HostFolder folder;
+  const std::string model =
+      folder.Write("a.mps", "ROWS\n L R1\nCOLUMNS\n \xC3\xA4LONGERNAME R1 1\n Y R1 1\nENDATA\n");
+  EXPECT_EQ(RunQuarvel({"columns", model}).out,
+            "Index  Name         Type            Lower            Upper  Elements\n"
+            "    0  \xC3\x84LONGERNAME  R                   0              inf         1\n"
+            "    1  Y            R                   0              inf         1\n");
+}
+
+TEST(Columns, CannotSteerTheTerminal) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", "ROWS\n L R1\nCOLUMNS\n \x1b[7m R1 1\nENDATA\n");
+  const std::string out = RunQuarvel({"columns", model}).out;
+  EXPECT_EQ(out.find('\x1b'), std::string::npos);
+  EXPECT_NE(out.find("    0  ?[7M"), std::string::npos) << out;
+}
+
+TEST(Row, IsPrintedWithItsElements) {
+  const HostFolder folder;
+  EXPECT_EQ(RunQuarvel({"row", folder.Example("ranges.mps"), "ERANGE"}).out,
+            "Row       ERANGE (number 3)\n"
+            "Type      R\n"
+            "Lower     7\n"
+            "Upper     9\n"
+            "Equation  7  >=   + 1*FREE + 1*NOLOW  <=  9\n"
+            "Elements  2\n"
+            "          FREE   1\n"
+            "          NOLOW  1\n");
+}
+
+TEST(Row, StopsAtTheLimitAndSaysSo) {
+  const HostFolder folder;
+  const Outcome run = RunQuarvel({"row", folder.Example("ranges.mps"), "ERANGE", "--limit", "1"});
+  EXPECT_TRUE(run.out.ends_with("Elements  2\n          FREE  1\n          (the first 1)\n"))
+      << run.out;
+}
+
+TEST(Row, IsPrintedAsJson) {
+  const HostFolder folder;
+  EXPECT_EQ(RunQuarvel({"row", folder.Write("a.mps", kSmallModel), "R1", "--json"}).out,
+            "{\"index\":0,\"name\":\"R1\",\"type\":\"N\",\"lowerBound\":-10000000000,"
+            "\"upperBound\":10000000000,\"equation\":\" + 1*X - 3.5*Y  (non-binding/objective)\","
+            "\"elements\":[{\"column\":\"X\",\"index\":0,\"value\":1},"
+            "{\"column\":\"Y\",\"index\":1,\"value\":-3.5}]}\n");
+}
+
+TEST(Column, IsPrintedWithItsElements) {
+  const HostFolder folder;
+  EXPECT_EQ(RunQuarvel({"column", folder.Example("knapsack.mps"), "TENT"}).out,
+            "Column    TENT (number 0)\n"
+            "Type      I\n"
+            "Lower     0\n"
+            "Upper     1\n"
+            "Elements  2\n"
+            "          WORTH   -60\n"
+            "          WEIGHT  10\n");
+}
+
+TEST(Column, IsPrintedAsJson) {
+  const HostFolder folder;
+  EXPECT_EQ(RunQuarvel({"column", folder.Write("a.mps", kSmallModel), "X", "--json"}).out,
+            "{\"index\":0,\"name\":\"X\",\"type\":\"R\",\"lowerBound\":0,\"upperBound\":10,"
+            "\"elements\":[{\"row\":\"R1\",\"index\":0,\"value\":1},"
+            "{\"row\":\"R2\",\"index\":1,\"value\":2}]}\n");
+}
+
+TEST(Names, AreFoundExactlyThenInUpperCaseThenAsNumbers) {
+  const HostFolder folder;
+  const std::string model =
+      folder.Write("a.mps", "ROWS\n L FIRST\n L 0\nCOLUMNS\n X FIRST 1 0 1\nENDATA\n");
+  const struct {
+    const char* given;
+    const char* found;
+  } cases[] = {{"FIRST", "Row       FIRST (number 0)\n"},
+               {"First", "Row       FIRST (number 0)\n"},
+               {"0", "Row       0 (number 1)\n"},
+               {"1", "Row       0 (number 1)\n"}};
+  for (const auto& c : cases) {
+    EXPECT_TRUE(RunQuarvel({"row", model, c.given}).out.starts_with(c.found)) << c.given;
+  }
+}
+
+TEST(Names, ThatDoNotExistAreReported) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", kSmallModel);
+  const struct {
+    const char* command;
+    const char* given;
+    const char* complaint;
+  } cases[] = {
+      {"row", "R9", "there is no row R9"},
+      {"column", "1.5", "there is no column 1.5"},
+      {"row", "2", "Quarvel.dll error: row 2 is out of range.   Rows range from 0 to 1."},
+      {"row", "-1", "Quarvel.dll error: row -1 is out of range.   Rows range from 0 to 1."},
+      {"column", "2147483647",
+       "Quarvel.dll error: column 2147483647 is out of range.   Columns range from 0 to 1."},
+      {"column", "2147483648", "there is no column 2147483648"},
+  };
+  for (const auto& c : cases) {
+    const Outcome run = RunQuarvel({c.command, model, c.given});
+    EXPECT_EQ(run.status, 1) << c.given;
+    EXPECT_EQ(run.out, "") << c.given;
+    EXPECT_EQ(run.err, std::string("quarvel: ") + c.complaint + "\n");
+  }
+}
+
+}  // namespace
+}  // namespace quarvel

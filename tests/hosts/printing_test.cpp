@@ -1,0 +1,102 @@
+#include "hosts/printing.h"
+
+#include <limits>
+
+#include <gtest/gtest.h>
+
+#include "hosts/answers.h"
+#include "model/model_data.h"
+
+namespace quarvel::hosts {
+namespace {
+
+TEST(OneLine, KeepsTheTerminalFromBeingSteered) {
+  EXPECT_EQ(OneLine("a\r\nb\nc\rd"), "a b c d");
+  EXPECT_EQ(OneLine("\x1b[31m\x7f\t"), "?[31m??");
+  EXPECT_EQ(OneLine("\xC2\x9B"
+                    "31m \xC2\xA7"),
+            "?31m \xC2\xA7");
+  EXPECT_EQ(OneLine(std::string_view("a\0b", 3)), "a?b");
+}
+
+TEST(Columns, CountCharactersNotBytes) {
+  std::string line;
+  AppendLeft(line, "\xC3\x84", 3);
+  AppendRight(line, "\xC3\x84", 3);
+  EXPECT_EQ(line, "\xC3\x84    \xC3\x84");
+}
+
+TEST(Columns, LeaveLongTextWhole) {
+  std::string line;
+  AppendLeft(line, "abcd", 3);
+  AppendRight(line, "efgh", 3);
+  EXPECT_EQ(line, "abcdefgh");
+}
+
+TEST(BoundText, SaysWhereThereIsNone) {
+  EXPECT_EQ(BoundText(BoundLimit), "inf");
+  EXPECT_EQ(BoundText(-BoundLimit), "-inf");
+  EXPECT_EQ(BoundText(9999999999.0), "9999999999");
+  EXPECT_EQ(BoundText(1e15), "1E+15");
+}
+
+TEST(Counted, HasASingular) {
+  EXPECT_EQ(Counted(0, "row"), "0 rows");
+  EXPECT_EQ(Counted(1, "row"), "1 row");
+  EXPECT_EQ(Counted(2, "row"), "2 rows");
+}
+
+template <class Value>
+std::string Json(const Value& value) {
+  std::string json;
+  AppendJson(json, value);
+  return json;
+}
+
+TEST(Json, EscapesText) {
+  EXPECT_EQ(Json(std::string_view("a\"b\\c\r\n\t\b\f\x01\x1f/")),
+            "\"a\\\"b\\\\c\\r\\n\\t\\b\\f\\u0001\\u001f/\"");
+  EXPECT_EQ(Json(std::string_view("\xC3\x84")), "\"\xC3\x84\"");
+}
+
+TEST(Json, IsUtf8WhateverTheTextIs) { EXPECT_EQ(Json(std::string_view("\xE4")), "\"\xC3\xA4\""); }
+
+TEST(Json, WritesNumbersAsGeneralText) {
+  EXPECT_EQ(Json(1e10), "10000000000");
+  EXPECT_EQ(Json(-0.1), "-0.1");
+  EXPECT_EQ(Json(1e300), "1E+300");
+  EXPECT_EQ(Json(std::int32_t{-7}), "-7");
+}
+
+TEST(Json, HasNoNumberBeyondTheDoubles) {
+  EXPECT_EQ(Json(std::numeric_limits<double>::infinity()), "null");
+  EXPECT_EQ(Json(std::numeric_limits<double>::quiet_NaN()), "null");
+}
+
+TEST(Json, SetsMembersApart) {
+  std::string json = "{";
+  AppendJsonMember(json, "a", std::int32_t{1});
+  AppendJsonMember(json, "b", std::string("{"));
+  AppendJsonMember(json, "c", 0.5);
+  EXPECT_EQ(json, "{\"a\":1,\"b\":\"{\",\"c\":0.5");
+}
+
+TEST(LineOfProblem, IsTakenFromItsEnd) {
+  const struct {
+    const char* description;
+    std::int64_t line;
+  } cases[] = {
+      {"MPS file read error: needs numeric value (line 12)", 12},
+      {"MPS file read error: insufficent tokens in line 7", 7},
+      {"MPS file read error: row name appears for a second time (1234567)", 1234567},
+      {"Quarvel.dll error: no rows", 0},
+      {"Quarvel.dll error: bounds reversed on variable X12", 0},
+      {"Warning: no elements for row (9)", 0},
+      {"12", 0},
+      {"", 0},
+  };
+  for (const auto& c : cases) EXPECT_EQ(LineOfProblem(c.description), c.line) << c.description;
+}
+
+}  // namespace
+}  // namespace quarvel::hosts

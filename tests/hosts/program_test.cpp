@@ -1,0 +1,105 @@
+#include "hosts/program.h"
+
+#include <gtest/gtest.h>
+
+#include "hosts/commands.h"
+#include "model/about.h"
+#include "tests/hosts/run_quarvel.h"
+
+namespace quarvel {
+namespace {
+
+TEST(Program, PrintsItsVersion) {
+  const Outcome run = RunQuarvel({"--version"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "quarvel " + std::string(kVersion) + "\n");
+  EXPECT_EQ(run.err, "");
+}
+
+TEST(Program, NamesEveryCommandInItsHelp) {
+  const Outcome run = RunQuarvel({"--help"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "");
+  for (const hosts::Command& command : hosts::Commands()) {
+    const std::string line =
+        "\n  " + std::string(command.name) + ' ' + std::string(command.operands) + ' ';
+    EXPECT_NE(run.out.find(line), std::string::npos) << line;
+  }
+}
+
+TEST(Program, HelpsWithEveryCommand) {
+  for (const hosts::Command& command : hosts::Commands()) {
+    const std::string name(command.name);
+    const Outcome run = RunQuarvel({name, "-h"});
+    EXPECT_EQ(run.status, 0) << name;
+    EXPECT_TRUE(run.out.starts_with("Usage: quarvel " + name + ' ' + std::string(command.operands) +
+                                    " [OPTION ...]\n"))
+        << run.out;
+    EXPECT_EQ(run.out.find("--json") != std::string::npos, (command.options & hosts::kJson) != 0)
+        << name;
+    EXPECT_EQ(run.err, "") << name;
+  }
+}
+
+TEST(Program, HelpsOnStandardErrorWithoutACommand) {
+  const Outcome run = RunQuarvel({});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err, RunQuarvel({"--help"}).out);
+}
+
+struct Misuse {
+  std::vector<std::string> words;
+  const char* complaint;
+};
+
+TEST(Program, RefusesWhatItDoesNotUnderstand) {
+  const Misuse cases[] = {
+      {{"polish"}, "there is no command polish"},
+      {{"--polish"}, "there is no option --polish"},
+      {{"info"}, "info takes FILE"},
+      {{"info", "a", "b"}, "info takes FILE"},
+      {{"info", ""}, "info takes no empty words"},
+      {{"convert", "a"}, "convert takes IN OUT"},
+      {{"row", "a"}, "row takes FILE NAME|INDEX"},
+      {{"evaluate", "a"}, "evaluate takes FILE ROW [NAME=VALUE ...]"},
+      {{"info", "a", "--point", "p"}, "info takes no --point"},
+      {{"check", "a", "--on-error", "stop"}, "check takes no --on-error"},
+      {{"simplify", "a", "b", "--simplify"}, "simplify takes no --simplify"},
+      {{"convert", "a", "b", "--json"}, "convert takes no --json"},
+      {{"rows", "a", "--limit"}, "--limit needs a value: N"},
+      {{"rows", "a", "--limit", "-1"}, "--limit takes N, not \"-1\""},
+      {{"rows", "a", "--limit", "5x"}, "--limit takes N, not \"5x\""},
+      {{"rows", "a", "--json=yes"}, "--json takes no value"},
+      {{"info", "a", "--on-error", "go"}, "--on-error takes ask|stop|continue, not \"go\""},
+      {{"info", "a", "--default-bounds=1"}, "--default-bounds takes 0|inf, not \"1\""},
+      {{"info", "a", "--on-conflict="}, "--on-conflict takes ask|remove|reset|stop, not \"\""},
+      {{"simplify", "a", "b", "--log", "a"}, "simplify cannot copy the log over a model"},
+      {{"simplify", "a", "b", "--log=b"}, "simplify cannot copy the log over a model"},
+  };
+  for (const Misuse& misuse : cases) {
+    const Outcome run = RunQuarvel(misuse.words);
+    EXPECT_EQ(run.status, 2) << misuse.complaint;
+    EXPECT_EQ(run.out, "") << misuse.complaint;
+    EXPECT_TRUE(run.err.starts_with(std::string("quarvel: ") + misuse.complaint + "\n")) << run.err;
+  }
+}
+
+TEST(Program, PointsToTheHelpOfTheCommand) {
+  EXPECT_EQ(RunQuarvel({"rows", "a", "b"}).err,
+            "quarvel: rows takes FILE\nquarvel: \"quarvel rows --help\" tells more\n");
+  EXPECT_EQ(RunQuarvel({"polish"}).err,
+            "quarvel: there is no command polish\nquarvel: \"quarvel --help\" tells more\n");
+}
+
+TEST(Program, KnowsTheModelUnderAnotherNameOfItsFile) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", kSmallModel);
+  const Outcome run =
+      RunQuarvel({"simplify", model, folder.Path("b.mps"), "--log", folder.Path("./a.mps")});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(folder.Read("a.mps"), kSmallModel);
+}
+
+}  // namespace
+}  // namespace quarvel

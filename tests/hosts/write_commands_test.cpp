@@ -1,0 +1,200 @@
+#include <gtest/gtest.h>
+
+#include "tests/hosts/run_quarvel.h"
+
+namespace quarvel {
+namespace {
+
+constexpr std::string_view kSmallModelWritten =
+    "NAME          SMALL\r\n"
+    "* small\r\n"
+    "ROWS\r\n"
+    " N  R1\r\n"
+    " L  R2\r\n"
+    "COLUMNS\r\n"
+    "    X         R1                  1.\r\n"
+    "    X         R2                  2.\r\n"
+    "    Y         R1                -3.5\r\n"
+    "RHS\r\n"
+    "    RHS       R2                  8.\r\n"
+    "BOUNDS\r\n"
+    " UP BOUND     X                  10.\r\n"
+    "ENDATA\r\n";
+
+TEST(Convert, WritesWhatItRead) {
+  const HostFolder folder;
+  const Outcome run =
+      RunQuarvel({"convert", folder.Write("a.mps", kSmallModel), folder.Path("b.mps")});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, folder.Expand("@b.mps: 2 rows, 2 columns, 3 elements\n"));
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(folder.Read("b.mps"), kSmallModelWritten);
+}
+
+TEST(Convert, WritesOverItsOwnFileAndLeavesNoBackup) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", kSmallModel);
+  EXPECT_EQ(RunQuarvel({"convert", model, folder.Path("./a.mps")}).status, 0);
+  EXPECT_EQ(folder.Read("a.mps"), kSmallModelWritten);
+  EXPECT_FALSE(folder.Has("a.bkp"));
+}
+
+TEST(Convert, GivesEveryExampleBackUnchanged) {
+  const HostFolder folder;
+  for (const std::string name : {"diet.mps", "transport.mps", "knapsack.mps"}) {
+    const std::string model = folder.Example(name);
+    ASSERT_EQ(RunQuarvel({"convert", model, folder.Path("b.mps")}).status, 0) << name;
+    for (const char* const command : {"rows", "columns"}) {
+      const Outcome before = RunQuarvel({command, model, "--json"});
+      const Outcome after = RunQuarvel({command, folder.Path("b.mps"), "--json"});
+      ASSERT_EQ(before.status, 0);
+      // The writer puts integer columns last.
+      if (name == "knapsack.mps" && std::string(command) == "columns") {
+        EXPECT_EQ(before.out.size(), after.out.size()) << name;
+      } else {
+        EXPECT_EQ(before.out, after.out) << name;
+      }
+    }
+  }
+}
+
+TEST(Convert, TellsOfAFileThatIsNotStandard) {
+  const HostFolder folder;
+  const std::string model =
+      folder.Write("a.mps", "ROWS\n L LONGROWNAME\nCOLUMNS\n X LONGROWNAME 1\nENDATA\n");
+  const Outcome run = RunQuarvel({"convert", model, folder.Path("b.mps")});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(
+      run.err,
+      "quarvel: The file written is not a standard MPS file, since at least one of the row or "
+      "column names or element values was too long\n");
+}
+
+TEST(Convert, LeavesTheTargetAloneWhenThereIsNothingToWrite) {
+  const HostFolder folder;
+  const std::string empty = folder.Write("a.mps", "");
+  const std::string target = folder.Write("b.mps", "precious");
+  const Outcome run = RunQuarvel({"convert", empty, target, "--on-error", "continue"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(run.err.ends_with(
+      folder.Expand("quarvel: the model has no elements; @b.mps was not written\n")))
+      << run.err;
+  EXPECT_EQ(folder.Read("b.mps"), "precious");
+}
+
+TEST(Convert, LeavesTheTargetAloneWhenTheFileIsNotRead) {
+  const HostFolder folder;
+  const std::string target = folder.Write("b.mps", "precious");
+  EXPECT_EQ(RunQuarvel({"convert", folder.Example("mistakes.mps"), target}).status, 1);
+  EXPECT_EQ(folder.Read("b.mps"), "precious");
+}
+
+TEST(Convert, ReportsATargetThatCannotBeWritten) {
+  const HostFolder folder;
+  const Outcome run =
+      RunQuarvel({"convert", folder.Write("a.mps", kSmallModel), folder.Path("no/b.mps")});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err, folder.Expand("quarvel: @no/b.mps: Path not found\n"
+                                   "quarvel: @no/b.mps was not written\n"));
+}
+
+TEST(Simplify, WritesTheSimplifiedModelAndCopiesTheLog) {
+  const HostFolder folder;
+  const Outcome run = RunQuarvel({"simplify", folder.Example("ranges.mps"), folder.Path("out.mps"),
+                                  "--log", folder.Path("copy.log")});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, folder.Expand("@out.mps: 5 rows, 6 columns, 14 elements\n"));
+  EXPECT_NE(folder.Read("out.mps").find(" LO BOUND     LOW                 3.\r\n"),
+            std::string::npos);
+  EXPECT_EQ(folder.Read("copy.log"), folder.Expand("Log file for simplification of @ranges.mps\r\n"
+                                                   "Converted row FLOOR into variable bound\r\n"));
+  EXPECT_EQ(folder.Read("ranges.log"), folder.Read("copy.log"));
+}
+
+TEST(Simplify, SaysWhenThereWasNothingToDo) {
+  const HostFolder folder;
+  const Outcome run = RunQuarvel({"simplify", folder.Example("transport.mps"),
+                                  folder.Path("out.mps"), "--log", folder.Path("copy.log")});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err.substr(0, run.err.find('\n')), "quarvel: No simplifications were made.");
+  EXPECT_FALSE(folder.Has("copy.log"));
+  EXPECT_FALSE(folder.Has("transport.log"));
+  EXPECT_TRUE(folder.Has("out.mps"));
+}
+
+TEST(Simplify, SettlesConflictsAsToldTo) {
+  const struct {
+    std::vector<std::string> option;
+    const char* outcome;
+    const char* size;
+    const char* bounds;  // of X
+  } cases[] = {
+      {{},
+       "Stopped converting rows.",
+       "2 rows, 2 columns, 3 elements",
+       "\"lowerBound\":0,\"upperBound\":3,"},
+      {{"--on-conflict", "ask"},
+       "Stopped converting rows.",
+       "2 rows, 2 columns, 3 elements",
+       "\"lowerBound\":0,\"upperBound\":3,"},
+      {{"--on-conflict", "stop"},
+       "Stopped converting rows.",
+       "2 rows, 2 columns, 3 elements",
+       "\"lowerBound\":0,\"upperBound\":3,"},
+      {{"--on-conflict", "remove"},
+       "Removed.",
+       "1 row, 2 columns, 2 elements",
+       "\"lowerBound\":0,\"upperBound\":3,"},
+      {{"--on-conflict", "reset"},
+       "The bounds were reset to it.",
+       "1 row, 2 columns, 2 elements",
+       "\"lowerBound\":4,\"upperBound\":4,"},
+  };
+  for (const auto& c : cases) {
+    const HostFolder folder;
+    std::vector<std::string> words = {"simplify", folder.Write("a.mps", kConflictModel),
+                                      folder.Path("b.mps")};
+    words.insert(words.end(), c.option.begin(), c.option.end());
+    const Outcome run = RunQuarvel(words);
+    EXPECT_EQ(run.status, 0) << c.outcome;
+    EXPECT_TRUE(run.err.starts_with(
+        std::string("quarvel: The equality R2 violates variable bounds.  ") + c.outcome + "\n"))
+        << run.err;
+    EXPECT_EQ(run.out, folder.Expand(std::string("@b.mps: ") + c.size + "\n"));
+    const Outcome column = RunQuarvel({"column", folder.Path("b.mps"), "X", "--json"});
+    EXPECT_NE(column.out.find(c.bounds), std::string::npos) << column.out;
+  }
+}
+
+TEST(Simplify, WritesNothingWhenTheLogCannotBeWritten) {
+  const HostFolder folder;
+  // The log of a model in "a.log" would be that very file.
+  const std::string model = folder.Write("a.log", kSmallModel);
+  const Outcome run = RunQuarvel({"simplify", model, folder.Path("b.mps")});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err, "quarvel: the simplification failed: Path/File access error\n");
+  EXPECT_FALSE(folder.Has("b.mps"));
+  EXPECT_EQ(folder.Read("a.log"), kSmallModel);
+}
+
+TEST(Simplify, EndsTheReadItBelongsToWhenItFails) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.log", kSmallModel);
+  const Outcome run = RunQuarvel({"info", model, "--simplify", "--on-error", "continue"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err, folder.Expand("quarvel: @a.log: Path/File access error\n"
+                                   "quarvel: @a.log was not read\n"));
+}
+
+TEST(Simplify, ReportsALogThatCannotBeCopied) {
+  const HostFolder folder;
+  const Outcome run = RunQuarvel({"simplify", folder.Example("ranges.mps"), folder.Path("out.mps"),
+                                  "--log", folder.Path("no/copy.log")});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(run.err.ends_with(folder.Expand("quarvel: @no/copy.log: Path not found\n")));
+  EXPECT_FALSE(folder.Has("out.mps"));
+}
+
+}  // namespace
+}  // namespace quarvel
