@@ -1,0 +1,237 @@
+#include "bench/job_list.h"
+
+#include <string_view>
+#include <utility>
+
+namespace quarvel::bench {
+namespace {
+
+constexpr std::int64_t kRows = 200'000;
+constexpr std::int64_t kColumns = 500'000;
+constexpr std::int64_t kPerColumn = 7;
+constexpr std::int64_t kRowDeletions = 1'000;
+// Doubling the model may multiply a time by 2.3.
+constexpr double kDoublingRatio = 1 / 2.3;
+
+// What a file has beside the rows and columns of the base model.
+struct Extras {
+  std::int64_t singletons = 0;
+  std::int64_t empty_columns = 0;
+  std::vector<std::string> options;
+};
+
+class JobLister {
+ public:
+  explicit JobLister(const Plan& plan) : plan_(plan), divisor_(plan.small ? 50 : 1) {}
+
+  std::vector<Job> List() {
+    AddReads();
+    AddWrite();
+    AddQuery();
+    AddSimplifications();
+    AddDeletions();
+    AddEdits();
+    if (plan_.growth) {
+      AddGrowth(2);
+      AddGrowth(4);
+    }
+    if (plan_.small) DropAims();
+    return std::move(jobs_);
+  }
+
+ private:
+  // A small file stays in the processor's cache, and its times say little.
+  void DropAims() {
+    for (Job& job : jobs_) job.least_ratio = job.most_seconds = job.most_megabytes = 0;
+  }
+
+  // `name` is that of the file; `times` multiplies the size.
+  ModelFile File(const std::string& name, std::int64_t times = 1, const Extras& extras = {}) const {
+    const std::int64_t rows = Scaled(kRows) * times;
+    const std::int64_t columns = Scaled(kColumns) * times;
+    ModelFile file;
+    file.path = plan_.folder + "/" + (plan_.small ? "small-" : "") + name +
+                (times > 1 ? "-x" + std::to_string(times) : "") + ".mps";
+    file.options = {"--rows",          std::to_string(rows),
+                    "--columns",       std::to_string(columns),
+                    "--per-column",    std::to_string(kPerColumn),
+                    "--singletons",    std::to_string(extras.singletons),
+                    "--empty-columns", std::to_string(extras.empty_columns)};
+    file.options.insert(file.options.end(), extras.options.begin(), extras.options.end());
+    file.rows = rows + 1 + extras.singletons;
+    file.columns = columns + extras.empty_columns;
+    file.elements = columns * (kPerColumn + 1) + extras.singletons;
+    return file;
+  }
+  ModelFile Singletons(std::int64_t times = 1) const {
+    return File("singletons", times, {Scaled(kRows) * times, 0, {}});
+  }
+  std::int64_t Scaled(std::int64_t number) const { return number / divisor_; }
+  std::string Out(std::string_view who) const {
+    return plan_.folder + "/written-" + std::string(who) + ".mps";
+  }
+
+  std::vector<std::string> Ours(std::vector<std::string> arguments) const {
+    return Command("bench_quarvel", std::move(arguments));
+  }
+  std::vector<std::string> Command(const char* program, std::vector<std::string> arguments) const {
+    arguments.insert(arguments.begin(), plan_.programs + "/" + program);
+    return arguments;
+  }
+  Contender CoinUtils(std::vector<std::string> arguments) const {
+    return {Peer::kCoinUtils, "", Command("bench_coinutils", std::move(arguments))};
+  }
+  Contender Glpk(std::vector<std::string> arguments) const {
+    return {Peer::kGlpk, "", Command("bench_glpk", std::move(arguments))};
+  }
+  Contender Other(const char* label, std::vector<std::string> arguments) const {
+    return {Peer::kOther, label, Ours(std::move(arguments))};
+  }
+
+  static void Expect(Job& job, const ModelFile& file) {
+    job.expected_columns = file.columns;
+    job.expected_rows = file.rows;
+    job.expected_elements = file.elements;
+  }
+
+  void AddRead(const std::string& name, const ModelFile& file, const char* glpk_format,
+               double ratio, double megabytes) {
+    Job job;
+    job.name = name;
+    job.files = {file};
+    job.command = Ours({"read", file.path});
+    job.contenders = {CoinUtils({"read", file.path}), Glpk({"read", file.path, glpk_format})};
+    job.least_ratio = ratio;
+    job.most_megabytes = megabytes;
+    Expect(job, file);
+    jobs_.push_back(std::move(job));
+  }
+
+  void AddReads() {
+    AddRead("read", File("base"), "fixed", 5, 260);
+    AddRead("read, names of 20", File("names20", 1, {0, 0, {"--names", "20"}}), "free", 4, 0);
+    AddRead("read, 2 pairs a line", File("pairs2", 1, {0, 0, {"--pairs", "2"}}), "fixed", 4, 0);
+    AddRead("read, CR LF", File("crlf", 1, {0, 0, {"--crlf"}}), "fixed", 4, 0);
+    AddRead("read, rows in order", File("sorted", 1, {0, 0, {"--order", "sorted"}}), "fixed", 4, 0);
+  }
+
+  void AddWrite() {
+    const ModelFile file = File("base");
+    Job job;
+    job.name = "write";
+    job.files = {file};
+    job.command = Ours({"write", file.path, Out("quarvel")});
+    job.contenders = {CoinUtils({"write", file.path, Out("coinutils")}),
+                      Glpk({"write", file.path, Out("glpk"), "fixed"})};
+    job.least_ratio = 5;
+    Expect(job, file);
+    jobs_.push_back(std::move(job));
+  }
+
+  void AddQuery() {
+    const ModelFile file = File("base");
+    Job job;
+    job.name = "query all elements";
+    job.files = {file};
+    job.command = Ours({"query", file.path});
+    job.contenders = {Other("plain loop", {"loop", file.path})};
+    job.least_ratio = 0.5;
+    jobs_.push_back(std::move(job));
+  }
+
+  void AddSimplification(const std::string& name, const ModelFile& file) {
+    Job job;
+    job.name = name;
+    job.files = {file};
+    job.command = Ours({"simplify", file.path});
+    job.contenders = {Other("read", {"read", file.path})};
+    job.least_ratio = 1;
+    Expect(job, File("base"));  // what simplifying must leave
+    jobs_.push_back(std::move(job));
+  }
+
+  void AddSimplifications() {
+    AddSimplification("simplify, singletons", Singletons());
+    AddSimplification("simplify, empty columns", File("empty", 1, {0, Scaled(kRows), {}}));
+  }
+
+  void AddDeletions() {
+    const ModelFile file = File("base");
+    Job spread;
+    spread.name = "delete rows";
+    spread.size = std::to_string(kRowDeletions) + " rows";
+    spread.files = {file};
+    spread.command = Ours({"delete-rows", file.path, std::to_string(kRowDeletions)});
+    spread.most_seconds = 2;
+    jobs_.push_back(spread);
+
+    const std::string looks = std::to_string(kRowDeletions / 10);
+    spread.name = "delete rows, looking";
+    spread.size = looks + " rows";
+    spread.command = Ours({"delete-rows-looking", file.path, looks});
+    spread.most_seconds = 0;
+    jobs_.push_back(spread);
+  }
+
+  // Half the rows for comparison: a cost that is linear gives about 0.5.
+  void AddEdits() {
+    const ModelFile file = File("base");
+    const std::int64_t emptied = Scaled(100'000);
+    Job column;
+    column.name = "delete a column";
+    column.size = std::to_string(emptied) + " rows emptied";
+    column.files = {file};
+    column.command = Ours({"delete-column", file.path, std::to_string(emptied)});
+    column.contenders = {
+        Other("half as many", {"delete-column", file.path, std::to_string(emptied / 2)})};
+    column.least_ratio = kDoublingRatio;
+    jobs_.push_back(std::move(column));
+
+    const std::int64_t added = Scaled(1'000'000);
+    Job rows;
+    rows.name = "add rows";
+    rows.size = std::to_string(added) + " rows";
+    rows.command = Ours({"add-rows", std::to_string(added)});
+    rows.contenders = {Other("half as many", {"add-rows", std::to_string(added / 2)})};
+    rows.least_ratio = kDoublingRatio;
+    rows.most_seconds = 1;
+    jobs_.push_back(std::move(rows));
+  }
+
+  // One job at `times` the size against the same job at half of that.
+  void AddDoubled(const std::string& name, const ModelFile& file, const ModelFile& half,
+                  const std::vector<std::string>& more = {}) {
+    const auto arguments = [&](const ModelFile& of) {
+      std::vector<std::string> all = {name, of.path};
+      all.insert(all.end(), more.begin(), more.end());
+      return all;
+    };
+    Job job;
+    job.name = name + ", doubled";
+    job.files = {file, half};
+    job.command = Ours(arguments(file));
+    job.contenders = {Other("half the size", arguments(half))};
+    job.least_ratio = kDoublingRatio;
+    jobs_.push_back(std::move(job));
+  }
+
+  void AddGrowth(std::int64_t times) {
+    const ModelFile file = File("base", times);
+    const ModelFile half = File("base", times / 2);
+    AddDoubled("read", file, half);
+    AddDoubled("write", file, half, {Out("quarvel")});
+    AddDoubled("query", file, half);
+    AddDoubled("simplify", Singletons(times), Singletons(times / 2));
+    AddDoubled("delete-rows", file, half, {std::to_string(kRowDeletions)});
+  }
+
+  const Plan& plan_;
+  std::int64_t divisor_;
+  std::vector<Job> jobs_;
+};
+
+}  // namespace
+
+std::vector<Job> ListJobs(const Plan& plan) { return JobLister(plan).List(); }
+
+}  // namespace quarvel::bench

@@ -1,0 +1,309 @@
+// bench_quarvel JOB ARGUMENT...: one job of the component, timed inside.
+//
+// Every job that starts from a file reads it with ReadMPSFile, the way a host does: file dialog,
+// bounds dialog, progress window. Work that the component puts off is looked at before the clock
+// stops, so that it counts.
+
+#include <charconv>
+#include <cstdint>
+#include <cstdio>
+#include <exception>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "bench/bench_desktop.h"
+#include "bench/stopwatch.h"
+#include "model/lp_model.h"
+
+namespace quarvel::bench {
+namespace {
+
+using Arguments = std::span<char*>;
+
+void Require(bool good, const char* what) {
+  if (!good) throw std::runtime_error(what);
+}
+
+std::int32_t Number(std::string_view text) {
+  std::int32_t value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  Require(error == std::errc() && end == text.data() + text.size() && value > 0,
+          "not a positive number");
+  return value;
+}
+
+// A model and its user.
+struct Session {
+  BenchDesktop desktop;
+  LPModel model{desktop};
+
+  double Read(const char* path) {
+    desktop.file = path;
+    const double seconds = SecondsOf([this] {
+      Require(model.ReadMPSFile() == -1, "the file was not read");
+      model.NumberOfBindingRows();  // the row lists, where they are put off
+    });
+    return seconds;
+  }
+
+  void PrintSize() const {
+    PrintResult("rows", model.NumberOfRows());
+    PrintResult("columns", model.NumberOfColumns());
+    PrintResult("elements", model.NumberOfElements());
+    PrintResult("questions", desktop.questions());
+  }
+};
+
+void Read(Arguments arguments) {
+  Session session;
+  PrintResult("seconds", session.Read(arguments[0]));
+  session.PrintSize();
+}
+
+void Write(Arguments arguments) {
+  Session session;
+  session.Read(arguments[0]);
+  PrintResult("seconds", SecondsOf([&] {
+                Require(session.model.SaveMPSFile(arguments[1]) == -1, "the file was not written");
+              }));
+  session.PrintSize();
+}
+
+// What a walk over all coefficients adds up, so that none of it can be left out.
+struct Sum {
+  std::int64_t indexes = 0;
+  double values = 0;
+};
+
+void PrintSum(const Sum& sum) {
+  PrintResult("indexes", static_cast<double>(sum.indexes));
+  PrintResult("values", sum.values);
+}
+
+void AddRows(const LPModel& model, Sum& sum) {
+  for (std::int32_t i = 0; i < model.NumberOfRows(); ++i) {
+    const std::int32_t count = model.RowNumberElements(i);
+    for (std::int32_t k = 0; k < count; ++k) {
+      sum.indexes += model.RowElementCol(i, k);
+      sum.values += model.RowElementValue(i, k);
+    }
+  }
+}
+
+void AddColumns(const LPModel& model, Sum& sum) {
+  for (std::int32_t j = 0; j < model.NumberOfColumns(); ++j) {
+    const std::int32_t count = model.ColNumberElements(j);
+    for (std::int32_t k = 0; k < count; ++k) {
+      sum.indexes += model.ColElementrow(j, k);
+      sum.values += model.ColElementvalue(j, k);
+    }
+  }
+}
+
+void Query(Arguments arguments) {
+  Session session;
+  session.Read(arguments[0]);
+  Sum sum;
+  PrintResult("seconds", SecondsOf([&] {
+                AddRows(session.model, sum);
+                AddColumns(session.model, sum);
+              }));
+  PrintSum(sum);
+}
+
+// The lists of all rows, or of all columns, one after the other.
+struct Packed {
+  std::vector<std::size_t> starts{0};
+  std::vector<std::int32_t> indexes;
+  std::vector<double> values;
+
+  void Add(std::int32_t index, double value) {
+    indexes.push_back(index);
+    values.push_back(value);
+  }
+  void EndList() { starts.push_back(indexes.size()); }
+};
+
+Packed PackRows(const LPModel& model) {
+  Packed packed;
+  for (std::int32_t i = 0; i < model.NumberOfRows(); ++i) {
+    for (std::int32_t k = 0; k < model.RowNumberElements(i); ++k) {
+      packed.Add(model.RowElementCol(i, k), model.RowElementValue(i, k));
+    }
+    packed.EndList();
+  }
+  return packed;
+}
+
+Packed PackColumns(const LPModel& model) {
+  Packed packed;
+  for (std::int32_t j = 0; j < model.NumberOfColumns(); ++j) {
+    for (std::int32_t k = 0; k < model.ColNumberElements(j); ++k) {
+      packed.Add(model.ColElementrow(j, k), model.ColElementvalue(j, k));
+    }
+    packed.EndList();
+  }
+  return packed;
+}
+
+void AddPacked(const Packed& packed, Sum& sum) {
+  for (std::size_t list = 0; list + 1 < packed.starts.size(); ++list) {
+    for (std::size_t k = packed.starts[list]; k < packed.starts[list + 1]; ++k) {
+      sum.indexes += packed.indexes[k];
+      sum.values += packed.values[k];
+    }
+  }
+}
+
+// The same walk as Query over plain arrays.
+void Loop(Arguments arguments) {
+  Session session;
+  session.Read(arguments[0]);
+  const Packed rows = PackRows(session.model);
+  const Packed columns = PackColumns(session.model);
+  Sum sum;
+  PrintResult("seconds", SecondsOf([&] {
+                AddPacked(rows, sum);
+                AddPacked(columns, sum);
+              }));
+  PrintSum(sum);
+}
+
+void Simplify(Arguments arguments) {
+  Session session;
+  session.Read(arguments[0]);
+  PrintResult("seconds", SecondsOf([&] {
+                session.model.SimplifyMPSModel();
+                session.model.NumberOfBindingRows();
+              }));
+  session.PrintSize();
+}
+
+// DeleteRow spread over the model; with `looking`, a host asks for something after each.
+void DeleteRowsOf(Session& session, std::int32_t deletions, bool looking) {
+  LPModel& model = session.model;
+  Require(model.NumberOfRows() > deletions, "the model has too few rows");
+  const std::int32_t step = model.NumberOfRows() / deletions;
+  PrintResult("seconds", SecondsOf([&] {
+                for (std::int32_t k = 0; k < deletions; ++k) {
+                  model.DeleteRow(k * (step - 1));
+                  if (looking) model.RowNumberElements(0);
+                }
+                model.NumberOfBindingRows();
+              }));
+  session.PrintSize();
+}
+
+void DeleteRows(Arguments arguments) {
+  Session session;
+  session.Read(arguments[0]);
+  DeleteRowsOf(session, Number(arguments[1]), false);
+}
+
+void DeleteRowsLooking(Arguments arguments) {
+  Session session;
+  session.Read(arguments[0]);
+  DeleteRowsOf(session, Number(arguments[1]), true);
+}
+
+// Fixed-width names side by side, made before the clock starts.
+class Names {
+ public:
+  Names(char letter, std::int32_t count) {
+    for (std::int32_t k = 0; k < count; ++k) {
+      const std::string digits = std::to_string(k);
+      text_ += letter;
+      text_.append(kWidth - 1 - digits.size(), '0');
+      text_ += digits;
+    }
+  }
+  std::string_view operator[](std::int32_t number) const {
+    return std::string_view(text_).substr(static_cast<std::size_t>(number) * kWidth, kWidth);
+  }
+
+ private:
+  static constexpr std::size_t kWidth = 11;
+  std::string text_;
+};
+
+// A column whose deletion empties as many rows as asked for, in a model that has others as well.
+void DeleteColumn(Arguments arguments) {
+  Session session;
+  LPModel& model = session.model;
+  session.Read(arguments[0]);
+  const std::int32_t emptied = Number(arguments[1]);
+  const std::int32_t kept = model.NumberOfRows();
+  const std::int32_t column = model.NumberOfColumns();
+  const Names names('X', emptied);
+  Require(model.AddColumn("XCOLUMN") == -1, "the column was not added");
+  for (std::int32_t k = 0; k < emptied; ++k) {
+    Require(model.AddRow(names[k]) == -1, "a row was not added");
+    model.AddElement(kept + k, column, 1);
+  }
+  PrintResult("seconds", SecondsOf([&] {
+                model.DeleteColumn(column);
+                model.NumberOfBindingRows();
+              }));
+  Require(model.NumberOfRows() == kept, "the emptied rows are still there");
+  session.PrintSize();
+}
+
+void AddManyRows(Arguments arguments) {
+  Session session;
+  const std::int32_t count = Number(arguments[0]);
+  const Names names('R', count);
+  PrintResult("seconds", SecondsOf([&] {
+                for (std::int32_t k = 0; k < count; ++k) session.model.AddRow(names[k]);
+              }));
+  Require(session.model.NumberOfRows() == count, "some rows were not added");
+  session.PrintSize();
+}
+
+struct Job {
+  std::string_view name;
+  std::size_t arguments;
+  void (*run)(Arguments);
+};
+
+constexpr Job kJobs[] = {
+    {"read", 1, Read},
+    {"write", 2, Write},
+    {"query", 1, Query},
+    {"loop", 1, Loop},
+    {"simplify", 1, Simplify},
+    {"delete-rows", 2, DeleteRows},
+    {"delete-rows-looking", 2, DeleteRowsLooking},
+    {"delete-column", 2, DeleteColumn},
+    {"add-rows", 1, AddManyRows},
+};
+
+int RunJob(Arguments arguments) {
+  const std::string_view name = arguments.empty() ? "" : arguments[0];
+  for (const Job& job : kJobs) {
+    if (job.name != name || job.arguments + 1 != arguments.size()) continue;
+    job.run(arguments.subspan(1));
+    return 0;
+  }
+  std::fputs(
+      "usage: bench_quarvel read|query|loop|simplify FILE\n"
+      "       bench_quarvel write FILE OUT\n"
+      "       bench_quarvel delete-rows|delete-rows-looking|delete-column FILE ROWS\n"
+      "       bench_quarvel add-rows ROWS\n",
+      stderr);
+  return 2;
+}
+
+}  // namespace
+}  // namespace quarvel::bench
+
+int main(int argc, char** argv) {
+  try {
+    return quarvel::bench::RunJob(std::span(argv, static_cast<std::size_t>(argc)).subspan(1));
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "bench_quarvel: %s\n", error.what());
+    return 1;
+  }
+}

@@ -1,0 +1,36 @@
+// The table as text.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "bench/job_list.h"
+
+namespace quarvel::bench {
+
+// The medians of one contender's runs.
+struct Figures {
+  double seconds = 0;
+  double megabytes = 0;
+};
+
+struct Measurement {
+  Job job;
+  std::string size;
+  std::optional<Figures> ours;
+  // In the order of job.contenders; nothing for one that was not measured.
+  std::vector<std::optional<Figures>> others;
+};
+
+// The fastest contender's time divided by ours; nothing without one.
+std::optional<double> RatioOf(const Measurement& measurement);
+
+using Cells = std::vector<std::string>;
+Cells HeadCells();
+Cells CellsOf(const Measurement& measurement);
+// Columns as wide as their widest cell, the numbers at the right.
+std::string FormatTable(const std::vector<Cells>& lines);
+
+}  // namespace quarvel::bench
