@@ -35,6 +35,9 @@ void AskForDefaultBounds(LPModel& model) {
 }  // namespace
 
 std::int16_t LPModel::ReadMPSFile() {
+  // A read or simplification of this model is going on and its window can show one thing only:
+  // nothing is touched.
+  if (ProgressWindow(*this).IsShowing()) RaiseRunTimeError(RunTimeError::kFormAlreadyDisplayed);
   platform::FileDialog request;
   request.kind = platform::FileDialog::Kind::kOpen;
   request.title = "Identify the MPS file to open";

@@ -161,7 +161,8 @@ Simplifier::RowFate Simplifier::ConvertRow(std::int32_t i) {
 Simplifier::RowFate Simplifier::AskAboutRow(std::int32_t i, const ConversionRule& rule,
                                             double lower, double upper) {
   const ConflictQuestion& question = *rule.question;
-  const std::string name = RowAt(i).Name;
+  const std::int32_t count = model_.NumberOfRows();
+  std::string name = RowAt(i).Name;
   const MsgBoxResult answer =
       model_.desktop().MsgBox(Around(question.text_before_name, name, question.text_after_name),
                               platform::MsgBoxStyle::kYesNoCancelExclamation, question.title);
@@ -170,11 +171,12 @@ Simplifier::RowFate Simplifier::AskAboutRow(std::int32_t i, const ConversionRule
     changed_ = changed_ || question.cancel_changes;
     return RowFate::kPassEnded;
   }
-  // When a host has put another row in this place meanwhile, the answer was not about that one: it
-  // is looked at anew.
-  if (i > model_.NumberOfRows() || RowAt(i).Name != name || RowAt(i).ElementCount() != 1) {
-    return RowFate::kDeleted;
-  }
+  // When a host has deleted rows meanwhile and another one stands in this place, the answer was not
+  // about that one: it is looked at anew. A row that only has another name is still the one that
+  // was asked about.
+  if (i > model_.NumberOfRows()) return RowFate::kDeleted;
+  if (model_.NumberOfRows() != count && RowAt(i).Name != name) return RowFate::kDeleted;
+  name = RowAt(i).Name;
   if (answer == MsgBoxResult::kYes) {
     Log(Around(question.removed, name, ""));
     changed_ = changed_ || question.yes_changes;
@@ -189,9 +191,12 @@ Simplifier::RowFate Simplifier::AskAboutRow(std::int32_t i, const ConversionRule
 
 void Simplifier::ConvertAndDelete(std::int32_t i, unsigned taken_bounds, double lower,
                                   double upper) {
-  ColumnRecord& column = model_.raw_data().Columns[RowAt(i).Elements[1].Index];
-  if ((taken_bounds & kLower) != 0) column.LowerBound = lower;
-  if ((taken_bounds & kUpper) != 0) column.UpperBound = upper;
+  // A host may have taken the element out while it was asked.
+  if (RowAt(i).ElementCount() > 0) {
+    ColumnRecord& column = model_.raw_data().Columns[RowAt(i).Elements[1].Index];
+    if ((taken_bounds & kLower) != 0) column.LowerBound = lower;
+    if ((taken_bounds & kUpper) != 0) column.UpperBound = upper;
+  }
   model_.RemoveRow(i);
 }
 

@@ -108,8 +108,10 @@ void Simplifier::OfferLog() {
 }
 
 // A log that somebody has deleted already is what was wanted; one that cannot be deleted is raised
-// like every other failure of the log.
+// like every other failure of the log. A host may have saved the model under the log's name
+// meanwhile: that file stays.
 void Simplifier::DeleteLog() {
+  if (IsModelFile(model_.raw_data(), log_name_)) return;
   try {
     platform::RemoveFile(log_name_);
   } catch (const AutomationError& error) {

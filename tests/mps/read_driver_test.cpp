@@ -199,6 +199,7 @@ TEST(ReadCallback, RaisesWhenAReadIsStartedInsideARead) {
   };
   EXPECT_EQ(session.Read(ManyColumns(300)), -1);
   EXPECT_EQ(number_raised, 400);
+  EXPECT_EQ(session.desktop.files.size(), 1u);  // refused before anything is asked
   EXPECT_EQ(session.model.NumberOfColumns(), 300);
 }
 

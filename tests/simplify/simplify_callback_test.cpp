@@ -211,6 +211,43 @@ TEST(SimplifyCallbacks, AnAnswerAboutADeletedRowTouchesNoOther) {
   }
 }
 
+TEST(SimplifyCallbacks, AnAnswerHoldsForARowThatGotAnotherNameOrElementMeanwhile) {
+  for (const bool rename : {true, false}) {
+    SimplifySession session;
+    BuildClash(session);
+    session.answers = {MsgBoxResult::kYes};
+    session.on_shown = [&](const ShownBox& box) {
+      if (box.title != "Equality violates bounds") return;
+      if (rename) {
+        session.model.SetRowName(1, "RENAMED");
+      } else {
+        session.model.AddElement(1, 1, 5);
+      }
+    };
+    const std::string name = session.RowNames().at(1);
+    session.Simplify();
+    EXPECT_EQ(session.RowNames(), (Lines{"OBJ", "LAST"}));
+    EXPECT_EQ(session.LogLines(),
+              Lines{"Removed equality:  " + std::string(rename ? "RENAMED" : name)});
+  }
+}
+
+TEST(SimplifyCallbacks, AModelSavedUnderTheLogsNameIsNotDeletedWithTheLog) {
+  SimplifySession session;
+  session.Build()
+      .Column("X")
+      .Column("Y")
+      .Row("R", 'L', 5)
+      .Element("X", "R", 1)
+      .Element("Y", "R", 1);
+  session.on_shown = [&](const ShownBox& box) {
+    if (box.text == kNothingDone) session.model.SaveMPSFile(session.log_name);
+  };
+  session.Simplify();
+  EXPECT_EQ(session.model.FileLocation(), session.log_name);
+  EXPECT_TRUE(platform::FileExists(session.log_name));
+}
+
 TEST(SimplifyCallbacks, AnAnswerFollowsItsRowToAnotherColumnNumber) {
   SimplifySession session;
   session.Build().Column("FIRST").Row("HOLDS", 'N').Element("FIRST", "HOLDS", 1);

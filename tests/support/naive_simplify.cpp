@@ -113,7 +113,8 @@ bool NaiveSimplifier::ConvertRow(std::int32_t& i) {
 }
 
 bool NaiveSimplifier::AskEquality(std::int32_t& i, double lower, double upper) {
-  const std::string name = Row(i).Name;
+  std::string name = Row(i).Name;
+  const std::int32_t count = model_.NumberOfRows;
   const MsgBoxResult answer =
       Ask("The equality " + name + " violates variable bounds.\r\n" +
               "If you want to remove the equality, click Yes\r\n" +
@@ -125,22 +126,26 @@ bool NaiveSimplifier::AskEquality(std::int32_t& i, double lower, double upper) {
     return false;
   }
   const bool is_the_same =
-      i <= model_.NumberOfRows && Row(i).Name == name && Row(i).ElementCount() == 1;
+      i <= model_.NumberOfRows && (model_.NumberOfRows == count || Row(i).Name == name);
+  if (is_the_same) name = Row(i).Name;
   if (!is_the_same) {
     i -= 1;
   } else if (answer == MsgBoxResult::kYes) {
     Log("Removed equality:  " + name);
     Delete(i);
   } else {
-    ColumnOfRow(i).LowerBound = lower;
-    ColumnOfRow(i).UpperBound = upper;
+    if (Row(i).ElementCount() > 0) {
+      ColumnOfRow(i).LowerBound = lower;
+      ColumnOfRow(i).UpperBound = upper;
+    }
     Convert(i, "Converted row " + name + " into variable bound");
   }
   return true;
 }
 
 bool NaiveSimplifier::AskRange(std::int32_t& i, double lower, double upper) {
-  const std::string name = Row(i).Name;
+  std::string name = Row(i).Name;
+  const std::int32_t count = model_.NumberOfRows;
   const MsgBoxResult answer = Ask("The range for row " + name + " violates bounds.\r\n" +
                                       "To remove the row, click Yes\r\n" +
                                       "To reset the column bounds to this range, click No\r\n" +
@@ -152,7 +157,8 @@ bool NaiveSimplifier::AskRange(std::int32_t& i, double lower, double upper) {
     return false;
   }
   const bool is_the_same =
-      i <= model_.NumberOfRows && Row(i).Name == name && Row(i).ElementCount() == 1;
+      i <= model_.NumberOfRows && (model_.NumberOfRows == count || Row(i).Name == name);
+  if (is_the_same) name = Row(i).Name;
   if (!is_the_same) {
     i -= 1;
   } else if (answer == MsgBoxResult::kYes) {
@@ -160,8 +166,10 @@ bool NaiveSimplifier::AskRange(std::int32_t& i, double lower, double upper) {
     changed_ = true;
     Delete(i);
   } else {
-    ColumnOfRow(i).LowerBound = lower;
-    ColumnOfRow(i).UpperBound = upper;
+    if (Row(i).ElementCount() > 0) {
+      ColumnOfRow(i).LowerBound = lower;
+      ColumnOfRow(i).UpperBound = upper;
+    }
     Convert(i, "Converted row " + name + " into collumn bounds");
   }
   return true;
