@@ -62,7 +62,7 @@ class ElementLine {
  public:
   explicit ElementLine(std::string_view column) {
     std::memset(line_, ' ', kLength);
-    std::memcpy(line_ + kElement.size(), column.data(), column.size());
+    column.copy(line_ + kElement.size(), column.size());
     std::memcpy(line_ + kValueEnd, kLineEnd.data(), kLineEnd.size());
   }
 
