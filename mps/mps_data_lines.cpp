@@ -85,10 +85,12 @@ MpsReader::Pair MpsReader::ReadPair(std::size_t first_token) {
 
 void MpsReader::UseColumn() {
   if (!CheckPairLine("columns")) return;
-  const std::int32_t column = ColumnOfLine();
-  if (column == 0) return;
-  for (std::size_t first = 2; first < tokens_.count() && state_ == State::kReading; first += 2) {
+  std::int32_t column = ColumnOfLine();
+  for (std::size_t first = 2; first < tokens_.count() && column != 0; first += 2) {
     const Pair pair = ReadPair(first);
+    if (state_ != State::kReading) return;
+    // A question was asked: a host may have deleted columns meanwhile, this one too.
+    if (pair.row == 0) column = FindColumn(data_, tokens_[1]);
     if (pair.row != 0 && pair.value != 0) AppendElement(pair.row, column, pair.value);
   }
 }
@@ -162,9 +164,9 @@ std::int32_t MpsReader::AppendColumn(std::string_view name) {
 }
 
 void MpsReader::AppendElement(std::int32_t row, std::int32_t column, double value) {
-  ++data_.NumberOfElements;
   data_.column_arena.Append(data_.Columns[column].Elements.store(), {row, value});
   if (!data_.row_lists_pending) data_.Rows[row].Elements.Append({column, value});
+  ++data_.NumberOfElements;
 }
 
 void MpsReader::UseRhs() {

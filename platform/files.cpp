@@ -1,5 +1,6 @@
 #include "platform/files.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -103,8 +104,13 @@ void CopyFileContents(const std::string& from, const std::string& to) {
   InputFile input(from);
   OutputFile output(to);
   std::vector<char> piece(kBufferSize);
-  while (const std::size_t count = input.Read(piece.data(), piece.size())) {
+  // As many bytes as the file had when it was opened: a device that never ends would fill the disk.
+  for (std::uint64_t left = input.size(); left > 0;) {
+    const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(left, piece.size()));
+    const std::size_t count = input.Read(piece.data(), wanted);
+    if (count == 0) break;
     output.Write({piece.data(), count});
+    left -= count;
   }
   output.Close();
 }

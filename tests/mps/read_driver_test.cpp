@@ -172,6 +172,31 @@ TEST(ReadCallback, MayDeleteAddAndResetInTheMiddle) {
   }
 }
 
+TEST(ReadCallback, MayDeleteColumnsUnderAQuestionInTheMiddleOfALine) {
+  for (const std::int32_t deleted : {0, 1, 2}) {
+    ReadSession session;
+    const auto answer = session.desktop.on_box;
+    session.desktop.on_box = [&](const ShownBox& box) {
+      if (box.text.find("no match for row name") != std::string::npos) {
+        session.model.DeleteColumn(deleted);
+      }
+      return answer(box);
+    };
+    session.Read(
+        "ROWS\n L R1\n L R2\nCOLUMNS\n A R1 1 R2 1\n B R1 1 R2 1\n C R1 1\n"
+        " C NOPE 4 R2 5\nENDATA\n");
+    const LPModel& model = session.model;
+    EXPECT_EQ(CheckModelData(model.data()), "") << deleted;
+    // The rest of the line goes to its own column, wherever that stands now, or nowhere.
+    const std::int32_t column = FindColumn(model.data(), "C");
+    EXPECT_EQ(column, deleted == 2 ? 0 : 2);
+    if (column != 0) {
+      EXPECT_EQ(model.ElementValue(1, column - 1), 5);
+    }
+    EXPECT_EQ(model.NumberOfElements(), 4);
+  }
+}
+
 TEST(ReadCallback, MayReadAnotherFileDirectly) {
   ReadSession session;
   const std::string other = session.folder.File("other.mps");
