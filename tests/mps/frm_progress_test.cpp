@@ -15,15 +15,6 @@ using platform::Form;
 using platform::MsgBoxStyle;
 using platform::ShownBox;
 
-// `columns` columns of one coefficient each: 5 lines before them, ENDATA after them.
-std::string ManyColumns(int columns) {
-  std::string text = "NAME MANY\nROWS\n N C\n L R\nCOLUMNS\n";
-  for (int i = 0; i < columns; ++i) text += " X" + std::to_string(i) + " R 1\n";
-  return text + " X0 C 1\nENDATA\n";
-}
-
-frmProgress& Progress(ReadSession& session) { return ProgressWindow(session.model); }
-
 TEST(ReadProgress, TellsCaptionRangeAndPercentage) {
   ReadSession session;
   const std::string text = ManyColumns(200);

@@ -12,14 +12,6 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-constexpr std::string_view kRowsAndColumns =
-    "ROWS\n N  COST\n L  LIM\n G  LOW\n E  EQ\n"
-    "COLUMNS\n    X COST 1 LIM 1\n    X LOW 1 EQ 1\n    Y LIM 2 EQ -1.5\n";
-
-std::string WithTail(std::string_view tail) {
-  return std::string(kRowsAndColumns) + std::string(tail);
-}
-
 TEST(MpsReader, ReadsRowsColumnsAndElementsInBothLists) {
   ReadSession session;
   ASSERT_EQ(session.Read(WithTail("ENDATA\n")), -1);

@@ -13,6 +13,8 @@
 
 namespace quarvel {
 
+class frmProgress;
+
 inline constexpr platform::MsgBoxResult kYes = platform::MsgBoxResult::kYes;
 inline constexpr platform::MsgBoxResult kNo = platform::MsgBoxResult::kNo;
 
@@ -39,6 +41,16 @@ class ReadSession {
   platform::ScriptedDesktop desktop;
   LPModel model{desktop};
 };
+
+// Rows COST (N), LIM (L), LOW (G) and EQ (E) and columns X and Y, followed by `tail`.
+extern const std::string_view kRowsAndColumns;
+std::string WithTail(std::string_view tail);
+
+// Columns X0, X1 ... of one coefficient each: 4 lines before them, ENDATA after them.
+std::string ManyColumns(int columns);
+
+// The progress window of the session's model.
+frmProgress& Progress(ReadSession& session);
 
 // "<description>\r\nWould you like to continue reading this MPS file?"
 std::string Question(std::string_view description);
