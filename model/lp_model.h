@@ -2,7 +2,7 @@
 // operation.
 //
 // Each room implements its own operations of this class: queries and edits stand in model/, reading
-// and writing in mps/, simplifying in simplify/.
+// and writing in mps/, simplifying in simplify/, showing in viewer/.
 //
 // Public numbers of rows, columns and elements are 0-based. Two ways of reporting, fixed for each
 // operation:
@@ -36,8 +36,9 @@
 namespace quarvel {
 
 // The windows an object keeps for itself, each created on first use by the room that draws it.
-enum class WindowSlot { kFileOpen, kProgress, kDefaultBounds };
-inline constexpr std::size_t kWindowSlots = 3;
+// kViewer holds a ModelView (model/model_view.h).
+enum class WindowSlot { kFileOpen, kProgress, kDefaultBounds, kViewer };
+inline constexpr std::size_t kWindowSlots = 4;
 
 class LPModel {
  public:
@@ -158,6 +159,19 @@ class LPModel {
   std::int16_t SaveMPSFile(const std::string& FileLoc);
   // -1 written, 0 cancelled, 1 an error.
   std::int16_t SaveAsMPSFile();
+
+  // --- showing (viewer/) ---
+  // Each shows the viewer window modally and returns when it is closed; while it is open already,
+  // they select in it, bring it to the front and return. A number outside its range is one plain
+  // box.
+  void ViewEquations(bool EditingIsEnabled);
+  void ViewCol(std::int32_t ColNum, bool EditingIsEnabled);
+  void ViewRow(std::int32_t RowNum, bool EditingIsEnabled);
+  // RowNum counts the non-binding, the binding rows.
+  void ViewNonBindingRow(std::int32_t RowNum, bool EditingIsEnabled);
+  void ViewBindingRow(std::int32_t RowNum, bool EditingIsEnabled);
+  // MakeNewModel, then ViewEquations with editing.
+  void NewMPSModel();
 
   // --- simplifying (simplify/) ---
   // Turns rows of one element into column bounds and removes empty columns and rows, with a

@@ -12,11 +12,11 @@ using platform::MsgBoxStyle;
 
 frmProgress::frmProgress(platform::Desktop& desktop)
     : Form(desktop, "frmProgress"),
-      bar(*this, "barProgress",
-          {12, 16, 376, 22, platform::kAnchorLeft | platform::kAnchorTop | platform::kAnchorRight}),
-      cmdStop(*this, "cmdStop", {150, 54, 100, 28, platform::kAnchorTop | platform::kAnchorLeft}) {
+      bar(*this, "barProgress", {12, 16, 376, 22}),
+      cmdStop(*this, "cmdStop", {150, 54, 100, 28}) {
   SetSize(400, 96, false);
   cmdStop.is_cancel = true;
+  cmdStop.access_key = 'S';
   cmdStop.on_click = [this] { AskToStop(); };
 }
 

@@ -12,6 +12,8 @@ frmSetDefaultBounds::frmSetDefaultBounds(platform::Desktop& desktop)
       cmdOK(*this, "cmdOK", {130, 136, 100, 28}) {
   SetSize(360, 176, false);
   cmdOK.is_default = true;
+  optZeroToLimit.access_key = '0';
+  optLimitToLimit.access_key = '-';
   cmdOK.on_click = [this] { Accept(); };
 }
 

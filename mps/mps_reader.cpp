@@ -26,6 +26,7 @@ MpsReader::MpsReader(LPModel& model, frmProgress* window)
     : model_(model), data_(model.raw_data()), window_(window) {}
 
 void MpsReader::Run() {
+  ViewPause pause(model_);
   Reset();
   Guarded(
       [this] { Open(); });  // answered Yes, a file that cannot be opened is read as an empty one
@@ -33,7 +34,7 @@ void MpsReader::Run() {
   while (state_ == State::kReading) Guarded([this] { ReadLine(); });
   lines_.reset();  // the file is free from here on, whatever the questions at the end lead to
   if (state_ == State::kDone) Guarded([this] { CheckModel(); });
-  if (state_ == State::kDone) Guarded([this] { Finish(); });
+  if (state_ == State::kDone) Guarded([&] { Finish(pause); });
   if (state_ == State::kStopped) EndAsStopped();
   if (state_ == State::kFailed) EndAsFailed();
 }
@@ -263,11 +264,12 @@ void MpsReader::DeriveRowTypes() {
   }
 }
 
-void MpsReader::Finish() {
+void MpsReader::Finish(ViewPause& pause) {
   DeriveRowTypes();
   RebuildRowIndexes(data_);
   CloseWindow();
   Guarded([this] { OfferToSimplify(); });
+  if (state_ == State::kDone) Guarded([&] { RefreshView(pause); });
   if (state_ == State::kDone) {
     model_.desktop().SetMousePointer(platform::MousePointer::kDefault);
   }
@@ -279,6 +281,13 @@ void MpsReader::OfferToSimplify() {
       "convert any rows with just one element into equivalent column bounds",
       platform::MsgBoxStyle::kYesNo);
   if (answer == platform::MsgBoxResult::kYes) model_.SimplifyMPSModel();
+}
+
+// A host may have set the flag without a window.
+void MpsReader::RefreshView(ViewPause& pause) {
+  pause.End();
+  ModelView* view = OpenView(model_);
+  if (model_.frmViewEquationsIsShowing() && view != nullptr) view->RefreshForm();
 }
 
 void MpsReader::EndAsStopped() {

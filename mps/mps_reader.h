@@ -38,6 +38,7 @@
 #include <string_view>
 
 #include "model/lp_model.h"
+#include "model/model_view.h"
 #include "mps/line_reader.h"
 #include "mps/tokens.h"
 
@@ -103,8 +104,9 @@ class MpsReader {
   void CheckRows(bool& empty_items);
   bool AcceptsEmpty(std::string_view what, const std::string& name);
   void DeriveRowTypes();
-  void Finish();
+  void Finish(ViewPause& pause);
   void OfferToSimplify();
+  void RefreshView(ViewPause& pause);
   void EndAsStopped();
   void EndAsFailed();
   void CloseWindow();

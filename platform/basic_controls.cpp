@@ -12,11 +12,18 @@ float Within(float value, float min, float max) {
 
 }  // namespace
 
-void Button::Click() {
-  if (!enabled() || !visible() || !on_click) return;
-  // A copy: the handler may destroy the form and this button with it.
-  const std::function<void()> handler = on_click;
-  form().Dispatch(handler);
+void Button::Click() { RunForUser(on_click); }
+
+void CheckBox::set_checked(bool checked) {
+  if (checked_ == checked) return;
+  checked_ = checked;
+  Changed(Change::kValue);
+}
+
+void CheckBox::Click() {
+  if (!enabled() || !visible()) return;
+  set_checked(!checked_);
+  RunForUser(on_click);
 }
 
 void OptionButton::set_value(bool value) {

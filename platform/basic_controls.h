@@ -1,4 +1,4 @@
-// The simple controls: label, button, option button and progress bar.
+// The simple controls: label, frame, button, option button, check box and progress bar.
 #pragma once
 
 #include <functional>
@@ -12,6 +12,14 @@ class Label : public Control {
  public:
   Label(Form& form, std::string name, Place place)
       : Control(form, ControlKind::kLabel, std::move(name), place) {}
+};
+
+// A line around other controls with a caption on it. It stands behind them, owns none of them, and
+// is created before them.
+class Frame : public Control {
+ public:
+  Frame(Form& form, std::string name, Place place)
+      : Control(form, ControlKind::kFrame, std::move(name), place) {}
 };
 
 class Button : public Control {
@@ -44,6 +52,23 @@ class OptionButton : public Control {
  private:
   int group_;
   bool value_ = false;
+};
+
+class CheckBox : public Control {
+ public:
+  CheckBox(Form& form, std::string name, Place place)
+      : Control(form, ControlKind::kCheckBox, std::move(name), place) {}
+
+  std::function<void()> on_click;
+
+  bool checked() const { return checked_; }
+  void set_checked(bool checked);
+
+  // For drawers and tests: the user changes it. Nothing when it is disabled or hidden.
+  void Click();
+
+ private:
+  bool checked_ = false;
 };
 
 // A bar between two bounds; min may equal max (an empty bar). Single precision, as its users have

@@ -62,14 +62,20 @@ class Desktop {
   // so that calling it often costs nothing; it never waits.
   virtual void DoEvents() = 0;
 
+  // Replaces what the clipboard holds; lines are separated by CR LF. A clipboard that cannot be had
+  // is left alone.
+  virtual void CopyToClipboard(std::string_view text) = 0;
+
   virtual void Beep() = 0;
   virtual void SetMousePointer(MousePointer pointer) = 0;
 
   // Opens a text file in the user's text viewer without waiting; false when it cannot be started.
   virtual bool OpenInEditor(const std::string& path) = 0;
 
-  // Draws `form` on the screen (with `modal`, disabling this thread's other windows) and returns
-  // what keeps it there. The window is visible and painted when this returns. For Form only.
+  // Draws `form` on the screen and returns what keeps it there. With `modal`, this thread's other
+  // windows are disabled while it is there; without, only the component's other forms are: a window
+  // that tells of long work lets a host's windows live and keeps the user from editing what the
+  // work is changing. The window is visible and painted when this returns. For Form only.
   virtual std::unique_ptr<FormPeer> Draw(Form& form, bool modal) = 0;
 
   // Runs events until `showing.closed`. Ends on that flag alone. For Form only.

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "platform/automation_error.h"
-#include "platform/control.h"
+#include "platform/basic_controls.h"
 
 namespace quarvel::platform {
 namespace {
@@ -21,6 +21,19 @@ class ScopedFlag {
   bool& flag_;
   bool before_;
 };
+
+// Presses the form's button that `wanted` picks.
+template <typename Wanted>
+bool Press(const std::vector<Control*>& controls, Wanted wanted) {
+  for (Control* control : controls) {
+    if (control->kind() != ControlKind::kButton) continue;
+    auto& button = static_cast<Button&>(*control);
+    if (!wanted(button) || !button.enabled() || !button.visible()) continue;
+    button.Click();
+    return true;
+  }
+  return false;
+}
 
 // Off the screen: whoever waits for this showing sees it closed before the window goes.
 void End(const std::shared_ptr<Showing>& showing) {
@@ -142,7 +155,7 @@ void Form::Dispatch(const std::function<void()>& handler) {
   try {
     handler();
   } catch (...) {
-    if (!showing->modal) {
+    if (!showing->modal || (!showing->closed && survives_failures_)) {
       desktop.MsgBox(CurrentError().description(), MsgBoxStyle::kOk);
       return;
     }
@@ -162,6 +175,19 @@ void Form::CloseQuietly() {
 void Form::RequestClose() {
   if (!showing_) return;
   Dispatch([this] { Unload(UnloadReason::kUser); });
+}
+
+bool Form::PressDefaultButton() {
+  return Press(controls_, [](const Button& button) { return button.is_default; });
+}
+
+bool Form::PressCancelButton() {
+  return Press(controls_, [](const Button& button) { return button.is_cancel; });
+}
+
+void Form::FocusOn(Control& control) {
+  focus_ = &control;
+  NotifyChanged(control, Change::kFocus);
 }
 
 void Form::Register(Control& control) { controls_.push_back(&control); }

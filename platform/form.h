@@ -24,7 +24,9 @@ namespace quarvel::platform {
 class Control;
 
 // What changed in a control, for its drawer.
-enum class Change { kCaption, kValue, kEnabled, kVisible, kRange, kContents };
+// kContents: the items, rows or texts inside; kSelection: which of them is current; kFocus: it
+// wants the keyboard.
+enum class Change { kCaption, kValue, kEnabled, kVisible, kRange, kContents, kSelection, kFocus };
 
 // The drawer's side of one showing. Its destructor takes the window off the screen and gives the
 // thread's other windows back; it may run inside an event of that very window.
@@ -68,7 +70,10 @@ class Form {
   // Size of the inner area in form units: pixels at 96 a logical inch.
   int width() const { return width_; }
   int height() const { return height_; }
+  // A resizable form may grow, and never gets smaller than this.
   bool resizable() const { return resizable_; }
+  // The control that code gave the keyboard last; null leaves it to the tab order.
+  Control* focus() const { return focus_; }
 
   bool IsLoaded() const { return loaded_; }
   bool IsShowing() const { return showing_ != nullptr; }
@@ -87,14 +92,20 @@ class Form {
   bool Unload(UnloadReason reason = UnloadReason::kCode);
 
   // For drawers: runs a handler of this form. A failure that leaves it closes a modal showing
-  // without asking and is raised by ShowModal; a form shown by Show stays, and the failure is one
-  // plain box. A form that is not showing has nobody to keep the failure for: it leaves this call.
+  // without asking and is raised by ShowModal; a form shown by Show, or one that survives failures,
+  // stays, and the failure is one plain box. A form that is not showing has nobody to keep the
+  // failure for: it leaves this call.
   void Dispatch(const std::function<void()>& handler);
   // For drawers: the user wants the window closed.
   void RequestClose();
+  // For drawers: Enter and Escape where the focused control has no use for them. True when there
+  // was such a button to press.
+  bool PressDefaultButton();
+  bool PressCancelButton();
 
   // For controls.
   void Register(Control& control);
+  void FocusOn(Control& control);
   void NotifyChanged(const Control& control, Change change);
 
  protected:
@@ -105,6 +116,8 @@ class Form {
   virtual void OnUnload() {}
 
   void SetSize(int width, int height, bool resizable);
+  // For forms that hold work of the user's: a failing handler does not close them.
+  void SurviveFailures() { survives_failures_ = true; }
 
  private:
   std::shared_ptr<Showing> Begin(bool modal);
@@ -122,6 +135,8 @@ class Form {
   int width_ = 0;
   int height_ = 0;
   bool resizable_ = false;
+  bool survives_failures_ = false;
+  Control* focus_ = nullptr;
   bool loaded_ = false;
   bool unloading_ = false;
   std::shared_ptr<Showing> showing_;

@@ -5,6 +5,7 @@
 #include <memory>
 #include <utility>
 
+#include "model/model_view.h"
 #include "platform/files.h"
 #include "simplify/simplification_log.h"
 #include "text/picture.h"
@@ -38,6 +39,7 @@ Simplifier::Simplifier(LPModel& model) : model_(model), window_(ProgressWindow(m
 
 void Simplifier::Run() {
   if (model_.raw_data().LogFileNumber != 0) RaiseRunTimeError(RunTimeError::kFileAlreadyOpen);
+  const ViewPause pause(model_);
   try {
     RunInWindow();
   } catch (...) {

@@ -58,6 +58,7 @@ class ConsoleDesktop : public Desktop {
                        std::string_view default_text) override;
   void ShowFileDialog(FileDialog& dialog) override;
   void DoEvents() override;
+  void CopyToClipboard(std::string_view) override {}
   void Beep() override;
   void SetMousePointer(MousePointer) override {}
   // Prints where the file is; there is no window to open it in.

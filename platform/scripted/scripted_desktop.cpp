@@ -1,60 +1,13 @@
 #include "platform/scripted/scripted_desktop.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <stdexcept>
 #include <utility>
 
-#include "platform/basic_controls.h"
+#include "platform/scripted/scripted_words.h"
 
 namespace quarvel::platform {
 namespace {
-
-std::string Words(bool value) { return value ? "true" : "false"; }
-
-std::string Words(float value) {
-  std::array<char, 64> digits;
-  const auto result =
-      std::to_chars(digits.data(), digits.data() + digits.size(), value, std::chars_format::fixed);
-  return std::string(digits.data(), result.ptr);
-}
-
-std::string ValueWords(const Control& control) {
-  switch (control.kind()) {
-    case ControlKind::kOptionButton:
-      return Words(static_cast<const OptionButton&>(control).value());
-    case ControlKind::kProgressBar:
-      return Words(static_cast<const ProgressBar&>(control).value());
-    case ControlKind::kLabel:
-    case ControlKind::kButton:
-      break;
-  }
-  return "none";
-}
-
-std::string RangeWords(const Control& control) {
-  const auto& bar = static_cast<const ProgressBar&>(control);
-  return Words(bar.min()) + ' ' + Words(bar.max());
-}
-
-std::string ChangeWords(const Control& control, Change change) {
-  switch (change) {
-    case Change::kCaption:
-      return " caption: " + control.caption();
-    case Change::kValue:
-      return " value: " + ValueWords(control);
-    case Change::kEnabled:
-      return " enabled: " + Words(control.enabled());
-    case Change::kVisible:
-      return " visible: " + Words(control.visible());
-    case Change::kRange:
-      return " range: " + RangeWords(control);
-    case Change::kContents:
-      break;
-  }
-  return " contents";
-}
 
 template <typename Value>
 Value TakeFront(std::deque<Value>& queue) {
@@ -82,7 +35,7 @@ class ScriptedPeer : public FormPeer {
   }
 
   void ControlChanged(const Control& control, Change change) override {
-    desktop_.Record(form_.name() + '.' + control.name() + ChangeWords(control, change));
+    desktop_.Record(form_.name() + '.' + control.name() + ScriptedWords(control, change));
   }
 
   void BringToFront() override {
@@ -106,6 +59,7 @@ void ScriptedDesktop::Clear() {
   boxes_.clear();
   file_dialogs_.clear();
   editor_.clear();
+  input_boxes_.clear();
   event_count_ = 0;
   beeps_ = 0;
 }
@@ -122,7 +76,8 @@ MsgBoxResult ScriptedDesktop::MsgBox(std::string_view text, MsgBoxStyle style,
 }
 
 std::string ScriptedDesktop::InputBox(std::string_view prompt, std::string_view title,
-                                      std::string_view) {
+                                      std::string_view default_text) {
+  input_boxes_.push_back({std::string(prompt), std::string(title), std::string(default_text)});
   const std::string asked = "input [" + std::string(title) + "] " + std::string(prompt);
   if (inputs.empty()) Unexpected(asked);
   std::string text = TakeFront(inputs);
@@ -144,6 +99,11 @@ void ScriptedDesktop::DoEvents() {
   const std::int64_t number = ++event_count_;
   Record("events");
   if (const auto events = on_events) events(number);
+}
+
+void ScriptedDesktop::CopyToClipboard(std::string_view text) {
+  clipboard_ = text;
+  Record("copy " + clipboard_);
 }
 
 void ScriptedDesktop::Beep() {

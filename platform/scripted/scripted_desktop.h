@@ -25,6 +25,13 @@ struct ShownBox {
   bool operator==(const ShownBox&) const = default;
 };
 
+struct ShownInput {
+  std::string prompt;
+  std::string title;
+  std::string default_text;
+  bool operator==(const ShownInput&) const = default;
+};
+
 class ScriptedDesktop : public Desktop {
  public:
   // --- what the user answers ---
@@ -48,9 +55,13 @@ class ScriptedDesktop : public Desktop {
   // "input [title] prompt -> text", "show frmX", "show modal frmX", "close frmX", "caption frmX:
   // ...", "frmX.control caption: ...", "frmX.bar range: 0 100", "frmX.bar value: 5", "frmX.optX
   // value: true", "frmX.control enabled: false", "frmX.control visible: false", "events", "beep",
-  // "pointer default", "editor path", "unexpected ...".
+  // "frmX.txtX value: text", "frmX.cboX items: 7", "frmX.cboX current: 0", "frmX.grdX rows: 12",
+  // "frmX.grdX current: 3", "frmX.grdX widths: 128 72", "frmX.txtX focus", "pointer default",
+  // "copy text", "editor path", "unexpected ...".
   const std::vector<std::string>& transcript() const { return transcript_; }
   const std::vector<ShownBox>& boxes() const { return boxes_; }
+  const std::vector<ShownInput>& input_boxes() const { return input_boxes_; }
+  const std::string& clipboard() const { return clipboard_; }
   const std::vector<FileDialog>& file_dialogs() const { return file_dialogs_; }
   const std::vector<std::string>& opened_in_editor() const { return editor_; }
   std::int64_t event_count() const { return event_count_; }
@@ -65,6 +76,7 @@ class ScriptedDesktop : public Desktop {
                        std::string_view default_text) override;
   void ShowFileDialog(FileDialog& dialog) override;
   void DoEvents() override;
+  void CopyToClipboard(std::string_view text) override;
   void Beep() override;
   void SetMousePointer(MousePointer pointer) override;
   bool OpenInEditor(const std::string& path) override;
@@ -80,6 +92,8 @@ class ScriptedDesktop : public Desktop {
   std::vector<std::string> transcript_;
   std::vector<ShownBox> boxes_;
   std::vector<FileDialog> file_dialogs_;
+  std::vector<ShownInput> input_boxes_;
+  std::string clipboard_;
   std::vector<std::string> editor_;
   std::vector<Form*> shown_;
   std::int64_t event_count_ = 0;

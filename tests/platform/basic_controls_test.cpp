@@ -32,7 +32,7 @@ TEST_F(ControlsTest, StandInTheirFormInCreationOrder) {
   EXPECT_EQ(form_.Find("CMDSECOND"), nullptr);
   EXPECT_EQ(label.kind(), ControlKind::kLabel);
   EXPECT_EQ(label.place().height, 4);
-  EXPECT_EQ(label.place().anchors, unsigned{kAnchorTopLeft});
+  EXPECT_EQ(label.place(), (Place{1, 2, 3, 4}));
 }
 
 TEST_F(ControlsTest, TellTheDrawerWhatChanged) {
