@@ -40,11 +40,11 @@ check_format() {
     xargs -0 clang-format --dry-run -Werror
 }
 
-configure_and_build() { # PRESET
-  cmake --preset "$1" && cmake --build --preset "$1"
+configure_and_build() { # PRESET [OPTION OF CMAKE...]
+  cmake --preset "$@" && cmake --build --preset "$1"
 }
 
-build() { step "build $1" configure_and_build "$1"; }
+build() { step "build $1" configure_and_build "$@"; }
 
 # count_cases <LOG: "PASSED FAILED" of a ctest log, each GoogleTest case as one. A program that failed
 # without a list of failed cases (a crash, a time-out) counts as one failure.
@@ -60,7 +60,7 @@ count_cases() {
 }
 
 build_and_test() { # PRESET
-  build "$1" || return
+  build "$1" -DQUARVEL_TESTS=ON || return
   local start=$SECONDS log="$logs/tests_$1.log" status=0 counts
   ctest --preset "$1" --no-tests=error --verbose >"$log" 2>&1 || status=1
   counts=$(count_cases <"$log")
