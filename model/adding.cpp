@@ -3,8 +3,8 @@
 
 #include "model/error_reports.h"
 #include "model/line_names.h"
+#include "model/long_name.h"
 #include "model/lp_model.h"
-#include "text/encoding.h"
 
 namespace quarvel {
 namespace {
@@ -27,12 +27,6 @@ constexpr NameRefusals kColumnRefusals = {
     "Column not added:  that name is already in use",
 };
 
-constexpr std::string_view kLongNameWarning =
-    "The name you entered had more than 8 characters.  In a standard MPS file, names can be no "
-    "longer than 8 "
-    "characters.  If you wish your model to be standard, please reset the name to have 8 or fewer "
-    "characters";
-
 // The text of the first rule that refuses the name; empty when it may be added.
 std::string_view RefusalOf(std::string_view name, const NameRefusals& refusals, bool in_use) {
   if (name.find(' ') != std::string_view::npos) return refusals.spaces;
@@ -52,9 +46,7 @@ Record& AppendRecord(OneBased<Record>& lines, std::int32_t& count, std::string_v
 }
 
 void WarnOnceOfLongName(LPModel& model, std::string_view name) {
-  constexpr std::size_t kStandardLength = 8;
-  if (name.size() <= kStandardLength || model.raw_data().LongNameWarningShown) return;
-  if (text::CharacterCount(name) <= kStandardLength) return;
+  if (model.raw_data().LongNameWarningShown || !IsLongName(name)) return;
   model.desktop().MsgBox(kLongNameWarning, platform::MsgBoxStyle::kOk);
   model.raw_data().LongNameWarningShown = true;
 }

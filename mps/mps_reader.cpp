@@ -276,10 +276,8 @@ void MpsReader::Finish(ViewPause& pause) {
 }
 
 void MpsReader::OfferToSimplify() {
-  const platform::MsgBoxResult answer = model_.desktop().MsgBox(
-      "Do you want to simplify the model?\r\nThis will remove empty rows and columns, and will "
-      "convert any rows with just one element into equivalent column bounds",
-      platform::MsgBoxStyle::kYesNo);
+  const platform::MsgBoxResult answer =
+      model_.desktop().MsgBox(kSimplifyQuestion, platform::MsgBoxStyle::kYesNo);
   if (answer == platform::MsgBoxResult::kYes) model_.SimplifyMPSModel();
 }
 

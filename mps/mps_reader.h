@@ -47,6 +47,10 @@ namespace quarvel {
 class frmProgress;
 
 inline constexpr std::string_view kReadingCaption = "Progress: Reading MPS File";
+// Asked with Yes and No wherever a simplification is offered.
+inline constexpr std::string_view kSimplifyQuestion =
+    "Do you want to simplify the model?\r\nThis will remove empty rows and columns, and will "
+    "convert any rows with just one element into equivalent column bounds";
 
 class MpsReader {
  public:

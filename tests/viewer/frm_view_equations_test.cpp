@@ -1,0 +1,349 @@
+#include "viewer/frm_view_equations.h"
+
+#include "tests/viewer/viewer_session.h"
+
+namespace quarvel {
+namespace {
+
+TEST_F(ViewerTest, ComesUpWithTheModelAndEverythingShown) {
+  BuildModel();
+  View([&] {
+    frmViewEquations& v = viewer();
+    EXPECT_EQ(v.caption(), "Model Viewer");
+    EXPECT_EQ(v.txtName.text(), "DIET");
+    EXPECT_EQ(v.txtDescription.text(), "first\r\nsecond");
+    EXPECT_EQ(v.sstViewEqns.current(), frmViewEquations::kColumnsPage);
+    EXPECT_EQ(v.rows.list.cboShowOnly.list_index(), 0);
+    EXPECT_EQ(v.columns.list.cboShowOnly.list_index(), 0);
+    EXPECT_EQ(RowNames(), (Texts{"COST", "LIM", "LOW", "RNG", "EQ"}));
+    EXPECT_EQ(ColumnNames(), (Texts{"X", "Y", "Z", "W"}));
+    EXPECT_EQ(v.rows.list.frame.caption(), "Rows (5)");
+    EXPECT_EQ(v.columns.list.frame.caption(), "Columns (4)");
+    EXPECT_EQ(v.rows.list.grid.current_row(), 0);
+    EXPECT_EQ(v.columns.list.grid.current_row(), 0);
+  });
+}
+
+TEST_F(ViewerTest, OffersTheFilters) {
+  BuildModel();
+  View([&] {
+    EXPECT_EQ(viewer().rows.list.cboShowOnly.items(),
+              (Texts{"show all", "non-binding/objectives", "constraints", "less than",
+                     "greater than", "ranges", "equalities"}));
+    EXPECT_EQ(viewer().columns.list.cboShowOnly.items(), (Texts{"show all", "real", "integer"}));
+  });
+}
+
+TEST_F(ViewerTest, NamesTheTypesInTheLists) {
+  BuildModel();
+  model_.AddRow("FRESH");
+  model_.data().Columns[4].Type = 'B';
+  View([&] {
+    EXPECT_EQ(Column(viewer().rows.list.grid, 1),
+              (Texts{"objective", "less than", "greater than", "ranged", "equality", ""}));
+    EXPECT_EQ(Column(viewer().columns.list.grid, 1), (Texts{"real", "integer", "real", "binary"}));
+  });
+}
+
+TEST_F(ViewerTest, HasTheColumnWidthsOfEveryOpening) {
+  BuildModel();
+  const auto widths = [](const platform::Grid& grid) {
+    std::vector<int> result;
+    for (int i = 0; i < grid.columns(); ++i) result.push_back(grid.column_width(i));
+    return result;
+  };
+  View([&] { viewer().rows.list.grid.set_column_width(0, 300); });
+  View([&] {
+    const frmViewEquations& v = viewer();
+    EXPECT_EQ(widths(v.rows.list.grid), (std::vector<int>{128, 72}));
+    EXPECT_EQ(widths(v.rows.fgrdRowsVars), (std::vector<int>{120, 88}));
+    EXPECT_EQ(widths(v.columns.list.grid), (std::vector<int>{190, 64}));
+    EXPECT_EQ(widths(v.columns.fgrdColsEqns), (std::vector<int>{152}));
+    EXPECT_EQ(v.columns.fgrdColsBounds.column_width(0), 104);
+    EXPECT_EQ(v.columns.fgrdColsBounds.column_width(1), 88);
+  });
+}
+
+struct FilterCase {
+  int position;
+  bool invert;
+  Texts kept;
+};
+
+TEST_F(ViewerTest, FiltersRows) {
+  const FilterCase cases[] = {
+      {1, false, {"COST"}},
+      {2, false, {"LIM", "LOW", "RNG", "EQ"}},
+      {3, false, {"LIM"}},
+      {4, false, {"LOW"}},
+      {5, false, {"RNG"}},
+      {6, false, {"EQ"}},
+      {0, true, {}},
+      {1, true, {"LIM", "LOW", "RNG", "EQ"}},
+      {2, true, {"COST"}},
+      {6, true, {"COST", "LIM", "LOW", "RNG"}},
+      {0, false, {"COST", "LIM", "LOW", "RNG", "EQ"}},
+  };
+  BuildModel();
+  View([&] {
+    TurnTo(frmViewEquations::kRowsPage);
+    LinePane& list = viewer().rows.list;
+    for (const FilterCase& c : cases) {
+      list.cboShowOnly.Select(c.position);
+      if (list.chkInvert.checked() != c.invert) list.chkInvert.Click();
+      EXPECT_EQ(RowNames(), c.kept) << c.position << c.invert;
+      EXPECT_EQ(list.frame.caption(), "Rows (5)");
+    }
+  });
+}
+
+TEST_F(ViewerTest, FiltersColumns) {
+  const FilterCase cases[] = {
+      {1, false, {"X", "Z"}}, {2, false, {"Y"}},          {0, true, {}},
+      {1, true, {"Y", "W"}},  {2, true, {"X", "Z", "W"}}, {0, false, {"X", "Y", "Z", "W"}},
+  };
+  BuildModel();
+  model_.data().Columns[4].Type = 'B';
+  View([&] {
+    LinePane& list = viewer().columns.list;
+    for (const FilterCase& c : cases) {
+      list.cboShowOnly.Select(c.position);
+      if (list.chkInvert.checked() != c.invert) list.chkInvert.Click();
+      EXPECT_EQ(ColumnNames(), c.kept) << c.position << c.invert;
+      EXPECT_EQ(list.frame.caption(), "Columns (4)");
+    }
+  });
+}
+
+TEST_F(ViewerTest, ShowsNoDetailsWhenAFilterKeepsNothing) {
+  BuildModel();
+  View([&] {
+    frmViewEquations& v = viewer();
+    v.columns.list.chkInvert.Click();
+    EXPECT_EQ(v.columns.fraEqns.caption(), "");
+    EXPECT_EQ(Column(v.columns.fgrdColsEqns, 0), Texts{""});
+    EXPECT_EQ(v.columns.fgrdColsBounds.Text(0, 1), "");
+    EXPECT_EQ(v.columns.txtColsEqn.text(), "");
+    TurnTo(frmViewEquations::kRowsPage);
+    v.rows.list.chkInvert.Click();
+    EXPECT_EQ(v.rows.fraVars.caption(), "");
+    EXPECT_EQ(Column(v.rows.fgrdRowsVars, 0), Texts{""});
+    EXPECT_EQ(v.rows.fgrdRowsType.Text(0, 0), "");
+    v.rows.list.chkInvert.Click();
+    EXPECT_EQ(v.rows.fraVars.caption(), "Variables in COST (1):");
+  });
+}
+
+TEST_F(ViewerTest, ShowsTheDetailsOfARow) {
+  const struct {
+    const char* row;
+    const char* caption;
+    Texts variables;
+    Texts values;
+    const char* relation;
+  } cases[] = {
+      {"LIM", "Variables in LIM (2):", {"X", "Y"}, {"2", "3"}, "<=  4"},
+      {"LOW", "Variables in LOW (1):", {"Y"}, {"1"}, ">=  1.5"},
+      {"RNG", "Variables:  RNG", {}, {}, "2 <= RNG <= 8"},
+      {"EQ", "Variables in EQ (2):", {"Z", "X"}, {"-2.5", "1"}, "=  7"},
+      {"COST", "Variables in COST (1):", {"X"}, {"1"}, "Objective"},
+  };
+  BuildModel();
+  View([&] {
+    for (const auto& c : cases) {
+      SelectRow(c.row);
+      EXPECT_EQ(viewer().rows.fraVars.caption(), c.caption);
+      EXPECT_EQ(Column(viewer().rows.fgrdRowsVars, 0), c.variables) << c.row;
+      EXPECT_EQ(Column(viewer().rows.fgrdRowsVars, 1), c.values) << c.row;
+      EXPECT_EQ(Column(viewer().rows.fgrdRowsType, 0), Texts{c.relation});
+    }
+  });
+}
+
+TEST_F(ViewerTest, ShowsNoRelationOfARowWithoutType) {
+  BuildModel();
+  model_.AddRow("FRESH");
+  View([&] {
+    SelectRow("FRESH");
+    EXPECT_EQ(viewer().rows.fgrdRowsType.Text(0, 0), "");
+  });
+}
+
+TEST_F(ViewerTest, ShowsTheDetailsOfAColumn) {
+  BuildModel();
+  View([&] {
+    ColumnsTab& tab = viewer().columns;
+    SelectColumn("Z");
+    EXPECT_EQ(tab.fraEqns.caption(), "Rows that Z appears in (1):");
+    EXPECT_EQ(Column(tab.fgrdColsEqns, 0), Texts{"EQ"});
+    EXPECT_EQ(tab.fgrdColsBounds.Text(0, 0), "-1");
+    EXPECT_EQ(tab.fgrdColsBounds.Text(0, 1), "<= Z <=");
+    EXPECT_EQ(tab.fgrdColsBounds.Text(0, 2), "1");
+    EXPECT_EQ(tab.txtColsEqn.text(), "EQ:   - 2.5*Z + 1*X  =  7");
+    SelectColumn("W");
+    EXPECT_EQ(tab.fraEqns.caption(), "Rows that W appears in (0):");
+    EXPECT_EQ(Column(tab.fgrdColsEqns, 0), Texts{});
+    EXPECT_EQ(tab.fgrdColsBounds.Text(0, 2), "10000000000");
+    EXPECT_EQ(tab.txtColsEqn.text(), "");
+  });
+}
+
+TEST_F(ViewerTest, ShowsTheEquationOfTheSelectedRowOfAColumn) {
+  BuildModel();
+  View([&] {
+    ColumnsTab& tab = viewer().columns;
+    EXPECT_EQ(Column(tab.fgrdColsEqns, 0), (Texts{"COST", "LIM", "EQ"}));
+    EXPECT_EQ(tab.txtColsEqn.text(), "COST:   + 1*X  (non-binding/objective)");
+    tab.fgrdColsEqns.Select(1);
+    EXPECT_EQ(tab.txtColsEqn.text(), "LIM:   + 2*X + 3*Y  <=  4");
+    SelectColumn("Y");
+    EXPECT_EQ(tab.fgrdColsEqns.current_row(), 0);
+    EXPECT_EQ(tab.txtColsEqn.text(), "LIM:   + 2*X + 3*Y  <=  4");
+  });
+}
+
+TEST_F(ViewerTest, StartsAtTheFirstVariableOfAnotherRow) {
+  BuildModel();
+  View([&] {
+    SelectRow("EQ");
+    viewer().rows.fgrdRowsVars.Select(1);
+    SelectRow("LIM");
+    EXPECT_EQ(viewer().rows.fgrdRowsVars.current_row(), 0);
+  });
+}
+
+TEST_F(ViewerTest, DoubleClickOnAVariableGoesToItsColumn) {
+  BuildModel();
+  View([&] {
+    SelectRow("EQ");
+    const auto events = desktop_.event_count();
+    viewer().rows.fgrdRowsVars.DoubleClick(0);
+    EXPECT_EQ(viewer().sstViewEqns.current(), frmViewEquations::kColumnsPage);
+    EXPECT_EQ(viewer().columns.list.grid.current_row(), 2);
+    EXPECT_EQ(viewer().columns.fraEqns.caption(), "Rows that Z appears in (1):");
+    EXPECT_EQ(desktop_.event_count(), events + 1);
+  });
+}
+
+TEST_F(ViewerTest, DoubleClickOnARowOfAColumnGoesToThatRow) {
+  BuildModel();
+  View([&] {
+    viewer().columns.fgrdColsEqns.DoubleClick(2);
+    EXPECT_EQ(viewer().sstViewEqns.current(), frmViewEquations::kRowsPage);
+    EXPECT_EQ(viewer().rows.list.grid.current_row(), 4);
+    EXPECT_EQ(viewer().rows.fraVars.caption(), "Variables in EQ (2):");
+  });
+}
+
+TEST_F(ViewerTest, DoubleClickFindsItsGoalThroughTheFilterAndIgnoresAHiddenOne) {
+  BuildModel();
+  View([&] {
+    TurnTo(frmViewEquations::kRowsPage);
+    viewer().rows.list.cboShowOnly.Select(6);
+    TurnTo(frmViewEquations::kColumnsPage);
+    viewer().columns.fgrdColsEqns.DoubleClick(1);
+    EXPECT_EQ(viewer().sstViewEqns.current(), frmViewEquations::kColumnsPage);
+    viewer().columns.fgrdColsEqns.DoubleClick(2);
+    EXPECT_EQ(viewer().sstViewEqns.current(), frmViewEquations::kRowsPage);
+    EXPECT_EQ(viewer().rows.list.grid.current_row(), 0);
+    EXPECT_EQ(viewer().rows.fraVars.caption(), "Variables in EQ (2):");
+  });
+}
+
+TEST_F(ViewerTest, TurningAPageKeepsTheOthersFilter) {
+  BuildModel();
+  View([&] {
+    viewer().columns.list.cboShowOnly.Select(2);
+    TurnTo(frmViewEquations::kRowsPage);
+    TurnTo(frmViewEquations::kColumnsPage);
+    EXPECT_EQ(ColumnNames(), Texts{"Y"});
+  });
+}
+
+TEST_F(ViewerTest, StartsFiltersAnewAtEveryOpeningAndKeepsTheTab) {
+  BuildModel();
+  View([&] {
+    viewer().columns.list.cboShowOnly.Select(2);
+    TurnTo(frmViewEquations::kRowsPage);
+    viewer().rows.list.chkInvert.Click();
+  });
+  View([&] {
+    EXPECT_EQ(viewer().sstViewEqns.current(), frmViewEquations::kRowsPage);
+    EXPECT_FALSE(viewer().rows.list.chkInvert.checked());
+    EXPECT_EQ(RowNames().size(), 5u);
+    EXPECT_EQ(ColumnNames().size(), 4u);
+  });
+}
+
+TEST_F(ViewerTest, ComesUpEmptyWithoutRowsOrColumns) {
+  ModelBuilder(model_).Name("HALF").Row("A", 'L', 1).Row("B", 'L', 1);
+  View([&] {
+    frmViewEquations& v = viewer();
+    EXPECT_EQ(v.txtName.text(), "HALF");
+    EXPECT_EQ(RowNames(), Texts{});
+    EXPECT_EQ(ColumnNames(), Texts{});
+    EXPECT_EQ(v.rows.list.frame.caption(), "Rows (0)");
+    EXPECT_EQ(v.columns.list.frame.caption(), "Columns (0)");
+    EXPECT_EQ(v.rows.list.cboShowOnly.list_index(), -1);
+    EXPECT_EQ(v.rows.fgrdRowsVars.rows(), 1);
+    EXPECT_EQ(v.columns.fgrdColsEqns.rows(), 1);
+    EXPECT_FALSE(Item("mnuEditColDel").Available());
+    EXPECT_TRUE(Item("mnuEditColAdd").Available());
+  });
+}
+
+TEST_F(ViewerTest, RefreshShowsTheModelAsItIs) {
+  BuildModel();
+  View([&] {
+    viewer().columns.list.cboShowOnly.Select(2);
+    viewer().columns.list.chkInvert.Click();
+    model_.SetModelName("OTHER");
+    model_.SetModelDescription("changed");
+    model_.SetColName(0, "NEW");
+    viewer().RefreshForm();
+    EXPECT_EQ(viewer().txtName.text(), "OTHER");
+    EXPECT_EQ(viewer().txtDescription.text(), "changed");
+    EXPECT_EQ(ColumnNames(), (Texts{"NEW", "Y", "Z", "W"}));
+    model_.MakeNewModel();
+    viewer().RefreshForm();
+    EXPECT_EQ(ColumnNames(), Texts{});
+    EXPECT_EQ(viewer().rows.list.frame.caption(), "Rows (0)");
+    EXPECT_EQ(viewer().txtName.text(), "");
+  });
+}
+
+TEST_F(ViewerTest, ShowsWhatItShowedWhilePaused) {
+  BuildModel();
+  View([&] {
+    TurnTo(frmViewEquations::kRowsPage);
+    const Texts before = RowNames();
+    viewer().Pause();
+    viewer().Pause();
+    model_.DeleteRow(0);
+    viewer().rows.list.cboShowOnly.Select(3);
+    EXPECT_EQ(RowNames(), before);
+    viewer().Resume();
+    viewer().RefreshForm();
+    EXPECT_EQ(RowNames(), before);
+    viewer().Resume();
+    EXPECT_EQ(RowNames(), (Texts{"LIM", "LOW", "RNG", "EQ"}));
+  });
+}
+
+TEST_F(ViewerTest, RunsNoCommandAndStaysOpenWhilePaused) {
+  BuildModel();
+  View([&] {
+    viewer().Pause();
+    Choose("mnuEditColRename");
+    Choose("mnuFileNew");
+    Choose("mnuFileExit");
+    viewer().RequestClose();
+    EXPECT_TRUE(viewer().IsShowing());
+    EXPECT_EQ(Boxes(), Texts{});
+    EXPECT_EQ(desktop_.input_boxes().size(), 0u);
+    viewer().Resume();
+  });
+}
+
+}  // namespace
+}  // namespace quarvel

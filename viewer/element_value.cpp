@@ -1,0 +1,18 @@
+#include "viewer/element_value.h"
+
+#include <cstddef>
+
+#include "text/picture.h"
+
+namespace quarvel {
+
+void WarnOfLongValue(platform::Desktop& desktop, double value) {
+  constexpr std::size_t kStandardLength = 12;
+  if (text::PictureText(value, text::Picture::kElement).size() <= kStandardLength) return;
+  desktop.MsgBox(
+      "The value entered is longer than is allowed in a standard MPS file.\r\nThis model can still "
+      "be saved, but other programs which read MPS files may not be able to read it.",
+      platform::MsgBoxStyle::kOk);
+}
+
+}  // namespace quarvel
