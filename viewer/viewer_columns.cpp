@@ -1,5 +1,7 @@
 // The Columns tab of the viewer: its list, the details of the current column, and the way to a row.
 
+#include <utility>
+
 #include "model/error_reports.h"
 #include "text/numbers.h"
 #include "viewer/frm_view_equations.h"
@@ -71,23 +73,18 @@ void frmViewEquations::ShowColumnDetail() {
   const auto column = SelectedColumn();
   if (!column) return;
   const std::int32_t count = parent_->ColNumberElements(*column);
-  const bool another = detail_column_ != *column;
-  detail_column_ = *column;
+  const bool same = std::exchange(detail_column_, *column) == *column;
   columns.fraEqns.set_caption("Rows that " + parent_->ColName(*column) + " appears in (" +
                               text::IntegerText(count) + "):");
-  columns.fgrdColsEqns.set_rows(count);
+  ShowElements(columns.fgrdColsEqns, count, same);
   columns.fgrdColsBounds.set_rows(1);
-  if (another && columns.fgrdColsEqns.current_row() > 0) {
-    columns.fgrdColsEqns.set_current_row(0);
-  } else {
-    ShowEquation();
-  }
+  ShowEquation();
 }
 
 void frmViewEquations::ClearColumnDetail() {
   detail_column_ = -1;
   columns.fraEqns.set_caption("");
-  columns.fgrdColsEqns.set_rows(1);
+  ShowElements(columns.fgrdColsEqns, 1, false);
   columns.fgrdColsBounds.set_rows(1);
   columns.txtColsEqn.set_text("");
 }

@@ -1,5 +1,7 @@
 // The Rows tab of the viewer: its list, the details of the current row, and the way to a column.
 
+#include <utility>
+
 #include "model/error_reports.h"
 #include "text/numbers.h"
 #include "viewer/frm_view_equations.h"
@@ -62,14 +64,12 @@ void frmViewEquations::ShowRowDetail() {
   const auto row = SelectedRow();
   if (!row) return UpdateMenus();
   const std::int32_t count = parent_->RowNumberElements(*row);
-  const bool another = detail_row_ != *row;
-  detail_row_ = *row;
+  const bool same = std::exchange(detail_row_, *row) == *row;
   const std::string name = parent_->RowName(*row);
   rows.fraVars.set_caption(count > 0
                                ? "Variables in " + name + " (" + text::IntegerText(count) + "):"
                                : "Variables:  " + name);
-  rows.fgrdRowsVars.set_rows(count);
-  if (another && count > 0) rows.fgrdRowsVars.set_current_row(0);
+  ShowElements(rows.fgrdRowsVars, count, same);
   rows.fgrdRowsType.set_rows(1);
   UpdateMenus();
 }
@@ -77,7 +77,7 @@ void frmViewEquations::ShowRowDetail() {
 void frmViewEquations::ClearRowDetail() {
   detail_row_ = -1;
   rows.fraVars.set_caption("");
-  rows.fgrdRowsVars.set_rows(1);
+  ShowElements(rows.fgrdRowsVars, 1, false);
   rows.fgrdRowsType.set_rows(1);
 }
 

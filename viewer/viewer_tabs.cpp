@@ -69,6 +69,12 @@ void LinePane::HoldBy(TabStrip& strip, int page) {
   }
 }
 
+void ShowElements(platform::Grid& grid, std::int32_t count, bool same_line) {
+  const bool chosen = same_line && grid.current_row() >= 0;
+  grid.set_rows(count);
+  if (!chosen) grid.set_current_row(-1);
+}
+
 RowsTab::RowsTab(platform::Form& form)
     : list(form, "Rows", kRowsWidths),
       fraVars(form, "fraVars", {376, 134, 360, 314, kRightFull}),

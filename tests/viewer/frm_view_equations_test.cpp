@@ -179,6 +179,8 @@ TEST_F(ViewerTest, ShowsTheDetailsOfAColumn) {
     EXPECT_EQ(tab.fgrdColsBounds.Text(0, 0), "-1");
     EXPECT_EQ(tab.fgrdColsBounds.Text(0, 1), "<= Z <=");
     EXPECT_EQ(tab.fgrdColsBounds.Text(0, 2), "1");
+    EXPECT_EQ(tab.txtColsEqn.text(), "");
+    tab.fgrdColsEqns.Select(0);
     EXPECT_EQ(tab.txtColsEqn.text(), "EQ:   - 2.5*Z + 1*X  =  7");
     SelectColumn("W");
     EXPECT_EQ(tab.fraEqns.caption(), "Rows that W appears in (0):");
@@ -193,22 +195,28 @@ TEST_F(ViewerTest, ShowsTheEquationOfTheSelectedRowOfAColumn) {
   View([&] {
     ColumnsTab& tab = viewer().columns;
     EXPECT_EQ(Column(tab.fgrdColsEqns, 0), (Texts{"COST", "LIM", "EQ"}));
+    EXPECT_EQ(tab.fgrdColsEqns.current_row(), -1);
+    tab.fgrdColsEqns.Select(0);
     EXPECT_EQ(tab.txtColsEqn.text(), "COST:   + 1*X  (non-binding/objective)");
     tab.fgrdColsEqns.Select(1);
     EXPECT_EQ(tab.txtColsEqn.text(), "LIM:   + 2*X + 3*Y  <=  4");
     SelectColumn("Y");
-    EXPECT_EQ(tab.fgrdColsEqns.current_row(), 0);
-    EXPECT_EQ(tab.txtColsEqn.text(), "LIM:   + 2*X + 3*Y  <=  4");
+    EXPECT_EQ(tab.fgrdColsEqns.current_row(), -1);
+    EXPECT_EQ(tab.txtColsEqn.text(), "");
   });
 }
 
-TEST_F(ViewerTest, StartsAtTheFirstVariableOfAnotherRow) {
+TEST_F(ViewerTest, LeavesTheChoiceOfAnElementToTheUser) {
   BuildModel();
   View([&] {
     SelectRow("EQ");
+    EXPECT_EQ(viewer().rows.fgrdRowsVars.current_row(), -1);
     viewer().rows.fgrdRowsVars.Select(1);
+    TurnTo(frmViewEquations::kColumnsPage);
+    TurnTo(frmViewEquations::kRowsPage);
+    EXPECT_EQ(viewer().rows.fgrdRowsVars.current_row(), 1);
     SelectRow("LIM");
-    EXPECT_EQ(viewer().rows.fgrdRowsVars.current_row(), 0);
+    EXPECT_EQ(viewer().rows.fgrdRowsVars.current_row(), -1);
   });
 }
 
