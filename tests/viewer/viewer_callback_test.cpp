@@ -1,0 +1,237 @@
+// Hosts that come back into the model while the viewer, one of its boxes or its dialogs is open.
+#include "platform/files.h"
+#include "tests/viewer/viewer_session.h"
+
+namespace quarvel {
+namespace {
+
+class CallbackTest : public ViewerTest {
+ protected:
+  // Does `what` at the first box that begins so, before it is answered.
+  void AtBox(const std::string& start, const std::function<void()>& what) {
+    on_shown_ = [this, start, what](const platform::ShownBox& box) {
+      if (!box.text.starts_with(start)) return;
+      on_shown_ = nullptr;
+      what();
+    };
+  }
+  void With(const std::function<void()>& steps) {
+    BuildModel();
+    View(steps);
+    EXPECT_EQ(CheckModelData(model_.data()), "");
+  }
+};
+
+TEST_F(CallbackTest, RowThatIsGoneUnderTheQuestionIsNotSelected) {
+  With([&] {
+    SelectRow("EQ");
+    AtBox("Are you sure", [&] { model_.DeleteRow(0); });
+    desktop_.answers = {kYes};
+    Choose("mnuEditRowDel");
+    EXPECT_EQ(model_.NumberOfRows(), 4);
+    EXPECT_EQ(Boxes().back(), "No Row Selected");
+  });
+}
+
+TEST_F(CallbackTest, ColumnThatIsGoneUnderTheQuestionIsNotSelected) {
+  With([&] {
+    SelectColumn("W");
+    AtBox("Are you sure", [&] { model_.DeleteColumn(1); });
+    desktop_.answers = {kYes};
+    Choose("mnuEditColDel");
+    EXPECT_EQ(model_.NumberOfColumns(), 3);
+    EXPECT_EQ(Boxes().back(), "No Column Selected");
+  });
+}
+
+TEST_F(CallbackTest, ElementThatIsGoneUnderTheQuestionIsNotSelected) {
+  With([&] {
+    SelectRow("EQ");
+    viewer().rows.fgrdRowsVars.Select(1);
+    AtBox("Are you sure", [&] { model_.DeleteElement(4, 0); });
+    desktop_.answers = {kYes};
+    Choose("mnuEditRowDelEle");
+    EXPECT_EQ(model_.NumberOfElements(), 5);
+    EXPECT_EQ(Boxes().back(), "Please first click on a row and an element in that row");
+  });
+}
+
+TEST_F(CallbackTest, SelectionOutsideAModelThatShrankIsNone) {
+  With([&] {
+    SelectRow("EQ");
+    viewer().rows.fgrdRowsVars.Select(1);
+    model_.MakeNewModel();
+    for (const char* name :
+         {"mnuEditRowRename", "mnuEditRowDel", "mnuEditRowAddEle", "mnuEditRowChangeBnd"}) {
+      Item(name).Click();
+      EXPECT_EQ(Boxes().back(), "No Row Selected") << name;
+    }
+    EXPECT_EQ(viewer().rows.list.grid.Text(4, 0), "");
+    EXPECT_EQ(viewer().rows.fgrdRowsVars.Text(1, 0), "");
+    EXPECT_EQ(viewer().rows.fgrdRowsType.Text(0, 0), "");
+    viewer().rows.fgrdRowsVars.DoubleClick(0);
+    viewer().rows.list.grid.Select(1);
+    TurnTo(frmViewEquations::kColumnsPage);
+    viewer().columns.fgrdColsEqns.Select(0);
+    viewer().columns.fgrdColsEqns.DoubleClick(0);
+    EXPECT_EQ(viewer().columns.fgrdColsEqns.Text(0, 0), "");
+    EXPECT_EQ(viewer().columns.txtColsEqn.text(), "");
+  });
+}
+
+TEST_F(CallbackTest, WindowClosedUnderAQuestionEndsTheCommand) {
+  const char* const commands[] = {"mnuEditColDel", "mnuFileNew", "mnuFileOpen", "mnuEditSimplify"};
+  for (const char* command : commands) {
+    BuildModel();
+    View([&] {
+      SelectColumn("X");
+      on_shown_ = [&](const platform::ShownBox& box) {
+        if (box.text.starts_with("Quarvel.dll")) return;
+        on_shown_ = nullptr;
+        viewer().EditMode(false);  // the closing asks nothing
+        model_.ViewRow(99, false);
+      };
+      desktop_.answers = {kYes};
+      const std::int32_t columns = model_.NumberOfColumns();
+      Choose(command);
+      EXPECT_FALSE(viewer().IsShowing());
+      EXPECT_EQ(model_.NumberOfColumns(), columns) << command;
+    });
+    model_.ClearModel();
+  }
+}
+
+TEST_F(CallbackTest, WindowClosedUnderADialogEndsTheCommand) {
+  With([&] {
+    SelectRow("LIM");
+    dialogs_.push_back([&](auto&) {
+      viewer().EditMode(false);
+      viewer().Unload();
+      viewer().row_bounds.bounds.txtUprBnd.Type("5");
+      viewer().row_bounds.cmdOK.Click();
+    });
+    Choose("mnuEditRowChangeBnd");
+    EXPECT_FALSE(viewer().IsShowing());
+    EXPECT_EQ(model_.RowUpperBound(1), 5);
+  });
+}
+
+TEST_F(CallbackTest, RowThatIsGoneUnderItsBoundsDialogIsToldAsNotSelected) {
+  With([&] {
+    SelectRow("EQ");
+    dialogs_.push_back([&](auto&) {
+      model_.DeleteRow(0);
+      viewer().row_bounds.cmdOK.Click();
+      EXPECT_FALSE(viewer().row_bounds.IsShowing());
+    });
+    Choose("mnuEditRowChangeBnd");
+    EXPECT_EQ(Boxes(), Texts{"No Row Selected"});
+    EXPECT_EQ(RowNames(), (Texts{"LIM", "LOW", "RNG", "EQ"}));
+    EXPECT_EQ(RowText(3), "EQ E 7 7");
+  });
+}
+
+TEST_F(CallbackTest, ColumnThatIsGoneUnderItsBoundsDialogIsToldAsNotSelected) {
+  With([&] {
+    SelectColumn("W");
+    dialogs_.push_back([&](auto&) {
+      viewer().col_bounds.bounds.txtUprBnd.Type("1E11");
+      AtBox("Upper Bound", [&] { model_.DeleteColumn(3); });
+      viewer().col_bounds.cmdOK.Click();
+    });
+    Choose("mnuEditColChangeTypeBnd");
+    EXPECT_EQ(Boxes(), (Texts{"Upper Bound set to limit of 1E+10", "No Column Selected"}));
+    EXPECT_EQ(ColumnNames(), (Texts{"X", "Y", "Z"}));
+  });
+}
+
+TEST_F(CallbackTest, ColumnThatIsGoneUnderTheAddDialogIsNotSelected) {
+  With([&] {
+    SelectRow("LIM");
+    dialogs_.push_back([&](auto&) {
+      viewer().add_elements.fgrdCols.Select(2);
+      model_.DeleteColumn(2);
+      viewer().add_elements.cmdOK.Click();
+      EXPECT_TRUE(viewer().add_elements.IsShowing());
+      viewer().add_elements.cmdCancel.Click();
+    });
+    Choose("mnuEditRowAddEle");
+    EXPECT_EQ(Boxes(), Texts{"Please select a column"});
+  });
+}
+
+TEST_F(CallbackTest, FailingCommandIsOneBoxAndTheWindowGoesOn) {
+  With([&] {
+    SelectRow("LIM");
+    dialogs_.push_back([&](auto&) {
+      // A second dialog for the row while the first one is open.
+      model_.AddRow("LATE");
+      Item("mnuEditRowChangeBnd").Click();
+      viewer().row_bounds.cmdCancel.Click();
+    });
+    Choose("mnuEditRowChangeBnd");
+    EXPECT_EQ(Boxes(), Texts{std::string(Describe(RunTimeError::kFormAlreadyDisplayed))});
+    EXPECT_TRUE(viewer().IsShowing());
+    EXPECT_EQ(RowNames().back(), "LATE");
+  });
+}
+
+TEST_F(CallbackTest, WindowIsPausedWhileTheModelIsSimplified) {
+  With([&] {
+    Texts seen;
+    on_shown_ = [&](const platform::ShownBox& box) {
+      if (!box.text.starts_with("Model had simplifications")) return;
+      seen = ColumnNames();
+      EXPECT_FALSE(viewer().columns.list.grid.redraw());
+    };
+    EXPECT_EQ(ColumnNames().size(), 4u);
+    desktop_.answers = {kYes, kNo};
+    Choose("mnuEditSimplify");
+    EXPECT_EQ(seen, (Texts{"X", "Y", "Z", "W"}));
+    EXPECT_EQ(ColumnNames(), (Texts{"X", "Y", "Z"}));
+    EXPECT_TRUE(viewer().columns.list.grid.redraw());
+  });
+}
+
+TEST_F(CallbackTest, SimplificationByAHostLeavesTheWindowUsable) {
+  With([&] {
+    SelectRow("EQ");
+    desktop_.answers = {kNo};
+    model_.SimplifyMPSModel();
+    EXPECT_TRUE(viewer().rows.list.grid.redraw());
+    desktop_.inputs = {"CAP"};
+    SelectRow("LIM");
+    Choose("mnuEditRowRename");
+    EXPECT_EQ(RowNames(), (Texts{"COST", "CAP", "EQ"}));
+  });
+}
+
+// The numbers behind a list are all that it keeps.
+TEST_F(CallbackTest, ListsOfAMillionRowsAskForTheCellsThatAreSeen) {
+  constexpr std::int32_t kRows = 1000000;
+  ModelData& data = model_.data();
+  data.Rows.Resize(kRows);
+  data.NumberOfRows = kRows;
+  for (std::int32_t i = 1; i <= kRows; ++i) data.Rows[i].Type = i % 2 == 0 ? 'G' : 'L';
+  data.Columns.Resize(1);
+  data.NumberOfColumns = 1;
+  View([&] {
+    platform::Grid& grid = viewer().rows.list.grid;
+    int cells = 0;
+    const auto cell = grid.cell;
+    grid.cell = [&cells, cell](int line, int column) {
+      ++cells;
+      return cell(line, column);
+    };
+    TurnTo(frmViewEquations::kRowsPage);
+    EXPECT_EQ(grid.rows(), kRows);
+    viewer().rows.list.cboShowOnly.Select(4);
+    EXPECT_EQ(grid.rows(), kRows / 2);
+    EXPECT_EQ(grid.Text(kRows / 2 - 1, 1), "greater than");
+    EXPECT_EQ(cells, 1);
+    grid.cell = cell;
+  });
+}
+
+}  // namespace
+}  // namespace quarvel
