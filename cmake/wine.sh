@@ -14,9 +14,18 @@ if [ "${1:-}" = --stop ]; then
   exec wineserver -w
 fi
 
-if [ ! -f "$WINEPREFIX/system.reg" ]; then
+# Windows stand on a desktop of Wine's own, which moves and activates them: on a bare display, without
+# a window manager, each would wait two seconds for one.
+make_prefix() {
+  local explorer='HKCU\Software\Wine\Explorer'
+  wine wineboot -i && wine reg add "$explorer" /v Desktop /d Default /f &&
+    wine reg add "$explorer\Desktops" /v Default /d 1280x1024 /f && wineserver -w &&
+    touch "$WINEPREFIX/.made"
+}
+
+if [ ! -f "$WINEPREFIX/.made" ]; then
   mkdir -p "$WINEPREFIX"
-  (flock 9; [ -f "$WINEPREFIX/system.reg" ] || { wine wineboot -i && wineserver -w; }) \
+  (flock 9; [ -f "$WINEPREFIX/.made" ] || make_prefix) \
     9>"$WINEPREFIX/.lock" >/dev/null || { echo "wine.sh: the prefix could not be made" >&2; exit 125; }
 fi
 exec wine "$@"

@@ -21,7 +21,7 @@ using Lines = std::vector<std::string>;
 class frmTest : public Form {
  public:
   explicit frmTest(Desktop& desktop, std::string name = "frmTest")
-      : Form(desktop, std::move(name)), cmdGo(*this, "cmdGo", {}) {}
+      : Form(desktop, std::move(name)), cmdGo(*this, "cmdGo", {10, 10, 80, 26}) {}
 
   Button cmdGo;
   Lines life;

@@ -1,0 +1,233 @@
+#include "platform/win32/form_window.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/automation_error.h"
+#include "platform/win32/automation_name.h"
+#include "platform/win32/button_windows.h"
+#include "platform/win32/dpi.h"
+#include "platform/win32/form_keyboard.h"
+#include "platform/win32/form_messages.h"
+#include "platform/win32/pace.h"
+#include "platform/win32/wide_text.h"
+
+namespace quarvel::platform::win32 {
+namespace {
+
+constexpr DWORD kDialogStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+constexpr DWORD kResizableStyle = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
+
+// In the middle of its owner, or of the screen, and not beyond the edges of that.
+POINT Middle(SIZE size, HWND owner) {
+  const HMONITOR screen = MonitorFromWindow(owner, MONITOR_DEFAULTTOPRIMARY);
+  MONITORINFO info = {};
+  info.cbSize = sizeof(info);
+  GetMonitorInfoW(screen, &info);
+  RECT around = info.rcWork;
+  if (owner != nullptr && !IsIconic(owner)) GetWindowRect(owner, &around);
+  const LONG x = (around.left + around.right - size.cx) / 2;
+  const LONG y = (around.top + around.bottom - size.cy) / 2;
+  return {std::max(info.rcWork.left, std::min(x, info.rcWork.right - size.cx)),
+          std::max(info.rcWork.top, std::min(y, info.rcWork.bottom - size.cy))};
+}
+
+}  // namespace
+
+FormWindow::FormWindow(std::shared_ptr<DrawerState> state, Form& form)
+    : state_(std::move(state)), form_(&form), menu_(form) {}
+
+FormWindow* FormWindow::Of(HWND window) {
+  if (window == nullptr || !IsFormWindow(window)) return nullptr;
+  // Another copy of the component may have forms on this thread too.
+  const auto procedure = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window, GWLP_WNDPROC));
+  if (procedure != Receive || GetWindowThreadProcessId(window, nullptr) != GetCurrentThreadId()) {
+    return nullptr;
+  }
+  return reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+}
+
+void FormWindow::Open(bool modal) {
+  const HWND owner = OwnerWindow();
+  MakeWindow(owner);
+  MakeControls();
+  Show(owner);
+  using enum DisabledWindows::Which;
+  disabled_ = DisabledWindows(modal ? kAll : kForms, handle_);
+}
+
+void FormWindow::MakeWindow(HWND owner) {
+  const ActivationContext::Use use(state_->common_controls);
+  style_ = form_->resizable() ? kResizableStyle : kDialogStyle;
+  extended_style_ = form_->resizable() ? 0 : WS_EX_DLGMODALFRAME;
+  CreateWindowExW(extended_style_, kFormClass, ToWide(form_->caption()).c_str(), style_,
+                  CW_USEDEFAULT, CW_USEDEFAULT, 0, 0, owner, nullptr, state_->module, this);
+  if (handle_ == nullptr) RaiseRunTimeError(RunTimeError::kOutOfMemory);
+  GiveAutomationName(handle_, form_->name());
+  dpi_ = DpiOf(handle_);
+  font_ = MessageFont(dpi_);
+}
+
+void FormWindow::MakeControls() {
+  const ActivationContext::Use use(state_->common_controls);
+  int id = kFirstControlId;
+  for (Control* control : form_->controls()) {
+    auto made = MakeControlWindow(*this, *control, id++);
+    if (!made) continue;
+    controls_.push_back(std::move(made));
+    controls_.back()->Open(font_.get());
+  }
+  // What stands around other controls stands behind them.
+  for (const auto& window : controls_) {
+    const ControlKind kind = window->control().kind();
+    if (kind != ControlKind::kFrame && kind != ControlKind::kTabStrip) continue;
+    SetWindowPos(window->handle(), HWND_BOTTOM, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  }
+  if (!menu_.IsEmpty()) menu_.ShowBar(handle_);
+}
+
+void FormWindow::Show(HWND owner) {
+  const SIZE inner = {ToPixels(form_->width(), dpi_), ToPixels(form_->height(), dpi_)};
+  const SIZE size = OuterSize(inner, style_, extended_style_, !menu_.IsEmpty(), dpi_);
+  const POINT place = Middle(size, owner);
+  SetWindowPos(handle_, nullptr, place.x, place.y, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+  Layout();
+  focus_ = form_->focus() != nullptr ? Find(*form_->focus()) : nullptr;
+  if (focus_ == nullptr || !focus_->CanFocus()) focus_ = FirstStop(*this);
+  ShowWindow(handle_, SW_SHOW);
+  if (focus_ != nullptr && GetActiveWindow() == handle_) focus_->TakeFocus();
+  RedrawWindow(handle_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+void FormWindow::Retire() {
+  if (!alive()) return;
+  disabled_.Enable();
+  form_ = nullptr;
+  focus_ = nullptr;
+  // Whoever waits for this showing may be asleep.
+  PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
+  if (handle_ == nullptr) return;
+  const HWND owner = GetWindow(handle_, GW_OWNER);
+  HandOverOwned(handle_, owner);
+  const bool was_active = GetActiveWindow() == handle_;
+  if (was_active && owner != nullptr && IsWindowEnabled(owner) && IsWindowVisible(owner)) {
+    SetActiveWindow(owner);
+  }
+  ShowWindow(handle_, SW_HIDE);
+  if (depth_ == 0) DestroyWindow(handle_);
+}
+
+void FormWindow::Destroy() {
+  Retire();
+  if (handle_ != nullptr) DestroyWindow(handle_);
+}
+
+void FormWindow::Left() noexcept {
+  --depth_;
+  if (depth_ > 0 || alive() || handle_ == nullptr || destruction_posted_) return;
+  destruction_posted_ = PostMessageW(handle_, kDestroySoon, 0, 0) != FALSE;
+}
+
+void FormWindow::Gone() {
+  SetWindowLongPtrW(handle_, GWLP_USERDATA, 0);
+  handle_ = nullptr;
+  disabled_.Enable();
+  std::erase_if(state_->windows, [this](const auto& window) { return window.get() == this; });
+}
+
+void FormWindow::TellFailure() noexcept {
+  try {
+    const AutomationError error = CurrentError();
+    const ActivationContext::Use use(state_->common_controls);
+    MessageBoxW(handle_, ToWide(error.description()).c_str(), ToWide(kDefaultTitle).c_str(),
+                MB_TASKMODAL);
+  } catch (...) {
+    // Not even memory for a box is left: there is no other way to tell.
+    MessageBeep(MB_ICONERROR);
+  }
+}
+
+ControlWindow* FormWindow::Find(const Control& control) const {
+  const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const auto& window) {
+    return &window->control() == &control;
+  });
+  return found == controls_.end() ? nullptr : found->get();
+}
+
+ControlWindow* FormWindow::Find(HWND window) const {
+  for (; window != nullptr && window != handle_; window = GetAncestor(window, GA_PARENT)) {
+    const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const auto& control) {
+      return control->handle() == window;
+    });
+    if (found != controls_.end()) return found->get();
+  }
+  return nullptr;
+}
+
+void FormWindow::ShowCaption() {
+  caption_stale_ = false;
+  caption_shown_ = std::chrono::steady_clock::now();
+  SetWindowTextTo(handle_, form_->caption());
+}
+
+void FormWindow::CaptionChanged() {
+  if (handle_ == nullptr) return;
+  caption_stale_ = true;
+  if (PaintIsDue(caption_shown_)) ShowCaption();
+}
+
+void FormWindow::ControlChanged(const Control& control, Change change) {
+  if (handle_ == nullptr) return;
+  if (control.kind() == ControlKind::kMenuItem) {
+    if (static_cast<const MenuItem&>(control).parent() == nullptr) menu_.ShowBar(handle_);
+    return;
+  }
+  ControlWindow* const window = Find(control);
+  if (window == nullptr) return;
+  if (change == Change::kFocus) return Focus(*window);
+  window->Mirror(change);
+  if (change == Change::kEnabled || change == Change::kVisible) LeaveUnusable(*window);
+}
+
+void FormWindow::BringToFront() {
+  if (handle_ == nullptr) return;
+  if (IsIconic(handle_)) ShowWindow(handle_, SW_RESTORE);
+  SetForegroundWindow(handle_);
+  SetActiveWindow(handle_);
+}
+
+void FormWindow::Flush() {
+  if (!alive() || handle_ == nullptr) return;
+  if (caption_stale_) ShowCaption();
+  for (const auto& control : controls_) control->Flush();
+}
+
+void FormWindow::Focus(ControlWindow& control) {
+  focus_ = &control;
+  if (GetActiveWindow() == handle_ && control.CanFocus()) control.TakeFocus();
+}
+
+void FormWindow::LeaveUnusable(const ControlWindow& control) {
+  if (control.CanFocus()) return;
+  if (focus_ == &control) focus_ = nullptr;
+  const HWND focused = GetFocus();
+  if (focused != nullptr && Find(focused) != &control) return;
+  if (GetActiveWindow() != handle_) return;
+  ControlWindow* const next = FirstStop(*this);
+  if (next != nullptr) next->TakeFocus();
+}
+
+void FormWindow::ShowDefaultButton(ButtonWindow* focused) {
+  for (const auto& window : controls_) {
+    if (window->control().kind() != ControlKind::kButton) continue;
+    auto& button = static_cast<ButtonWindow&>(*window);
+    button.ShowDefault(focused != nullptr ? &button == focused : button.WantsDefault());
+  }
+}
+
+void FormWindow::SynchronizeSoon(const ControlWindow& control) {
+  PostMessageW(handle_, kSynchronize, 0, reinterpret_cast<LPARAM>(control.handle()));
+}
+
+}  // namespace quarvel::platform::win32

@@ -1,0 +1,110 @@
+#include "tests/win32/user_steps.h"
+
+#include <cstdio>
+#include <utility>
+
+#include "platform/win32/automation_name.h"
+
+namespace quarvel::platform::win32 {
+namespace {
+
+constexpr UINT kTurnMs = 10;
+constexpr ULONGLONG kPatienceMs = 10000;
+
+UserSteps* current = nullptr;
+
+void GiveUp(const std::string& what) {
+  std::fprintf(stderr, "the user waits in vain: %s\n", what.c_str());
+  std::fflush(stderr);
+  ExitProcess(1);
+}
+
+struct Search {
+  const std::wstring& wanted;
+  HWND found;
+};
+
+}  // namespace
+
+UserSteps::UserSteps() : timer_(SetTimer(nullptr, 0, kTurnMs, OnTimer)) { current = this; }
+
+UserSteps::~UserSteps() {
+  KillTimer(nullptr, timer_);
+  current = nullptr;
+}
+
+void UserSteps::Until(std::string what, std::function<bool()> step) {
+  steps_.push_back({std::move(what), std::move(step), 0});
+}
+
+void UserSteps::Then(std::string what, std::function<void()> step) {
+  Until(std::move(what), [step = std::move(step)] {
+    step();
+    return true;
+  });
+}
+
+void CALLBACK UserSteps::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
+  if (current != nullptr) current->Play();
+}
+
+void UserSteps::Play() {
+  // A step may open a window whose own loop plays the steps after it.
+  if (steps_.empty()) {
+    if (GetTickCount64() - last_played_ms_ > kPatienceMs) GiveUp("nothing is left to do");
+    return;
+  }
+  last_played_ms_ = GetTickCount64();
+  Step step = std::move(steps_.front());
+  steps_.pop_front();
+  if (step.begun_ms == 0) step.begun_ms = GetTickCount64();
+  if (GetTickCount64() - step.begun_ms > kPatienceMs) GiveUp(step.what);
+  if (!step.run()) steps_.push_front(std::move(step));
+}
+
+HWND FindTopWindow(const std::wstring& title) {
+  Search search = {title, nullptr};
+  EnumThreadWindows(
+      GetCurrentThreadId(),
+      [](HWND window, LPARAM data) -> BOOL {
+        auto& sought = *reinterpret_cast<Search*>(data);
+        if (!IsWindowVisible(window) || TextOf(window) != sought.wanted) return TRUE;
+        sought.found = window;
+        return FALSE;
+      },
+      reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+HWND FindControl(HWND top, const std::wstring& name) {
+  Search search = {name, nullptr};
+  EnumChildWindows(
+      top,
+      [](HWND window, LPARAM data) -> BOOL {
+        auto& sought = *reinterpret_cast<Search*>(data);
+        wchar_t text[256];
+        const auto atom = reinterpret_cast<UINT_PTR>(GetPropW(window, kNameProperty));
+        if (atom == 0 || GlobalGetAtomNameW(static_cast<ATOM>(atom), text, 256) == 0) return TRUE;
+        if (sought.wanted != text) return TRUE;
+        sought.found = window;
+        return FALSE;
+      },
+      reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+std::wstring TextOf(HWND window) {
+  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+  const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
+  text.resize(static_cast<std::size_t>(length));
+  return text;
+}
+
+void PressBoxButton(HWND box, int id) { PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(id), 0); }
+
+void PressKey(HWND window, WPARAM key) {
+  PostMessageW(window, WM_KEYDOWN, key, 1);
+  PostMessageW(window, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+}
+
+}  // namespace quarvel::platform::win32
