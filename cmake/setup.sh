@@ -5,7 +5,7 @@
 set -eu
 
 # The program and its native tests.
-native=(cmake ninja-build g++ libgtest-dev)
+native=(cmake ninja-build g++ libgtest-dev qt6-base-dev)
 # The other half of the native tests: clang's sanitizers, fuzzer, formatter and checker.
 checks=(clang libclang-rt-dev clang-format clang-tidy)
 # Cross-building for Windows, and running what was built.

@@ -1,0 +1,23 @@
+// Message boxes, input boxes and file dialogs. Each is on top of `owner`, which may be null, until
+// it is answered.
+#pragma once
+
+#include <QWidget>
+#include <string>
+#include <string_view>
+
+#include "platform/desktop.h"
+#include "platform/qt/event_pump.h"
+
+namespace quarvel::platform::qt {
+
+MsgBoxResult AskBox(EventPump& pump, const QWidget* owner, std::string_view text, MsgBoxStyle style,
+                    std::string_view title);
+
+std::string AskLine(EventPump& pump, const QWidget* owner, std::string_view prompt,
+                    std::string_view title, std::string_view default_text);
+
+// As Desktop::ShowFileDialog.
+void AskFile(EventPump& pump, const QWidget* owner, FileDialog& request);
+
+}  // namespace quarvel::platform::qt

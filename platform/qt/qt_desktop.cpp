@@ -1,0 +1,126 @@
+#include "platform/qt/qt_desktop.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFileInfo>
+#include <QProcess>
+#include <QStandardPaths>
+#include <string>
+
+#include "platform/form.h"
+#include "platform/qt/boxes.h"
+#include "platform/qt/display_probe.h"
+#include "platform/qt/event_pump.h"
+#include "platform/qt/form_peer.h"
+#include "platform/qt/qt_text.h"
+#include "platform/qt/stage.h"
+
+namespace quarvel::platform {
+namespace {
+
+// The QApplication of a process that has none, with the words of a command line that it keeps
+// looking at.
+class OwnApplication {
+ public:
+  OwnApplication() {
+    if (QCoreApplication::instance() == nullptr) {
+      application_ = std::make_unique<QApplication>(count_, words_);
+    }
+  }
+
+ private:
+  int count_ = 1;
+  char name_[8] = "quarvel";
+  char* words_[2] = {name_, nullptr};
+  std::unique_ptr<QApplication> application_;
+};
+
+class QtDesktop : public Desktop {
+ public:
+  QtDesktop() {
+    stage_.on_failure = [this](const std::string& text) {
+      MsgBox(text, MsgBoxStyle::kOk, kDefaultTitle);
+    };
+  }
+  ~QtDesktop() override { SetMousePointer(MousePointer::kDefault); }
+  QtDesktop(const QtDesktop&) = delete;
+  QtDesktop& operator=(const QtDesktop&) = delete;
+
+  MsgBoxResult MsgBox(std::string_view text, MsgBoxStyle style, std::string_view title) override {
+    return qt::AskBox(pump_, Owner(), text, style, title);
+  }
+
+  std::string InputBox(std::string_view prompt, std::string_view title,
+                       std::string_view default_text) override {
+    return qt::AskLine(pump_, Owner(), prompt, title, default_text);
+  }
+
+  void ShowFileDialog(FileDialog& dialog) override { qt::AskFile(pump_, Owner(), dialog); }
+
+  void DoEvents() override {
+    pump_.Pending();
+    stage_.Clear();
+  }
+
+  void CopyToClipboard(std::string_view text) override {
+    QGuiApplication::clipboard()->setText(qt::ToQtLines(text));
+  }
+
+  void Beep() override { QApplication::beep(); }
+  void SetMousePointer(MousePointer pointer) override;
+  bool OpenInEditor(const std::string& path) override;
+
+  std::unique_ptr<FormPeer> Draw(Form& form, bool modal) override {
+    stage_.Clear();
+    return std::make_unique<qt::QtFormPeer>(stage_, pump_, form, modal);
+  }
+
+  void PumpUntilClosed(const Showing& showing) override {
+    pump_.Until([this, &showing] {
+      stage_.Clear();
+      return showing.closed;
+    });
+  }
+
+ private:
+  // Whom a box belongs to: the component's window on top, else the host's that is active.
+  const QWidget* Owner() const {
+    return stage_.Top() != nullptr ? stage_.Top() : QApplication::activeWindow();
+  }
+
+  OwnApplication application_;
+  qt::EventPump pump_;
+  qt::Stage stage_;
+  bool waiting_ = false;  // whether the pointer of waiting is shown
+};
+
+void QtDesktop::SetMousePointer(MousePointer pointer) {
+  const bool wait = pointer == MousePointer::kWait;
+  if (wait == waiting_) return;
+  waiting_ = wait;
+  if (wait) {
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QGuiApplication::restoreOverrideCursor();
+  }
+}
+
+bool QtDesktop::OpenInEditor(const std::string& path) {
+  const QString opener = QStandardPaths::findExecutable("xdg-open");
+  if (opener.isEmpty() || !QFileInfo(qt::ToQt(path)).isFile()) return false;
+  QProcess process;
+  process.setProgram(opener);
+  process.setArguments({qt::ToQt(path)});
+  process.setStandardOutputFile(QProcess::nullDevice());
+  process.setStandardErrorFile(QProcess::nullDevice());
+  return process.startDetached();
+}
+
+}  // namespace
+
+std::unique_ptr<Desktop> MakeQtDesktop() {
+  if (QCoreApplication::instance() == nullptr && !qt::HasDisplay()) return nullptr;
+  return std::make_unique<QtDesktop>();
+}
+
+}  // namespace quarvel::platform

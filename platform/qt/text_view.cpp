@@ -1,0 +1,92 @@
+// Text boxes of one line and of many.
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QSignalBlocker>
+
+#include "platform/input_controls.h"
+#include "platform/qt/control_view.h"
+#include "platform/qt/key_press.h"
+#include "platform/qt/qt_text.h"
+
+namespace quarvel::platform::qt {
+namespace {
+
+QString TextOf(const QLineEdit& box) { return box.text(); }
+QString TextOf(const QPlainTextEdit& box) { return box.toPlainText(); }
+bool HasSelection(const QLineEdit& box) { return box.hasSelectedText(); }
+bool HasSelection(const QPlainTextEdit& box) { return box.textCursor().hasSelection(); }
+void SetText(QLineEdit& box, const QString& text) { box.setText(text); }
+void SetText(QPlainTextEdit& box, const QString& text) { box.setPlainText(text); }
+
+// Sees the keys before the text box does.
+template <typename Widget>
+class TextWidget : public Widget {
+ public:
+  using Widget::Widget;
+  std::function<bool(const QKeyEvent&)> on_key;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    if (!on_key(*event)) Widget::keyPressEvent(event);
+  }
+};
+
+template <typename Base>
+class TextView : public ViewOf<TextBox, TextWidget<Base>> {
+ public:
+  TextView(Stage& stage, Control& control, QWidget& parent)
+      : ViewOf<TextBox, TextWidget<Base>>(stage, control, new TextWidget<Base>(&parent)) {
+    this->widget_.setReadOnly(this->kind().read_only);
+    this->widget_.on_key = [this](const QKeyEvent& event) { return Copies(event); };
+  }
+
+ protected:
+  void Show(Change change) override {
+    const QString text = ToQtLines(this->kind().text());
+    if (change != Change::kValue || TextOf(this->widget_) == text) return;
+    const QSignalBlocker quiet(this->widget_);
+    SetText(this->widget_, text);
+  }
+
+  void Typed() {
+    const bool stays = this->ForUser([this] { this->kind().Type(FromQt(TextOf(this->widget_))); });
+    // The box may have put it otherwise: no line ends in one line.
+    if (stays) Show(Change::kValue);
+  }
+
+ private:
+  // True when the key copied the whole text of a box that is only to be read.
+  bool Copies(const QKeyEvent& event) {
+    if (ToKeyPress(event) != Ctrl('C') || HasSelection(this->widget_)) return false;
+    if (this->control() == nullptr || !this->kind().read_only) return false;
+    this->ForUser([this] { this->kind().form().desktop().CopyToClipboard(this->kind().text()); });
+    return true;
+  }
+};
+
+class LineView : public TextView<QLineEdit> {
+ public:
+  LineView(Stage& stage, Control& control, QWidget& parent) : TextView(stage, control, parent) {
+    QObject::connect(&widget_, &QLineEdit::textEdited, [this] { Typed(); });
+  }
+};
+
+class LinesView : public TextView<QPlainTextEdit> {
+ public:
+  LinesView(Stage& stage, Control& control, QWidget& parent) : TextView(stage, control, parent) {
+    widget_.setTabChangesFocus(true);
+    QObject::connect(&widget_, &QPlainTextEdit::textChanged, [this] { Typed(); });
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<ControlView> MakeTextView(Stage& stage, Control& control, QWidget& parent) {
+  if (static_cast<TextBox&>(control).lines() == TextBox::Lines::kOne) {
+    return std::make_unique<LineView>(stage, control, parent);
+  }
+  return std::make_unique<LinesView>(stage, control, parent);
+}
+
+}  // namespace quarvel::platform::qt

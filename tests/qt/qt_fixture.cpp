@@ -1,0 +1,89 @@
+#include "tests/qt/qt_fixture.h"
+
+#include <QAbstractButton>
+#include <QTest>
+#include <QTimer>
+#include <QWindow>
+#include <utility>
+
+namespace quarvel::platform {
+namespace {
+
+constexpr int kLookEveryMilliseconds = 1;
+
+QWindow* WindowOf(QWidget& widget) { return widget.window()->windowHandle(); }
+
+QPoint InWindow(QWidget& widget, const QPoint& place) {
+  return widget.mapTo(widget.window(), place);
+}
+
+}  // namespace
+
+QWidget* WindowNamed(std::string_view name) {
+  QWidget* found = nullptr;
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    if (widget->isVisible() && widget->objectName().toStdString() == name) found = widget;
+  }
+  return found;
+}
+
+QtTest::QtTest() { LookSoon(); }
+
+void QtTest::TearDown() { EXPECT_TRUE(doings_.empty()) << doings_.size() << " doings not done"; }
+
+void QtTest::LookSoon() {
+  QTimer::singleShot(kLookEveryMilliseconds, &context_, [this] { Look(); });
+}
+
+// The next look is due before anything is done, so that the user goes on inside of what it starts.
+void QtTest::Look() {
+  LookSoon();
+  if (doings_.empty() || !doings_.front().ready()) return;
+  const auto act = std::move(doings_.front().act);
+  doings_.pop_front();
+  act();
+}
+
+void QtTest::When(std::function<bool()> ready, std::function<void()> act) {
+  doings_.push_back({std::move(ready), std::move(act)});
+}
+
+void QtTest::Next(std::function<void()> act) {
+  When([] { return true; }, std::move(act));
+}
+
+void QtTest::In(const std::string& window, std::function<void(QWidget&)> act) {
+  When([window] { return WindowNamed(window) != nullptr; },
+       [window, act = std::move(act)] { act(*WindowNamed(window)); });
+}
+
+void QtTest::AnswerBox(QMessageBox::StandardButton button) {
+  In("msgbox", [this, button](QWidget& window) {
+    auto& box = static_cast<QMessageBox&>(window);
+    boxes_.push_back({box.windowTitle().toStdString(), box.text().toStdString()});
+    ASSERT_NE(box.button(button), nullptr);
+    ClickIn(*box.button(button));
+  });
+}
+
+void ClickIn(QWidget& widget, const QPoint& place, Qt::MouseButton button) {
+  QTest::mouseClick(WindowOf(widget), button, Qt::NoModifier, InWindow(widget, place));
+}
+
+void ClickIn(QWidget& widget) { ClickIn(widget, widget.rect().center()); }
+
+void DoubleClickIn(QWidget& widget, const QPoint& place) {
+  QTest::mouseDClick(WindowOf(widget), Qt::LeftButton, Qt::NoModifier, InWindow(widget, place));
+}
+
+void PressKey(QWidget& widget, int key, Qt::KeyboardModifiers modifiers) {
+  widget.setFocus();
+  QTest::keyClick(WindowOf(widget), static_cast<Qt::Key>(key), modifiers);
+}
+
+void TypeInto(QWidget& widget, const QString& text) {
+  widget.setFocus();
+  for (const QChar character : text) QTest::keyClick(WindowOf(widget), character.toLatin1());
+}
+
+}  // namespace quarvel::platform
