@@ -52,21 +52,20 @@ void frmAddElementsToRow::Begin(std::int32_t row, LPModel& model) {
 
 void frmAddElementsToRow::FindAbsentColumns() {
   const std::int32_t count = model_->NumberOfColumns();
-  present_.assign(static_cast<std::size_t>(count), false);
+  std::vector<bool> present(static_cast<std::size_t>(count), false);
   const std::int32_t elements = model_->RowNumberElements(row_);
   for (std::int32_t k = 0; k < elements; ++k) {
-    present_[static_cast<std::size_t>(model_->RowElementCol(row_, k))] = true;
+    present[static_cast<std::size_t>(model_->RowElementCol(row_, k))] = true;
   }
   absent_.clear();
   for (std::int32_t j = 0; j < count; ++j) {
-    if (!present_[static_cast<std::size_t>(j)]) absent_.push_back(j);
+    if (!present[static_cast<std::size_t>(j)]) absent_.push_back(j);
   }
 }
 
 void frmAddElementsToRow::OnUnload() {
   model_ = nullptr;
   fgrdCols.set_rows(0);
-  present_.clear();
   absent_.clear();
 }
 

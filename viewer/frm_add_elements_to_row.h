@@ -42,7 +42,6 @@ class frmAddElementsToRow : public platform::Form {
 
   LPModel* model_ = nullptr;
   std::int32_t row_ = 0;
-  std::vector<bool> present_;         // by the column's public number
   std::vector<std::int32_t> absent_;  // public numbers, by lines below the header
 };
 

@@ -97,7 +97,7 @@ void frmViewEquations::Simplify() {
 void frmViewEquations::HelpHelp() {
   const std::string readme = platform::ComponentFolder().append(kReadme);
   if (!desktop().OpenInEditor(readme)) {
-    Say("Error loading help file in notepad.  The help file can be found at " + readme);
+    Say("The help could not be opened.  It can be found at " + readme);
   }
 }
 

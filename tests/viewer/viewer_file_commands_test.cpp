@@ -318,8 +318,7 @@ TEST_F(FileCommandsTest, HelpOpensTheReadmeBesideTheComponent) {
     EXPECT_EQ(Boxes(), Texts{});
     desktop_.editor_starts = false;
     EXPECT_TRUE(PressShortcut(viewer(), {platform::Key::kF1}));
-    EXPECT_EQ(Boxes(),
-              Texts{"Error loading help file in notepad.  The help file can be found at " + path});
+    EXPECT_EQ(Boxes(), Texts{"The help could not be opened.  It can be found at " + path});
   });
 }
 

@@ -196,6 +196,24 @@ TEST_F(ViewerMenuTest, EveryItemHasAnAccessKeyOfItsOwnInItsMenu) {
   });
 }
 
+TEST_F(ViewerMenuTest, NoTwoControlsOfAPageShareAnAccessKey) {
+  BuildModel();
+  View([&] {
+    for (const int page : {frmViewEquations::kRowsPage, frmViewEquations::kColumnsPage}) {
+      TurnTo(page);
+      std::set<char> keys;
+      for (const platform::Control* control : viewer().controls()) {
+        const auto* item = dynamic_cast<const MenuItem*>(control);
+        if (!control->visible() || control->access_key == 0) continue;
+        if (item != nullptr && item->parent() != nullptr) continue;
+        const char key = static_cast<char>(std::toupper(control->access_key));
+        EXPECT_TRUE(keys.insert(key).second) << control->name();
+      }
+      EXPECT_GE(keys.size(), 8u);
+    }
+  });
+}
+
 TEST_F(ViewerMenuTest, ListsOfferTheCommandsOfTheirTab) {
   BuildModel();
   View([&] {
