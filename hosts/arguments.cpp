@@ -88,6 +88,8 @@ constexpr Option kOptions[] = {
        a.edit_commands.emplace_back(v);
        return true;
      }},
+    {kEdit, "--edit", "", "", "allow changes; without FILE, start a new model",
+     [](Arguments& a, std::string_view) { return a.edit = true; }},
     {0, "--help", "-h", "", "print this help",
      [](Arguments& a, std::string_view) { return a.help = true; }},
     {0, "--version", "", "", "print the version",

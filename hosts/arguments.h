@@ -28,6 +28,7 @@ inline constexpr OptionSet kLimit = 1U << 6;
 inline constexpr OptionSet kEquations = 1U << 7;
 inline constexpr OptionSet kPoint = 1U << 8;
 inline constexpr OptionSet kCommand = 1U << 9;
+inline constexpr OptionSet kEdit = 1U << 10;
 
 // What happens at a question: the user decides, or it is decided here. kAsk where nobody can be
 // asked is kStop.
@@ -49,6 +50,7 @@ struct Arguments {
   bool equations = false;
   std::string point;
   std::vector<std::string> edit_commands;
+  bool edit = false;
 
   bool help = false;
   bool version = false;

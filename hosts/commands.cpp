@@ -27,6 +27,10 @@ std::string SimplifyHelp() {
          "done is\nlisted in a log beside IN.\n";
 }
 
+std::string ViewHelp() {
+  return "The dialogs about reading, and its questions, are windows too.\n";
+}
+
 constexpr Command kCommands[] = {
     {"info", "FILE", 1, 1, kReadings | kJson, "print what the file holds, in numbers", nullptr,
      RunInfo},
@@ -46,6 +50,7 @@ constexpr Command kCommands[] = {
      SimplifyHelp, RunSimplify},
     {"edit", "IN OUT", 2, 2, kReadings | kCommand, "change a model by commands and write it",
      EditHelp, RunEdit},
+    {"view", "[FILE]", 0, 1, kEdit, "show a model in a window", ViewHelp, RunView},
 };
 
 }  // namespace

@@ -39,5 +39,6 @@ int RunCheck(Session& session);
 int RunConvert(Session& session);
 int RunSimplify(Session& session);
 int RunEdit(Session& session);
+int RunView(Session& session);
 
 }  // namespace quarvel::hosts

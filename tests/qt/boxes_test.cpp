@@ -47,7 +47,7 @@ TEST_F(QtBoxes, ShowTextsAsTheyAre) {
   desktop_->MsgBox("<b>a & b</b>\r\nsecond  line", MsgBoxStyle::kOk, "Confirm");
   AnswerBox(QMessageBox::Ok);
   desktop_->MsgBox("plain", MsgBoxStyle::kOk);
-  EXPECT_EQ(boxes_, (std::vector<SeenBox>{{"Confirm", "<b>a & b</b>\nsecond  line"},
+  EXPECT_EQ(boxes(), (std::vector<SeenBox>{{"Confirm", "<b>a & b</b>\nsecond  line"},
                                           {"Quarvel", "plain"}}));
 }
 

@@ -202,7 +202,7 @@ TEST_F(QtForms, ThatAreNotModalTellAFailureInABox) {
   form_.Show();
   AnswerBox(QMessageBox::Ok);
   ClickIn(*Part<QPushButton>(WindowNamed("frmReal"), "cmdClose"));
-  EXPECT_EQ(boxes_, (std::vector<SeenBox>{{"Quarvel", "Division by zero"}}));
+  EXPECT_EQ(boxes(), (std::vector<SeenBox>{{"Quarvel", "Division by zero"}}));
   EXPECT_TRUE(form_.IsShowing());
 }
 

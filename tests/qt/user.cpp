@@ -1,4 +1,4 @@
-#include "tests/qt/qt_fixture.h"
+#include "tests/qt/user.h"
 
 #include <QAbstractButton>
 #include <QTest>
@@ -27,16 +27,14 @@ QWidget* WindowNamed(std::string_view name) {
   return found;
 }
 
-QtTest::QtTest() { LookSoon(); }
+User::User() { LookSoon(); }
 
-void QtTest::TearDown() { EXPECT_TRUE(doings_.empty()) << doings_.size() << " doings not done"; }
-
-void QtTest::LookSoon() {
+void User::LookSoon() {
   QTimer::singleShot(kLookEveryMilliseconds, &context_, [this] { Look(); });
 }
 
 // The next look is due before anything is done, so that the user goes on inside of what it starts.
-void QtTest::Look() {
+void User::Look() {
   LookSoon();
   if (doings_.empty() || !doings_.front().ready()) return;
   const auto act = std::move(doings_.front().act);
@@ -44,20 +42,20 @@ void QtTest::Look() {
   act();
 }
 
-void QtTest::When(std::function<bool()> ready, std::function<void()> act) {
+void User::When(std::function<bool()> ready, std::function<void()> act) {
   doings_.push_back({std::move(ready), std::move(act)});
 }
 
-void QtTest::Next(std::function<void()> act) {
+void User::Next(std::function<void()> act) {
   When([] { return true; }, std::move(act));
 }
 
-void QtTest::In(const std::string& window, std::function<void(QWidget&)> act) {
+void User::In(const std::string& window, std::function<void(QWidget&)> act) {
   When([window] { return WindowNamed(window) != nullptr; },
        [window, act = std::move(act)] { act(*WindowNamed(window)); });
 }
 
-void QtTest::AnswerBox(QMessageBox::StandardButton button) {
+void User::AnswerBox(QMessageBox::StandardButton button) {
   In("msgbox", [this, button](QWidget& window) {
     auto& box = static_cast<QMessageBox&>(window);
     boxes_.push_back({box.windowTitle().toStdString(), box.text().toStdString()});
