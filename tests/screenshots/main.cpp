@@ -103,7 +103,11 @@ void TakeViewer(Photographer& user) {
     user.Take(viewer, "viewer_rows");
     viewer.resize(1100, 760);
   });
-  user.In("frmViewEquations", [&user](QWidget& viewer) { user.Take(viewer, "viewer_rows_wide"); });
+  user.In("frmViewEquations", [&user](QWidget& viewer) {
+    auto& rows = *platform::Part<QTableView>(&viewer, "fgrdRows");
+    platform::ClickIn(*rows.viewport(), rows.visualRect(rows.model()->index(1, 0)).center());
+    user.Take(viewer, "viewer_rows_wide");
+  });
   TakeMenu(user, "mnuEdit", "menu_edit");
   user.Choose("mnuEditRowChangeBnd");
   user.TakeAndPress("frmSetRowBounds", "row_bounds", Qt::Key_Escape);
