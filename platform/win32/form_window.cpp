@@ -211,9 +211,9 @@ void FormWindow::Focus(ControlWindow& control) {
 void FormWindow::LeaveUnusable(const ControlWindow& control) {
   if (control.CanFocus()) return;
   if (focus_ == &control) focus_ = nullptr;
-  const HWND focused = GetFocus();
-  if (focused != nullptr && Find(focused) != &control) return;
   if (GetActiveWindow() != handle_) return;
+  const ControlWindow* const focused = Find(GetFocus());
+  if (focused != nullptr && focused != &control) return;
   ControlWindow* const next = FirstStop(*this);
   if (next != nullptr) next->TakeFocus();
 }

@@ -9,15 +9,14 @@ namespace {
 
 constexpr wchar_t kHolders[] = L"QuarvelDisabledBy";
 
+BOOL CALLBACK Note(HWND window, LPARAM list) noexcept {
+  reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+  return TRUE;
+}
+
 std::vector<HWND> ThreadWindows() {
   std::vector<HWND> windows;
-  EnumThreadWindows(
-      GetCurrentThreadId(),
-      [](HWND window, LPARAM list) -> BOOL {
-        reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&windows));
+  EnumThreadWindows(GetCurrentThreadId(), Note, reinterpret_cast<LPARAM>(&windows));
   return windows;
 }
 

@@ -24,6 +24,23 @@ struct Search {
   HWND found;
 };
 
+BOOL CALLBACK MatchTitle(HWND window, LPARAM data) {
+  auto& search = *reinterpret_cast<Search*>(data);
+  if (!IsWindowVisible(window) || TextOf(window) != search.wanted) return TRUE;
+  search.found = window;
+  return FALSE;
+}
+
+BOOL CALLBACK MatchName(HWND window, LPARAM data) {
+  auto& search = *reinterpret_cast<Search*>(data);
+  wchar_t text[256];
+  const auto atom = reinterpret_cast<UINT_PTR>(GetPropW(window, kNameProperty));
+  if (atom == 0 || GlobalGetAtomNameW(static_cast<ATOM>(atom), text, 256) == 0) return TRUE;
+  if (search.wanted != text) return TRUE;
+  search.found = window;
+  return FALSE;
+}
+
 }  // namespace
 
 UserSteps::UserSteps() : timer_(SetTimer(nullptr, 0, kTurnMs, OnTimer)) { current = this; }
@@ -64,32 +81,13 @@ void UserSteps::Play() {
 
 HWND FindTopWindow(const std::wstring& title) {
   Search search = {title, nullptr};
-  EnumThreadWindows(
-      GetCurrentThreadId(),
-      [](HWND window, LPARAM data) -> BOOL {
-        auto& sought = *reinterpret_cast<Search*>(data);
-        if (!IsWindowVisible(window) || TextOf(window) != sought.wanted) return TRUE;
-        sought.found = window;
-        return FALSE;
-      },
-      reinterpret_cast<LPARAM>(&search));
+  EnumThreadWindows(GetCurrentThreadId(), MatchTitle, reinterpret_cast<LPARAM>(&search));
   return search.found;
 }
 
 HWND FindControl(HWND top, const std::wstring& name) {
   Search search = {name, nullptr};
-  EnumChildWindows(
-      top,
-      [](HWND window, LPARAM data) -> BOOL {
-        auto& sought = *reinterpret_cast<Search*>(data);
-        wchar_t text[256];
-        const auto atom = reinterpret_cast<UINT_PTR>(GetPropW(window, kNameProperty));
-        if (atom == 0 || GlobalGetAtomNameW(static_cast<ATOM>(atom), text, 256) == 0) return TRUE;
-        if (sought.wanted != text) return TRUE;
-        sought.found = window;
-        return FALSE;
-      },
-      reinterpret_cast<LPARAM>(&search));
+  EnumChildWindows(top, MatchName, reinterpret_cast<LPARAM>(&search));
   return search.found;
 }
 

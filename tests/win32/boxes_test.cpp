@@ -1,0 +1,173 @@
+// Boxes and dialogs of the system, answered by the user.
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "platform/win32/clipboard.h"
+#include "platform/win32/file_dialogs.h"
+#include "tests/win32/win32_fixture.h"
+
+namespace quarvel::platform::win32 {
+namespace {
+
+using BoxesTest = Win32Test;
+
+constexpr int kBoxText = 0xFFFF;
+constexpr int kFileNameBox = 0x480;   // edt1, of an older look
+constexpr int kFileNameList = 0x47C;  // cmb13, of the newer one
+
+struct Case {
+  MsgBoxStyle style;
+  int pressed;  // 0: the box is closed by its close box
+  MsgBoxResult result;
+};
+
+TEST_F(BoxesTest, GiveTheAnswerOfTheButtonOrTheOneForNone) {
+  using enum MsgBoxStyle;
+  const Case cases[] = {
+      {kOk, IDOK, MsgBoxResult::kOk},
+      {kOk, IDCANCEL, MsgBoxResult::kOk},
+      {kYesNo, IDYES, MsgBoxResult::kYes},
+      {kYesNo, IDNO, MsgBoxResult::kNo},
+      {kYesNoExclamation, IDYES, MsgBoxResult::kYes},
+      {kYesNoExclamation, IDNO, MsgBoxResult::kNo},
+      {kYesNoCancelExclamation, IDYES, MsgBoxResult::kYes},
+      {kYesNoCancelExclamation, IDNO, MsgBoxResult::kNo},
+      {kYesNoCancelExclamation, IDCANCEL, MsgBoxResult::kCancel},
+      {kYesNoCancelExclamation, 0, MsgBoxResult::kCancel},
+  };
+  for (const Case& c : cases) {
+    On(L"Confirm", [&](HWND box) {
+      if (c.pressed == 0) {
+        PostMessageW(box, WM_CLOSE, 0, 0);
+      } else {
+        PressBoxButton(box, c.pressed);
+      }
+    });
+    EXPECT_EQ(desktop().MsgBox("Are you sure?", c.style, "Confirm"), c.result)
+        << static_cast<int>(c.style) << ' ' << c.pressed;
+  }
+}
+
+TEST_F(BoxesTest, ShowTextAndTitleAsTheyAre) {
+  On(L"Fin & Bj\x00F8rn", [](HWND box) {
+    EXPECT_EQ(TextOf(GetDlgItem(box, kBoxText)), L"two  blanks\r\n& \x20AC");
+    EXPECT_NE(GetDlgItem(box, IDYES), nullptr);
+    EXPECT_EQ(GetDlgItem(box, IDCANCEL), nullptr);
+    PressBoxButton(box, IDNO);
+  });
+  desktop().MsgBox("two  blanks\r\n& \xE2\x82\xAC", MsgBoxStyle::kYesNo, "Fin & Bj\xC3\xB8rn");
+}
+
+TEST_F(BoxesTest, CarryTheNameOfTheProductWithoutAnother) {
+  On(L"Quarvel", [](HWND box) { PressBoxButton(box, IDOK); });
+  Desktop& any = desktop();
+  EXPECT_EQ(any.MsgBox("Invalid Input", MsgBoxStyle::kOk), MsgBoxResult::kOk);
+}
+
+TEST_F(BoxesTest, InputBoxGivesWhatWasEntered) {
+  On(L"Change Element Value", [](HWND box) {
+    EXPECT_EQ(TextOf(FindControl(box, L"lblPrompt")), L"Enter a new value for R&&D?");
+    const HWND text = FindControl(box, L"txtInput");
+    EXPECT_EQ(GetFocus(), text);
+    EXPECT_EQ(TextOf(text), L"12.5");
+    // The offered text is selected: typing replaces it.
+    SendMessageW(text, WM_CHAR, L'7', 1);
+    PressKey(text, VK_RETURN);
+  });
+  EXPECT_EQ(desktop().InputBox("Enter a new value for R&D?", "Change Element Value", "12.5"), "7");
+}
+
+TEST_F(BoxesTest, InputBoxThatIsCancelledGivesNothing) {
+  On(L"Name", [](HWND box) { PressKey(FindControl(box, L"txtInput"), VK_ESCAPE); });
+  EXPECT_EQ(desktop().InputBox("Enter a name", "Name", "old"), "");
+  On(L"Name", [](HWND box) { PostMessageW(box, WM_CLOSE, 0, 0); });
+  EXPECT_EQ(desktop().InputBox("Enter a name", "Name", "old"), "");
+  On(L"Name", [](HWND box) { SendMessageW(FindControl(box, L"cmdCancel"), BM_CLICK, 0, 0); });
+  EXPECT_EQ(desktop().InputBox("Enter a name", "Name", "old"), "");
+}
+
+TEST(FileDialogWords, AreWhatTheSystemWants) {
+  // Of the zero at its end the text has one, the literal brings the other.
+  constexpr wchar_t kWanted[] = L"MPS files (*.MPS)\0*.MPS\0all files (*.*)\0*.*\0";
+  EXPECT_EQ(SystemFilter("MPS files (*.MPS)|*.MPS|all files (*.*)|*.*"),
+            std::wstring(kWanted, std::size(kWanted) - 1));
+  EXPECT_EQ(SystemFilter(""), L"");
+  EXPECT_EQ(SystemExtension(".mps"), L"mps");
+  EXPECT_EQ(SystemExtension("mps"), L"mps");
+  EXPECT_EQ(SystemExtension(""), L"");
+}
+
+class FileDialogTest : public BoxesTest {
+ protected:
+  FileDialogTest() {
+    std::filesystem::create_directories(folder_);
+    dialog_.title = "Identify the file";
+    dialog_.filter = "MPS files (*.MPS)|*.MPS|all files (*.*)|*.*";
+    dialog_.default_extension = ".mps";
+  }
+  ~FileDialogTest() override {
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+  }
+
+  std::string Utf8(const std::filesystem::path& path) const {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+  }
+  // Enters a name and presses OK, or Cancel for an empty name.
+  void Answer(const std::wstring& name) {
+    On(L"Identify the file", [name](HWND box) {
+      if (name.empty()) return PressBoxButton(box, IDCANCEL);
+      HWND words = GetDlgItem(box, kFileNameBox);
+      if (words == nullptr) words = GetDlgItem(box, kFileNameList);
+      ASSERT_NE(words, nullptr);
+      SendMessageW(words, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
+      PressBoxButton(box, IDOK);
+    });
+  }
+
+  std::filesystem::path folder_ = std::filesystem::temp_directory_path() / L"quarvel \x00E4\x0416";
+  FileDialog dialog_;
+};
+
+TEST_F(FileDialogTest, GivesTheChosenPathAndKeepsTheCurrentFolder) {
+  const std::filesystem::path file = folder_ / L"m\x00F6\x0434\x0435l.mps";
+  std::ofstream(file) << "NAME\n";
+  const auto before = std::filesystem::current_path();
+  Answer(file.wstring());
+  desktop().ShowFileDialog(dialog_);
+  EXPECT_EQ(dialog_.file_name, Utf8(file));
+  EXPECT_EQ(std::filesystem::current_path(), before);
+}
+
+TEST_F(FileDialogTest, CancelledGivesNothing) {
+  dialog_.file_name = "offered.mps";
+  Answer(L"");
+  desktop().ShowFileDialog(dialog_);
+  EXPECT_EQ(dialog_.file_name, "");
+}
+
+TEST_F(FileDialogTest, AppendsTheExtensionOnceWhenSaving) {
+  dialog_.kind = FileDialog::Kind::kSave;
+  Answer((folder_ / L"new").wstring());
+  desktop().ShowFileDialog(dialog_);
+  EXPECT_EQ(dialog_.file_name, Utf8(folder_ / L"new.mps"));
+  Answer((folder_ / L"other.txt").wstring());
+  desktop().ShowFileDialog(dialog_);
+  EXPECT_EQ(dialog_.file_name, Utf8(folder_ / L"other.txt"));
+}
+
+TEST_F(BoxesTest, ClipboardHoldsWhatWasCopiedLast) {
+  desktop().CopyToClipboard("first");
+  desktop().CopyToClipboard("\xC3\x84\tb\r\nc");
+  ASSERT_TRUE(OpenClipboard(nullptr));
+  const auto* const text =
+      static_cast<const wchar_t*>(GlobalLock(GetClipboardData(CF_UNICODETEXT)));
+  const std::wstring copied = text != nullptr ? text : L"";
+  CloseClipboard();
+  EXPECT_EQ(copied, L"\x00C4\tb\r\nc");
+}
+
+}  // namespace
+}  // namespace quarvel::platform::win32

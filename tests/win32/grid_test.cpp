@@ -1,0 +1,181 @@
+// Grids as virtual lists.
+#include <chrono>
+#include <string>
+
+#include "tests/win32/every_control_fixture.h"
+
+namespace quarvel::platform::win32 {
+namespace {
+
+class GridTest : public EveryControlTest {
+ protected:
+  // The line that is selected in the window, -1 for none.
+  int SelectedLine(const Grid& grid) const {
+    return static_cast<int>(Send(grid, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+  }
+  std::wstring CellText(const Grid& grid, int line, int column) const {
+    wchar_t text[300];
+    LVITEMW item = {};
+    item.iSubItem = column;
+    item.pszText = text;
+    item.cchTextMax = 300;
+    Send(grid, LVM_GETITEMTEXTW, static_cast<WPARAM>(line), reinterpret_cast<LPARAM>(&item));
+    return text;
+  }
+  LPARAM PlaceOf(const Grid& grid, int line) const {
+    RECT place = {LVIR_LABEL, 0, 0, 0};
+    Send(grid, LVM_GETITEMRECT, static_cast<WPARAM>(line), reinterpret_cast<LPARAM>(&place));
+    return MAKELPARAM(place.left + 4, (place.top + place.bottom) / 2);
+  }
+  void Click(const Grid& grid, int line) {
+    const LPARAM place = PlaceOf(grid, line);
+    PostMessageW(Child(grid), WM_LBUTTONUP, 0, place);
+    Send(grid, WM_LBUTTONDOWN, MK_LBUTTON, place);
+    RunEvents();
+  }
+  void Drag(const Grid& grid, int from, int to) {
+    Send(grid, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(from, 10));
+    Send(grid, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(to, 10));
+    Send(grid, WM_LBUTTONUP, 0, MAKELPARAM(to, 10));
+  }
+};
+
+TEST_F(GridTest, ShowsItsRowsAndItsCurrentRow) {
+  EXPECT_EQ(Send(form_.grdList, LVM_GETITEMCOUNT), 12);
+  EXPECT_EQ(SelectedLine(form_.grdList), 0);
+  EXPECT_EQ(CellText(form_.grdList, 3, 0), L"ROW3");
+  EXPECT_EQ(CellText(form_.grdList, 3, 1), L"less than");
+  form_.grdList.set_current_row(5);
+  EXPECT_EQ(SelectedLine(form_.grdList), 5);
+  EXPECT_EQ(form_.events, Events{"grdList 5"});
+}
+
+TEST_F(GridTest, FixedRowIsTheHeaderAndNoLine) {
+  EXPECT_EQ(Send(form_.grdMore, LVM_GETITEMCOUNT), 3);
+  EXPECT_EQ(CellText(form_.grdMore, 0, 1), L"COL1");
+  EXPECT_EQ(SelectedLine(form_.grdMore), -1);
+  wchar_t words[30];
+  LVCOLUMNW column = {};
+  column.mask = LVCF_TEXT;
+  column.pszText = words;
+  column.cchTextMax = 30;
+  Send(form_.grdMore, LVM_GETCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
+  EXPECT_STREQ(words, L"i.d.");
+}
+
+TEST_F(GridTest, ClickMakesARowCurrent) {
+  Click(form_.grdList, 4);
+  EXPECT_EQ(form_.grdList.current_row(), 4);
+  Click(form_.grdMore, 1);
+  EXPECT_EQ(form_.grdMore.current_row(), 2);
+  EXPECT_EQ(form_.events, (Events{"grdList 4", "grdMore 2"}));
+}
+
+TEST_F(GridTest, DoubleClickIsHeardAfterTheRow) {
+  Click(form_.grdList, 2);
+  Send(form_.grdList, WM_LBUTTONDBLCLK, MK_LBUTTON, PlaceOf(form_.grdList, 2));
+  EXPECT_EQ(form_.events, (Events{"grdList 2", "grdList double"}));
+}
+
+TEST_F(GridTest, ArrowKeysMoveTheCurrentRow) {
+  form_.grdList.Focus();
+  Type(VK_DOWN);
+  Type(VK_DOWN);
+  Type(VK_UP);
+  EXPECT_EQ(form_.events, (Events{"grdList 1", "grdList 2", "grdList 1"}));
+}
+
+TEST_F(GridTest, SomeRowStaysSelectedAfterAClickBesideThem) {
+  form_.grdList.set_rows(2);
+  form_.grdList.set_current_row(1);
+  PostMessageW(Child(form_.grdList), WM_LBUTTONUP, 0, MAKELPARAM(20, 150));
+  Send(form_.grdList, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 150));
+  RunEvents();
+  EXPECT_EQ(form_.grdList.current_row(), 1);
+  EXPECT_EQ(SelectedLine(form_.grdList), 1);
+}
+
+TEST_F(GridTest, TypingFindsTheRowThatBeginsSo) {
+  form_.grdList.Focus();
+  for (const wchar_t c : std::wstring(L"row11")) PostMessageW(GetFocus(), WM_CHAR, c, 1);
+  RunEvents();
+  EXPECT_EQ(form_.grdList.current_row(), 11);
+  EXPECT_EQ(SelectedLine(form_.grdList), 11);
+}
+
+TEST_F(GridTest, ControlACopiesAllRowsWithControlC) {
+  form_.grdList.set_rows(2);
+  form_.grdList.Focus();
+  TypeWith(VK_CONTROL, 'A');
+  EXPECT_TRUE(form_.grdList.all_selected());
+  TypeWith(VK_CONTROL, 'C');
+  ASSERT_TRUE(OpenClipboard(top()));
+  const auto* const text =
+      static_cast<const wchar_t*>(GlobalLock(GetClipboardData(CF_UNICODETEXT)));
+  const std::wstring copied = text != nullptr ? text : L"";
+  CloseClipboard();
+  EXPECT_EQ(copied, L"ROW0\tless than\r\nROW1\tless than");
+}
+
+TEST_F(GridTest, ChangesNothingItShowsWhileRedrawIsOff) {
+  int asked = 0;
+  form_.grdList.set_redraw(false);
+  form_.grdList.cell = [&](int, int) {
+    ++asked;
+    return std::string("new");
+  };
+  form_.grdList.set_rows(5);
+  form_.grdList.set_current_row(3);
+  RedrawWindow(Child(form_.grdList), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+  EXPECT_EQ(asked, 0);
+  EXPECT_EQ(Send(form_.grdList, LVM_GETITEMCOUNT), 12);
+  form_.grdList.set_redraw(true);
+  EXPECT_EQ(Send(form_.grdList, LVM_GETITEMCOUNT), 5);
+  EXPECT_EQ(SelectedLine(form_.grdList), 3);
+  EXPECT_EQ(CellText(form_.grdList, 0, 0), L"new");
+}
+
+TEST_F(GridTest, ColumnIsWidenedByTheBorderBetweenCells) {
+  Drag(form_.grdList, 128, 168);
+  EXPECT_EQ(form_.grdList.column_width(0), 168);
+  EXPECT_EQ(Send(form_.grdList, LVM_GETCOLUMNWIDTH, 0), 168);
+  Drag(form_.grdList, 168, 0);
+  EXPECT_EQ(form_.grdList.column_width(0), 12) << "a column does not vanish";
+}
+
+TEST_F(GridTest, ColumnOfAHeaderKeepsTheWidthItIsDraggedTo) {
+  const auto header = reinterpret_cast<HWND>(Send(form_.grdMore, LVM_GETHEADER));
+  SendMessageW(header, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(60, 5));
+  SendMessageW(header, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(90, 5));
+  SendMessageW(header, WM_LBUTTONUP, 0, MAKELPARAM(90, 5));
+  RunEvents();
+  EXPECT_EQ(form_.grdMore.column_width(0), 90);
+}
+
+TEST_F(GridTest, ShowsColumnsAsWideAsCodeSetsThem) {
+  form_.grdList.set_column_width(1, 99);
+  EXPECT_EQ(Send(form_.grdList, LVM_GETCOLUMNWIDTH, 1), 99);
+}
+
+TEST_F(GridTest, MillionRowsOpenAtOnceAndAskForFewCells) {
+  frmEveryControl large(desktop());
+  int asked = 0;
+  large.grdList.cell = [&](int row, int) {
+    ++asked;
+    return std::to_string(row);
+  };
+  large.Load();
+  const auto start = std::chrono::steady_clock::now();
+  large.grdList.set_rows(1000000);
+  large.grdList.set_current_row(999999);
+  large.Show();
+  const auto taken = std::chrono::steady_clock::now() - start;
+  EXPECT_LT(taken, std::chrono::milliseconds(500));
+  EXPECT_GT(asked, 0);
+  EXPECT_LT(asked, 1000);
+  const HWND list = FindControl(FindTopWindow(L"Every control"), L"grdList");
+  EXPECT_EQ(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0), 1000000);
+}
+
+}  // namespace
+}  // namespace quarvel::platform::win32
