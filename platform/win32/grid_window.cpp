@@ -12,7 +12,7 @@ namespace quarvel::platform::win32 {
 namespace {
 
 constexpr UINT kSelected = LVIS_SELECTED | LVIS_FOCUSED;
-constexpr DWORD kExtendedStyle = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
+constexpr DWORD kExtendedStyle = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
 
 }  // namespace
 
@@ -54,9 +54,16 @@ void GridWindow::ShowColumns() {
 }
 
 void GridWindow::ShowWidths() {
+  RECT inner = {};
+  GetClientRect(handle(), &inner);
+  int left = 0;
   for (int i = 0; i < Own().columns(); ++i) {
-    const int width = ToPixels(Own().column_width(i), owner().dpi());
+    int width = ToPixels(Own().column_width(i), owner().dpi());
+    // Without a header to show otherwise, the last column has all the room that is left.
+    const bool fills = first() == 0 && i == Own().columns() - 1;
+    if (fills) width = std::max(width, static_cast<int>(inner.right) - left);
     Send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(i), MAKELPARAM(width, 0));
+    left += width;
   }
 }
 
@@ -216,6 +223,11 @@ void GridWindow::TypeCharacter(wchar_t unit) {
   Own().TypeCharacter(ToUtf8(character));
 }
 
+void GridWindow::FillWidth() {
+  const Mirroring mirroring(*this);
+  if (!borders_.dragging()) ShowWidths();
+}
+
 bool GridWindow::Take(UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_CHAR:
@@ -249,8 +261,12 @@ bool GridWindow::Take(UINT message, WPARAM w, LPARAM l) {
       const int column = borders_.column();
       borders_.End();
       KeepWidth(column);
+      FillWidth();
       return true;
     }
+    case WM_SIZE:
+      FillWidth();
+      return false;
     default:
       return false;
   }

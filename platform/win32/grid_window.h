@@ -49,6 +49,7 @@ class GridWindow : public ControlWindow {
   void TakeSelection(const NMLISTVIEW& change);
   LRESULT Paint(NMLVCUSTOMDRAW& draw) const;
   void KeepWidth(int column);
+  void FillWidth();
   int first() const { return Own().fixed_rows(); }
 
   ColumnBorders borders_;

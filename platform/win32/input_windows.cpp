@@ -124,6 +124,13 @@ void TabWindow::Fill() {
 
 void TabWindow::Synchronize() { Send(TCM_SETCURSEL, static_cast<WPARAM>(Own().current())); }
 
+RECT TabWindow::Placed(RECT place) const {
+  RECT page = {0, 0, place.right - place.left, place.bottom - place.top};
+  Send(TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&page));
+  place.bottom = std::min(place.bottom, place.top + page.top);
+  return place;
+}
+
 void TabWindow::Mirror(Change change) {
   if (change == Change::kSelection) Synchronize();
   ControlWindow::Mirror(change);

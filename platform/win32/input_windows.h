@@ -50,11 +50,12 @@ class ComboWindow : public ControlWindow {
   KeyUse NativeWhileOpen() const;
 };
 
-// The tabs alone: what stands on their pages are the form's own controls.
+// The tabs alone: what stands on their pages are the form's own controls, on the form's own ground.
 class TabWindow : public ControlWindow {
  public:
   using ControlWindow::ControlWindow;
   void Mirror(Change change) override;
+  RECT Placed(RECT place) const override;
   LRESULT OnNotify(NMHDR& header) override;
   void Synchronize() override;
   TabStrip& Own() const { return static_cast<TabStrip&>(control()); }

@@ -153,8 +153,20 @@ TEST_F(GridTest, ColumnOfAHeaderKeepsTheWidthItIsDraggedTo) {
 }
 
 TEST_F(GridTest, ShowsColumnsAsWideAsCodeSetsThem) {
-  form_.grdList.set_column_width(1, 99);
-  EXPECT_EQ(Send(form_.grdList, LVM_GETCOLUMNWIDTH, 1), 99);
+  form_.grdList.set_column_width(0, 99);
+  EXPECT_EQ(Send(form_.grdList, LVM_GETCOLUMNWIDTH, 0), 99);
+  form_.grdMore.set_column_width(1, 77);
+  EXPECT_EQ(Send(form_.grdMore, LVM_GETCOLUMNWIDTH, 1), 77);
+}
+
+TEST_F(GridTest, LastColumnWithoutAHeaderHasTheRoomThatIsLeft) {
+  RECT inner;
+  GetClientRect(Child(form_.grdList), &inner);
+  form_.grdList.set_column_width(0, 60);
+  EXPECT_EQ(Send(form_.grdList, LVM_GETCOLUMNWIDTH, 1), inner.right - 60);
+  EXPECT_EQ(form_.grdList.column_width(1), 72);
+  form_.grdList.set_column_width(1, 500);
+  EXPECT_EQ(Send(form_.grdList, LVM_GETCOLUMNWIDTH, 1), 500);
 }
 
 TEST_F(GridTest, MillionRowsOpenAtOnceAndAskForFewCells) {
