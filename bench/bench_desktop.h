@@ -26,6 +26,7 @@ class BenchDesktop : public platform::Desktop {
                        std::string_view default_text) override;
   void ShowFileDialog(platform::FileDialog& dialog) override;
   void DoEvents() override {}
+  void CopyToClipboard(std::string_view) override {}
   void Beep() override {}
   void SetMousePointer(platform::MousePointer) override {}
   bool OpenInEditor(const std::string&) override { return false; }

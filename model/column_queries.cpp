@@ -1,38 +1,12 @@
-#include "model/error_reports.h"
 #include "model/lp_model.h"
 
 namespace quarvel {
-namespace {
+double LPModel::ColUpperBound(std::int32_t j) const { return Column(j).UpperBound; }
 
-const ColumnRecord& ColumnAt(const ModelData& data, std::int32_t j) {
-  return data.Columns[CheckColumn(data, j)];
-}
+double LPModel::ColLowerBound(std::int32_t j) const { return Column(j).LowerBound; }
 
-const ElementEntry& ElementAt(const ModelData& data, std::int32_t j, std::int32_t k) {
-  const ColumnRecord& column = ColumnAt(data, j);
-  return column.Elements[CheckColumnElement(column, k)];
-}
+std::string LPModel::ColName(std::int32_t j) const { return Column(j).Name; }
 
-}  // namespace
-
-std::int32_t LPModel::ColElementrow(std::int32_t j, std::int32_t k) const {
-  return ElementAt(Settled(), j, k).Index - 1;
-}
-
-double LPModel::ColElementvalue(std::int32_t j, std::int32_t k) const {
-  return ElementAt(Settled(), j, k).Value;
-}
-
-std::int32_t LPModel::ColNumberElements(std::int32_t j) const {
-  return ColumnAt(Settled(), j).ElementCount();
-}
-
-double LPModel::ColUpperBound(std::int32_t j) const { return ColumnAt(Settled(), j).UpperBound; }
-
-double LPModel::ColLowerBound(std::int32_t j) const { return ColumnAt(Settled(), j).LowerBound; }
-
-std::string LPModel::ColName(std::int32_t j) const { return ColumnAt(Settled(), j).Name; }
-
-std::string LPModel::ColType(std::int32_t j) const { return TypeText(ColumnAt(Settled(), j).Type); }
+std::string LPModel::ColType(std::int32_t j) const { return TypeText(Column(j).Type); }
 
 }  // namespace quarvel

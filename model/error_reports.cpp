@@ -52,32 +52,20 @@ std::string RowRangeText(std::int32_t i, std::int32_t count) {
   return RangeText("row", i, "Rows range from 0 to ", count);
 }
 
-std::int32_t CheckColumn(const ModelData& data, std::int32_t j) {
-  if (!InRange(j, data.NumberOfColumns)) {
-    Raise(kColumnOutOfRange, kGetColumn, ColumnRangeText(j, data.NumberOfColumns));
-  }
-  return j + 1;
+void RaiseColumnOutOfRange(std::int32_t j, std::int32_t count) {
+  Raise(kColumnOutOfRange, kGetColumn, ColumnRangeText(j, count));
 }
 
-std::int32_t CheckRow(const ModelData& data, std::int32_t i) {
-  if (!InRange(i, data.NumberOfRows)) {
-    Raise(kRowOutOfRange, kGetRow, RowRangeText(i, data.NumberOfRows));
-  }
-  return i + 1;
+void RaiseRowOutOfRange(std::int32_t i, std::int32_t count) {
+  Raise(kRowOutOfRange, kGetRow, RowRangeText(i, count));
 }
 
-std::int32_t CheckColumnElement(const ColumnRecord& column, std::int32_t k) {
-  if (!InRange(k, column.ElementCount())) {
-    Raise(kColumnElementOutOfRange, kGetColumn, ElementRangeText(k, column.ElementCount()));
-  }
-  return k + 1;
+void RaiseColumnElementOutOfRange(std::int32_t k, std::int32_t count) {
+  Raise(kColumnElementOutOfRange, kGetColumn, ElementRangeText(k, count));
 }
 
-std::int32_t CheckRowElement(const RowRecord& row, std::int32_t k) {
-  if (!InRange(k, row.ElementCount())) {
-    Raise(kRowElementOutOfRange, kGetRow, ElementRangeText(k, row.ElementCount()));
-  }
-  return k + 1;
+void RaiseRowElementOutOfRange(std::int32_t k, std::int32_t count) {
+  Raise(kRowElementOutOfRange, kGetRow, ElementRangeText(k, count));
 }
 
 std::int32_t CheckRowOfPair(const ModelData& data, std::int32_t i) {

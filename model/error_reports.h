@@ -26,10 +26,28 @@ constexpr bool InRange(std::int32_t index, std::int32_t count) {
   return index >= 0 && index < count;
 }
 
-std::int32_t CheckColumn(const ModelData& data, std::int32_t j);
-std::int32_t CheckRow(const ModelData& data, std::int32_t i);
-std::int32_t CheckColumnElement(const ColumnRecord& column, std::int32_t k);
-std::int32_t CheckRowElement(const RowRecord& row, std::int32_t k);
+[[noreturn]] void RaiseColumnOutOfRange(std::int32_t j, std::int32_t count);
+[[noreturn]] void RaiseRowOutOfRange(std::int32_t i, std::int32_t count);
+[[noreturn]] void RaiseColumnElementOutOfRange(std::int32_t k, std::int32_t count);
+[[noreturn]] void RaiseRowElementOutOfRange(std::int32_t k, std::int32_t count);
+
+// These four are what a walk over all coefficients asks for each of them.
+inline std::int32_t CheckColumn(const ModelData& data, std::int32_t j) {
+  if (!InRange(j, data.NumberOfColumns)) RaiseColumnOutOfRange(j, data.NumberOfColumns);
+  return j + 1;
+}
+inline std::int32_t CheckRow(const ModelData& data, std::int32_t i) {
+  if (!InRange(i, data.NumberOfRows)) RaiseRowOutOfRange(i, data.NumberOfRows);
+  return i + 1;
+}
+inline std::int32_t CheckColumnElement(const ColumnRecord& column, std::int32_t k) {
+  if (!InRange(k, column.ElementCount())) RaiseColumnElementOutOfRange(k, column.ElementCount());
+  return k + 1;
+}
+inline std::int32_t CheckRowElement(const RowRecord& row, std::int32_t k) {
+  if (!InRange(k, row.ElementCount())) RaiseRowElementOutOfRange(k, row.ElementCount());
+  return k + 1;
+}
 // The short texts of a look-up by row and column.
 std::int32_t CheckRowOfPair(const ModelData& data, std::int32_t i);
 std::int32_t CheckColumnOfPair(const ModelData& data, std::int32_t j);

@@ -27,6 +27,7 @@
 #include <string>
 #include <string_view>
 
+#include "model/error_reports.h"
 #include "model/model_data.h"
 #include "model/variant.h"
 #include "platform/desktop.h"
@@ -77,18 +78,22 @@ class LPModel {
   std::string FileLocation() const { return data_.FileLocation; }
 
   // --- columns (model/column_queries.cpp) ---
-  std::int32_t ColElementrow(std::int32_t j, std::int32_t k) const;
-  double ColElementvalue(std::int32_t j, std::int32_t k) const;
-  std::int32_t ColNumberElements(std::int32_t j) const;
+  std::int32_t ColElementrow(std::int32_t j, std::int32_t k) const {
+    return ColumnElement(j, k).Index - 1;
+  }
+  double ColElementvalue(std::int32_t j, std::int32_t k) const { return ColumnElement(j, k).Value; }
+  std::int32_t ColNumberElements(std::int32_t j) const { return Column(j).ElementCount(); }
   double ColUpperBound(std::int32_t j) const;
   double ColLowerBound(std::int32_t j) const;
   std::string ColName(std::int32_t j) const;
   std::string ColType(std::int32_t j) const;
 
   // --- rows (model/row_queries.cpp) ---
-  std::int32_t RowElementCol(std::int32_t i, std::int32_t k) const;
-  double RowElementValue(std::int32_t i, std::int32_t k) const;
-  std::int32_t RowNumberElements(std::int32_t i) const;
+  std::int32_t RowElementCol(std::int32_t i, std::int32_t k) const {
+    return RowElement(i, k).Index - 1;
+  }
+  double RowElementValue(std::int32_t i, std::int32_t k) const { return RowElement(i, k).Value; }
+  std::int32_t RowNumberElements(std::int32_t i) const { return Row(i).ElementCount(); }
   double RowUpperBound(std::int32_t i) const;
   double RowLowerBound(std::int32_t i) const;
   std::string RowName(std::int32_t i) const;
@@ -205,6 +210,23 @@ class LPModel {
   ModelData& Settled() const {
     if (!IsSettled(data_)) Settle(data_);
     return data_;
+  }
+  // What stands at 0-based numbers, which are checked.
+  const RowRecord& Row(std::int32_t i) const {
+    const ModelData& data = Settled();
+    return data.Rows[CheckRow(data, i)];
+  }
+  const ColumnRecord& Column(std::int32_t j) const {
+    const ModelData& data = Settled();
+    return data.Columns[CheckColumn(data, j)];
+  }
+  const ElementEntry& RowElement(std::int32_t i, std::int32_t k) const {
+    const RowRecord& row = Row(i);
+    return row.Elements.begin()[CheckRowElement(row, k) - 1];
+  }
+  const ElementEntry& ColumnElement(std::int32_t j, std::int32_t k) const {
+    const ColumnRecord& column = Column(j);
+    return column.Elements.begin()[CheckColumnElement(column, k) - 1];
   }
   // One plain box; the refusals of writes and edits.
   void Refuse(std::string_view text) const;

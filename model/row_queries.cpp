@@ -2,38 +2,13 @@
 #include "model/lp_model.h"
 
 namespace quarvel {
-namespace {
+double LPModel::RowUpperBound(std::int32_t i) const { return Row(i).UpperBound; }
 
-const RowRecord& RowAt(const ModelData& data, std::int32_t i) {
-  return data.Rows[CheckRow(data, i)];
-}
+double LPModel::RowLowerBound(std::int32_t i) const { return Row(i).LowerBound; }
 
-const ElementEntry& ElementAt(const ModelData& data, std::int32_t i, std::int32_t k) {
-  const RowRecord& row = RowAt(data, i);
-  return row.Elements[CheckRowElement(row, k)];
-}
+std::string LPModel::RowName(std::int32_t i) const { return Row(i).Name; }
 
-}  // namespace
-
-std::int32_t LPModel::RowElementCol(std::int32_t i, std::int32_t k) const {
-  return ElementAt(Settled(), i, k).Index - 1;
-}
-
-double LPModel::RowElementValue(std::int32_t i, std::int32_t k) const {
-  return ElementAt(Settled(), i, k).Value;
-}
-
-std::int32_t LPModel::RowNumberElements(std::int32_t i) const {
-  return RowAt(Settled(), i).ElementCount();
-}
-
-double LPModel::RowUpperBound(std::int32_t i) const { return RowAt(Settled(), i).UpperBound; }
-
-double LPModel::RowLowerBound(std::int32_t i) const { return RowAt(Settled(), i).LowerBound; }
-
-std::string LPModel::RowName(std::int32_t i) const { return RowAt(Settled(), i).Name; }
-
-std::string LPModel::RowType(std::int32_t i) const { return TypeText(RowAt(Settled(), i).Type); }
+std::string LPModel::RowType(std::int32_t i) const { return TypeText(Row(i).Type); }
 
 double LPModel::ElementValue(std::int32_t i, std::int32_t j) const {
   const ModelData& data = Settled();
