@@ -10,13 +10,15 @@
 #include <span>
 #include <vector>
 
+#include "model/packed_double.h"
+
 namespace quarvel {
 
 // One nonzero coefficient as seen from a row (Index = column number) or from a column (Index = row
 // number). Numbers are 1-based.
 struct ElementEntry {
   std::int32_t Index;
-  double Value;
+  PackedDouble Value;
   bool operator==(const ElementEntry&) const = default;
 };
 
@@ -72,7 +74,10 @@ class ElementArena {
   // allocation of its own; a list that stands elsewhere grows by itself.
   void Append(ElementStore& list, const ElementEntry& entry) {
     if (list.end() == next_ && next_ != end_) {
-      *next_++ = entry;
+      // Part by part: copied as a whole, an entry that was just put together is waited for.
+      next_->Index = entry.Index;
+      next_->Value = entry.Value;
+      ++next_;
       ++list.size_;
     } else {
       AppendElsewhere(list, entry);
