@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "model/element_store.h"
+#include "model/line_names.h"
 #include "model/list_agreement.h"
 #include "model/name_index.h"
 #include "model/one_based.h"
@@ -92,9 +93,25 @@ inline bool IsSettled(const ModelData& data) {
 // elements 0. The binding-row indexes are not touched.
 void ReleaseRowsAndColumns(ModelData& data);
 
+// The indexes of names after making them anew.
+const NameIndex& RebuiltRowNames(const ModelData& data);
+const NameIndex& RebuiltColumnNames(const ModelData& data);
+
 // The first row or column of that name, 0 when there is none. Exact comparison; constant time.
-std::int32_t FindRow(const ModelData& data, std::string_view name);
-std::int32_t FindColumn(const ModelData& data, std::string_view name);
+inline std::int32_t FindRow(const ModelData& data, const NameKey& key, std::string_view name) {
+  const NameIndex& names = data.row_names.stale() ? RebuiltRowNames(data) : data.row_names;
+  return names.Find(key, name, NamesOf(data.Rows));
+}
+inline std::int32_t FindRow(const ModelData& data, std::string_view name) {
+  return FindRow(data, NameKey::Of(name), name);
+}
+inline std::int32_t FindColumn(const ModelData& data, const NameKey& key, std::string_view name) {
+  const NameIndex& names = data.column_names.stale() ? RebuiltColumnNames(data) : data.column_names;
+  return names.Find(key, name, NamesOf(data.Columns));
+}
+inline std::int32_t FindColumn(const ModelData& data, std::string_view name) {
+  return FindColumn(data, NameKey::Of(name), name);
+}
 
 // Recomputes both row indexes and their counts from the row types.
 void RebuildRowIndexes(ModelData& data);

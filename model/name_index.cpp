@@ -20,7 +20,7 @@ void NameIndex::Reserve(std::size_t count) {
   mask_ = capacity - 1;
   for (const Slot& slot : old) {
     if (slot.number == 0) continue;
-    std::size_t i = Home({slot.low, slot.high});
+    std::size_t i = Home(slot);
     while (slots_[i].number != 0) i = (i + 1) & mask_;
     slots_[i] = slot;
   }
@@ -29,31 +29,13 @@ void NameIndex::Reserve(std::size_t count) {
 // Linear probing without markers of deleted entries: later entries of the run move back.
 void NameIndex::CloseGap(std::size_t gap) {
   for (std::size_t i = (gap + 1) & mask_; slots_[i].number != 0; i = (i + 1) & mask_) {
-    const std::size_t home = Home({slots_[i].low, slots_[i].high});
+    const std::size_t home = Home(slots_[i]);
     const bool may_move = ((i - home) & mask_) >= ((i - gap) & mask_);
     if (!may_move) continue;
     slots_[gap] = slots_[i];
     gap = i;
   }
   slots_[gap] = Slot{};
-}
-
-std::uint64_t NameIndex::LongHash(std::string_view name) {
-  std::uint64_t hash = 0x2545F4914F6CDD1Dull ^ name.size();
-  const auto fold = [&hash](std::uint64_t word) {
-    hash = (hash ^ word) * 0x9E3779B97F4A7C15ull;
-    hash ^= hash >> 32;
-  };
-  while (name.size() >= 8) {
-    std::uint64_t word;
-    std::memcpy(&word, name.data(), sizeof word);
-    fold(word);
-    name.remove_prefix(8);
-  }
-  std::uint64_t tail = 0;
-  std::memcpy(&tail, name.data(), name.size());
-  fold(tail);
-  return hash;
 }
 
 }  // namespace quarvel

@@ -6,10 +6,13 @@
 // `name_of(number)` gives them.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string_view>
 #include <vector>
+
+#include "model/name_key.h"
+#include "text/prefetch.h"
 
 namespace quarvel {
 
@@ -18,29 +21,38 @@ class NameIndex {
   // The number stored for `name`, 0 when there is none.
   template <class NameOf>
   std::int32_t Find(std::string_view name, const NameOf& name_of) const {
-    if (slots_.empty()) return 0;
-    const Key key = MakeKey(name);
+    return Find(NameKey::Of(name), name, name_of);
+  }
+  // The same when the name's key is known already.
+  template <class NameOf>
+  std::int32_t Find(const NameKey& key, std::string_view name, const NameOf& name_of) const {
+    if (size_ == 0) return 0;
+    if (key.is_long()) return FindLong(key, name, name_of);
     for (std::size_t i = Home(key);; i = (i + 1) & mask_) {
       const Slot& slot = slots_[i];
-      if (slot.number == 0) return 0;
-      if (Matches(slot, key, name, name_of)) return slot.number;
+      if (slot.number == 0 || key.Equals(slot.low, slot.high)) return slot.number;
     }
   }
 
-  // Has the processor fetch what a look-up of that name will touch first.
-  void Prefetch(std::string_view name) const {
-#if defined(__GNUC__)
-    if (!slots_.empty()) __builtin_prefetch(&slots_[Home(MakeKey(name))]);
-#else
-    static_cast<void>(name);
-#endif
+  // Has the processor fetch what a look-up of that key will touch first.
+  void Prefetch(const NameKey& key) const {
+    if (!slots_.empty()) text::Prefetch(&slots_[Home(key)]);
+  }
+  // The number whose name a look-up of that key will compare first; 0 when there is none.
+  std::int32_t Candidate(const NameKey& key) const {
+    if (size_ == 0) return 0;
+    const Slot& slot = slots_[Home(key)];
+    return key.Equals(slot.low, slot.high) ? slot.number : 0;
   }
 
   // Adds a name unless it is there already (the first number of a name stays).
   template <class NameOf>
   void Add(std::string_view name, std::int32_t number, const NameOf& name_of) {
+    Add(NameKey::Of(name), name, number, name_of);
+  }
+  template <class NameOf>
+  void Add(const NameKey& key, std::string_view name, std::int32_t number, const NameOf& name_of) {
     if ((size_ + 1) * 4 > slots_.size() * 3) Reserve(size_ + 1);
-    const Key key = MakeKey(name);
     std::size_t i = Home(key);
     for (; slots_[i].number != 0; i = (i + 1) & mask_) {
       if (Matches(slots_[i], key, name, name_of)) {
@@ -57,7 +69,7 @@ class NameIndex {
   void Remove(std::string_view name, std::int32_t number, const NameOf& name_of) {
     if (has_duplicates_) stale_ = true;  // another record of that name would become the first
     if (stale_ || slots_.empty()) return;
-    const Key key = MakeKey(name);
+    const NameKey key = NameKey::Of(name);
     for (std::size_t i = Home(key); slots_[i].number != 0; i = (i + 1) & mask_) {
       if (slots_[i].number != number || !Matches(slots_[i], key, name, name_of)) continue;
       CloseGap(i);
@@ -81,67 +93,33 @@ class NameIndex {
   }
 
   void Clear();
+  // Makes room for `count` entries in all.
+  void Reserve(std::size_t count);
 
  private:
-  struct Key {
-    std::uint64_t low;
-    std::uint32_t high;
-  };
   struct Slot {
     std::uint64_t low = 0;
     std::uint32_t high = 0;
     std::int32_t number = 0;  // 0: free
   };
-  static constexpr std::size_t kInline = 12;
-  static constexpr std::uint32_t kLong = 0xFFFFFFFFu;  // no UTF-8 text ends in these bytes
-
-  static Key MakeKey(std::string_view name) {
-    // A name that ends in a NUL would look like a shorter one in its padded slot.
-    if (name.size() > kInline || (!name.empty() && name.back() == '\0'))
-      return {LongHash(name), kLong};
-    return ShortKey(name.data(), name.size());
-  }
-  template <class Word>
-  static Word Load(const char* p) {
-    Word word;
-    std::memcpy(&word, p, sizeof word);
-    return word;
-  }
-  // Up to 12 bytes, padded with zeros. Overlapping loads from both ends: copying a length that is
-  // known only now to a buffer and loading that back stalls the processor for longer than all the
-  // rest of a lookup.
-  static Key ShortKey(const char* p, std::size_t size) {
-    if (size > 8)
-      return {Load<std::uint64_t>(p), Load<std::uint32_t>(p + size - 4) >> (8 * (12 - size))};
-    if (size == 8) return {Load<std::uint64_t>(p), 0};
-    if (size >= 4) {
-      const std::uint64_t tail = Load<std::uint32_t>(p + size - 4) >> (8 * (8 - size) % 32);
-      return {Load<std::uint32_t>(p) | (size == 4 ? 0 : tail << 32), 0};
-    }
-    std::uint64_t low = 0;
-    for (std::size_t i = 0; i < size; ++i) {
-      low |= std::uint64_t{static_cast<unsigned char>(p[i])} << (8 * i);
-    }
-    return {low, 0};
-  }
-  static std::uint64_t LongHash(std::string_view name);
-  static std::uint64_t Mix(const Key& key) {
-    std::uint64_t hash = (key.low ^ 0x9E3779B97F4A7C15ull) * 0xD6E8FEB86659FD93ull;
-    hash = ((hash ^ (hash >> 32)) + key.high) * 0x9E3779B97F4A7C15ull;
-    return hash ^ (hash >> 32);
-  }
-  std::size_t Home(const Key& key) const { return static_cast<std::size_t>(Mix(key)) & mask_; }
+  std::size_t Home(const NameKey& key) const { return key.hash & mask_; }
+  std::size_t Home(const Slot& slot) const { return Home(NameKey::OfParts(slot.low, slot.high)); }
 
   template <class NameOf>
-  static bool Matches(const Slot& slot, const Key& key, std::string_view name,
+  std::int32_t FindLong(const NameKey& key, std::string_view name, const NameOf& name_of) const {
+    for (std::size_t i = Home(key);; i = (i + 1) & mask_) {
+      const Slot& slot = slots_[i];
+      if (slot.number == 0 || Matches(slot, key, name, name_of)) return slot.number;
+    }
+  }
+  template <class NameOf>
+  static bool Matches(const Slot& slot, const NameKey& key, std::string_view name,
                       const NameOf& name_of) {
-    if (slot.low != key.low || slot.high != key.high) return false;
-    return key.high != kLong || std::string_view(name_of(slot.number)) == name;
+    if (!key.Equals(slot.low, slot.high)) return false;
+    return !key.is_long() || std::string_view(name_of(slot.number)) == name;
   }
 
   void CloseGap(std::size_t gap);
-  // Makes room for `count` entries in all.
-  void Reserve(std::size_t count);
 
   std::vector<Slot> slots_;
   std::size_t mask_ = 0;

@@ -28,6 +28,12 @@ class OneBased {
   const T& last() const { return (*this)[size()]; }
 
   void Append(T value) { store_.push_back(std::move(value)); }
+  // Appends a fresh entry.
+  T& AppendFresh() { return store_.emplace_back(); }
+  // True when appending moves all entries to a larger room.
+  bool IsFull() const { return store_.size() == store_.capacity(); }
+  // Makes room for so many entries in all; nothing when there is as much already.
+  void Reserve(std::int32_t size) { store_.reserve(static_cast<std::size_t>(size)); }
   // Drops entry `number`; every later entry moves down one place.
   void Remove(std::int32_t number) {
     const std::size_t offset = Offset(number);

@@ -27,9 +27,8 @@ LineReader::LineReader(platform::InputFile file)
 bool LineReader::Next(Line& line) {
   if (!started_) SkipByteOrderMark();
   if (skip_line_feed_) {
-    skip_line_feed_ = false;
     if (next_ == end_ && !Refill()) return false;
-    if (*next_ == '\n') ++next_;
+    SkipLineFeed();
   }
   if (next_ == end_ && !Refill()) return false;
   bool ascii = true;
@@ -53,6 +52,12 @@ bool LineReader::Next(Line& line) {
       return true;
     }
   }
+}
+
+void LineReader::Took(char* to) {
+  if (to == next_) return;
+  next_ = to;
+  skip_line_feed_ = to == end_ && to[-1] == '\r';
 }
 
 // Moves what is left to the front and reads on; false when the file has no more.

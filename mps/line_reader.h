@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -38,12 +39,14 @@ class LineReader {
 
   std::uint64_t file_size() const { return file_.size(); }
 
-  // The bytes behind the last line that are in memory already; nothing may be concluded from them.
-  std::string_view ahead() const {
-    const bool rest_of_line_end = skip_line_feed_ && next_ != end_ && *next_ == '\n';
-    const char* from = next_ + rest_of_line_end;
-    return {from, static_cast<std::size_t>(end_ - from)};
+  // The bytes behind the last line that are in memory already and that stay there until Next is
+  // called. Whoever wants lines without that call takes them out of here, and says with Took up to
+  // where: behind the end of a line, its line feed taken too where one that follows CR is here.
+  std::span<char> ahead() {
+    SkipLineFeed();
+    return {next_, end_};
   }
+  void Took(char* to);
 
   // The next line; false at the end of the file. Raises what the file raises, after which it is at
   // its end.
@@ -51,6 +54,12 @@ class LineReader {
 
  private:
   bool Refill();
+  // The line feed of a line end that began with CR, as far as it is in memory.
+  void SkipLineFeed() {
+    if (!skip_line_feed_ || next_ == end_) return;
+    skip_line_feed_ = false;
+    if (*next_ == '\n') ++next_;
+  }
   // The end of the line that goes on at `from`, end_ when it is not there yet. Clears `ascii` for
   // bytes above 127.
   char* FindLineEnd(char* from, bool& ascii) const;

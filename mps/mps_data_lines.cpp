@@ -1,13 +1,14 @@
 // What the data lines of each section do to the model.
 
-#include <bit>
+#include <algorithm>
 #include <cmath>
-#include <optional>
 #include <string>
+#include <utility>
 
+#include "model/line_names.h"
 #include "mps/mps_reader.h"
-#include "text/byte_block.h"
 #include "text/numbers.h"
+#include "text/padded_number.h"
 
 namespace quarvel {
 namespace {
@@ -26,144 +27,165 @@ const BoundCode* FindBoundCode(std::string_view code) {
   return nullptr;
 }
 
+// A fresh record behind the counted ones; others that stand there give way.
+template <class Record>
+Record& AppendRecord(OneBased<Record>& records, std::int32_t& count) {
+  if (records.size() != count) records.Resize(count);
+  ++count;
+  return records.AppendFresh();
+}
+
 }  // namespace
 
+inline NameKey MpsReader::KeyOf(std::size_t token_number) const {
+  const NameKey* const key = names_->Find(token_number);
+  return key != nullptr ? *key : NameKey::Of(token(token_number));
+}
+
+inline std::int32_t MpsReader::FindRowOf(std::size_t token_number) const {
+  return FindRow(data_, KeyOf(token_number), token(token_number));
+}
+
+inline std::int32_t MpsReader::FindColumnOf(std::size_t token_number) const {
+  return FindColumn(data_, KeyOf(token_number), token(token_number));
+}
+
 void MpsReader::UseRow() {
-  if (tokens_.count() != 2) {
+  if (tokens_->count() != 2) {
     Problem("MPS file read error: insufficent tokens in line " + text::IntegerText(line_number_));
     return;
   }
-  const std::string_view type = tokens_[1];
+  const std::string_view type = token(1);
   if (type != "E" && type != "G" && type != "L" && type != "N") {
     LineProblem("MPS file read error: improper row type");
     return;
   }
-  if (FindRow(data_, tokens_[2]) != 0) {
+  if (FindRowOf(2) != 0) {
     Problem("MPS file read error: row name appears for a second time (" +
             text::IntegerText(line_number_) + ")");
     return;
   }
-  AppendRow(tokens_[2], type[0]);
+  AppendRow(type[0]);
 }
 
-void MpsReader::AppendRow(std::string_view name, TypeLetter type) {
-  RowRecord row;
-  row.Name = name;
+// The row of the line at hand, whose name no row has yet.
+void MpsReader::AppendRow(TypeLetter type) {
+  if (data_.Rows.IsFull()) data_.Rows.Reserve(ExpectedCount(data_.NumberOfRows, sizeof(RowRecord)));
+  RowRecord& row = AppendRecord(data_.Rows, data_.NumberOfRows);
+  row.Name = token(2);
   row.Type = type;
   row.LowerBound = type == 'L' || type == 'N' ? -BoundLimit : 0;
   row.UpperBound = type == 'G' || type == 'N' ? BoundLimit : 0;
-  data_.Rows.Resize(data_.NumberOfRows + 1);
-  data_.Rows.last() = std::move(row);
-  ++data_.NumberOfRows;
-  data_.row_names.Add(name, data_.NumberOfRows, [this](std::int32_t number) -> const std::string& {
-    return data_.Rows[number].Name;
-  });
+  data_.row_names.Add(KeyOf(2), token(2), data_.NumberOfRows, NamesOf(data_.Rows));
 }
 
-bool MpsReader::CheckPairLine(std::string_view section_words) {
-  if (tokens_.count() != 3 && tokens_.count() != 5) {
+// How many rows or columns there will be if the section goes on to the end of the file as it began.
+// An array that doubles its room when it is full is copied, and had from the system, twice. Too
+// much room costs nothing as long as nothing is written to it; there is a limit to it all the same.
+std::int32_t MpsReader::ExpectedCount(std::int32_t count, std::size_t bytes_each) const {
+  constexpr std::int32_t kTooFewToTell = 1000;
+  constexpr std::size_t kMostRoom = std::size_t{64} << 20;
+  if (count < kTooFewToTell) return 0;
+  const std::uint64_t section = BytesRead() - section_start_;
+  const std::uint64_t rest = file_size_ - std::min(file_size_, BytesRead());
+  const double more = static_cast<double>(count) * static_cast<double>(rest) /
+                      static_cast<double>(std::max<std::uint64_t>(section, 1));
+  const auto most =
+      static_cast<double>(std::min(kMostRoom / bytes_each, 8 * static_cast<std::size_t>(count)));
+  const auto enough = static_cast<double>(count) / 16;
+  return count + static_cast<std::int32_t>(std::min(more + enough, most));
+}
+
+inline bool MpsReader::CheckPairLine(std::string_view section_words) {
+  const std::size_t count = tokens_->count();
+  if ((count == 3 || count == 5) && data_.NumberOfRows >= 1) return true;
+  ReportPairLine(section_words);
+  return false;
+}
+
+void MpsReader::ReportPairLine(std::string_view section_words) {
+  if (tokens_->count() != 3 && tokens_->count() != 5) {
     LineProblem("MPS file read error: improper number of tokens");
-    return false;
-  }
-  if (data_.NumberOfRows < 1) {
+  } else {
     LineProblem("MPS file read error: no rows yet, but reading " + std::string(section_words));
-    return false;
   }
-  return true;
 }
 
-MpsReader::Pair MpsReader::ReadPair(std::size_t first_token) {
-  const std::optional<double> value = text::ParseNumber(tokens_[first_token + 1]);
-  if (!value) {
+inline MpsReader::Pair MpsReader::ReadPair(std::size_t first_token) {
+  double value;
+  if (!text::ParsePaddedNumber(token(first_token + 1), value)) {
     LineProblem("MPS file read error: needs numeric value");
     return {};
   }
-  const std::int32_t row = FindRow(data_, tokens_[first_token]);
+  const std::int32_t row = FindRowOf(first_token);
   if (row == 0) LineProblem("MPS file read error: no match for row name");
-  return {row, *value};
+  return {row, value};
 }
 
 void MpsReader::UseColumn() {
   if (!CheckPairLine("columns")) return;
   std::int32_t column = ColumnOfLine();
-  for (std::size_t first = 2; first < tokens_.count() && column != 0; first += 2) {
+  for (std::size_t first = 2; first < tokens_->count() && column != 0; first += 2) {
     const Pair pair = ReadPair(first);
     if (state_ != State::kReading) return;
     // A question was asked: a host may have deleted columns meanwhile, this one too.
-    if (pair.row == 0) column = FindColumn(data_, tokens_[1]);
+    if (pair.row == 0) column = FindColumnOf(1);
     if (pair.row != 0 && pair.value != 0) AppendElement(pair.row, column, pair.value);
   }
 }
 
-// Rows come in any order, so that finding a row's name waits for memory longer than all else a line
-// takes. The names of the next line are where they are looked at already: having their slots
-// fetched now hides most of that. A wrong guess (a name in lower case, a line that is no data line)
-// costs nothing but the fetch.
-void MpsReader::PrefetchNames() {
-  const std::string_view ahead = lines_->ahead();
-  if (ahead.size() < 2 * text::kBlockSize) return;
-  const std::uint32_t spaces = text::ByteBlock(ahead.data()).Equal(' ') |
-                               text::ByteBlock(ahead.data() + text::kBlockSize).Equal(' ')
-                                   << text::kBlockSize;
-  // Two tokens, each from a first byte that is no space to the next space.
-  std::size_t from[2];
-  std::size_t to[2];
-  std::uint32_t rest = ~spaces;
-  for (int i = 0; i < 2; ++i) {
-    from[i] = static_cast<std::size_t>(std::countr_zero(rest));
-    if (from[i] == 32) return;
-    const std::uint32_t after = spaces & (~std::uint32_t{0} << from[i]);
-    to[i] = static_cast<std::size_t>(std::countr_zero(after));
-    if (to[i] == 32) return;
-    rest = ~spaces & (~std::uint32_t{0} << to[i]);
-  }
-  data_.row_names.Prefetch(ahead.substr(from[1], to[1] - from[1]));
-  const std::string_view column = ahead.substr(from[0], to[0] - from[0]);
-  if (column != tokens_[1]) data_.column_names.Prefetch(column);
-}
-
 // The number of the line's column, added when it is new; 0 for a marker line.
 std::int32_t MpsReader::ColumnOfLine() {
-  const std::string_view name = tokens_[1];
+  const bool certain =
+      last_column_line_ == line_number_ - 1 && last_column_line_ != 0 && names_->goes_on();
+  if (!certain) {
+    const std::int32_t column = FindOrAppendColumn();
+    if (column == 0) return 0;
+    last_column_ = column;
+  }
+  last_column_line_ = line_number_;
+  return last_column_;
+}
+
+std::int32_t MpsReader::FindOrAppendColumn() {
+  const std::string_view name = token(1);
   // Most lines go on with the column of the line before.
   if (last_column_ >= 1 && last_column_ <= data_.NumberOfColumns &&
       data_.Columns[last_column_].Name == name) {
     return last_column_;
   }
-  std::int32_t column = FindColumn(data_, name);
+  const std::int32_t column = FindColumnOf(1);
   if (column == 0) {
-    if (tokens_[2] == "'MARKER'") {
-      if (tokens_[3] == "'INTORG'") CurrentColumnType = 'I';
-      if (tokens_[3] == "'INTEND'") CurrentColumnType = 'R';
+    if (token(2) == "'MARKER'") {
+      if (token(3) == "'INTORG'") CurrentColumnType = 'I';
+      if (token(3) == "'INTEND'") CurrentColumnType = 'R';
       return 0;
     }
-    column = AppendColumn(name);
-  } else if (data_.row_lists_pending) {
-    // Row lists keep the order of the file. Taking up an earlier column again ends the order in
-    // which walking the columns would give it, so from here on they are kept up to date line by
-    // line.
-    Settle(data_);
+    return AppendColumn();
   }
-  last_column_ = column;
+  // Row lists keep the order of the file. Taking up an earlier column again ends the order in which
+  // walking the columns would give it, so from here on they are kept up to date line by line.
+  if (data_.row_lists_pending) Settle(data_);
   return column;
 }
 
-std::int32_t MpsReader::AppendColumn(std::string_view name) {
-  ColumnRecord column;
-  column.Name = name;
+// The column of the line at hand, whose name no column has yet.
+std::int32_t MpsReader::AppendColumn() {
+  if (data_.Columns.IsFull()) {
+    const std::int32_t expected = ExpectedCount(data_.NumberOfColumns, sizeof(ColumnRecord));
+    data_.Columns.Reserve(expected);
+    data_.column_names.Reserve(static_cast<std::size_t>(expected));
+  }
+  ColumnRecord& column = AppendRecord(data_.Columns, data_.NumberOfColumns);
+  column.Name = token(1);
   column.Type = CurrentColumnType;
   column.LowerBound = data_.DefaultToPlusMinusInfinity ? -BoundLimit : 0;
   column.UpperBound = BoundLimit;
-  data_.Columns.Resize(data_.NumberOfColumns + 1);
-  data_.Columns.last() = std::move(column);
-  ++data_.NumberOfColumns;
-  data_.column_names.Add(
-      name, data_.NumberOfColumns,
-      [this](std::int32_t number) -> const std::string& { return data_.Columns[number].Name; });
+  data_.column_names.Add(KeyOf(1), token(1), data_.NumberOfColumns, NamesOf(data_.Columns));
   return data_.NumberOfColumns;
 }
 
-void MpsReader::AppendElement(std::int32_t row, std::int32_t column, double value) {
+inline void MpsReader::AppendElement(std::int32_t row, std::int32_t column, double value) {
   data_.column_arena.Append(data_.Columns[column].Elements.store(), {row, value});
   if (!data_.row_lists_pending) data_.Rows[row].Elements.Append({column, value});
   ++data_.NumberOfElements;
@@ -171,7 +193,7 @@ void MpsReader::AppendElement(std::int32_t row, std::int32_t column, double valu
 
 void MpsReader::UseRhs() {
   if (!CheckPairLine("RHSs")) return;
-  for (std::size_t first = 2; first < tokens_.count() && state_ == State::kReading; first += 2) {
+  for (std::size_t first = 2; first < tokens_->count() && state_ == State::kReading; first += 2) {
     const Pair pair = ReadPair(first);
     if (pair.row != 0) ApplyRhs(pair.row, pair.value);
   }
@@ -198,7 +220,7 @@ void MpsReader::ApplyRhs(std::int32_t row_number, double value) {
 
 void MpsReader::UseRange() {
   if (!CheckPairLine("ranges")) return;
-  for (std::size_t first = 2; first < tokens_.count() && state_ == State::kReading; first += 2) {
+  for (std::size_t first = 2; first < tokens_->count() && state_ == State::kReading; first += 2) {
     const Pair pair = ReadPair(first);
     if (pair.row != 0) ApplyRange(pair.row, pair.value);
   }
@@ -230,29 +252,27 @@ void MpsReader::UseBound() {
     LineProblem("MPS file read error: no variables yet, but reading bounds");
     return;
   }
-  if (tokens_.count() < 3) {
+  if (tokens_->count() < 3) {
     LineProblem("MPS file read error: improper number of tokens");
     return;
   }
-  const BoundCode* code = FindBoundCode(tokens_[1]);
+  const BoundCode* code = FindBoundCode(token(1));
   if (code == nullptr) {
     LineProblem("MPS file read error: improper bounds code");
     return;
   }
   double value = 0;
   if (code->needs_value) {
-    if (tokens_.count() != 4) {
+    if (tokens_->count() != 4) {
       LineProblem("MPS file error: too few tokens");
       return;
     }
-    const std::optional<double> number = text::ParseNumber(tokens_[4]);
-    if (!number) {
+    if (!text::ParsePaddedNumber(token(4), value)) {
       LineProblem("MPS file read error: needs numeric value");
       return;
     }
-    value = *number;
   }
-  const std::int32_t column = FindColumn(data_, tokens_[3]);
+  const std::int32_t column = FindColumnOf(3);
   if (column == 0) {
     LineProblem("MPS file read error: no match for variable name");
     return;

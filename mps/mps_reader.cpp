@@ -14,6 +14,8 @@ namespace {
 
 constexpr std::int64_t kLinesBetweenEvents = 100;
 
+const LineNames kNoNames;
+
 std::string_view TrimSpaces(std::string_view text) {
   const std::size_t first = text.find_first_not_of(' ');
   if (first == std::string_view::npos) return {};
@@ -31,7 +33,7 @@ void MpsReader::Run() {
   Guarded(
       [this] { Open(); });  // answered Yes, a file that cannot be opened is read as an empty one
   if (state_ == State::kReading) Begin();
-  while (state_ == State::kReading) Guarded([this] { ReadLine(); });
+  while (state_ == State::kReading) Guarded([this] { ReadLines(); });
   lines_.reset();  // the file is free from here on, whatever the questions at the end lead to
   if (state_ == State::kDone) Guarded([this] { CheckModel(); });
   if (state_ == State::kDone) Guarded([&] { Finish(pause); });
@@ -75,17 +77,34 @@ void MpsReader::Begin() {
   data_.ModelDescription.clear();
 }
 
-void MpsReader::ReadLine() {
+// Before ROWS lines are texts; batches would upper-case them.
+void MpsReader::ReadLines() {
+  if (section_ == Section::kStart || !ReadPlainLines()) ReadAnyLine();
+}
+
+bool MpsReader::ReadPlainLines() {
+  if (batch_used_ == batch_.size()) {
+    batch_used_ = 0;
+    batch_.Fill(*lines_);
+    batch_names_.Announce(batch_, section_, data_);
+    if (batch_.size() == 0) return false;
+  }
+  while (batch_used_ < batch_.size() && state_ == State::kReading) {
+    const PlainLine& line = batch_[batch_used_];
+    tokens_ = &line.tokens;
+    names_ = &batch_names_[batch_used_];
+    ++batch_used_;  // done with, also when using it raises
+    if (CountLine(line.size) && line.size > 0) UseLine(line.text[0] != ' ');
+  }
+  return true;
+}
+
+void MpsReader::ReadAnyLine() {
   if (!lines_ || !lines_->Next(line_)) {
     state_ = State::kDone;
     return;
   }
-  ++line_number_;
-  characters_read_ += line_.characters;
-  if (line_number_ % kLinesBetweenEvents == 0) {
-    ReportProgress();
-    if (state_ != State::kReading) return;
-  }
+  if (!CountLine(line_.characters)) return;
   if (line_.too_long) {
     LineProblem("MPS file read error: a line is longer than " +
                 text::IntegerText(static_cast<std::int64_t>(LineReader::kLongestLine)) + " bytes");
@@ -96,7 +115,18 @@ void MpsReader::ReadLine() {
     AddDescription();
     return;
   }
-  UseLine();
+  const bool may_be_header = line_.text[0] != ' ';
+  line_tokens_.Split(line_);
+  tokens_ = &line_tokens_;
+  names_ = &kNoNames;
+  UseLine(may_be_header);
+}
+
+bool MpsReader::CountLine(std::size_t characters) {
+  ++line_number_;
+  characters_read_ += characters;
+  if (line_number_ % kLinesBetweenEvents == 0) ReportProgress();
+  return state_ == State::kReading;
 }
 
 void MpsReader::ReportProgress() {
@@ -118,9 +148,7 @@ void MpsReader::AddDescription() {
   description += TrimSpaces(line_.view().substr(1));
 }
 
-void MpsReader::UseLine() {
-  const bool may_be_header = line_.text[0] != ' ';
-  tokens_.Split(line_);
+void MpsReader::UseLine(bool may_be_header) {
   if (may_be_header && UseHeader()) return;
   switch (section_) {
     case Section::kStart:
@@ -129,7 +157,6 @@ void MpsReader::UseLine() {
       UseRow();
       break;
     case Section::kColumns:
-      PrefetchNames();
       UseColumn();
       break;
     case Section::kRhs:
@@ -155,10 +182,11 @@ bool MpsReader::UseHeader() {
                                                       {"RHS", Section::kRhs},
                                                       {"RANGES", Section::kRanges},
                                                       {"BOUNDS", Section::kBounds}}};
-  const std::string_view keyword = tokens_[1];
+  const std::string_view keyword = token(1);
   for (const Header& header : kHeaders) {
     if (keyword != header.keyword) continue;
     section_ = header.section;
+    section_start_ = BytesRead();
     return true;
   }
   if (keyword == "ENDATA") {
@@ -166,7 +194,7 @@ bool MpsReader::UseHeader() {
     return true;
   }
   // A NAME line goes on as a data line of its section, which before ROWS means nothing.
-  if (keyword == "NAME" && tokens_.count() > 1) data_.ModelName = tokens_[2];
+  if (keyword == "NAME" && tokens_->count() > 1) data_.ModelName = token(2);
   return false;
 }
 
@@ -181,6 +209,7 @@ void MpsReader::Problem(std::string_view description) {
 // A host that was called back may have deleted something; the reader goes on with numbers that are
 // true.
 void MpsReader::AfterCallback() {
+  last_column_line_ = 0;
   if (!data_.removals.empty()) Settle(data_);
 }
 

@@ -39,7 +39,10 @@
 
 #include "model/lp_model.h"
 #include "model/model_view.h"
+#include "mps/batch_names.h"
+#include "mps/line_batch.h"
 #include "mps/line_reader.h"
+#include "mps/section.h"
 #include "mps/tokens.h"
 
 namespace quarvel {
@@ -61,7 +64,6 @@ class MpsReader {
   void Run();
 
  private:
-  enum class Section { kStart, kRows, kColumns, kRhs, kRanges, kBounds };
   enum class State { kReading, kDone, kStopped, kFailed, kLeftOpen };
 
   template <class Step>
@@ -69,14 +71,18 @@ class MpsReader {
   void Reset();
   void Open();
   void Begin();
-  void ReadLine();
+  void ReadLines();
+  // Counts the line that comes next; false when the read ends at its progress point.
+  bool CountLine(std::size_t characters);
   void ReportProgress();
-  void UseLine();
+  // Uses the lines of a batch; false when the next line is one for ReadAnyLine.
+  bool ReadPlainLines();
+  void ReadAnyLine();
+  void UseLine(bool may_be_header);
   bool UseHeader();
   void AddDescription();
 
   void UseRow();
-  void PrefetchNames();
   void UseColumn();
   void UseRhs();
   void UseRange();
@@ -88,10 +94,21 @@ class MpsReader {
     double value = 0;
   };
   Pair ReadPair(std::size_t first_token);
+  std::string_view token(std::size_t number) const { return (*tokens_)[number]; }
+  std::int32_t FindRowOf(std::size_t token_number) const;
+  std::int32_t FindColumnOf(std::size_t token_number) const;
+  NameKey KeyOf(std::size_t token_number) const;
   bool CheckPairLine(std::string_view section_words);
+  void ReportPairLine(std::string_view section_words);
   std::int32_t ColumnOfLine();
-  void AppendRow(std::string_view name, TypeLetter type);
-  std::int32_t AppendColumn(std::string_view name);
+  std::int32_t FindOrAppendColumn();
+  std::int32_t ExpectedCount(std::int32_t count, std::size_t bytes_each) const;
+  // About so many bytes of the file are done; line ends of one byte are taken for granted.
+  std::uint64_t BytesRead() const {
+    return characters_read_ + static_cast<std::uint64_t>(line_number_);
+  }
+  void AppendRow(TypeLetter type);
+  std::int32_t AppendColumn();
   void AppendElement(std::int32_t row, std::int32_t column, double value);
   void ApplyRhs(std::int32_t row, double value);
   void ApplyRange(std::int32_t row, double range);
@@ -124,10 +141,18 @@ class MpsReader {
   Section section_ = Section::kStart;
   TypeLetter CurrentColumnType = 'R';
   Line line_;
-  Tokens tokens_;
+  Tokens line_tokens_;
+  LineBatch batch_;
+  BatchNames batch_names_;
+  std::size_t batch_used_ = 0;  // lines of the batch that are done
+  // Of the line at hand.
+  const TokenList* tokens_ = nullptr;
+  const LineNames* names_ = nullptr;
   std::int64_t line_number_ = 0;
   std::uint64_t characters_read_ = 0;
-  std::int32_t last_column_ = 0;  // the column of the last data line of COLUMNS
+  std::uint64_t section_start_ = 0;    // BytesRead when the section began
+  std::int32_t last_column_ = 0;       // the column of the last data line of COLUMNS
+  std::int64_t last_column_line_ = 0;  // its number; 0 when an event may have changed the column
 };
 
 }  // namespace quarvel

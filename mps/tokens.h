@@ -2,7 +2,9 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,28 +18,49 @@ namespace quarvel {
 std::vector<std::string_view> SplitLine(std::string_view line);
 
 // The tokens of one line as the reader uses them: all counted, the first few kept, in upper case.
-// Numbered from 1. They point into the line (or into this object for text beyond ASCII) and are
-// valid as long as it is.
-class Tokens {
+// Numbered from 1. They point into the line and are valid as long as it is.
+class TokenList {
  public:
   // No kind of line needs more than this many.
   static constexpr std::size_t kKept = 6;
 
-  // Upper-cases the line in place when it is ASCII.
-  void Split(Line& line);
-
   std::size_t count() const { return count_; }
   std::string_view operator[](std::size_t number) const { return kept_[number - 1]; }
 
- private:
-  void SplitUpperCase(char* text, std::size_t size);
+  // The tokens of a text of up to 63 bytes; the bits of `inside` are those that are not spaces. A
+  // token begins or ends wherever the kind of the byte changes.
+  void Split(const char* text, std::uint64_t inside) {
+    std::size_t count = 0;
+    for (std::uint64_t edges = inside ^ (inside << 1); edges != 0; ++count) {
+      const auto begin = static_cast<std::size_t>(std::countr_zero(edges));
+      edges &= edges - 1;
+      const auto end = static_cast<std::size_t>(std::countr_zero(edges));
+      edges &= edges - 1;
+      if (count < kKept) kept_[count] = {text + begin, end - begin};
+    }
+    count_ = count;
+  }
+
+  void Clear() { count_ = 0; }
   void Keep(const char* begin, const char* end) {
     if (count_ < kKept) kept_[count_] = {begin, static_cast<std::size_t>(end - begin)};
     ++count_;
   }
 
+ private:
   std::array<std::string_view, kKept> kept_;
   std::size_t count_ = 0;
+};
+
+// Takes any line apart.
+class Tokens : public TokenList {
+ public:
+  // Upper-cases the line in place when it is ASCII; otherwise the tokens point into this object.
+  void Split(Line& line);
+
+ private:
+  void SplitUpperCase(char* text, std::size_t size);
+
   std::string upper_case_;
 };
 

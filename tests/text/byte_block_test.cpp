@@ -39,7 +39,17 @@ TEST(ByteBlock, AgreesWithThePlainOne) {
     const ByteBlock block(bytes.data());
     const PlainByteBlock plain(bytes.data());
     for (const char c : {' ', '\n', '\r', bytes[0]}) EXPECT_EQ(block.Equal(c), plain.Equal(c));
+    EXPECT_EQ(block.EqualEither('\n', 'z'), plain.EqualEither('\n', 'z'));
     EXPECT_EQ(block.NotAscii(), plain.NotAscii());
+    EXPECT_EQ(block.Digits(), plain.Digits());
+    const std::string others = RandomBlock(random);
+    const ByteBlock greater = block.Greater(ByteBlock(others.data()));
+    const PlainByteBlock plain_greater = plain.Greater(PlainByteBlock(others.data()));
+    for (const int c : {0x00, 0x61, 0x80, 0xFF}) {
+      const auto byte = static_cast<unsigned char>(c);
+      EXPECT_EQ(block.AtLeast(byte), plain.AtLeast(byte));
+      EXPECT_EQ(greater.AtLeast(byte), plain_greater.AtLeast(byte));
+    }
     const std::size_t count = random() % 20;
     char upper[kBlockSize];
     char plain_upper[kBlockSize];

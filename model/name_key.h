@@ -1,0 +1,98 @@
+// What stands for a name in a NameIndex: the name itself when it has up to 12 bytes, otherwise 64
+// bits of a hash. It depends on the name alone, so a reader can make the keys of many lines at
+// once.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+namespace quarvel {
+
+struct NameKey {
+  std::uint64_t low = 0;
+  std::uint32_t high = 0;
+  std::uint32_t hash = 0;  // where the name belongs in a table
+
+  static constexpr std::size_t kInline = 12;
+  static constexpr std::uint32_t kLong = 0xFFFFFFFFu;  // no UTF-8 text ends in these bytes
+  // So many bytes may be read from the start of a name that OfPadded takes.
+  static constexpr std::size_t kReadable = 12;
+
+  // True for keys that only a comparison of the names themselves can tell apart.
+  bool is_long() const { return high == kLong; }
+  bool Equals(std::uint64_t other_low, std::uint32_t other_high) const {
+    return low == other_low && high == other_high;
+  }
+
+  static NameKey Of(std::string_view name);
+  // The same for a name behind whose start kReadable bytes may be read, whatever its length:
+  // copying a length that is known only now to a buffer and loading that back stalls the processor
+  // for longer than all the rest of a lookup.
+  static NameKey OfPadded(std::string_view name) {
+    return IsShort(name) ? OfShort(name.data(), name.size()) : OfLong(name);
+  }
+  // Whether two such names are the same.
+  static bool AreSamePadded(std::string_view name, std::string_view other) {
+    if (name.size() != other.size()) return false;
+    if (name.size() > kInline) return name == other;
+    const Words a(name.data());
+    const Words b(other.data());
+    const Mask& mask = kMasks[name.size()];
+    return (((a.low ^ b.low) & mask.low) | ((a.high ^ b.high) & mask.high)) == 0;
+  }
+
+  static NameKey OfParts(std::uint64_t low, std::uint32_t high) {
+    return {low, high, Mix(low, high)};
+  }
+
+ private:
+  // A name that ends in a NUL would look like a shorter one in its padded slot.
+  static bool IsShort(std::string_view name) {
+    return name.size() <= kInline && (name.empty() || name.back() != '\0');
+  }
+  static NameKey OfLong(std::string_view name);
+  static NameKey OfShort(const char* p, std::size_t size) {
+    const Words words(p);
+    const Mask& mask = kMasks[size];
+    return OfParts(words.low & mask.low, words.high & mask.high);
+  }
+  static std::uint32_t Mix(std::uint64_t low, std::uint32_t high) {
+    std::uint64_t hash = (low ^ 0x9E3779B97F4A7C15ull) * 0xD6E8FEB86659FD93ull;
+    hash = ((hash ^ (hash >> 32)) + high) * 0x9E3779B97F4A7C15ull;
+    return static_cast<std::uint32_t>(hash ^ (hash >> 32));
+  }
+
+  struct Words {
+    explicit Words(const char* p) {
+      std::memcpy(&low, p, sizeof low);
+      std::memcpy(&high, p + sizeof low, sizeof high);
+    }
+    std::uint64_t low;
+    std::uint32_t high;
+  };
+
+  // What belongs to a name of that many bytes. Looked up, because lengths that vary would mislead
+  // the processor's guesses.
+  struct Mask {
+    std::uint64_t low;
+    std::uint32_t high;
+  };
+  static constexpr std::array<Mask, kInline + 1> kMasks = [] {
+    std::array<Mask, kInline + 1> masks{};
+    for (std::size_t size = 0; size <= kInline; ++size) {
+      for (std::size_t i = 0; i < size; ++i) {
+        if (i < 8) {
+          masks[size].low |= std::uint64_t{0xFF} << (8 * i);
+        } else {
+          masks[size].high |= std::uint32_t{0xFF} << (8 * (i - 8));
+        }
+      }
+    }
+    return masks;
+  }();
+};
+
+}  // namespace quarvel

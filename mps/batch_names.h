@@ -1,0 +1,66 @@
+// The names that a batch of lines will look up.
+//
+// Rows come in any order, so that finding a row's name waits for memory longer than all else a line
+// takes. When a batch has been taken apart, the keys of its names are made and the slots where they
+// are looked for are asked for, all of them side by side; when the lines are used a moment later,
+// the slots are there. A name too long for its slot is compared with the record, so the record and
+// then its text are asked for too.
+//
+// All of this only hints. A line that a host's events change the meaning of, or a new section in
+// the middle of a batch, finds its names where they are then.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "model/model_data.h"
+#include "model/name_key.h"
+#include "mps/line_batch.h"
+#include "mps/section.h"
+
+namespace quarvel {
+
+// What is known of a line's names.
+class LineNames {
+ public:
+  // The key of that token, null when it has not been made.
+  const NameKey* Find(std::size_t token) const {
+    return (known_ >> token & 1) != 0 ? &keys_[token - 1] : nullptr;
+  }
+  // True when the first token is that of the line before.
+  bool goes_on() const { return (known_ & 1) != 0; }
+
+  void Clear(bool goes_on) { known_ = unsigned{goes_on}; }
+  void Set(std::size_t token, const NameKey& key) {
+    known_ |= 1u << token;
+    keys_[token - 1] = key;
+  }
+
+ private:
+  std::array<NameKey, TokenList::kKept> keys_;
+  unsigned known_ = 0;  // bit i stands for token i
+};
+
+class BatchNames {
+ public:
+  // Makes the keys of a batch that stands in that section and asks for what they lead to.
+  void Announce(const LineBatch& batch, Section section, const ModelData& data);
+
+  const LineNames& operator[](std::size_t line) const { return names_[line]; }
+
+ private:
+  void AnnounceRows(const LineBatch& batch, const NameIndex& rows);
+  void AnnounceColumns(const LineBatch& batch, const NameIndex& columns);
+  void Announce(std::size_t line, const TokenList& tokens, std::size_t token,
+                const NameIndex& index);
+  template <class Record>
+  void AnnounceRecords(const LineBatch& batch, const NameIndex& index,
+                       const OneBased<Record>& records) const;
+
+  std::array<LineNames, LineBatch::kMost> names_;
+  // Whether a key of this batch is compared with records.
+  bool long_names_ = false;
+};
+
+}  // namespace quarvel

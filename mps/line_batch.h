@@ -1,0 +1,46 @@
+// Lines taken apart ahead of their use.
+//
+// A reader that finishes one line before it looks at the next waits for memory at every name. So
+// the lines that are in memory already are split a batch at a time, which tells the names of all of
+// them before the first is looked up. Nothing of the model is touched and no event runs meanwhile.
+//
+// Only plain lines come in batches: ASCII, at most kLongest bytes, with their line end in memory.
+// Any other line is LineReader::Next's, and the batch ends before it.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "model/name_key.h"
+#include "mps/line_reader.h"
+#include "mps/tokens.h"
+
+namespace quarvel {
+
+struct PlainLine {
+  const char* text = nullptr;
+  std::size_t size = 0;
+  TokenList tokens;  // in upper case
+};
+
+class LineBatch {
+ public:
+  static constexpr std::size_t kMost = 32;
+  static constexpr std::size_t kLongest = 63;
+  // So many bytes behind the start of each token may be read.
+  static constexpr std::size_t kReadable = LineReader::kPadding;
+
+  // Takes the plain lines that come next, none when the next line is another. The lines before must
+  // be done with.
+  void Fill(LineReader& reader);
+
+  std::size_t size() const { return size_; }
+  const PlainLine& operator[](std::size_t place) const { return lines_[place]; }
+
+ private:
+  std::array<PlainLine, kMost> lines_;
+  std::size_t size_ = 0;
+};
+
+}  // namespace quarvel

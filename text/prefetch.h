@@ -1,0 +1,25 @@
+// A hint to the processor: bytes that will be read soon. Work on many unrelated places of memory
+// waits for one after the other unless they are asked for ahead.
+#pragma once
+
+namespace quarvel::text {
+
+// Asks for the cache line at `place`. Never fails, wherever that points.
+inline void Prefetch(const void* place) {
+#if defined(__GNUC__)
+  __builtin_prefetch(place);
+#else
+  static_cast<void>(place);
+#endif
+}
+
+// The same for bytes that will be written.
+inline void PrefetchForWriting(const void* place) {
+#if defined(__GNUC__)
+  __builtin_prefetch(place, 1);
+#else
+  static_cast<void>(place);
+#endif
+}
+
+}  // namespace quarvel::text
