@@ -197,6 +197,8 @@ class LPModel {
   std::unique_ptr<platform::Form>& window(WindowSlot slot) {
     return windows_[static_cast<std::size_t>(slot)];
   }
+  // A read or a simplification is going on (model/model_view.h).
+  bool IsBeingRebuilt() const { return rebuilds_ > 0; }
   // Empties the model; the binding-row indexes stay as they were.
   void ClearModel();
   // The deletion routines, on 1-based numbers.
@@ -206,6 +208,7 @@ class LPModel {
 
  private:
   friend class Simplifier;
+  friend class ViewPause;
 
   ModelData& Settled() const {
     if (!IsSettled(data_)) Settle(data_);
@@ -238,6 +241,7 @@ class LPModel {
   platform::Desktop& desktop_;
   mutable ModelData data_;  // mutable: work that was put off is done by whoever looks first
   std::array<std::unique_ptr<platform::Form>, kWindowSlots> windows_;
+  int rebuilds_ = 0;
   std::unique_ptr<platform::OutputFile> log_;  // open while data_.LogFileNumber is not 0
 };
 

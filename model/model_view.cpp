@@ -11,12 +11,15 @@ ModelView* OpenView(LPModel& model) {
   return form != nullptr && form->IsShowing() ? static_cast<ModelView*>(form) : nullptr;
 }
 
-ViewPause::ViewPause(LPModel& model) : view_(OpenView(model)) {
+ViewPause::ViewPause(LPModel& model) : model_(model), view_(OpenView(model)) {
+  ++model_.rebuilds_;
   if (view_ != nullptr) view_->Pause();
 }
 
 // The window may have been closed meanwhile; its object lives as long as the model.
 void ViewPause::End() {
+  if (std::exchange(ended_, true)) return;
+  --model_.rebuilds_;
   if (view_ != nullptr) std::exchange(view_, nullptr)->Resume();
 }
 

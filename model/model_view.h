@@ -22,7 +22,7 @@ class ModelView : public platform::Form {
 // The model's window while it is on the screen, else null.
 ModelView* OpenView(LPModel& model);
 
-// Pauses the open window of a model for a scope, or until End.
+// Marks the model as being rebuilt and pauses its open window, for a scope or until End.
 class ViewPause {
  public:
   explicit ViewPause(LPModel& model);
@@ -32,7 +32,9 @@ class ViewPause {
   void End();
 
  private:
+  LPModel& model_;
   ModelView* view_;
+  bool ended_ = false;
 };
 
 }  // namespace quarvel

@@ -18,6 +18,10 @@ namespace quarvel::text {
 std::string GeneralText(double value);
 void AppendGeneralText(std::string& out, double value);
 
+// The shortest text that reads back to the same double: the general text where that does, else with
+// the 16th and 17th digit. For boxes whose text is taken back: what nobody touched does not change.
+std::string RoundTripText(double value);
+
 // Decimal digits with a leading "-" when negative, no padding.
 std::string IntegerText(std::int64_t value);
 

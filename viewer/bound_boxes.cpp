@@ -23,7 +23,7 @@ BoundBoxes::BoundBoxes(platform::Form& form, int top)
   lblUpper.access_key = 'U';
 }
 
-void BoundBoxes::Put(TextBox& box, double bound) { box.set_text(text::GeneralText(bound)); }
+void BoundBoxes::Put(TextBox& box, double bound) { box.set_text(text::RoundTripText(bound)); }
 
 double BoundBoxes::Get(const TextBox& box) { return text::ParseNumber(box.text()).value_or(0); }
 

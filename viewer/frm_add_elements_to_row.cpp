@@ -43,9 +43,10 @@ void frmAddElementsToRow::Begin(std::int32_t row, LPModel& model) {
   }
   model_ = &model;
   row_ = row;
+  row_name_ = model.RowName(row);
   FindAbsentColumns();
   fgrdCols.set_rows(static_cast<int>(absent_.size()) + 1);
-  set_caption("Add Elements to Row " + model.RowName(row));
+  set_caption("Add Elements to Row " + row_name_);
   fgrdCols.set_current_row(0);
   ShowModal();
 }
@@ -84,18 +85,35 @@ std::optional<std::int32_t> frmAddElementsToRow::ChosenColumn() const {
 }
 
 void frmAddElementsToRow::Accept() {
+  if (model_ == nullptr) return;
   LPModel& model = *model_;
   const auto column = ChosenColumn();
   if (!column) {
     desktop().MsgBox("Please select a column", MsgBoxStyle::kOk);
     return;
   }
+  const std::string column_name = model.ColName(*column);
   const auto value = AskValue(*column);
   if (!value || model_ == nullptr) return;
   WarnOfLongValue(desktop(), *value);
   if (model_ == nullptr) return;
-  model.AddElement(row_, *column, *value);
+  if (AreStillThere(*column, column_name)) {
+    model.AddElement(row_, *column, *value);
+  } else {
+    desktop().MsgBox("Please select a column", MsgBoxStyle::kOk);
+  }
   Unload();
+}
+
+bool frmAddElementsToRow::AreStillThere(std::int32_t column, const std::string& column_name) const {
+  if (!InRange(row_, model_->NumberOfRows()) || model_->RowName(row_) != row_name_) return false;
+  if (!InRange(column, model_->NumberOfColumns())) return false;
+  if (model_->ColName(column) != column_name) return false;
+  const std::int32_t elements = model_->RowNumberElements(row_);
+  for (std::int32_t k = 0; k < elements; ++k) {
+    if (model_->RowElementCol(row_, k) == column) return false;
+  }
+  return true;
 }
 
 std::optional<double> frmAddElementsToRow::AskValue(std::int32_t column) {

@@ -35,7 +35,6 @@ frmSetColBounds::frmSetColBounds(platform::Desktop& desktop)
 
 void frmSetColBounds::ShowBounds(LPModel& model, std::int32_t column) {
   if (IsShowing()) RaiseRunTimeError(RunTimeError::kFormAlreadyDisplayed);
-  const std::string name = model.ColName(column);
   const std::string type = model.ColType(column);
   if (type != "R" && type != "I") {
     desktop().MsgBox("Invalid Column Type specified", MsgBoxStyle::kOk);
@@ -44,7 +43,8 @@ void frmSetColBounds::ShowBounds(LPModel& model, std::int32_t column) {
   }
   model_ = &model;
   column_ = column;
-  lblColumn.set_caption("Column " + name);
+  name_ = model.ColName(column);
+  lblColumn.set_caption("Column " + name_);
   (type == "R" ? optR : optI).set_value(true);
   BoundBoxes::Put(bounds.txtLwrBnd, model.ColLowerBound(column));
   BoundBoxes::Put(bounds.txtUprBnd, model.ColUpperBound(column));
@@ -52,21 +52,24 @@ void frmSetColBounds::ShowBounds(LPModel& model, std::int32_t column) {
 }
 
 void frmSetColBounds::Accept() {
+  if (model_ == nullptr) return;
   LPModel& model = *model_;
   if (!bounds.BothAreNumbers()) return;
   if (BoundBoxes::Get(bounds.txtLwrBnd) > BoundBoxes::Get(bounds.txtUprBnd)) bounds.Reverse();
   bounds.HoldWithinLimit();
-  // The boxes may have let a host in, which closed the dialog or deleted the column.
-  if (model_ == nullptr) return;
-  if (!InRange(column_, model.NumberOfColumns())) {
-    desktop().MsgBox("No Column Selected", MsgBoxStyle::kOk);
-    Unload();
-    return;
-  }
+  if (!HasColumn()) return;
   model.SetColType(column_, optI.value() ? "I" : "R");
   model.SetColUpperBound(column_, BoundBoxes::Get(bounds.txtUprBnd));
   model.SetColLowerBound(column_, BoundBoxes::Get(bounds.txtLwrBnd));
   Unload();
+}
+
+bool frmSetColBounds::HasColumn() {
+  if (model_ == nullptr) return false;
+  if (InRange(column_, model_->NumberOfColumns()) && model_->ColName(column_) == name_) return true;
+  desktop().MsgBox("No Column Selected", MsgBoxStyle::kOk);
+  Unload();
+  return false;
 }
 
 }  // namespace quarvel

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "platform/basic_controls.h"
 #include "platform/form.h"
@@ -32,9 +33,12 @@ class frmSetColBounds : public platform::Form {
 
  private:
   void Accept();
+  // False when a host has deleted the column under a box, or closed the dialog; it is closed then.
+  bool HasColumn();
 
   LPModel* model_ = nullptr;
   std::int32_t column_ = 0;
+  std::string name_;
 };
 
 }  // namespace quarvel

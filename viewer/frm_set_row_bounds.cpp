@@ -61,7 +61,6 @@ OptionButton* frmSetRowBounds::OptionOf(std::string_view type) {
 
 void frmSetRowBounds::ShowBounds(LPModel& model, std::int32_t row) {
   if (IsShowing()) RaiseRunTimeError(RunTimeError::kFormAlreadyDisplayed);
-  const std::string name = model.RowName(row);
   OptionButton* const option = OptionOf(model.RowType(row));
   if (option == nullptr) {
     desktop().MsgBox("Invalid Bound Type specified", MsgBoxStyle::kOk);
@@ -70,7 +69,8 @@ void frmSetRowBounds::ShowBounds(LPModel& model, std::int32_t row) {
   }
   model_ = &model;
   row_ = row;
-  lblRow.set_caption("Row " + name);
+  name_ = model.RowName(row);
+  lblRow.set_caption("Row " + name_);
   option->set_value(true);
   BoundBoxes::Put(bounds.txtLwrBnd, model.RowLowerBound(row));
   BoundBoxes::Put(bounds.txtUprBnd, model.RowUpperBound(row));
@@ -78,21 +78,25 @@ void frmSetRowBounds::ShowBounds(LPModel& model, std::int32_t row) {
 }
 
 void frmSetRowBounds::Accept() {
+  if (model_ == nullptr) return;
   LPModel& model = *model_;
   if (!bounds.BothAreNumbers()) return;
   if (optR.value()) CheckRange();
-  // The boxes may have let a host in, which closed the dialog or deleted the row.
-  if (model_ == nullptr) return;
-  if (!InRange(row_, model.NumberOfRows())) {
-    desktop().MsgBox("No Row Selected", MsgBoxStyle::kOk);
-    Unload();
-    return;
-  }
+  if (!HasRow()) return;
   StoreType();
   bounds.HoldWithinLimit();
+  if (!HasRow()) return;
   model.SetRowUpperBound(row_, BoundBoxes::Get(bounds.txtUprBnd));
   model.SetRowLowerBound(row_, BoundBoxes::Get(bounds.txtLwrBnd));
   Unload();
+}
+
+bool frmSetRowBounds::HasRow() {
+  if (model_ == nullptr) return false;
+  if (InRange(row_, model_->NumberOfRows()) && model_->RowName(row_) == name_) return true;
+  desktop().MsgBox("No Row Selected", MsgBoxStyle::kOk);
+  Unload();
+  return false;
 }
 
 void frmSetRowBounds::CheckRange() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "platform/basic_controls.h"
 #include "platform/form.h"
@@ -36,6 +37,8 @@ class frmSetRowBounds : public platform::Form {
  private:
   platform::OptionButton* OptionOf(std::string_view type);
   void Accept();
+  // False when a host has deleted the row under a box, or closed the dialog; it is closed then.
+  bool HasRow();
   // Puts the two bounds of a range in order, or makes an equality of it.
   void CheckRange();
   // The type that is selected, with what it means for the boxes.
@@ -43,6 +46,7 @@ class frmSetRowBounds : public platform::Form {
 
   LPModel* model_ = nullptr;
   std::int32_t row_ = 0;
+  std::string name_;
 };
 
 }  // namespace quarvel

@@ -118,18 +118,29 @@ void frmViewEquations::SetRedraw(bool redraw) {
 
 void frmViewEquations::OnLoad() {
   long_name_warned_ = false;
+  rows.list.chkInvert.set_checked(false);
+  columns.list.chkInvert.set_checked(false);
   LoadSequence();
 }
 
 bool frmViewEquations::OnQueryUnload(platform::UnloadReason) {
   if (pauses_ > 0) return false;
-  if (parent_ == nullptr || !editing_) return true;
-  return OfferToSave();
+  if (parent_ != nullptr && editing_ && !OfferToSave()) return false;
+  CloseDialogs();
+  return true;
+}
+
+// They stand over this window and work on its model.
+void frmViewEquations::CloseDialogs() {
+  row_bounds.Unload();
+  col_bounds.Unload();
+  add_elements.Unload();
 }
 
 void frmViewEquations::OnUnload() {
   LPModel* const parent = std::exchange(parent_, nullptr);
   refresh_wanted_ = false;
+  CloseDialogs();
   Empty();
   if (parent != nullptr) parent->frmViewEquationsIsShowing(false);
 }
@@ -142,8 +153,6 @@ void frmViewEquations::LoadSequence() {
   rows.list.cboShowOnly.set_items({"show all", "non-binding/objectives", "constraints", "less than",
                                    "greater than", "ranges", "equalities"});
   columns.list.cboShowOnly.set_items({"show all", "real", "integer"});
-  rows.list.chkInvert.set_checked(false);
-  columns.list.chkInvert.set_checked(false);
   rows.SetWidths();
   columns.SetWidths();
   if (parent_->NumberOfRows() >= 1 && parent_->NumberOfColumns() > 0) {
@@ -162,13 +171,16 @@ void frmViewEquations::LoadSequence() {
   UpdateMenus();
   txtName.set_text(parent_->ModelName());
   txtDescription.set_text(parent_->ModelDescription());
+  boxes_filled_ = true;
 }
 
 void frmViewEquations::Empty() {
+  boxes_filled_ = false;
   txtName.set_text("");
   txtDescription.set_text("");
   EmptyRows();
   EmptyColumns();
+  UpdateMenus();
 }
 
 // A model that came up empty has lists that keep nothing; what the edit has added must be seen.

@@ -75,11 +75,16 @@ class frmViewEquations : public ModelView {
     bool edits;  // does nothing without editing, however it was reached
     void (frmViewEquations::*run)();
   };
-  // A coefficient by its public numbers: its row and column, and its place in the row's list.
+  // A row or column that a command has named to the user.
+  struct Named {
+    std::int32_t number;
+    std::string name;
+  };
+  // A coefficient: its row and column, and its place in the row's list.
   struct Element {
-    std::int32_t row;
-    std::int32_t column;
-    std::int32_t row_element;
+    Named row;
+    Named column;
+    std::int32_t place;
   };
 
   // --- life and filling (frm_view_equations.cpp) ---
@@ -89,6 +94,7 @@ class frmViewEquations : public ModelView {
   bool IsReady() const { return parent_ != nullptr && pauses_ == 0; }
   void LoadSequence();
   void Empty();
+  void CloseDialogs();
   // After an edit: both lists, rows first.
   void Refill();
   void TurnPage();
@@ -119,8 +125,14 @@ class frmViewEquations : public ModelView {
   // What is selected and still in the model. Elements: on the Rows tab, on the Columns tab.
   std::optional<std::int32_t> SelectedRow() const;
   std::optional<std::int32_t> SelectedColumn() const;
+  std::optional<Named> NamedRow() const;
+  std::optional<Named> NamedColumn() const;
   std::optional<Element> SelectedElementOfRow() const;
   std::optional<Element> SelectedElementOfColumn() const;
+  // A host may have changed the model, or closed the window, under a box: only what was named is
+  // acted on.
+  bool IsStillRow(const Named& row) const;
+  bool IsStillColumn(const Named& column) const;
   bool IsStillThere(const Element& element) const;
 
   // --- commands ---
@@ -128,6 +140,8 @@ class frmViewEquations : public ModelView {
   void ConnectCommands();
   void Run(const Command& command);
   void Say(std::string_view text);
+  // What a command was about is gone: says so and shows what there is now.
+  void GiveUp(std::string_view text);
   bool ConfirmDeletion(const std::string& what);
   std::string AskName(std::string_view prompt, std::string_view refusal);
   void WarnOfLongName(std::string_view name);
@@ -166,6 +180,7 @@ class frmViewEquations : public ModelView {
   int pauses_ = 0;
   bool refresh_wanted_ = false;  // a refresh that came during a pause
   bool long_name_warned_ = false;
+  bool boxes_filled_ = false;     // name and description show the model's
   std::int32_t current_row_ = 0;  // 1-based, as last shown; 0 before
   std::int32_t current_column_ = 0;
   std::string tab_caption_;

@@ -22,7 +22,10 @@ void View(LPModel& model, bool editing, Show show) {
   frmViewEquations& viewer = Viewer(model);
   model.frmViewEquationsIsShowing(true);
   viewer.Parent(model);
-  viewer.EditMode(editing);
+  // What a read or a simplification is building, nobody else changes; a window that is open
+  // already is paused, and goes on afterwards as it was.
+  const bool rebuilt = model.IsBeingRebuilt();
+  if (!rebuilt || !viewer.IsShowing()) viewer.EditMode(editing && !rebuilt);
   try {
     show(viewer);
   } catch (...) {

@@ -1,6 +1,5 @@
 // The viewer's commands that add, rename, delete and change columns.
 
-#include "model/error_reports.h"
 #include "viewer/frm_view_equations.h"
 
 namespace quarvel {
@@ -26,25 +25,25 @@ void frmViewEquations::ColAdd() {
 
 void frmViewEquations::ColRename() {
   LPModel& model = *parent_;
-  const auto column = SelectedColumn();
+  const auto column = NamedColumn();
   if (!column) return Say(kNoColumn);
-  const std::string name = desktop().InputBox("Enter a name for this column",
-                                              platform::kDefaultTitle, model.ColName(*column));
+  const std::string name =
+      desktop().InputBox("Enter a name for this column", platform::kDefaultTitle, column->name);
   WarnOfLongName(name);
   if (!IsReady()) return;
-  if (!InRange(*column, model.NumberOfColumns())) return Say(kNoColumn);
-  model.SetColName(*column, name);
+  if (!IsStillColumn(*column)) return GiveUp(kNoColumn);
+  model.SetColName(column->number, name);
   if (IsReady()) Refill();
 }
 
 void frmViewEquations::ColDel() {
   LPModel& model = *parent_;
-  const auto column = SelectedColumn();
+  const auto column = NamedColumn();
   if (!column) return Say(kNoColumn);
-  if (!ConfirmDeletion("column " + model.ColName(*column))) return;
-  if (!InRange(*column, model.NumberOfColumns())) return Say(kNoColumn);
+  if (!ConfirmDeletion("column " + column->name)) return;
+  if (!IsStillColumn(*column)) return GiveUp(kNoColumn);
   const std::int32_t count = model.NumberOfColumns();
-  model.DeleteColumn(*column);
+  model.DeleteColumn(column->number);
   if (!IsReady()) return;
   // The number is another column's now, whose details begin at their first line.
   if (model.NumberOfColumns() != count) detail_column_ = -1;
@@ -52,9 +51,9 @@ void frmViewEquations::ColDel() {
 }
 
 void frmViewEquations::ColChangeTypeBnd() {
-  const auto column = SelectedColumn();
+  const auto column = NamedColumn();
   if (!column) return Say(kNoColumn);
-  col_bounds.ShowBounds(*parent_, *column);
+  col_bounds.ShowBounds(*parent_, column->number);
   if (IsReady()) Refill();
 }
 

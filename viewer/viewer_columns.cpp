@@ -9,7 +9,7 @@
 namespace quarvel {
 namespace {
 
-using text::GeneralText;
+using text::RoundTripText;
 
 std::string TypeWord(std::string_view type) {
   if (type == "R") return "real";
@@ -92,8 +92,8 @@ void frmViewEquations::ClearColumnDetail() {
 void frmViewEquations::ShowEquation() {
   const auto element = SelectedElementOfColumn();
   if (!element) return columns.txtColsEqn.set_text("");
-  columns.txtColsEqn.set_text(parent_->RowName(element->row) + ":  " +
-                              parent_->RowEquation(element->row));
+  columns.txtColsEqn.set_text(element->row.name + ":  " +
+                              parent_->RowEquation(element->row.number));
 }
 
 std::string frmViewEquations::ColsCell(int line, int column) const {
@@ -111,11 +111,11 @@ std::string frmViewEquations::ColsBoundsCell(int column) const {
   if (parent_ == nullptr || detail_column_ < 0) return "";
   switch (column) {
     case 0:
-      return GeneralText(parent_->ColLowerBound(detail_column_));
+      return RoundTripText(parent_->ColLowerBound(detail_column_));
     case 1:
       return "<= " + parent_->ColName(detail_column_) + " <=";
     default:
-      return GeneralText(parent_->ColUpperBound(detail_column_));
+      return RoundTripText(parent_->ColUpperBound(detail_column_));
   }
 }
 
@@ -133,13 +133,24 @@ std::optional<frmViewEquations::Element> frmViewEquations::SelectedElementOfColu
   const std::int32_t row = parent_->ColElementrow(*column, e);
   const auto place = PlaceInRow(*parent_, row, *column);
   if (!place) return std::nullopt;
-  return Element{row, *column, *place};
+  return Element{{row, parent_->RowName(row)}, {*column, parent_->ColName(*column)}, *place};
+}
+
+std::optional<frmViewEquations::Named> frmViewEquations::NamedColumn() const {
+  const auto column = SelectedColumn();
+  if (!column) return std::nullopt;
+  return Named{*column, parent_->ColName(*column)};
+}
+
+bool frmViewEquations::IsStillColumn(const Named& column) const {
+  return IsReady() && InRange(column.number, parent_->NumberOfColumns()) &&
+         parent_->ColName(column.number) == column.name;
 }
 
 void frmViewEquations::GoToRow() {
   const auto element = SelectedElementOfColumn();
   if (!element) return;
-  const auto place = rows.list.filter.PlaceOf(element->row);
+  const auto place = rows.list.filter.PlaceOf(element->row.number);
   if (!place) return;
   sstViewEqns.set_current(kRowsPage);
   rows.list.grid.set_current_row(*place);

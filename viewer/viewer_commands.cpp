@@ -62,6 +62,11 @@ void frmViewEquations::Run(const Command& command) {
 
 void frmViewEquations::Say(std::string_view text) { desktop().MsgBox(text, MsgBoxStyle::kOk); }
 
+void frmViewEquations::GiveUp(std::string_view text) {
+  Say(text);
+  if (IsReady()) Refill();
+}
+
 bool frmViewEquations::ConfirmDeletion(const std::string& what) {
   const MsgBoxResult answer = desktop().MsgBox("Are you sure you want delete " + what + "?",
                                                MsgBoxStyle::kYesNo, "Confirm Deletion");

@@ -7,7 +7,7 @@
 namespace quarvel {
 namespace {
 
-using text::GeneralText;
+using text::RoundTripText;
 
 constexpr std::string_view kNoElementOfRow =
     "Please first click on a row and an element in that row";
@@ -21,12 +21,11 @@ void frmViewEquations::RowDelEle() {
   LPModel& model = *parent_;
   const auto element = SelectedElementOfRow();
   if (!element) return Say(kNoElementOfRow);
-  if (!ConfirmDeletion("element " + model.ColName(element->column) + " from row " +
-                       model.RowName(element->row))) {
+  if (!ConfirmDeletion("element " + element->column.name + " from row " + element->row.name)) {
     return;
   }
-  if (!IsStillThere(*element)) return Say(kNoElementOfRow);
-  model.DeleteElement(element->row, element->row_element);
+  if (!IsStillThere(*element)) return GiveUp(kNoElementOfRow);
+  model.DeleteElement(element->row.number, element->place);
   Refill();
 }
 
@@ -34,12 +33,11 @@ void frmViewEquations::ColDelEle() {
   LPModel& model = *parent_;
   const auto element = SelectedElementOfColumn();
   if (!element) return Say(kNoElementOfColumn);
-  if (!ConfirmDeletion("element " + model.RowName(element->row) + " from column " +
-                       model.ColName(element->column))) {
+  if (!ConfirmDeletion("element " + element->row.name + " from column " + element->column.name)) {
     return;
   }
-  if (!IsStillThere(*element)) return Say(kNoElementOfColumn);
-  model.DeleteElement(element->row, element->row_element);
+  if (!IsStillThere(*element)) return GiveUp(kNoElementOfColumn);
+  model.DeleteElement(element->row.number, element->place);
   Refill();
 }
 
@@ -50,9 +48,9 @@ void frmViewEquations::RowChangeEle() {
   const auto element = SelectedElementOfColumn();
   if (!element) return Say(kNoElementOfRow);
   const std::string entered = desktop().InputBox(
-      "Enter a new value for element " + model.ColName(element->column) + " in row " +
-          model.RowName(element->row) + "?  Entering 0 will delete this element from the row.",
-      kChangeTitle, GeneralText(model.RowElementValue(element->row, element->row_element)));
+      "Enter a new value for element " + element->column.name + " in row " + element->row.name +
+          "?  Entering 0 will delete this element from the row.",
+      kChangeTitle, RoundTripText(model.RowElementValue(element->row.number, element->place)));
   if (entered.empty() || !IsReady()) return;
   const auto value = text::ParseNumber(entered);
   if (!value) return Say("Error: Please enter a numeric value");
@@ -66,26 +64,26 @@ void frmViewEquations::ColChangeEle() {
   LPModel& model = *parent_;
   const auto element = SelectedElementOfColumn();
   if (!element) return Say(kNoElementOfRow);
-  const std::string entered =
-      desktop().InputBox("Enter a new value for element " + model.ColName(element->column) +
-                             " in row " + model.RowName(element->row) + "?",
-                         kChangeTitle, "");
+  const std::string entered = desktop().InputBox(
+      "Enter a new value for element " + element->column.name + " in row " + element->row.name +
+          "?",
+      kChangeTitle, RoundTripText(model.RowElementValue(element->row.number, element->place)));
   if (entered.empty() || !IsReady()) return;
-  if (!IsStillThere(*element)) return Say(kNoElementOfRow);
-  const double lower = model.ColLowerBound(element->column);
-  const double upper = model.ColUpperBound(element->column);
+  if (!IsStillThere(*element)) return GiveUp(kNoElementOfRow);
+  const double lower = model.ColLowerBound(element->column.number);
+  const double upper = model.ColUpperBound(element->column.number);
   const auto value = text::ParseNumber(entered);
   if (!value || *value < lower || *value > upper) {
-    return Say("Please enter a number between " + GeneralText(lower) + " and " +
-               GeneralText(upper) + ".");
+    return Say("Please enter a number between " + RoundTripText(lower) + " and " +
+               RoundTripText(upper) + ".");
   }
   StoreValue(*element, *value);
 }
 
 void frmViewEquations::StoreValue(const Element& element, double value) {
   if (!IsReady()) return;
-  if (!IsStillThere(element)) return Say(kNoElementOfRow);
-  parent_->SetRowElementValue(element.row, element.row_element, value);
+  if (!IsStillThere(element)) return GiveUp(kNoElementOfRow);
+  parent_->SetRowElementValue(element.row.number, element.place, value);
   Refill();
   ShowEquation();
 }

@@ -37,8 +37,10 @@ bool frmViewEquations::HasElementsToSave() {
 bool frmViewEquations::Save() {
   LPModel& model = *parent_;
   if (!HasElementsToSave() || !IsReady()) return false;
-  model.SetModelName(txtName.text());
-  model.SetModelDescription(txtDescription.text());
+  if (boxes_filled_) {
+    model.SetModelName(txtName.text());
+    model.SetModelDescription(txtDescription.text());
+  }
   Simplify();
   if (!IsReady()) return false;
   const bool done =

@@ -1,6 +1,5 @@
 // The viewer's commands that add, rename, delete and change rows.
 
-#include "model/error_reports.h"
 #include "viewer/frm_view_equations.h"
 
 namespace quarvel {
@@ -26,25 +25,25 @@ void frmViewEquations::RowAdd() {
 
 void frmViewEquations::RowRename() {
   LPModel& model = *parent_;
-  const auto row = SelectedRow();
+  const auto row = NamedRow();
   if (!row) return Say(kNoRow);
   const std::string name =
-      desktop().InputBox("Enter a name for this row", platform::kDefaultTitle, model.RowName(*row));
+      desktop().InputBox("Enter a name for this row", platform::kDefaultTitle, row->name);
   WarnOfLongName(name);
   if (!IsReady()) return;
-  if (!InRange(*row, model.NumberOfRows())) return Say(kNoRow);
-  model.SetRowName(*row, name);
+  if (!IsStillRow(*row)) return GiveUp(kNoRow);
+  model.SetRowName(row->number, name);
   if (IsReady()) Refill();
 }
 
 void frmViewEquations::RowDel() {
   LPModel& model = *parent_;
-  const auto row = SelectedRow();
+  const auto row = NamedRow();
   if (!row) return Say(kNoRow);
-  if (!ConfirmDeletion("row " + model.RowName(*row))) return;
-  if (!InRange(*row, model.NumberOfRows())) return Say(kNoRow);
+  if (!ConfirmDeletion("row " + row->name)) return;
+  if (!IsStillRow(*row)) return GiveUp(kNoRow);
   const std::int32_t count = model.NumberOfRows();
-  model.DeleteRow(*row);
+  model.DeleteRow(row->number);
   if (!IsReady()) return;
   // The number is another row's now, whose details begin at their first line.
   if (model.NumberOfRows() != count) detail_row_ = -1;
@@ -52,16 +51,16 @@ void frmViewEquations::RowDel() {
 }
 
 void frmViewEquations::RowAddEle() {
-  const auto row = SelectedRow();
+  const auto row = NamedRow();
   if (!row) return Say(kNoRow);
-  add_elements.Begin(*row, *parent_);
+  add_elements.Begin(row->number, *parent_);
   if (IsReady()) Refill();
 }
 
 void frmViewEquations::RowChangeBnd() {
-  const auto row = SelectedRow();
+  const auto row = NamedRow();
   if (!row) return Say(kNoRow);
-  row_bounds.ShowBounds(*parent_, *row);
+  row_bounds.ShowBounds(*parent_, row->number);
   if (IsReady()) Refill();
 }
 

@@ -9,7 +9,7 @@
 namespace quarvel {
 namespace {
 
-using text::GeneralText;
+using text::RoundTripText;
 
 std::string TypeWord(std::string_view type) {
   if (type == "E") return "equality";
@@ -90,14 +90,14 @@ std::string frmViewEquations::RowsCell(int line, int column) const {
 std::string frmViewEquations::RowsVarsCell(int line, int column) const {
   if (parent_ == nullptr || detail_row_ < 0) return "";
   if (column == 0) return parent_->ColName(parent_->RowElementCol(detail_row_, line));
-  return GeneralText(parent_->RowElementValue(detail_row_, line));
+  return RoundTripText(parent_->RowElementValue(detail_row_, line));
 }
 
 std::string frmViewEquations::RowsTypeCell() const {
   if (parent_ == nullptr || detail_row_ < 0) return "";
   const std::string type = parent_->RowType(detail_row_);
-  const std::string lower = GeneralText(parent_->RowLowerBound(detail_row_));
-  const std::string upper = GeneralText(parent_->RowUpperBound(detail_row_));
+  const std::string lower = RoundTripText(parent_->RowLowerBound(detail_row_));
+  const std::string upper = RoundTripText(parent_->RowUpperBound(detail_row_));
   if (type == "N") return "Objective";
   if (type == "L") return "<=  " + upper;
   if (type == "G") return ">=  " + lower;
@@ -117,20 +117,31 @@ std::optional<frmViewEquations::Element> frmViewEquations::SelectedElementOfRow(
   if (!row || *row != detail_row_ || !InRange(k, parent_->RowNumberElements(*row))) {
     return std::nullopt;
   }
-  return Element{*row, parent_->RowElementCol(*row, k), k};
+  const std::int32_t column = parent_->RowElementCol(*row, k);
+  return Element{{*row, parent_->RowName(*row)}, {column, parent_->ColName(column)}, k};
+}
+
+std::optional<frmViewEquations::Named> frmViewEquations::NamedRow() const {
+  const auto row = SelectedRow();
+  if (!row) return std::nullopt;
+  return Named{*row, parent_->RowName(*row)};
+}
+
+bool frmViewEquations::IsStillRow(const Named& row) const {
+  return IsReady() && InRange(row.number, parent_->NumberOfRows()) &&
+         parent_->RowName(row.number) == row.name;
 }
 
 bool frmViewEquations::IsStillThere(const Element& element) const {
-  return InRange(element.row, parent_->NumberOfRows()) &&
-         InRange(element.column, parent_->NumberOfColumns()) &&
-         InRange(element.row_element, parent_->RowNumberElements(element.row)) &&
-         parent_->RowElementCol(element.row, element.row_element) == element.column;
+  return IsStillRow(element.row) && IsStillColumn(element.column) &&
+         InRange(element.place, parent_->RowNumberElements(element.row.number)) &&
+         parent_->RowElementCol(element.row.number, element.place) == element.column.number;
 }
 
 void frmViewEquations::GoToColumn() {
   const auto element = SelectedElementOfRow();
   if (!element) return;
-  const auto place = columns.list.filter.PlaceOf(element->column);
+  const auto place = columns.list.filter.PlaceOf(element->column.number);
   if (!place) return;
   sstViewEqns.set_current(kColumnsPage);
   columns.list.grid.set_current_row(*place);

@@ -90,6 +90,7 @@ void ScriptedDesktop::ShowFileDialog(FileDialog& dialog) {
   const char* const kind = dialog.kind == FileDialog::Kind::kOpen ? "open" : "save";
   const std::string asked =
       std::string("file ") + kind + " [" + dialog.title + "] " + dialog.filter;
+  if (const auto hook = on_file) hook(dialog);
   if (files.empty()) Unexpected(asked);
   dialog.file_name = TakeFront(files);
   Record(asked + " -> " + dialog.file_name);

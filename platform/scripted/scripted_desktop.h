@@ -42,6 +42,8 @@ class ScriptedDesktop : public Desktop {
   // The next chosen paths of file dialogs ("" cancels) and texts of input boxes.
   std::deque<std::string> files;
   std::deque<std::string> inputs;
+  // Called while a file dialog is up, before the next of `files` is taken.
+  std::function<void(FileDialog&)> on_file;
   // Called at every DoEvents with its number, 1 for the first.
   std::function<void(std::int64_t)> on_events;
   // Called for each turn of a waiting modal loop with the form on top. When it is not set, or has

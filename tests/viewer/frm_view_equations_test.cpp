@@ -300,11 +300,36 @@ TEST_F(ViewerTest, ComesUpEmptyWithoutRowsOrColumns) {
   });
 }
 
+TEST_F(ViewerTest, RefreshLeavesTheInvertBoxesAlone) {
+  BuildModel();
+  View([&] {
+    viewer().columns.list.chkInvert.Click();
+    viewer().RefreshForm();
+    EXPECT_TRUE(viewer().columns.list.chkInvert.checked());
+    EXPECT_EQ(ColumnNames(), Texts{});
+  });
+  View([&] { EXPECT_FALSE(viewer().columns.list.chkInvert.checked()); });
+}
+
+TEST_F(ViewerTest, ShowsNumbersThatReadBackToTheSameDouble) {
+  BuildModel();
+  model_.SetRowElementValue(0, 0, 0.1 + 0.2);
+  model_.SetColUpperBound(0, 1.0 / 3);
+  View([&] {
+    SelectRow("COST");
+    EXPECT_EQ(viewer().rows.fgrdRowsVars.Text(0, 1), "0.30000000000000004");
+    SelectColumn("X");
+    EXPECT_EQ(viewer().columns.fgrdColsBounds.Text(0, 2), "0.3333333333333333");
+    dialogs_.push_back([&](auto&) { viewer().col_bounds.cmdOK.Click(); });
+    Choose("mnuEditColChangeTypeBnd");
+  });
+  EXPECT_EQ(model_.ColUpperBound(0), 1.0 / 3);
+}
+
 TEST_F(ViewerTest, RefreshShowsTheModelAsItIs) {
   BuildModel();
   View([&] {
     viewer().columns.list.cboShowOnly.Select(2);
-    viewer().columns.list.chkInvert.Click();
     model_.SetModelName("OTHER");
     model_.SetModelDescription("changed");
     model_.SetColName(0, "NEW");

@@ -112,8 +112,122 @@ TEST_F(CallbackTest, WindowClosedUnderADialogEndsTheCommand) {
     });
     Choose("mnuEditRowChangeBnd");
     EXPECT_FALSE(viewer().IsShowing());
-    EXPECT_EQ(model_.RowUpperBound(1), 5);
+    EXPECT_FALSE(viewer().row_bounds.IsShowing());
+    EXPECT_EQ(model_.RowUpperBound(1), 4);
   });
+}
+
+TEST_F(CallbackTest, CommandNeverActsOnAnotherLineThanItNamed) {
+  struct {
+    const char* command;
+    bool is_row;
+    const char* box;
+  } const kCases[] = {{"mnuEditRowDel", true, "Are you sure"},
+                      {"mnuEditColDel", false, "Are you sure"},
+                      {"mnuEditRowRename", true, "The name you entered"},
+                      {"mnuEditColRename", false, "The name you entered"}};
+  for (const auto& c : kCases) {
+    BuildModel();
+    View([&] {
+      SelectRow("LIM");
+      SelectColumn("Y");
+      TurnTo(c.is_row ? frmViewEquations::kRowsPage : frmViewEquations::kColumnsPage);
+      AtBox(c.box, [&] { c.is_row ? model_.DeleteRow(0) : model_.DeleteColumn(0); });
+      desktop_.answers = {kYes};
+      desktop_.inputs = {"LONGER_NAME"};
+      Choose(c.command);
+      EXPECT_EQ(Boxes().back(), c.is_row ? "No Row Selected" : "No Column Selected") << c.command;
+      EXPECT_EQ((c.is_row ? RowNames() : ColumnNames())[0], c.is_row ? "LIM" : "Y") << c.command;
+      EXPECT_EQ((c.is_row ? RowNames() : ColumnNames())[1], c.is_row ? "LOW" : "Z") << c.command;
+      desktop_.inputs.clear();
+    });
+    model_.ClearModel();
+    desktop_.Clear();
+  }
+}
+
+TEST_F(CallbackTest, DialogNeverWritesToAnotherLineThanItNamed) {
+  With([&] {
+    SelectRow("LIM");
+    SelectColumn("X");
+    dialogs_ = {[&](auto&) {
+                  model_.DeleteRow(0);
+                  viewer().row_bounds.cmdOK.Click();
+                },
+                [&](auto&) {
+                  viewer().col_bounds.bounds.txtUprBnd.Type("-3");
+                  AtBox("Bounds were reversed", [&] { model_.DeleteColumn(0); });
+                  viewer().col_bounds.cmdOK.Click();
+                }};
+    TurnTo(frmViewEquations::kRowsPage);
+    Choose("mnuEditRowChangeBnd");
+    ASSERT_EQ(Boxes(), Texts{"No Row Selected"});
+    EXPECT_EQ(RowText(1).substr(0, 5), "LOW G");
+    TurnTo(frmViewEquations::kColumnsPage);
+    Choose("mnuEditColChangeTypeBnd");
+    EXPECT_EQ(Boxes().back(), "No Column Selected");
+    EXPECT_EQ(ColumnText(0).substr(0, 3), "Y I");
+  });
+}
+
+TEST_F(CallbackTest, ElementGoesToNoOtherColumnThanTheOneAskedFor) {
+  With([&] {
+    SelectRow("RNG");
+    const std::int32_t elements = model_.NumberOfElements();
+    dialogs_.push_back([&](auto&) {
+      viewer().add_elements.fgrdCols.Select(4);
+      desktop_.inputs = {"1234.56789012345"};
+      AtBox("The value entered is longer", [&] { model_.DeleteColumn(3); });
+      viewer().add_elements.cmdOK.Click();
+    });
+    Choose("mnuEditRowAddEle");
+    EXPECT_EQ(Boxes().back(), "Please select a column");
+    EXPECT_EQ(model_.NumberOfElements(), elements);
+  });
+}
+
+TEST_F(CallbackTest, SaveUnderAnEmptiedWindowKeepsNameAndDescription) {
+  With([&] {
+    model_.SetModelName("KEPT");
+    model_.SetModelDescription("kept too");
+    desktop_.answers = {kNo};
+    desktop_.on_file = [&](platform::FileDialog&) {
+      desktop_.on_file = nullptr;
+      desktop_.answers = {kYes, kNo};
+      desktop_.files = {""};
+      model_.ViewRow(99, true);
+      desktop_.files = {""};
+    };
+    Choose("mnuFileOpen");
+    EXPECT_EQ(model_.ModelName(), "KEPT");
+    EXPECT_EQ(model_.ModelDescription(), "kept too");
+  });
+}
+
+TEST_F(CallbackTest, WindowOpenedDuringAReadChangesNothing) {
+  BuildModel();
+  std::string text = "NAME\nROWS\n N COST\nCOLUMNS\n";
+  for (int j = 0; j < 300; ++j) text += " C" + std::to_string(j) + " COST 1\n";
+  const std::string path = folder_.File("during.mps");
+  WriteWholeFile(path, text + "ENDATA\n");
+  bool looked = false;
+  desktop_.on_events = [&](std::int64_t) {
+    if (looked) return;
+    looked = true;
+    ShowBy([&] { model_.ViewEquations(true); },
+           [&] {
+             EXPECT_GT(viewer().columns.list.grid.rows(), 0);
+             EXPECT_FALSE(Item("mnuEditSimplify").Available());
+             EXPECT_FALSE(Item("mnuFileOpen").Available());
+             EXPECT_FALSE(Item("mnuEditColDel").Available());
+           });
+  };
+  desktop_.on_box = [](const platform::ShownBox&) { return kNo; };
+  model_.strMPSFile(path);
+  model_.StartFileReding();
+  EXPECT_TRUE(looked);
+  EXPECT_EQ(model_.ReadMPSFileErr(), -1);
+  EXPECT_EQ(model_.NumberOfColumns(), 300);
 }
 
 TEST_F(CallbackTest, RowThatIsGoneUnderItsBoundsDialogIsToldAsNotSelected) {

@@ -99,7 +99,7 @@ TEST_F(ElementCommandsTest, ColumnChangeStoresAValueWithinTheColumnsBounds) {
   });
   EXPECT_EQ(desktop_.input_boxes()[0],
             (platform::ShownInput{"Enter a new value for element X in row LIM?",
-                                  "Change Element Value", ""}));
+                                  "Change Element Value", "2"}));
 }
 
 TEST_F(ElementCommandsTest, ColumnChangeRefusesWhatLiesOutsideTheColumnsBounds) {
