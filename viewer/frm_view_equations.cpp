@@ -123,6 +123,11 @@ void frmViewEquations::OnLoad() {
   LoadSequence();
 }
 
+// The keyboard begins in the list, where typing goes to a name.
+void frmViewEquations::OnActivate() {
+  (sstViewEqns.current() == kRowsPage ? rows.list : columns.list).grid.Focus();
+}
+
 bool frmViewEquations::OnQueryUnload(platform::UnloadReason) {
   if (pauses_ > 0) return false;
   if (parent_ != nullptr && editing_ && !OfferToSave()) return false;

@@ -66,6 +66,7 @@ class frmViewEquations : public ModelView {
 
  protected:
   void OnLoad() override;
+  void OnActivate() override;
   bool OnQueryUnload(platform::UnloadReason reason) override;
   void OnUnload() override;
 

@@ -76,16 +76,16 @@ void frmViewEquations::ShowColumnDetail() {
   const bool same = std::exchange(detail_column_, *column) == *column;
   columns.fraEqns.set_caption("Rows that " + parent_->ColName(*column) + " appears in (" +
                               text::IntegerText(count) + "):");
-  ShowElements(columns.fgrdColsEqns, count, same);
-  columns.fgrdColsBounds.set_rows(1);
+  ShowDetails(columns.fgrdColsEqns, count, same);
+  ShowDetails(columns.fgrdColsBounds, 1, same);
   ShowEquation();
 }
 
 void frmViewEquations::ClearColumnDetail() {
   detail_column_ = -1;
   columns.fraEqns.set_caption("");
-  ShowElements(columns.fgrdColsEqns, 1, false);
-  columns.fgrdColsBounds.set_rows(1);
+  ShowDetails(columns.fgrdColsEqns, 1, false);
+  ShowDetails(columns.fgrdColsBounds, 1, false);
   columns.txtColsEqn.set_text("");
 }
 

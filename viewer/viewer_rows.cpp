@@ -69,16 +69,16 @@ void frmViewEquations::ShowRowDetail() {
   rows.fraVars.set_caption(count > 0
                                ? "Variables in " + name + " (" + text::IntegerText(count) + "):"
                                : "Variables:  " + name);
-  ShowElements(rows.fgrdRowsVars, count, same);
-  rows.fgrdRowsType.set_rows(1);
+  ShowDetails(rows.fgrdRowsVars, count, same);
+  ShowDetails(rows.fgrdRowsType, 1, same);
   UpdateMenus();
 }
 
 void frmViewEquations::ClearRowDetail() {
   detail_row_ = -1;
   rows.fraVars.set_caption("");
-  ShowElements(rows.fgrdRowsVars, 1, false);
-  rows.fgrdRowsType.set_rows(1);
+  ShowDetails(rows.fgrdRowsVars, 1, false);
+  ShowDetails(rows.fgrdRowsType, 1, false);
 }
 
 std::string frmViewEquations::RowsCell(int line, int column) const {

@@ -69,7 +69,7 @@ void LinePane::HoldBy(TabStrip& strip, int page) {
   }
 }
 
-void ShowElements(platform::Grid& grid, std::int32_t count, bool same_line) {
+void ShowDetails(platform::Grid& grid, std::int32_t count, bool same_line) {
   const bool chosen = same_line && grid.current_row() >= 0;
   grid.set_rows(count);
   if (!chosen) grid.set_current_row(-1);

@@ -33,9 +33,9 @@ struct LinePane {
   LineFilter filter;
 };
 
-// Gives a grid of coefficients its lines. Which of them is meant is the user's choice: none is
-// current at first, and the current one stays while the grid goes on with the same row or column.
-void ShowElements(platform::Grid& grid, std::int32_t count, bool same_line);
+// Gives a grid of details its lines. Which of them is meant is the user's choice: none is current
+// at first, and the current one stays while the grid goes on with the same row or column.
+void ShowDetails(platform::Grid& grid, std::int32_t count, bool same_line);
 
 struct RowsTab {
   explicit RowsTab(platform::Form& form);

@@ -24,6 +24,13 @@ TEST_F(ViewerTest, ComesUpWithTheModelAndEverythingShown) {
   });
 }
 
+TEST_F(ViewerTest, KeyboardBeginsInTheListOfTheTab) {
+  BuildModel();
+  View([&] { EXPECT_EQ(viewer().focus(), &viewer().columns.list.grid); });
+  ShowBy([&] { model_.ViewRow(1, true); },
+         [&] { EXPECT_EQ(viewer().focus(), &viewer().rows.list.grid); });
+}
+
 TEST_F(ViewerTest, OffersTheFilters) {
   BuildModel();
   View([&] {
@@ -179,6 +186,7 @@ TEST_F(ViewerTest, ShowsTheDetailsOfAColumn) {
     EXPECT_EQ(tab.fgrdColsBounds.Text(0, 0), "-1");
     EXPECT_EQ(tab.fgrdColsBounds.Text(0, 1), "<= Z <=");
     EXPECT_EQ(tab.fgrdColsBounds.Text(0, 2), "1");
+    EXPECT_EQ(tab.fgrdColsBounds.current_row(), -1);
     EXPECT_EQ(tab.txtColsEqn.text(), "");
     tab.fgrdColsEqns.Select(0);
     EXPECT_EQ(tab.txtColsEqn.text(), "EQ:   - 2.5*Z + 1*X  =  7");
