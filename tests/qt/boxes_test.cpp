@@ -48,7 +48,7 @@ TEST_F(QtBoxes, ShowTextsAsTheyAre) {
   AnswerBox(QMessageBox::Ok);
   desktop_->MsgBox("plain", MsgBoxStyle::kOk);
   EXPECT_EQ(boxes(), (std::vector<SeenBox>{{"Confirm", "<b>a & b</b>\nsecond  line"},
-                                          {"Quarvel", "plain"}}));
+                                           {"Quarvel", "plain"}}));
 }
 
 TEST_F(QtBoxes, ClosedByOtherMeansGiveTheCautiousAnswer) {

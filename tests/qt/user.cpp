@@ -4,12 +4,28 @@
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
+#include <cstdio>
+#include <cstdlib>
 #include <utility>
 
 namespace quarvel::platform {
 namespace {
 
 constexpr int kLookEveryMilliseconds = 1;
+
+constexpr std::chrono::seconds kPatience{60};
+
+// Nobody else would end the loop that waits for the user.
+[[noreturn]] void GiveUp(std::size_t left) {
+  std::fprintf(stderr, "The user waits in vain, with %zu doings left, in front of:\n", left);
+  for (const QWidget* widget : QApplication::topLevelWidgets()) {
+    if (widget->isVisible()) {
+      std::fprintf(stderr, "  %s \"%s\"\n", qPrintable(widget->objectName()),
+                   qPrintable(widget->windowTitle()));
+    }
+  }
+  std::abort();
+}
 
 QWindow* WindowOf(QWidget& widget) { return widget.window()->windowHandle(); }
 
@@ -27,7 +43,7 @@ QWidget* WindowNamed(std::string_view name) {
   return found;
 }
 
-User::User() { LookSoon(); }
+User::User() : patience_(std::chrono::steady_clock::now() + kPatience) { LookSoon(); }
 
 void User::LookSoon() {
   QTimer::singleShot(kLookEveryMilliseconds, &context_, [this] { Look(); });
@@ -36,9 +52,14 @@ void User::LookSoon() {
 // The next look is due before anything is done, so that the user goes on inside of what it starts.
 void User::Look() {
   LookSoon();
-  if (doings_.empty() || !doings_.front().ready()) return;
+  if (doings_.empty()) return;
+  if (!doings_.front().ready()) {
+    if (std::chrono::steady_clock::now() > patience_) GiveUp(doings_.size());
+    return;
+  }
   const auto act = std::move(doings_.front().act);
   doings_.pop_front();
+  patience_ = std::chrono::steady_clock::now() + kPatience;
   act();
 }
 
@@ -76,12 +97,12 @@ void DoubleClickIn(QWidget& widget, const QPoint& place) {
 
 void PressKey(QWidget& widget, int key, Qt::KeyboardModifiers modifiers) {
   widget.setFocus();
-  QTest::keyClick(WindowOf(widget), static_cast<Qt::Key>(key), modifiers);
+  QTest::keyClick(&widget, static_cast<Qt::Key>(key), modifiers);
 }
 
 void TypeInto(QWidget& widget, const QString& text) {
   widget.setFocus();
-  for (const QChar character : text) QTest::keyClick(WindowOf(widget), character.toLatin1());
+  for (const QChar character : text) QTest::keyClick(&widget, character.toLatin1());
 }
 
 }  // namespace quarvel::platform

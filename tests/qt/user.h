@@ -5,6 +5,7 @@
 #include <QMessageBox>
 #include <QObject>
 #include <QWidget>
+#include <chrono>
 #include <deque>
 #include <functional>
 #include <string>
@@ -39,8 +40,8 @@ class User {
 
   User();
 
-  // The user's next doing, once `ready`. Whatever it starts (a box, a form) may run the doings after
-  // it.
+  // The user's next doing, once `ready`. Whatever it starts (a box, a form) may run the doings
+  // after it.
   void When(std::function<bool()> ready, std::function<void()> act);
   // As soon as events run.
   void Next(std::function<void()> act);
@@ -62,14 +63,17 @@ class User {
 
   std::vector<SeenBox> boxes_;
   std::deque<Doing> doings_;
+  std::chrono::steady_clock::time_point patience_;  // until when the next doing may wait
   QObject context_;
 };
 
-// Keys and mouse as the window system hands them in: what a modal window keeps away does not
-// arrive.
+// The mouse as the window system hands it in: what a modal window keeps away does not arrive. Other
+// events run before a click returns, also the user's next doings: a doing that clicks does nothing
+// after that.
 void ClickIn(QWidget& widget, const QPoint& place, Qt::MouseButton button = Qt::LeftButton);
 void ClickIn(QWidget& widget);
 void DoubleClickIn(QWidget& widget, const QPoint& place);
+// Keys go straight to the widget.
 void PressKey(QWidget& widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void TypeInto(QWidget& widget, const QString& text);
 
