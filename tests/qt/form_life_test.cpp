@@ -27,9 +27,13 @@ class QtForms : public QtTest {
     Button cmdClose;
   };
 
-  // The user clicks on a button of a window once that is there.
-  void Click(const std::string& window, const std::string& button) {
-    In(window, [button](QWidget& shown) { ClickIn(*Part<QPushButton>(&shown, button)); });
+  // Drawing a window runs timers, and the user of these tests is one: a real one comes later.
+  void WhenActive(const frmReal& form, std::function<void(QWidget&)> act) {
+    When([&form] { return form.IsShowing() && form.life.back() == "activate"; },
+         [&form, act = std::move(act)] { act(*WindowNamed(form.name())); });
+  }
+  void Click(const frmReal& form, const std::string& button) {
+    WhenActive(form, [button](QWidget& shown) { ClickIn(*Part<QPushButton>(&shown, button)); });
   }
 
   frmReal form_{*desktop_};
@@ -50,14 +54,14 @@ TEST_F(QtForms, AskTheFormWhenTheCloseBoxIsPressed) {
     EXPECT_EQ(reason, UnloadReason::kUser);
     return ++asked == 2;
   };
-  In("frmReal", [](QWidget& window) { window.close(); });
+  WhenActive(form_, [](QWidget& window) { window.close(); });
   In("frmReal", [](QWidget& window) { window.close(); });
   form_.ShowModal();
   EXPECT_EQ(asked, 2);
 }
 
 TEST_F(QtForms, MayUnloadInTheirOwnClick) {
-  Click("frmReal", "cmdClose");
+  Click(form_, "cmdClose");
   form_.ShowModal();
   EXPECT_EQ(form_.life, (Lines{"load", "activate", "query code", "unload"}));
 }
@@ -65,7 +69,7 @@ TEST_F(QtForms, MayUnloadInTheirOwnClick) {
 TEST_F(QtForms, MayBeDestroyedInTheirOwnClick) {
   auto gone = std::make_unique<frmReal>(*desktop_, "frmGone");
   gone->cmdClose.on_click = [&] { gone.reset(); };
-  Click("frmGone", "cmdClose");
+  Click(*gone, "cmdClose");
   gone->ShowModal();
   EXPECT_EQ(gone, nullptr);
   EXPECT_EQ(WindowNamed("frmGone"), nullptr);
@@ -78,8 +82,8 @@ TEST_F(QtForms, MayBeShownAgainInTheirOwnClick) {
     form_.Unload();
     if (shown == 1) form_.ShowModal();
   };
-  Click("frmReal", "cmdClose");
-  Click("frmReal", "cmdClose");
+  Click(form_, "cmdClose");
+  Click(form_, "cmdClose");
   form_.ShowModal();
   EXPECT_EQ(shown, 2);
   EXPECT_FALSE(form_.IsShowing());
@@ -90,7 +94,7 @@ TEST_F(QtForms, LetAnEarlierModalCallReturnWhileALaterShowingStays) {
     form_.Unload();
     form_.Show();
   };
-  Click("frmReal", "cmdClose");
+  Click(form_, "cmdClose");
   form_.ShowModal();
   EXPECT_TRUE(form_.IsShowing());
   EXPECT_NE(WindowNamed("frmReal"), nullptr);
@@ -126,7 +130,7 @@ TEST_F(QtForms, NestAndKeepTheOuterOneFromTheUser) {
     if (++outer_clicks == 1) return inner.ShowModal();
     form_.Unload();
   };
-  Click("frmReal", "cmdClose");
+  Click(form_, "cmdClose");
   In("frmInner", [](QWidget&) { ClickIn(*Part<QPushButton>(WindowNamed("frmReal"), "cmdClose")); });
   Next([&] {
     EXPECT_EQ(outer_clicks, 1);
@@ -141,7 +145,7 @@ TEST_F(QtForms, NestAndKeepTheOuterOneFromTheUser) {
 TEST_F(QtForms, LetTheOuterOneCloseWhileAnInnerOneWaits) {
   frmReal inner(*desktop_, "frmInner");
   form_.cmdClose.on_click = [&] { inner.ShowModal(); };
-  Click("frmReal", "cmdClose");
+  Click(form_, "cmdClose");
   In("frmInner", [&](QWidget&) { form_.Unload(); });
   Next([&] {
     EXPECT_EQ(WindowNamed("frmReal"), nullptr);
@@ -182,7 +186,7 @@ TEST_F(QtForms, ThatAreNotModalWorkOverAModalOneAndNotUnderABox) {
     desktop_->MsgBox("Stop?", MsgBoxStyle::kYesNo);
   };
   form_.on_activate = [&] { progress.Show(); };
-  Click("frmWork", "cmdClose");
+  Click(progress, "cmdClose");
   In("msgbox", [](QWidget&) { ClickIn(*Part<QPushButton>(WindowNamed("frmWork"), "cmdClose")); });
   AnswerBox(QMessageBox::No);
   When([] { return WindowNamed("msgbox") == nullptr; }, [&] { form_.Unload(); });
@@ -192,7 +196,7 @@ TEST_F(QtForms, ThatAreNotModalWorkOverAModalOneAndNotUnderABox) {
 
 TEST_F(QtForms, RaiseTheFailureOfAHandlerWhereTheyWereShown) {
   form_.cmdClose.on_click = Fail;
-  Click("frmReal", "cmdClose");
+  Click(form_, "cmdClose");
   EXPECT_EQ(FailureOf([&] { form_.ShowModal(); }), 11);
   EXPECT_EQ(WindowNamed("frmReal"), nullptr);
 }
@@ -242,7 +246,7 @@ TEST_F(QtForms, TakeTheCaptionAsItIs) {
 }
 
 TEST_F(QtForms, CloseByEscapeWhereADialogHasNoButtonForIt) {
-  In("frmReal", [](QWidget& window) { PressKey(window, Qt::Key_Escape); });
+  WhenActive(form_, [](QWidget& window) { PressKey(window, Qt::Key_Escape); });
   form_.ShowModal();
   EXPECT_EQ(form_.life, (Lines{"load", "activate", "query user", "unload"}));
 }
