@@ -43,7 +43,9 @@ void ChooseFile(FileDialog& dialog, HWND owner) {
   const std::wstring filter = SystemFilter(dialog.filter);
   const std::wstring extension = SystemExtension(dialog.default_extension);
   const std::wstring title = ToWide(dialog.title);
-  const std::wstring offered = ToWide(dialog.file_name);
+  // Everything else in Windows takes a slash between folders, but not these dialogs.
+  std::wstring offered = ToWide(dialog.file_name);
+  std::replace(offered.begin(), offered.end(), L'/', L'\\');
   std::vector<wchar_t> path(kPathRoom);
   if (offered.size() < path.size()) std::copy(offered.begin(), offered.end(), path.begin());
   OPENFILENAMEW request = {};
