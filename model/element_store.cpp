@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/large_pages.h"
+
 namespace quarvel {
 
 ElementStore::ElementStore(const ElementStore& other) { *this = other; }
@@ -77,6 +79,7 @@ ElementEntry* ElementArena::Take(std::size_t count) {
 
 void ElementArena::Release() {
   std::vector<std::unique_ptr<ElementEntry[]>>().swap(blocks_);
+  entries_ = 0;
   next_ = nullptr;
   end_ = nullptr;
 }
@@ -97,11 +100,14 @@ void ElementArena::AppendElsewhere(ElementStore& list, const ElementEntry& entry
 }
 
 void ElementArena::AddBlock(std::size_t entries) {
-  // A mebibyte at a time: large enough to be rare, small enough that the unused end of the last one
-  // is nothing.
-  constexpr std::size_t kUsual = 65536;
-  const std::size_t size = std::max(entries, kUsual);
+  // From a mebibyte on, half as much again as there is: large enough to be rare and to stand on
+  // large pages. What is not written to at the end of the last one takes no memory.
+  constexpr std::size_t kLeast = std::size_t{1} << 16;
+  constexpr std::size_t kUsualMost = std::size_t{1} << 20;
+  const std::size_t size = std::max(entries, std::clamp(entries_ / 2, kLeast, kUsualMost));
   blocks_.push_back(std::unique_ptr<ElementEntry[]>(new ElementEntry[size]));
+  platform::PreferLargePages(blocks_.back().get(), size * sizeof(ElementEntry));
+  entries_ += size;
   next_ = blocks_.back().get();
   end_ = next_ + size;
 }

@@ -95,6 +95,7 @@ class ElementArena {
   std::vector<std::unique_ptr<ElementEntry[]>> blocks_;
   ElementEntry* next_ = nullptr;
   ElementEntry* end_ = nullptr;
+  std::size_t entries_ = 0;  // room of all blocks
 };
 
 }  // namespace quarvel

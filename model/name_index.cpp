@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/large_pages.h"
+
 namespace quarvel {
 
 void NameIndex::Clear() {
@@ -16,7 +18,11 @@ void NameIndex::Reserve(std::size_t count) {
   std::size_t capacity = slots_.empty() ? 64 : slots_.size();
   while (count * 4 > capacity * 3) capacity *= 2;
   if (capacity == slots_.size()) return;
-  const std::vector<Slot> old = std::exchange(slots_, std::vector<Slot>(capacity));
+  std::vector<Slot> slots;
+  slots.reserve(capacity);
+  platform::PreferLargePages(slots.data(), capacity * sizeof(Slot));
+  slots.resize(capacity);
+  const std::vector<Slot> old = std::exchange(slots_, std::move(slots));
   mask_ = capacity - 1;
   for (const Slot& slot : old) {
     if (slot.number == 0) continue;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/automation_error.h"
+#include "platform/large_pages.h"
 
 namespace quarvel {
 
@@ -33,7 +34,11 @@ class OneBased {
   // True when appending moves all entries to a larger room.
   bool IsFull() const { return store_.size() == store_.capacity(); }
   // Makes room for so many entries in all; nothing when there is as much already.
-  void Reserve(std::int32_t size) { store_.reserve(static_cast<std::size_t>(size)); }
+  void Reserve(std::int32_t size) {
+    if (size <= 0 || static_cast<std::size_t>(size) <= store_.capacity()) return;
+    store_.reserve(static_cast<std::size_t>(size));
+    platform::PreferLargePages(store_.data(), store_.capacity() * sizeof(T));
+  }
   // Drops entry `number`; every later entry moves down one place.
   void Remove(std::int32_t number) {
     const std::size_t offset = Offset(number);
