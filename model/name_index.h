@@ -41,8 +41,10 @@ class NameIndex {
   // The number whose name a look-up of that key will compare first; 0 when there is none.
   std::int32_t Candidate(const NameKey& key) const {
     if (size_ == 0) return 0;
-    const Slot& slot = slots_[Home(key)];
-    return key.Equals(slot.low, slot.high) ? slot.number : 0;
+    for (std::size_t i = Home(key);; i = (i + 1) & mask_) {
+      const Slot& slot = slots_[i];
+      if (slot.number == 0 || key.Equals(slot.low, slot.high)) return slot.number;
+    }
   }
 
   // Adds a name unless it is there already (the first number of a name stays).

@@ -1,6 +1,5 @@
 #include "mps/batch_names.h"
 
-#include <string>
 #include <string_view>
 
 #include "text/prefetch.h"
@@ -24,16 +23,17 @@ inline void BatchNames::Announce(std::size_t line, const TokenList& tokens, std:
   const NameKey key = NameKey::OfPadded(tokens[token]);
   index.Prefetch(key);
   names_[line].Set(token, key);
-  long_names_ = long_names_ || key.is_long();
+  if (key.is_long()) long_names_[long_count_++] = {key, tokens[token].size(), nullptr};
 }
 
 void BatchNames::Announce(const LineBatch& batch, Section section, const ModelData& data) {
-  long_names_ = false;
+  long_count_ = 0;
   switch (section) {
     case Section::kStart:
       break;
     case Section::kColumns:
       AnnounceColumns(batch, data.column_names);
+      long_count_ = 0;  // most of these columns are new
       AnnounceRows(batch, data.row_names);
       break;
     case Section::kRows:
@@ -51,11 +51,10 @@ void BatchNames::Announce(const LineBatch& batch, Section section, const ModelDa
       }
       break;
   }
-  if (!long_names_) return;
   if (section == Section::kBounds) {
-    AnnounceRecords(batch, data.column_names, data.Columns);
+    AnnounceRecords(data.column_names, data.Columns);
   } else {
-    AnnounceRecords(batch, data.row_names, data.Rows);
+    AnnounceRecords(data.row_names, data.Rows);
   }
 }
 
@@ -82,25 +81,19 @@ void BatchNames::AnnounceColumns(const LineBatch& batch, const NameIndex& column
 }
 
 template <class Record>
-void BatchNames::AnnounceRecords(const LineBatch& batch, const NameIndex& index,
-                                 const OneBased<Record>& records) const {
-  std::array<const std::string*, LineBatch::kMost> found{};
+void BatchNames::AnnounceRecords(const NameIndex& index, const OneBased<Record>& records) {
   // Numbers may be out of date when the index is; such records need not be there.
   if (index.stale()) return;
-  const auto record_of = [&](std::size_t line, std::size_t token) -> const std::string* {
-    const NameKey* const key = names_[line].Find(token);
-    if (key == nullptr || !key->is_long()) return nullptr;
-    const std::int32_t number = index.Candidate(*key);
-    return number < 1 || number > records.size() ? nullptr : &records[number].Name;
-  };
-  for (const std::size_t token : {kFirstRow, kBoundedColumn, kSecondRow}) {
-    for (std::size_t i = 0; i < batch.size(); ++i) {
-      found[i] = record_of(i, token);
-      if (found[i] != nullptr) text::Prefetch(found[i]);
-    }
-    for (std::size_t i = 0; i < batch.size(); ++i) {
-      if (found[i] != nullptr) text::Prefetch(found[i]->data());
-    }
+  for (std::size_t i = 0; i < long_count_; ++i) {
+    LongName& name = long_names_[i];
+    const std::int32_t number = index.Candidate(name.key);
+    if (number < 1 || number > records.size()) continue;
+    name.found = &records[number].Name;
+    text::Prefetch(name.found, sizeof *name.found);
+  }
+  for (std::size_t i = 0; i < long_count_; ++i) {
+    const LongName& name = long_names_[i];
+    if (name.found != nullptr) text::Prefetch(name.found->data(), name.size);
   }
 }
 

@@ -13,6 +13,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 #include "model/model_data.h"
 #include "model/name_key.h"
@@ -55,12 +56,18 @@ class BatchNames {
   void Announce(std::size_t line, const TokenList& tokens, std::size_t token,
                 const NameIndex& index);
   template <class Record>
-  void AnnounceRecords(const LineBatch& batch, const NameIndex& index,
-                       const OneBased<Record>& records) const;
+  void AnnounceRecords(const NameIndex& index, const OneBased<Record>& records);
+
+  // A key that is compared with a record, and that record's name once it is known.
+  struct LongName {
+    NameKey key;
+    std::size_t size = 0;
+    const std::string* found = nullptr;
+  };
 
   std::array<LineNames, LineBatch::kMost> names_;
-  // Whether a key of this batch is compared with records.
-  bool long_names_ = false;
+  std::array<LongName, 2 * LineBatch::kMost> long_names_;
+  std::size_t long_count_ = 0;
 };
 
 }  // namespace quarvel

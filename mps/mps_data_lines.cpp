@@ -72,7 +72,7 @@ void MpsReader::UseRow() {
 void MpsReader::AppendRow(TypeLetter type) {
   if (data_.Rows.IsFull()) data_.Rows.Reserve(ExpectedCount(data_.NumberOfRows, sizeof(RowRecord)));
   RowRecord& row = AppendRecord(data_.Rows, data_.NumberOfRows);
-  row.Name = token(2);
+  row.Name = std::string(token(2));
   row.Type = type;
   row.LowerBound = type == 'L' || type == 'N' ? -BoundLimit : 0;
   row.UpperBound = type == 'G' || type == 'N' ? BoundLimit : 0;
@@ -177,7 +177,7 @@ std::int32_t MpsReader::AppendColumn() {
     data_.column_names.Reserve(static_cast<std::size_t>(expected));
   }
   ColumnRecord& column = AppendRecord(data_.Columns, data_.NumberOfColumns);
-  column.Name = token(1);
+  column.Name = std::string(token(1));  // made anew, it has no more room than it needs
   column.Type = CurrentColumnType;
   column.LowerBound = data_.DefaultToPlusMinusInfinity ? -BoundLimit : 0;
   column.UpperBound = BoundLimit;

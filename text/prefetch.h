@@ -2,6 +2,8 @@
 // waits for one after the other unless they are asked for ahead.
 #pragma once
 
+#include <cstddef>
+
 namespace quarvel::text {
 
 // Asks for the cache line at `place`. Never fails, wherever that points.
@@ -11,6 +13,12 @@ inline void Prefetch(const void* place) {
 #else
   static_cast<void>(place);
 #endif
+}
+
+// The same for so many bytes, which may stand across the border of two cache lines.
+inline void Prefetch(const void* place, std::size_t size) {
+  Prefetch(place);
+  Prefetch(static_cast<const char*>(place) + size - 1);
 }
 
 // The same for bytes that will be written.
