@@ -106,10 +106,13 @@ void Form::ShowModal() {
   if (showing_) RaiseRunTimeError(RunTimeError::kFormAlreadyDisplayed);
   Desktop& desktop = desktop_;
   const std::shared_ptr<Showing> showing = Begin(true);
-  RunOrClose(*showing, [&] {
-    if (!showing->closed) OnActivate();
-    if (!showing->closed) desktop.PumpUntilClosed(*showing);
-  });
+  // Whatever closed it while it was drawn may have destroyed the form as well.
+  if (!showing->closed) {
+    RunOrClose(*showing, [&] {
+      OnActivate();
+      if (!showing->closed) desktop.PumpUntilClosed(*showing);
+    });
+  }
   if (showing->failure) std::rethrow_exception(showing->failure);
 }
 
@@ -119,9 +122,7 @@ void Form::Show() {
     return;
   }
   const std::shared_ptr<Showing> showing = Begin(false);
-  RunOrClose(*showing, [&] {
-    if (!showing->closed) OnActivate();
-  });
+  if (!showing->closed) RunOrClose(*showing, [&] { OnActivate(); });
 }
 
 bool Form::Unload(UnloadReason reason) {

@@ -131,7 +131,8 @@ TEST_F(QtForms, NestAndKeepTheOuterOneFromTheUser) {
     form_.Unload();
   };
   Click(form_, "cmdClose");
-  In("frmInner", [](QWidget&) { ClickIn(*Part<QPushButton>(WindowNamed("frmReal"), "cmdClose")); });
+  In("frmInner",
+     [](QWidget&) { TryToClickIn(*Part<QPushButton>(WindowNamed("frmReal"), "cmdClose")); });
   Next([&] {
     EXPECT_EQ(outer_clicks, 1);
     ClickIn(*Part<QPushButton>(WindowNamed("frmInner"), "cmdClose"));
@@ -167,14 +168,14 @@ TEST_F(QtForms, ThatAreNotModalDisableTheComponentsOthersAndNotTheHosts) {
   progress.cmdClose.on_click = [&] { ++work_clicks; };
   form_.Show();
   progress.Show();
-  ClickIn(*Part<QPushButton>(WindowNamed("frmReal"), "cmdClose"));
-  ClickIn(*Part<QPushButton>(WindowNamed("frmWork"), "cmdClose"));
-  ClickIn(host);
+  TryToClickIn(*Part<QPushButton>(WindowNamed("frmReal"), "cmdClose"));
+  TryToClickIn(*Part<QPushButton>(WindowNamed("frmWork"), "cmdClose"));
+  TryToClickIn(host);
   EXPECT_EQ(clicks, 0);
   EXPECT_EQ(work_clicks, 1);
   EXPECT_EQ(host_clicks, 1);
   progress.Unload();
-  ClickIn(*Part<QPushButton>(WindowNamed("frmReal"), "cmdClose"));
+  TryToClickIn(*Part<QPushButton>(WindowNamed("frmReal"), "cmdClose"));
   EXPECT_EQ(clicks, 1);
 }
 
@@ -187,7 +188,8 @@ TEST_F(QtForms, ThatAreNotModalWorkOverAModalOneAndNotUnderABox) {
   };
   form_.on_activate = [&] { progress.Show(); };
   Click(progress, "cmdClose");
-  In("msgbox", [](QWidget&) { ClickIn(*Part<QPushButton>(WindowNamed("frmWork"), "cmdClose")); });
+  In("msgbox",
+     [](QWidget&) { TryToClickIn(*Part<QPushButton>(WindowNamed("frmWork"), "cmdClose")); });
   AnswerBox(QMessageBox::No);
   When([] { return WindowNamed("msgbox") == nullptr; }, [&] { form_.Unload(); });
   form_.ShowModal();

@@ -27,10 +27,12 @@ constexpr std::chrono::seconds kPatience{60};
   std::abort();
 }
 
-QWindow* WindowOf(QWidget& widget) { return widget.window()->windowHandle(); }
-
-QPoint InWindow(QWidget& widget, const QPoint& place) {
-  return widget.mapTo(widget.window(), place);
+void ExpectWithinReach(QWidget& widget) {
+  const QWidget* const modal = QApplication::activeModalWidget();
+  const bool kept_away = modal != nullptr && modal != widget.window() &&
+                         QApplication::activePopupWidget() != widget.window();
+  EXPECT_FALSE(kept_away) << widget.objectName().toStdString() << " under "
+                          << modal->objectName().toStdString();
 }
 
 }  // namespace
@@ -85,14 +87,22 @@ void User::AnswerBox(QMessageBox::StandardButton button) {
   });
 }
 
-void ClickIn(QWidget& widget, const QPoint& place, Qt::MouseButton button) {
-  QTest::mouseClick(WindowOf(widget), button, Qt::NoModifier, InWindow(widget, place));
+void ClickIn(QWidget& widget, const QPoint& place) {
+  ExpectWithinReach(widget);
+  QTest::mouseClick(&widget, Qt::LeftButton, Qt::NoModifier, place);
 }
 
 void ClickIn(QWidget& widget) { ClickIn(widget, widget.rect().center()); }
 
 void DoubleClickIn(QWidget& widget, const QPoint& place) {
-  QTest::mouseDClick(WindowOf(widget), Qt::LeftButton, Qt::NoModifier, InWindow(widget, place));
+  ExpectWithinReach(widget);
+  QTest::mouseClick(&widget, Qt::LeftButton, Qt::NoModifier, place);
+  QTest::mouseDClick(&widget, Qt::LeftButton, Qt::NoModifier, place);
+}
+
+void TryToClickIn(QWidget& widget) {
+  QTest::mouseClick(widget.window()->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                    widget.mapTo(widget.window(), widget.rect().center()));
 }
 
 void PressKey(QWidget& widget, int key, Qt::KeyboardModifiers modifiers) {

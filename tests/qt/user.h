@@ -67,13 +67,14 @@ class User {
   QObject context_;
 };
 
-// The mouse as the window system hands it in: what a modal window keeps away does not arrive. Other
-// events run before a click returns, also the user's next doings: a doing that clicks does nothing
-// after that.
-void ClickIn(QWidget& widget, const QPoint& place, Qt::MouseButton button = Qt::LeftButton);
+// Each fails the test when a modal window keeps the user away from the widget. No other events run
+// before the click has been handled.
+void ClickIn(QWidget& widget, const QPoint& place);
 void ClickIn(QWidget& widget);
 void DoubleClickIn(QWidget& widget, const QPoint& place);
-// Keys go straight to the widget.
+// A click as the window system hands it in: it does not arrive in a window that a modal one keeps
+// away. Other events run before it returns.
+void TryToClickIn(QWidget& widget);
 void PressKey(QWidget& widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 void TypeInto(QWidget& widget, const QString& text);
 
