@@ -6,8 +6,9 @@ set -eu
 
 # The program and its native tests.
 native=(cmake ninja-build g++ libgtest-dev qt6-base-dev)
-# The other half of the native tests: clang's sanitizers, fuzzer, formatter and checker.
-checks=(clang libclang-rt-dev clang-format clang-tidy)
+# The other half of the native tests: clang's sanitizers, fuzzer, formatter and checker, and a display
+# with a user at it.
+checks=(clang libclang-rt-dev clang-format clang-tidy xvfb xdotool)
 # Cross-building for Windows, and running what was built.
 windows=(g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-win32 googletest wine wine64 xvfb)
 # The libraries that the benchmarks compare with, and what counts instructions.
