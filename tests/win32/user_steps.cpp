@@ -13,8 +13,18 @@ constexpr ULONGLONG kPatienceMs = 10000;
 
 UserSteps* current = nullptr;
 
+BOOL CALLBACK TellWindow(HWND window, LPARAM) {
+  if (!IsWindowVisible(window)) return TRUE;
+  // The text of a message box stands under this number.
+  const HWND words = GetDlgItem(window, 0xFFFF);
+  std::fprintf(stderr, "  there is [%ls] %ls\n", TextOf(window).c_str(),
+               words == nullptr ? L"" : TextOf(words).c_str());
+  return TRUE;
+}
+
 void GiveUp(const std::string& what) {
   std::fprintf(stderr, "the user waits in vain: %s\n", what.c_str());
+  EnumThreadWindows(GetCurrentThreadId(), TellWindow, 0);
   std::fflush(stderr);
   ExitProcess(1);
 }
