@@ -15,12 +15,12 @@ function(quarvel_files variable pattern)
 endfunction()
 
 # quarvel_library(<name> <folder>...)
-# A static library of the folders' sources; main.cpp belongs to a program, and files_win32.cpp to the
-# component, though it stands in a drawer's folder.
+# A static library of the folders' sources; main.cpp belongs to a program, and what is called _win32 in
+# the drawer's folder of that name to the component.
 function(quarvel_library name)
   quarvel_files(sources "*.cpp" ${ARGN})
   quarvel_files(headers "*.h" ${ARGN})
-  list(FILTER sources EXCLUDE REGEX "/(main|files_win32)\\.cpp$")
+  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$|platform/win32/[^/]*_win32\\.cpp$")
   add_library(${name} STATIC ${sources})
   target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}"
                                 FILES ${headers})

@@ -96,6 +96,8 @@ void FormWindow::Show(HWND owner) {
   focus_ = form_->focus() != nullptr ? Find(*form_->focus()) : nullptr;
   if (focus_ == nullptr || !focus_->CanFocus()) focus_ = FirstStop(*this);
   ShowWindow(handle_, SW_SHOW);
+  // A process may have been started with its first window hidden; nobody could close a hidden form.
+  if (!IsWindowVisible(handle_)) ShowWindow(handle_, SW_SHOW);
   if (focus_ != nullptr && GetActiveWindow() == handle_) focus_->TakeFocus();
   RedrawWindow(handle_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }

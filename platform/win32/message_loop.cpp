@@ -32,4 +32,15 @@ void MessageLoop::RunNext() {
   Run(message);
 }
 
+QuitKept::QuitKept() {
+  MSG message;
+  if (PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) {
+    quit_ = static_cast<int>(message.wParam);
+  }
+}
+
+QuitKept::~QuitKept() {
+  if (quit_) PostQuitMessage(*quit_);
+}
+
 }  // namespace quarvel::platform::win32

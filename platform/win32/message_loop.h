@@ -2,7 +2,6 @@
 // posts it again when it is done, for the loop of the host that it is meant for.
 #pragma once
 
-#include <chrono>
 #include <optional>
 
 #include "platform/win32/win32.h"
@@ -24,6 +23,19 @@ class MessageLoop {
  private:
   void Run(const MSG& message);
 
+  std::optional<int> quit_;
+};
+
+// Keeps a quit message that is pending from the system's boxes and dialogs, which would close
+// unanswered for it. It is posted again in the end.
+class QuitKept {
+ public:
+  QuitKept();
+  ~QuitKept();
+  QuitKept(const QuitKept&) = delete;
+  QuitKept& operator=(const QuitKept&) = delete;
+
+ private:
   std::optional<int> quit_;
 };
 

@@ -98,6 +98,7 @@ MsgBoxResult Win32Desktop::MsgBox(std::string_view text, MsgBoxStyle style,
   const HWND owner = OwnerWindow();
   const UINT foreground = owner == nullptr ? MB_SETFOREGROUND : 0;
   const DisabledWindows others(DisabledWindows::Which::kAll, owner);
+  const QuitKept quit;
   int answer = 0;
   {
     const ActivationContext::Use use(state_->common_controls);
@@ -119,6 +120,7 @@ void Win32Desktop::ShowFileDialog(FileDialog& dialog) {
   Flush();
   const HWND owner = OwnerWindow();
   const DisabledWindows others(DisabledWindows::Which::kAll, owner);
+  const QuitKept quit;
   const ActivationContext::Use use(state_->common_controls);
   ChooseFile(dialog, owner);
 }

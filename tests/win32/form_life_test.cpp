@@ -185,6 +185,15 @@ TEST_F(FormLifeTest, QuitMessageSurvivesPendingEvents) {
   EXPECT_EQ(message.wParam, 9u);
 }
 
+TEST_F(FormLifeTest, QuitMessageAnswersNoQuestion) {
+  PostQuitMessage(3);
+  On(L"Confirm", [](HWND box) { PressBoxButton(box, IDYES); });
+  EXPECT_EQ(desktop().MsgBox("Go on?", MsgBoxStyle::kYesNo, "Confirm"), MsgBoxResult::kYes);
+  MSG message;
+  ASSERT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+  EXPECT_EQ(message.wParam, 3u);
+}
+
 TEST_F(FormLifeTest, WindowClassGoesWithTheLastDesktop) {
   WNDCLASSEXW found = {};
   found.cbSize = sizeof(found);
