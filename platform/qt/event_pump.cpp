@@ -10,6 +10,10 @@ namespace {
 
 constexpr std::chrono::milliseconds kBetweenPending{16};
 
+void WantToQuit() {
+  QCoreApplication::postEvent(QCoreApplication::instance(), new QEvent(QEvent::Quit));
+}
+
 }  // namespace
 
 // One loop of the pump, nested in others perhaps.
@@ -21,9 +25,7 @@ class EventPump::Turn {
   ~Turn() {
     if (--pump_.depth_ > 0) return;
     QCoreApplication::instance()->removeEventFilter(&pump_);
-    if (std::exchange(pump_.quit_wanted_, false)) {
-      QCoreApplication::postEvent(QCoreApplication::instance(), new QEvent(QEvent::Quit));
-    }
+    if (std::exchange(pump_.quit_wanted_, false)) WantToQuit();
   }
   Turn(const Turn&) = delete;
   Turn& operator=(const Turn&) = delete;
