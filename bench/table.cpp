@@ -129,6 +129,7 @@ class Table {
       RunOnce(job, job.command, true, ours);
       for (std::size_t k = 0; k < others.size(); ++k) {
         const Contender& contender = job.contenders[k];
+        if (run > 1 && IsFarBehind(others[k], others)) continue;
         RunOnce(job, contender.command, contender.peer != Peer::kOther, others[k]);
       }
     }
@@ -136,6 +137,14 @@ class Table {
     if (job.size.empty()) measurement.size = FileSize(job.files.front());
     for (const Runs& runs : others) measurement.others.push_back(FiguresOf(runs));
     return measurement;
+  }
+
+  // Only the fastest contender counts for the ratio, so one that takes twice as long from the start
+  // is not waited for again.
+  static bool IsFarBehind(const Runs& runs, const std::vector<Runs>& all) {
+    return !runs.seconds.empty() && std::any_of(all.begin(), all.end(), [&](const Runs& other) {
+      return !other.seconds.empty() && runs.seconds.front() > 2 * other.seconds.front();
+    });
   }
 
   void RunOnce(const Job& job, const std::vector<std::string>& command, bool checked, Runs& runs) {
