@@ -89,7 +89,7 @@ void BatchNames::AnnounceRecords(const NameIndex& index, const OneBased<Record>&
     const std::int32_t number = index.Candidate(name.key);
     if (number < 1 || number > records.size()) continue;
     name.found = &records[number].Name;
-    text::Prefetch(name.found, sizeof *name.found);
+    text::Prefetch(name.found, sizeof(std::string));
   }
   for (std::size_t i = 0; i < long_count_; ++i) {
     const LongName& name = long_names_[i];

@@ -31,8 +31,9 @@ const BoundCode* FindBoundCode(std::string_view code) {
 template <class Record>
 Record& AppendRecord(OneBased<Record>& records, std::int32_t& count) {
   if (records.size() != count) records.Resize(count);
-  ++count;
-  return records.AppendFresh();
+  Record& record = records.AppendFresh();
+  ++count;  // not before there is one
+  return record;
 }
 
 }  // namespace
