@@ -106,14 +106,17 @@ class LPModel {
   // --- rows as equations (model/row_functions.cpp) ---
   // The row as one line of text, or a sentence for a row without elements.
   std::string RowEquation(std::int32_t i) const;
-  // Writes the row's coefficients to Gradient[0..NumberOfColumns-1]. -1 good, 1 an element beyond
-  // the columns (a box was shown), 0 a failure after the zeroing. Raises 9 for a row that is not
-  // stored and for an array too short to be zeroed.
-  std::int16_t RowGradient(std::int32_t RowNum, std::span<double> Gradient) const;
-  // The row's activity at Point. Raises 0x80040201 for an element beyond the columns and 9 for a
-  // row that is not stored or a point too short; Answer then keeps the sum so far. Result -1.
-  std::int16_t RowBodyValue(std::int32_t RowNum, std::span<const double> Point,
-                            double& Answer) const;
+  // Writes the row's coefficients to slots 0..NumberOfColumns-1 of Gradient, whose first slot has
+  // the number `lower_bound`. -1 good, 1 an element beyond the columns (a box was shown), 0 a
+  // failure after the zeroing. Raises 9 for a row that is not stored and for an array without all
+  // the slots to be zeroed.
+  std::int16_t RowGradient(std::int32_t RowNum, std::span<double> Gradient,
+                           std::int32_t lower_bound = 0) const;
+  // The row's activity at Point, whose first slot has the number `lower_bound`. Raises 0x80040201
+  // for an element beyond the columns and 9 for a row that is not stored or a slot that Point does
+  // not have; Answer then keeps the sum so far. Result -1.
+  std::int16_t RowBodyValue(std::int32_t RowNum, std::span<const double> Point, double& Answer,
+                            std::int32_t lower_bound = 0) const;
 
   // --- other questions ---
   bool ViewEquationsWindowIsShowing() const { return data_.frmViewEquationsIsShowing; }

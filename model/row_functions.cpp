@@ -18,8 +18,8 @@ const RowRecord& StoredRow(const ModelData& data, std::int32_t RowNum) {
 
 // Slot `column` - 1 of a caller's array, whose own bounds are checked like the model's.
 template <class T>
-T& Slot(std::span<T> array, std::int32_t column) {
-  const auto offset = static_cast<std::size_t>(static_cast<std::int64_t>(column) - 1);
+T& Slot(std::span<T> array, std::int32_t lower_bound, std::int32_t column) {
+  const auto offset = static_cast<std::size_t>(std::int64_t{column} - 1 - lower_bound);
   if (offset >= array.size()) RaiseSubscriptOutOfRange();
   return array[offset];
 }
@@ -89,9 +89,10 @@ std::string LPModel::RowEquation(std::int32_t i) const {
   return text;
 }
 
-std::int16_t LPModel::RowGradient(std::int32_t RowNum, std::span<double> Gradient) const {
+std::int16_t LPModel::RowGradient(std::int32_t RowNum, std::span<double> Gradient,
+                                  std::int32_t lower_bound) const {
   std::int16_t result = -1;
-  for (std::int32_t c = 1; c <= NumberOfColumns(); ++c) Slot(Gradient, c) = 0;
+  for (std::int32_t c = 1; c <= NumberOfColumns(); ++c) Slot(Gradient, lower_bound, c) = 0;
   const std::int32_t count = StoredRow(Settled(), RowNum).ElementCount();
   try {
     for (std::int32_t k = 1; k <= count; ++k) {
@@ -101,7 +102,7 @@ std::int16_t LPModel::RowGradient(std::int32_t RowNum, std::span<double> Gradien
         Refuse("Error in Quarvel.dll model");
         result = 1;
       }
-      Slot(Gradient, entry.Index) = entry.Value;
+      Slot(Gradient, lower_bound, entry.Index) = entry.Value;
     }
   } catch (const AutomationError&) {
     return 0;
@@ -110,12 +111,12 @@ std::int16_t LPModel::RowGradient(std::int32_t RowNum, std::span<double> Gradien
 }
 
 std::int16_t LPModel::RowBodyValue(std::int32_t RowNum, std::span<const double> Point,
-                                   double& Answer) const {
+                                   double& Answer, std::int32_t lower_bound) const {
   const ModelData& data = Settled();
   Answer = 0;
   for (const ElementEntry& entry : StoredRow(data, RowNum).Elements) {
     if (entry.Index > data.NumberOfColumns) RaiseTooFewElementsInPoint();
-    Answer += entry.Value * Slot(Point, entry.Index);
+    Answer += entry.Value * Slot(Point, lower_bound, entry.Index);
   }
   return -1;
 }

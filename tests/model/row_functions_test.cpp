@@ -109,6 +109,21 @@ TEST(RowGradient, RaisesNineForAnArrayTooShortToBeZeroed) {
   EXPECT_EQ(gradient, (std::array<double, 4>{}));  // zeroed as far as it went
 }
 
+TEST(RowGradient, CountsSlotsByTheArraysOwnNumbers) {
+  QueryModel q;
+  std::array<double, 8> gradient = {9, 9, 9, 9, 9, 9, 9, 9};
+  EXPECT_EQ(q.model.RowGradient(1, gradient, -2), -1);
+  EXPECT_EQ(gradient, (std::array<double, 8>{9, 9, 0, 0, 1, 0, 0, 9}));
+}
+
+TEST(RowGradient, RaisesNineForAnArrayWithoutASlotZero) {
+  QueryModel q;
+  std::array<double, 5> gradient = {9, 9, 9, 9, 9};
+  EXPECT_EQ(RaisedBy([&] { q.model.RowGradient(1, gradient, 1); }),
+            Raised(9, "", "Subscript out of range"));
+  EXPECT_EQ(gradient, (std::array<double, 5>{9, 9, 9, 9, 9}));
+}
+
 TEST(RowGradient, RaisesNineForARowThatIsNotStoredAfterZeroing) {
   for (const std::int32_t row : {-1, 4, 2147483647}) {
     QueryModel q;
@@ -195,6 +210,18 @@ TEST(RowBodyValue, RaisesNineForAPointTooShort) {
   EXPECT_EQ(RaisedBy([&] { q.model.RowBodyValue(0, point, answer); }),
             Raised(9, "", "Subscript out of range"));
   EXPECT_EQ(answer, 6);
+}
+
+TEST(RowBodyValue, CountsSlotsByThePointsOwnNumbers) {
+  QueryModel q;
+  const std::array<double, 3> point = {5, 3, 2};
+  double answer = 77;
+  EXPECT_EQ(q.model.RowBodyValue(0, point, answer, -1), -1);
+  EXPECT_EQ(answer, 2 * 3 - 3.5 * 2);
+  EXPECT_EQ(q.model.RowBodyValue(1, point, answer, 2), -1);  // the row's only column is number 2
+  EXPECT_EQ(answer, 5);
+  EXPECT_EQ(RaisedBy([&] { q.model.RowBodyValue(1, point, answer, 3); }),
+            Raised(9, "", "Subscript out of range"));
 }
 
 TEST(RowBodyValue, RaisesNineForARowThatIsNotStored) {
