@@ -10,7 +10,8 @@ native=(cmake ninja-build g++ libgtest-dev qt6-base-dev)
 # with a user at it.
 checks=(clang libclang-rt-dev clang-format clang-tidy xvfb xdotool)
 # Cross-building for Windows, and running what was built.
-windows=(g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-win32 googletest wine wine64 xvfb)
+windows=(g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-win32 mingw-w64-tools libwine-dev libwine
+  googletest wine wine64 xvfb)
 # The libraries that the benchmarks compare with, and what counts instructions.
 peers=(coinor-libcoinutils-dev libglpk-dev)
 counts=(valgrind)

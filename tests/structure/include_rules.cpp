@@ -30,6 +30,11 @@ std::optional<std::ptrdiff_t> LevelOf(std::string_view path) {
 
 bool IsHost(std::string_view path) { return path.starts_with("hosts/"); }
 
+// Only what faces the programs outside chooses how the component is drawn.
+bool ChoosesDrawers(std::string_view path) {
+  return IsHost(path) || path.starts_with("automation/");
+}
+
 std::string_view FileName(std::string_view path) { return path.substr(path.rfind('/') + 1); }
 
 bool IsStandardHeader(std::string_view name) {
@@ -45,8 +50,9 @@ bool IsWindowsHeader(std::string_view name) {
 
 bool IsComHeader(std::string_view name) {
   static const std::set<std::string_view> names = {
-      "objbase.h", "ole2.h",   "oleauto.h", "oaidl.h",  "oleidl.h",   "unknwn.h",   "objidl.h",
-      "ocidl.h",   "comdef.h", "comutil.h", "olectl.h", "initguid.h", "shobjidl.h", "combaseapi.h"};
+      "objbase.h",  "ole2.h",       "oleauto.h", "oaidl.h",      "oleidl.h", "unknwn.h",
+      "objidl.h",   "ocidl.h",      "comdef.h",  "comutil.h",    "olectl.h", "initguid.h",
+      "shobjidl.h", "combaseapi.h", "dispex.h",  "quarvel_idl.h"};
   return names.contains(name);
 }
 
@@ -59,7 +65,7 @@ bool IsQtHeader(std::string_view name) { return name.starts_with("Q"); }
 
 std::string QuotedProblem(std::string_view path, std::string_view name) {
   const std::string_view drawer = DrawerOf(name);
-  if (!drawer.empty() && drawer != DrawerOf(path) && !IsHost(path)) {
+  if (!drawer.empty() && drawer != DrawerOf(path) && !ChoosesDrawers(path)) {
     return "reaches into " + std::string(drawer);
   }
   const auto level = LevelOf(name);

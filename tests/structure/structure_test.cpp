@@ -51,6 +51,8 @@ const Case kCases[] = {
     {"hosts/a_win32.cpp", "#include <windows.h>", true},
     {"platform/win32/a.cpp", "#include <oleauto.h>", false},
     {"automation/a.cpp", "#include <oleauto.h>", true},
+    {"automation/a.cpp", "#include \"platform/win32/b.h\"", true},
+    {"viewer/a.cpp", "#include <quarvel_idl.h>", false},
     {"viewer/a.cpp", "#include <QWidget>", false},
     {"platform/qt/a.cpp", "#include <QWidget>", true},
     {"tests/mps/a.cpp", "#include \"platform/scripted/b.h\"", true},
