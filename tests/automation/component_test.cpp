@@ -185,6 +185,52 @@ TEST(Component, LoadsWorksAndGoesAgainAndAgain) {
   }
 }
 
+// One host thread: a model of `rows` rows, and errors whose texts tell that number.
+struct HostThread {
+  const LoadedComponent* component;
+  LONG rows;
+  int mismatches;
+};
+
+DWORD WINAPI RunHostThread(void* parameter) {
+  auto& host = *static_cast<HostThread*>(parameter);
+  if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 1;
+  {
+    const ComPtr<_LPModel> model = host.component->MakeModel();
+    model->MakeNewModel();
+    for (LONG i = 0; i < host.rows; ++i) {
+      SHORT added = 0;
+      model->AddRow(Bstr("R" + std::to_string(i)).get(), &added);
+    }
+    const std::string last = "Rows range from 0 to " + std::to_string(host.rows - 1) + ".";
+    for (int i = 0; i < 2000; ++i) {
+      Bstr name;
+      const HRESULT code = model->get_RowName(host.rows, name.Receive());
+      if (!TextOfFailure(code).ends_with(last)) ++host.mismatches;
+    }
+  }
+  CoUninitialize();
+  return 0;
+}
+
+TEST(Component, SharesNothingBetweenThreads) {
+  const LoadedComponent component;
+  HostThread hosts[] = {{&component, 5, 0}, {&component, 300, 0}};
+  HANDLE threads[2] = {};
+  for (int i = 0; i < 2; ++i) {
+    threads[i] = CreateThread(nullptr, 0, RunHostThread, &hosts[i], 0, nullptr);
+  }
+  EXPECT_EQ(WaitForMultipleObjects(2, threads, TRUE, 60000), WAIT_OBJECT_0);
+  for (int i = 0; i < 2; ++i) {
+    DWORD code = 99;
+    GetExitCodeThread(threads[i], &code);
+    EXPECT_EQ(code, 0u);
+    CloseHandle(threads[i]);
+    EXPECT_EQ(hosts[i].mismatches, 0);
+  }
+  EXPECT_TRUE(component.CanUnloadNow());
+}
+
 TEST(Component, DescribesItsObjects) {
   const LoadedComponent component;
   const ComPtr<_LPModel> model = component.MakeModel();

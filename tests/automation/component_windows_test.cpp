@@ -11,6 +11,8 @@
 #include "automation/bstr.h"
 #include "tests/automation/component_file.h"
 #include "tests/automation/host_process.h"
+#include "tests/support/test_paths.h"
+#include "text/encoding.h"
 
 namespace quarvel::automation {
 namespace {
@@ -22,16 +24,24 @@ BOOL CALLBACK AddVisible(HWND window, LPARAM list) {
   return TRUE;
 }
 
-// A user on this thread: a timer looks at the windows that take input and closes them.
+// A user on this thread: a timer looks at the windows that take input and closes them. Chooses
+// `file` in file dialogs, and answers No but to the first question of a read.
 class User {
  public:
-  User() : timer_(SetTimer(nullptr, 0, 20, OnTimer)) { titles_.clear(); }
+  User() : timer_(SetTimer(nullptr, 0, 20, OnTimer)) {
+    titles_.clear();
+    at_first_window = nullptr;
+    at_question = nullptr;
+  }
   ~User() { KillTimer(nullptr, timer_); }
   User(const User&) = delete;
   User& operator=(const User&) = delete;
 
   // Run once, at the first window.
   static inline std::function<void()> at_first_window;
+  // Run once, at the first question, which is then answered with Yes.
+  static inline std::function<void()> at_question;
+  static inline std::wstring file;
   static inline std::vector<std::string> titles_;  // of the windows, in the order they were closed
 
  private:
@@ -39,14 +49,22 @@ class User {
     std::vector<HWND> windows;
     EnumThreadWindows(GetCurrentThreadId(), AddVisible, reinterpret_cast<LPARAM>(&windows));
     if (windows.empty()) return;
-    const std::string title = ControlText(windows.front());
+    Attend(windows.front());
+  }
+  static void Attend(HWND window) {
+    const std::string title = ControlText(window);
+    const bool asks = GetDlgItem(window, IDNO) != nullptr;
     titles_.push_back(title);
     if (at_first_window) std::exchange(at_first_window, nullptr)();
-    if (title == "Model Viewer") {
-      PostMessageW(windows.front(), WM_CLOSE, 0, 0);
+    if (title == "Identify the MPS file to open") {
+      ChooseFile(window, file);
+    } else if (title == "Model Viewer") {
+      PostMessageW(window, WM_CLOSE, 0, 0);
+    } else if (asks && at_question) {
+      std::exchange(at_question, nullptr)();
+      PressButton(window, IDYES);
     } else {
-      PostMessageW(windows.front(), WM_COMMAND,
-                   GetDlgItem(windows.front(), IDNO) != nullptr ? IDNO : IDOK, 0);
+      PostMessageW(window, WM_COMMAND, asks ? IDNO : IDOK, 0);
     }
   }
 
@@ -111,6 +129,55 @@ TEST(ComponentWindows, TakeANewModelWhileTheyAreOpen) {
   LONG rows = -1;
   EXPECT_EQ(model->get_NumberOfRows(&rows), S_OK);
   EXPECT_EQ(rows, 0);
+}
+
+// A read that asks a question in its middle.
+class ComponentRead : public testing::Test {
+ protected:
+  ComponentRead() {
+    const std::string path = folder_.File("asks.mps");
+    WriteWholeFile(
+        path,
+        "NAME ASKS\r\nROWS\r\n N COST\r\nCOLUMNS\r\n X COST 1\r\n X NOROW 1\r\n Y COST 1\r\n"
+        "ENDATA\r\n");
+    const std::u16string units = text::Utf8ToUtf16(path);
+    User::file.assign(units.begin(), units.end());
+    for (wchar_t& c : User::file) c = c == L'/' ? L'\\' : c;
+  }
+
+  TemporaryFolder folder_;
+  LoadedComponent component_;
+};
+
+TEST_F(ComponentRead, OutlivesAHostThatReleasesItsLastReference) {
+  const User user;
+  ComPtr<_LPModel> model = component_.MakeModel();
+  bool released = false;
+  User::at_question = [&] {
+    model.Detach()->Release();
+    released = true;
+    EXPECT_FALSE(component_.CanUnloadNow());
+  };
+  SHORT result = 5;
+  EXPECT_EQ(model->ReadMPSFile(&result), S_OK);
+  EXPECT_TRUE(released);
+  EXPECT_EQ(result, -1);
+  EXPECT_TRUE(component_.CanUnloadNow());
+}
+
+TEST_F(ComponentRead, OutlivesAHostThatMakesANewModel) {
+  const User user;
+  ComPtr<_LPModel> model = component_.MakeModel();
+  bool made = false;
+  User::at_question = [&] {
+    EXPECT_EQ(model->MakeNewModel(), S_OK);
+    made = true;
+  };
+  SHORT result = 5;
+  EXPECT_EQ(model->ReadMPSFile(&result), S_OK);
+  EXPECT_TRUE(made);
+  model = ComPtr<_LPModel>();
+  EXPECT_TRUE(component_.CanUnloadNow());
 }
 
 }  // namespace
