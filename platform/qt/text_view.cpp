@@ -1,42 +1,41 @@
 // Text boxes of one line and of many.
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QSignalBlocker>
 
 #include "platform/input_controls.h"
 #include "platform/qt/control_view.h"
 #include "platform/qt/key_press.h"
+#include "platform/qt/lines_box.h"
 #include "platform/qt/qt_text.h"
 
 namespace quarvel::platform::qt {
 namespace {
 
 QString TextOf(const QLineEdit& box) { return box.text(); }
-QString TextOf(const QPlainTextEdit& box) { return box.toPlainText(); }
+QString TextOf(const LinesBox& box) { return box.Text(); }
 bool HasSelection(const QLineEdit& box) { return box.hasSelectedText(); }
-bool HasSelection(const QPlainTextEdit& box) { return box.textCursor().hasSelection(); }
+bool HasSelection(const LinesBox& box) { return box.textCursor().hasSelection(); }
 void SetText(QLineEdit& box, const QString& text) { box.setText(text); }
-void SetText(QPlainTextEdit& box, const QString& text) { box.setPlainText(text); }
+void SetText(LinesBox& box, const QString& text) { box.SetText(text); }
 
-// Sees the keys before the text box does.
-template <typename Widget>
-class TextWidget : public Widget {
+class LineBox : public QLineEdit {
  public:
-  using Widget::Widget;
+  using QLineEdit::QLineEdit;
+  // Sees the keys before the text box does: true takes one away.
   std::function<bool(const QKeyEvent&)> on_key;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
-    if (!on_key(*event)) Widget::keyPressEvent(event);
+    if (!on_key(*event)) QLineEdit::keyPressEvent(event);
   }
 };
 
-template <typename Base>
-class TextView : public ViewOf<TextBox, TextWidget<Base>> {
+template <typename Box>
+class TextView : public ViewOf<TextBox, Box> {
  public:
   TextView(Stage& stage, Control& control, QWidget& parent)
-      : ViewOf<TextBox, TextWidget<Base>>(stage, control, new TextWidget<Base>(&parent)) {
+      : ViewOf<TextBox, Box>(stage, control, new Box(&parent)) {
     this->widget_.setReadOnly(this->kind().read_only);
     this->widget_.on_key = [this](const QKeyEvent& event) { return Copies(event); };
   }
@@ -65,14 +64,14 @@ class TextView : public ViewOf<TextBox, TextWidget<Base>> {
   }
 };
 
-class LineView : public TextView<QLineEdit> {
+class LineView : public TextView<LineBox> {
  public:
   LineView(Stage& stage, Control& control, QWidget& parent) : TextView(stage, control, parent) {
     QObject::connect(&widget_, &QLineEdit::textEdited, [this] { Typed(); });
   }
 };
 
-class LinesView : public TextView<QPlainTextEdit> {
+class LinesView : public TextView<LinesBox> {
  public:
   LinesView(Stage& stage, Control& control, QWidget& parent) : TextView(stage, control, parent) {
     widget_.setTabChangesFocus(true);

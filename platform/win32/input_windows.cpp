@@ -7,6 +7,7 @@
 #include "platform/win32/form_window.h"
 #include "platform/win32/pace.h"
 #include "platform/win32/wide_text.h"
+#include "text/encoding.h"
 
 namespace quarvel::platform::win32 {
 namespace {
@@ -27,13 +28,23 @@ ControlWindow::Style TextWindow::WindowStyle() const {
 void TextWindow::Fill() {
   // Of itself an edit window takes no more than some thirty thousand characters.
   Send(EM_SETLIMITTEXT, kLongestText);
-  SetWindowTextTo(handle(), Own().text());
+  if (Own().read_only) {
+    SetWindowSubclass(handle(), Receive, 1, reinterpret_cast<DWORD_PTR>(this));
+  }
+  ShowText();
+}
+
+void TextWindow::ShowText() {
+  if (!Own().read_only || !many_lines()) return SetWindowTextTo(handle(), Own().text());
+  // The window's time for a line grows with the square of its length.
+  lines_ = text::LongLines(text::Utf8ToUtf16(Own().text()), u"\r\n");
+  SetWindowTextTo(handle(), text::Utf16ToUtf8(lines_.broken()));
 }
 
 void TextWindow::Mirror(Change change) {
   if (change == Change::kValue) {
     const Mirroring mirroring(*this);
-    SetWindowTextTo(handle(), Own().text());
+    ShowText();
   }
   ControlWindow::Mirror(change);
 }
@@ -43,11 +54,30 @@ void TextWindow::TakeFocus() {
   if (!many_lines()) Send(EM_SETSEL, 0, -1);
 }
 
-bool TextWindow::HasSelection() const {
-  DWORD start = 0;
-  DWORD end = 0;
-  Send(EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
-  return start != end;
+TextWindow::Selection TextWindow::Selected() const {
+  Selection selection;
+  Send(EM_GETSEL, reinterpret_cast<WPARAM>(&selection.begin),
+       reinterpret_cast<LPARAM>(&selection.end));
+  return selection;
+}
+
+bool TextWindow::Copies() {
+  if (!Own().read_only) return false;
+  const auto [begin, end] = Selected();
+  if (begin != end && !many_lines()) return false;
+  owner().form().desktop().CopyToClipboard(
+      begin == end ? Own().text() : text::Utf16ToUtf8(lines_.Between(begin, end)));
+  return true;
+}
+
+LRESULT CALLBACK TextWindow::Receive(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR,
+                                     DWORD_PTR self) noexcept {
+  auto& box = *reinterpret_cast<TextWindow*>(self);
+  bool taken = false;
+  if (message == WM_COPY) {
+    box.owner().Visit([&] { taken = box.owner().alive() && box.Copies(); });
+  }
+  return taken ? 0 : DefSubclassProc(window, message, w, l);
 }
 
 ControlWindow::KeyUse TextWindow::Press(KeyPress press) {
@@ -55,10 +85,7 @@ ControlWindow::KeyUse TextWindow::Press(KeyPress press) {
     Send(EM_SETSEL, 0, -1);
     return KeyUse::kDone;
   }
-  if (press == Ctrl('C') && Own().read_only && !HasSelection()) {
-    owner().form().desktop().CopyToClipboard(Own().text());
-    return KeyUse::kDone;
-  }
+  if (press == Ctrl('C') && Copies()) return KeyUse::kDone;
   const bool edits = press.key == Key::kDelete || press == Ctrl('C') || press == Ctrl('X') ||
                      press == Ctrl('V') || press == Ctrl('Z');
   return edits ? KeyUse::kNative : KeyUse::kNone;

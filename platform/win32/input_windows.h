@@ -6,6 +6,7 @@
 #include "platform/basic_controls.h"
 #include "platform/input_controls.h"
 #include "platform/win32/control_window.h"
+#include "text/long_lines.h"
 
 namespace quarvel::platform::win32 {
 
@@ -23,9 +24,22 @@ class TextWindow : public ControlWindow {
   void Fill() override;
 
  private:
+  // Positions in the window's text; the same twice when nothing is selected.
+  struct Selection {
+    DWORD begin = 0;
+    DWORD end = 0;
+  };
   TextBox& Own() const { return static_cast<TextBox&>(control()); }
   bool many_lines() const { return Own().lines() == TextBox::Lines::kMany; }
-  bool HasSelection() const;
+  Selection Selected() const;
+  void ShowText();
+  // Of a box that is only to be read: what is selected, or all, to the clipboard, without the
+  // breaks of long lines. False when the window itself shall copy.
+  bool Copies();
+  static LRESULT CALLBACK Receive(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR,
+                                  DWORD_PTR self) noexcept;
+
+  text::LongLines lines_{u"", u"\r\n"};  // of a box of many lines that is only to be read
 };
 
 class ComboWindow : public ControlWindow {

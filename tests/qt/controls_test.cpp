@@ -1,7 +1,6 @@
 // Every kind of control but the grid: it shows what the form says, and tells the form what the user
 // does.
 #include <QCheckBox>
-#include <QClipboard>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
@@ -238,25 +237,6 @@ TEST_F(QtControls, FramesStandBehindWhatTheySurround) {
   QWidget& inner = *The<QGroupBox>("fraAll").parentWidget();
   EXPECT_EQ(inner.childAt(150, 50), &The<QLineEdit>("txtName"));
   EXPECT_EQ(inner.childAt(20, 50), &The<QLabel>("lblName"));
-}
-
-TEST(QtReadOnlyText, GivesAllOfItToTheClipboardAndTakesNothing) {
-  const auto desktop = MakeQtDesktop();
-  class frmText : public Form {
-   public:
-    explicit frmText(Desktop& on) : Form(on, "frmText") {
-      SetSize(200, 100, false);
-      txtAll.read_only = true;
-      txtAll.set_text("one\r\ntwo");
-    }
-    TextBox txtAll{*this, "txtAll", {0, 0, 200, 100}, TextBox::Lines::kMany};
-  } form(*desktop);
-  form.Show();
-  auto& box = *Part<QPlainTextEdit>(WindowNamed("frmText"), "txtAll");
-  TypeInto(box, "x");
-  PressKey(box, Qt::Key_C, Qt::ControlModifier);
-  EXPECT_EQ(form.txtAll.text(), "one\r\ntwo");
-  EXPECT_EQ(QApplication::clipboard()->text(), "one\ntwo");
 }
 
 }  // namespace

@@ -109,12 +109,7 @@ TEST_F(GridTest, ControlACopiesAllRowsWithControlC) {
   TypeWith(VK_CONTROL, 'A');
   EXPECT_TRUE(form_.grdList.all_selected());
   TypeWith(VK_CONTROL, 'C');
-  ASSERT_TRUE(OpenClipboard(top()));
-  const auto* const text =
-      static_cast<const wchar_t*>(GlobalLock(GetClipboardData(CF_UNICODETEXT)));
-  const std::wstring copied = text != nullptr ? text : L"";
-  CloseClipboard();
-  EXPECT_EQ(copied, L"ROW0\tless than\r\nROW1\tless than");
+  EXPECT_EQ(ClipboardText(), L"ROW0\tless than\r\nROW1\tless than");
 }
 
 TEST_F(GridTest, ChangesNothingItShowsWhileRedrawIsOff) {

@@ -108,6 +108,19 @@ std::wstring TextOf(HWND window) {
   return text;
 }
 
+std::wstring ClipboardText() {
+  if (!OpenClipboard(nullptr)) {
+    ADD_FAILURE() << "the clipboard cannot be opened";
+    return {};
+  }
+  const HANDLE memory = GetClipboardData(CF_UNICODETEXT);
+  const auto* const text = static_cast<const wchar_t*>(GlobalLock(memory));
+  const std::wstring copied = text != nullptr ? text : L"";
+  if (text != nullptr) GlobalUnlock(memory);
+  CloseClipboard();
+  return copied;
+}
+
 void PressBoxButton(HWND box, int id) { PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(id), 0); }
 
 void PressKey(HWND window, WPARAM key) {

@@ -43,6 +43,8 @@ HWND FindTopWindow(const std::wstring& title);
 // The child window of that control name; null when there is none.
 HWND FindControl(HWND top, const std::wstring& name);
 std::wstring TextOf(HWND window);
+// The text that was copied last; a failure, and nothing, when the clipboard cannot be had.
+std::wstring ClipboardText();
 // Presses a button of a box of the system.
 void PressBoxButton(HWND box, int id);
 // A key as it comes from the queue, with its character.
