@@ -25,7 +25,7 @@ std::string KeyName(KeyPress press) {
 
 std::string KeyText(KeyPress press) {
   const std::string name = KeyName(press);
-  if (name.empty()) return name;
+  if (name.empty()) return {};
   return (press.ctrl ? "Ctrl+" : "") + std::string(press.shift ? "Shift+" : "") + name;
 }
 
