@@ -118,9 +118,10 @@ HRESULT ArrayArgument::FillFrom(std::size_t item, VARIANT& value) {
     doubles()[item] = std::bit_cast<double>(kUntouched);
     return S_OK;
   }
+  VARIANT* const inner = Dereference(&value);
+  if (inner == nullptr) return DISP_E_TYPEMISMATCH;
   VariantHolder number;
-  const HRESULT changed =
-      VariantChangeTypeEx(number.Receive(), Dereference(&value), kConversionLocale, 0, VT_R8);
+  const HRESULT changed = VariantChangeTypeEx(number.Receive(), inner, kConversionLocale, 0, VT_R8);
   if (SUCCEEDED(changed)) doubles()[item] = V_R8(&number.value());
   return changed;
 }

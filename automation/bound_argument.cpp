@@ -1,5 +1,8 @@
 #include "automation/bound_argument.h"
 
+#include <cstddef>
+#include <cstring>
+
 #include "automation/model_values.h"
 
 namespace quarvel::automation {
@@ -7,6 +10,33 @@ namespace {
 
 bool IsMissing(const VARIANT& given) {
   return V_VT(&given) == VT_ERROR && V_ERROR(&given) == DISP_E_PARAMNOTFOUND;
+}
+
+// The size of a plain value of that type; 0 for a type that is none.
+std::size_t PlainSize(VARTYPE type) {
+  switch (type) {
+    case VT_I1:
+    case VT_UI1:
+      return 1;
+    case VT_I2:
+    case VT_UI2:
+    case VT_BOOL:
+      return 2;
+    case VT_I4:
+    case VT_UI4:
+    case VT_INT:
+    case VT_UINT:
+    case VT_R4:
+      return 4;
+    case VT_I8:
+    case VT_UI8:
+    case VT_R8:
+    case VT_CY:
+    case VT_DATE:
+      return 8;
+    default:
+      return 0;
+  }
 }
 
 // Puts a number into a caller's variable of plain type, keeping that type.
@@ -19,31 +49,20 @@ HRESULT WritePlain(double number, VARIANT& variable) {
   const HRESULT changed =
       VariantChangeTypeEx(converted.Receive(), &source, kConversionLocale, 0, type);
   if (FAILED(changed)) return changed;
-  switch (type) {
-    case VT_R8:
-      *V_R8REF(&variable) = V_R8(&converted.value());
-      return S_OK;
-    case VT_R4:
-      *V_R4REF(&variable) = V_R4(&converted.value());
-      return S_OK;
-    case VT_I4:
-    case VT_INT:
-      *V_I4REF(&variable) = V_I4(&converted.value());
-      return S_OK;
-    case VT_I2:
-      *V_I2REF(&variable) = V_I2(&converted.value());
-      return S_OK;
-    case VT_CY:
-      *V_CYREF(&variable) = V_CY(&converted.value());
-      return S_OK;
-    case VT_BSTR:
-      SysFreeString(*V_BSTRREF(&variable));
-      *V_BSTRREF(&variable) = V_BSTR(&converted.value());
-      converted.Detach();
-      return S_OK;
-    default:
-      return DISP_E_TYPEMISMATCH;
+  if (type == VT_BSTR) {
+    SysFreeString(*V_BSTRREF(&variable));
+    *V_BSTRREF(&variable) = V_BSTR(&converted.value());
+    converted.Detach();
+    return S_OK;
   }
+  if (type == VT_DECIMAL) {
+    *V_DECIMALREF(&variable) = V_DECIMAL(&converted.value());
+    V_DECIMALREF(&variable)->wReserved = 0;  // where a variant has its type
+    return S_OK;
+  }
+  if (PlainSize(type) == 0) return DISP_E_TYPEMISMATCH;
+  std::memcpy(V_BYREF(&variable), &V_NONE(&converted.value()), PlainSize(type));
+  return S_OK;
 }
 
 }  // namespace

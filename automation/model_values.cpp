@@ -55,6 +55,7 @@ VARIANT* Dereference(VARIANT* variant) {
   while (variant != nullptr && V_VT(variant) == (VT_BYREF | VT_VARIANT)) {
     variant = V_VARIANTREF(variant);
   }
+  if (variant != nullptr && V_ISBYREF(variant) && V_BYREF(variant) == nullptr) return nullptr;
   return variant;
 }
 

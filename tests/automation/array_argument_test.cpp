@@ -154,11 +154,17 @@ TEST_F(ArrayArgumentTest, KeepsTheTypeOfAPlainAnswerVariable) {
   MakeDoubles(0, {1, 2, 3});
   LONG whole = 0;
   float single = 0;
+  BYTE byte = 0;
+  VARIANT_BOOL flag = VARIANT_FALSE;
+  DATE date = 0;
+  CY money = {};
+  DECIMAL decimal = {};
   BSTR text = nullptr;
   const struct {
     VARTYPE type;
     void* variable;
-  } variables[] = {{VT_I4, &whole}, {VT_R4, &single}, {VT_BSTR, &text}};
+  } variables[] = {{VT_I4, &whole},  {VT_R4, &single}, {VT_UI1, &byte},        {VT_BOOL, &flag},
+                   {VT_DATE, &date}, {VT_CY, &money},  {VT_DECIMAL, &decimal}, {VT_BSTR, &text}};
   for (const auto& variable : variables) {
     VARIANT reference;
     V_VT(&reference) = static_cast<VARTYPE>(VT_BYREF | variable.type);
@@ -168,8 +174,33 @@ TEST_F(ArrayArgumentTest, KeepsTheTypeOfAPlainAnswerVariable) {
   }
   EXPECT_EQ(whole, 5);
   EXPECT_EQ(single, 5.0f);
+  EXPECT_EQ(byte, 5);
+  EXPECT_EQ(flag, VARIANT_TRUE);
+  EXPECT_EQ(date, 5);
+  EXPECT_EQ(money.int64, 50000);
+  EXPECT_EQ(decimal.Lo64, 5u);
+  EXPECT_EQ(decimal.wReserved, 0);
   EXPECT_EQ(std::wstring(text), L"5");
   SysFreeString(text);
+}
+
+TEST_F(ArrayArgumentTest, RefusesReferencesToNothing) {
+  const std::string mismatch = "! DISP_E_TYPEMISMATCH ";
+  VARIANT nothing = {};
+  for (const int type : {VT_ARRAY | VT_R8, VT_ARRAY | VT_VARIANT, int{VT_DISPATCH}}) {
+    V_VT(&nothing) = static_cast<VARTYPE>(VT_BYREF | type);
+    EXPECT_EQ(Call(L"RowGradient", {1, Value(nothing)}), mismatch + "0");
+    EXPECT_EQ(Call(L"RowBodyValue", {1, Value(nothing), 0}), mismatch + "1");
+  }
+  MakeDoubles(0, {1, 2, 3});
+  for (const int type : {VT_R8, VT_BSTR, VT_VARIANT}) {
+    V_VT(&nothing) = static_cast<VARTYPE>(VT_BYREF | type);
+    EXPECT_EQ(Call(L"RowName", {Value(nothing)}), mismatch + "0");
+    EXPECT_EQ(Call(L"RowBodyValue", {1, Array(Passing::kByReference), Value(nothing)}),
+              mismatch + "0");
+    EXPECT_EQ(Run({L"SetColUpperBound", DISPATCH_PROPERTYPUT, {1, Value(nothing)}}),
+              mismatch + "0");
+  }
 }
 
 TEST_F(ArrayArgumentTest, TakesAnAnswerThatCannotBeWrittenBack) {

@@ -230,5 +230,14 @@ TEST_F(EarlyBound, NullPointersAreRefusedWithoutErrorInformation) {
   EXPECT_EQ(Get<LONG>(&_LPModel::get_NumberOfRows), 2);
 }
 
+TEST_F(EarlyBound, ReferencesToNothingAreNoValues) {
+  VARIANT nothing = {};
+  for (const int type : {VT_R8, VT_BSTR, VT_VARIANT}) {
+    V_VT(&nothing) = static_cast<VARTYPE>(VT_BYREF | type);
+    EXPECT_EQ(model_->put_SetColUpperBound(0, &nothing), static_cast<HRESULT>(0x800A000D));
+    EXPECT_EQ(model_->put_SetColName(0, &nothing), static_cast<HRESULT>(0x800A000D));
+  }
+}
+
 }  // namespace
 }  // namespace quarvel::automation
