@@ -4,13 +4,17 @@
 #include <utility>
 
 #include "model/lp_model.h"
+#include "platform/files.h"
 
 namespace quarvel {
 
-std::string frmMPSFileOpen::Choose(platform::FileDialog request) {
+std::string frmMPSFileOpen::Choose(platform::FileDialog request, const std::string& location) {
   Load();
+  if (!location.empty()) folder_ = platform::FolderOf(location);
+  request.folder = folder_;
   request.file_name.clear();
   desktop().ShowFileDialog(request);
+  if (!request.file_name.empty()) folder_ = platform::FolderOf(request.file_name);
   return std::move(request.file_name);
 }
 

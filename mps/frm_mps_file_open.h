@@ -16,8 +16,13 @@ class frmMPSFileOpen : public platform::Form {
  public:
   explicit frmMPSFileOpen(platform::Desktop& desktop) : Form(desktop, "frmMPSFileOpen") {}
 
-  // Shows `request` and gives the chosen path, empty when the user cancelled.
-  std::string Choose(platform::FileDialog request);
+  // Shows `request` and gives the chosen path, empty when the user cancelled. The user begins in
+  // the folder of the model's own file, `location`; of a model without one, where the last file was
+  // chosen.
+  std::string Choose(platform::FileDialog request, const std::string& location);
+
+ private:
+  std::string folder_;
 };
 
 // The file-dialog host of that model, created on first use.

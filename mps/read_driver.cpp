@@ -43,7 +43,7 @@ std::int16_t LPModel::ReadMPSFile() {
   request.title = "Identify the MPS file to open";
   request.filter = "MPS files (*.MPS)|*.MPS|all files (*.*)|*.*";
   data_.strMPSFile.clear();
-  data_.strMPSFile = FileDialogHost(*this).Choose(request);
+  data_.strMPSFile = FileDialogHost(*this).Choose(request, data_.FileLocation);
   data_.FileLocation = data_.strMPSFile;
   if (data_.strMPSFile.empty()) return 1;
 

@@ -124,7 +124,7 @@ std::int16_t LPModel::SaveAsMPSFile() {
   request.title = "Save As...";
   request.filter = "MPS files (*.mps)|*.mps|all files (*.*)|*.*";
   request.default_extension = ".mps";
-  const std::string path = FileDialogHost(*this).Choose(request);
+  const std::string path = FileDialogHost(*this).Choose(request, data_.FileLocation);
   if (path.empty()) {
     desktop_.Beep();
     return kCancelled;

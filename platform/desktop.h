@@ -38,6 +38,8 @@ struct FileDialog {
   std::string default_extension;  // with its point; appended to a name that has no extension
   // In: the name offered at first. Out: the chosen path, empty when cancelled.
   std::string file_name;
+  // Where the user begins to look; empty leaves it to the platform.
+  std::string folder = {};
 };
 
 enum class MousePointer { kDefault, kWait };

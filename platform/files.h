@@ -71,6 +71,9 @@ void RemoveFile(const std::string& path);
 // True when both names lead to one existing file (links and letter case of the system considered).
 bool IsSameFile(const std::string& a, const std::string& b);
 
+// The folder that holds the file of that path, by its text alone: "." when it names none.
+std::string FolderOf(const std::string& path);
+
 // The folder that holds the component's own file: the DLL on Windows, the program it is linked into
 // elsewhere. No separator at the end.
 std::string ComponentFolder();

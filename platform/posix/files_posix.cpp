@@ -31,14 +31,6 @@ auto RetryInterrupted(Call call) {
   return result;
 }
 
-std::string ParentFolder(const std::string& path) {
-  const std::size_t last = path.find_last_not_of('/');
-  if (last == std::string::npos) return "/";
-  const std::size_t slash = path.rfind('/', last);
-  if (slash == std::string::npos) return ".";
-  return slash == 0 ? "/" : path.substr(0, slash);
-}
-
 bool IsFolder(const std::string& path) {
   const auto info = AskSystemAbout(path);
   return info && info->is_folder;
@@ -47,7 +39,7 @@ bool IsFolder(const std::string& path) {
 RunTimeError ErrorOf(int code, const std::string& path) {
   switch (code) {
     case ENOENT:
-      return IsFolder(ParentFolder(path)) ? kFileNotFound : kPathNotFound;
+      return IsFolder(FolderOf(path)) ? kFileNotFound : kPathNotFound;
     case ENOTDIR:
       return kPathNotFound;
     case EACCES:
@@ -98,7 +90,7 @@ std::string HomeFolder() {
 
 void CreateFolders(const std::string& path) {
   if (IsFolder(path)) return;
-  if (const std::string parent = ParentFolder(path); parent != path) CreateFolders(parent);
+  if (const std::string parent = FolderOf(path); parent != path) CreateFolders(parent);
   constexpr mode_t kPrivate = 0700;
   if (mkdir(path.c_str(), kPrivate) == 0) return;
   const int code = errno;
@@ -175,6 +167,14 @@ bool IsSameFile(const std::string& a, const std::string& b) {
   return first.st_dev == second.st_dev && first.st_ino == second.st_ino;
 }
 
+std::string FolderOf(const std::string& path) {
+  const std::size_t last = path.find_last_not_of('/');
+  if (last == std::string::npos) return path.empty() ? "." : "/";
+  const std::size_t slash = path.rfind('/', last);
+  if (slash == std::string::npos) return ".";
+  return slash == 0 ? "/" : path.substr(0, slash);
+}
+
 std::string ComponentFolder() {
   const char* const link = "/proc/self/exe";
   std::string target(256, '\0');
@@ -183,7 +183,7 @@ std::string ComponentFolder() {
     if (count == -1) RaiseSystemError(link);
     if (static_cast<std::size_t>(count) < target.size()) {
       target.resize(static_cast<std::size_t>(count));
-      return ParentFolder(target);
+      return FolderOf(target);
     }
     target.resize(target.size() * 2);
   }

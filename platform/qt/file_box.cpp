@@ -35,6 +35,7 @@ void AskFile(EventPump& pump, const QWidget* owner, FileDialog& request) {
   dialog.setNameFilters(FiltersOf(request.filter));
   // An existing file is called what it is called.
   if (saving) dialog.setDefaultSuffix(ToQt(request.default_extension));
+  if (!request.folder.empty()) dialog.setDirectory(ToQt(request.folder));
   if (!request.file_name.empty()) dialog.selectFile(ToQt(request.file_name));
   const bool chosen = RunDialog(pump, dialog, owner) && !dialog.selectedFiles().isEmpty();
   request.file_name = chosen ? FromQt(dialog.selectedFiles().constFirst()) : std::string();

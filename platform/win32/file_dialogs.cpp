@@ -19,6 +19,17 @@ bool Ask(FileDialog::Kind kind, OPENFILENAMEW& request) {
                                           : GetSaveFileNameW(&request)) != FALSE;
 }
 
+// These dialogs take full paths only. Empty for none.
+std::wstring FullPath(std::string_view folder) {
+  if (folder.empty()) return {};
+  const std::wstring given = ToWide(folder);
+  std::wstring full(kPathRoom, L'\0');
+  const DWORD length =
+      GetFullPathNameW(given.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+  full.resize(length < full.size() ? length : 0);
+  return full;
+}
+
 DWORD FlagsOf(FileDialog::Kind kind) {
   constexpr DWORD kBoth = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST;
   return kBoth | (kind == FileDialog::Kind::kOpen ? OFN_FILEMUSTEXIST : OFN_OVERWRITEPROMPT);
@@ -42,6 +53,7 @@ std::wstring SystemExtension(std::string_view extension) {
 void ChooseFile(FileDialog& dialog, HWND owner) {
   const std::wstring filter = SystemFilter(dialog.filter);
   const std::wstring extension = SystemExtension(dialog.default_extension);
+  const std::wstring folder = FullPath(dialog.folder);
   const std::wstring title = ToWide(dialog.title);
   // Everything else in Windows takes a slash between folders, but not these dialogs.
   std::wstring offered = ToWide(dialog.file_name);
@@ -55,6 +67,7 @@ void ChooseFile(FileDialog& dialog, HWND owner) {
   request.nFilterIndex = 1;
   request.lpstrFile = path.data();
   request.nMaxFile = static_cast<DWORD>(path.size());
+  request.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
   request.lpstrTitle = title.empty() ? nullptr : title.c_str();
   request.lpstrDefExt = extension.empty() ? nullptr : extension.c_str();
   request.Flags = FlagsOf(dialog.kind);

@@ -194,6 +194,14 @@ bool IsSameFile(const std::string& a, const std::string& b) {
   return first && first == IdentityOf(b);
 }
 
+std::string FolderOf(const std::string& path) {
+  const std::size_t end = path.find_last_of("/\\:");
+  if (end == std::string::npos) return ".";
+  // The separator belongs to the name of a drive's first folder.
+  const bool first = end == 0 || path[end] == ':' || path[end - 1] == ':';
+  return path.substr(0, first ? end + 1 : end);
+}
+
 std::string ComponentFolder() {
   HMODULE self = nullptr;
   constexpr DWORD kFlags =

@@ -247,6 +247,20 @@ TEST_F(Saving, AsksForAPathWithAnEmptyNameEachTime) {
   }
 }
 
+TEST_F(Saving, AsksWhereTheFileIsOrWasLast) {
+  const TemporaryFolder elsewhere;
+  const std::string other = elsewhere.File("other.mps");
+  desktop.files = {path, other, other};
+  model.SaveAsMPSFile();
+  model.SaveAsMPSFile();
+  model.MakeNewModel();
+  model.SaveAsMPSFile();
+  ASSERT_EQ(desktop.file_dialogs().size(), 3u);
+  EXPECT_EQ(desktop.file_dialogs()[0].folder, "");
+  EXPECT_EQ(desktop.file_dialogs()[1].folder, folder.path());
+  EXPECT_EQ(desktop.file_dialogs()[2].folder, elsewhere.path());
+}
+
 TEST_F(Saving, OnlyBeepsWhenTheDialogIsCancelled) {
   OwnFile(path);
   desktop.files = {""};

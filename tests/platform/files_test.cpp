@@ -302,6 +302,19 @@ TEST(IsSameFile, SeesThroughTheWayAFileIsNamed) {
   EXPECT_FALSE(IsSameFile(folder.File("missing"), folder.File("missing")));
 }
 
+TEST(FolderOf, IsThePathWithoutItsLastName) {
+  EXPECT_EQ(FolderOf("a/b/model.mps"), "a/b");
+  EXPECT_EQ(FolderOf("/model.mps"), "/");
+  EXPECT_EQ(FolderOf("model.mps"), ".");
+  EXPECT_EQ(FolderOf(""), ".");
+#ifdef _WIN32
+  EXPECT_EQ(FolderOf("C:\\a\\model.mps"), "C:\\a");
+  EXPECT_EQ(FolderOf("C:\\model.mps"), "C:\\");
+  EXPECT_EQ(FolderOf("C:model.mps"), "C:");
+  EXPECT_EQ(FolderOf("\\\\host\\share\\model.mps"), "\\\\host\\share");
+#endif
+}
+
 TEST(ComponentFolder, HoldsTheRunningProgram) {
   const fs::path folder = Native(ComponentFolder());
   EXPECT_TRUE(folder.is_absolute());

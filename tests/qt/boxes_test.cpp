@@ -153,6 +153,16 @@ TEST_F(QtFiles, OpenIsEmptyWhenCancelled) {
   EXPECT_EQ(request.file_name, "");
 }
 
+TEST_F(QtFiles, BeginsInTheFolderThatIsAskedFor) {
+  FileDialog request = OpenRequest();
+  request.folder = folder_.path().toStdString();
+  In("filedialog", [&](QWidget& box) {
+    EXPECT_EQ(static_cast<QFileDialog&>(box).directory().path(), folder_.path());
+    PressKey(box, Qt::Key_Escape);
+  });
+  desktop_->ShowFileDialog(request);
+}
+
 TEST_F(QtFiles, OpenShowsFilesInEitherLetterCase) {
   Make("small.mps");
   Make("LARGE.MPS");

@@ -141,6 +141,14 @@ TEST_F(FileDialogTest, GivesTheChosenPathAndKeepsTheCurrentFolder) {
   EXPECT_EQ(std::filesystem::current_path(), before);
 }
 
+TEST_F(FileDialogTest, BeginsInTheFolderThatIsAskedFor) {
+  std::ofstream(folder_ / L"here.mps") << "NAME\n";
+  dialog_.folder = Utf8(folder_);
+  Answer(L"here.mps");
+  desktop().ShowFileDialog(dialog_);
+  EXPECT_EQ(dialog_.file_name, Utf8(folder_ / L"here.mps"));
+}
+
 TEST_F(FileDialogTest, CancelledGivesNothing) {
   dialog_.file_name = "offered.mps";
   Answer(L"");
