@@ -201,6 +201,12 @@ void Form::SetSize(int width, int height, bool resizable) {
   width_ = width;
   height_ = height;
   resizable_ = resizable;
+  SetSmallestSize(width, height);
+}
+
+void Form::SetSmallestSize(int width, int height) {
+  smallest_width_ = width;
+  smallest_height_ = height;
 }
 
 }  // namespace quarvel::platform

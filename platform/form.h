@@ -70,8 +70,10 @@ class Form {
   // Size of the inner area in form units: pixels at 96 a logical inch.
   int width() const { return width_; }
   int height() const { return height_; }
-  // A resizable form may grow, and never gets smaller than this.
+  // A resizable form may grow, and shrink down to this size, so that it fits on a small screen.
   bool resizable() const { return resizable_; }
+  int smallest_width() const { return smallest_width_; }
+  int smallest_height() const { return smallest_height_; }
   // The control that code gave the keyboard last; null leaves it to the tab order.
   Control* focus() const { return focus_; }
 
@@ -115,7 +117,9 @@ class Form {
   virtual bool OnQueryUnload(UnloadReason) { return true; }
   virtual void OnUnload() {}
 
+  // The smallest size is this one until SetSmallestSize.
   void SetSize(int width, int height, bool resizable);
+  void SetSmallestSize(int width, int height);
   // For forms that hold work of the user's: a failing handler does not close them.
   void SurviveFailures() { survives_failures_ = true; }
 
@@ -134,6 +138,8 @@ class Form {
   std::vector<Control*> controls_;
   int width_ = 0;
   int height_ = 0;
+  int smallest_width_ = 0;
+  int smallest_height_ = 0;
   bool resizable_ = false;
   bool survives_failures_ = false;
   Control* focus_ = nullptr;

@@ -19,6 +19,7 @@ frmAddElementsToRow::frmAddElementsToRow(platform::Desktop& desktop)
       cmdOK(*this, "cmdOK", {132, 348, 92, 28, {100, 100, 100, 100}}),
       cmdCancel(*this, "cmdCancel", {236, 348, 92, 28, {100, 100, 100, 100}}) {
   SetSize(340, 388, true);
+  SetSmallestSize(280, 200);
   SurviveFailures();
   set_caption("Add Elements to Row XXXXXXXX");
   lblSelect.set_caption("Select a Column to Add:");

@@ -24,6 +24,7 @@ frmViewEquations::frmViewEquations(platform::Desktop& desktop)
       col_bounds(desktop),
       add_elements(desktop) {
   SetSize(760, 540, true);
+  SetSmallestSize(600, 440);
   SurviveFailures();
   set_caption("Model Viewer");
   lblName.set_caption("Name:");
@@ -72,6 +73,7 @@ void frmViewEquations::ShowRow(std::int32_t number) {
   Load();
   sstViewEqns.set_current(kRowsPage);
   rows.list.grid.set_current_row(number - 1);
+  rows.list.grid.Focus();
   desktop().DoEvents();
   if (IsLoaded()) ShowWindow();  // unless an event has closed it
 }
@@ -81,6 +83,7 @@ void frmViewEquations::ShowCol(std::int32_t number) {
   Load();
   sstViewEqns.set_current(kColumnsPage);
   columns.list.grid.set_current_row(number - 1);
+  columns.list.grid.Focus();
   desktop().DoEvents();
   if (IsLoaded()) ShowWindow();
 }

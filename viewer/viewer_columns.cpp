@@ -154,6 +154,7 @@ void frmViewEquations::GoToRow() {
   if (!place) return;
   sstViewEqns.set_current(kRowsPage);
   rows.list.grid.set_current_row(*place);
+  rows.list.grid.Focus();
   desktop().DoEvents();
   if (IsReady()) ShowRowDetail();
 }

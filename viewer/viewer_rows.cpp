@@ -145,6 +145,7 @@ void frmViewEquations::GoToColumn() {
   if (!place) return;
   sstViewEqns.set_current(kColumnsPage);
   columns.list.grid.set_current_row(*place);
+  columns.list.grid.Focus();
   desktop().DoEvents();
   if (IsReady()) ShowColumnDetail();
 }

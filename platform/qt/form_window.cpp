@@ -87,12 +87,12 @@ void FormWindow::LeadLabels() {
 void FormWindow::Measure() {
   const int bar = menus_.bar() == nullptr ? 0 : menus_.bar()->sizeHint().height();
   const QSize size(form_->width(), form_->height() + bar);
-  if (form_->resizable()) {
-    setMinimumSize(size);
-  } else {
-    setFixedSize(size);
-  }
-  resize(size);
+  if (!form_->resizable()) return setFixedSize(size);
+  const QSize smallest(form_->smallest_width(), form_->smallest_height() + bar);
+  setMinimumSize(smallest);
+  // Some room is left for the frame, which has no size before it is shown.
+  constexpr QSize kFrame(8, 40);
+  resize(size.boundedTo(screen()->availableSize() - kFrame).expandedTo(smallest));
 }
 
 void FormWindow::Arrange() {

@@ -167,7 +167,8 @@ void FormWindow::UseFont() {
 
 void FormWindow::SmallestSize(MINMAXINFO& info) const {
   if (!form_->resizable() || dpi_ == 0) return;
-  const SIZE inner = {ToPixels(form_->width(), dpi_), ToPixels(form_->height(), dpi_)};
+  const SIZE inner = {ToPixels(form_->smallest_width(), dpi_),
+                      ToPixels(form_->smallest_height(), dpi_)};
   const SIZE size = OuterSize(inner, style_, extended_style_, !menu_.IsEmpty(), dpi_);
   info.ptMinTrackSize = {size.cx, size.cy};
 }

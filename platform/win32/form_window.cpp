@@ -18,18 +18,23 @@ namespace {
 constexpr DWORD kDialogStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
 constexpr DWORD kResizableStyle = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
 
-// In the middle of its owner, or of the screen, and not beyond the edges of that.
-POINT Middle(SIZE size, HWND owner) {
-  const HMONITOR screen = MonitorFromWindow(owner, MONITOR_DEFAULTTOPRIMARY);
+// What the owner's screen, or the first one, has to offer to windows.
+RECT WorkArea(HWND owner) {
   MONITORINFO info = {};
   info.cbSize = sizeof(info);
-  GetMonitorInfoW(screen, &info);
-  RECT around = info.rcWork;
+  GetMonitorInfoW(MonitorFromWindow(owner, MONITOR_DEFAULTTOPRIMARY), &info);
+  return info.rcWork;
+}
+
+// In the middle of its owner, or of the screen, and not beyond the edges of that.
+POINT Middle(SIZE size, HWND owner) {
+  const RECT screen = WorkArea(owner);
+  RECT around = screen;
   if (owner != nullptr && !IsIconic(owner)) GetWindowRect(owner, &around);
   const LONG x = (around.left + around.right - size.cx) / 2;
   const LONG y = (around.top + around.bottom - size.cy) / 2;
-  return {std::max(info.rcWork.left, std::min(x, info.rcWork.right - size.cx)),
-          std::max(info.rcWork.top, std::min(y, info.rcWork.bottom - size.cy))};
+  return {std::max(screen.left, std::min(x, screen.right - size.cx)),
+          std::max(screen.top, std::min(y, screen.bottom - size.cy))};
 }
 
 }  // namespace
@@ -89,7 +94,12 @@ void FormWindow::MakeControls() {
 
 void FormWindow::Show(HWND owner) {
   const SIZE inner = {ToPixels(form_->width(), dpi_), ToPixels(form_->height(), dpi_)};
-  const SIZE size = OuterSize(inner, style_, extended_style_, !menu_.IsEmpty(), dpi_);
+  SIZE size = OuterSize(inner, style_, extended_style_, !menu_.IsEmpty(), dpi_);
+  if (form_->resizable()) {
+    const RECT screen = WorkArea(owner);
+    size.cx = std::min(size.cx, screen.right - screen.left);
+    size.cy = std::min(size.cy, screen.bottom - screen.top);
+  }
   const POINT place = Middle(size, owner);
   SetWindowPos(handle_, nullptr, place.x, place.y, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
   Layout();

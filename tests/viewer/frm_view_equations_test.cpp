@@ -236,6 +236,7 @@ TEST_F(ViewerTest, DoubleClickOnAVariableGoesToItsColumn) {
     viewer().rows.fgrdRowsVars.DoubleClick(0);
     EXPECT_EQ(viewer().sstViewEqns.current(), frmViewEquations::kColumnsPage);
     EXPECT_EQ(viewer().columns.list.grid.current_row(), 2);
+    EXPECT_EQ(viewer().focus(), &viewer().columns.list.grid);
     EXPECT_EQ(viewer().columns.fraEqns.caption(), "Rows that Z appears in (1):");
     EXPECT_EQ(desktop_.event_count(), events + 1);
   });
@@ -247,6 +248,7 @@ TEST_F(ViewerTest, DoubleClickOnARowOfAColumnGoesToThatRow) {
     viewer().columns.fgrdColsEqns.DoubleClick(2);
     EXPECT_EQ(viewer().sstViewEqns.current(), frmViewEquations::kRowsPage);
     EXPECT_EQ(viewer().rows.list.grid.current_row(), 4);
+    EXPECT_EQ(viewer().focus(), &viewer().rows.list.grid);
     EXPECT_EQ(viewer().rows.fraVars.caption(), "Variables in EQ (2):");
   });
 }
@@ -263,6 +265,22 @@ TEST_F(ViewerTest, DoubleClickFindsItsGoalThroughTheFilterAndIgnoresAHiddenOne) 
     EXPECT_EQ(viewer().sstViewEqns.current(), frmViewEquations::kRowsPage);
     EXPECT_EQ(viewer().rows.list.grid.current_row(), 0);
     EXPECT_EQ(viewer().rows.fraVars.caption(), "Variables in EQ (2):");
+  });
+}
+
+TEST_F(ViewerTest, ShrinksToItsSmallestSizeWithEveryControlInside) {
+  View([&] {
+    const frmViewEquations& form = viewer();
+    EXPECT_LE(form.smallest_width(), 600);
+    EXPECT_LE(form.smallest_height(), 440);
+    for (const platform::Control* control : form.controls()) {
+      if (control->kind() == platform::ControlKind::kMenuItem) continue;
+      const platform::Place place = control->PlaceIn(form.smallest_width(), form.smallest_height());
+      EXPECT_GE(place.width, 60) << control->name();
+      EXPECT_GE(place.height, 18) << control->name();
+      EXPECT_LE(place.x + place.width, form.smallest_width()) << control->name();
+      EXPECT_LE(place.y + place.height, form.smallest_height()) << control->name();
+    }
   });
 }
 
