@@ -170,6 +170,8 @@ LRESULT GridWindow::Paint(NMLVCUSTOMDRAW& draw) const {
   if (!Own().all_selected()) return CDRF_DODEFAULT;
   if (draw.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
   if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
+  // The current row as well: the list would paint it otherwise, and pale without the keyboard.
+  draw.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
   draw.clrText = GetSysColor(COLOR_HIGHLIGHTTEXT);
   draw.clrTextBk = GetSysColor(COLOR_HIGHLIGHT);
   return CDRF_NEWFONT;
@@ -228,6 +230,26 @@ void GridWindow::FillWidth() {
   if (!borders_.dragging()) ShowWidths();
 }
 
+bool GridWindow::CurrentRowShows() const {
+  RECT inner = {};
+  GetClientRect(handle(), &inner);
+  // Before it has a size, it is still to be shown.
+  if (IsRectEmpty(&inner)) return true;
+  const auto line = LRESULT{Own().current_row()} - first();
+  const LRESULT top = Send(LVM_GETTOPINDEX);
+  return line >= top && line < top + Send(LVM_GETCOUNTPERPAGE);
+}
+
+void GridWindow::ShowResized() {
+  const int line = Own().current_row() - first();
+  if (keeps_row_in_sight_ && line >= 0) {
+    Send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(line), FALSE);
+  }
+  // More room moves the lines of a list that was scrolled to its end, but the list repaints only
+  // the room that is new.
+  InvalidateRect(handle(), nullptr, TRUE);
+}
+
 bool GridWindow::Take(UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_CHAR:
@@ -264,9 +286,16 @@ bool GridWindow::Take(UINT message, WPARAM w, LPARAM l) {
       FillWidth();
       return true;
     }
+    case WM_WINDOWPOSCHANGING:
+      if ((reinterpret_cast<const WINDOWPOS*>(l)->flags & SWP_NOSIZE) == 0) {
+        keeps_row_in_sight_ = CurrentRowShows();
+      }
+      return false;
     case WM_SIZE:
       FillWidth();
-      return false;
+      DefSubclassProc(handle(), message, w, l);
+      ShowResized();
+      return true;
     default:
       return false;
   }

@@ -50,10 +50,13 @@ class GridWindow : public ControlWindow {
   LRESULT Paint(NMLVCUSTOMDRAW& draw) const;
   void KeepWidth(int column);
   void FillWidth();
+  bool CurrentRowShows() const;
+  void ShowResized();
   int first() const { return Own().fixed_rows(); }
 
   ColumnBorders borders_;
   bool frozen_ = false;
+  bool keeps_row_in_sight_ = true;  // of a change of size that is under way
   wchar_t high_surrogate_ = 0;
   // The list may look at a text until it has asked for two more.
   std::array<std::wstring, 4> texts_;

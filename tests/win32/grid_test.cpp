@@ -1,6 +1,9 @@
 // Grids as virtual lists.
 #include <chrono>
 #include <string>
+#include <vector>
+
+#include <windowsx.h>
 
 #include "tests/win32/every_control_fixture.h"
 
@@ -32,6 +35,38 @@ class GridTest : public EveryControlTest {
     PostMessageW(Child(grid), WM_LBUTTONUP, 0, place);
     Send(grid, WM_LBUTTONDOWN, MK_LBUTTON, place);
     RunEvents();
+  }
+  void Grow(int height) {
+    RECT place;
+    GetWindowRect(top(), &place);
+    SetWindowPos(top(), nullptr, 0, 0, place.right - place.left, place.bottom - place.top + height,
+                 SWP_NOMOVE | SWP_NOZORDER);
+    RunEvents();
+  }
+  bool Shows(const Grid& grid, int line) const {
+    const LRESULT top = Send(grid, LVM_GETTOPINDEX);
+    return line >= top && line < top + Send(grid, LVM_GETCOUNTPERPAGE);
+  }
+  // What stands on the screen where that line is: its ground, right of all words.
+  COLORREF GroundOf(const Grid& grid, int line) const {
+    RECT inner;
+    GetClientRect(Child(grid), &inner);
+    const HDC screen = GetDC(Child(grid));
+    const COLORREF colour = GetPixel(screen, inner.right - 3, GET_Y_LPARAM(PlaceOf(grid, line)));
+    ReleaseDC(Child(grid), screen);
+    return colour;
+  }
+  // The pixels of the list as they stand on the screen.
+  std::vector<COLORREF> Picture(const Grid& grid) const {
+    RECT inner;
+    GetClientRect(Child(grid), &inner);
+    std::vector<COLORREF> pixels;
+    const HDC screen = GetDC(Child(grid));
+    for (int y = 0; y < inner.bottom; ++y) {
+      for (int x = 0; x < inner.right; x += 2) pixels.push_back(GetPixel(screen, x, y));
+    }
+    ReleaseDC(Child(grid), screen);
+    return pixels;
   }
   void Drag(const Grid& grid, int from, int to) {
     Send(grid, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(from, 10));
@@ -110,6 +145,47 @@ TEST_F(GridTest, ControlACopiesAllRowsWithControlC) {
   EXPECT_TRUE(form_.grdList.all_selected());
   TypeWith(VK_CONTROL, 'C');
   EXPECT_EQ(ClipboardText(), L"ROW0\tless than\r\nROW1\tless than");
+}
+
+TEST_F(GridTest, RowsThatControlAMarkedLookSelectedWithTheKeyboardAndWithout) {
+  form_.grdList.Focus();
+  TypeWith(VK_CONTROL, 'A');
+  const COLORREF marked = GetSysColor(COLOR_HIGHLIGHT);
+  for (int line = 0; line < 3; ++line) EXPECT_EQ(GroundOf(form_.grdList, line), marked) << line;
+  form_.txtName.Focus();
+  RunEvents();
+  for (int line = 0; line < 3; ++line) EXPECT_EQ(GroundOf(form_.grdList, line), marked) << line;
+  form_.grdList.set_current_row(1);
+  RunEvents();
+  EXPECT_NE(GroundOf(form_.grdList, 0), marked);
+  EXPECT_NE(GroundOf(form_.grdList, 1), marked) << "selected, but without the keyboard";
+}
+
+TEST_F(GridTest, ListAtItsEndShowsTheRightLinesWhenTheWindowGrows) {
+  form_.grdList.set_rows(500);
+  form_.grdList.Focus();
+  Type(VK_END);
+  Grow(205);
+  const std::vector<COLORREF> shown = Picture(form_.grdList);
+  RedrawWindow(Child(form_.grdList), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+  EXPECT_TRUE(Picture(form_.grdList) == shown);
+  EXPECT_TRUE(Shows(form_.grdList, 499));
+}
+
+TEST_F(GridTest, CurrentRowStaysInSightWhenTheWindowShrinks) {
+  form_.grdList.set_rows(500);
+  Grow(200);
+  form_.grdList.set_current_row(static_cast<int>(Send(form_.grdList, LVM_GETCOUNTPERPAGE)) - 1);
+  Grow(-200);
+  EXPECT_TRUE(Shows(form_.grdList, form_.grdList.current_row()));
+}
+
+TEST_F(GridTest, ListThatWasScrolledFromItsCurrentRowStaysThereWhenTheWindowGrows) {
+  form_.grdList.set_rows(500);
+  Send(form_.grdList, LVM_ENSUREVISIBLE, 300);
+  const LRESULT top = Send(form_.grdList, LVM_GETTOPINDEX);
+  Grow(100);
+  EXPECT_EQ(Send(form_.grdList, LVM_GETTOPINDEX), top);
 }
 
 TEST_F(GridTest, ChangesNothingItShowsWhileRedrawIsOff) {
