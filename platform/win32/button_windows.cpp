@@ -1,26 +1,76 @@
 #include "platform/win32/button_windows.h"
 
+#include <string>
+
+#include "platform/win32/dpi.h"
+#include "platform/win32/fitted_text.h"
 #include "platform/win32/form_window.h"
+#include "platform/win32/wide_text.h"
 
 namespace quarvel::platform::win32 {
 namespace {
 
-LRESULT CALLBACK PaintGround(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR,
-                             DWORD_PTR) noexcept {
-  if (message != WM_ERASEBKGND) return DefSubclassProc(window, message, w, l);
+// A label that is lower, in form units, has room for one line.
+constexpr int kTwoLines = 30;
+// Beside the caption of a frame, in form units.
+constexpr int kFrameMargin = 12;
+
+void PaintGround(HWND window, HDC ground) {
   RECT area;
   GetClientRect(window, &area);
-  FillRect(reinterpret_cast<HDC>(w), &area, GetSysColorBrush(COLOR_BTNFACE));
-  return 1;
+  FillRect(ground, &area, GetSysColorBrush(COLOR_BTNFACE));
 }
 
 WPARAM CheckState(bool checked) { return checked ? BST_CHECKED : BST_UNCHECKED; }
 
 }  // namespace
 
+ControlWindow::Style LabelWindow::WindowStyle() const {
+  const bool one_line = control().place().height < kTwoLines;
+  return {WC_STATICW, SS_LEFT | static_cast<DWORD>(one_line ? SS_ENDELLIPSIS : SS_EDITCONTROL)};
+}
+
 void FrameWindow::Fill() {
-  SetWindowSubclass(handle(), PaintGround, 1, 0);
-  ShowCaption();
+  SetWindowSubclass(handle(), Receive, 1, reinterpret_cast<DWORD_PTR>(this));
+  ShowFitting();
+}
+
+void FrameWindow::Mirror(Change change) {
+  if (change == Change::kCaption) return ShowFitting();
+  ControlWindow::Mirror(change);
+}
+
+void FrameWindow::SetFont(HFONT font) {
+  ControlWindow::SetFont(font);
+  ShowFitting();
+}
+
+void FrameWindow::ShowFitting() {
+  RECT area;
+  GetClientRect(handle(), &area);
+  const int width = area.right - 2 * ToPixels(kFrameMargin, owner().dpi());
+  const TextMeasure measure(reinterpret_cast<HFONT>(Send(WM_GETFONT)));
+  const std::wstring whole = ToWide(control().caption());
+  const std::wstring shown = width > 0 ? measure.Shortened(whole, width) : whole;
+  if (shown == whole) return ShowCaption();
+  std::wstring marked;
+  for (const wchar_t c : shown) marked.append(c == L'&' ? 2 : 1, c);
+  SetWindowTextW(handle(), marked.c_str());
+}
+
+LRESULT CALLBACK FrameWindow::Receive(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR,
+                                      DWORD_PTR self) noexcept {
+  if (message == WM_ERASEBKGND) {
+    PaintGround(window, reinterpret_cast<HDC>(w));
+    return 1;
+  }
+  auto& frame = *reinterpret_cast<FrameWindow*>(self);
+  if (message == WM_SIZE) {
+    frame.owner().Visit([&] {
+      if (frame.owner().alive()) frame.ShowFitting();
+    });
+  }
+  return DefSubclassProc(window, message, w, l);
 }
 
 void ClickWindow::Fill() {

@@ -7,6 +7,8 @@
 
 namespace quarvel::platform::win32 {
 
+// Of one line, which ends in an ellipsis where it has no room, or of many, which break inside words
+// without blanks too.
 class LabelWindow : public ControlWindow {
  public:
   using ControlWindow::ControlWindow;
@@ -14,20 +16,28 @@ class LabelWindow : public ControlWindow {
   bool TakesLetters() const override { return false; }
 
  protected:
-  Style WindowStyle() const override { return {WC_STATICW, SS_LEFT}; }
+  Style WindowStyle() const override;
   void Fill() override { ShowCaption(); }
 };
 
-// Stands behind the other controls and paints its own ground, which the form leaves out.
+// Stands behind the other controls and paints its own ground, which the form leaves out. Its window
+// has as much of the caption as there is room for, and an ellipsis.
 class FrameWindow : public ControlWindow {
  public:
   using ControlWindow::ControlWindow;
+  void Mirror(Change change) override;
+  void SetFont(HFONT font) override;
   bool TakesFocus() const override { return false; }
   bool TakesLetters() const override { return false; }
 
  protected:
   Style WindowStyle() const override { return {WC_BUTTONW, BS_GROUPBOX}; }
   void Fill() override;
+
+ private:
+  static LRESULT CALLBACK Receive(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
+                                  DWORD_PTR self) noexcept;
+  void ShowFitting();
 };
 
 // What is clicked with the mouse, the space bar or its access key.

@@ -28,6 +28,7 @@ class frmEveryControl : public Form {
   TextBox txtName{*this, "txtName", {76, 11, 200, 23, {0, 0, 100, 0}}};
   Label lblNote{*this, "lblNote", {12, 44, 60, 20}};
   TextBox txtNote{*this, "txtNote", {76, 41, 200, 60, {0, 0, 100, 0}}, TextBox::Lines::kMany};
+  Label lblLong{*this, "lblLong", {12, 64, 60, 44}};
   TabStrip tabs{*this, "tabs", {12, 110, 476, 26, {0, 0, 100, 0}}, {"Columns", "Rows"}};
   Frame fraList{*this, "fraList", {12, 140, 230, 210, {0, 0, 50, 100}}};
   Grid grdList{*this, "grdList", {20, 160, 214, 182, {0, 0, 50, 100}}, {128, 72}};

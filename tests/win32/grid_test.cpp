@@ -1,11 +1,11 @@
 // Grids as virtual lists.
 #include <chrono>
 #include <string>
-#include <vector>
 
 #include <windowsx.h>
 
 #include "tests/win32/every_control_fixture.h"
+#include "tests/win32/picture.h"
 
 namespace quarvel::platform::win32 {
 namespace {
@@ -49,24 +49,8 @@ class GridTest : public EveryControlTest {
   }
   // What stands on the screen where that line is: its ground, right of all words.
   COLORREF GroundOf(const Grid& grid, int line) const {
-    RECT inner;
-    GetClientRect(Child(grid), &inner);
-    const HDC screen = GetDC(Child(grid));
-    const COLORREF colour = GetPixel(screen, inner.right - 3, GET_Y_LPARAM(PlaceOf(grid, line)));
-    ReleaseDC(Child(grid), screen);
-    return colour;
-  }
-  // The pixels of the list as they stand on the screen.
-  std::vector<COLORREF> Picture(const Grid& grid) const {
-    RECT inner;
-    GetClientRect(Child(grid), &inner);
-    std::vector<COLORREF> pixels;
-    const HDC screen = GetDC(Child(grid));
-    for (int y = 0; y < inner.bottom; ++y) {
-      for (int x = 0; x < inner.right; x += 2) pixels.push_back(GetPixel(screen, x, y));
-    }
-    ReleaseDC(Child(grid), screen);
-    return pixels;
+    const Picture picture = PictureOf(Child(grid));
+    return picture.At(picture.width - 3, GET_Y_LPARAM(PlaceOf(grid, line)));
   }
   void Drag(const Grid& grid, int from, int to) {
     Send(grid, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(from, 10));
@@ -166,9 +150,9 @@ TEST_F(GridTest, ListAtItsEndShowsTheRightLinesWhenTheWindowGrows) {
   form_.grdList.Focus();
   Type(VK_END);
   Grow(205);
-  const std::vector<COLORREF> shown = Picture(form_.grdList);
+  const Picture shown = PictureOf(Child(form_.grdList));
   RedrawWindow(Child(form_.grdList), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
-  EXPECT_TRUE(Picture(form_.grdList) == shown);
+  EXPECT_TRUE(PictureOf(Child(form_.grdList)) == shown);
   EXPECT_TRUE(Shows(form_.grdList, 499));
 }
 
