@@ -1,4 +1,5 @@
-// The box that asks for one line of text: a form like any other, shown by the drawer itself.
+// The box that asks for one line of text: a form like any other, shown by the drawer itself. It is
+// as large as its question wants.
 #pragma once
 
 #include <string>
@@ -24,6 +25,14 @@ class frmInputBox : public Form {
   Button cmdCancel;
 
  private:
+  // By how much the question needs more room than the box has of itself, in form units.
+  struct Growth {
+    int x = 0;
+    int y = 0;
+  };
+  frmInputBox(Desktop& desktop, Growth growth);
+  static Growth GrowthFor(std::string_view prompt);
+
   std::string entered_;
 };
 

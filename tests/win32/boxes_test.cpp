@@ -5,6 +5,8 @@
 
 #include "platform/win32/clipboard.h"
 #include "platform/win32/file_dialogs.h"
+#include "platform/win32/fitted_text.h"
+#include "tests/win32/picture.h"
 #include "tests/win32/win32_fixture.h"
 
 namespace quarvel::platform::win32 {
@@ -85,6 +87,55 @@ TEST_F(BoxesTest, InputBoxThatIsCancelledGivesNothing) {
   EXPECT_EQ(desktop().InputBox("Enter a name", "Name", "old"), "");
   On(L"Name", [](HWND box) { SendMessageW(FindControl(box, L"cmdCancel"), BM_CLICK, 0, 0); });
   EXPECT_EQ(desktop().InputBox("Enter a name", "Name", "old"), "");
+}
+
+TEST_F(BoxesTest, InputBoxIsAsLargeAsItsQuestionWants) {
+  const struct {
+    std::size_t letters;
+    bool wider;
+  } cases[] = {{10, false}, {800, false}, {4000, true}};
+  RECT work;
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+  RECT least = {};
+  for (const auto& c : cases) {
+    On(L"Value", [&](HWND box) {
+      const HWND question = FindControl(box, L"lblPrompt");
+      RECT place;
+      RECT window;
+      RECT text;
+      GetWindowRect(box, &window);
+      GetWindowRect(question, &place);
+      GetWindowRect(FindControl(box, L"txtInput"), &text);
+      if (c.letters == 10) least = place;
+      const int width = place.right - place.left;
+      const TextMeasure measure(reinterpret_cast<HFONT>(SendMessageW(question, WM_GETFONT, 0, 0)));
+      const int height = measure.HeightOf(TextOf(question), width);
+      EXPECT_LE(height, place.bottom - place.top) << c.letters;
+      EXPECT_LE(place.bottom, text.top) << c.letters;
+      EXPECT_EQ(width > least.right - least.left, c.wider) << c.letters;
+      EXPECT_LE(window.right - window.left, work.right - work.left) << c.letters;
+      EXPECT_LE(window.bottom - window.top, work.bottom - work.top) << c.letters;
+      // All of it is painted, down to the last line.
+      const int line = measure.HeightOf(L"X", width);
+      EXPECT_GT(PictureOf(question).InkHeight(GetSysColor(COLOR_BTNFACE)), height - line);
+      PressBoxButton(box, IDCANCEL);
+    });
+    desktop().InputBox("Enter a coefficient for column " + std::string(c.letters, 'N'), "Value",
+                       "");
+  }
+}
+
+TEST_F(BoxesTest, InputBoxStaysOnTheScreenWithAQuestionOfAnyLength) {
+  On(L"Value", [&](HWND box) {
+    RECT work;
+    RECT window;
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    GetWindowRect(box, &window);
+    EXPECT_LE(window.right - window.left, work.right - work.left);
+    EXPECT_LE(window.bottom - window.top, work.bottom - work.top);
+    PressBoxButton(box, IDCANCEL);
+  });
+  desktop().InputBox(std::string(100000, 'N'), "Value", "");
 }
 
 TEST(FileDialogWords, AreWhatTheSystemWants) {
