@@ -12,7 +12,7 @@ namespace quarvel::platform::win32 {
 namespace {
 
 constexpr UINT kSelected = LVIS_SELECTED | LVIS_FOCUSED;
-constexpr DWORD kExtendedStyle = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
+constexpr DWORD kExtendedStyle = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
 
 }  // namespace
 
@@ -27,6 +27,8 @@ void GridWindow::Fill() {
   Send(LVM_SETEXTENDEDLISTVIEWSTYLE, kExtendedStyle, static_cast<LPARAM>(kExtendedStyle));
   ShowColumns();
   ShowRows();
+  tips_.Open(handle(),
+             [this](int line, int column) { return ToWide(Own().Text(line + first(), column)); });
 }
 
 void GridWindow::Mirror(Change change) {
@@ -86,6 +88,7 @@ void GridWindow::Freeze(bool frozen) {
 void GridWindow::ShowRows() {
   Freeze(!Own().redraw());
   if (frozen_) return;
+  tips_.Hide();
   ShowHeader();
   const int count = std::max(0, Own().rows() - first());
   Send(LVM_SETITEMCOUNT, static_cast<WPARAM>(count), LVSICF_NOSCROLL);
@@ -251,6 +254,7 @@ void GridWindow::ShowResized() {
 }
 
 bool GridWindow::Take(UINT message, WPARAM w, LPARAM l) {
+  tips_.Watch(message, w, l);
   switch (message) {
     case WM_CHAR:
       if (w >= L' ' && w != 0x7F) TypeCharacter(static_cast<wchar_t>(w));

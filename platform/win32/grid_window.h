@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "platform/grid.h"
+#include "platform/win32/cell_tips.h"
 #include "platform/win32/column_borders.h"
 #include "platform/win32/control_window.h"
 
@@ -55,6 +56,7 @@ class GridWindow : public ControlWindow {
   int first() const { return Own().fixed_rows(); }
 
   ColumnBorders borders_;
+  CellTips tips_;
   bool frozen_ = false;
   bool keeps_row_in_sight_ = true;  // of a change of size that is under way
   wchar_t high_surrogate_ = 0;

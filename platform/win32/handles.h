@@ -39,12 +39,16 @@ struct DeleteFont {
 struct DestroyTheMenu {
   void operator()(HMENU menu) const { DestroyMenu(menu); }
 };
+struct DestroyTheWindow {
+  void operator()(HWND window) const { DestroyWindow(window); }
+};
 struct FreeMemory {
   void operator()(HGLOBAL memory) const { GlobalFree(memory); }
 };
 
 using FontHolder = Holder<HFONT, DeleteFont>;
 using MenuHolder = Holder<HMENU, DestroyTheMenu>;
+using WindowHolder = Holder<HWND, DestroyTheWindow>;
 using MemoryHolder = Holder<HGLOBAL, FreeMemory>;
 
 }  // namespace quarvel::platform::win32

@@ -36,6 +36,33 @@ class GridTest : public EveryControlTest {
     Send(grid, WM_LBUTTONDOWN, MK_LBUTTON, place);
     RunEvents();
   }
+  // Rests with the mouse on a cell until a tip had its time.
+  void RestOn(const Grid& grid, int line, int column) {
+    RECT place = {LVIR_LABEL, column, 0, 0};
+    Send(grid, LVM_GETSUBITEMRECT, static_cast<WPARAM>(line), reinterpret_cast<LPARAM>(&place));
+    POINT middle = {place.left + 20, (place.top + place.bottom) / 2};
+    ClientToScreen(Child(grid), &middle);
+    SetCursorPos(middle.x, middle.y);
+    for (int i = 0; i < 50; ++i) RunEvents();
+  }
+  // The tip that is on the screen, empty for none.
+  std::wstring Tip() const {
+    std::wstring text;
+    EnumThreadWindows(GetCurrentThreadId(), NoteTip, reinterpret_cast<LPARAM>(&text));
+    return text;
+  }
+  static BOOL CALLBACK NoteTip(HWND window, LPARAM found) {
+    wchar_t words[300] = L"";
+    GetClassNameW(window, words, 300);
+    if (!IsWindowVisible(window) || std::wstring(words) != TOOLTIPS_CLASSW) return TRUE;
+    TTTOOLINFOW tool = {};
+    tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    SendMessageW(window, TTM_GETCURRENTTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+    tool.lpszText = words;
+    SendMessageW(window, TTM_GETTEXTW, 300, reinterpret_cast<LPARAM>(&tool));
+    *reinterpret_cast<std::wstring*>(found) = words;
+    return FALSE;
+  }
   void Grow(int height) {
     RECT place;
     GetWindowRect(top(), &place);
@@ -170,6 +197,40 @@ TEST_F(GridTest, ListThatWasScrolledFromItsCurrentRowStaysThereWhenTheWindowGrow
   const LRESULT top = Send(form_.grdList, LVM_GETTOPINDEX);
   Grow(100);
   EXPECT_EQ(Send(form_.grdList, LVM_GETTOPINDEX), top);
+}
+
+TEST_F(GridTest, CellThatIsCutShowsItsWholeTextUnderTheMouse) {
+  form_.grdList.cell = [](int row, int column) {
+    return row + column == 1 ? "R&D " + std::string(90, column == 0 ? 'A' : 'B') : "short";
+  };
+  form_.grdList.Refresh();
+  RestOn(form_.grdList, 1, 0);
+  EXPECT_EQ(Tip(), L"R&D " + std::wstring(90, L'A'));
+  RestOn(form_.grdList, 0, 0);
+  EXPECT_EQ(Tip(), L"");
+  RestOn(form_.grdList, 0, 1);
+  EXPECT_EQ(Tip(), L"R&D " + std::wstring(90, L'B'));
+  Click(form_.grdList, 3);
+  EXPECT_EQ(Tip(), L"");
+}
+
+TEST_F(GridTest, TipGoesWithItsText) {
+  form_.grdList.cell = [](int, int) { return std::string(90, 'A'); };
+  form_.grdList.Refresh();
+  RestOn(form_.grdList, 1, 0);
+  EXPECT_EQ(Tip(), std::wstring(90, L'A'));
+  form_.grdList.set_rows(3);
+  EXPECT_EQ(Tip(), L"");
+}
+
+TEST_F(GridTest, TipGoesWithItsWindow) {
+  form_.grdMore.cell = [](int, int) { return std::string(90, 'A'); };
+  form_.grdMore.Refresh();
+  RestOn(form_.grdMore, 1, 1);
+  EXPECT_EQ(Tip(), std::wstring(90, L'A'));
+  form_.Unload();
+  RunEvents();
+  EXPECT_EQ(Tip(), L"");
 }
 
 TEST_F(GridTest, ChangesNothingItShowsWhileRedrawIsOff) {
