@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <utility>
 
+#include <gtest/gtest.h>
+
 #include "platform/win32/automation_name.h"
 
 namespace quarvel::platform::win32 {
