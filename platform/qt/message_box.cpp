@@ -1,7 +1,9 @@
 #include <QMessageBox>
 #include <QPushButton>
+#include <QShowEvent>
 
 #include "platform/qt/boxes.h"
+#include "platform/qt/form_window.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/run_dialog.h"
 
@@ -45,12 +47,28 @@ MsgBoxResult ResultOf(QMessageBox::StandardButton button) {
   }
 }
 
+// A box breaks its text into lines, and so gets its size, only when it is shown.
+class CentredBox : public QMessageBox {
+ public:
+  // `owner` is there until the box is shown.
+  explicit CentredBox(const QWidget* owner) : owner_(owner) {}
+
+ protected:
+  void showEvent(QShowEvent* event) override {
+    QMessageBox::showEvent(event);
+    if (!event->spontaneous()) PlaceOver(*this, owner_);
+  }
+
+ private:
+  const QWidget* owner_;
+};
+
 }  // namespace
 
 MsgBoxResult AskBox(EventPump& pump, const QWidget* owner, std::string_view text, MsgBoxStyle style,
                     std::string_view title) {
   const Look& look = LookOf(style);
-  QMessageBox box;
+  CentredBox box(owner);
   box.setObjectName("msgbox");
   box.setTextFormat(Qt::PlainText);
   box.setText(ToQtLines(text));

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -74,6 +75,41 @@ TEST_F(QtBoxes, HaveTheExclamationWhereTheStyleHasIt) {
   });
   desktop_->MsgBox("text", MsgBoxStyle::kYesNoCancelExclamation);
   EXPECT_EQ(icon, QMessageBox::Warning);
+}
+
+class frmOwner : public Form {
+ public:
+  explicit frmOwner(Desktop& desktop) : Form(desktop, "frmOwner") { SetSize(200, 150, true); }
+};
+
+// From the middle of the box to the middle of what it stands over.
+QPoint OffCentre(const QWidget& box, const QRect& around) {
+  return QRect(box.pos(), box.size()).center() - around.center();
+}
+
+TEST_F(QtBoxes, StandInTheMiddleAlsoWhenTheirTextIsBrokenIntoLines) {
+  std::string text;
+  for (int i = 0; i < 40; ++i) text += "words of a long question ";
+  frmOwner form(*desktop_);
+  for (const bool owned : {false, true}) {
+    if (owned) form.Show();
+    if (owned) WindowNamed("frmOwner")->move(340, 400);
+    QPoint message;
+    QPoint input;
+    const auto look = [&](QPoint& off) {
+      return [&](QWidget& box) {
+        const QRect around =
+            owned ? WindowNamed("frmOwner")->frameGeometry() : box.screen()->availableGeometry();
+        off = OffCentre(box, around);
+        box.close();
+      };
+    };
+    In("msgbox", look(message));
+    desktop_->MsgBox(text, MsgBoxStyle::kYesNo);
+    In("inputbox", look(input));
+    desktop_->InputBox(text, "title", "");
+    for (const QPoint& off : {message, input}) EXPECT_LE(off.manhattanLength(), 4) << owned;
+  }
 }
 
 TEST_F(QtBoxes, SurviveTheFormThatTheyBelongTo) {
