@@ -1,12 +1,11 @@
 // Labels, frames, buttons, check boxes and progress bars.
 #include <QCheckBox>
-#include <QGroupBox>
-#include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 
 #include "platform/basic_controls.h"
 #include "platform/qt/control_view.h"
+#include "platform/qt/fitted_words.h"
 #include "platform/qt/qt_text.h"
 
 namespace quarvel::platform::qt {
@@ -14,31 +13,28 @@ namespace {
 
 QString Marked(const Control& control) { return ToQt(MarkedCaption(control, '&')); }
 
-class LabelView : public ViewOf<Label, QLabel> {
+class LabelView : public ViewOf<Label, FittedLabel> {
  public:
   LabelView(Stage& stage, Control& control, QWidget& parent)
-      : ViewOf(stage, control, new QLabel(&parent)) {
-    widget_.setTextFormat(Qt::PlainText);
-    widget_.setWordWrap(true);
-    widget_.setAlignment(Qt::AlignLeft | Qt::AlignTop);
-  }
+      : ViewOf(stage, control, new FittedLabel(parent)) {}
 
  protected:
   // Qt reads ampersands in a label only when the label leads somewhere.
   void Show(Change change) override {
     if (change != Change::kCaption) return;
-    widget_.setText(kind().access_key != 0 ? Marked(kind()) : ToQtLines(kind().caption()));
+    const QString words = ToQtLines(kind().caption());
+    widget_.SetWords(kind().access_key != 0 ? Marked(kind()) : words, words);
   }
 };
 
-class FrameView : public ViewOf<Frame, QGroupBox> {
+class FrameView : public ViewOf<Frame, FittedBox> {
  public:
   FrameView(Stage& stage, Control& control, QWidget& parent)
-      : ViewOf(stage, control, new QGroupBox(&parent)) {}
+      : ViewOf(stage, control, new FittedBox(parent)) {}
 
  protected:
   void Show(Change change) override {
-    if (change == Change::kCaption) widget_.setTitle(Marked(kind()));
+    if (change == Change::kCaption) widget_.SetWords(Marked(kind()), ToQt(kind().caption()));
   }
 };
 
