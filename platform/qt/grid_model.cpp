@@ -26,8 +26,9 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {
-  if (role != Qt::DisplayRole || grid_ == nullptr) return {};
-  return ToQt(grid_->Text(index.row() + grid_->fixed_rows(), index.column()));
+  if (grid_ == nullptr || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return {};
+  const QString text = ToQt(grid_->Text(index.row() + grid_->fixed_rows(), index.column()));
+  return role == Qt::ToolTipRole ? ToToolTip(text) : text;
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -2,7 +2,9 @@
 
 #include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QMouseEvent>
+#include <QToolTip>
 #include <algorithm>
 #include <cstdlib>
 
@@ -68,7 +70,25 @@ int GridTable::BorderAt(int x) const {
 
 bool GridTable::viewportEvent(QEvent* event) {
   if (event->type() == QEvent::Leave && dragged_ < 0) viewport()->unsetCursor();
+  if (event->type() == QEvent::ToolTip &&
+      !IsCut(indexAt(static_cast<const QHelpEvent*>(event)->pos()))) {
+    QToolTip::hideText();
+    return true;
+  }
   return QTableView::viewportEvent(event);
+}
+
+bool GridTable::IsCut(const QModelIndex& index) const {
+  if (!index.isValid()) return false;
+  // The line of the grid takes one pixel of the cell.
+  return sizeHintForIndex(index).width() > columnWidth(index.column()) - 1;
+}
+
+// One line stays chosen, whatever is clicked or dragged over, with or without Ctrl.
+QItemSelectionModel::SelectionFlags GridTable::selectionCommand(const QModelIndex& index,
+                                                                const QEvent*) const {
+  if (!index.isValid()) return QItemSelectionModel::NoUpdate;
+  return QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
 }
 
 void GridTable::Announce() {
@@ -115,8 +135,19 @@ void GridTable::mouseDoubleClickEvent(QMouseEvent* event) {
   }
 }
 
+// Qt would go to the ends of the line.
+bool GridTable::GoToEnd(const QKeyEvent& event) {
+  const bool last = event.key() == Qt::Key_End;
+  if (!last && event.key() != Qt::Key_Home) return false;
+  if (model()->rowCount() == 0) return true;
+  SetCurrentLine(last ? model()->rowCount() - 1 : 0);
+  Announce();
+  return true;
+}
+
 void GridTable::keyPressEvent(QKeyEvent* event) {
   if (listener_ != nullptr && listener_->KeyPressed(*event)) return event->accept();
+  if (GoToEnd(*event)) return event->accept();
   const QModelIndex before = currentIndex();
   QTableView::keyPressEvent(event);
   if (currentIndex() != before) Announce();

@@ -41,11 +41,17 @@ class GridTable : public QTableView {
   void contextMenuEvent(QContextMenuEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                       const QEvent* event) const override;
 
  private:
   // The column whose right border is at that place of the viewport; -1 for none.
   int BorderAt(int x) const;
   void Announce();
+  // True when the key was one that leads to the first or the last line.
+  bool GoToEnd(const QKeyEvent& event);
+  // True when a cell does not show its whole text.
+  bool IsCut(const QModelIndex& index) const;
 
   GridListener* listener_ = nullptr;
   int dragged_ = -1;  // the column whose border the mouse holds

@@ -6,6 +6,8 @@
 #include <QMenu>
 #include <QTableView>
 #include <QTest>
+#include <QTextDocumentFragment>
+#include <QToolTip>
 #include <chrono>
 
 #include "platform/menu.h"
@@ -97,6 +99,93 @@ TEST_F(QtGrid, IsChosenInByMouseAndKeysOnceEach) {
   PressKey(*table_, Qt::Key_End, Qt::ControlModifier);
   EXPECT_EQ(form_->grid.current_row(), 9);
   EXPECT_EQ(form_->row_changes, 3);
+}
+
+TEST_F(QtGrid, HomeAndEndAreTheFirstAndTheLastLineAndPagesLieBetween) {
+  Show(1);
+  form_->grid.set_rows(101);
+  const struct {
+    int key;
+    int row;
+  } steps[] = {{Qt::Key_End, 100}, {Qt::Key_Home, 1}};
+  for (const auto& step : steps) {
+    for (const Qt::KeyboardModifiers modifiers : {Qt::NoModifier, Qt::ControlModifier}) {
+      form_->grid.set_current_row(50);
+      PressKey(*table_, step.key, modifiers);
+      EXPECT_EQ(form_->grid.current_row(), step.row);
+      EXPECT_TRUE(table_->viewport()->rect().contains(Middle(step.row - 1)));
+    }
+  }
+  PressKey(*table_, Qt::Key_PageDown);
+  const int page = form_->grid.current_row();
+  EXPECT_GT(page, 3);
+  PressKey(*table_, Qt::Key_PageDown);
+  EXPECT_GT(form_->grid.current_row(), page + 3);
+  PressKey(*table_, Qt::Key_PageUp);
+  EXPECT_EQ(form_->grid.current_row(), page);
+}
+
+TEST_F(QtGrid, EndsOfAnEmptyListAreNowhere) {
+  Show(0);
+  form_->grid.set_rows(0);
+  PressKey(*table_, Qt::Key_End);
+  EXPECT_EQ(form_->grid.current_row(), -1);
+}
+
+TEST_F(QtGrid, HomeEndsTheMarkOfAllLines) {
+  Show(0);
+  PressKey(*table_, Qt::Key_A, Qt::ControlModifier);
+  PressKey(*table_, Qt::Key_Home);
+  EXPECT_FALSE(form_->grid.all_selected());
+  EXPECT_EQ(table_->selectionModel()->selectedRows().size(), 1);
+}
+
+TEST_F(QtGrid, CurrentLineStaysMarkedWhereverTheMouseGoes) {
+  Show(0);
+  form_->grid.set_rows(3);
+  QWidget& inner = *table_->viewport();
+  const auto marked = [this] {
+    const auto rows = table_->selectionModel()->selectedRows();
+    return rows.size() == 1 ? rows[0].row() : -1;
+  };
+  const QPoint below(50, 150);
+  ASSERT_FALSE(table_->indexAt(below).isValid());
+  ClickIn(inner, Middle(1));
+  ClickIn(inner, below);
+  EXPECT_EQ(marked(), 1);
+  QTest::mouseClick(&inner, Qt::LeftButton, Qt::ControlModifier, Middle(1));
+  EXPECT_EQ(marked(), 1);
+  QTest::mousePress(&inner, Qt::LeftButton, Qt::NoModifier, Middle(1));
+  for (const QPoint place : {Middle(2), below}) {
+    QMouseEvent move(QEvent::MouseMove, place, inner.mapToGlobal(place), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&inner, &move);
+  }
+  QTest::mouseRelease(&inner, Qt::LeftButton, Qt::NoModifier, below);
+  EXPECT_EQ(marked(), 2);
+  EXPECT_EQ(form_->grid.current_row(), 2);
+  QTest::mousePress(&inner, Qt::LeftButton, Qt::NoModifier, below);
+  QTest::mouseRelease(&inner, Qt::LeftButton, Qt::ControlModifier, below);
+  EXPECT_EQ(marked(), 2);
+}
+
+TEST_F(QtGrid, CutCellTellsItsWholeTextInATip) {
+  Show(0);
+  const std::string name = "<i>" + std::string(60, 'N');
+  form_->grid.cell = [&](int row, int column) { return row == 1 && column == 0 ? name : "short"; };
+  form_->grid.Refresh();
+  const auto point_at = [this](int line) {
+    QToolTip::hideText();
+    EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::text().isEmpty(); }));
+    const QPoint place = Middle(line);
+    QHelpEvent event(QEvent::ToolTip, place, table_->viewport()->mapToGlobal(place));
+    QApplication::sendEvent(table_->viewport(), &event);
+    return QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText().toStdString();
+  };
+  EXPECT_EQ(point_at(0), "");
+  EXPECT_EQ(point_at(1), name);
+  form_->grid.set_column_width(0, 2000);
+  EXPECT_EQ(point_at(1), "");
 }
 
 TEST_F(QtGrid, HearsDoubleClicks) {
