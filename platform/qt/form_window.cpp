@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "platform/basic_controls.h"
+#include "platform/input_controls.h"
 #include "platform/qt/key_press.h"
 #include "platform/qt/qt_text.h"
 
@@ -18,12 +19,6 @@ Qt::WindowFlags FlagsFor(const Form& form) {
   if (form.resizable()) return Qt::Window;
   return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
          Qt::WindowCloseButtonHint;
-}
-
-// Whether the keyboard can be in the control at all.
-bool TakesKeys(const Control& control) {
-  return control.kind() != ControlKind::kLabel && control.kind() != ControlKind::kFrame &&
-         control.kind() != ControlKind::kProgressBar && control.kind() != ControlKind::kMenuItem;
 }
 
 bool IsCancel(const Control* control) {
@@ -51,12 +46,9 @@ FormWindow::FormWindow(Stage& stage, Form& form, bool modal)
 }
 
 void FormWindow::MakeViews() {
-  QWidget* before = nullptr;
   for (Control* control : form_->controls()) {
     auto view = MakeView(stage_, *control, *inner_);
     if (!view) continue;
-    if (before != nullptr) setTabOrder(before, &view->widget());
-    before = &view->widget();
     view_of_[control] = view.get();
     views_.push_back(std::move(view));
   }
@@ -123,20 +115,39 @@ void FormWindow::Mirror(const Control& control, Change change) {
     return menus_.Mirror(static_cast<const MenuItem&>(control));
   }
   const auto view = view_of_.find(&control);
-  if (view != view_of_.end()) view->second->Mirror(change);
+  if (view == view_of_.end()) return;
+  if (change == Change::kEnabled || change == Change::kVisible) LeaveUnusable(*view->second);
+  view->second->Mirror(change);
 }
 
+// A mark shows where the keyboard is: it may be the next that is used.
 void FormWindow::FocusFirst() {
-  const Control* wanted = form_->focus();
-  if (wanted == nullptr || !wanted->enabled() || !wanted->visible()) {
-    const auto first = std::find_if(views_.begin(), views_.end(), [](const auto& view) {
-      const Control& control = *view->control();
-      return TakesKeys(control) && control.enabled() && control.visible();
-    });
-    if (first == views_.end()) return;
-    wanted = (*first)->control();
+  const auto wanted = view_of_.find(form_->focus());
+  ControlView* const stop =
+      OpeningStop(views_, wanted == view_of_.end() ? nullptr : wanted->second);
+  if (stop == nullptr) return;
+  setAttribute(Qt::WA_KeyboardFocusChange);
+  stop->Mirror(Change::kFocus);
+}
+
+// Left to itself, Qt would give the keyboard to the next widget, with all its text selected.
+void FormWindow::LeaveUnusable(const ControlView& view) {
+  QWidget* const focused = focusWidget();
+  if (CanFocus(*view.control()) || !Holds(view, focused)) return;
+  ControlView* const next = Refuge(views_, view);
+  if (next != nullptr) {
+    next->Mirror(Change::kFocus);
+  } else {
+    focused->clearFocus();
   }
-  view_of_.at(wanted)->Mirror(Change::kFocus);
+}
+
+bool FormWindow::focusNextPrevChild(bool next) {
+  ControlView* const stop = form_ == nullptr ? nullptr : NextStop(views_, focusWidget(), next);
+  if (stop == nullptr) return false;
+  setAttribute(Qt::WA_KeyboardFocusChange);
+  stop->widget().setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  return true;
 }
 
 void FormWindow::PopUp(const MenuItem& item, const QPoint& global_position) {
@@ -178,6 +189,10 @@ bool FormWindow::Press(const QKeyEvent& event) {
       return form_->PressDefaultButton();
     case Qt::Key_Escape:
       return PressEscape();
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+      return event.modifiers().testFlag(Qt::ControlModifier) &&
+             TurnPage(event.modifiers().testFlag(Qt::ShiftModifier));
     default:
       return PressShortcut(*form_, ToKeyPress(event));
   }
@@ -190,6 +205,20 @@ bool FormWindow::PressEscape() {
   const auto& controls = form_->controls();
   if (std::any_of(controls.begin(), controls.end(), IsCancel)) return false;
   form_->RequestClose();
+  return true;
+}
+
+// True when there is a tab strip; its page, and what it held, may be gone.
+bool FormWindow::TurnPage(bool backwards) {
+  const auto& controls = form_->controls();
+  const auto found = std::find_if(controls.begin(), controls.end(), [](const Control* control) {
+    return control->kind() == ControlKind::kTabStrip && CanFocus(*control);
+  });
+  if (found == controls.end()) return false;
+  setAttribute(Qt::WA_KeyboardFocusChange);
+  auto& tabs = static_cast<TabStrip&>(**found);
+  const auto count = static_cast<int>(tabs.captions().size());
+  if (count > 0) tabs.Select((tabs.current() + (backwards ? count - 1 : 1)) % count);
   return true;
 }
 

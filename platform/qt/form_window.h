@@ -4,12 +4,11 @@
 #pragma once
 
 #include <QWidget>
-#include <memory>
 #include <unordered_map>
-#include <vector>
 
 #include "platform/form.h"
 #include "platform/qt/control_view.h"
+#include "platform/qt/form_focus.h"
 #include "platform/qt/form_menus.h"
 #include "platform/qt/stage.h"
 
@@ -38,6 +37,8 @@ class FormWindow : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
   bool event(QEvent* event) override;
+  // The Tab key, and whatever else moves the keyboard on.
+  bool focusNextPrevChild(bool next) override;
 
  private:
   void MakeViews();
@@ -46,13 +47,16 @@ class FormWindow : public QWidget {
   void Arrange();
   bool Press(const QKeyEvent& event);
   bool PressEscape();
+  bool TurnPage(bool backwards);
+  // The control of that view has changed: another gets the keyboard if it cannot have it any more.
+  void LeaveUnusable(const ControlView& view);
 
   Stage& stage_;
   Form* form_;
   bool modal_;
   QWidget* inner_;  // what the form's size and places are about; the menu bar is above it
   FormMenus menus_;
-  std::vector<std::unique_ptr<ControlView>> views_;
+  Views views_;
   std::unordered_map<const Control*, ControlView*> view_of_;
 };
 

@@ -19,7 +19,7 @@ int X(const QMouseEvent& event) { return event.position().toPoint().x(); }
 
 }  // namespace
 
-GridTable::GridTable(QWidget& parent, bool has_header) : QTableView(&parent) {
+GridTable::GridTable(QWidget& parent, bool has_header) : WithFocusFrame(&parent) {
   setSelectionBehavior(SelectRows);
   setSelectionMode(SingleSelection);
   setEditTriggers(NoEditTriggers);
@@ -147,6 +147,8 @@ bool GridTable::GoToEnd(const QKeyEvent& event) {
 
 void GridTable::keyPressEvent(QKeyEvent* event) {
   if (listener_ != nullptr && listener_->KeyPressed(*event)) return event->accept();
+  // With Ctrl these are keys of the window; without, they do not arrive here.
+  if (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab) return event->ignore();
   if (GoToEnd(*event)) return event->accept();
   const QModelIndex before = currentIndex();
   QTableView::keyPressEvent(event);

@@ -5,6 +5,8 @@
 
 #include <QTableView>
 
+#include "platform/qt/focus_frame.h"
+
 namespace quarvel::platform::qt {
 
 class GridListener {
@@ -21,7 +23,7 @@ class GridListener {
   virtual bool KeyPressed(const QKeyEvent& event) = 0;
 };
 
-class GridTable : public QTableView {
+class GridTable : public WithFocusFrame<QTableView> {
  public:
   GridTable(QWidget& parent, bool has_header);
 

@@ -4,6 +4,7 @@
 #include <QPlainTextEdit>
 #include <functional>
 
+#include "platform/qt/focus_frame.h"
 #include "text/long_lines.h"
 
 class QKeyEvent;
@@ -12,9 +13,9 @@ namespace quarvel::platform::qt {
 
 // Where nobody can edit it, long lines are shown as several paragraphs; what is copied has none of
 // these breaks.
-class LinesBox : public QPlainTextEdit {
+class LinesBox : public WithFocusFrame<QPlainTextEdit> {
  public:
-  using QPlainTextEdit::QPlainTextEdit;
+  using WithFocusFrame::WithFocusFrame;
 
   // Sees the keys before the text box does: true takes one away.
   std::function<bool(const QKeyEvent&)> on_key;

@@ -230,7 +230,7 @@ TEST_F(QtControls, TabKeyGoesInTheOrderOfCreation) {
     order.push_back(window.focusWidget()->objectName().toStdString());
     PressKey(*window.focusWidget(), Qt::Key_Tab);
   }
-  EXPECT_EQ(order, (std::vector<std::string>{"txtName", "optA", "optB", "optOther"}));
+  EXPECT_EQ(order, (std::vector<std::string>{"txtName", "optB", "optOther", "chkInvert"}));
 }
 
 TEST_F(QtControls, FramesStandBehindWhatTheySurround) {
