@@ -16,7 +16,7 @@ class QtFormPeer : public FormPeer {
   QtFormPeer(Stage& stage, EventPump& pump, Form& form, bool modal);
   ~QtFormPeer() override;
 
-  void CaptionChanged() override { window_->ShowCaption(); }
+  void CaptionChanged() override { window_->CaptionChanged(); }
   void ControlChanged(const Control& control, Change change) override {
     window_->Mirror(control, change);
   }

@@ -6,8 +6,10 @@
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
+#include <utility>
 
 #include "platform/basic_controls.h"
+#include "platform/focus_order.h"
 #include "platform/input_controls.h"
 #include "platform/qt/key_press.h"
 #include "platform/qt/qt_text.h"
@@ -105,6 +107,15 @@ void FormWindow::Detach() {
   hide();
 }
 
+void FormWindow::CaptionChanged() {
+  if (std::exchange(caption_stale_, true)) return;
+  const auto show = [this] {
+    caption_stale_ = false;
+    if (form_ != nullptr) ShowCaption();
+  };
+  QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
+}
+
 void FormWindow::ShowCaption() {
   // Qt puts its own mark for "changed" in the place of this one.
   setWindowTitle(ToQt(form_->caption()).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
@@ -114,17 +125,31 @@ void FormWindow::Mirror(const Control& control, Change change) {
   if (control.kind() == ControlKind::kMenuItem) {
     return menus_.Mirror(static_cast<const MenuItem&>(control));
   }
-  const auto view = view_of_.find(&control);
-  if (view == view_of_.end()) return;
-  if (change == Change::kEnabled || change == Change::kVisible) LeaveUnusable(*view->second);
-  view->second->Mirror(change);
+  ControlView* const view = ViewOf(&control);
+  if (view == nullptr) return;
+  if (change == Change::kEnabled || change == Change::kVisible) LeaveUnusable(*view);
+  view->Mirror(change);
+}
+
+ControlView* FormWindow::ViewOf(const Control* control) const {
+  const auto view = view_of_.find(control);
+  return view == view_of_.end() ? nullptr : view->second;
+}
+
+const Control* FormWindow::FocusedControl() const {
+  const QWidget* const focused = focusWidget();
+  for (const auto& view : views_) {
+    const QWidget& widget = view->widget();
+    if (focused != nullptr && (&widget == focused || widget.isAncestorOf(focused))) {
+      return view->control();
+    }
+  }
+  return nullptr;
 }
 
 // A mark shows where the keyboard is: it may be the next that is used.
 void FormWindow::FocusFirst() {
-  const auto wanted = view_of_.find(form_->focus());
-  ControlView* const stop =
-      OpeningStop(views_, wanted == view_of_.end() ? nullptr : wanted->second);
+  ControlView* const stop = ViewOf(OpeningStop(*form_, form_->focus()));
   if (stop == nullptr) return;
   setAttribute(Qt::WA_KeyboardFocusChange);
   stop->Mirror(Change::kFocus);
@@ -132,18 +157,18 @@ void FormWindow::FocusFirst() {
 
 // Left to itself, Qt would give the keyboard to the next widget, with all its text selected.
 void FormWindow::LeaveUnusable(const ControlView& view) {
-  QWidget* const focused = focusWidget();
-  if (CanFocus(*view.control()) || !Holds(view, focused)) return;
-  ControlView* const next = Refuge(views_, view);
-  if (next != nullptr) {
+  const Control& control = *view.control();
+  if (CanHaveFocus(control) || FocusedControl() != &control) return;
+  if (ControlView* const next = ViewOf(Refuge(*form_, control)); next != nullptr) {
     next->Mirror(Change::kFocus);
   } else {
-    focused->clearFocus();
+    focusWidget()->clearFocus();
   }
 }
 
 bool FormWindow::focusNextPrevChild(bool next) {
-  ControlView* const stop = form_ == nullptr ? nullptr : NextStop(views_, focusWidget(), next);
+  if (form_ == nullptr) return false;
+  ControlView* const stop = ViewOf(NextStop(*form_, FocusedControl(), next));
   if (stop == nullptr) return false;
   setAttribute(Qt::WA_KeyboardFocusChange);
   stop->widget().setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
@@ -191,8 +216,9 @@ bool FormWindow::Press(const QKeyEvent& event) {
       return PressEscape();
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
-      return event.modifiers().testFlag(Qt::ControlModifier) &&
-             TurnPage(event.modifiers().testFlag(Qt::ShiftModifier));
+      if (!event.modifiers().testFlag(Qt::ControlModifier)) return false;
+      setAttribute(Qt::WA_KeyboardFocusChange);
+      return TurnPage(*form_, !event.modifiers().testFlag(Qt::ShiftModifier));
     default:
       return PressShortcut(*form_, ToKeyPress(event));
   }
@@ -205,20 +231,6 @@ bool FormWindow::PressEscape() {
   const auto& controls = form_->controls();
   if (std::any_of(controls.begin(), controls.end(), IsCancel)) return false;
   form_->RequestClose();
-  return true;
-}
-
-// True when there is a tab strip; its page, and what it held, may be gone.
-bool FormWindow::TurnPage(bool backwards) {
-  const auto& controls = form_->controls();
-  const auto found = std::find_if(controls.begin(), controls.end(), [](const Control* control) {
-    return control->kind() == ControlKind::kTabStrip && CanFocus(*control);
-  });
-  if (found == controls.end()) return false;
-  setAttribute(Qt::WA_KeyboardFocusChange);
-  auto& tabs = static_cast<TabStrip&>(**found);
-  const auto count = static_cast<int>(tabs.captions().size());
-  if (count > 0) tabs.Select((tabs.current() + (backwards ? count - 1 : 1)) % count);
   return true;
 }
 

@@ -4,11 +4,12 @@
 #pragma once
 
 #include <QWidget>
+#include <memory>
 #include <unordered_map>
+#include <vector>
 
 #include "platform/form.h"
 #include "platform/qt/control_view.h"
-#include "platform/qt/form_focus.h"
 #include "platform/qt/form_menus.h"
 #include "platform/qt/stage.h"
 
@@ -23,7 +24,9 @@ class FormWindow : public QWidget {
   void Detach();
   bool IsDetached() const { return form_ == nullptr; }
 
-  void ShowCaption();
+  // Shown with the next turn of the events: work may tell of its progress ten thousand times, and
+  // the window system answers every time.
+  void CaptionChanged();
   void Mirror(const Control& control, Change change);
   // Gives the keyboard to the control that wants it first.
   void FocusFirst();
@@ -41,22 +44,26 @@ class FormWindow : public QWidget {
   bool focusNextPrevChild(bool next) override;
 
  private:
+  void ShowCaption();
   void MakeViews();
   void LeadLabels();
   void Measure();
   void Arrange();
   bool Press(const QKeyEvent& event);
   bool PressEscape();
-  bool TurnPage(bool backwards);
   // The control of that view has changed: another gets the keyboard if it cannot have it any more.
   void LeaveUnusable(const ControlView& view);
+  ControlView* ViewOf(const Control* control) const;
+  // The control that has the keyboard; null when it is elsewhere.
+  const Control* FocusedControl() const;
 
   Stage& stage_;
   Form* form_;
   bool modal_;
+  bool caption_stale_ = false;
   QWidget* inner_;  // what the form's size and places are about; the menu bar is above it
   FormMenus menus_;
-  Views views_;
+  std::vector<std::unique_ptr<ControlView>> views_;
   std::unordered_map<const Control*, ControlView*> view_of_;
 };
 

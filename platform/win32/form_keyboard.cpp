@@ -4,9 +4,8 @@
 #include <vector>
 
 #include "platform/basic_controls.h"
-#include "platform/input_controls.h"
+#include "platform/focus_order.h"
 #include "platform/menu.h"
-#include "platform/win32/button_windows.h"
 #include "platform/win32/form_window.h"
 #include "text/upper_case.h"
 
@@ -14,79 +13,30 @@ namespace quarvel::platform::win32 {
 namespace {
 
 using KeyUse = ControlWindow::KeyUse;
-using Windows = std::vector<ControlWindow*>;
 
 bool IsDown(int key) { return GetKeyState(key) < 0; }
 
-const OptionButton* AsOption(const ControlWindow& window) {
-  if (window.control().kind() != ControlKind::kOptionButton) return nullptr;
-  return static_cast<const OptionButton*>(&window.control());
-}
-
-// The option buttons of one group that can have the keyboard.
-Windows Group(const FormWindow& form, const OptionButton& member) {
-  Windows group;
-  for (const auto& window : form.controls()) {
-    const OptionButton* const option = AsOption(*window);
-    if (option == nullptr || option->group() != member.group() || !window->CanFocus()) continue;
-    group.push_back(window.get());
-  }
-  return group;
-}
-
-// A group of option buttons is one stop: its selected button, or the first where none is.
-bool IsStop(const FormWindow& form, const ControlWindow& window) {
-  if (!window.CanFocus()) return false;
-  const OptionButton* const option = AsOption(window);
-  if (option == nullptr || option->value()) return true;
-  const Windows group = Group(form, *option);
-  const bool chosen = std::any_of(group.begin(), group.end(), [](const ControlWindow* other) {
-    return AsOption(*other)->value();
-  });
-  return !chosen && group.front() == &window;
-}
-
-Windows Stops(const FormWindow& form) {
-  Windows stops;
-  for (const auto& window : form.controls()) {
-    if (IsStop(form, *window)) stops.push_back(window.get());
-  }
-  return stops;
-}
-
-// The element `step` places further in a ring; the first one where `from` is not in it.
-ControlWindow* Further(const Windows& ring, const ControlWindow* from, int step) {
-  if (ring.empty()) return nullptr;
-  const auto place = std::find(ring.begin(), ring.end(), from);
-  if (place == ring.end()) return step > 0 ? ring.front() : ring.back();
-  const auto count = static_cast<int>(ring.size());
-  const auto index = static_cast<int>(place - ring.begin());
-  return ring[static_cast<std::size_t>((index + step + count) % count)];
+const Control* ControlOf(const ControlWindow* window) {
+  return window == nullptr ? nullptr : &window->control();
 }
 
 bool GoToNextStop(const FormWindow& form, const ControlWindow* from, bool backwards) {
-  ControlWindow* const next = Further(Stops(form), from, backwards ? -1 : 1);
-  if (next != nullptr) next->TakeFocus();
+  const Control* const next = NextStop(form.form(), ControlOf(from), !backwards);
+  if (next != nullptr) form.Find(*next)->TakeFocus();
   return true;
 }
 
+// In a ring of the option's group.
 bool GoInGroup(const FormWindow& form, const ControlWindow* from, int step) {
-  const OptionButton* const option = from == nullptr ? nullptr : AsOption(*from);
-  if (option == nullptr) return false;
-  ControlWindow* const next = Further(Group(form, *option), from, step);
-  if (next != nullptr) next->PressAccessKey();
+  if (from == nullptr || from->control().kind() != ControlKind::kOptionButton) return false;
+  const auto& option = static_cast<const OptionButton&>(from->control());
+  const std::vector<OptionButton*> group = UsableGroup(form.form(), option);
+  const auto place = std::find(group.begin(), group.end(), &option);
+  if (place == group.end()) return true;
+  const auto count = static_cast<int>(group.size());
+  const int next = (static_cast<int>(place - group.begin()) + step + count) % count;
+  form.Find(*group[static_cast<std::size_t>(next)])->PressAccessKey();
   return true;
-}
-
-bool TurnPage(const FormWindow& form, bool backwards) {
-  for (const auto& window : form.controls()) {
-    if (window->control().kind() != ControlKind::kTabStrip) continue;
-    auto& tabs = static_cast<TabStrip&>(window->control());
-    const auto count = static_cast<int>(tabs.captions().size());
-    if (count > 0) tabs.Select((tabs.current() + (backwards ? count - 1 : 1)) % count);
-    return true;
-  }
-  return false;
 }
 
 bool PressEnter(const FormWindow& form, ControlWindow* focused) {
@@ -155,7 +105,7 @@ bool TakeDown(const FormWindow& form, ControlWindow* focused, WPARAM key) {
   const bool shift = IsDown(VK_SHIFT);
   switch (key) {
     case VK_TAB:
-      if (IsDown(VK_CONTROL)) return TurnPage(form, shift);
+      if (IsDown(VK_CONTROL)) return TurnPage(form.form(), !shift);
       return GoToNextStop(form, focused, shift);
     case VK_RETURN:
       return PressEnter(form, focused);
@@ -188,11 +138,6 @@ bool Take(const FormWindow& form, const MSG& message) {
 }
 
 }  // namespace
-
-ControlWindow* FirstStop(const FormWindow& window) {
-  const Windows stops = Stops(window);
-  return stops.empty() ? nullptr : stops.front();
-}
 
 bool TakeKey(const MSG& message) {
   if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;

@@ -5,12 +5,6 @@
 
 namespace quarvel::platform::win32 {
 
-class ControlWindow;
-class FormWindow;
-
-// The control that gets the keyboard when nobody says another; null when none can have it.
-ControlWindow* FirstStop(const FormWindow& window);
-
 // Before a message of the thread's queue is dispatched: true when it was a key that a form of this
 // thread had a use for, and is done with.
 bool TakeKey(const MSG& message);

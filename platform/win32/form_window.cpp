@@ -4,10 +4,10 @@
 #include <utility>
 
 #include "platform/automation_error.h"
+#include "platform/focus_order.h"
 #include "platform/win32/automation_name.h"
 #include "platform/win32/button_windows.h"
 #include "platform/win32/dpi.h"
-#include "platform/win32/form_keyboard.h"
 #include "platform/win32/form_messages.h"
 #include "platform/win32/pace.h"
 #include "platform/win32/wide_text.h"
@@ -103,8 +103,8 @@ void FormWindow::Show(HWND owner) {
   const POINT place = Middle(size, owner);
   SetWindowPos(handle_, nullptr, place.x, place.y, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
   Layout();
-  focus_ = form_->focus() != nullptr ? Find(*form_->focus()) : nullptr;
-  if (focus_ == nullptr || !focus_->CanFocus()) focus_ = FirstStop(*this);
+  const Control* const first = OpeningStop(*form_, form_->focus());
+  focus_ = first != nullptr ? Find(*first) : nullptr;
   ShowWindow(handle_, SW_SHOW);
   // A process may have been started with its first window hidden; nobody could close a hidden form.
   if (!IsWindowVisible(handle_)) ShowWindow(handle_, SW_SHOW);
@@ -226,8 +226,8 @@ void FormWindow::LeaveUnusable(const ControlWindow& control) {
   if (GetActiveWindow() != handle_) return;
   const ControlWindow* const focused = Find(GetFocus());
   if (focused != nullptr && focused != &control) return;
-  ControlWindow* const next = FirstStop(*this);
-  if (next != nullptr) next->TakeFocus();
+  const Control* const next = Refuge(*form_, control.control());
+  if (next != nullptr) Find(*next)->TakeFocus();
 }
 
 void FormWindow::ShowDefaultButton(ButtonWindow* focused) {

@@ -243,8 +243,21 @@ TEST_F(QtForms, TakeTheCaptionAsItIs) {
   form_.set_caption("a [*] & b");
   form_.Show();
   EXPECT_EQ(WindowNamed("frmReal")->windowTitle().toStdString(), "a [*][*] & b");
+  form_.set_caption("others");
   form_.set_caption("other");
+  QApplication::processEvents();
   EXPECT_EQ(WindowNamed("frmReal")->windowTitle().toStdString(), "other");
+}
+
+// The window system answers to every one that it is told.
+TEST_F(QtForms, ShowOneOfManyCaptionsAtATurnOfTheEvents) {
+  form_.Show();
+  int shown = 0;
+  QObject::connect(WindowNamed("frmReal"), &QWidget::windowTitleChanged, [&shown] { ++shown; });
+  for (int i = 0; i < 1000; ++i) form_.set_caption(std::to_string(i));
+  QApplication::processEvents();
+  EXPECT_EQ(shown, 1);
+  EXPECT_EQ(WindowNamed("frmReal")->windowTitle().toStdString(), "999");
 }
 
 TEST_F(QtForms, CloseByEscapeWhereADialogHasNoButtonForIt) {

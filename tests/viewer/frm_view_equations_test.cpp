@@ -24,13 +24,6 @@ TEST_F(ViewerTest, ComesUpWithTheModelAndEverythingShown) {
   });
 }
 
-TEST_F(ViewerTest, KeyboardBeginsInTheListOfTheTab) {
-  BuildModel();
-  View([&] { EXPECT_EQ(viewer().focus(), &viewer().columns.list.grid); });
-  ShowBy([&] { model_.ViewRow(1, true); },
-         [&] { EXPECT_EQ(viewer().focus(), &viewer().rows.list.grid); });
-}
-
 TEST_F(ViewerTest, OffersTheFilters) {
   BuildModel();
   View([&] {
@@ -265,22 +258,6 @@ TEST_F(ViewerTest, DoubleClickFindsItsGoalThroughTheFilterAndIgnoresAHiddenOne) 
     EXPECT_EQ(viewer().sstViewEqns.current(), frmViewEquations::kRowsPage);
     EXPECT_EQ(viewer().rows.list.grid.current_row(), 0);
     EXPECT_EQ(viewer().rows.fraVars.caption(), "Variables in EQ (2):");
-  });
-}
-
-TEST_F(ViewerTest, ShrinksToItsSmallestSizeWithEveryControlInside) {
-  View([&] {
-    const frmViewEquations& form = viewer();
-    EXPECT_LE(form.smallest_width(), 600);
-    EXPECT_LE(form.smallest_height(), 440);
-    for (const platform::Control* control : form.controls()) {
-      if (control->kind() == platform::ControlKind::kMenuItem) continue;
-      const platform::Place place = control->PlaceIn(form.smallest_width(), form.smallest_height());
-      EXPECT_GE(place.width, 60) << control->name();
-      EXPECT_GE(place.height, 18) << control->name();
-      EXPECT_LE(place.x + place.width, form.smallest_width()) << control->name();
-      EXPECT_LE(place.y + place.height, form.smallest_height()) << control->name();
-    }
   });
 }
 

@@ -28,7 +28,7 @@ class EveryControlTest : public Win32Test {
   }
   // Lets what was posted run.
   void RunEvents() {
-    Sleep(20);
+    Sleep(40);
     desktop().DoEvents();
   }
   // Presses a key where the keyboard is.
