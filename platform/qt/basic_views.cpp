@@ -85,7 +85,12 @@ class ProgressView : public ViewOf<ProgressBar, QProgressBar> {
     if (change != Change::kRange && change != Change::kValue) return;
     const float range = kind().max() - kind().min();
     const float done = range > 0 ? (kind().value() - kind().min()) / range : 0;
-    widget_.setValue(static_cast<int>(done * static_cast<float>(kSteps)));
+    const int step = static_cast<int>(done * static_cast<float>(kSteps));
+    if (step == widget_.value()) return;
+    // A bar would paint itself at every step; this way it waits for the next turn of the events.
+    widget_.setUpdatesEnabled(false);
+    widget_.setValue(step);
+    widget_.setUpdatesEnabled(true);
   }
 
  private:

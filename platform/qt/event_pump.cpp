@@ -8,7 +8,7 @@
 namespace quarvel::platform::qt {
 namespace {
 
-constexpr std::chrono::milliseconds kBetweenPending{16};
+constexpr std::chrono::milliseconds kBetweenPending{33};
 
 void WantToQuit() {
   QCoreApplication::postEvent(QCoreApplication::instance(), new QEvent(QEvent::Quit));

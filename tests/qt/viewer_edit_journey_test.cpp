@@ -24,7 +24,7 @@ using ViewerEditJourney = ViewerJourney;
 // A file that takes so long that the user can press Stop.
 std::string LongModel() {
   std::string text = "NAME LONG\nROWS\n N COST\n L LIMIT\nCOLUMNS\n";
-  for (int i = 0; i < 400'000; ++i) {
+  for (int i = 0; i < 1'500'000; ++i) {
     const std::string name = " X" + std::to_string(i);
     text.append(name).append(" COST 1 LIMIT 2\n");
   }
