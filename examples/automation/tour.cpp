@@ -166,7 +166,7 @@ int main() {
     status = Tour(*model);
     model->Release();
   } else {
-    Print(L"Quarvel.dll is neither registered nor beside this program.");
+    Print(L"Quarvel.dll is neither registered nor beside this program with its manifest.");
   }
   CoUninitialize();
   return status;

@@ -82,7 +82,6 @@ class Win32Desktop : public Desktop {
 
   std::shared_ptr<DrawerState> state_;
   std::chrono::steady_clock::time_point last_turn_{};
-  std::chrono::steady_clock::time_point last_flush_{};
 };
 
 Win32Desktop::~Win32Desktop() {
@@ -127,12 +126,9 @@ void Win32Desktop::ShowFileDialog(FileDialog& dialog) {
 }
 
 void Win32Desktop::DoEvents() {
-  if (!TurnIsDue(last_turn_)) return;
+  if (!PaintIsDue(last_turn_)) return;
+  Flush();
   const auto start = std::chrono::steady_clock::now();
-  if (PaintIsDue(last_flush_)) {
-    Flush();
-    last_flush_ = start;
-  }
   MessageLoop loop;
   while (loop.RunPending() && std::chrono::steady_clock::now() - start < kLongestTurn) continue;
   last_turn_ = std::chrono::steady_clock::now();

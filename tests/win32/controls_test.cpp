@@ -115,7 +115,7 @@ TEST_F(ControlsTest, TabStripTurnsForTheUserAndForCode) {
 
 TEST_F(ControlsTest, ProgressBarShowsItsShareOfAnyRange) {
   EXPECT_EQ(Send(form_.barWork, PBM_GETPOS), 250);
-  Sleep(40);
+  Sleep(kUntilEventsRunMs);
   form_.barWork.set_value(150);
   EXPECT_EQ(Send(form_.barWork, PBM_GETPOS), 750);
   form_.barWork.set_value(200);

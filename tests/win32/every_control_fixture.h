@@ -28,7 +28,7 @@ class EveryControlTest : public Win32Test {
   }
   // Lets what was posted run.
   void RunEvents() {
-    Sleep(40);
+    Sleep(kUntilEventsRunMs);
     desktop().DoEvents();
   }
   // Presses a key where the keyboard is.

@@ -83,7 +83,7 @@ TEST_F(FormLifeTest, WindowIsDestroyedOnceItsEventsHaveReturned) {
   On(L"Life", [](HWND top) { Click(top, L"cmdGo"); });
   form_.ShowModal();
   ASSERT_NE(window, nullptr);
-  Sleep(40);
+  Sleep(kUntilEventsRunMs);
   desktop().DoEvents();
   EXPECT_FALSE(IsWindow(window));
 }
@@ -178,7 +178,7 @@ TEST_F(FormLifeTest, QuitMessageIsKeptForTheHost) {
 
 TEST_F(FormLifeTest, QuitMessageSurvivesPendingEvents) {
   PostQuitMessage(9);
-  Sleep(40);
+  Sleep(kUntilEventsRunMs);
   desktop().DoEvents();
   MSG message;
   ASSERT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));

@@ -43,7 +43,8 @@ class GridTest : public EveryControlTest {
     POINT middle = {place.left + 20, (place.top + place.bottom) / 2};
     ClientToScreen(Child(grid), &middle);
     SetCursorPos(middle.x, middle.y);
-    for (int i = 0; i < 50; ++i) RunEvents();
+    constexpr DWORD kRestMs = 1000;
+    for (DWORD rested = 0; rested < kRestMs; rested += kUntilEventsRunMs) RunEvents();
   }
   // The tip that is on the screen, empty for none.
   std::wstring Tip() const {

@@ -45,7 +45,7 @@ class ReadOnlyTextTest : public Win32Test {
     SetKeyboardState(keys);
     SetFocus(box_);
     PressKey(box_, key);
-    Sleep(40);
+    Sleep(kUntilEventsRunMs);
     desktop().DoEvents();
     keys[VK_CONTROL] = 0;
     SetKeyboardState(keys);

@@ -8,9 +8,13 @@
 #include <functional>
 #include <string>
 
+#include "platform/win32/pace.h"
 #include "platform/win32/win32.h"
 
 namespace quarvel::platform::win32 {
+
+// Events that come sooner after the last may be passed over.
+inline constexpr auto kUntilEventsRunMs = static_cast<DWORD>(kPaintInterval.count()) + 10;
 
 class UserSteps {
  public:
