@@ -51,10 +51,10 @@ build() { step "build $1" configure_and_build "$@"; }
 count_cases() {
   awk '
     /^[0-9]+: \[  PASSED  \] [0-9]+ tests?\./ { passed += $5 }
-    /^[0-9]+: \[  FAILED  \] [0-9]+ tests?, listed below/ { failed += $5; listed = 1 }
+    /^[0-9]+: \[  FAILED  \] [0-9]+ tests?, listed below/ { failed += $5; listed[$1 + 0] = 1 }
     /^ *[0-9]+\/[0-9]+ Test +#[0-9]+: / {
-      if (!/ Passed / && !listed) failed++
-      listed = 0
+      match($0, /#[0-9]+/)
+      if (!/ Passed / && !((substr($0, RSTART + 1, RLENGTH - 1) + 0) in listed)) failed++
     }
     END { print passed + 0, failed + 0 }'
 }
