@@ -9,7 +9,7 @@ cmake --build build/windows-x64 --target screenshots
 
 export QUARVEL_WINEPREFIX="$PWD/build/wine-screenshots"
 number=$(mktemp)
-Xvfb -displayfd 3 -screen 0 2560x1920x24 -nolisten tcp 3>"$number" 2>/dev/null &
+Xvfb -displayfd 3 -noreset -screen 0 2560x1920x24 -nolisten tcp 3>"$number" 2>/dev/null &
 xvfb=$!
 trap 'cmake/wine.sh --stop; kill "$xvfb"; rm -f "$number"' EXIT
 for _ in $(seq 100); do

@@ -101,7 +101,7 @@ start_windows() {
   trap 'stop_windows >/dev/null 2>&1' EXIT
   trap 'exit 130' INT TERM
   rm -f "$number"
-  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$number" &
+  Xvfb -displayfd 3 -noreset -screen 0 1280x1024x24 -nolisten tcp 3>"$number" &
   xvfb=$!
   for _ in $(seq 100); do
     [ -s "$number" ] && break
