@@ -12,7 +12,6 @@ namespace quarvel::platform::win32 {
 class LabelWindow : public ControlWindow {
  public:
   using ControlWindow::ControlWindow;
-  bool TakesFocus() const override { return false; }
   bool TakesLetters() const override { return false; }
 
  protected:
@@ -27,7 +26,6 @@ class FrameWindow : public ControlWindow {
   using ControlWindow::ControlWindow;
   void Mirror(Change change) override;
   void SetFont(HFONT font) override;
-  bool TakesFocus() const override { return false; }
   bool TakesLetters() const override { return false; }
 
  protected:

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "platform/control.h"
+#include "platform/focus_order.h"
 #include "platform/keys.h"
 #include "platform/win32/win32.h"
 
@@ -37,8 +38,7 @@ class ControlWindow {
   virtual void SetFont(HFONT font);
 
   // The keyboard may be given to it.
-  virtual bool TakesFocus() const { return true; }
-  bool CanFocus() const { return TakesFocus() && control_.enabled() && control_.visible(); }
+  bool CanFocus() const { return CanHaveFocus(control_); }
   virtual void TakeFocus() { SetFocus(handle_); }
   // The user pressed its access key.
   virtual void PressAccessKey() { TakeFocus(); }

@@ -80,7 +80,7 @@ bool PressKey(const FormWindow& form, ControlWindow* focused, WPARAM key) {
 // The access key of a label or a frame leads to what comes after it.
 ControlWindow* FromWords(const FormWindow& form, std::size_t index) {
   const auto& windows = form.controls();
-  while (index < windows.size() && !windows[index]->TakesFocus()) ++index;
+  while (index < windows.size() && !TakesKeys(windows[index]->control())) ++index;
   return index < windows.size() ? windows[index].get() : nullptr;
 }
 

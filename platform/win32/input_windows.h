@@ -83,7 +83,6 @@ class TabWindow : public ControlWindow {
 class ProgressWindow : public ControlWindow {
  public:
   using ControlWindow::ControlWindow;
-  bool TakesFocus() const override { return false; }
   bool TakesLetters() const override { return false; }
   void Mirror(Change change) override;
   void Flush() override;
