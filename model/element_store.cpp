@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/large_pages.h"
-
 namespace quarvel {
 
 ElementStore::ElementStore(const ElementStore& other) { *this = other; }
@@ -78,7 +76,7 @@ ElementEntry* ElementArena::Take(std::size_t count) {
 }
 
 void ElementArena::Release() {
-  std::vector<std::unique_ptr<ElementEntry[]>>().swap(blocks_);
+  std::vector<platform::Table<ElementEntry>>().swap(blocks_);
   entries_ = 0;
   next_ = nullptr;
   end_ = nullptr;
@@ -105,8 +103,7 @@ void ElementArena::AddBlock(std::size_t entries) {
   constexpr std::size_t kLeast = std::size_t{1} << 16;
   constexpr std::size_t kUsualMost = std::size_t{1} << 20;
   const std::size_t size = std::max(entries, std::clamp(entries_ / 2, kLeast, kUsualMost));
-  blocks_.push_back(std::unique_ptr<ElementEntry[]>(new ElementEntry[size]));
-  platform::PreferLargePages(blocks_.back().get(), size * sizeof(ElementEntry));
+  blocks_.push_back(platform::MakeTable<ElementEntry>(size));
   entries_ += size;
   next_ = blocks_.back().get();
   end_ = next_ + size;

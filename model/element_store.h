@@ -6,11 +6,11 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <span>
 #include <vector>
 
 #include "model/packed_double.h"
+#include "platform/large_pages.h"
 
 namespace quarvel {
 
@@ -92,7 +92,7 @@ class ElementArena {
   void AppendElsewhere(ElementStore& list, const ElementEntry& entry);
   void AddBlock(std::size_t entries);
 
-  std::vector<std::unique_ptr<ElementEntry[]>> blocks_;
+  std::vector<platform::Table<ElementEntry>> blocks_;
   ElementEntry* next_ = nullptr;
   ElementEntry* end_ = nullptr;
   std::size_t entries_ = 0;  // room of all blocks

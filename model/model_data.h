@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "model/element_store.h"
 #include "model/line_names.h"
@@ -22,6 +23,7 @@ namespace quarvel {
 inline constexpr double BoundLimit = 1e10;
 
 using ElementList = OneBased<ElementEntry, ElementStore>;
+using RowNumbers = OneBased<std::int32_t, std::vector<std::int32_t>>;
 
 // The type letter of a row ("N" free, "G", "L", "E", "R" ranged) or column ("R" continuous, "I"
 // integer); kNoType reads as the empty text.
@@ -60,8 +62,8 @@ struct ModelData {
   OneBased<RowRecord> Rows;
   OneBased<ColumnRecord> Columns;
   std::string FileLocation;                 // path of the model's file
-  OneBased<std::int32_t> BindingRows;       // ascending row numbers
-  OneBased<std::int32_t> NonBindingRows;    // ascending row numbers
+  RowNumbers BindingRows;                   // ascending row numbers
+  RowNumbers NonBindingRows;                // ascending row numbers
   std::int16_t LogFileNumber = 0;           // 0 when no simplification log is open
   bool DefaultToPlusMinusInfinity = false;  // new columns of a read get lower bound -1E+10
   bool LongNameWarningShown = false;        // never reset
@@ -86,7 +88,10 @@ struct ModelData {
 // data only.
 void Settle(ModelData& data);
 inline bool IsSettled(const ModelData& data) {
-  return !data.row_lists_pending && data.removals.empty();
+  // Both are looked at, which costs less than a second branch.
+  return static_cast<unsigned>(data.row_lists_pending) +
+             static_cast<unsigned>(!data.removals.empty()) ==
+         0;
 }
 
 // Drops all rows and columns with their lists, names and memory; counts of rows, columns and

@@ -2,46 +2,78 @@
 
 #include <utility>
 
-#include "platform/large_pages.h"
-
 namespace quarvel {
 
-void NameIndex::Clear() {
-  slots_ = {};
-  mask_ = 0;
-  size_ = 0;
-  has_duplicates_ = false;
-  stale_ = false;
-}
+void NameIndex::Clear() { *this = NameIndex(); }
 
-void NameIndex::Reserve(std::size_t count) {
-  std::size_t capacity = slots_.empty() ? 64 : slots_.size();
-  while (count * 4 > capacity * 3) capacity *= 2;
-  if (capacity == slots_.size()) return;
-  std::vector<Slot> slots;
-  slots.reserve(capacity);
-  platform::PreferLargePages(slots.data(), capacity * sizeof(Slot));
-  slots.resize(capacity);
-  const std::vector<Slot> old = std::exchange(slots_, std::move(slots));
+// Three quarters of the slots may be taken.
+void NameIndex::Grow(std::size_t count) {
+  constexpr std::size_t kFewestLines = 16;
+  std::size_t capacity = lines_.empty() ? kFewestLines : 2 * lines_.size();
+  while (count > capacity * Line::kSlots / 4 * 3) capacity *= 2;
+  const auto old = std::exchange(lines_, decltype(lines_)(capacity));
   mask_ = capacity - 1;
-  for (const Slot& slot : old) {
-    if (slot.number == 0) continue;
-    std::size_t i = Home(slot);
-    while (slots_[i].number != 0) i = (i + 1) & mask_;
-    slots_[i] = slot;
+  most_ = capacity * Line::kSlots / 4 * 3;
+  for (const Line& line : old) {
+    for (const Slot& slot : line.slots) {
+      if (slot.number != 0) FreeSlot(Home(slot)) = slot;
+    }
   }
 }
 
-// Linear probing without markers of deleted entries: later entries of the run move back.
-void NameIndex::CloseGap(std::size_t gap) {
-  for (std::size_t i = (gap + 1) & mask_; slots_[i].number != 0; i = (i + 1) & mask_) {
-    const std::size_t home = Home(slots_[i]);
-    const bool may_move = ((i - home) & mask_) >= ((i - gap) & mask_);
-    if (!may_move) continue;
-    slots_[gap] = slots_[i];
-    gap = i;
+NameIndex::Slot& NameIndex::FreeSlot(std::size_t line) {
+  while (lines_[line].IsFull()) line = (line + 1) & mask_;
+  Slot* slot = lines_[line].slots.data();
+  while (slot->number != 0) ++slot;
+  return *slot;
+}
+
+void NameIndex::Remove(std::string_view name, std::int32_t number) {
+  if (has_duplicates_) stale_ = true;  // another record of that name would become the first
+  if (stale_ || lines_.empty()) return;
+  const NameKey key = NameKey::Of(name);
+  for (std::size_t i = Home(key);; i = (i + 1) & mask_) {
+    for (std::size_t place = 0; place < Line::kSlots; ++place) {
+      const Slot& slot = lines_[i].slots[place];
+      if (slot.number == 0) return;
+      if (slot.number != number || !key.Equals(slot.low, slot.high)) continue;
+      CloseGap(i, place);
+      --size_;
+      return;
+    }
   }
-  slots_[gap] = Slot{};
+}
+
+// The last name of the line fills the gap. A line that was full may have sent names on; the first
+// of them that may stand here comes back, which leaves a gap where it was.
+void NameIndex::CloseGap(std::size_t line, std::size_t place) {
+  for (;;) {
+    std::array<Slot, Line::kSlots>& slots = lines_[line].slots;
+    const bool was_full = lines_[line].IsFull();
+    std::size_t last = place;
+    while (last + 1 < Line::kSlots && slots[last + 1].number != 0) ++last;
+    slots[place] = slots[last];
+    slots[last] = Slot{};
+    if (!was_full) return;
+    const Place sent_on = FindSentOn(line);
+    if (sent_on.line == line) return;
+    slots[last] = lines_[sent_on.line].slots[sent_on.slot];
+    line = sent_on.line;
+    place = sent_on.slot;
+  }
+}
+
+// The first name behind that line that may stand in it; a place of the line itself when there is
+// none.
+NameIndex::Place NameIndex::FindSentOn(std::size_t line) const {
+  for (std::size_t i = (line + 1) & mask_; i != line; i = (i + 1) & mask_) {
+    for (std::size_t k = 0; k < Line::kSlots; ++k) {
+      const Slot& slot = lines_[i].slots[k];
+      if (slot.number == 0) return {line, 0};  // no name was sent on from here
+      if (((i - Home(slot)) & mask_) >= ((i - line) & mask_)) return {i, k};
+    }
+  }
+  return {line, 0};
 }
 
 }  // namespace quarvel

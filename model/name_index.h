@@ -1,17 +1,23 @@
 // Finds rows or columns by name as a scan for the first match would, in constant time.
 //
-// Open addressing, 16 bytes a slot, at most three quarters full. A name of up to 12 bytes stands in
-// its slot, so that a lookup touches one cache line and never the record; a longer one is
+// Open addressing, 16 bytes a slot, four slots to a cache line. A name stands in the line it
+// belongs to, or, when that is full, in the next line that is not; the slots of a line are taken
+// from the first on. So nearly every lookup touches one line, and all it compares there is compared
+// without asking which slot it is: where in a line a name stands cannot be guessed. A name of up to
+// 12 bytes stands in its slot, so that a lookup never touches the record; a longer one is
 // represented by its hash and compared with the record's name. The index does not own names:
 // `name_of(number)` gives them.
 #pragma once
 
+#include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
 #include <vector>
 
 #include "model/name_key.h"
+#include "platform/large_pages.h"
 #include "text/prefetch.h"
 
 namespace quarvel {
@@ -26,24 +32,19 @@ class NameIndex {
   // The same when the name's key is known already.
   template <class NameOf>
   std::int32_t Find(const NameKey& key, std::string_view name, const NameOf& name_of) const {
-    if (size_ == 0) return 0;
-    if (key.is_long()) return FindLong(key, name, name_of);
-    for (std::size_t i = Home(key);; i = (i + 1) & mask_) {
-      const Slot& slot = slots_[i];
-      if (slot.number == 0 || key.Equals(slot.low, slot.high)) return slot.number;
-    }
+    return key.is_long() ? FindLong(key, name, name_of) : Candidate(key);
   }
 
   // Has the processor fetch what a look-up of that key will touch first.
   void Prefetch(const NameKey& key) const {
-    if (!slots_.empty()) text::Prefetch(&slots_[Home(key)]);
+    if (!lines_.empty()) text::Prefetch(&lines_[Home(key)]);
   }
-  // The number whose name a look-up of that key will compare first; 0 when there is none.
+  // A number of that key, 0 when there is none. Long names may share a key.
   std::int32_t Candidate(const NameKey& key) const {
-    if (size_ == 0) return 0;
+    if (lines_.empty()) return 0;
     for (std::size_t i = Home(key);; i = (i + 1) & mask_) {
-      const Slot& slot = slots_[i];
-      if (slot.number == 0 || key.Equals(slot.low, slot.high)) return slot.number;
+      const std::int32_t number = lines_[i].NumberOf(key);
+      if (number != 0 || !lines_[i].IsFull()) return number;
     }
   }
 
@@ -54,31 +55,21 @@ class NameIndex {
   }
   template <class NameOf>
   void Add(const NameKey& key, std::string_view name, std::int32_t number, const NameOf& name_of) {
-    if ((size_ + 1) * 4 > slots_.size() * 3) Reserve(size_ + 1);
-    std::size_t i = Home(key);
-    for (; slots_[i].number != 0; i = (i + 1) & mask_) {
-      if (Matches(slots_[i], key, name, name_of)) {
-        has_duplicates_ = true;
-        return;
-      }
+    Reserve(size_ + 1);
+    if (Find(key, name, name_of) != 0) {
+      has_duplicates_ = true;
+      return;
     }
-    slots_[i] = {key.low, key.high, number};
+    // Part by part: copied as a whole, a slot that was just put together is waited for.
+    Slot& slot = FreeSlot(Home(key));
+    slot.low = key.low;
+    slot.high = key.high;
+    slot.number = number;
     ++size_;
   }
 
   // Takes out the entry of `name` and `number`. Call while the record still has that name.
-  template <class NameOf>
-  void Remove(std::string_view name, std::int32_t number, const NameOf& name_of) {
-    if (has_duplicates_) stale_ = true;  // another record of that name would become the first
-    if (stale_ || slots_.empty()) return;
-    const NameKey key = NameKey::Of(name);
-    for (std::size_t i = Home(key); slots_[i].number != 0; i = (i + 1) & mask_) {
-      if (slots_[i].number != number || !Matches(slots_[i], key, name, name_of)) continue;
-      CloseGap(i);
-      --size_;
-      return;
-    }
-  }
+  void Remove(std::string_view name, std::int32_t number);
 
   // Numbers have moved: the next use must rebuild.
   void MarkStale() { stale_ = true; }
@@ -96,7 +87,9 @@ class NameIndex {
 
   void Clear();
   // Makes room for `count` entries in all.
-  void Reserve(std::size_t count);
+  void Reserve(std::size_t count) {
+    if (count > most_) Grow(count);
+  }
 
  private:
   struct Slot {
@@ -104,28 +97,56 @@ class NameIndex {
     std::uint32_t high = 0;
     std::int32_t number = 0;  // 0: free
   };
+  struct alignas(64) Line {
+    static constexpr std::size_t kSlots = 4;
+
+    bool IsFull() const { return slots.back().number != 0; }
+    // A free slot answers 0, whatever the key.
+    std::int32_t NumberOf(const NameKey& key) const {
+      const unsigned same = Same<0>(key) | Same<1>(key) | Same<2>(key) | Same<3>(key);
+      return same == 0 ? 0 : slots[static_cast<std::size_t>(std::countr_zero(same))].number;
+    }
+
+    std::array<Slot, kSlots> slots;
+
+   private:
+    template <std::size_t place>
+    unsigned Same(const NameKey& key) const {
+      const Slot& slot = slots[place];
+      return unsigned{((slot.low ^ key.low) | (slot.high ^ key.high)) == 0} << place;
+    }
+  };
+
+  struct Place {
+    std::size_t line;
+    std::size_t slot;
+  };
+
   std::size_t Home(const NameKey& key) const { return key.hash & mask_; }
   std::size_t Home(const Slot& slot) const { return Home(NameKey::OfParts(slot.low, slot.high)); }
 
   template <class NameOf>
   std::int32_t FindLong(const NameKey& key, std::string_view name, const NameOf& name_of) const {
+    if (lines_.empty()) return 0;
     for (std::size_t i = Home(key);; i = (i + 1) & mask_) {
-      const Slot& slot = slots_[i];
-      if (slot.number == 0 || Matches(slot, key, name, name_of)) return slot.number;
+      for (const Slot& slot : lines_[i].slots) {
+        if (slot.number == 0) return 0;
+        if (!key.Equals(slot.low, slot.high)) continue;
+        if (std::string_view(name_of(slot.number)) == name) return slot.number;
+      }
     }
   }
-  template <class NameOf>
-  static bool Matches(const Slot& slot, const NameKey& key, std::string_view name,
-                      const NameOf& name_of) {
-    if (!key.Equals(slot.low, slot.high)) return false;
-    return !key.is_long() || std::string_view(name_of(slot.number)) == name;
-  }
 
-  void CloseGap(std::size_t gap);
+  void Grow(std::size_t count);
+  // The first from that line on.
+  Slot& FreeSlot(std::size_t line);
+  void CloseGap(std::size_t line, std::size_t place);
+  Place FindSentOn(std::size_t line) const;
 
-  std::vector<Slot> slots_;
+  std::vector<Line, platform::TableAllocator<Line>> lines_;
   std::size_t mask_ = 0;
   std::size_t size_ = 0;
+  std::size_t most_ = 0;  // entries that there is room for
   bool has_duplicates_ = false;
   bool stale_ = false;
 };

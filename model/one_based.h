@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -17,7 +18,7 @@ namespace quarvel {
   RaiseRunTimeError(RunTimeError::kSubscriptOutOfRange);
 }
 
-template <class T, class Store = std::vector<T>>
+template <class T, class Store = std::vector<T, platform::TableAllocator<T>>>
 class OneBased {
  public:
   std::int32_t size() const { return static_cast<std::int32_t>(store_.size()); }
@@ -37,7 +38,6 @@ class OneBased {
   void Reserve(std::int32_t size) {
     if (size <= 0 || static_cast<std::size_t>(size) <= store_.capacity()) return;
     store_.reserve(static_cast<std::size_t>(size));
-    platform::PreferLargePages(store_.data(), store_.capacity() * sizeof(T));
   }
   // Drops entry `number`; every later entry moves down one place.
   void Remove(std::int32_t number) {
@@ -59,10 +59,13 @@ class OneBased {
 
  private:
   std::size_t Offset(std::int32_t number) const {
-    // One comparison covers both ends: numbers below 1 wrap to huge offsets.
-    const auto offset = static_cast<std::size_t>(static_cast<std::int64_t>(number) - 1);
-    if (offset >= store_.size()) RaiseSubscriptOutOfRange();
-    return offset;
+    // One comparison covers both ends: numbers below 1 wrap to huge offsets. Bytes are compared,
+    // because the number of entries takes a division.
+    const auto offset = static_cast<std::uint64_t>(static_cast<std::uint32_t>(number) - 1u);
+    const auto bytes = reinterpret_cast<const char*>(std::to_address(store_.end())) -
+                       reinterpret_cast<const char*>(store_.data());
+    if (offset * sizeof(T) >= static_cast<std::uint64_t>(bytes)) RaiseSubscriptOutOfRange();
+    return static_cast<std::size_t>(offset);
   }
 
   Store store_;

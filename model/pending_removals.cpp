@@ -48,7 +48,7 @@ void RemoveNames(const OneBased<Record>& lines, const Positions& gone, std::int3
     return;
   }
   for (const std::int32_t position : gone) {
-    names.Remove(lines[position].Name, position, NamesOf(lines));
+    names.Remove(lines[position].Name, position);
   }
 }
 

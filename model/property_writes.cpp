@@ -26,7 +26,7 @@ std::string_view RefusalOf(std::string_view name, std::string_view spaces, bool 
 template <class Record>
 void Rename(OneBased<Record>& lines, std::int32_t number, const std::string& name,
             NameIndex& names) {
-  names.Remove(lines[number].Name, number, NamesOf(lines));
+  names.Remove(lines[number].Name, number);
   lines[number].Name = name;
   names.Add(name, number, NamesOf(lines));
 }
@@ -38,7 +38,7 @@ bool IsOneOf(const std::string& text, std::string_view letters) {
 
 // A row that got its first type stands in no index yet. It is taken for the last row, which is
 // where new rows stand.
-void AppendLastRow(const ModelData& data, OneBased<std::int32_t>& index, std::int32_t& count) {
+void AppendLastRow(const ModelData& data, RowNumbers& index, std::int32_t& count) {
   index.Resize(++count);
   index[count] = data.NumberOfRows;
 }

@@ -85,7 +85,7 @@ void MpsReader::AppendRow(TypeLetter type) {
 // much room costs nothing as long as nothing is written to it; there is a limit to it all the same.
 std::int32_t MpsReader::ExpectedCount(std::int32_t count, std::size_t bytes_each) const {
   constexpr std::int32_t kTooFewToTell = 1000;
-  constexpr std::size_t kMostRoom = std::size_t{64} << 20;
+  constexpr std::size_t kMostRoom = std::size_t{sizeof(void*) >= 8 ? 256 : 64} << 20;
   if (count < kTooFewToTell) return 0;
   const std::uint64_t section = BytesRead() - section_start_;
   const std::uint64_t rest = file_size_ - std::min(file_size_, BytesRead());

@@ -1,26 +1,38 @@
-#include <cstdint>
+#include <new>
 
 #include <sys/mman.h>
 
 #include "platform/large_pages.h"
 
 namespace quarvel::platform {
+namespace {
 
 #if defined(MADV_HUGEPAGE)
+constexpr std::size_t kLargePage = std::size_t{1} << 21;
+// A last page that is hardly used counts as a whole one.
+constexpr std::size_t kBig = 2 * kLargePage;
+#endif
 
-void PreferLargePages(void* begin, std::size_t size) noexcept {
-  constexpr std::size_t kLargePage = std::size_t{1} << 21;
-  if (size < 2 * kLargePage) return;
-  // The system wants a page's border; bytes in front of the first one stay as they are.
-  constexpr std::size_t kPage = 4096;
-  const std::size_t skipped = (kPage - reinterpret_cast<std::uintptr_t>(begin) % kPage) % kPage;
-  madvise(static_cast<char*>(begin) + skipped, size - skipped, MADV_HUGEPAGE);
+std::align_val_t Alignment(std::size_t size) {
+#if defined(MADV_HUGEPAGE)
+  if (size >= kBig) return std::align_val_t{kLargePage};
+#endif
+  static_cast<void>(size);
+  return std::align_val_t{kTableAlignment};
 }
 
-#else
+}  // namespace
 
-void PreferLargePages(void*, std::size_t) noexcept {}
-
+void* AllocateTable(std::size_t size) {
+  void* const begin = ::operator new(size, Alignment(size));
+#if defined(MADV_HUGEPAGE)
+  if (size >= kBig) madvise(begin, size, MADV_HUGEPAGE);
 #endif
+  return begin;
+}
+
+void FreeTable(void* begin, std::size_t size) noexcept {
+  ::operator delete(begin, Alignment(size));
+}
 
 }  // namespace quarvel::platform

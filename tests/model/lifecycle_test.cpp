@@ -10,7 +10,7 @@
 namespace quarvel {
 namespace {
 
-std::vector<std::int32_t> List(const OneBased<std::int32_t>& numbers) {
+std::vector<std::int32_t> List(const RowNumbers& numbers) {
   return {numbers.begin(), numbers.end()};
 }
 

@@ -69,7 +69,7 @@ TEST(NameIndex, ForgetsARemovedName) {
   NameIndex index;
   Names names;
   for (int i = 0; i < 1000; ++i) names.Add(index, "N" + std::to_string(i));
-  for (int i = 0; i < 1000; i += 3) index.Remove("N" + std::to_string(i), i + 1, names.Of());
+  for (int i = 0; i < 1000; i += 3) index.Remove("N" + std::to_string(i), i + 1);
   for (int i = 0; i < 1000; ++i) {
     EXPECT_EQ(index.Find("N" + std::to_string(i), names.Of()), i % 3 == 0 ? 0 : i + 1);
   }
@@ -80,12 +80,42 @@ TEST(NameIndex, AsksToBeRebuiltWhenARemovedNameHadASecondOwner) {
   Names names;
   names.Add(index, "SAME");
   names.Add(index, "SAME");
-  index.Remove("SAME", 1, names.Of());
+  index.Remove("SAME", 1);
   EXPECT_TRUE(index.stale());
   names[1] = "OTHER";
   index.Rebuild(2, names.Of());
   EXPECT_FALSE(index.stale());
   EXPECT_EQ(index.Find("SAME", names.Of()), 2);
+}
+
+// Names that all belong to the same place go on to the places behind it; those move back when one
+// is taken out.
+TEST(NameIndex, FindsNamesThatCrowdInOnePlace) {
+  std::vector<std::string> crowd;
+  const std::uint32_t place = NameKey::Of("0").hash % 16;
+  for (int i = 0; crowd.size() < 14; ++i) {
+    if (NameKey::Of(std::to_string(i)).hash % 16 == place) crowd.push_back(std::to_string(i));
+  }
+  std::mt19937 random(3);
+  for (int round = 0; round < 200; ++round) {
+    NameIndex index;
+    Names names;
+    std::map<std::string, std::int32_t> expected;
+    for (int step = 0; step < 60; ++step) {
+      const std::string& name = crowd[random() % crowd.size()];
+      const auto found = expected.find(name);
+      if (found == expected.end()) {
+        expected[name] = names.Add(index, name);
+      } else {
+        index.Remove(name, found->second);
+        expected.erase(found);
+      }
+      for (const std::string& other : crowd) {
+        const auto wanted = expected.find(other);
+        ASSERT_EQ(index.Find(other, names.Of()), wanted == expected.end() ? 0 : wanted->second);
+      }
+    }
+  }
 }
 
 TEST(NameIndex, AgreesWithAScanThroughRandomChanges) {
@@ -101,7 +131,7 @@ TEST(NameIndex, AgreesWithAScanThroughRandomChanges) {
     if (found == expected.end()) {
       expected[name] = names.Add(index, name);
     } else {
-      index.Remove(name, found->second, names.Of());
+      index.Remove(name, found->second);
       expected.erase(found);
     }
   }

@@ -290,7 +290,7 @@ void CompareRecords(std::string& faults, const std::string& what, const Records&
   }
 }
 
-void CompareNumbers(std::string& faults, const std::string& what, const OneBased<std::int32_t>& is,
+void CompareNumbers(std::string& faults, const std::string& what, const RowNumbers& is,
                     const std::vector<std::int32_t>& wanted) {
   if (faults.empty() && is.store() != wanted) faults = what + " differ";
 }

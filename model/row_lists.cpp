@@ -1,0 +1,163 @@
+#include "model/row_lists.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+#include "model/model_data.h"
+#include "platform/large_pages.h"
+
+namespace quarvel {
+namespace {
+
+// Places among the entries of all rows, which stand row after row.
+using Places = std::vector<std::uint32_t, platform::TableAllocator<std::uint32_t>>;
+
+// A row within its group and a column, in the 32 bits of an index.
+class GroupedIndex {
+ public:
+  // Groups of at most 2^most_row_bits rows, fewer when columns need the bits.
+  GroupedIndex(std::int32_t columns, int most_row_bits)
+      : column_bits_(static_cast<int>(std::bit_width(static_cast<std::uint32_t>(columns)))),
+        row_bits_(std::min(most_row_bits, 32 - column_bits_)) {}
+
+  int row_bits() const { return row_bits_; }
+  std::size_t Group(std::int32_t row) const { return static_cast<std::uint32_t>(row) >> row_bits_; }
+  std::size_t FirstRow(std::size_t group) const { return group << row_bits_; }
+
+  std::int32_t Pack(std::int32_t row, std::int32_t column) const {
+    const std::uint32_t within = static_cast<std::uint32_t>(row) & Mask(row_bits_);
+    return static_cast<std::int32_t>(within << column_bits_ | static_cast<std::uint32_t>(column));
+  }
+  std::size_t RowWithin(std::int32_t packed) const {
+    return static_cast<std::uint64_t>(static_cast<std::uint32_t>(packed)) >> column_bits_;
+  }
+  std::int32_t Column(std::int32_t packed) const {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(packed) & Mask(column_bits_));
+  }
+
+ private:
+  static std::uint32_t Mask(int bits) {
+    return static_cast<std::uint32_t>((std::uint64_t{1} << bits) - 1);
+  }
+  int column_bits_;
+  int row_bits_;
+};
+
+class RowLists {
+ public:
+  explicit RowLists(ModelData& data)
+      : data_(data), places_(static_cast<std::size_t>(data.Rows.size()) + 1, 0) {
+    CountElements();
+    Lend();
+  }
+
+  void Fill() {
+    // So many lists have their ends in the processor's cache.
+    constexpr std::int32_t kFewRows = 4096;
+    // Groups of some hundred kilobytes.
+    constexpr int kRowBits = 11;
+    constexpr int kLeastRowBits = 6;
+    const GroupedIndex index(data_.Columns.size(), kRowBits);
+    if (data_.Rows.size() <= kFewRows || index.row_bits() < kLeastRowBits) {
+      FillDirectly();
+      return;
+    }
+    Places groups(index.Group(data_.Rows.size()) + 1);
+    for (std::size_t g = 0; g < groups.size(); ++g) groups[g] = places_[index.FirstRow(g)];
+    // A group is copied to be put in order. One that holds most of the model would take as much
+    // memory again.
+    std::size_t largest = 0;
+    for (std::size_t g = 0; g < groups.size(); ++g) {
+      largest = std::max(largest, End(groups, g) - groups[g]);
+    }
+    if (largest > total_ / 2) {
+      FillDirectly();
+      return;
+    }
+    FillGroups(index, groups);
+    OrderGroups(index, groups, largest);
+  }
+
+ private:
+  // Slot 0 stays 0.
+  void CountElements() {
+    for (const ColumnRecord& column : data_.Columns) {
+      for (const ElementEntry& entry : column.Elements) {
+        ++places_[static_cast<std::size_t>(entry.Index)];
+      }
+    }
+    for (const std::uint32_t count : places_) total_ += count;
+  }
+
+  // Lends each row room for its coefficients, and turns the counts into where each row's room
+  // begins.
+  void Lend() {
+    entries_ = data_.row_arena.Take(total_);
+    std::uint32_t next = 0;
+    for (std::int32_t r = 1; r <= data_.Rows.size(); ++r) {
+      std::uint32_t& place = places_[static_cast<std::size_t>(r)];
+      const std::uint32_t count = std::exchange(place, next);
+      if (count > 0) data_.Rows[r].Elements.store().Lend(entries_ + next, count);
+      next += count;
+    }
+  }
+
+  static void Put(ElementEntry& entry, std::int32_t index, PackedDouble value) {
+    // Part by part: copied as a whole, an entry that was just put together is waited for.
+    entry.Index = index;
+    entry.Value = value;
+  }
+
+  template <class Visit>
+  void ForEachElement(const Visit& visit) const {
+    for (std::int32_t c = 1; c <= data_.Columns.size(); ++c) {
+      for (const ElementEntry& entry : std::as_const(data_.Columns)[c].Elements) visit(entry, c);
+    }
+  }
+
+  void FillDirectly() {
+    ForEachElement([this](const ElementEntry& entry, std::int32_t c) {
+      Put(entries_[places_[static_cast<std::size_t>(entry.Index)]++], c, entry.Value);
+    });
+  }
+
+  void FillGroups(const GroupedIndex& index, const Places& groups) {
+    Places next = groups;
+    ForEachElement([&](const ElementEntry& entry, std::int32_t c) {
+      Put(entries_[next[index.Group(entry.Index)]++], index.Pack(entry.Index, c), entry.Value);
+    });
+  }
+
+  void OrderGroups(const GroupedIndex& index, const Places& groups, std::size_t largest) {
+    const platform::Table<ElementEntry> group = platform::MakeTable<ElementEntry>(largest);
+    for (std::size_t g = 0; g < groups.size(); ++g) {
+      const std::size_t size = End(groups, g) - groups[g];
+      std::copy_n(entries_ + groups[g], size, group.get());
+      std::uint32_t* const places = places_.data() + index.FirstRow(g);
+      for (std::size_t i = 0; i < size; ++i) {
+        const ElementEntry& entry = group[i];
+        Put(entries_[places[index.RowWithin(entry.Index)]++], index.Column(entry.Index),
+            entry.Value);
+      }
+    }
+  }
+
+  std::size_t End(const Places& groups, std::size_t g) const {
+    return g + 1 < groups.size() ? groups[g + 1] : total_;
+  }
+
+  ModelData& data_;
+  Places places_;  // by row; first the counts, then where the row's next entry goes
+  ElementEntry* entries_ = nullptr;
+  std::size_t total_ = 0;
+};
+
+}  // namespace
+
+void FillRowLists(ModelData& data) { RowLists(data).Fill(); }
+
+}  // namespace quarvel

@@ -1,0 +1,17 @@
+// Row lists made from column lists, for a whole model at once.
+#pragma once
+
+namespace quarvel {
+
+struct ModelData;
+
+// Gives every row, which must have an empty list, the coefficients that the columns name it in,
+// column by column. Every index must be that of a row.
+//
+// Rows come in any order, and writing each coefficient where its row's list goes on would wait for
+// memory at every one. Large models are therefore sorted twice: first the coefficients go to the
+// group of rows they belong to, where each group's part of the memory is written from front to
+// back; then each group, small enough for the processor's cache, is put in order by itself.
+void FillRowLists(ModelData& data);
+
+}  // namespace quarvel
