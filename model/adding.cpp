@@ -59,6 +59,7 @@ void LPModel::AddElement(std::int32_t row, std::int32_t col, double val) {
     Refuse("Invalid row or column given when attempting to AddElement()");
     return;
   }
+  data.agreement.NoteAdding(data, row + 1, col + 1);
   data.Rows[row + 1].Elements.Append({col + 1, val});
   data.Columns[col + 1].Elements.Append({row + 1, val});
   ++data.NumberOfElements;

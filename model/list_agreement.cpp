@@ -97,25 +97,64 @@ class Examination {
   bool found_any_ = false;
 };
 
+bool NamesAColumnTwiceRunning(const RowRecord& row) {
+  return std::adjacent_find(row.Elements.begin(), row.Elements.end(),
+                            [](const ElementEntry& one, const ElementEntry& other) {
+                              return one.Index == other.Index;
+                            }) != row.Elements.end();
+}
+
 }  // namespace
 
-bool ListAgreement::Known(const ModelData& data) const {
-  return elements_ != kUnknown && elements_ == data.NumberOfElements;
+bool ListAgreement::Knows(std::int64_t elements, const ModelData& data) const {
+  return elements != kUnknown && elements == data.NumberOfElements;
+}
+
+bool ListAgreement::Known(const ModelData& data) const { return Knows(elements_, data); }
+
+void ListAgreement::NoteFilled(const ModelData& data) {
+  Forget();
+  filled_elements_ = data.NumberOfElements;
+}
+
+// Looking through long lists at every addition would cost more than an examination.
+void ListAgreement::NoteAdding(const ModelData& data, std::int32_t r, std::int32_t c) {
+  constexpr std::int32_t kLongest = 32;
+  const ElementList& row = data.Rows[r].Elements;
+  const ElementList& column = data.Columns[c].Elements;
+  const auto names = [](const ElementList& list, std::int32_t number) {
+    return std::any_of(list.begin(), list.end(),
+                       [number](const ElementEntry& entry) { return entry.Index == number; });
+  };
+  const bool row_is_short = row.size() <= column.size();
+  if (std::min(row.size(), column.size()) > kLongest || !everywhere() ||
+      (row_is_short ? names(row, c) : names(column, r))) {
+    Forget();
+    return;
+  }
+  for (std::int64_t* const elements : {&elements_, &filled_elements_}) {
+    if (Knows(*elements, data)) ++*elements;
+  }
 }
 
 void ListAgreement::NoteRemoved(std::int32_t count) {
-  if (elements_ != kUnknown) elements_ = std::max(elements_ - count, kUnknown);
+  for (std::int64_t* const elements : {&elements_, &filled_elements_}) {
+    if (*elements != kUnknown) *elements = std::max(*elements - count, kUnknown);
+  }
 }
 
 void ListAgreement::Examine(const ModelData& data) {
+  const bool only_twice = Knows(filled_elements_, data);
   Forget();
   odd_rows_ = std::vector<bool>();
   odd_columns_ = std::vector<bool>();
-  Examination examination(data);
-  examination.Run();
-  if (examination.found_any()) {
-    odd_rows_.swap(examination.odd_rows());
-    odd_columns_.swap(examination.odd_columns());
+  if (!only_twice || std::any_of(data.Rows.begin(), data.Rows.end(), NamesAColumnTwiceRunning)) {
+    Examination examination(data);
+    examination.Run();
+    if (examination.found_any()) {
+      odd_rows_.swap(examination.odd_rows());
+      odd_columns_.swap(examination.odd_columns());
+    }
   }
   elements_ = data.NumberOfElements;
 }

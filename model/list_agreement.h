@@ -6,7 +6,8 @@
 // added twice disagrees: a deletion takes out only the first of its entries, and what the other one
 // names afterwards depends on the numbers at that moment.
 //
-// Examining costs one pass over the model and 4 bytes a coefficient while it runs.
+// Examining costs one pass over the model and 4 bytes a coefficient while it runs. What a read
+// made, or a host coefficient by coefficient, only needs a glance at each row's list.
 #pragma once
 
 #include <cstdint>
@@ -24,7 +25,11 @@ class ListAgreement {
   // Looks at all lists of settled data. Raises 9 when fewer rows or columns are stored than
   // counted.
   void Examine(const ModelData& data);
-  void Forget() { elements_ = kUnknown; }
+  void Forget() { elements_ = filled_elements_ = kUnknown; }
+  // There are no lists, or the row lists were just made from the column lists, column by column.
+  void NoteFilled(const ModelData& data);
+  // A coefficient is going to be appended to both of its lists.
+  void NoteAdding(const ModelData& data, std::int32_t r, std::int32_t c);
   // `count` coefficients went from both of their lists.
   void NoteRemoved(std::int32_t count);
   // True when there is no disagreement at all.
@@ -36,12 +41,16 @@ class ListAgreement {
 
  private:
   static constexpr std::int64_t kUnknown = -1;
+  bool Knows(std::int64_t elements, const ModelData& data) const;
   static bool Has(const std::vector<bool>& marks, std::int32_t position) {
     const auto offset = static_cast<std::size_t>(position);
     return offset < marks.size() && marks[offset];
   }
 
-  std::int64_t elements_ = kUnknown;  // NumberOfElements as far as it was examined
+  // NumberOfElements as far as it was examined, and as far as all is known but pairs that were
+  // added twice: those stand side by side in their row.
+  std::int64_t elements_ = kUnknown;
+  std::int64_t filled_elements_ = kUnknown;
   // Marked by position, both absent when everything agrees.
   std::vector<bool> odd_rows_;
   std::vector<bool> odd_columns_;

@@ -14,6 +14,7 @@ void Settle(ModelData& data) {
   if (data.row_lists_pending) {
     data.row_lists_pending = false;
     FillRowLists(data);
+    data.agreement.NoteFilled(data);
   }
   if (!data.removals.empty()) CloseGaps(data);
 }
@@ -21,12 +22,12 @@ void Settle(ModelData& data) {
 void ReleaseRowsAndColumns(ModelData& data) {
   data.row_lists_pending = false;
   CloseGaps(data);  // the row indexes outlive the rows
-  data.agreement.Forget();
   data.NumberOfColumns = 0;
   data.Columns.Release();
   data.NumberOfRows = 0;
   data.Rows.Release();
   data.NumberOfElements = 0;
+  data.agreement.NoteFilled(data);
   data.row_arena.Release();
   data.column_arena.Release();
   data.row_names.Clear();

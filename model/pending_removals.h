@@ -18,7 +18,7 @@ class PendingRemovals {
  public:
   enum class Kind { kRows, kColumns };
 
-  bool empty() const { return positions_.empty(); }
+  bool empty() const { return empty_; }
   Kind kind() const { return kind_; }
 
   // The stored position of what is now number `number` among those of `kind`, counting only what is
@@ -35,6 +35,7 @@ class PendingRemovals {
   const std::vector<std::int32_t>& positions() const { return positions_; }
   void Clear() {
     std::vector<std::int32_t>().swap(positions_);
+    empty_ = true;
     elements_left_.Release();
   }
 
@@ -44,6 +45,7 @@ class PendingRemovals {
 
  private:
   Kind kind_ = Kind::kRows;
+  bool empty_ = true;  // positions_ is; every query asks
   std::vector<std::int32_t> positions_;
   OneBased<std::int32_t> elements_left_;
 };

@@ -236,7 +236,7 @@ void MpsReader::CheckModel() {
 
 // Each box may let a host change the model, so the record is looked up anew after it.
 void MpsReader::CheckColumns(bool& empty_items) {
-  for (std::int32_t c = 1; c <= model_.data().NumberOfColumns; ++c) {
+  for (std::int32_t c = 1; c <= Settled().NumberOfColumns; ++c) {
     const ColumnRecord& column = data_.Columns[c];
     const bool is_empty = column.ElementCount() == 0;
     const std::string name = is_empty || column.LowerBound > column.UpperBound ? column.Name : "";
@@ -251,7 +251,7 @@ void MpsReader::CheckColumns(bool& empty_items) {
 }
 
 void MpsReader::CheckRows(bool& empty_items) {
-  for (std::int32_t r = 1; r <= model_.data().NumberOfRows; ++r) {
+  for (std::int32_t r = 1; r <= Settled().NumberOfRows; ++r) {
     const RowRecord& row = data_.Rows[r];
     const bool is_empty = row.ElementCount() == 0;
     const std::string name = is_empty || row.LowerBound > row.UpperBound ? row.Name : "";
@@ -280,9 +280,8 @@ bool MpsReader::AcceptsEmpty(std::string_view what, const std::string& name) {
 
 void MpsReader::DeriveRowTypes() {
   static constexpr std::array<TypeLetter, 3> kOneSided = {'N', 'G', 'L'};
-  ModelData& data = model_.data();
-  for (std::int32_t r = 1; r <= data.NumberOfRows; ++r) {
-    RowRecord& row = data.Rows[r];
+  for (std::int32_t r = 1; r <= Settled().NumberOfRows; ++r) {
+    RowRecord& row = data_.Rows[r];
     const bool has_lower = row.LowerBound > -BoundLimit;
     const bool has_upper = row.UpperBound < BoundLimit;
     if (has_lower && has_upper) {

@@ -36,6 +36,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "model/lp_model.h"
 #include "model/model_view.h"
@@ -120,6 +121,8 @@ class MpsReader {
   void LineProblem(std::string_view words);
   void AfterCallback();
 
+  // The model with nothing put off, for looking at.
+  const ModelData& Settled() const { return std::as_const(model_).data(); }
   void CheckModel();
   void CheckColumns(bool& empty_items);
   void CheckRows(bool& empty_items);

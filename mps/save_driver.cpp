@@ -86,15 +86,16 @@ std::optional<bool> WriteFile(const ModelData& data, const std::string& path) {
 }
 
 void Save(LPModel& model, const std::string& path, std::optional<Backup>& backup) {
-  if (path == model.data().FileLocation) backup.emplace(path).Make();
-  const std::optional<bool> standard = WriteFile(model.data(), path);
+  const ModelData& data = std::as_const(model).data();
+  if (path == data.FileLocation) backup.emplace(path).Make();
+  const std::optional<bool> standard = WriteFile(data, path);
   if (!standard) {
     ShowBox(model, kNoElements);
     return;
   }
   if (!*standard) ShowBox(model, kNotStandard);
   if (backup) backup->Delete();
-  model.data().FileLocation = path;
+  model.raw_data().FileLocation = path;
 }
 
 }  // namespace

@@ -149,6 +149,95 @@ TEST(ListAgreement, CoefficientsRemovedWithNoticeLeaveItKnown) {
   EXPECT_TRUE(data.agreement.Known(data));
 }
 
+// What it says of a model whose row lists were made from its column lists must be what it says
+// after looking at everything.
+TEST(ListAgreement, RowsMadeFromColumnsOnlyNeedAGlance) {
+  for (const bool twice : {false, true}) {
+    ModelData data = AgreeingModel();
+    if (twice) AddPair(data, 3, 3);
+    data.agreement.NoteFilled(data);
+    EXPECT_FALSE(data.agreement.Known(data));
+    data.agreement.Examine(data);
+    EXPECT_TRUE(data.agreement.Known(data));
+    EXPECT_EQ(OddRows(data), twice ? Numbers{3} : Numbers{});
+    EXPECT_EQ(OddColumns(data), twice ? Numbers{3} : Numbers{});
+  }
+}
+
+TEST(ListAgreement, WhatWasDoneToFilledListsWithoutNoticeIsFound) {
+  ModelData data = AgreeingModel();
+  data.agreement.NoteFilled(data);
+  data.Rows[4].Elements.Append({1, 1});
+  ++data.NumberOfElements;
+  data.agreement.Examine(data);
+  EXPECT_EQ(OddRows(data), Numbers{4});
+
+  data = AgreeingModel();
+  data.agreement.NoteFilled(data);
+  data.Rows[4].Elements.Append({1, 1});
+  data.agreement.Forget();
+  data.agreement.Examine(data);
+  EXPECT_EQ(OddRows(data), Numbers{4});
+}
+
+// Adds with notice, as a host does.
+void AddNoticed(ModelData& data, std::int32_t r, std::int32_t c) {
+  data.agreement.NoteAdding(data, r, c);
+  AddPair(data, r, c);
+}
+
+TEST(ListAgreement, NewCoefficientsAddedWithNoticeLeaveItKnown) {
+  ModelData data = AgreeingModel();
+  data.agreement.Examine(data);
+  AddNoticed(data, 4, 1);
+  AddNoticed(data, 1, 4);
+  EXPECT_TRUE(data.agreement.Known(data));
+  EXPECT_TRUE(data.agreement.everywhere());
+}
+
+TEST(ListAgreement, APairAddedTwiceMakesItUnknownAndIsFound) {
+  for (const bool row_is_longer : {false, true}) {
+    ModelData data = AgreeingModel();
+    data.agreement.Examine(data);
+    if (row_is_longer) {
+      AddNoticed(data, 2, 3);
+      AddNoticed(data, 2, 4);
+    }
+    AddNoticed(data, 2, 2);
+    EXPECT_FALSE(data.agreement.Known(data));
+    data.agreement.Examine(data);
+    EXPECT_EQ(OddRows(data), Numbers{2});
+    EXPECT_EQ(OddColumns(data), Numbers{2});
+  }
+}
+
+TEST(ListAgreement, LongListsAreNotLookedThroughAtEachAddition) {
+  ModelData data;
+  data.Rows.Resize(40);
+  data.Columns.Resize(40);
+  data.NumberOfRows = data.NumberOfColumns = 40;
+  for (std::int32_t n = 2; n <= 40; ++n) {
+    AddPair(data, 1, n);
+    AddPair(data, n, 1);
+  }
+  data.agreement.Examine(data);
+  AddNoticed(data, 3, 4);
+  EXPECT_TRUE(data.agreement.Known(data));
+  AddNoticed(data, 1, 1);
+  EXPECT_FALSE(data.agreement.Known(data));
+  data.agreement.Examine(data);
+  EXPECT_TRUE(data.agreement.everywhere());
+}
+
+// Numbers that are not there may come true by what is added.
+TEST(ListAgreement, AdditionsToADisagreeingModelMakeItUnknown) {
+  ModelData data = AgreeingModel();
+  AddPair(data, 3, 3);
+  data.agreement.Examine(data);
+  AddNoticed(data, 4, 1);
+  EXPECT_FALSE(data.agreement.Known(data));
+}
+
 TEST(ListAgreement, RaisesWhenFewerRowsAreStoredThanCounted) {
   ModelData data = AgreeingModel();
   data.NumberOfRows = 5;

@@ -113,6 +113,33 @@ TEST(CloseGaps, RowsLeaveTheListsNamesAndIndexes) {
   EXPECT_EQ(data.BindingRows.store(), std::vector{2});
 }
 
+// Enough rows that their new numbers take several blocks, with gaps at the borders of one.
+TEST(CloseGaps, RowsOfALargeModelGetTheirNewNumbers) {
+  constexpr std::int32_t kRows = 1000;
+  ModelData data;
+  data.Rows.Resize(kRows);
+  data.Columns.Resize(1);
+  data.NumberOfColumns = 1;
+  std::vector<std::int32_t> kept;
+  for (std::int32_t r = 1; r <= kRows; ++r) {
+    data.Rows[r].Type = 'G';
+    data.Columns[1].Elements.Append({r, static_cast<double>(r)});
+    if (r == 128 || r == 129 || r == 256 || (r > 500 && r <= 800)) {
+      data.removals.Note(Kind::kRows, r);
+    } else {
+      kept.push_back(r);
+    }
+  }
+  data.NumberOfRows = static_cast<std::int32_t>(kept.size());
+  CloseGaps(data);
+  ASSERT_EQ(data.Rows.size(), data.NumberOfRows);
+  ASSERT_EQ(data.Columns[1].Elements.size(), data.NumberOfRows);
+  for (std::int32_t r = 1; r <= data.NumberOfRows; ++r) {
+    const ElementEntry expected{r, static_cast<double>(kept[static_cast<std::size_t>(r - 1)])};
+    ASSERT_EQ(data.Columns[1].Elements[r], expected) << r;
+  }
+}
+
 TEST(CloseGaps, ColumnsLeaveTheListsAndNoIndex) {
   ModelData data = SmallModel();
   data.removals.Note(Kind::kColumns, 2);
