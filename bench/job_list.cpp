@@ -165,10 +165,15 @@ class JobLister {
     spread.most_seconds = 2;
     jobs_.push_back(spread);
 
+    spread.name = "delete rows, looking at rows";
+    spread.command =
+        Ours({"delete-rows-looking-at-rows", file.path, std::to_string(kRowDeletions)});
+    jobs_.push_back(spread);
+
     const std::string looks = std::to_string(kRowDeletions / 10);
-    spread.name = "delete rows, looking";
+    spread.name = "delete rows, looking at columns";
     spread.size = looks + " rows";
-    spread.command = Ours({"delete-rows-looking", file.path, looks});
+    spread.command = Ours({"delete-rows-looking-at-columns", file.path, looks});
     spread.most_seconds = 0;
     jobs_.push_back(spread);
   }

@@ -182,15 +182,16 @@ void Simplify(Arguments arguments) {
   session.PrintSize();
 }
 
-// DeleteRow spread over the model; with `looking`, a host asks for something after each.
-void DeleteRowsOf(Session& session, std::int32_t deletions, bool looking) {
+// DeleteRow spread over the model; `look` is what a host asks for after each.
+template <class Look>
+void DeleteRowsOf(Session& session, std::int32_t deletions, const Look& look) {
   LPModel& model = session.model;
   Require(model.NumberOfRows() > deletions, "the model has too few rows");
   const std::int32_t step = model.NumberOfRows() / deletions;
   PrintResult("seconds", SecondsOf([&] {
                 for (std::int32_t k = 0; k < deletions; ++k) {
                   model.DeleteRow(k * (step - 1));
-                  if (looking) model.RowNumberElements(0);
+                  look();
                 }
                 model.NumberOfBindingRows();
               }));
@@ -200,13 +201,20 @@ void DeleteRowsOf(Session& session, std::int32_t deletions, bool looking) {
 void DeleteRows(Arguments arguments) {
   Session session;
   session.Read(arguments[0]);
-  DeleteRowsOf(session, Number(arguments[1]), false);
+  DeleteRowsOf(session, Number(arguments[1]), [] {});
 }
 
-void DeleteRowsLooking(Arguments arguments) {
+void DeleteRowsLookingAtRows(Arguments arguments) {
   Session session;
   session.Read(arguments[0]);
-  DeleteRowsOf(session, Number(arguments[1]), true);
+  const std::int32_t last = session.model.NumberOfRows() - Number(arguments[1]) - 1;
+  DeleteRowsOf(session, Number(arguments[1]), [&] { session.model.RowNumberElements(last); });
+}
+
+void DeleteRowsLookingAtColumns(Arguments arguments) {
+  Session session;
+  session.Read(arguments[0]);
+  DeleteRowsOf(session, Number(arguments[1]), [&] { session.model.ColNumberElements(0); });
 }
 
 // Fixed-width names side by side, made before the clock starts.
@@ -275,7 +283,8 @@ constexpr Job kJobs[] = {
     {"loop", 1, Loop},
     {"simplify", 1, Simplify},
     {"delete-rows", 2, DeleteRows},
-    {"delete-rows-looking", 2, DeleteRowsLooking},
+    {"delete-rows-looking-at-rows", 2, DeleteRowsLookingAtRows},
+    {"delete-rows-looking-at-columns", 2, DeleteRowsLookingAtColumns},
     {"delete-column", 2, DeleteColumn},
     {"add-rows", 1, AddManyRows},
 };
@@ -290,7 +299,8 @@ int RunJob(Arguments arguments) {
   std::fputs(
       "usage: bench_quarvel read|query|loop|simplify FILE\n"
       "       bench_quarvel write FILE OUT\n"
-      "       bench_quarvel delete-rows|delete-rows-looking|delete-column FILE ROWS\n"
+      "       bench_quarvel delete-rows|delete-column FILE ROWS\n"
+      "       bench_quarvel delete-rows-looking-at-rows|delete-rows-looking-at-columns FILE ROWS\n"
       "       bench_quarvel add-rows ROWS\n",
       stderr);
   return 2;

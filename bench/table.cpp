@@ -17,6 +17,7 @@
 
 #include "bench/child.h"
 #include "bench/job_list.h"
+#include "bench/memory.h"
 #include "bench/table_text.h"
 
 namespace quarvel::bench {
@@ -153,6 +154,7 @@ class Table {
       runs.failed = true;
       return;
     }
+    WarmMemory();
     const std::optional<ChildResult> result = RunChild(command);
     const std::string problem = ProblemOf(job, result, checked);
     if (problem.empty()) {

@@ -37,11 +37,11 @@ std::string_view RefusalOf(std::string_view name, const NameRefusals& refusals, 
 // Appends a record, or takes over the hidden one of a new model with all it holds.
 template <class Record>
 Record& AppendRecord(OneBased<Record>& lines, std::int32_t& count, std::string_view name,
-                     NameIndex& names) {
+                     const NameKey& key, NameIndex& names) {
   lines.Resize(count + 1);
   ++count;
   lines[count].Name = name;
-  names.Add(lines[count].Name, count, NamesOf(lines));
+  names.Add(key, name, count, NamesOf(lines));
   return lines[count];
 }
 
@@ -67,25 +67,27 @@ void LPModel::AddElement(std::int32_t row, std::int32_t col, double val) {
 
 std::int16_t LPModel::AddRow(std::string_view RowName) {
   ModelData& data = Settled();
-  const bool in_use = FindRow(data, RowName) != 0;
+  const NameKey key = NameKey::Of(RowName);
+  const bool in_use = FindRow(data, key, RowName) != 0;
   if (const auto refusal = RefusalOf(RowName, kRowRefusals, in_use); !refusal.empty()) {
     Refuse(refusal);
     return 0;
   }
-  AppendRecord(data.Rows, data.NumberOfRows, RowName, data.row_names);
+  AppendRecord(data.Rows, data.NumberOfRows, RowName, key, data.row_names);
   WarnOnceOfLongName(*this, RowName);
   return -1;
 }
 
 std::int16_t LPModel::AddColumn(std::string_view ColName) {
   ModelData& data = Settled();
-  const bool in_use = FindColumn(data, ColName) != 0;
+  const NameKey key = NameKey::Of(ColName);
+  const bool in_use = FindColumn(data, key, ColName) != 0;
   if (const auto refusal = RefusalOf(ColName, kColumnRefusals, in_use); !refusal.empty()) {
     Refuse(refusal);
     return 0;
   }
   ColumnRecord& column =
-      AppendRecord(data.Columns, data.NumberOfColumns, ColName, data.column_names);
+      AppendRecord(data.Columns, data.NumberOfColumns, ColName, key, data.column_names);
   column.UpperBound = BoundLimit;
   column.Type = 'R';
   WarnOnceOfLongName(*this, ColName);

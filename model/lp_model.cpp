@@ -6,9 +6,29 @@
 
 namespace quarvel {
 
+namespace {
+
+// Settles the model when anything but deletions of that kind is put off.
+std::int32_t StoredPosition(ModelData& data, PendingRemovals::Kind kind, std::int32_t number) {
+  if (data.row_lists_pending || data.removals.kind() != kind) Settle(data);
+  return data.removals.Position(kind, number);
+}
+
+}  // namespace
+
 LPModel::LPModel(platform::Desktop& desktop) : desktop_(desktop) {}
 
 LPModel::~LPModel() = default;
+
+const RowRecord& LPModel::RowBehindGaps(std::int32_t i) const {
+  const std::int32_t r = CheckRow(data_, i);
+  return data_.Rows[StoredPosition(data_, PendingRemovals::Kind::kRows, r)];
+}
+
+const ColumnRecord& LPModel::ColumnBehindGaps(std::int32_t j) const {
+  const std::int32_t c = CheckColumn(data_, j);
+  return data_.Columns[StoredPosition(data_, PendingRemovals::Kind::kColumns, c)];
+}
 
 void LPModel::MakeNewModel() {
   data_.ModelName.clear();

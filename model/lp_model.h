@@ -217,15 +217,21 @@ class LPModel {
     if (!IsSettled(data_)) Settle(data_);
     return data_;
   }
-  // What stands at 0-based numbers, which are checked.
+  // What stands at 0-based numbers, which are checked. Rows that are deleted do not change what
+  // other rows hold, nor columns columns, so a loop that looks and deletes does not close gaps at
+  // every turn.
   const RowRecord& Row(std::int32_t i) const {
-    const ModelData& data = Settled();
-    return data.Rows[CheckRow(data, i)];
+    if (!IsSettled(data_)) [[unlikely]]
+      return RowBehindGaps(i);
+    return std::as_const(data_).Rows[CheckRow(data_, i)];
   }
   const ColumnRecord& Column(std::int32_t j) const {
-    const ModelData& data = Settled();
-    return data.Columns[CheckColumn(data, j)];
+    if (!IsSettled(data_)) [[unlikely]]
+      return ColumnBehindGaps(j);
+    return std::as_const(data_).Columns[CheckColumn(data_, j)];
   }
+  const RowRecord& RowBehindGaps(std::int32_t i) const;
+  const ColumnRecord& ColumnBehindGaps(std::int32_t j) const;
   const ElementEntry& RowElement(std::int32_t i, std::int32_t k) const {
     const RowRecord& row = Row(i);
     return row.Elements.begin()[CheckRowElement(row, k) - 1];

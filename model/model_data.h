@@ -88,10 +88,7 @@ struct ModelData {
 // data only.
 void Settle(ModelData& data);
 inline bool IsSettled(const ModelData& data) {
-  // Both are looked at, which costs less than a second branch.
-  return static_cast<unsigned>(data.row_lists_pending) +
-             static_cast<unsigned>(!data.removals.empty()) ==
-         0;
+  return !data.row_lists_pending && data.removals.empty();
 }
 
 // Drops all rows and columns with their lists, names and memory; counts of rows, columns and

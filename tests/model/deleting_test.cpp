@@ -279,6 +279,53 @@ TEST_F(Deleting, DeletionsFromTheEndBackwardsArePutOffToo) {
   EXPECT_EQ(CheckModelData(model.data()), "");
 }
 
+// A loop that looks at rows and deletes some of them stays cheap.
+TEST_F(Deleting, LookingAtOtherRowsLeavesTheirDeletionPutOff) {
+  BuildWide(40, 4);
+  model.DeleteRow(2);
+  model.DeleteRow(10);
+  model.DeleteRow(0);
+  ASSERT_FALSE(IsSettled(model.raw_data()));
+  ASSERT_EQ(model.NumberOfRows(), 37);
+  const auto look = [this] {
+    std::vector<std::pair<std::string, std::vector<double>>> rows;
+    for (std::int32_t i = 0; i < model.NumberOfRows(); ++i) {
+      rows.push_back({model.RowName(i) + model.RowType(i), {}});
+      std::vector<double>& numbers = rows.back().second;
+      numbers = {model.RowLowerBound(i), model.RowUpperBound(i)};
+      for (std::int32_t k = 0; k < model.RowNumberElements(i); ++k) {
+        numbers.push_back(model.RowElementCol(i, k));
+        numbers.push_back(model.RowElementValue(i, k));
+      }
+    }
+    return rows;
+  };
+  const auto rows = look();
+  EXPECT_THROW(model.RowName(37), AutomationError);
+  EXPECT_FALSE(IsSettled(model.raw_data()));
+  EXPECT_EQ(rows[0].first, "R2" + model.RowType(0));
+  EXPECT_EQ(rows[36].second.size(), 6u);  // the bounds and two coefficients
+  EXPECT_EQ(model.ColNumberElements(0), 37);
+  EXPECT_TRUE(IsSettled(model.raw_data()));
+  EXPECT_EQ(look(), rows);
+}
+
+TEST_F(Deleting, LookingAtOtherColumnsLeavesTheirDeletionPutOff) {
+  BuildWide(8, 1);
+  model.AddColumn("THIRD");
+  model.AddElement(5, 2, 7);
+  model.DeleteColumn(1);
+  ASSERT_FALSE(IsSettled(model.raw_data()));
+  EXPECT_EQ(model.ColName(1), "THIRD");
+  EXPECT_EQ(model.ColNumberElements(1), 1);
+  EXPECT_EQ(model.ColElementrow(1, 0), 5);
+  EXPECT_EQ(model.ColElementvalue(1, 0), 7);
+  EXPECT_FALSE(IsSettled(model.raw_data()));
+  EXPECT_EQ(model.RowElementCol(5, 1), 1);
+  EXPECT_TRUE(IsSettled(model.raw_data()));
+  EXPECT_EQ(model.ColElementrow(1, 0), 5);
+}
+
 TEST_F(Deleting, ANewModelAfterDeletionsKeepsTheirRowIndexes) {
   BuildSmall();
   model.DeleteRow(2);
