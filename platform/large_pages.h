@@ -6,7 +6,9 @@
 #pragma once
 
 #include <cstddef>
+#include <limits>
 #include <memory>
+#include <new>
 #include <type_traits>
 
 namespace quarvel::platform {
@@ -46,6 +48,7 @@ using Table = std::unique_ptr<T[], TableDeleter>;
 template <class T>
 Table<T> MakeTable(std::size_t count) {
   static_assert(std::is_trivially_destructible_v<T> && alignof(T) <= kTableAlignment);
+  if (count > std::numeric_limits<std::size_t>::max() / sizeof(T)) throw std::bad_alloc();
   const std::size_t size = count * sizeof(T);
   auto* const begin = static_cast<T*>(AllocateTable(size));
   return Table<T>(new (begin) T[count], TableDeleter{size});

@@ -41,5 +41,9 @@ TEST(MakeTable, CanBeWrittenFromTheFirstToTheLastEntry) {
   }
 }
 
+TEST(MakeTable, RefusesMoreThanAddressesCanTell) {
+  EXPECT_THROW(MakeTable<double>(SIZE_MAX / 4), std::bad_alloc);
+}
+
 }  // namespace
 }  // namespace quarvel::platform
