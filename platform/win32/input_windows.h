@@ -79,7 +79,7 @@ class TabWindow : public ControlWindow {
   void Fill() override;
 };
 
-// Shows at most about twelve values a second: what comes between is put off until Flush.
+// Shows at most about eight values a second: what comes between is put off until Flush.
 class ProgressWindow : public ControlWindow {
  public:
   using ControlWindow::ControlWindow;
