@@ -12,11 +12,12 @@
 namespace quarvel::text {
 
 enum class Picture {
-  kElement,    // "#########0.##########": element, right-hand side and range values; 10 fraction
-               // digits
-  kBound,      // "###########0.###########": bound values that fit their field; 11 fraction digits
-  kWideBound,  // "###################0.###########": upper bounds that do not fit; 11 fraction
-               // digits
+  // Element, right-hand side and range values: "#########0.##########", 10 fraction digits.
+  kElement,
+  // Bound values that fit their field: "###########0.###########", 11 fraction digits.
+  kBound,
+  // Upper bounds that do not fit: "###################0.###########", 11 fraction digits.
+  kWideBound,
 };
 
 std::string PictureText(double value, Picture picture);
