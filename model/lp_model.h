@@ -29,6 +29,7 @@
 
 #include "model/error_reports.h"
 #include "model/model_data.h"
+#include "model/model_interface.h"
 #include "model/variant.h"
 #include "platform/desktop.h"
 #include "platform/files.h"
@@ -41,7 +42,7 @@ namespace quarvel {
 enum class WindowSlot { kFileOpen, kProgress, kDefaultBounds, kViewer };
 inline constexpr std::size_t kWindowSlots = 4;
 
-class LPModel {
+class LPModel final : public ModelInterface {
  public:
   // All fields zero and empty. `desktop` must outlive the object.
   explicit LPModel(platform::Desktop& desktop);
@@ -55,57 +56,61 @@ class LPModel {
   std::int16_t ReadMPSFileErr() const { return data_.ReadMPSFileErr; }
   void ReadMPSFileErr(std::int16_t value) { data_.ReadMPSFileErr = value; }
   bool frmViewEquationsIsShowing() const { return data_.frmViewEquationsIsShowing; }
-  void frmViewEquationsIsShowing(bool value) { data_.frmViewEquationsIsShowing = value; }
+  void frmViewEquationsIsShowing(bool value) override { data_.frmViewEquationsIsShowing = value; }
   const std::any& showFrm() const { return data_.showFrm; }
   void showFrm(std::any value) { data_.showFrm = std::move(value); }
 
   // --- life of the model (model/lifecycle.cpp) ---
   // An empty-looking model with one hidden placeholder row and column.
-  void MakeNewModel();
+  void MakeNewModel() override;
 
   // --- counts and texts ---
-  std::int32_t NumberOfRows() const { return data_.NumberOfRows; }
-  std::int32_t NumberOfColumns() const { return data_.NumberOfColumns; }
-  std::int32_t NumberOfElements() const { return data_.NumberOfElements; }
-  std::int32_t NumberOfBindingRows() const { return Settled().NumberOfBindingRows; }
-  std::int32_t NumberOfNonBindingRows() const { return Settled().NumberOfNonBindingRows; }
+  std::int32_t NumberOfRows() const override { return data_.NumberOfRows; }
+  std::int32_t NumberOfColumns() const override { return data_.NumberOfColumns; }
+  std::int32_t NumberOfElements() const override { return data_.NumberOfElements; }
+  std::int32_t NumberOfBindingRows() const override { return Settled().NumberOfBindingRows; }
+  std::int32_t NumberOfNonBindingRows() const override { return Settled().NumberOfNonBindingRows; }
   std::int32_t NumBindingRows() const { return NumberOfBindingRows(); }
   std::int32_t NumNonBindingRows() const { return NumberOfNonBindingRows(); }
-  std::string ModelName() const { return data_.ModelName; }
+  std::string ModelName() const override { return data_.ModelName; }
   // Lines joined by CR LF.
-  std::string ModelDescription() const { return data_.ModelDescription; }
+  std::string ModelDescription() const override { return data_.ModelDescription; }
   // The path chosen in the last file dialog or saved to; empty when there is none.
-  std::string FileLocation() const { return data_.FileLocation; }
+  std::string FileLocation() const override { return data_.FileLocation; }
 
   // --- columns (model/column_queries.cpp) ---
-  std::int32_t ColElementrow(std::int32_t j, std::int32_t k) const {
+  std::int32_t ColElementrow(std::int32_t j, std::int32_t k) const override {
     return ColumnElement(j, k).Index - 1;
   }
-  double ColElementvalue(std::int32_t j, std::int32_t k) const { return ColumnElement(j, k).Value; }
-  std::int32_t ColNumberElements(std::int32_t j) const { return Column(j).ElementCount(); }
-  double ColUpperBound(std::int32_t j) const;
-  double ColLowerBound(std::int32_t j) const;
-  std::string ColName(std::int32_t j) const;
-  std::string ColType(std::int32_t j) const;
+  double ColElementvalue(std::int32_t j, std::int32_t k) const override {
+    return ColumnElement(j, k).Value;
+  }
+  std::int32_t ColNumberElements(std::int32_t j) const override { return Column(j).ElementCount(); }
+  double ColUpperBound(std::int32_t j) const override;
+  double ColLowerBound(std::int32_t j) const override;
+  std::string ColName(std::int32_t j) const override;
+  std::string ColType(std::int32_t j) const override;
 
   // --- rows (model/row_queries.cpp) ---
-  std::int32_t RowElementCol(std::int32_t i, std::int32_t k) const {
+  std::int32_t RowElementCol(std::int32_t i, std::int32_t k) const override {
     return RowElement(i, k).Index - 1;
   }
-  double RowElementValue(std::int32_t i, std::int32_t k) const { return RowElement(i, k).Value; }
-  std::int32_t RowNumberElements(std::int32_t i) const { return Row(i).ElementCount(); }
-  double RowUpperBound(std::int32_t i) const;
-  double RowLowerBound(std::int32_t i) const;
-  std::string RowName(std::int32_t i) const;
-  std::string RowType(std::int32_t i) const;
+  double RowElementValue(std::int32_t i, std::int32_t k) const override {
+    return RowElement(i, k).Value;
+  }
+  std::int32_t RowNumberElements(std::int32_t i) const override { return Row(i).ElementCount(); }
+  double RowUpperBound(std::int32_t i) const override;
+  double RowLowerBound(std::int32_t i) const override;
+  std::string RowName(std::int32_t i) const override;
+  std::string RowType(std::int32_t i) const override;
   // The first coefficient of the row's list that stands at column j, else 0. Walks that list.
-  double ElementValue(std::int32_t i, std::int32_t j) const;
-  std::int32_t BindingRowIndex(std::int32_t i) const;
-  std::int32_t NonBindingRowIndex(std::int32_t i) const;
+  double ElementValue(std::int32_t i, std::int32_t j) const override;
+  std::int32_t BindingRowIndex(std::int32_t i) const override;
+  std::int32_t NonBindingRowIndex(std::int32_t i) const override;
 
   // --- rows as equations (model/row_functions.cpp) ---
   // The row as one line of text, or a sentence for a row without elements.
-  std::string RowEquation(std::int32_t i) const;
+  std::string RowEquation(std::int32_t i) const override;
   // Writes the row's coefficients to slots 0..NumberOfColumns-1 of Gradient, whose first slot has
   // the number `lower_bound`. -1 good, 1 an element beyond the columns (a box was shown), 0 a
   // failure after the zeroing. Raises 9 for a row that is not stored and for an array without all
@@ -121,52 +126,52 @@ class LPModel {
   // --- other questions ---
   bool ViewEquationsWindowIsShowing() const { return data_.frmViewEquationsIsShowing; }
   // Shows the about box.
-  void DisplayAuthor() const;
+  void DisplayAuthor() const override;
 
   // --- property writes (model/property_writes.cpp) ---
-  void SetColUpperBound(std::int32_t j, const Variant& value);
-  void SetColLowerBound(std::int32_t j, const Variant& value);
-  void SetColName(std::int32_t col, const Variant& value);
-  void SetColType(std::int32_t j, const Variant& value);
-  void SetModelDescription(const Variant& value);
-  void SetModelName(const Variant& value);
-  void SetRowName(std::int32_t row, const Variant& value);
+  void SetColUpperBound(std::int32_t j, const Variant& value) override;
+  void SetColLowerBound(std::int32_t j, const Variant& value) override;
+  void SetColName(std::int32_t col, const Variant& value) override;
+  void SetColType(std::int32_t j, const Variant& value) override;
+  void SetModelDescription(const Variant& value) override;
+  void SetModelName(const Variant& value) override;
+  void SetRowName(std::int32_t row, const Variant& value) override;
   // Sets both copies of the coefficient; 0 is stored like any other value.
-  void SetRowElementValue(std::int32_t row, std::int32_t rowele, const Variant& value);
+  void SetRowElementValue(std::int32_t row, std::int32_t rowele, const Variant& value) override;
   // Raises 9 for a number outside the stored rows, before any check.
-  void SetRowType(std::int32_t i, const Variant& value);
-  void SetRowLowerBound(std::int32_t i, const Variant& value);
-  void SetRowUpperBound(std::int32_t i, const Variant& value);
+  void SetRowType(std::int32_t i, const Variant& value) override;
+  void SetRowLowerBound(std::int32_t i, const Variant& value) override;
+  void SetRowUpperBound(std::int32_t i, const Variant& value) override;
   void SetDefaultToPlusMinusInfinity(bool val) { data_.DefaultToPlusMinusInfinity = val; }
 
   // --- adding (model/adding.cpp) ---
   // Appends a coefficient; one that stands there already is not looked for.
-  void AddElement(std::int32_t row, std::int32_t col, double val);
+  void AddElement(std::int32_t row, std::int32_t col, double val) override;
   // -1 added, 0 refused.
-  std::int16_t AddRow(std::string_view RowName);
-  std::int16_t AddColumn(std::string_view ColName);
+  std::int16_t AddRow(std::string_view RowName) override;
+  std::int16_t AddColumn(std::string_view ColName) override;
 
   // --- deleting (model/deleting.cpp) ---
   // Always -1, also when refused or out of range.
-  std::int16_t DeleteRow(std::int32_t row);
+  std::int16_t DeleteRow(std::int32_t row) override;
   // Always -1. Rows that lose their last element go too.
-  std::int16_t DeleteColumn(std::int32_t col);
+  std::int16_t DeleteColumn(std::int32_t col) override;
   // -1 done, 0 row out of range; raises 9 for a bad element number. A row whose only element goes,
   // goes too.
-  std::int16_t DeleteElement(std::int32_t row, std::int32_t ele);
+  std::int16_t DeleteElement(std::int32_t row, std::int32_t ele) override;
 
   // --- files (mps/) ---
   // Asks for a file and for default bounds, shows the progress window and reads. -1 read, 0 not
   // read, 1 no file chosen.
-  std::int16_t ReadMPSFile();
+  std::int16_t ReadMPSFile() override;
   // Reads strMPSFile into the model; the outcome is ReadMPSFileErr. Started by the progress window;
   // a direct call shows no window.
   std::int16_t StartFileReding();
   // -1 written (also when there was nothing to write, after its box), 1 empty path or an error
   // (after its box).
-  std::int16_t SaveMPSFile(const std::string& FileLoc);
+  std::int16_t SaveMPSFile(const std::string& FileLoc) override;
   // -1 written, 0 cancelled, 1 an error.
-  std::int16_t SaveAsMPSFile();
+  std::int16_t SaveAsMPSFile() override;
 
   // --- showing (viewer/) ---
   // Each shows the viewer window modally and returns when it is closed; while it is open already,
@@ -184,7 +189,7 @@ class LPModel {
   // --- simplifying (simplify/) ---
   // Turns rows of one element into column bounds and removes empty columns and rows, with a
   // progress window, a log file and questions. Raises what stops it in the middle.
-  void SimplifyMPSModel();
+  void SimplifyMPSModel() override;
 
   // --- for the component's own rooms and for tests ---
   // The stored fields with nothing put off, also in the middle of a read or a simplification. Lists

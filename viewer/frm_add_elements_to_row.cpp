@@ -3,7 +3,7 @@
 #include <cstddef>
 
 #include "model/error_reports.h"
-#include "model/lp_model.h"
+#include "model/model_interface.h"
 #include "platform/automation_error.h"
 #include "text/numbers.h"
 #include "viewer/element_value.h"
@@ -35,7 +35,7 @@ frmAddElementsToRow::frmAddElementsToRow(platform::Desktop& desktop)
   cmdCancel.on_click = [this] { Unload(); };
 }
 
-void frmAddElementsToRow::Begin(std::int32_t row, LPModel& model) {
+void frmAddElementsToRow::Begin(std::int32_t row, ModelInterface& model) {
   if (IsShowing()) RaiseRunTimeError(RunTimeError::kFormAlreadyDisplayed);
   if (model.NumberOfColumns() == 0) {
     desktop().MsgBox("Error: No column has been added yet. Please add columns first",
@@ -87,7 +87,7 @@ std::optional<std::int32_t> frmAddElementsToRow::ChosenColumn() const {
 
 void frmAddElementsToRow::Accept() {
   if (model_ == nullptr) return;
-  LPModel& model = *model_;
+  ModelInterface& model = *model_;
   const auto column = ChosenColumn();
   if (!column) {
     desktop().MsgBox("Please select a column", MsgBoxStyle::kOk);

@@ -13,7 +13,7 @@
 
 namespace quarvel {
 
-class LPModel;
+class ModelInterface;
 
 class frmAddElementsToRow : public platform::Form {
  public:
@@ -21,7 +21,7 @@ class frmAddElementsToRow : public platform::Form {
 
   // Lists the columns that the row of that public number does not have and shows the dialog
   // modally. A model without columns is one box, and no dialog.
-  void Begin(std::int32_t row, LPModel& model);
+  void Begin(std::int32_t row, ModelInterface& model);
 
   platform::Label lblSelect;
   platform::Grid fgrdCols;  // a header, then a line for each column: its number and its name
@@ -43,7 +43,7 @@ class frmAddElementsToRow : public platform::Form {
   // What the user enters for that column; nothing after a refusal or when cancelled.
   std::optional<double> AskValue(std::int32_t column);
 
-  LPModel* model_ = nullptr;
+  ModelInterface* model_ = nullptr;
   std::int32_t row_ = 0;
   std::string row_name_;
   std::vector<std::int32_t> absent_;  // public numbers, by lines below the header

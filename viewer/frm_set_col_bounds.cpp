@@ -1,7 +1,7 @@
 #include "viewer/frm_set_col_bounds.h"
 
 #include "model/error_reports.h"
-#include "model/lp_model.h"
+#include "model/model_interface.h"
 #include "platform/automation_error.h"
 
 namespace quarvel {
@@ -33,7 +33,7 @@ frmSetColBounds::frmSetColBounds(platform::Desktop& desktop)
   cmdCancel.on_click = [this] { Unload(); };
 }
 
-void frmSetColBounds::ShowBounds(LPModel& model, std::int32_t column) {
+void frmSetColBounds::ShowBounds(ModelInterface& model, std::int32_t column) {
   if (IsShowing()) RaiseRunTimeError(RunTimeError::kFormAlreadyDisplayed);
   const std::string type = model.ColType(column);
   if (type != "R" && type != "I") {
@@ -53,7 +53,7 @@ void frmSetColBounds::ShowBounds(LPModel& model, std::int32_t column) {
 
 void frmSetColBounds::Accept() {
   if (model_ == nullptr) return;
-  LPModel& model = *model_;
+  ModelInterface& model = *model_;
   if (!bounds.BothAreNumbers()) return;
   if (BoundBoxes::Get(bounds.txtLwrBnd) > BoundBoxes::Get(bounds.txtUprBnd)) bounds.Reverse();
   bounds.HoldWithinLimit();

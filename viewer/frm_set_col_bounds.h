@@ -10,7 +10,7 @@
 
 namespace quarvel {
 
-class LPModel;
+class ModelInterface;
 
 class frmSetColBounds : public platform::Form {
  public:
@@ -18,7 +18,7 @@ class frmSetColBounds : public platform::Form {
 
   // Fills the dialog with the column of that public number and shows it modally. A column that is
   // neither real nor integer is one box, and no dialog.
-  void ShowBounds(LPModel& model, std::int32_t column);
+  void ShowBounds(ModelInterface& model, std::int32_t column);
 
   platform::Label lblColumn;
   platform::Frame fraType;
@@ -36,7 +36,7 @@ class frmSetColBounds : public platform::Form {
   // False when a host has deleted the column under a box, or closed the dialog; it is closed then.
   bool HasColumn();
 
-  LPModel* model_ = nullptr;
+  ModelInterface* model_ = nullptr;
   std::int32_t column_ = 0;
   std::string name_;
 };

@@ -1,7 +1,7 @@
 #include "viewer/frm_set_row_bounds.h"
 
 #include "model/error_reports.h"
-#include "model/lp_model.h"
+#include "model/model_interface.h"
 #include "platform/automation_error.h"
 
 namespace quarvel {
@@ -59,7 +59,7 @@ OptionButton* frmSetRowBounds::OptionOf(std::string_view type) {
   return nullptr;
 }
 
-void frmSetRowBounds::ShowBounds(LPModel& model, std::int32_t row) {
+void frmSetRowBounds::ShowBounds(ModelInterface& model, std::int32_t row) {
   if (IsShowing()) RaiseRunTimeError(RunTimeError::kFormAlreadyDisplayed);
   OptionButton* const option = OptionOf(model.RowType(row));
   if (option == nullptr) {
@@ -79,7 +79,7 @@ void frmSetRowBounds::ShowBounds(LPModel& model, std::int32_t row) {
 
 void frmSetRowBounds::Accept() {
   if (model_ == nullptr) return;
-  LPModel& model = *model_;
+  ModelInterface& model = *model_;
   if (!bounds.BothAreNumbers()) return;
   if (optR.value()) CheckRange();
   if (!HasRow()) return;

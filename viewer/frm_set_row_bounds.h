@@ -10,7 +10,7 @@
 
 namespace quarvel {
 
-class LPModel;
+class ModelInterface;
 
 class frmSetRowBounds : public platform::Form {
  public:
@@ -18,7 +18,7 @@ class frmSetRowBounds : public platform::Form {
 
   // Fills the dialog with the row of that public number and shows it modally. A row of a type that
   // it does not know is one box, and no dialog.
-  void ShowBounds(LPModel& model, std::int32_t row);
+  void ShowBounds(ModelInterface& model, std::int32_t row);
 
   platform::Label lblRow;
   platform::Frame fraType;
@@ -44,7 +44,7 @@ class frmSetRowBounds : public platform::Form {
   // The type that is selected, with what it means for the boxes.
   void StoreType();
 
-  LPModel* model_ = nullptr;
+  ModelInterface* model_ = nullptr;
   std::int32_t row_ = 0;
   std::string name_;
 };

@@ -146,7 +146,7 @@ void frmViewEquations::CloseDialogs() {
 }
 
 void frmViewEquations::OnUnload() {
-  LPModel* const parent = std::exchange(parent_, nullptr);
+  ModelInterface* const parent = std::exchange(parent_, nullptr);
   refresh_wanted_ = false;
   CloseDialogs();
   Empty();

@@ -19,7 +19,7 @@
 #include <string>
 #include <string_view>
 
-#include "model/lp_model.h"
+#include "model/model_interface.h"
 #include "model/model_view.h"
 #include "viewer/frm_add_elements_to_row.h"
 #include "viewer/frm_set_col_bounds.h"
@@ -34,7 +34,7 @@ class frmViewEquations : public ModelView {
   explicit frmViewEquations(platform::Desktop& desktop);
 
   // The model that is shown and changed; to be set before the window is.
-  void Parent(LPModel& model) { parent_ = &model; }
+  void Parent(ModelInterface& model) { parent_ = &model; }
   // Whether the commands that change the model are there.
   void EditMode(bool editing);
   // Each shows the window modally, or brings it to the front when it is open.
@@ -176,7 +176,7 @@ class frmViewEquations : public ModelView {
   void ColChangeEle();
   void StoreValue(const Element& element, double value);
 
-  LPModel* parent_ = nullptr;
+  ModelInterface* parent_ = nullptr;
   bool editing_ = false;
   int pauses_ = 0;
   bool refresh_wanted_ = false;  // a refresh that came during a pause

@@ -10,7 +10,7 @@ constexpr std::string_view kNoColumn = "No Column Selected";
 }  // namespace
 
 void frmViewEquations::ColAdd() {
-  LPModel& model = *parent_;
+  ModelInterface& model = *parent_;
   const std::string name = AskName("Enter a name for the new column.  Names cannot contain spaces.",
                                    "Spaces are not allowed in column names");
   if (!IsReady() || model.AddColumn(name) == 0 || !IsReady()) return;
@@ -24,7 +24,7 @@ void frmViewEquations::ColAdd() {
 }
 
 void frmViewEquations::ColRename() {
-  LPModel& model = *parent_;
+  ModelInterface& model = *parent_;
   const auto column = NamedColumn();
   if (!column) return Say(kNoColumn);
   const std::string name =
@@ -37,7 +37,7 @@ void frmViewEquations::ColRename() {
 }
 
 void frmViewEquations::ColDel() {
-  LPModel& model = *parent_;
+  ModelInterface& model = *parent_;
   const auto column = NamedColumn();
   if (!column) return Say(kNoColumn);
   if (!ConfirmDeletion("column " + column->name)) return;

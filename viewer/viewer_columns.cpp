@@ -19,7 +19,7 @@ std::string TypeWord(std::string_view type) {
 }
 
 // The place of a column in a row's list: the first one, as for every look-up of a coefficient.
-std::optional<std::int32_t> PlaceInRow(const LPModel& model, std::int32_t row,
+std::optional<std::int32_t> PlaceInRow(const ModelInterface& model, std::int32_t row,
                                        std::int32_t column) {
   const std::int32_t count = model.RowNumberElements(row);
   for (std::int32_t k = 0; k < count; ++k) {
@@ -46,7 +46,7 @@ void frmViewEquations::ConnectColumns() {
 }
 
 void frmViewEquations::FillColumns() {
-  const LPModel& model = *parent_;
+  const ModelInterface& model = *parent_;
   const int position = columns.list.cboShowOnly.list_index();
   columns.list.filter.Run(model.NumberOfColumns(), columns.list.chkInvert.checked(),
                           [&model, position](std::int32_t j) {

@@ -18,7 +18,7 @@ constexpr std::string_view kChangeTitle = "Change Element Value";
 }  // namespace
 
 void frmViewEquations::RowDelEle() {
-  LPModel& model = *parent_;
+  ModelInterface& model = *parent_;
   const auto element = SelectedElementOfRow();
   if (!element) return Say(kNoElementOfRow);
   if (!ConfirmDeletion("element " + element->column.name + " from row " + element->row.name)) {
@@ -30,7 +30,7 @@ void frmViewEquations::RowDelEle() {
 }
 
 void frmViewEquations::ColDelEle() {
-  LPModel& model = *parent_;
+  ModelInterface& model = *parent_;
   const auto element = SelectedElementOfColumn();
   if (!element) return Say(kNoElementOfColumn);
   if (!ConfirmDeletion("element " + element->row.name + " from column " + element->column.name)) {
@@ -44,7 +44,7 @@ void frmViewEquations::ColDelEle() {
 // Although it stands in the menu of rows, it takes the element from the Columns tab; the question
 // names it.
 void frmViewEquations::RowChangeEle() {
-  LPModel& model = *parent_;
+  ModelInterface& model = *parent_;
   const auto element = SelectedElementOfColumn();
   if (!element) return Say(kNoElementOfRow);
   const std::string entered = desktop().InputBox(
@@ -61,7 +61,7 @@ void frmViewEquations::RowChangeEle() {
 
 // The coefficient is held to the bounds of its column.
 void frmViewEquations::ColChangeEle() {
-  LPModel& model = *parent_;
+  ModelInterface& model = *parent_;
   const auto element = SelectedElementOfColumn();
   if (!element) return Say(kNoElementOfRow);
   const std::string entered = desktop().InputBox(

@@ -35,7 +35,7 @@ bool frmViewEquations::HasElementsToSave() {
 }
 
 bool frmViewEquations::Save() {
-  LPModel& model = *parent_;
+  ModelInterface& model = *parent_;
   if (!HasElementsToSave() || !IsReady()) return false;
   if (boxes_filled_) {
     model.SetModelName(txtName.text());
@@ -56,7 +56,7 @@ void frmViewEquations::FileNew() {
 }
 
 void frmViewEquations::FileOpen() {
-  LPModel& model = *parent_;
+  ModelInterface& model = *parent_;
   if (!OfferToSave()) return;
   Empty();
   // Whatever comes of it: the boxes for name and description must not stay empty, or the next save
@@ -74,7 +74,7 @@ void frmViewEquations::FileSave() { Save(); }
 
 // Unlike Save it leaves the model's name and description as they are in the model.
 void frmViewEquations::FileSaveAs() {
-  LPModel& model = *parent_;
+  ModelInterface& model = *parent_;
   if (!HasElementsToSave() || !IsReady()) return;
   Simplify();
   if (!IsReady()) return;
@@ -84,7 +84,7 @@ void frmViewEquations::FileSaveAs() {
 void frmViewEquations::FileExit() { Unload(); }
 
 void frmViewEquations::Simplify() {
-  LPModel& model = *parent_;
+  ModelInterface& model = *parent_;
   const MsgBoxResult answer = desktop().MsgBox(kSimplifyQuestion, MsgBoxStyle::kYesNo);
   if (answer != MsgBoxResult::kYes || !IsReady()) return;
   try {

@@ -10,7 +10,7 @@ constexpr std::string_view kNoRow = "No Row Selected";
 }  // namespace
 
 void frmViewEquations::RowAdd() {
-  LPModel& model = *parent_;
+  ModelInterface& model = *parent_;
   const std::string name = AskName("Enter a name for the new row.  Names cannot contain spaces.",
                                    "Spaces are not allowed in row names");
   if (!IsReady() || model.AddRow(name) == 0 || !IsReady()) return;
@@ -24,7 +24,7 @@ void frmViewEquations::RowAdd() {
 }
 
 void frmViewEquations::RowRename() {
-  LPModel& model = *parent_;
+  ModelInterface& model = *parent_;
   const auto row = NamedRow();
   if (!row) return Say(kNoRow);
   const std::string name =
@@ -37,7 +37,7 @@ void frmViewEquations::RowRename() {
 }
 
 void frmViewEquations::RowDel() {
-  LPModel& model = *parent_;
+  ModelInterface& model = *parent_;
   const auto row = NamedRow();
   if (!row) return Say(kNoRow);
   if (!ConfirmDeletion("row " + row->name)) return;

@@ -37,7 +37,7 @@ void frmViewEquations::ConnectRows() {
 }
 
 void frmViewEquations::FillRows() {
-  const LPModel& model = *parent_;
+  const ModelInterface& model = *parent_;
   const int position = rows.list.cboShowOnly.list_index();
   rows.list.filter.Run(model.NumberOfRows(), rows.list.chkInvert.checked(),
                        [&model, position](std::int32_t i) {

@@ -116,7 +116,7 @@ std::optional<Include> ParseInclude(std::string_view line) {
 
 const std::vector<std::string_view>& Rooms() {
   static const std::vector<std::string_view> rooms = {
-      "text", "platform", "model", "mps", "simplify", "viewer", "automation", "hosts"};
+      "text", "platform", "model", "mps", "simplify", "viewer", "component", "automation", "hosts"};
   return rooms;
 }
 

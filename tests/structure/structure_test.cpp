@@ -27,6 +27,8 @@ const Case kCases[] = {
     {"mps/a.cpp", "#include \"simplify/b.h\"", false},
     {"simplify/a.cpp", "#include \"mps/b.h\"", true},
     {"viewer/a.cpp", "#include \"hosts/b.h\"", false},
+    {"viewer/a.cpp", "#include \"component/b.h\"", false},
+    {"component/a.cpp", "#include \"viewer/b.h\"", true},
     {"hosts/a.cpp", "#include \"automation/b.h\"", false},
     {"model/a.cpp", "#include \"tests/support/b.h\"", false},
     {"model/a.cpp", "#include \"lp_model.h\"", false},
