@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "hosts/line_kind.h"
+#include "hosts/find_record.h"
 #include "hosts/printing.h"
 #include "hosts/streams.h"
 #include "text/numbers.h"
@@ -40,11 +40,11 @@ double ParseBound(const std::string& word) {
 }
 
 std::int32_t RowOf(Session& session, const std::string& word) {
-  return FindLine(session.model(), kRowKind, word);
+  return FindRecord(session.model(), kRowKind, word);
 }
 
 std::int32_t ColumnOf(Session& session, const std::string& word) {
-  return FindLine(session.model(), kColumnKind, word);
+  return FindRecord(session.model(), kColumnKind, word);
 }
 
 // The number of the element within its row. Walks the row.

@@ -1,7 +1,7 @@
 // quarvel evaluate: a row's activity at a point.
 
 #include "hosts/commands.h"
-#include "hosts/line_kind.h"
+#include "hosts/find_record.h"
 #include "hosts/point.h"
 #include "hosts/printing.h"
 #include "text/numbers.h"
@@ -25,7 +25,7 @@ int RunEvaluate(Session& session) {
   const Arguments& arguments = session.arguments;
   session.Read(arguments.operands[0]);
   const LPModel& model = session.model();
-  const std::int32_t row = FindLine(model, kRowKind, arguments.operands[1]);
+  const std::int32_t row = FindRecord(model, kRowKind, arguments.operands[1]);
   Point point(model);
   if (!arguments.point.empty()) point.SetFromFile(arguments.point);
   for (std::size_t i = 2; i < arguments.operands.size(); ++i) {

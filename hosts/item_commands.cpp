@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "hosts/commands.h"
-#include "hosts/line_kind.h"
+#include "hosts/find_record.h"
 #include "hosts/printing.h"
 #include "text/encoding.h"
 #include "text/numbers.h"
@@ -16,7 +16,7 @@ constexpr std::size_t kFactWidth = 10;
 struct Item {
   Session& session;
   const LPModel& model;
-  const LineKind& kind;
+  const RecordKind& kind;
   std::int32_t index;
   std::int32_t shown;  // elements to print
 
@@ -26,7 +26,7 @@ struct Item {
   double Upper() const { return (model.*kind.upper)(index); }
   std::int32_t Elements() const { return (model.*kind.elements)(index); }
   std::int32_t OtherIndex(std::int32_t k) const { return (model.*kind.element_at)(index, k); }
-  std::string OtherName(std::int32_t k) const { return (model.*kind.other_name)(OtherIndex(k)); }
+  std::string OtherName(std::int32_t k) const { return (model.*kind.other.name)(OtherIndex(k)); }
   double Value(std::int32_t k) const { return (model.*kind.element_value)(index, k); }
   bool IsRow() const { return &kind == &kRowKind; }
 };
@@ -38,7 +38,7 @@ void AppendFact(std::string& text, std::string_view what, std::string_view fact)
 
 std::string ItemHeading(const Item& item) {
   std::string text;
-  AppendFact(text, item.IsRow() ? "Row" : "Column",
+  AppendFact(text, item.kind.title,
              item.Name() + " (number " + text::IntegerText(item.index) + ")");
   AppendFact(text, "Type", item.Type());
   AppendFact(text, "Lower", BoundText(item.Lower()));
@@ -79,7 +79,7 @@ void PrintItemJson(const Item& item) {
   item.session.streams.out << json + ",\"elements\":[";
   for (std::int32_t k = 0; k < item.shown && item.session.KeepPrinting(); ++k) {
     json = k == 0 ? "{" : ",{";
-    AppendJsonMember(json, item.kind.other, item.OtherName(k));
+    AppendJsonMember(json, item.kind.other.noun, item.OtherName(k));
     AppendJsonMember(json, "index", item.OtherIndex(k));
     AppendJsonMember(json, "value", item.Value(k));
     item.session.streams.out << json + '}';
@@ -88,11 +88,11 @@ void PrintItemJson(const Item& item) {
   item.session.streams.out << "]}\n";
 }
 
-int PrintItem(Session& session, const LineKind& kind) {
+int PrintItem(Session& session, const RecordKind& kind) {
   const auto& operands = session.arguments.operands;
   session.Read(operands[0]);
   const LPModel& model = session.model();
-  const std::int32_t index = FindLine(model, kind, operands[1]);
+  const std::int32_t index = FindRecord(model, kind, operands[1]);
   const std::int64_t elements = (model.*kind.elements)(index);
   const std::int64_t shown = std::min(elements, session.arguments.limit);
   const Item item = {session, model, kind, index, static_cast<std::int32_t>(shown)};

@@ -4,8 +4,8 @@
 #include <algorithm>
 
 #include "hosts/commands.h"
-#include "hosts/line_kind.h"
 #include "hosts/printing.h"
+#include "model/record_kind.h"
 #include "text/encoding.h"
 #include "text/numbers.h"
 
@@ -19,7 +19,7 @@ constexpr std::string_view kGap = "  ";
 
 class Lister {
  public:
-  Lister(Session& session, const LineKind& kind)
+  Lister(Session& session, const RecordKind& kind)
       : session_(session),
         model_(session.model()),
         kind_(kind),
@@ -41,7 +41,7 @@ class Lister {
 
   Session& session_;
   const LPModel& model_;
-  const LineKind& kind_;
+  const RecordKind& kind_;
   std::int32_t count_;
   std::int32_t shown_;
   bool equations_;
@@ -125,7 +125,7 @@ void Lister::PrintJson() {
   Print("\n]\n");
 }
 
-int List(Session& session, const LineKind& kind) {
+int List(Session& session, const RecordKind& kind) {
   session.Read(session.arguments.operands[0]);
   Lister lister(session, kind);
   if (session.arguments.json) {

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "hosts/line_kind.h"
+#include "hosts/find_record.h"
 #include "hosts/streams.h"
 #include "mps/line_reader.h"
 #include "platform/automation_error.h"
@@ -38,7 +38,7 @@ void Point::SetColumn(std::string_view name, std::string_view value, int status_
   if (!number) {
     throw CommandError(status_of_bad_text, "\"" + std::string(value) + "\" is not a number");
   }
-  values_[static_cast<std::size_t>(FindLine(model_, kColumnKind, name))] = *number;
+  values_[static_cast<std::size_t>(FindRecord(model_, kColumnKind, name))] = *number;
 }
 
 void Point::SetFromLine(std::string_view line) {

@@ -1,0 +1,79 @@
+#include "model/record_kind.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "model/lp_model.h"
+#include "platform/scripted/scripted_desktop.h"
+#include "tests/support/model_builder.h"
+
+namespace quarvel {
+namespace {
+
+class RecordKindTest : public testing::Test {
+ protected:
+  RecordKindTest() {
+    ModelBuilder(model_)
+        .Row("COST", 'N')
+        .Ranged("RNG", 2, 8)
+        .Column("X")
+        .Integer("Y", 1, 10)
+        .Column("Z")
+        .Element("X", "RNG", 3)
+        .Element("Y", "RNG", 4);
+  }
+
+  // "NAME type lower upper elements".
+  std::string Text(const RecordKind& kind, std::int32_t i) {
+    return (model_.*kind.name)(i) + ' ' + (model_.*kind.type)(i) + ' ' +
+           std::to_string((model_.*kind.lower)(i)) + ' ' + std::to_string((model_.*kind.upper)(i)) +
+           ' ' + std::to_string((model_.*kind.elements)(i));
+  }
+
+  platform::ScriptedDesktop desktop_;
+  LPModel model_{desktop_};
+};
+
+TEST_F(RecordKindTest, AsksForRows) {
+  EXPECT_EQ((model_.*kRowKind.count)(), 2);
+  EXPECT_EQ(Text(kRowKind, 1), "RNG R 2.000000 8.000000 2");
+  EXPECT_EQ((model_.*kRowKind.element_at)(1, 1), 1);
+  EXPECT_EQ((model_.*kRowKind.element_value)(1, 1), 4);
+  EXPECT_EQ(kRowKind.find(model_.data(), "RNG"), 2);
+}
+
+TEST_F(RecordKindTest, AsksForColumns) {
+  EXPECT_EQ((model_.*kColumnKind.count)(), 3);
+  EXPECT_EQ(Text(kColumnKind, 1), "Y I 1.000000 10.000000 1");
+  EXPECT_EQ((model_.*kColumnKind.element_at)(1, 0), 1);
+  EXPECT_EQ((model_.*kColumnKind.element_value)(1, 0), 4);
+  EXPECT_EQ(kColumnKind.find(model_.data(), "Z"), 3);
+}
+
+TEST_F(RecordKindTest, EachChangesItsOwn) {
+  for (const RecordKind* kind : {&kRowKind, &kColumnKind}) {
+    const std::int32_t number = (model_.*kind->count)();
+    EXPECT_EQ((model_.*kind->add)("NEW"), -1);
+    ASSERT_EQ((model_.*kind->count)(), number + 1);
+    (model_.*kind->set_type)(number, kind->first_type);
+    (model_.*kind->set_lower)(number, -1);
+    (model_.*kind->set_upper)(number, 5);
+    (model_.*kind->set_name)(number, "LAST");
+    EXPECT_EQ(Text(*kind, number),
+              "LAST " + std::string(kind->first_type) + " -1.000000 5.000000 0");
+    (model_.*kind->remove)(number);
+    EXPECT_FALSE(HasRecord(model_, *kind, number));
+    EXPECT_TRUE(HasRecord(model_, *kind, number - 1));
+  }
+  EXPECT_FALSE(HasRecord(model_, kRowKind, -1));
+  EXPECT_EQ(desktop_.boxes().size(), 0u);
+}
+
+TEST(RecordKinds, StandAtEachOther) {
+  EXPECT_EQ(&kRowKind.other, &kColumnKind);
+  EXPECT_EQ(&kColumnKind.other, &kRowKind);
+}
+
+}  // namespace
+}  // namespace quarvel
