@@ -1,6 +1,6 @@
 #include "model/record_kind.h"
 
-#include "model/lp_model.h"
+#include "model/model_data.h"
 
 namespace quarvel {
 
@@ -10,20 +10,20 @@ const RecordKind kRowKind = {
     .plural = "Rows",
     .other = kColumnKind,
     .first_type = "L",
-    .count = &LPModel::NumberOfRows,
-    .name = &LPModel::RowName,
-    .type = &LPModel::RowType,
-    .lower = &LPModel::RowLowerBound,
-    .upper = &LPModel::RowUpperBound,
-    .elements = &LPModel::RowNumberElements,
-    .element_at = &LPModel::RowElementCol,
-    .element_value = &LPModel::RowElementValue,
-    .set_name = &LPModel::SetRowName,
-    .set_type = &LPModel::SetRowType,
-    .set_lower = &LPModel::SetRowLowerBound,
-    .set_upper = &LPModel::SetRowUpperBound,
-    .add = &LPModel::AddRow,
-    .remove = &LPModel::DeleteRow,
+    .count = &ModelQueries::NumberOfRows,
+    .name = &ModelQueries::RowName,
+    .type = &ModelQueries::RowType,
+    .lower = &ModelQueries::RowLowerBound,
+    .upper = &ModelQueries::RowUpperBound,
+    .elements = &ModelQueries::RowNumberElements,
+    .element_at = &ModelQueries::RowElementCol,
+    .element_value = &ModelQueries::RowElementValue,
+    .set_name = &ModelEdits::SetRowName,
+    .set_type = &ModelEdits::SetRowType,
+    .set_lower = &ModelEdits::SetRowLowerBound,
+    .set_upper = &ModelEdits::SetRowUpperBound,
+    .add = &ModelEdits::AddRow,
+    .remove = &ModelEdits::DeleteRow,
     .find = &FindRow,
 };
 
@@ -33,25 +33,25 @@ const RecordKind kColumnKind = {
     .plural = "Columns",
     .other = kRowKind,
     .first_type = "R",
-    .count = &LPModel::NumberOfColumns,
-    .name = &LPModel::ColName,
-    .type = &LPModel::ColType,
-    .lower = &LPModel::ColLowerBound,
-    .upper = &LPModel::ColUpperBound,
-    .elements = &LPModel::ColNumberElements,
-    .element_at = &LPModel::ColElementrow,
-    .element_value = &LPModel::ColElementvalue,
-    .set_name = &LPModel::SetColName,
-    .set_type = &LPModel::SetColType,
-    .set_lower = &LPModel::SetColLowerBound,
-    .set_upper = &LPModel::SetColUpperBound,
-    .add = &LPModel::AddColumn,
-    .remove = &LPModel::DeleteColumn,
+    .count = &ModelQueries::NumberOfColumns,
+    .name = &ModelQueries::ColName,
+    .type = &ModelQueries::ColType,
+    .lower = &ModelQueries::ColLowerBound,
+    .upper = &ModelQueries::ColUpperBound,
+    .elements = &ModelQueries::ColNumberElements,
+    .element_at = &ModelQueries::ColElementrow,
+    .element_value = &ModelQueries::ColElementvalue,
+    .set_name = &ModelEdits::SetColName,
+    .set_type = &ModelEdits::SetColType,
+    .set_lower = &ModelEdits::SetColLowerBound,
+    .set_upper = &ModelEdits::SetColUpperBound,
+    .add = &ModelEdits::AddColumn,
+    .remove = &ModelEdits::DeleteColumn,
     .find = &FindColumn,
 };
 
-bool HasRecord(const LPModel& model, const RecordKind& kind, std::int32_t number) {
-  return InRange(number, (model.*kind.count)());
+bool HasRecord(const ModelQueries& model, const RecordKind& kind, std::int32_t number) {
+  return number >= 0 && number < (model.*kind.count)();
 }
 
 }  // namespace quarvel

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 
-#include "model/error_reports.h"
 #include "model/model_interface.h"
 #include "platform/automation_error.h"
 #include "text/numbers.h"
@@ -43,11 +42,10 @@ void frmAddElementsToRow::Begin(std::int32_t row, ModelInterface& model) {
     return;
   }
   model_ = &model;
-  row_ = row;
-  row_name_ = model.RowName(row);
+  row_ = NamedRecord::Of(model, kRowKind, row);
   FindAbsentColumns();
   fgrdCols.set_rows(static_cast<int>(absent_.size()) + 1);
-  set_caption("Add Elements to Row " + row_name_);
+  set_caption("Add Elements to Row " + row_.name);
   fgrdCols.set_current_row(0);
   ShowModal();
 }
@@ -55,9 +53,9 @@ void frmAddElementsToRow::Begin(std::int32_t row, ModelInterface& model) {
 void frmAddElementsToRow::FindAbsentColumns() {
   const std::int32_t count = model_->NumberOfColumns();
   std::vector<bool> present(static_cast<std::size_t>(count), false);
-  const std::int32_t elements = model_->RowNumberElements(row_);
+  const std::int32_t elements = model_->RowNumberElements(row_.number);
   for (std::int32_t k = 0; k < elements; ++k) {
-    present[static_cast<std::size_t>(model_->RowElementCol(row_, k))] = true;
+    present[static_cast<std::size_t>(model_->RowElementCol(row_.number, k))] = true;
   }
   absent_.clear();
   for (std::int32_t j = 0; j < count; ++j) {
@@ -79,9 +77,9 @@ std::string frmAddElementsToRow::Cell(int line, int column) const {
 
 std::optional<std::int32_t> frmAddElementsToRow::ChosenColumn() const {
   const int line = fgrdCols.current_row();
-  if (line < 1 || !InRange(row_, model_->NumberOfRows())) return std::nullopt;
+  if (line < 1 || !HasRecord(*model_, kRowKind, row_.number)) return std::nullopt;
   const std::int32_t column = absent_[static_cast<std::size_t>(line) - 1];
-  if (!InRange(column, model_->NumberOfColumns())) return std::nullopt;
+  if (!HasRecord(*model_, kColumnKind, column)) return std::nullopt;
   return column;
 }
 
@@ -93,34 +91,28 @@ void frmAddElementsToRow::Accept() {
     desktop().MsgBox("Please select a column", MsgBoxStyle::kOk);
     return;
   }
-  const std::string column_name = model.ColName(*column);
-  const auto value = AskValue(*column);
+  const NamedRecord named = NamedRecord::Of(model, kColumnKind, *column);
+  const auto value = AskValue(named);
   if (!value || model_ == nullptr) return;
   WarnOfLongValue(desktop(), *value);
   if (model_ == nullptr) return;
-  if (AreStillThere(*column, column_name)) {
-    model.AddElement(row_, *column, *value);
+  if (AreStillFree(named)) {
+    model.AddElement(row_.number, named.number, *value);
   } else {
     desktop().MsgBox("Please select a column", MsgBoxStyle::kOk);
   }
   Unload();
 }
 
-bool frmAddElementsToRow::AreStillThere(std::int32_t column, const std::string& column_name) const {
-  if (!InRange(row_, model_->NumberOfRows()) || model_->RowName(row_) != row_name_) return false;
-  if (!InRange(column, model_->NumberOfColumns())) return false;
-  if (model_->ColName(column) != column_name) return false;
-  const std::int32_t elements = model_->RowNumberElements(row_);
-  for (std::int32_t k = 0; k < elements; ++k) {
-    if (model_->RowElementCol(row_, k) == column) return false;
-  }
-  return true;
+bool frmAddElementsToRow::AreStillFree(const NamedRecord& column) const {
+  return row_.IsIn(*model_) && column.IsIn(*model_) &&
+         !PlaceInRow(*model_, row_.number, column.number);
 }
 
-std::optional<double> frmAddElementsToRow::AskValue(std::int32_t column) {
+std::optional<double> frmAddElementsToRow::AskValue(const NamedRecord& column) {
   const std::string entered =
-      desktop().InputBox("Enter a coefficient value for the element at column " +
-                             model_->ColName(column) + ", row " + model_->RowName(row_),
+      desktop().InputBox("Enter a coefficient value for the element at column " + column.name +
+                             ", row " + model_->RowName(row_.number),
                          platform::kDefaultTitle, "");
   if (entered.empty()) return std::nullopt;
   const auto value = text::ParseNumber(entered);

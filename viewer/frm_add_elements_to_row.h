@@ -10,6 +10,7 @@
 #include "platform/basic_controls.h"
 #include "platform/form.h"
 #include "platform/grid.h"
+#include "viewer/named_record.h"
 
 namespace quarvel {
 
@@ -37,15 +38,13 @@ class frmAddElementsToRow : public platform::Form {
   // The column of the chosen line, nothing when there is none or it is gone from the model.
   std::optional<std::int32_t> ChosenColumn() const;
   void Accept();
-  // Whether row and column are those that the user was asked about: a host may have deleted some
-  // under a box.
-  bool AreStillThere(std::int32_t column, const std::string& column_name) const;
+  // Whether row and column are still those that the user was asked about, and have no element yet.
+  bool AreStillFree(const NamedRecord& column) const;
   // What the user enters for that column; nothing after a refusal or when cancelled.
-  std::optional<double> AskValue(std::int32_t column);
+  std::optional<double> AskValue(const NamedRecord& column);
 
   ModelInterface* model_ = nullptr;
-  std::int32_t row_ = 0;
-  std::string row_name_;
+  NamedRecord row_;
   std::vector<std::int32_t> absent_;  // public numbers, by lines below the header
 };
 

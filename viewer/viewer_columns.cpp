@@ -18,16 +18,6 @@ std::string TypeWord(std::string_view type) {
   return "";
 }
 
-// The place of a column in a row's list: the first one, as for every look-up of a coefficient.
-std::optional<std::int32_t> PlaceInRow(const ModelInterface& model, std::int32_t row,
-                                       std::int32_t column) {
-  const std::int32_t count = model.RowNumberElements(row);
-  for (std::int32_t k = 0; k < count; ++k) {
-    if (model.RowElementCol(row, k) == column) return k;
-  }
-  return std::nullopt;
-}
-
 }  // namespace
 
 void frmViewEquations::ConnectColumns() {

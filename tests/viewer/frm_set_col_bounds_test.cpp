@@ -29,8 +29,8 @@ class ColBoundsTest : public ViewerTest {
 TEST_F(ColBoundsTest, HasItsWords) {
   EXPECT_EQ(dialog_.caption(), "Set Column Bounds");
   EXPECT_EQ(dialog_.fraType.caption(), "Column Type");
-  EXPECT_EQ(dialog_.optR.caption(), "Real");
-  EXPECT_EQ(dialog_.optI.caption(), "Integer");
+  EXPECT_EQ(dialog_.Option("R")->caption(), "Real");
+  EXPECT_EQ(dialog_.Option("I")->caption(), "Integer");
   EXPECT_EQ(dialog_.bounds.fraValues.caption(), "Bound Values");
   EXPECT_EQ(dialog_.bounds.lblUpper.caption(), "Upper:");
   EXPECT_EQ(dialog_.bounds.lblLower.caption(), "Lower:");
@@ -40,14 +40,14 @@ TEST_F(ColBoundsTest, HasItsWords) {
 
 TEST_F(ColBoundsTest, OpensWithTheTypeAndBoundsOfTheColumn) {
   Show(1, [&] {
-    EXPECT_TRUE(dialog_.optI.value());
+    EXPECT_TRUE(dialog_.Option("I")->value());
     EXPECT_EQ(dialog_.bounds.txtLwrBnd.text(), "0");
     EXPECT_EQ(dialog_.bounds.txtUprBnd.text(), "10");
-    EXPECT_EQ(dialog_.lblColumn.caption(), "Column Y");
+    EXPECT_EQ(dialog_.lblRecord.caption(), "Column Y");
   });
   Show(2, [&] {
-    EXPECT_TRUE(dialog_.optR.value());
-    EXPECT_FALSE(dialog_.optI.value());
+    EXPECT_TRUE(dialog_.Option("R")->value());
+    EXPECT_FALSE(dialog_.Option("I")->value());
     EXPECT_EQ(dialog_.bounds.txtLwrBnd.text(), "-1");
   });
 }
@@ -64,7 +64,7 @@ TEST_F(ColBoundsTest, RefusesBinaryAndUnknownTypes) {
 
 TEST_F(ColBoundsTest, CancelAndEscapeChangeNothing) {
   Show(2, [&] {
-    dialog_.optI.Click();
+    dialog_.Option("I")->Click();
     EXPECT_TRUE(dialog_.PressCancelButton());
     EXPECT_FALSE(dialog_.IsShowing());
   });
@@ -88,13 +88,13 @@ TEST_F(ColBoundsTest, ClearsWhatIsNoNumberAndStaysOpen) {
 
 TEST_F(ColBoundsTest, StoresTypeAndBounds) {
   Show(2, [&] {
-    dialog_.optI.Click();
+    dialog_.Option("I")->Click();
     Enter("-3", "3.5");
     EXPECT_FALSE(dialog_.IsShowing());
   });
   EXPECT_EQ(ColumnText(2), "Z I -3 3.5");
   Show(2, [&] {
-    dialog_.optR.Click();
+    dialog_.Option("R")->Click();
     EXPECT_TRUE(dialog_.PressDefaultButton());
   });
   EXPECT_EQ(ColumnText(2), "Z R -3 3.5");

@@ -39,11 +39,11 @@ TEST_F(RowBoundsTest, HasItsWords) {
     const char* caption;
   } cases[] = {
       {dialog_.fraType, "Bound Type"},
-      {dialog_.optN, "Non-Binding/Objective"},
-      {dialog_.optR, "Range"},
-      {dialog_.optE, "Equality"},
-      {dialog_.optGT, "Greater Than or Equal To"},
-      {dialog_.optLT, "Less Than or Equal To"},
+      {*dialog_.Option("N"), "Non-Binding/Objective"},
+      {*dialog_.Option("R"), "Range"},
+      {*dialog_.Option("E"), "Equality"},
+      {*dialog_.Option("G"), "Greater Than or Equal To"},
+      {*dialog_.Option("L"), "Less Than or Equal To"},
       {dialog_.bounds.fraValues, "Bound Values"},
       {dialog_.bounds.lblLower, "Lower:"},
       {dialog_.bounds.lblUpper, "Upper:"},
@@ -60,18 +60,18 @@ TEST_F(RowBoundsTest, OpensWithTheTypeAndBoundsOfTheRow) {
     const char* lower;
     const char* upper;
   } cases[] = {
-      {dialog_.optN, "-10000000000", "10000000000"},
-      {dialog_.optLT, "-10000000000", "4"},
-      {dialog_.optGT, "1.5", "10000000000"},
-      {dialog_.optR, "2", "8"},
-      {dialog_.optE, "7", "7"},
+      {*dialog_.Option("N"), "-10000000000", "10000000000"},
+      {*dialog_.Option("L"), "-10000000000", "4"},
+      {*dialog_.Option("G"), "1.5", "10000000000"},
+      {*dialog_.Option("R"), "2", "8"},
+      {*dialog_.Option("E"), "7", "7"},
   };
   for (int row = 0; row < 5; ++row) {
     Show(row, [&] {
       EXPECT_TRUE(cases[row].option.value());
       EXPECT_EQ(dialog_.bounds.txtLwrBnd.text(), cases[row].lower);
       EXPECT_EQ(dialog_.bounds.txtUprBnd.text(), cases[row].upper);
-      EXPECT_EQ(dialog_.lblRow.caption(), "Row " + model_.RowName(row));
+      EXPECT_EQ(dialog_.lblRecord.caption(), "Row " + model_.RowName(row));
     });
   }
 }
@@ -85,7 +85,7 @@ TEST_F(RowBoundsTest, RefusesAnUnknownType) {
 
 TEST_F(RowBoundsTest, CancelChangesNothing) {
   Show(1, [&] {
-    dialog_.optN.Click();
+    dialog_.Option("N")->Click();
     Enter("1", "2");
     dialog_.cmdCancel.Click();
   });
@@ -116,7 +116,7 @@ TEST_F(RowBoundsTest, ClearsWhatIsNoNumberAndStaysOpen) {
   for (const auto& c : cases) {
     desktop_.Clear();
     Show(1, [&] {
-      dialog_.optN.Click();
+      dialog_.Option("N")->Click();
       Enter(c.lower, c.upper);
       dialog_.cmdOK.Click();
       EXPECT_TRUE(dialog_.IsShowing());
@@ -129,13 +129,13 @@ TEST_F(RowBoundsTest, ClearsWhatIsNoNumberAndStaysOpen) {
 }
 
 TEST_F(RowBoundsTest, ReversedRangeIsPutInOrder) {
-  Accept(dialog_.optR, "5", "2");
+  Accept(*dialog_.Option("R"), "5", "2");
   EXPECT_EQ(Boxes(), Texts{"Bounds were reversed"});
   EXPECT_EQ(RowText(1), "LIM R 2 5");
 }
 
 TEST_F(RowBoundsTest, RangeOfOneValueBecomesAnEquality) {
-  Accept(dialog_.optR, "3", "3.0");
+  Accept(*dialog_.Option("R"), "3", "3.0");
   EXPECT_EQ(Boxes(), Texts{"Bounds were identical.  Bound type changed to equality"});
   EXPECT_EQ(RowText(1), "LIM E 3 3");
 }
@@ -147,11 +147,11 @@ TEST_F(RowBoundsTest, StoresEachTypeWithItsBounds) {
     const char* upper;
     const char* stored;
   } cases[] = {
-      {dialog_.optR, "-1", "2.5", "LIM R -1 2.5"},
-      {dialog_.optE, "1", "9", "LIM E 9 9"},
-      {dialog_.optLT, "3", "7", "LIM L 10000000000 7"},
-      {dialog_.optGT, "3", "7", "LIM G 3 -10000000000"},
-      {dialog_.optN, "6", "2", "LIM N 6 2"},
+      {*dialog_.Option("R"), "-1", "2.5", "LIM R -1 2.5"},
+      {*dialog_.Option("E"), "1", "9", "LIM E 9 9"},
+      {*dialog_.Option("L"), "3", "7", "LIM L 10000000000 7"},
+      {*dialog_.Option("G"), "3", "7", "LIM G 3 -10000000000"},
+      {*dialog_.Option("N"), "6", "2", "LIM N 6 2"},
   };
   for (const auto& c : cases) {
     Accept(c.option, c.lower, c.upper);
@@ -177,21 +177,21 @@ TEST_F(RowBoundsTest, HoldsBoundsWithinTheLimit) {
   };
   for (const auto& c : cases) {
     desktop_.Clear();
-    Accept(dialog_.optN, c.lower, c.upper);
+    Accept(*dialog_.Option("N"), c.lower, c.upper);
     EXPECT_EQ(Boxes(), c.boxes) << c.lower << ' ' << c.upper;
     EXPECT_EQ(RowText(1), c.stored);
   }
 }
 
 TEST_F(RowBoundsTest, EqualityCopiesItsValueBeforeItIsHeldWithinTheLimit) {
-  Accept(dialog_.optE, "1", "-5E10");
+  Accept(*dialog_.Option("E"), "1", "-5E10");
   EXPECT_EQ(Boxes(), Texts{"Lower Bound set to limit of -1E+10"});
   EXPECT_EQ(RowText(1), "LIM E -10000000000 -50000000000");
 }
 
 TEST_F(RowBoundsTest, KeepsTheRowIndexesRight) {
   RebuildRowIndexes(model_.data());
-  Accept(dialog_.optN, "0", "1");
+  Accept(*dialog_.Option("N"), "0", "1");
   EXPECT_EQ(model_.NumberOfNonBindingRows(), 2);
   EXPECT_EQ(model_.NonBindingRowIndex(1), 1);
 }
@@ -204,7 +204,7 @@ TEST_F(RowBoundsTest, IsNotShownTwiceAtOnce) {
     } catch (const AutomationError& error) {
       EXPECT_EQ(error.number(), 400);
     }
-    EXPECT_EQ(dialog_.lblRow.caption(), "Row LIM");
+    EXPECT_EQ(dialog_.lblRecord.caption(), "Row LIM");
   });
 }
 

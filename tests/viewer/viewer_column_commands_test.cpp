@@ -18,7 +18,7 @@ TEST_F(ColumnCommandsTest, AddAsksForANameAndForBounds) {
     dialogs_.push_back([&](platform::Form& dialog) {
       EXPECT_EQ(dialog.name(), "frmSetColBounds");
       EXPECT_EQ(ColumnText(4), "NEW R 0 10000000000");
-      viewer().col_bounds.optI.Click();
+      viewer().col_bounds.Option("I")->Click();
       viewer().col_bounds.bounds.txtUprBnd.Type("9");
       viewer().col_bounds.cmdOK.Click();
     });
@@ -138,7 +138,7 @@ TEST_F(ColumnCommandsTest, ChangeTypeAndBoundsOpensTheDialogOfTheColumn) {
   OnColumns([&] {
     viewer().columns.list.cboShowOnly.Select(2);
     dialogs_.push_back([&](auto&) {
-      EXPECT_TRUE(viewer().col_bounds.optI.value());
+      EXPECT_TRUE(viewer().col_bounds.Option("I")->value());
       viewer().col_bounds.bounds.txtUprBnd.Type("3");
       viewer().col_bounds.cmdOK.Click();
     });

@@ -44,8 +44,8 @@ class JourneyTest : public ViewerTest {
   void BuildByHand() {
     AddColumn("X", "0", "4");
     AddColumn("Y", "-1E10", "1E10");
-    AddRow("COST", viewer().row_bounds.optN, "-1E10", "1E10");
-    AddRow("LIM", viewer().row_bounds.optR, "8", "2");
+    AddRow("COST", *viewer().row_bounds.Option("N"), "-1E10", "1E10");
+    AddRow("LIM", *viewer().row_bounds.Option("R"), "8", "2");
     AddElement("COST", "X", "1");
     AddElement("COST", "Y", "-2.5");
     AddElement("LIM", "Y", "3");

@@ -37,9 +37,9 @@ TEST_F(RowCommandsTest, AddAsksForANameAndForBounds) {
     dialogs_.push_back([&](platform::Form& dialog) {
       EXPECT_EQ(dialog.name(), "frmSetRowBounds");
       EXPECT_EQ(RowText(5), "NEW L 0 0");
-      EXPECT_TRUE(viewer().row_bounds.optLT.value());
+      EXPECT_TRUE(viewer().row_bounds.Option("L")->value());
       viewer().row_bounds.bounds.txtUprBnd.Type("9");
-      viewer().row_bounds.optN.Click();
+      viewer().row_bounds.Option("N")->Click();
       viewer().row_bounds.cmdOK.Click();
     });
     Choose("mnuEditRowAdd");
@@ -238,7 +238,7 @@ TEST_F(RowCommandsTest, ChangedTypeMayLeaveTheFilter) {
     viewer().rows.list.cboShowOnly.Select(2);
     SelectRow("LOW");
     dialogs_.push_back([&](auto&) {
-      viewer().row_bounds.optN.Click();
+      viewer().row_bounds.Option("N")->Click();
       viewer().row_bounds.cmdOK.Click();
     });
     Choose("mnuEditRowChangeBnd");

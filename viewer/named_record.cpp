@@ -1,0 +1,34 @@
+#include "viewer/named_record.h"
+
+#include "model/model_interface.h"
+
+namespace quarvel {
+
+NamedRecord NamedRecord::Of(const ModelQueries& model, const RecordKind& kind,
+                            std::int32_t number) {
+  return {&kind, number, (model.*kind.name)(number)};
+}
+
+bool NamedRecord::IsIn(const ModelQueries& model) const {
+  return HasRecord(model, *kind, number) && (model.*kind->name)(number) == name;
+}
+
+bool NamedElement::IsIn(const ModelQueries& model) const {
+  return row.IsIn(model) && column.IsIn(model) && place < model.RowNumberElements(row.number) &&
+         model.RowElementCol(row.number, place) == column.number;
+}
+
+std::optional<std::int32_t> PlaceInRow(const ModelQueries& model, std::int32_t row,
+                                       std::int32_t column) {
+  const std::int32_t count = model.RowNumberElements(row);
+  for (std::int32_t k = 0; k < count; ++k) {
+    if (model.RowElementCol(row, k) == column) return k;
+  }
+  return std::nullopt;
+}
+
+std::string NoneSelectedText(const RecordKind& kind) {
+  return "No " + std::string(kind.title) + " Selected";
+}
+
+}  // namespace quarvel

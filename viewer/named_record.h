@@ -1,0 +1,39 @@
+// Records and elements that a command or a dialog has named to its user. While a box is open, a
+// host may change or delete anything; what was named is acted on only while it is still there,
+// under its number and its name.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "model/record_kind.h"
+
+namespace quarvel {
+
+struct NamedRecord {
+  static NamedRecord Of(const ModelQueries& model, const RecordKind& kind, std::int32_t number);
+  bool IsIn(const ModelQueries& model) const;
+
+  const RecordKind* kind = nullptr;
+  std::int32_t number = 0;
+  std::string name = {};
+};
+
+struct NamedElement {
+  bool IsIn(const ModelQueries& model) const;
+
+  NamedRecord row;
+  NamedRecord column;
+  std::int32_t place = 0;  // in the row's list
+};
+
+// The place in the row's list of its element at the column: the first one, as for every look-up of
+// a coefficient; nothing without one. Walks that list.
+std::optional<std::int32_t> PlaceInRow(const ModelQueries& model, std::int32_t row,
+                                       std::int32_t column);
+
+// What is said when a record is needed and none is chosen, or the chosen one is gone.
+std::string NoneSelectedText(const RecordKind& kind);
+
+}  // namespace quarvel
