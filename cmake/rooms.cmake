@@ -14,6 +14,22 @@ function(quarvel_files variable pattern)
   set(${variable} ${found} PARENT_SCOPE)
 endfunction()
 
+# quarvel_together(<target>)
+# Sources of a target are compiled several at a time, which reads the headers they share once: a build
+# takes a third of the time. What is measured is compiled file by file all the same, so that a figure
+# hangs on no neighbour. QUARVEL_TOGETHER=OFF compiles every file on its own (clang-tidy needs that);
+# then an include that is missing shows as well.
+set(quarvel_each_alone "^${PROJECT_SOURCE_DIR}/(text|model|mps|simplify|component|viewer|hosts)/")
+function(quarvel_together target)
+  if(NOT QUARVEL_TOGETHER)
+    return()
+  endif()
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
+  get_target_property(sources ${target} SOURCES)
+  list(FILTER sources INCLUDE REGEX "${quarvel_each_alone}")
+  set_source_files_properties(${sources} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+endfunction()
+
 # quarvel_library(<name> <folder>...)
 # A static library of the folders' sources; main.cpp belongs to a program, and what is called _win32 in
 # the drawer's folder of that name to the component.
@@ -22,6 +38,7 @@ function(quarvel_library name)
   quarvel_files(headers "*.h" ${ARGN})
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$|platform/win32/[^/]*_win32\\.cpp$")
   add_library(${name} STATIC ${sources})
+  quarvel_together(${name})
   target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}"
                                 FILES ${headers})
 endfunction()

@@ -132,7 +132,7 @@ TEST(ComponentWindows, TakeANewModelWhileTheyAreOpen) {
 }
 
 // A read that asks a question in its middle.
-class ComponentRead : public testing::Test {
+class ComponentRead : public ::testing::Test {
  protected:
   ComponentRead() {
     const std::string path = folder_.File("asks.mps");

@@ -58,7 +58,7 @@ struct LateCall {
   std::vector<Value> arguments;
 };
 
-class ObjectFixture : public testing::Test {
+class ObjectFixture : public ::testing::Test {
  protected:
   ObjectFixture();
 

@@ -20,7 +20,7 @@ const wchar_t kScratch[] = L"Software\\QuarvelTests";
 const wchar_t kFile[] = L"C:\\a folder\\Quarvel.dll";
 
 // Two places of the test's own, which stand for the machine's and the user's part of the registry.
-class Registration : public testing::Test {
+class Registration : public ::testing::Test {
  protected:
   Registration() {
     DeleteKeyTree(HKEY_CURRENT_USER, kScratch);

@@ -27,7 +27,7 @@ std::wstring Wide(const std::string& utf8) {
   return wide;
 }
 
-class Script : public testing::Test {
+class Script : public ::testing::Test {
  protected:
   void SetUp() override { ASSERT_EQ(component_.Call("DllRegisterServer"), S_OK); }
   void TearDown() override { EXPECT_EQ(component_.Call("DllUnregisterServer"), S_OK); }

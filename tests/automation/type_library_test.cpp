@@ -23,7 +23,7 @@ const char kHelp[] =
     "Describes an LP model.  Has methods for reading a model from an  MPS file (or other forms), "
     "for accessing information about the model, and for displaying the model.";
 
-class TypeLibrary : public testing::Test {
+class TypeLibrary : public ::testing::Test {
  protected:
   TypeLibrary() {
     EXPECT_EQ(LoadTypeLibEx(ComponentFile().c_str(), REGKIND_NONE, library_.Receive()), S_OK);

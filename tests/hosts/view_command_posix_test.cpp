@@ -11,7 +11,7 @@ namespace {
 constexpr const char* kNoDisplay =
     "quarvel: there is no display to show windows on; \"quarvel rows\" prints a model\n";
 
-class ViewCommand : public testing::Test {
+class ViewCommand : public ::testing::Test {
  protected:
   ViewCommand() {
     for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {

@@ -1,5 +1,4 @@
 #include <cstdint>
-#include <limits>
 #include <string>
 #include <vector>
 
@@ -7,6 +6,7 @@
 
 #include "model/lp_model.h"
 #include "platform/scripted/scripted_desktop.h"
+#include "tests/model/edge_numbers.h"
 #include "tests/support/model_builder.h"
 #include "tests/support/test_paths.h"
 
@@ -14,9 +14,6 @@ namespace quarvel {
 namespace {
 
 using Texts = std::vector<std::string>;
-
-constexpr std::int32_t kGreatest = std::numeric_limits<std::int32_t>::max();
-constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
 
 class Deleting : public ::testing::Test {
  protected:

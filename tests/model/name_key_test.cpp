@@ -9,7 +9,7 @@ namespace quarvel {
 namespace {
 
 // Names of every length that differ from each other in one byte, with NULs and high bytes too.
-std::vector<std::string> Names() {
+std::vector<std::string> ManyNames() {
   std::vector<std::string> names = {"", std::string(1, '\0'), std::string(12, '\xFF')};
   for (std::size_t length = 1; length <= 40; ++length) {
     const std::string base(length, 'N');
@@ -28,7 +28,7 @@ bool AreEqual(const NameKey& a, const NameKey& b) {
 }
 
 TEST(NameKey, IsTheSameWhateverStandsBehindTheName) {
-  for (const std::string& name : Names()) {
+  for (const std::string& name : ManyNames()) {
     for (const char behind : {'\0', 'N', '\xFF'}) {
       const std::string buffer = name + std::string(NameKey::kReadable, behind);
       EXPECT_TRUE(AreEqual(NameKey::OfPadded(std::string_view(buffer).substr(0, name.size())),
@@ -39,7 +39,7 @@ TEST(NameKey, IsTheSameWhateverStandsBehindTheName) {
 }
 
 TEST(NameKey, DiffersForShortNamesThatDiffer) {
-  const std::vector<std::string> names = Names();
+  const std::vector<std::string> names = ManyNames();
   for (std::size_t i = 0; i < names.size(); ++i) {
     for (std::size_t k = 0; k < i; ++k) {
       if (names[i] == names[k]) continue;
@@ -52,7 +52,7 @@ TEST(NameKey, DiffersForShortNamesThatDiffer) {
 }
 
 TEST(NameKey, ComparesNamesInTheirBuffers) {
-  const std::vector<std::string> names = Names();
+  const std::vector<std::string> names = ManyNames();
   for (const std::string& name : names) {
     for (const std::string& other : names) {
       const std::string a = name + std::string(NameKey::kReadable, 'x');

@@ -1,6 +1,5 @@
 #include <cstdint>
 #include <functional>
-#include <limits>
 #include <string>
 #include <utility>
 #include <vector>
@@ -9,15 +8,13 @@
 
 #include "model/lp_model.h"
 #include "platform/scripted/scripted_desktop.h"
+#include "tests/model/edge_numbers.h"
 
 namespace quarvel {
 namespace {
 
 using platform::MsgBoxStyle;
 using platform::ShownBox;
-
-constexpr std::int32_t kGreatest = std::numeric_limits<std::int32_t>::max();
-constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
 
 using Write = std::function<void(LPModel&)>;
 

@@ -7,13 +7,11 @@
 #include <gtest/gtest.h>
 
 #include "model/error_reports.h"
+#include "tests/model/edge_numbers.h"
 #include "tests/model/query_model.h"
 
 namespace quarvel {
 namespace {
-
-constexpr std::int32_t kMost = 2147483647;
-constexpr std::int32_t kLeast = -2147483647 - 1;
 
 const char kColumnSource[] = "LPModel.PropertyGetColumn()";
 const char kRowSource[] = "LPModel.PropertyGetRow()";
@@ -66,7 +64,7 @@ const std::vector<ByIndex>& RowQueries() {
 TEST(ColumnQueries, RaiseTheColumnTextWithTheCallersNumber) {
   const QueryModel q;
   for (const ByIndex& query : ColumnQueries()) {
-    for (const std::int32_t j : {-1, 5, kMost, kLeast}) {
+    for (const std::int32_t j : {-1, 5, kGreatest, kLeast}) {
       EXPECT_EQ(RaisedBy([&] { query.call(q.model, j); }),
                 Raised(-2147220974, kColumnSource, ColumnText(std::to_string(j), "4")))
           << query.name;
@@ -77,7 +75,7 @@ TEST(ColumnQueries, RaiseTheColumnTextWithTheCallersNumber) {
 TEST(RowQueries, RaiseTheRowTextWithTheCallersNumber) {
   const QueryModel q;
   for (const ByIndex& query : RowQueries()) {
-    for (const std::int32_t i : {-1, 4, kMost, kLeast}) {
+    for (const std::int32_t i : {-1, 4, kGreatest, kLeast}) {
       EXPECT_EQ(RaisedBy([&] { query.call(q.model, i); }),
                 Raised(-2147220972, kRowSource, RowText(std::to_string(i), "3")))
           << query.name;
@@ -101,7 +99,7 @@ TEST(IndexedQueries, EndTheirRangeAtMinusOneInAnEmptyModel) {
 
 TEST(ElementQueries, RaiseForABadElementWithTheWordsOfARow) {
   const QueryModel q;
-  for (const std::int32_t k : {-1, 2, kMost}) {
+  for (const std::int32_t k : {-1, 2, kGreatest}) {
     const std::string text = ElementText(std::to_string(k), "1");
     EXPECT_EQ(RaisedBy([&] { q.model.ColElementrow(0, k); }),
               Raised(-2147220973, kColumnSource, text));
@@ -176,7 +174,7 @@ TEST(ElementValue, RaisesItsShortTextsRowFirst) {
             Raised(-2147220972, kRowSource, "Quarvel.dll error: row out of range."));
   EXPECT_EQ(RaisedBy([&] { q.model.ElementValue(3, 5); }),
             Raised(-2147220974, kColumnSource, "Quarvel.dll error: column out of range."));
-  EXPECT_EQ(RaisedBy([&] { q.model.ElementValue(kMost, 0); }).number, -2147220972);
+  EXPECT_EQ(RaisedBy([&] { q.model.ElementValue(kGreatest, 0); }).number, -2147220972);
   EXPECT_EQ(RaisedBy([&] { q.model.ElementValue(0, kLeast); }).number, -2147220974);
 }
 
@@ -206,7 +204,7 @@ TEST(RowIndexes, RaiseWithTheWordColumnAndTheirMisspeltNames) {
             Raised(-2147220974, "LPModel.NonBindingRowIndex()",
                    "Quarvel.dll error: column -1 is out of range.  \r\nThe valid range for "
                    "NonBindnigRowIndex is from 0 to 0."));
-  EXPECT_EQ(RaisedBy([&] { q.model.BindingRowIndex(kMost); }).number, -2147220974);
+  EXPECT_EQ(RaisedBy([&] { q.model.BindingRowIndex(kGreatest); }).number, -2147220974);
 }
 
 TEST(RowIndexes, ListTheRowsOfTheirKindInOrder) {

@@ -19,7 +19,7 @@ struct EquationCase {
   std::string without_elements;
 };
 
-class RowEquations : public testing::TestWithParam<EquationCase> {};
+class RowEquations : public ::testing::TestWithParam<EquationCase> {};
 
 TEST_P(RowEquations, ReadAsTheTypeSays) {
   const EquationCase& c = GetParam();
@@ -32,7 +32,7 @@ TEST_P(RowEquations, ReadAsTheTypeSays) {
 
 INSTANTIATE_TEST_SUITE_P(
     RowEquation, RowEquations,
-    testing::Values(
+    ::testing::Values(
         EquationCase{
             'L', -1e10, 10, " + 2*X1 - 3.5*X2  <=  10",
             "This row has no elements.  It is a less-than constraint row with upper bound 10."},

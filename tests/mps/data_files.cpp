@@ -2,9 +2,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <iostream>
-
-#include <gtest/gtest.h>
 
 #include "tests/support/test_paths.h"
 
@@ -18,14 +15,6 @@ fs::path ToPath(const std::string& utf8) {
 }
 
 }  // namespace
-
-bool HasDataFolder() {
-  if (DataFolder()) return true;
-  std::cerr
-      << "\n*** RUN WITHOUT THE REAL MODELS: no folder shared/data beside the project ***\n\n";
-  EXPECT_FALSE(fs::exists(ToPath(SourceFolder() + "/../shared/data")));
-  return false;
-}
 
 std::vector<std::string> DataFiles() {
   std::vector<std::string> files;

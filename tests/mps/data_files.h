@@ -1,5 +1,4 @@
-// What the tests of the real models share. Without the folder of models they say so and only make
-// sure that it is really not there.
+// What the tests of the real models share.
 #pragma once
 
 #include <map>
@@ -7,9 +6,6 @@
 #include <vector>
 
 namespace quarvel {
-
-// False, loudly, when there is no data folder.
-bool HasDataFolder();
 
 // "folder/name" of every file, sorted.
 std::vector<std::string> DataFiles();

@@ -23,6 +23,7 @@
 #include "tests/mps/data_files.h"
 #include "tests/mps/read_helpers.h"
 #include "tests/support/naive_reader.h"
+#include "tests/support/real_models.h"
 #include "tests/support/test_paths.h"
 #include "text/encoding.h"
 #include "text/numbers.h"
@@ -173,8 +174,10 @@ void ExpectToComeBack(ReadSession& first, const std::string& file) {
   EXPECT_EQ(KindsOf(second.Problems()), QuestionsWhenReadAgain(before)) << file;
 }
 
-TEST(WrittenDataFiles, ComeBackWhenReadAgain) {
-  if (!HasDataFolder()) return;
+class SimplifiedDataFiles : public OnRealModels {};
+class WrittenDataFiles : public OnRealModels {};
+
+TEST_F(WrittenDataFiles, ComeBackWhenReadAgain) {
   for (const std::string& file : DataFiles()) {
     ReadSession session;
     session.ReadFile(PathOf(file));
@@ -183,8 +186,7 @@ TEST(WrittenDataFiles, ComeBackWhenReadAgain) {
 }
 
 // Simplified while it is read: each conflict is answered No, so that bounds become the row's.
-TEST(SimplifiedDataFiles, ComeBackWhenReadAgain) {
-  if (!HasDataFolder()) return;
+TEST_F(SimplifiedDataFiles, ComeBackWhenReadAgain) {
   int simplified = 0;
   for (const std::string& file : DataFiles()) {
     ReadSession session;
@@ -219,8 +221,7 @@ bool HasIntegerColumnsBeforeOthers(const ModelData& data) {
                               [](const ColumnRecord& column) { return column.Type != 'I'; });
 }
 
-TEST(WrittenDataFiles, AreWrittenTheSameAgain) {
-  if (!HasDataFolder()) return;
+TEST_F(WrittenDataFiles, AreWrittenTheSameAgain) {
   for (const std::string& file : DataFiles()) {
     ReadSession session;
     session.ReadFile(PathOf(file));

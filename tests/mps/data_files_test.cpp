@@ -13,6 +13,7 @@
 
 #include "tests/mps/read_helpers.h"
 #include "tests/support/read_comparison.h"
+#include "tests/support/real_models.h"
 #include "tests/support/test_paths.h"
 
 namespace quarvel {
@@ -101,15 +102,15 @@ std::int32_t CountType(const Records& records, char type) {
       records.begin(), records.end(), [type](const auto& record) { return record.Type == type; }));
 }
 
-TEST(DataFiles, AreAllKnownToTheseTests) {
-  if (!HasDataFolder()) return;
+class ReadDataFiles : public OnRealModels {};
+
+TEST_F(ReadDataFiles, AreAllKnownToTheseTests) {
   std::vector<std::string> known;
   for (const Published& file : kFiles) known.push_back(file.file);
   EXPECT_EQ(DataFiles(), known);
 }
 
-TEST(DataFiles, AskTheQuestionsTheirContentCallsFor) {
-  if (!HasDataFolder()) return;
+TEST_F(ReadDataFiles, AskTheQuestionsTheirContentCallsFor) {
   for (const Published& file : kFiles) {
     ReadSession session;
     EXPECT_EQ(session.ReadFile(PathOf(file.file)), -1) << file.file;
@@ -120,8 +121,7 @@ TEST(DataFiles, AskTheQuestionsTheirContentCallsFor) {
   }
 }
 
-TEST(DataFiles, HaveTheCountsOfAnIndependentReader) {
-  if (!HasDataFolder()) return;
+TEST_F(ReadDataFiles, HaveTheCountsOfAnIndependentReader) {
   for (const Published& published : kFiles) {
     const std::string name = published.file;
     const Published& file = name == kForplan.file ? kForplan : published;
@@ -142,8 +142,7 @@ TEST(DataFiles, HaveTheCountsOfAnIndependentReader) {
   }
 }
 
-TEST(DataFiles, AreReadAsThePlainReaderReadsThem) {
-  if (!HasDataFolder()) return;
+TEST_F(ReadDataFiles, AreReadAsThePlainReaderReadsThem) {
   const TemporaryFolder folder;
   testing::ReadComparison readers(folder.File("model.mps"));
   for (const Published& file : kFiles) {

@@ -39,7 +39,7 @@ std::vector<CopiedLine> ReadLines(std::string_view bytes) {
   return lines;
 }
 
-std::vector<std::string> Texts(std::string_view bytes) {
+std::vector<std::string> TextsOf(std::string_view bytes) {
   std::vector<std::string> texts;
   for (const CopiedLine& line : ReadLines(bytes)) texts.push_back(line.text);
   return texts;
@@ -74,28 +74,28 @@ TEST(LineReader, SplitsAtEveryKindOfLineEnd) {
       {"a long line of text\nanother one", {"a long line of text", "another one"}},
   };
   for (const Case& c : cases)
-    EXPECT_EQ(Texts(c.bytes), c.lines) << ::testing::PrintToString(c.bytes);
+    EXPECT_EQ(TextsOf(c.bytes), c.lines) << ::testing::PrintToString(c.bytes);
 }
 
 TEST(LineReader, TakesNulBytesAndControlCharactersForText) {
   const std::string text("a\0b\x1A\v\f\x7F\tc", 9);
-  EXPECT_EQ(Texts(text + "\n" + text), (Strings{text, text}));
+  EXPECT_EQ(TextsOf(text + "\n" + text), (Strings{text, text}));
 }
 
 TEST(LineReader, SkipsAByteOrderMarkAtTheStartAlone) {
   const std::string mark = "\xEF\xBB\xBF";
-  EXPECT_EQ(Texts(mark), Strings{});
-  EXPECT_EQ(Texts(mark + "a\n"), Strings{"a"});
-  EXPECT_EQ(Texts(mark + "\n"), Strings{""});
-  EXPECT_EQ(Texts(mark + mark + "a"), Strings{mark + "a"});
-  EXPECT_EQ(Texts("a\n" + mark + "b"), (Strings{"a", mark + "b"}));
+  EXPECT_EQ(TextsOf(mark), Strings{});
+  EXPECT_EQ(TextsOf(mark + "a\n"), Strings{"a"});
+  EXPECT_EQ(TextsOf(mark + "\n"), Strings{""});
+  EXPECT_EQ(TextsOf(mark + mark + "a"), Strings{mark + "a"});
+  EXPECT_EQ(TextsOf("a\n" + mark + "b"), (Strings{"a", mark + "b"}));
   EXPECT_EQ(ReadLines("a\n" + mark + "b")[1].characters, 2u);
 }
 
 TEST(LineReader, TakesPartOfAByteOrderMarkForWindows1252) {
-  EXPECT_EQ(Texts("\xEF"), Strings{"\xC3\xAF"});
-  EXPECT_EQ(Texts("\xEF\xBB"), Strings{"\xC3\xAF\xC2\xBB"});
-  EXPECT_EQ(Texts("\xEF\xBB\n\xBF"), (Strings{"\xC3\xAF\xC2\xBB", "\xC2\xBF"}));
+  EXPECT_EQ(TextsOf("\xEF"), Strings{"\xC3\xAF"});
+  EXPECT_EQ(TextsOf("\xEF\xBB"), Strings{"\xC3\xAF\xC2\xBB"});
+  EXPECT_EQ(TextsOf("\xEF\xBB\n\xBF"), (Strings{"\xC3\xAF\xC2\xBB", "\xC2\xBF"}));
 }
 
 TEST(LineReader, DecidesTheEncodingLineByLine) {

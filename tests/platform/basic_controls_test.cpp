@@ -11,7 +11,7 @@
 namespace quarvel::platform {
 namespace {
 
-class ControlsTest : public testing::Test {
+class ControlsTest : public ::testing::Test {
  protected:
   // What the drawer was told since the form was drawn.
   std::vector<std::string> Told() const {

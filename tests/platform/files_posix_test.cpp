@@ -14,31 +14,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "platform/automation_error.h"
 #include "platform/files.h"
+#include "tests/platform/file_failures.h"
 #include "tests/support/test_paths.h"
 
 namespace quarvel::platform {
 namespace {
 
 namespace fs = std::filesystem;
-
-int FailureOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const AutomationError& error) {
-    return error.number();
-  }
-  return 0;
-}
-
-int OpeningFailure(const std::string& path) {
-  return FailureOf([&] { const InputFile file(path); });
-}
-
-int CreatingFailure(const std::string& path) {
-  return FailureOf([&] { const OutputFile file(path); });
-}
 
 // Sets a variable of the environment, or takes it away, for a scope.
 class ScopedVariable {

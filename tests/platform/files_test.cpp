@@ -7,31 +7,13 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/automation_error.h"
+#include "tests/platform/file_failures.h"
 #include "tests/support/test_paths.h"
 
 namespace quarvel::platform {
 namespace {
 
 namespace fs = std::filesystem;
-
-// The number an action fails with, 0 when it does not.
-int FailureOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const AutomationError& error) {
-    return error.number();
-  }
-  return 0;
-}
-
-int OpeningFailure(const std::string& path) {
-  return FailureOf([&] { const InputFile file(path); });
-}
-
-int CreatingFailure(const std::string& path) {
-  return FailureOf([&] { const OutputFile file(path); });
-}
 
 fs::path Native(const std::string& utf8) {
   return fs::path(std::u8string(utf8.begin(), utf8.end()));

@@ -28,7 +28,7 @@ class frmStops : public Form {
   Button cmdOK{*this, "cmdOK", {300, 270, 50, 20}};
 };
 
-class FocusOrder : public testing::Test {
+class FocusOrder : public ::testing::Test {
  protected:
   // The names of the stops as Tab, or Shift+Tab, goes through them.
   std::vector<std::string> Stops(bool forward = true) const {

@@ -9,7 +9,7 @@ class frmSurviving : public frmTest {
   explicit frmSurviving(Desktop& desktop) : frmTest(desktop, "frmSurviving") { SurviveFailures(); }
 };
 
-class FormSurvivalTest : public testing::Test {
+class FormSurvivalTest : public ::testing::Test {
  protected:
   // Shows the form modally and does `steps` in it one after the other, then closes it.
   void Show(std::vector<std::function<void()>> steps) {

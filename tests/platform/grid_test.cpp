@@ -14,7 +14,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-class GridTest : public testing::Test {
+class GridTest : public ::testing::Test {
  protected:
   GridTest() {
     grid_.cell = [this](int row, int column) {

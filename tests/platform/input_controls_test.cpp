@@ -13,7 +13,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-class InputControlsTest : public testing::Test {
+class InputControlsTest : public ::testing::Test {
  protected:
   // What the drawer was told since the form was drawn.
   Lines Told() const { return {desktop_.transcript().begin() + 1, desktop_.transcript().end()}; }

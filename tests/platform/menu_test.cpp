@@ -11,7 +11,7 @@
 namespace quarvel::platform {
 namespace {
 
-class MenuTest : public testing::Test {
+class MenuTest : public ::testing::Test {
  protected:
   MenuTest() {
     open_.on_click = [this] { happened_.push_back("open"); };

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
-  testing::InitGoogleTest(&argc, argv);
+  ::testing::InitGoogleTest(&argc, argv);
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   // What a platform cannot do is no news to a test.
   QLoggingCategory::setFilterRules("default.warning=false");

@@ -10,7 +10,7 @@
 
 namespace quarvel::platform {
 
-class QtTest : public testing::Test, protected User {
+class QtTest : public ::testing::Test, protected User {
  protected:
   void TearDown() override { EXPECT_EQ(LeftToDo(), 0u) << "doings that were never possible"; }
 

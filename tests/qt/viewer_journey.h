@@ -14,7 +14,7 @@
 
 namespace quarvel {
 
-class ViewerJourney : public testing::Test, protected platform::User {
+class ViewerJourney : public ::testing::Test, protected platform::User {
  protected:
   ViewerJourney();
   void TearDown() override;

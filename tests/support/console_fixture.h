@@ -39,7 +39,7 @@ inline std::string Printed(const std::function<void()>& action) {
   return printed;
 }
 
-class ConsoleDesktopTest : public testing::Test {
+class ConsoleDesktopTest : public ::testing::Test {
  protected:
   ConsoleDesktopTest() {
     desktop_.set_interactive(false);

@@ -60,7 +60,7 @@ inline int FailureOf(const std::function<void()>& action) {
 
 inline void Fail() { RaiseRunTimeError(RunTimeError::kDivisionByZero); }
 
-class FormTest : public testing::Test {
+class FormTest : public ::testing::Test {
  protected:
   ScriptedDesktop desktop_;
   frmTest form_{desktop_};

@@ -5,10 +5,6 @@
 namespace quarvel {
 namespace {
 
-const std::string kLongValueText =
-    "The value entered is longer than is allowed in a standard MPS file.\r\nThis model can still "
-    "be saved, but other programs which read MPS files may not be able to read it.";
-
 class AddElementsTest : public ViewerTest {
  protected:
   // Shows the dialog for a row and does `steps` in it once; cancelled afterwards when still open.

@@ -6,9 +6,6 @@ namespace {
 
 const std::string kNoElementOfRow = "Please first click on a row and an element in that row";
 const std::string kNoElementOfColumn = "Please first click on a column and a row that column is in";
-const std::string kLongValueText =
-    "The value entered is longer than is allowed in a standard MPS file.\r\nThis model can still "
-    "be saved, but other programs which read MPS files may not be able to read it.";
 
 class ElementCommandsTest : public ViewerTest {
  protected:

@@ -28,7 +28,7 @@ inline constexpr MsgBoxResult kCancel = MsgBoxResult::kCancel;
 inline constexpr std::string_view kSaveQuestion = "Do you want to save the current model?";
 extern const std::string kSimplifyQuestionText;
 
-class ViewerTest : public testing::Test {
+class ViewerTest : public ::testing::Test {
  protected:
   ViewerTest();
 
@@ -74,5 +74,10 @@ class ViewerTest : public testing::Test {
   std::function<void()> steps_;
   bool leaving_ = false;
 };
+
+// The warning of a value that does not fit into its field.
+inline const std::string kLongValueText =
+    "The value entered is longer than is allowed in a standard MPS file.\r\nThis model can still "
+    "be saved, but other programs which read MPS files may not be able to read it.";
 
 }  // namespace quarvel

@@ -38,7 +38,7 @@ int CommandOf(const std::string& name) {
   throw std::runtime_error("no menu item " + name);
 }
 
-class JourneyTest : public testing::Test {
+class JourneyTest : public ::testing::Test {
  protected:
   JourneyTest() { WriteWholeFile(file_, kModel); }
 

@@ -11,7 +11,7 @@
 
 namespace quarvel::platform::win32 {
 
-class Win32Test : public testing::Test {
+class Win32Test : public ::testing::Test {
  protected:
   ~Win32Test() override { EXPECT_TRUE(user_.AllDone()) << "the user had more to do"; }
 
