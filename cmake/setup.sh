@@ -1,17 +1,22 @@
 #!/usr/bin/env bash
 # Installs what is missing from Debian's packages:
-# cmake/setup.sh native|checks|windows|peers|counts ...
+# cmake/setup.sh native|format|display|checks|windows|wine32|peers|counts ...
 # Asks nothing. Packages that are installed already cost one look at the package database.
 set -eu
 
 # The program and its native tests.
 native=(cmake ninja-build g++ libgtest-dev qt6-base-dev)
-# The other half of the native tests: clang's sanitizers, fuzzer, formatter and checker, and a display
-# with a user at it.
-checks=(clang libclang-rt-dev clang-format clang-tidy xvfb xdotool)
+# The formatter.
+format=(clang-format)
+# A display that nobody sees, and a user at it.
+display=(xvfb xdotool)
+# clang's sanitizers, fuzzer and checker.
+checks=(clang libclang-rt-dev clang-tidy)
 # Cross-building for Windows, and running what was built.
 windows=(g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-win32 mingw-w64-tools libwine-dev libwine
   googletest wine wine64 xvfb)
+# What makes the 32-bit system of cmake/wine32.sh.
+wine32=(debootstrap)
 # The libraries that the benchmarks compare with, and what counts instructions.
 peers=(coinor-libcoinutils-dev libglpk-dev)
 counts=(valgrind)
@@ -20,8 +25,11 @@ wanted=()
 for part in "$@"; do
   case "$part" in
     native) wanted+=("${native[@]}") ;;
+    format) wanted+=("${format[@]}") ;;
+    display) wanted+=("${display[@]}") ;;
     checks) wanted+=("${checks[@]}") ;;
     windows) wanted+=("${windows[@]}") ;;
+    wine32) wanted+=("${wine32[@]}") ;;
     peers) wanted+=("${peers[@]}") ;;
     counts) wanted+=("${counts[@]}") ;;
     *) echo "setup.sh: unknown part $part" >&2; exit 2 ;;

@@ -5,6 +5,7 @@ rm -rf "$logs"
 mkdir -p "$logs"
 passed=0
 failed=0
+skipped=0
 notes=()
 failures=()
 xvfb=
@@ -17,6 +18,13 @@ fail() {
   tail -n 150 "$3"
   printf 'FAILED  %-40s %4d s%s\n' "$1" "$2" "${4:+  $4}"
   failures+=("$1 (${3})")
+}
+
+# skip TITLE REASON: what this machine cannot run, counted as one.
+skip() {
+  printf 'skipped %-40s %s\n' "$1" "$2"
+  skipped=$((skipped + 1))
+  note "skipped: $1: $2"
 }
 
 # step TITLE COMMAND... : one step, counted as one.
@@ -46,35 +54,42 @@ configure_and_build() { # PRESET [OPTION OF CMAKE...]
 
 build() { step "build $1" configure_and_build "$@"; }
 
-# count_cases <LOG: "PASSED FAILED" of a ctest log, each GoogleTest case as one. A program that failed
-# without a list of failed cases (a crash, a time-out) counts as one failure.
+# count_cases <LOG: "PASSED FAILED SKIPPED" of a ctest log, each GoogleTest case as one. A program that
+# failed without a list of failed cases (a crash, a time-out) counts as one failure.
 count_cases() {
   awk '
     /^[0-9]+: \[  PASSED  \] [0-9]+ tests?\./ { passed += $5 }
+    /^[0-9]+: \[  SKIPPED \] [0-9]+ tests?, listed below/ { skipped += $5 }
     /^[0-9]+: \[  FAILED  \] [0-9]+ tests?, listed below/ { failed += $5; listed[$1 + 0] = 1 }
     /^ *[0-9]+\/[0-9]+ Test +#[0-9]+: / {
       match($0, /#[0-9]+/)
       if (!/ Passed / && !((substr($0, RSTART + 1, RLENGTH - 1) + 0) in listed)) failed++
     }
-    END { print passed + 0, failed + 0 }'
+    END { print passed + 0, failed + 0, skipped + 0 }'
 }
 
-build_and_test() { # PRESET
-  build "$1" -DQUARVEL_TESTS=ON || return
-  local start=$SECONDS log="$logs/tests_$1.log" status=0 counts
+# run_tests PRESET: its tests, counted case by case.
+run_tests() {
+  local start=$SECONDS log="$logs/tests_$1.log" status=0 good bad left told
   ctest --preset "$1" --no-tests=error --verbose >"$log" 2>&1 || status=1
-  counts=$(count_cases <"$log")
-  local good=${counts% *} bad=${counts#* }
+  read -r good bad left < <(count_cases <"$log")
   [ $status -eq 0 ] || [ "$bad" -gt 0 ] || bad=1
-  [ "$good" -gt 0 ] || [ "$bad" -gt 0 ] || bad=1
+  [ "$((good + bad + left))" -gt 0 ] || bad=1
   passed=$((passed + good))
   failed=$((failed + bad))
+  skipped=$((skipped + left))
+  told="$good passed"
+  [ "$bad" -eq 0 ] || told+=", $bad failed"
+  [ "$left" -eq 0 ] || told+=", $left skipped"
   if [ "$bad" -eq 0 ]; then
-    pass "tests $1" $((SECONDS - start)) "$good passed"
+    pass "tests $1" $((SECONDS - start)) "$told"
   else
-    fail "tests $1" $((SECONDS - start)) "$log" "$good passed, $bad failed"
+    fail "tests $1" $((SECONDS - start)) "$log" "$told"
   fi
+  [ "$left" -eq 0 ] || note "$left skipped of $1: see SKIPPED in $log"
 }
+
+build_and_test() { build "$1" && run_tests "$1"; } # PRESET
 
 # fuzz_target NAME SECONDS: the kept inputs once, then new ones from a fixed start.
 fuzz_target() {
@@ -115,13 +130,14 @@ start_windows() {
 
 stop_windows() {
   cmake/wine.sh --stop
+  stop_wine32
   [ -n "$xvfb" ] || return 0
   kill "$xvfb"
   wait "$xvfb" 2>/dev/null
   xvfb=
 }
 
-# Whether this machine's Wine runs a 32-bit program: tried with one.
+# Whether this machine's own Wine runs a 32-bit program: tried with one.
 runs_x86() {
   local program=build/tiny-x86.exe
   echo 'int main() { return 42; }' |
@@ -130,13 +146,42 @@ runs_x86() {
   [ $? -eq 42 ]
 }
 
+# The 32-bit tests under this machine's Wine, or in a 32-bit system of their own.
+test_x86() {
+  local log="$logs/wine32.log" start=$SECONDS
+  if runs_x86; then
+    run_tests windows-x86
+    return
+  fi
+  if ! cmake/wine32.sh --start >"$log" 2>&1; then
+    skip "tests windows-x86" "no 32-bit Wine: $(tail -n 1 "$log") ($log)"
+    return
+  fi
+  pass "a 32-bit system for Wine" $((SECONDS - start))
+  passed=$((passed + 1))
+  export QUARVEL_WINE32=1
+  local data="${QUARVEL_DATA:-../shared/data}"
+  if [ -d "$data" ]; then
+    QUARVEL_DATA=$(realpath "$data") run_tests windows-x86
+  else
+    run_tests windows-x86
+  fi
+  stop_wine32
+}
+
+stop_wine32() {
+  if [ -n "${QUARVEL_WINE32:-}" ]; then
+    cmake/wine.sh --stop
+    unset QUARVEL_WINE32
+  fi
+  cmake/wine32.sh --stop
+}
+
 summary() {
   local line
-  [ -n "${QUARVEL_DATA:-}" ] || [ -d ../shared/data ] ||
-    note "no folder ../shared/data: the tests ran without the real models"
   echo
   for line in "${failures[@]+"${failures[@]}"}"; do echo "FAILED: $line"; done
   for line in "${notes[@]+"${notes[@]}"}"; do echo "NOTE: $line"; done
-  echo "$passed passed, $failed failed"
+  echo "$passed passed, $failed failed, $skipped skipped"
   [ "$failed" -eq 0 ]
 }
