@@ -100,19 +100,19 @@ class NameIndex {
   struct alignas(64) Line {
     static constexpr std::size_t kSlots = 4;
 
-    bool IsFull() const { return slots.back().number != 0; }
+    bool IsFull() const { return entries.back().number != 0; }
     // A free slot answers 0, whatever the key.
     std::int32_t NumberOf(const NameKey& key) const {
       const unsigned same = Same<0>(key) | Same<1>(key) | Same<2>(key) | Same<3>(key);
-      return same == 0 ? 0 : slots[static_cast<std::size_t>(std::countr_zero(same))].number;
+      return same == 0 ? 0 : entries[static_cast<std::size_t>(std::countr_zero(same))].number;
     }
 
-    std::array<Slot, kSlots> slots;
+    std::array<Slot, kSlots> entries;
 
    private:
     template <std::size_t place>
     unsigned Same(const NameKey& key) const {
-      const Slot& slot = slots[place];
+      const Slot& slot = entries[place];
       return unsigned{((slot.low ^ key.low) | (slot.high ^ key.high)) == 0} << place;
     }
   };
@@ -129,7 +129,7 @@ class NameIndex {
   std::int32_t FindLong(const NameKey& key, std::string_view name, const NameOf& name_of) const {
     if (lines_.empty()) return 0;
     for (std::size_t i = Home(key);; i = (i + 1) & mask_) {
-      for (const Slot& slot : lines_[i].slots) {
+      for (const Slot& slot : lines_[i].entries) {
         if (slot.number == 0) return 0;
         if (!key.Equals(slot.low, slot.high)) continue;
         if (std::string_view(name_of(slot.number)) == name) return slot.number;
