@@ -42,7 +42,7 @@ std::string BenchDesktop::InputBox(std::string_view, std::string_view,
   return std::string(default_text);
 }
 
-void BenchDesktop::ShowFileDialog(platform::FileDialog& dialog) { dialog.file_name = file; }
+std::string BenchDesktop::ShowFileDialog(const platform::FileDialog&) { return file; }
 
 std::unique_ptr<platform::FormPeer> BenchDesktop::Draw(platform::Form&, bool) {
   return std::make_unique<NoWindow>();

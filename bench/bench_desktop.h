@@ -24,7 +24,7 @@ class BenchDesktop : public platform::Desktop {
                                 std::string_view title) override;
   std::string InputBox(std::string_view prompt, std::string_view title,
                        std::string_view default_text) override;
-  void ShowFileDialog(platform::FileDialog& dialog) override;
+  std::string ShowFileDialog(const platform::FileDialog& dialog) override;
   void DoEvents() override {}
   void CopyToClipboard(std::string_view) override {}
   void Beep() override {}

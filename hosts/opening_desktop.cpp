@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/file_dialog.h"
+
 namespace quarvel::hosts {
 
 using platform::FileDialog;
@@ -19,12 +21,9 @@ std::string OpeningDesktop::InputBox(std::string_view prompt, std::string_view t
   return desktop_.InputBox(prompt, title, default_text);
 }
 
-void OpeningDesktop::ShowFileDialog(FileDialog& dialog) {
-  if (dialog.kind == FileDialog::Kind::kOpen && file_) {
-    dialog.file_name = *std::exchange(file_, std::nullopt);
-  } else {
-    desktop_.ShowFileDialog(dialog);
-  }
+std::string OpeningDesktop::ShowFileDialog(const FileDialog& dialog) {
+  if (dialog.kind == FileDialog::Kind::kOpen && file_) return *std::exchange(file_, std::nullopt);
+  return desktop_.ShowFileDialog(dialog);
 }
 
 void OpeningDesktop::SetMousePointer(platform::MousePointer pointer) {

@@ -21,7 +21,7 @@ class OpeningDesktop : public platform::Desktop {
                                 std::string_view title) override;
   std::string InputBox(std::string_view prompt, std::string_view title,
                        std::string_view default_text) override;
-  void ShowFileDialog(platform::FileDialog& dialog) override;
+  std::string ShowFileDialog(const platform::FileDialog& dialog) override;
   void DoEvents() override { desktop_.DoEvents(); }
   void CopyToClipboard(std::string_view text) override { desktop_.CopyToClipboard(text); }
   void Beep() override { desktop_.Beep(); }

@@ -1,7 +1,6 @@
 #include "mps/frm_mps_file_open.h"
 
 #include <memory>
-#include <utility>
 
 #include "model/lp_model.h"
 #include "platform/files.h"
@@ -12,10 +11,9 @@ std::string frmMPSFileOpen::Choose(platform::FileDialog request, const std::stri
   Load();
   if (!location.empty()) folder_ = platform::FolderOf(location);
   request.folder = folder_;
-  request.file_name.clear();
-  desktop().ShowFileDialog(request);
-  if (!request.file_name.empty()) folder_ = platform::FolderOf(request.file_name);
-  return std::move(request.file_name);
+  std::string path = desktop().ShowFileDialog(request);
+  if (!path.empty()) folder_ = platform::FolderOf(path);
+  return path;
 }
 
 frmMPSFileOpen& FileDialogHost(LPModel& model) {

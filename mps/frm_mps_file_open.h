@@ -1,11 +1,10 @@
 // The hidden form that hosts an object's file dialog: never shown itself, it lives as long as its
-// LPModel. Its file name is empty before and after every use, so that one dialog's choice never
-// reaches the next.
+// LPModel and remembers the folder of what was chosen, never the name.
 #pragma once
 
 #include <string>
 
-#include "platform/desktop.h"
+#include "platform/file_dialog.h"
 #include "platform/form.h"
 
 namespace quarvel {

@@ -8,6 +8,7 @@
 #include "mps/frm_progress.h"
 #include "mps/frm_set_default_bounds.h"
 #include "mps/mps_reader.h"
+#include "platform/file_dialog.h"
 #include "platform/files.h"
 
 namespace quarvel {

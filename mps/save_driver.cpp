@@ -13,6 +13,7 @@
 #include "mps/frm_mps_file_open.h"
 #include "mps/mps_writer.h"
 #include "platform/automation_error.h"
+#include "platform/file_dialog.h"
 #include "platform/files.h"
 
 namespace quarvel {

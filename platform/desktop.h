@@ -13,6 +13,7 @@ namespace quarvel::platform {
 
 class Form;
 class FormPeer;
+struct FileDialog;
 struct Showing;
 
 // Buttons and icon of a message box; the numbers are those every automation host knows.
@@ -27,20 +28,6 @@ enum class MsgBoxResult : int { kOk = 1, kCancel = 2, kYes = 6, kNo = 7 };
 
 // What a box without a title of its own carries.
 inline constexpr std::string_view kDefaultTitle = "Quarvel";
-
-struct FileDialog {
-  enum class Kind { kOpen, kSave };
-  Kind kind = Kind::kOpen;
-  std::string title;
-  // Pairs of words and patterns, all separated by "|": "MPS files (*.MPS)|*.MPS|all files
-  // (*.*)|*.*".
-  std::string filter;
-  std::string default_extension;  // with its point; appended to a name that has no extension
-  // In: the name offered at first. Out: the chosen path, empty when cancelled.
-  std::string file_name;
-  // Where the user begins to look; empty leaves it to the platform.
-  std::string folder = {};
-};
 
 enum class MousePointer { kDefault, kWait };
 
@@ -57,8 +44,8 @@ class Desktop {
   virtual std::string InputBox(std::string_view prompt, std::string_view title,
                                std::string_view default_text) = 0;
 
-  // Shows the platform's file dialog; the chosen path is left in `dialog.file_name`.
-  virtual void ShowFileDialog(FileDialog& dialog) = 0;
+  // Shows the platform's file dialog and gives the chosen path; empty when cancelled.
+  virtual std::string ShowFileDialog(const FileDialog& dialog) = 0;
 
   // Lets events that are pending run. A drawer may skip a call that comes too soon after the last,
   // so that calling it often costs nothing; it never waits.

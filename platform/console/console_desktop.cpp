@@ -243,16 +243,13 @@ std::string ConsoleDesktop::InputBox(std::string_view prompt, std::string_view t
   return line->empty() ? std::string(default_text) : *line;
 }
 
-void ConsoleDesktop::ShowFileDialog(FileDialog& dialog) {
-  if (const auto path = answers_.AnswerFile(dialog)) {
-    dialog.file_name = *path;
-    return;
-  }
+std::string ConsoleDesktop::ShowFileDialog(const FileDialog& dialog) {
+  if (auto path = answers_.AnswerFile(dialog)) return *std::move(path);
   const auto line = Ask(dialog.title + "\n> ");
   std::string name(Trimmed(line.value_or("")));
   // Only a new file gets the extension: an existing one is called what it is called.
   const bool saving = dialog.kind == FileDialog::Kind::kSave;
-  dialog.file_name = saving ? WithExtension(std::move(name), dialog.default_extension) : name;
+  return saving ? WithExtension(std::move(name), dialog.default_extension) : name;
 }
 
 void ConsoleDesktop::DoEvents() {

@@ -15,6 +15,7 @@
 
 #include "platform/console/console_system.h"
 #include "platform/desktop.h"
+#include "platform/file_dialog.h"
 #include "platform/form.h"
 
 namespace quarvel::platform {
@@ -56,7 +57,7 @@ class ConsoleDesktop : public Desktop {
   MsgBoxResult MsgBox(std::string_view text, MsgBoxStyle style, std::string_view title) override;
   std::string InputBox(std::string_view prompt, std::string_view title,
                        std::string_view default_text) override;
-  void ShowFileDialog(FileDialog& dialog) override;
+  std::string ShowFileDialog(const FileDialog& dialog) override;
   void DoEvents() override;
   void CopyToClipboard(std::string_view) override {}
   void Beep() override;

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "platform/desktop.h"
+#include "platform/file_dialog.h"
 #include "platform/qt/event_pump.h"
 
 namespace quarvel::platform::qt {
@@ -18,6 +19,6 @@ std::string AskLine(EventPump& pump, const QWidget* owner, std::string_view prom
                     std::string_view title, std::string_view default_text);
 
 // As Desktop::ShowFileDialog.
-void AskFile(EventPump& pump, const QWidget* owner, FileDialog& request);
+std::string AskFile(EventPump& pump, const QWidget* owner, const FileDialog& request);
 
 }  // namespace quarvel::platform::qt

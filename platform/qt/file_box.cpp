@@ -23,7 +23,7 @@ QStringList FiltersOf(std::string_view filter) {
 
 }  // namespace
 
-void AskFile(EventPump& pump, const QWidget* owner, FileDialog& request) {
+std::string AskFile(EventPump& pump, const QWidget* owner, const FileDialog& request) {
   const bool saving = request.kind == FileDialog::Kind::kSave;
   QFileDialog dialog;
   dialog.setObjectName("filedialog");
@@ -38,7 +38,7 @@ void AskFile(EventPump& pump, const QWidget* owner, FileDialog& request) {
   if (!request.folder.empty()) dialog.setDirectory(ToQt(request.folder));
   if (!request.file_name.empty()) dialog.selectFile(ToQt(request.file_name));
   const bool chosen = RunDialog(pump, dialog, owner) && !dialog.selectedFiles().isEmpty();
-  request.file_name = chosen ? FromQt(dialog.selectedFiles().constFirst()) : std::string();
+  return chosen ? FromQt(dialog.selectedFiles().constFirst()) : std::string();
 }
 
 }  // namespace quarvel::platform::qt

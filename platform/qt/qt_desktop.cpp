@@ -55,7 +55,9 @@ class QtDesktop : public Desktop {
     return qt::AskLine(pump_, Owner(), prompt, title, default_text);
   }
 
-  void ShowFileDialog(FileDialog& dialog) override { qt::AskFile(pump_, Owner(), dialog); }
+  std::string ShowFileDialog(const FileDialog& dialog) override {
+    return qt::AskFile(pump_, Owner(), dialog);
+  }
 
   void DoEvents() override {
     pump_.Pending();

@@ -85,15 +85,16 @@ std::string ScriptedDesktop::InputBox(std::string_view prompt, std::string_view 
   return text;
 }
 
-void ScriptedDesktop::ShowFileDialog(FileDialog& dialog) {
+std::string ScriptedDesktop::ShowFileDialog(const FileDialog& dialog) {
   file_dialogs_.push_back(dialog);
   const char* const kind = dialog.kind == FileDialog::Kind::kOpen ? "open" : "save";
   const std::string asked =
       std::string("file ") + kind + " [" + dialog.title + "] " + dialog.filter;
   if (const auto hook = on_file) hook(dialog);
   if (files.empty()) Unexpected(asked);
-  dialog.file_name = TakeFront(files);
-  Record(asked + " -> " + dialog.file_name);
+  std::string path = TakeFront(files);
+  Record(asked + " -> " + path);
+  return path;
 }
 
 void ScriptedDesktop::DoEvents() {

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "platform/desktop.h"
+#include "platform/file_dialog.h"
 #include "platform/form.h"
 
 namespace quarvel::platform {
@@ -43,7 +44,7 @@ class ScriptedDesktop : public Desktop {
   std::deque<std::string> files;
   std::deque<std::string> inputs;
   // Called while a file dialog is up, before the next of `files` is taken.
-  std::function<void(FileDialog&)> on_file;
+  std::function<void(const FileDialog&)> on_file;
   // Called at every DoEvents with its number, 1 for the first.
   std::function<void(std::int64_t)> on_events;
   // Called for each turn of a waiting modal loop with the form on top. When it is not set, or has
@@ -76,7 +77,7 @@ class ScriptedDesktop : public Desktop {
   MsgBoxResult MsgBox(std::string_view text, MsgBoxStyle style, std::string_view title) override;
   std::string InputBox(std::string_view prompt, std::string_view title,
                        std::string_view default_text) override;
-  void ShowFileDialog(FileDialog& dialog) override;
+  std::string ShowFileDialog(const FileDialog& dialog) override;
   void DoEvents() override;
   void CopyToClipboard(std::string_view text) override;
   void Beep() override;

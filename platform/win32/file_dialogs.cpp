@@ -50,7 +50,7 @@ std::wstring SystemExtension(std::string_view extension) {
   return ToWide(extension);
 }
 
-void ChooseFile(FileDialog& dialog, HWND owner) {
+std::string ChooseFile(const FileDialog& dialog, HWND owner) {
   const std::wstring filter = SystemFilter(dialog.filter);
   const std::wstring extension = SystemExtension(dialog.default_extension);
   const std::wstring folder = FullPath(dialog.folder);
@@ -77,7 +77,7 @@ void ChooseFile(FileDialog& dialog, HWND owner) {
     path[0] = L'\0';
     chosen = Ask(dialog.kind, request);
   }
-  dialog.file_name = chosen ? ToUtf8(path.data()) : "";
+  return chosen ? ToUtf8(path.data()) : std::string();
 }
 
 }  // namespace quarvel::platform::win32

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/desktop.h"
+#include "platform/file_dialog.h"
 #include "platform/win32/win32.h"
 
 namespace quarvel::platform::win32 {
@@ -15,7 +15,7 @@ std::wstring SystemFilter(std::string_view filter);
 // An extension without its point; empty for none.
 std::wstring SystemExtension(std::string_view extension);
 
-// Lets the user choose; `dialog.file_name` is the chosen path, empty when there is none.
-void ChooseFile(FileDialog& dialog, HWND owner);
+// As Desktop::ShowFileDialog, over `owner`, which may be null.
+std::string ChooseFile(const FileDialog& dialog, HWND owner);
 
 }  // namespace quarvel::platform::win32

@@ -64,7 +64,7 @@ class Win32Desktop : public Desktop {
   MsgBoxResult MsgBox(std::string_view text, MsgBoxStyle style, std::string_view title) override;
   std::string InputBox(std::string_view prompt, std::string_view title,
                        std::string_view default_text) override;
-  void ShowFileDialog(FileDialog& dialog) override;
+  std::string ShowFileDialog(const FileDialog& dialog) override;
   void DoEvents() override;
   void CopyToClipboard(std::string_view text) override { SetClipboardText(text); }
   void Beep() override { MessageBeep(MB_OK); }
@@ -116,13 +116,13 @@ std::string Win32Desktop::InputBox(std::string_view prompt, std::string_view tit
   return box.entered();
 }
 
-void Win32Desktop::ShowFileDialog(FileDialog& dialog) {
+std::string Win32Desktop::ShowFileDialog(const FileDialog& dialog) {
   Flush();
   const HWND owner = OwnerWindow();
   const DisabledWindows others(DisabledWindows::Which::kAll, owner);
   const QuitKept quit;
   const ActivationContext::Use use(state_->common_controls);
-  ChooseFile(dialog, owner);
+  return ChooseFile(dialog, owner);
 }
 
 void Win32Desktop::DoEvents() {

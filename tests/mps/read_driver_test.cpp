@@ -9,6 +9,7 @@
 #include "mps/frm_mps_file_open.h"
 #include "mps/frm_progress.h"
 #include "mps/frm_set_default_bounds.h"
+#include "platform/file_dialog.h"
 #include "tests/mps/read_helpers.h"
 
 namespace quarvel {

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/file_dialog.h"
 #include "platform/files.h"
 #include "tests/mps/saving.h"
 

@@ -114,16 +114,14 @@ TEST_F(ConsoleDesktopTest, AsksForTextOnATerminalOnly) {
 
 TEST_F(ConsoleDesktopTest, TakesTheFileOfTheProgramAsItIs) {
   answers_.file = "out";
-  FileDialog dialog{FileDialog::Kind::kSave, "Save As...", "", ".mps", "offered"};
-  desktop_.ShowFileDialog(dialog);
-  EXPECT_EQ(dialog.file_name, "out");
+  const FileDialog dialog{FileDialog::Kind::kSave, "Save As...", "", ".mps", "offered"};
+  EXPECT_EQ(desktop_.ShowFileDialog(dialog), "out");
 }
 
 TEST_F(ConsoleDesktopTest, CancelsAFileDialogNobodyAnswers) {
   FileDialog dialog;
   dialog.file_name = "offered";
-  desktop_.ShowFileDialog(dialog);
-  EXPECT_EQ(dialog.file_name, "");
+  EXPECT_EQ(desktop_.ShowFileDialog(dialog), "");
 }
 
 TEST_F(ConsoleDesktopTest, CompletesATypedNameToSave) {
@@ -138,9 +136,10 @@ TEST_F(ConsoleDesktopTest, CompletesATypedNameToSave) {
                        {kSave, "", ""},
                        {kOpen, " in ", "in"}}) {
     Type({c.typed});
-    FileDialog dialog{c.kind, "Choose", "", ".mps", ""};
-    EXPECT_EQ(Printed([&] { desktop_.ShowFileDialog(dialog); }), "Choose\n> ");
-    EXPECT_EQ(dialog.file_name, c.name);
+    const FileDialog dialog{c.kind, "Choose", "", ".mps", ""};
+    std::string name;
+    EXPECT_EQ(Printed([&] { name = desktop_.ShowFileDialog(dialog); }), "Choose\n> ");
+    EXPECT_EQ(name, c.name);
   }
 }
 

@@ -28,8 +28,8 @@ TEST(ScriptedDesktop, WritesDownEverythingInOrder) {
   bar.set_value(2.5F);
   desktop.DoEvents();
   desktop.MsgBox("Go on?", MsgBoxStyle::kYesNo, "Confirm");
-  FileDialog dialog{FileDialog::Kind::kSave, "Save As...", "all (*.*)|*.*", ".mps", ""};
-  desktop.ShowFileDialog(dialog);
+  const FileDialog dialog{FileDialog::Kind::kSave, "Save As...", "all (*.*)|*.*", ".mps", ""};
+  EXPECT_EQ(desktop.ShowFileDialog(dialog), "/m/model.mps");
   desktop.InputBox("How many?", "Count", "1");
   desktop.SetMousePointer(MousePointer::kWait);
   desktop.SetMousePointer(MousePointer::kDefault);
@@ -63,10 +63,9 @@ TEST(ScriptedDesktop, GivesEveryBoxToItsAnswererWhenSet) {
 
 TEST(ScriptedDesktop, RefusesWhatTheTestDidNotExpect) {
   ScriptedDesktop desktop;
-  FileDialog dialog;
   EXPECT_THROW(desktop.MsgBox("Sure?", MsgBoxStyle::kYesNo, "t"), std::logic_error);
   EXPECT_THROW(desktop.InputBox("Name?", "t", ""), std::logic_error);
-  EXPECT_THROW(desktop.ShowFileDialog(dialog), std::logic_error);
+  EXPECT_THROW(desktop.ShowFileDialog(FileDialog()), std::logic_error);
   EXPECT_EQ(desktop.transcript().at(1), "unexpected question: Sure?");
 }
 
@@ -97,8 +96,7 @@ TEST(ScriptedDesktop, KeepsTheDialogsAsTheyWereAsked) {
   desktop.files = {""};
   FileDialog dialog;
   dialog.file_name = "offered";
-  desktop.ShowFileDialog(dialog);
-  EXPECT_EQ(dialog.file_name, "");
+  EXPECT_EQ(desktop.ShowFileDialog(dialog), "");
   EXPECT_EQ(desktop.file_dialogs().at(0).file_name, "offered");
 }
 

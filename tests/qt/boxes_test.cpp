@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <fstream>
 
+#include "platform/file_dialog.h"
 #include "platform/files.h"
 #include "tests/qt/qt_fixture.h"
 #include "tests/support/form_fixture.h"
@@ -174,10 +175,8 @@ class QtFiles : public QtTest {
 TEST_F(QtFiles, OpenGivesTheChosenPathAndLeavesTheFolderAlone) {
   const std::string here = QDir::currentPath().toStdString();
   Make("a \xC3\xA4.mps");
-  FileDialog request = OpenRequest();
   Type(Path("a \xC3\xA4.mps"));
-  desktop_->ShowFileDialog(request);
-  EXPECT_EQ(request.file_name, Path("a \xC3\xA4.mps"));
+  EXPECT_EQ(desktop_->ShowFileDialog(OpenRequest()), Path("a \xC3\xA4.mps"));
   EXPECT_EQ(QDir::currentPath().toStdString(), here);
 }
 
@@ -185,8 +184,7 @@ TEST_F(QtFiles, OpenIsEmptyWhenCancelled) {
   FileDialog request = OpenRequest();
   request.file_name = "offered.mps";
   In("filedialog", [](QWidget& box) { PressKey(box, Qt::Key_Escape); });
-  desktop_->ShowFileDialog(request);
-  EXPECT_EQ(request.file_name, "");
+  EXPECT_EQ(desktop_->ShowFileDialog(request), "");
 }
 
 TEST_F(QtFiles, BeginsInTheFolderThatIsAskedFor) {
@@ -216,8 +214,7 @@ TEST_F(QtFiles, OpenShowsFilesInEitherLetterCase) {
     }
     dialog.reject();
   });
-  FileDialog request = OpenRequest();
-  desktop_->ShowFileDialog(request);
+  desktop_->ShowFileDialog(OpenRequest());
   shown.sort(Qt::CaseInsensitive);
   EXPECT_EQ(shown, (QStringList{"LARGE.MPS", "small.mps"}));
 }
@@ -226,24 +223,20 @@ TEST_F(QtFiles, SaveAddsTheExtensionOnceAndOnlyWhereThereIsNone) {
   const std::pair<std::string, std::string> cases[] = {
       {"new", "new.mps"}, {"new.mps", "new.mps"}, {"new.dat", "new.dat"}};
   for (const auto& [typed, saved] : cases) {
-    FileDialog request = SaveRequest();
     Type(Path(typed));
-    desktop_->ShowFileDialog(request);
-    EXPECT_EQ(request.file_name, Path(saved));
+    EXPECT_EQ(desktop_->ShowFileDialog(SaveRequest()), Path(saved));
   }
 }
 
 TEST_F(QtFiles, SaveAsksBeforeItGoesOverAFile) {
   Make("old.mps");
-  FileDialog request = SaveRequest();
   Type(Path("old"));
   const auto question = [] {
     return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
   };
   When([question] { return question() != nullptr; },
        [question] { ClickIn(*question()->button(QMessageBox::Yes)); });
-  desktop_->ShowFileDialog(request);
-  EXPECT_EQ(request.file_name, Path("old.mps"));
+  EXPECT_EQ(desktop_->ShowFileDialog(SaveRequest()), Path("old.mps"));
 }
 
 TEST_F(QtBoxes, PointerOfWaitingIsBalanced) {

@@ -191,7 +191,7 @@ TEST_F(CallbackTest, SaveUnderAnEmptiedWindowKeepsNameAndDescription) {
     model_.SetModelName("KEPT");
     model_.SetModelDescription("kept too");
     desktop_.answers = {kNo};
-    desktop_.on_file = [&](platform::FileDialog&) {
+    desktop_.on_file = [&](const platform::FileDialog&) {
       desktop_.on_file = nullptr;
       desktop_.answers = {kYes, kNo};
       desktop_.files = {""};

@@ -3,6 +3,7 @@
 #include <fstream>
 #include <string>
 
+#include "platform/file_dialog.h"
 #include "platform/win32/clipboard.h"
 #include "platform/win32/file_dialogs.h"
 #include "platform/win32/fitted_text.h"
@@ -187,8 +188,7 @@ TEST_F(FileDialogTest, GivesTheChosenPathAndKeepsTheCurrentFolder) {
   std::ofstream(file) << "NAME\n";
   const auto before = std::filesystem::current_path();
   Answer(file.wstring());
-  desktop().ShowFileDialog(dialog_);
-  EXPECT_EQ(dialog_.file_name, Utf8(file));
+  EXPECT_EQ(desktop().ShowFileDialog(dialog_), Utf8(file));
   EXPECT_EQ(std::filesystem::current_path(), before);
 }
 
@@ -196,25 +196,21 @@ TEST_F(FileDialogTest, BeginsInTheFolderThatIsAskedFor) {
   std::ofstream(folder_ / L"here.mps") << "NAME\n";
   dialog_.folder = Utf8(folder_);
   Answer(L"here.mps");
-  desktop().ShowFileDialog(dialog_);
-  EXPECT_EQ(dialog_.file_name, Utf8(folder_ / L"here.mps"));
+  EXPECT_EQ(desktop().ShowFileDialog(dialog_), Utf8(folder_ / L"here.mps"));
 }
 
 TEST_F(FileDialogTest, CancelledGivesNothing) {
   dialog_.file_name = "offered.mps";
   Answer(L"");
-  desktop().ShowFileDialog(dialog_);
-  EXPECT_EQ(dialog_.file_name, "");
+  EXPECT_EQ(desktop().ShowFileDialog(dialog_), "");
 }
 
 TEST_F(FileDialogTest, AppendsTheExtensionOnceWhenSaving) {
   dialog_.kind = FileDialog::Kind::kSave;
   Answer((folder_ / L"new").wstring());
-  desktop().ShowFileDialog(dialog_);
-  EXPECT_EQ(dialog_.file_name, Utf8(folder_ / L"new.mps"));
+  EXPECT_EQ(desktop().ShowFileDialog(dialog_), Utf8(folder_ / L"new.mps"));
   Answer((folder_ / L"other.txt").wstring());
-  desktop().ShowFileDialog(dialog_);
-  EXPECT_EQ(dialog_.file_name, Utf8(folder_ / L"other.txt"));
+  EXPECT_EQ(desktop().ShowFileDialog(dialog_), Utf8(folder_ / L"other.txt"));
 }
 
 TEST_F(BoxesTest, ClipboardHoldsWhatWasCopiedLast) {
