@@ -13,11 +13,6 @@ bool NamedRecord::IsIn(const ModelQueries& model) const {
   return HasRecord(model, *kind, number) && (model.*kind->name)(number) == name;
 }
 
-bool NamedElement::IsIn(const ModelQueries& model) const {
-  return row.IsIn(model) && column.IsIn(model) && place < model.RowNumberElements(row.number) &&
-         model.RowElementCol(row.number, place) == column.number;
-}
-
 std::optional<std::int32_t> PlaceInRow(const ModelQueries& model, std::int32_t row,
                                        std::int32_t column) {
   const std::int32_t count = model.RowNumberElements(row);
@@ -25,6 +20,23 @@ std::optional<std::int32_t> PlaceInRow(const ModelQueries& model, std::int32_t r
     if (model.RowElementCol(row, k) == column) return k;
   }
   return std::nullopt;
+}
+
+std::optional<NamedElement> NamedElement::At(const ModelQueries& model, const RecordKind& kind,
+                                             std::int32_t number, std::int32_t line) {
+  if (line < 0 || line >= (model.*kind.elements)(number)) return std::nullopt;
+  const NamedRecord record = NamedRecord::Of(model, kind, number);
+  const NamedRecord other =
+      NamedRecord::Of(model, kind.other, (model.*kind.element_at)(number, line));
+  if (&kind == &kRowKind) return NamedElement{record, other, line};
+  const auto place = PlaceInRow(model, other.number, number);
+  if (!place) return std::nullopt;
+  return NamedElement{other, record, *place};
+}
+
+bool NamedElement::IsIn(const ModelQueries& model) const {
+  return row.IsIn(model) && column.IsIn(model) && place < model.RowNumberElements(row.number) &&
+         model.RowElementCol(row.number, place) == column.number;
 }
 
 std::string NoneSelectedText(const RecordKind& kind) {

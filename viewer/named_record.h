@@ -20,18 +20,22 @@ struct NamedRecord {
   std::string name = {};
 };
 
+// The place in the row's list of its element at the column: the first one, as for every look-up of
+// a coefficient; nothing without one. Walks that list.
+std::optional<std::int32_t> PlaceInRow(const ModelQueries& model, std::int32_t row,
+                                       std::int32_t column);
+
 struct NamedElement {
+  // The element that stands at `line` of a record's list; nothing when there is none.
+  static std::optional<NamedElement> At(const ModelQueries& model, const RecordKind& kind,
+                                        std::int32_t number, std::int32_t line);
   bool IsIn(const ModelQueries& model) const;
+  const NamedRecord& Of(const RecordKind& kind) const { return &kind == &kRowKind ? row : column; }
 
   NamedRecord row;
   NamedRecord column;
   std::int32_t place = 0;  // in the row's list
 };
-
-// The place in the row's list of its element at the column: the first one, as for every look-up of
-// a coefficient; nothing without one. Walks that list.
-std::optional<std::int32_t> PlaceInRow(const ModelQueries& model, std::int32_t row,
-                                       std::int32_t column);
 
 // What is said when a record is needed and none is chosen, or the chosen one is gone.
 std::string NoneSelectedText(const RecordKind& kind);

@@ -1,5 +1,8 @@
 #include "viewer/viewer_menu.h"
 
+#include <cassert>
+#include <cstddef>
+
 namespace quarvel {
 namespace {
 
@@ -8,83 +11,177 @@ using platform::CtrlShift;
 using platform::Key;
 using platform::KeyPress;
 using platform::MenuItem;
+using Commands = ViewerCommands;
 
+// When an item can be used, apart from the need for editing.
+using Usable = bool (*)(const CommandDesk& desk);
+
+bool Always(const CommandDesk&) { return true; }
+
+bool WithRow(const CommandDesk& desk) { return desk.contents().rows.filter.count() > 0; }
+
+bool WithColumn(const CommandDesk& desk) { return desk.contents().columns.filter.count() > 0; }
+
+bool WithElementOfRow(const CommandDesk& desk) {
+  if (!WithRow(desk) || !desk.IsReady()) return false;
+  const auto row = desk.contents().rows.Selected();
+  return row && desk.model().RowNumberElements(*row) > 0;
+}
+
+bool WithElements(const CommandDesk& desk) {
+  return desk.IsReady() && desk.model().NumberOfElements() > 0;
+}
+
+enum class Access { kReads, kEdits };
+constexpr Access kReads = Access::kReads;
+constexpr Access kEdits = Access::kEdits;
+
+// An item: a menu, a command, or a line between items, which has neither caption nor command.
 struct Line {
-  MenuId id;
-  MenuId parent;  // an item of the menu bar is its own
+  std::string_view menu;  // the item in whose menu it stands; empty on the menu bar
   const char* name;
-  const char* caption;  // empty for a line between items
+  const char* caption = "";
   char access_key = 0;
   KeyPress shortcut = {};
+  Access access = kReads;
+  Usable usable = Always;
+  void (*run)(Commands& commands) = nullptr;
 };
 
+constexpr KeyPress kNoKey = {};
+constexpr KeyPress kF1{Key::kF1};
+constexpr KeyPress kF2{Key::kF2};
+constexpr KeyPress kDelete{Key::kDelete};
+
 // The two rename commands share a key: one of them is hidden at any time.
-constexpr std::array<Line, kMenuItems> kLines = {{
-    {MenuId::kFile, MenuId::kFile, "mnuFile", "File", 'F'},
-    {MenuId::kFileNew, MenuId::kFile, "mnuFileNew", "New", 'N', Ctrl('N')},
-    {MenuId::kFileOpen, MenuId::kFile, "mnuFileOpen", "Open...", 'O', Ctrl('O')},
-    {MenuId::kFileSave, MenuId::kFile, "mnuFileSave", "Save", 'S', Ctrl('S')},
-    {MenuId::kFileSaveAs, MenuId::kFile, "mnuFileSaveAs", "Save As...", 'A', CtrlShift('S')},
-    {MenuId::kFileLine, MenuId::kFile, "mnuFileLine", ""},
-    {MenuId::kFileExit, MenuId::kFile, "mnuFileExit", "Exit", 'x'},
-    {MenuId::kEdit, MenuId::kEdit, "mnuEdit", "Edit", 'E'},
-    {MenuId::kEditRow, MenuId::kEdit, "mnuEditRow", "Row", 'R'},
-    {MenuId::kEditRowAdd, MenuId::kEditRow, "mnuEditRowAdd", "Add Row...", 'A'},
-    {MenuId::kEditRowRename, MenuId::kEditRow, "mnuEditRowRename", "Rename Row...", 'R',
-     KeyPress{Key::kF2}},
-    {MenuId::kEditRowDel, MenuId::kEditRow, "mnuEditRowDel", "Delete Row", 'D',
-     KeyPress{Key::kDelete}},
-    {MenuId::kEditRowLine1, MenuId::kEditRow, "mnuEditRowLine1", ""},
-    {MenuId::kEditRowAddEle, MenuId::kEditRow, "mnuEditRowAddEle", "Add Element...", 'E'},
-    {MenuId::kEditRowChangeEle, MenuId::kEditRow, "mnuEditRowChangeEle", "Change Element Value...",
-     'V'},
-    {MenuId::kEditRowDelEle, MenuId::kEditRow, "mnuEditRowDelEle", "Delete Element", 'l'},
-    {MenuId::kEditRowLine2, MenuId::kEditRow, "mnuEditRowLine2", ""},
-    {MenuId::kEditRowChangeBnd, MenuId::kEditRow, "mnuEditRowChangeBnd",
-     "Change Type and Bounds...", 'B'},
-    {MenuId::kEditCol, MenuId::kEdit, "mnuEditCol", "Column", 'C'},
-    {MenuId::kEditColAdd, MenuId::kEditCol, "mnuEditColAdd", "Add Column...", 'A'},
-    {MenuId::kEditColRename, MenuId::kEditCol, "mnuEditColRename", "Rename Column...", 'R',
-     KeyPress{Key::kF2}},
-    {MenuId::kEditColDel, MenuId::kEditCol, "mnuEditColDel", "Delete Column", 'D',
-     KeyPress{Key::kDelete}},
-    {MenuId::kEditColLine1, MenuId::kEditCol, "mnuEditColLine1", ""},
-    {MenuId::kEditColChangeEle, MenuId::kEditCol, "mnuEditColChangeEle", "Change Element Value...",
-     'V'},
-    {MenuId::kEditColDelEle, MenuId::kEditCol, "mnuEditColDelEle", "Delete Element", 'l'},
-    {MenuId::kEditColLine2, MenuId::kEditCol, "mnuEditColLine2", ""},
-    {MenuId::kEditColChangeTypeBnd, MenuId::kEditCol, "mnuEditColChangeTypeBnd",
-     "Change Type and Bounds...", 'B'},
-    {MenuId::kEditLine, MenuId::kEdit, "mnuEditLine", ""},
-    {MenuId::kEditSimplify, MenuId::kEdit, "mnuEditSimplify", "Simplify Model...", 'S'},
-    {MenuId::kHelp, MenuId::kHelp, "mnuHelp", "Help", 'H'},
-    {MenuId::kHelpHelp, MenuId::kHelp, "mnuHelpHelp", "Help", 'H', KeyPress{Key::kF1}},
-    {MenuId::kHelpAbout, MenuId::kHelp, "mnuHelpAbout", "About Quarvel", 'A'},
-}};
+// clang-format off
+constexpr Line kLines[] = {
+    {"", "mnuFile", "File", 'F'},
+    {"mnuFile", "mnuFileNew", "New", 'N', Ctrl('N'), kEdits, Always,
+     [](Commands& c) { c.file.New(); }},
+    {"mnuFile", "mnuFileOpen", "Open...", 'O', Ctrl('O'), kEdits, Always,
+     [](Commands& c) { c.file.Open(); }},
+    {"mnuFile", "mnuFileSave", "Save", 'S', Ctrl('S'), kEdits, Always,
+     [](Commands& c) { c.file.Save(); }},
+    {"mnuFile", "mnuFileSaveAs", "Save As...", 'A', CtrlShift('S'), kEdits, Always,
+     [](Commands& c) { c.file.SaveAs(); }},
+    {"mnuFile", "mnuFileLine"},
+    {"mnuFile", "mnuFileExit", "Exit", 'x', kNoKey, kReads, Always,
+     [](Commands& c) { c.file.Exit(); }},
+
+    {"", "mnuEdit", "Edit", 'E', kNoKey, kEdits},
+    {"mnuEdit", "mnuEditRow", "Row", 'R', kNoKey, kEdits},
+    {"mnuEditRow", "mnuEditRowAdd", "Add Row...", 'A', kNoKey, kEdits, Always,
+     [](Commands& c) { c.rows.Add(); }},
+    {"mnuEditRow", "mnuEditRowRename", "Rename Row...", 'R', kF2, kEdits, WithRow,
+     [](Commands& c) { c.rows.Rename(); }},
+    {"mnuEditRow", "mnuEditRowDel", "Delete Row", 'D', kDelete, kEdits, WithRow,
+     [](Commands& c) { c.rows.Delete(); }},
+    {"mnuEditRow", "mnuEditRowLine1"},
+    {"mnuEditRow", "mnuEditRowAddEle", "Add Element...", 'E', kNoKey, kEdits, WithRow,
+     [](Commands& c) { c.elements.AddToRow(); }},
+    {"mnuEditRow", "mnuEditRowChangeEle", "Change Element Value...", 'V', kNoKey, kEdits,
+     WithElementOfRow, [](Commands& c) { c.elements.ChangeInRow(); }},
+    {"mnuEditRow", "mnuEditRowDelEle", "Delete Element", 'l', kNoKey, kEdits, WithElementOfRow,
+     [](Commands& c) { c.elements.DeleteFromRow(); }},
+    {"mnuEditRow", "mnuEditRowLine2"},
+    {"mnuEditRow", "mnuEditRowChangeBnd", "Change Type and Bounds...", 'B', kNoKey, kEdits, WithRow,
+     [](Commands& c) { c.rows.ChangeBounds(); }},
+    {"mnuEdit", "mnuEditCol", "Column", 'C', kNoKey, kEdits},
+    {"mnuEditCol", "mnuEditColAdd", "Add Column...", 'A', kNoKey, kEdits, Always,
+     [](Commands& c) { c.columns.Add(); }},
+    {"mnuEditCol", "mnuEditColRename", "Rename Column...", 'R', kF2, kEdits, WithColumn,
+     [](Commands& c) { c.columns.Rename(); }},
+    {"mnuEditCol", "mnuEditColDel", "Delete Column", 'D', kDelete, kEdits, WithColumn,
+     [](Commands& c) { c.columns.Delete(); }},
+    {"mnuEditCol", "mnuEditColLine1"},
+    {"mnuEditCol", "mnuEditColChangeEle", "Change Element Value...", 'V', kNoKey, kEdits,
+     WithColumn, [](Commands& c) { c.elements.ChangeInColumn(); }},
+    {"mnuEditCol", "mnuEditColDelEle", "Delete Element", 'l', kNoKey, kEdits, WithColumn,
+     [](Commands& c) { c.elements.DeleteFromColumn(); }},
+    {"mnuEditCol", "mnuEditColLine2"},
+    {"mnuEditCol", "mnuEditColChangeTypeBnd", "Change Type and Bounds...", 'B', kNoKey, kEdits,
+     WithColumn, [](Commands& c) { c.columns.ChangeBounds(); }},
+    {"mnuEdit", "mnuEditLine"},
+    {"mnuEdit", "mnuEditSimplify", "Simplify Model...", 'S', kNoKey, kEdits, WithElements,
+     [](Commands& c) { c.file.Simplify(); }},
+
+    {"", "mnuHelp", "Help", 'H'},
+    {"mnuHelp", "mnuHelpHelp", "Help", 'H', kF1, kReads, Always,
+     [](Commands& c) { c.file.Help(); }},
+    {"mnuHelp", "mnuHelpAbout", "About Quarvel", 'A', kNoKey, kReads, Always,
+     [](Commands& c) { c.file.About(); }},
+};
+// clang-format on
+
+constexpr std::size_t kNone = std::size(kLines);
+
+constexpr std::size_t PlaceOf(std::string_view name) {
+  for (std::size_t i = 0; i < std::size(kLines); ++i) {
+    if (kLines[i].name == name) return i;
+  }
+  return kNone;
+}
 
 constexpr bool StandsInOrder() {
-  for (std::size_t i = 0; i < kLines.size(); ++i) {
-    if (static_cast<std::size_t>(kLines[i].id) != i || kLines[i].parent > kLines[i].id)
-      return false;
+  for (std::size_t i = 0; i < std::size(kLines); ++i) {
+    if (!kLines[i].menu.empty() && PlaceOf(kLines[i].menu) >= i) return false;
   }
   return true;
 }
-static_assert(StandsInOrder());
+static_assert(StandsInOrder(), "a menu stands before its items");
+
+void Run(const Line& line, ViewerCommands& commands) {
+  CommandDesk& desk = commands.desk;
+  if (!desk.IsReady() || (line.access == kEdits && !desk.editing())) return;
+  try {
+    line.run(commands);
+  } catch (...) {
+    desk.Refill();
+    throw;
+  }
+}
 
 }  // namespace
 
 ViewerMenu::ViewerMenu(platform::Form& form) {
   for (const Line& line : kLines) {
-    MenuItem* const parent = line.parent == line.id ? nullptr : &(*this)[line.parent];
-    auto item = std::make_unique<MenuItem>(form, line.name, parent);
+    MenuItem* const menu = line.menu.empty() ? nullptr : &(*this)[line.menu];
+    auto item = std::make_unique<MenuItem>(form, line.name, menu);
     item->set_caption(line.caption);
     item->is_separator = line.caption[0] == '\0';
     item->access_key = line.access_key;
     item->shortcut = line.shortcut;
-    // The key deletes a row or column in its list alone; in a text box it deletes a letter.
+    // The key deletes a record in its list alone; in a text box it deletes a letter.
     item->shortcut_is_label = line.shortcut.key == Key::kDelete;
-    items_[static_cast<std::size_t>(line.id)] = std::move(item);
+    items_.push_back(std::move(item));
   }
+}
+
+void ViewerMenu::Connect(ViewerCommands& commands) {
+  for (std::size_t i = 0; i < items_.size(); ++i) {
+    const Line& line = kLines[i];
+    if (line.run != nullptr) items_[i]->on_click = [&line, &commands] { Run(line, commands); };
+  }
+}
+
+void ViewerMenu::Update(const CommandDesk& desk) {
+  for (std::size_t i = 0; i < items_.size(); ++i) {
+    const Line& line = kLines[i];
+    items_[i]->set_enabled((line.access == kReads || desk.editing()) && line.usable(desk));
+  }
+}
+
+void ViewerMenu::ShowPart(int page) {
+  for (const PageDesign* design : {&kRowsPage, &kColumnsPage}) {
+    (*this)[design->menu].set_visible(design->number == page);
+  }
+}
+
+MenuItem& ViewerMenu::operator[](std::string_view name) const {
+  const std::size_t place = PlaceOf(name);
+  assert(place < items_.size());
+  return *items_[place];
 }
 
 }  // namespace quarvel

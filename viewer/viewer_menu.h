@@ -1,61 +1,35 @@
-// The viewer's menus, as a table.
+// The viewer's menus: one table says all of a command (viewer_menu.cpp).
 #pragma once
 
-#include <array>
-#include <cstddef>
-#include <cstdint>
 #include <memory>
+#include <string_view>
+#include <vector>
 
 #include "platform/menu.h"
+#include "viewer/viewer_commands.h"
 
 namespace quarvel {
 
-// Every item, in the order in which the menus show them.
-enum class MenuId : std::uint8_t {
-  kFile,
-  kFileNew,
-  kFileOpen,
-  kFileSave,
-  kFileSaveAs,
-  kFileLine,
-  kFileExit,
-  kEdit,
-  kEditRow,
-  kEditRowAdd,
-  kEditRowRename,
-  kEditRowDel,
-  kEditRowLine1,
-  kEditRowAddEle,
-  kEditRowChangeEle,
-  kEditRowDelEle,
-  kEditRowLine2,
-  kEditRowChangeBnd,
-  kEditCol,
-  kEditColAdd,
-  kEditColRename,
-  kEditColDel,
-  kEditColLine1,
-  kEditColChangeEle,
-  kEditColDelEle,
-  kEditColLine2,
-  kEditColChangeTypeBnd,
-  kEditLine,
-  kEditSimplify,
-  kHelp,
-  kHelpHelp,
-  kHelpAbout,
-};
-inline constexpr std::size_t kMenuItems = static_cast<std::size_t>(MenuId::kHelpAbout) + 1;
-
 class ViewerMenu {
  public:
-  // Creates all items, with their captions and keys and without handlers.
+  // Creates all items, in the order in which the menus show them, with their captions and keys and
+  // without handlers.
   explicit ViewerMenu(platform::Form& form);
 
-  platform::MenuItem& operator[](MenuId id) const { return *items_[static_cast<std::size_t>(id)]; }
+  // Lets the items run their commands; a command that changes the model does nothing without
+  // editing, however it was reached. What it has changed before it failed is shown.
+  void Connect(ViewerCommands& commands);
+  // Enables the items that can be used now.
+  void Update(const CommandDesk& desk);
+  // Shows the part of the Edit menu for one page and hides the other's.
+  void ShowPart(int page);
+
+  // The item of that name, which the table has.
+  platform::MenuItem& operator[](std::string_view name) const;
+  const std::vector<std::unique_ptr<platform::MenuItem>>& items() const { return items_; }
 
  private:
-  std::array<std::unique_ptr<platform::MenuItem>, kMenuItems> items_;
+  std::vector<std::unique_ptr<platform::MenuItem>> items_;  // by lines of the table
 };
 
 }  // namespace quarvel

@@ -10,27 +10,28 @@ TEST_F(ViewerTest, ComesUpWithTheModelAndEverythingShown) {
   View([&] {
     frmViewEquations& v = viewer();
     EXPECT_EQ(v.caption(), "Model Viewer");
-    EXPECT_EQ(v.txtName.text(), "DIET");
-    EXPECT_EQ(v.txtDescription.text(), "first\r\nsecond");
-    EXPECT_EQ(v.sstViewEqns.current(), frmViewEquations::kColumnsPage);
-    EXPECT_EQ(v.rows.list.cboShowOnly.list_index(), 0);
-    EXPECT_EQ(v.columns.list.cboShowOnly.list_index(), 0);
+    EXPECT_EQ(v.contents.txtName.text(), "DIET");
+    EXPECT_EQ(v.contents.txtDescription.text(), "first\r\nsecond");
+    EXPECT_EQ(v.contents.sstViewEqns.current(), kColumnsPage.number);
+    EXPECT_EQ(v.contents.rows.cboShowOnly.list_index(), 0);
+    EXPECT_EQ(v.contents.columns.cboShowOnly.list_index(), 0);
     EXPECT_EQ(RowNames(), (Texts{"COST", "LIM", "LOW", "RNG", "EQ"}));
     EXPECT_EQ(ColumnNames(), (Texts{"X", "Y", "Z", "W"}));
-    EXPECT_EQ(v.rows.list.frame.caption(), "Rows (5)");
-    EXPECT_EQ(v.columns.list.frame.caption(), "Columns (4)");
-    EXPECT_EQ(v.rows.list.grid.current_row(), 0);
-    EXPECT_EQ(v.columns.list.grid.current_row(), 0);
+    EXPECT_EQ(v.contents.rows.fraList.caption(), "Rows (5)");
+    EXPECT_EQ(v.contents.columns.fraList.caption(), "Columns (4)");
+    EXPECT_EQ(v.contents.rows.fgrdList.current_row(), 0);
+    EXPECT_EQ(v.contents.columns.fgrdList.current_row(), 0);
   });
 }
 
 TEST_F(ViewerTest, OffersTheFilters) {
   BuildModel();
   View([&] {
-    EXPECT_EQ(viewer().rows.list.cboShowOnly.items(),
+    EXPECT_EQ(viewer().contents.rows.cboShowOnly.items(),
               (Texts{"show all", "non-binding/objectives", "constraints", "less than",
                      "greater than", "ranges", "equalities"}));
-    EXPECT_EQ(viewer().columns.list.cboShowOnly.items(), (Texts{"show all", "real", "integer"}));
+    EXPECT_EQ(viewer().contents.columns.cboShowOnly.items(),
+              (Texts{"show all", "real", "integer"}));
   });
 }
 
@@ -39,9 +40,10 @@ TEST_F(ViewerTest, NamesTheTypesInTheLists) {
   model_.AddRow("FRESH");
   model_.data().Columns[4].Type = 'B';
   View([&] {
-    EXPECT_EQ(Column(viewer().rows.list.grid, 1),
+    EXPECT_EQ(Column(viewer().contents.rows.fgrdList, 1),
               (Texts{"objective", "less than", "greater than", "ranged", "equality", ""}));
-    EXPECT_EQ(Column(viewer().columns.list.grid, 1), (Texts{"real", "integer", "real", "binary"}));
+    EXPECT_EQ(Column(viewer().contents.columns.fgrdList, 1),
+              (Texts{"real", "integer", "real", "binary"}));
   });
 }
 
@@ -52,15 +54,15 @@ TEST_F(ViewerTest, HasTheColumnWidthsOfEveryOpening) {
     for (int i = 0; i < grid.columns(); ++i) result.push_back(grid.column_width(i));
     return result;
   };
-  View([&] { viewer().rows.list.grid.set_column_width(0, 300); });
+  View([&] { viewer().contents.rows.fgrdList.set_column_width(0, 300); });
   View([&] {
     const frmViewEquations& v = viewer();
-    EXPECT_EQ(widths(v.rows.list.grid), (std::vector<int>{128, 72}));
-    EXPECT_EQ(widths(v.rows.fgrdRowsVars), (std::vector<int>{120, 88}));
-    EXPECT_EQ(widths(v.columns.list.grid), (std::vector<int>{190, 64}));
-    EXPECT_EQ(widths(v.columns.fgrdColsEqns), (std::vector<int>{152}));
-    EXPECT_EQ(v.columns.fgrdColsBounds.column_width(0), 104);
-    EXPECT_EQ(v.columns.fgrdColsBounds.column_width(1), 88);
+    EXPECT_EQ(widths(v.contents.rows.fgrdList), (std::vector<int>{128, 72}));
+    EXPECT_EQ(widths(v.contents.rows.fgrdElements), (std::vector<int>{120, 88}));
+    EXPECT_EQ(widths(v.contents.columns.fgrdList), (std::vector<int>{190, 64}));
+    EXPECT_EQ(widths(v.contents.columns.fgrdElements), (std::vector<int>{152}));
+    EXPECT_EQ(v.contents.columns.fgrdBounds.column_width(0), 104);
+    EXPECT_EQ(v.contents.columns.fgrdBounds.column_width(1), 88);
   });
 }
 
@@ -86,13 +88,13 @@ TEST_F(ViewerTest, FiltersRows) {
   };
   BuildModel();
   View([&] {
-    TurnTo(frmViewEquations::kRowsPage);
-    LinePane& list = viewer().rows.list;
+    TurnTo(kRowsPage.number);
+    RecordPage& list = viewer().contents.rows;
     for (const FilterCase& c : cases) {
       list.cboShowOnly.Select(c.position);
       if (list.chkInvert.checked() != c.invert) list.chkInvert.Click();
       EXPECT_EQ(RowNames(), c.kept) << c.position << c.invert;
-      EXPECT_EQ(list.frame.caption(), "Rows (5)");
+      EXPECT_EQ(list.fraList.caption(), "Rows (5)");
     }
   });
 }
@@ -105,12 +107,12 @@ TEST_F(ViewerTest, FiltersColumns) {
   BuildModel();
   model_.data().Columns[4].Type = 'B';
   View([&] {
-    LinePane& list = viewer().columns.list;
+    RecordPage& list = viewer().contents.columns;
     for (const FilterCase& c : cases) {
       list.cboShowOnly.Select(c.position);
       if (list.chkInvert.checked() != c.invert) list.chkInvert.Click();
       EXPECT_EQ(ColumnNames(), c.kept) << c.position << c.invert;
-      EXPECT_EQ(list.frame.caption(), "Columns (4)");
+      EXPECT_EQ(list.fraList.caption(), "Columns (4)");
     }
   });
 }
@@ -119,18 +121,18 @@ TEST_F(ViewerTest, ShowsNoDetailsWhenAFilterKeepsNothing) {
   BuildModel();
   View([&] {
     frmViewEquations& v = viewer();
-    v.columns.list.chkInvert.Click();
-    EXPECT_EQ(v.columns.fraEqns.caption(), "");
-    EXPECT_EQ(Column(v.columns.fgrdColsEqns, 0), Texts{""});
-    EXPECT_EQ(v.columns.fgrdColsBounds.Text(0, 1), "");
-    EXPECT_EQ(v.columns.txtColsEqn.text(), "");
-    TurnTo(frmViewEquations::kRowsPage);
-    v.rows.list.chkInvert.Click();
-    EXPECT_EQ(v.rows.fraVars.caption(), "");
-    EXPECT_EQ(Column(v.rows.fgrdRowsVars, 0), Texts{""});
-    EXPECT_EQ(v.rows.fgrdRowsType.Text(0, 0), "");
-    v.rows.list.chkInvert.Click();
-    EXPECT_EQ(v.rows.fraVars.caption(), "Variables in COST (1):");
+    v.contents.columns.chkInvert.Click();
+    EXPECT_EQ(v.contents.columns.fraElements.caption(), "");
+    EXPECT_EQ(Column(v.contents.columns.fgrdElements, 0), Texts{""});
+    EXPECT_EQ(v.contents.columns.fgrdBounds.Text(0, 1), "");
+    EXPECT_EQ(v.contents.txtColsEqn.text(), "");
+    TurnTo(kRowsPage.number);
+    v.contents.rows.chkInvert.Click();
+    EXPECT_EQ(v.contents.rows.fraElements.caption(), "");
+    EXPECT_EQ(Column(v.contents.rows.fgrdElements, 0), Texts{""});
+    EXPECT_EQ(v.contents.rows.fgrdBounds.Text(0, 0), "");
+    v.contents.rows.chkInvert.Click();
+    EXPECT_EQ(v.contents.rows.fraElements.caption(), "Variables in COST (1):");
   });
 }
 
@@ -152,10 +154,10 @@ TEST_F(ViewerTest, ShowsTheDetailsOfARow) {
   View([&] {
     for (const auto& c : cases) {
       SelectRow(c.row);
-      EXPECT_EQ(viewer().rows.fraVars.caption(), c.caption);
-      EXPECT_EQ(Column(viewer().rows.fgrdRowsVars, 0), c.variables) << c.row;
-      EXPECT_EQ(Column(viewer().rows.fgrdRowsVars, 1), c.values) << c.row;
-      EXPECT_EQ(Column(viewer().rows.fgrdRowsType, 0), Texts{c.relation});
+      EXPECT_EQ(viewer().contents.rows.fraElements.caption(), c.caption);
+      EXPECT_EQ(Column(viewer().contents.rows.fgrdElements, 0), c.variables) << c.row;
+      EXPECT_EQ(Column(viewer().contents.rows.fgrdElements, 1), c.values) << c.row;
+      EXPECT_EQ(Column(viewer().contents.rows.fgrdBounds, 0), Texts{c.relation});
     }
   });
 }
@@ -165,45 +167,45 @@ TEST_F(ViewerTest, ShowsNoRelationOfARowWithoutType) {
   model_.AddRow("FRESH");
   View([&] {
     SelectRow("FRESH");
-    EXPECT_EQ(viewer().rows.fgrdRowsType.Text(0, 0), "");
+    EXPECT_EQ(viewer().contents.rows.fgrdBounds.Text(0, 0), "");
   });
 }
 
 TEST_F(ViewerTest, ShowsTheDetailsOfAColumn) {
   BuildModel();
   View([&] {
-    ColumnsTab& tab = viewer().columns;
+    RecordPage& tab = viewer().contents.columns;
     SelectColumn("Z");
-    EXPECT_EQ(tab.fraEqns.caption(), "Rows that Z appears in (1):");
-    EXPECT_EQ(Column(tab.fgrdColsEqns, 0), Texts{"EQ"});
-    EXPECT_EQ(tab.fgrdColsBounds.Text(0, 0), "-1");
-    EXPECT_EQ(tab.fgrdColsBounds.Text(0, 1), "<= Z <=");
-    EXPECT_EQ(tab.fgrdColsBounds.Text(0, 2), "1");
-    EXPECT_EQ(tab.fgrdColsBounds.current_row(), -1);
-    EXPECT_EQ(tab.txtColsEqn.text(), "");
-    tab.fgrdColsEqns.Select(0);
-    EXPECT_EQ(tab.txtColsEqn.text(), "EQ:   - 2.5*Z + 1*X  =  7");
+    EXPECT_EQ(tab.fraElements.caption(), "Rows that Z appears in (1):");
+    EXPECT_EQ(Column(tab.fgrdElements, 0), Texts{"EQ"});
+    EXPECT_EQ(tab.fgrdBounds.Text(0, 0), "-1");
+    EXPECT_EQ(tab.fgrdBounds.Text(0, 1), "<= Z <=");
+    EXPECT_EQ(tab.fgrdBounds.Text(0, 2), "1");
+    EXPECT_EQ(tab.fgrdBounds.current_row(), -1);
+    EXPECT_EQ(viewer().contents.txtColsEqn.text(), "");
+    tab.fgrdElements.Select(0);
+    EXPECT_EQ(viewer().contents.txtColsEqn.text(), "EQ:   - 2.5*Z + 1*X  =  7");
     SelectColumn("W");
-    EXPECT_EQ(tab.fraEqns.caption(), "Rows that W appears in (0):");
-    EXPECT_EQ(Column(tab.fgrdColsEqns, 0), Texts{});
-    EXPECT_EQ(tab.fgrdColsBounds.Text(0, 2), "10000000000");
-    EXPECT_EQ(tab.txtColsEqn.text(), "");
+    EXPECT_EQ(tab.fraElements.caption(), "Rows that W appears in (0):");
+    EXPECT_EQ(Column(tab.fgrdElements, 0), Texts{});
+    EXPECT_EQ(tab.fgrdBounds.Text(0, 2), "10000000000");
+    EXPECT_EQ(viewer().contents.txtColsEqn.text(), "");
   });
 }
 
 TEST_F(ViewerTest, ShowsTheEquationOfTheSelectedRowOfAColumn) {
   BuildModel();
   View([&] {
-    ColumnsTab& tab = viewer().columns;
-    EXPECT_EQ(Column(tab.fgrdColsEqns, 0), (Texts{"COST", "LIM", "EQ"}));
-    EXPECT_EQ(tab.fgrdColsEqns.current_row(), -1);
-    tab.fgrdColsEqns.Select(0);
-    EXPECT_EQ(tab.txtColsEqn.text(), "COST:   + 1*X  (non-binding/objective)");
-    tab.fgrdColsEqns.Select(1);
-    EXPECT_EQ(tab.txtColsEqn.text(), "LIM:   + 2*X + 3*Y  <=  4");
+    RecordPage& tab = viewer().contents.columns;
+    EXPECT_EQ(Column(tab.fgrdElements, 0), (Texts{"COST", "LIM", "EQ"}));
+    EXPECT_EQ(tab.fgrdElements.current_row(), -1);
+    tab.fgrdElements.Select(0);
+    EXPECT_EQ(viewer().contents.txtColsEqn.text(), "COST:   + 1*X  (non-binding/objective)");
+    tab.fgrdElements.Select(1);
+    EXPECT_EQ(viewer().contents.txtColsEqn.text(), "LIM:   + 2*X + 3*Y  <=  4");
     SelectColumn("Y");
-    EXPECT_EQ(tab.fgrdColsEqns.current_row(), -1);
-    EXPECT_EQ(tab.txtColsEqn.text(), "");
+    EXPECT_EQ(tab.fgrdElements.current_row(), -1);
+    EXPECT_EQ(viewer().contents.txtColsEqn.text(), "");
   });
 }
 
@@ -211,13 +213,13 @@ TEST_F(ViewerTest, LeavesTheChoiceOfAnElementToTheUser) {
   BuildModel();
   View([&] {
     SelectRow("EQ");
-    EXPECT_EQ(viewer().rows.fgrdRowsVars.current_row(), -1);
-    viewer().rows.fgrdRowsVars.Select(1);
-    TurnTo(frmViewEquations::kColumnsPage);
-    TurnTo(frmViewEquations::kRowsPage);
-    EXPECT_EQ(viewer().rows.fgrdRowsVars.current_row(), 1);
+    EXPECT_EQ(viewer().contents.rows.fgrdElements.current_row(), -1);
+    viewer().contents.rows.fgrdElements.Select(1);
+    TurnTo(kColumnsPage.number);
+    TurnTo(kRowsPage.number);
+    EXPECT_EQ(viewer().contents.rows.fgrdElements.current_row(), 1);
     SelectRow("LIM");
-    EXPECT_EQ(viewer().rows.fgrdRowsVars.current_row(), -1);
+    EXPECT_EQ(viewer().contents.rows.fgrdElements.current_row(), -1);
   });
 }
 
@@ -226,11 +228,11 @@ TEST_F(ViewerTest, DoubleClickOnAVariableGoesToItsColumn) {
   View([&] {
     SelectRow("EQ");
     const auto events = desktop_.event_count();
-    viewer().rows.fgrdRowsVars.DoubleClick(0);
-    EXPECT_EQ(viewer().sstViewEqns.current(), frmViewEquations::kColumnsPage);
-    EXPECT_EQ(viewer().columns.list.grid.current_row(), 2);
-    EXPECT_EQ(viewer().focus(), &viewer().columns.list.grid);
-    EXPECT_EQ(viewer().columns.fraEqns.caption(), "Rows that Z appears in (1):");
+    viewer().contents.rows.fgrdElements.DoubleClick(0);
+    EXPECT_EQ(viewer().contents.sstViewEqns.current(), kColumnsPage.number);
+    EXPECT_EQ(viewer().contents.columns.fgrdList.current_row(), 2);
+    EXPECT_EQ(viewer().focus(), &viewer().contents.columns.fgrdList);
+    EXPECT_EQ(viewer().contents.columns.fraElements.caption(), "Rows that Z appears in (1):");
     EXPECT_EQ(desktop_.event_count(), events + 1);
   });
 }
@@ -238,35 +240,35 @@ TEST_F(ViewerTest, DoubleClickOnAVariableGoesToItsColumn) {
 TEST_F(ViewerTest, DoubleClickOnARowOfAColumnGoesToThatRow) {
   BuildModel();
   View([&] {
-    viewer().columns.fgrdColsEqns.DoubleClick(2);
-    EXPECT_EQ(viewer().sstViewEqns.current(), frmViewEquations::kRowsPage);
-    EXPECT_EQ(viewer().rows.list.grid.current_row(), 4);
-    EXPECT_EQ(viewer().focus(), &viewer().rows.list.grid);
-    EXPECT_EQ(viewer().rows.fraVars.caption(), "Variables in EQ (2):");
+    viewer().contents.columns.fgrdElements.DoubleClick(2);
+    EXPECT_EQ(viewer().contents.sstViewEqns.current(), kRowsPage.number);
+    EXPECT_EQ(viewer().contents.rows.fgrdList.current_row(), 4);
+    EXPECT_EQ(viewer().focus(), &viewer().contents.rows.fgrdList);
+    EXPECT_EQ(viewer().contents.rows.fraElements.caption(), "Variables in EQ (2):");
   });
 }
 
 TEST_F(ViewerTest, DoubleClickFindsItsGoalThroughTheFilterAndIgnoresAHiddenOne) {
   BuildModel();
   View([&] {
-    TurnTo(frmViewEquations::kRowsPage);
-    viewer().rows.list.cboShowOnly.Select(6);
-    TurnTo(frmViewEquations::kColumnsPage);
-    viewer().columns.fgrdColsEqns.DoubleClick(1);
-    EXPECT_EQ(viewer().sstViewEqns.current(), frmViewEquations::kColumnsPage);
-    viewer().columns.fgrdColsEqns.DoubleClick(2);
-    EXPECT_EQ(viewer().sstViewEqns.current(), frmViewEquations::kRowsPage);
-    EXPECT_EQ(viewer().rows.list.grid.current_row(), 0);
-    EXPECT_EQ(viewer().rows.fraVars.caption(), "Variables in EQ (2):");
+    TurnTo(kRowsPage.number);
+    viewer().contents.rows.cboShowOnly.Select(6);
+    TurnTo(kColumnsPage.number);
+    viewer().contents.columns.fgrdElements.DoubleClick(1);
+    EXPECT_EQ(viewer().contents.sstViewEqns.current(), kColumnsPage.number);
+    viewer().contents.columns.fgrdElements.DoubleClick(2);
+    EXPECT_EQ(viewer().contents.sstViewEqns.current(), kRowsPage.number);
+    EXPECT_EQ(viewer().contents.rows.fgrdList.current_row(), 0);
+    EXPECT_EQ(viewer().contents.rows.fraElements.caption(), "Variables in EQ (2):");
   });
 }
 
 TEST_F(ViewerTest, TurningAPageKeepsTheOthersFilter) {
   BuildModel();
   View([&] {
-    viewer().columns.list.cboShowOnly.Select(2);
-    TurnTo(frmViewEquations::kRowsPage);
-    TurnTo(frmViewEquations::kColumnsPage);
+    viewer().contents.columns.cboShowOnly.Select(2);
+    TurnTo(kRowsPage.number);
+    TurnTo(kColumnsPage.number);
     EXPECT_EQ(ColumnNames(), Texts{"Y"});
   });
 }
@@ -274,13 +276,13 @@ TEST_F(ViewerTest, TurningAPageKeepsTheOthersFilter) {
 TEST_F(ViewerTest, StartsFiltersAnewAtEveryOpeningAndKeepsTheTab) {
   BuildModel();
   View([&] {
-    viewer().columns.list.cboShowOnly.Select(2);
-    TurnTo(frmViewEquations::kRowsPage);
-    viewer().rows.list.chkInvert.Click();
+    viewer().contents.columns.cboShowOnly.Select(2);
+    TurnTo(kRowsPage.number);
+    viewer().contents.rows.chkInvert.Click();
   });
   View([&] {
-    EXPECT_EQ(viewer().sstViewEqns.current(), frmViewEquations::kRowsPage);
-    EXPECT_FALSE(viewer().rows.list.chkInvert.checked());
+    EXPECT_EQ(viewer().contents.sstViewEqns.current(), kRowsPage.number);
+    EXPECT_FALSE(viewer().contents.rows.chkInvert.checked());
     EXPECT_EQ(RowNames().size(), 5u);
     EXPECT_EQ(ColumnNames().size(), 4u);
   });
@@ -290,14 +292,14 @@ TEST_F(ViewerTest, ComesUpEmptyWithoutRowsOrColumns) {
   ModelBuilder(model_).Name("HALF").Row("A", 'L', 1).Row("B", 'L', 1);
   View([&] {
     frmViewEquations& v = viewer();
-    EXPECT_EQ(v.txtName.text(), "HALF");
+    EXPECT_EQ(v.contents.txtName.text(), "HALF");
     EXPECT_EQ(RowNames(), Texts{});
     EXPECT_EQ(ColumnNames(), Texts{});
-    EXPECT_EQ(v.rows.list.frame.caption(), "Rows (0)");
-    EXPECT_EQ(v.columns.list.frame.caption(), "Columns (0)");
-    EXPECT_EQ(v.rows.list.cboShowOnly.list_index(), -1);
-    EXPECT_EQ(v.rows.fgrdRowsVars.rows(), 1);
-    EXPECT_EQ(v.columns.fgrdColsEqns.rows(), 1);
+    EXPECT_EQ(v.contents.rows.fraList.caption(), "Rows (0)");
+    EXPECT_EQ(v.contents.columns.fraList.caption(), "Columns (0)");
+    EXPECT_EQ(v.contents.rows.cboShowOnly.list_index(), -1);
+    EXPECT_EQ(v.contents.rows.fgrdElements.rows(), 1);
+    EXPECT_EQ(v.contents.columns.fgrdElements.rows(), 1);
     EXPECT_FALSE(Item("mnuEditColDel").Available());
     EXPECT_TRUE(Item("mnuEditColAdd").Available());
   });
@@ -306,12 +308,12 @@ TEST_F(ViewerTest, ComesUpEmptyWithoutRowsOrColumns) {
 TEST_F(ViewerTest, RefreshLeavesTheInvertBoxesAlone) {
   BuildModel();
   View([&] {
-    viewer().columns.list.chkInvert.Click();
+    viewer().contents.columns.chkInvert.Click();
     viewer().RefreshForm();
-    EXPECT_TRUE(viewer().columns.list.chkInvert.checked());
+    EXPECT_TRUE(viewer().contents.columns.chkInvert.checked());
     EXPECT_EQ(ColumnNames(), Texts{});
   });
-  View([&] { EXPECT_FALSE(viewer().columns.list.chkInvert.checked()); });
+  View([&] { EXPECT_FALSE(viewer().contents.columns.chkInvert.checked()); });
 }
 
 TEST_F(ViewerTest, ShowsNumbersThatReadBackToTheSameDouble) {
@@ -320,10 +322,10 @@ TEST_F(ViewerTest, ShowsNumbersThatReadBackToTheSameDouble) {
   model_.SetColUpperBound(0, 1.0 / 3);
   View([&] {
     SelectRow("COST");
-    EXPECT_EQ(viewer().rows.fgrdRowsVars.Text(0, 1), "0.30000000000000004");
+    EXPECT_EQ(viewer().contents.rows.fgrdElements.Text(0, 1), "0.30000000000000004");
     SelectColumn("X");
-    EXPECT_EQ(viewer().columns.fgrdColsBounds.Text(0, 2), "0.3333333333333333");
-    dialogs_.push_back([&](auto&) { viewer().col_bounds.cmdOK.Click(); });
+    EXPECT_EQ(viewer().contents.columns.fgrdBounds.Text(0, 2), "0.3333333333333333");
+    dialogs_.push_back([&](auto&) { viewer().desk.col_bounds.cmdOK.Click(); });
     Choose("mnuEditColChangeTypeBnd");
   });
   EXPECT_EQ(model_.ColUpperBound(0), 1.0 / 3);
@@ -332,31 +334,31 @@ TEST_F(ViewerTest, ShowsNumbersThatReadBackToTheSameDouble) {
 TEST_F(ViewerTest, RefreshShowsTheModelAsItIs) {
   BuildModel();
   View([&] {
-    viewer().columns.list.cboShowOnly.Select(2);
+    viewer().contents.columns.cboShowOnly.Select(2);
     model_.SetModelName("OTHER");
     model_.SetModelDescription("changed");
     model_.SetColName(0, "NEW");
     viewer().RefreshForm();
-    EXPECT_EQ(viewer().txtName.text(), "OTHER");
-    EXPECT_EQ(viewer().txtDescription.text(), "changed");
+    EXPECT_EQ(viewer().contents.txtName.text(), "OTHER");
+    EXPECT_EQ(viewer().contents.txtDescription.text(), "changed");
     EXPECT_EQ(ColumnNames(), (Texts{"NEW", "Y", "Z", "W"}));
     model_.MakeNewModel();
     viewer().RefreshForm();
     EXPECT_EQ(ColumnNames(), Texts{});
-    EXPECT_EQ(viewer().rows.list.frame.caption(), "Rows (0)");
-    EXPECT_EQ(viewer().txtName.text(), "");
+    EXPECT_EQ(viewer().contents.rows.fraList.caption(), "Rows (0)");
+    EXPECT_EQ(viewer().contents.txtName.text(), "");
   });
 }
 
 TEST_F(ViewerTest, ShowsWhatItShowedWhilePaused) {
   BuildModel();
   View([&] {
-    TurnTo(frmViewEquations::kRowsPage);
+    TurnTo(kRowsPage.number);
     const Texts before = RowNames();
     viewer().Pause();
     viewer().Pause();
     model_.DeleteRow(0);
-    viewer().rows.list.cboShowOnly.Select(3);
+    viewer().contents.rows.cboShowOnly.Select(3);
     EXPECT_EQ(RowNames(), before);
     viewer().Resume();
     viewer().RefreshForm();

@@ -6,8 +6,8 @@ namespace {
 
 class ViewOperationsTest : public ViewerTest {
  protected:
-  int CurrentRow() { return viewer().rows.list.grid.current_row(); }
-  int CurrentColumn() { return viewer().columns.list.grid.current_row(); }
+  int CurrentRow() { return viewer().contents.rows.fgrdList.current_row(); }
+  int CurrentColumn() { return viewer().contents.columns.fgrdList.current_row(); }
   // Answers the question before the window closes, and tells whether it has closed.
   bool CloseWith(MsgBoxResult answer) {
     desktop_.answers.push_back(answer);
@@ -36,7 +36,7 @@ TEST_F(ViewOperationsTest, TurnToTheRowThatIsMeant) {
   };
   for (const auto& c : cases) {
     ShowBy(c.operation, [&] {
-      EXPECT_EQ(viewer().sstViewEqns.current(), frmViewEquations::kRowsPage);
+      EXPECT_EQ(viewer().contents.sstViewEqns.current(), kRowsPage.number);
       EXPECT_EQ(CurrentRow(), c.line);
     });
   }
@@ -46,9 +46,10 @@ TEST_F(ViewOperationsTest, TurnToTheColumnThatIsMeant) {
   BuildModel();
   ShowBy([&] { model_.ViewCol(2, true); },
          [&] {
-           EXPECT_EQ(viewer().sstViewEqns.current(), frmViewEquations::kColumnsPage);
+           EXPECT_EQ(viewer().contents.sstViewEqns.current(), kColumnsPage.number);
            EXPECT_EQ(CurrentColumn(), 2);
-           EXPECT_EQ(viewer().columns.fraEqns.caption(), "Rows that Z appears in (1):");
+           EXPECT_EQ(viewer().contents.columns.fraElements.caption(),
+                     "Rows that Z appears in (1):");
          });
 }
 
@@ -130,13 +131,13 @@ TEST_F(ViewOperationsTest, SecondCallSelectsInTheOpenWindowAndReturns) {
   View([&] {
     model_.ViewRow(2, true);
     EXPECT_EQ(CurrentRow(), 2);
-    EXPECT_EQ(viewer().sstViewEqns.current(), frmViewEquations::kRowsPage);
+    EXPECT_EQ(viewer().contents.sstViewEqns.current(), kRowsPage.number);
     model_.ViewCol(1, false);
     EXPECT_EQ(CurrentColumn(), 1);
-    EXPECT_FALSE(viewer().txtName.enabled());
+    EXPECT_FALSE(viewer().contents.txtName.enabled());
     model_.ViewEquations(true);
-    EXPECT_TRUE(viewer().txtName.enabled());
-    EXPECT_EQ(viewer().sstViewEqns.current(), frmViewEquations::kColumnsPage);
+    EXPECT_TRUE(viewer().contents.txtName.enabled());
+    EXPECT_EQ(viewer().contents.sstViewEqns.current(), kColumnsPage.number);
     EXPECT_TRUE(viewer().IsShowing());
   });
   int shown = 0;
@@ -149,8 +150,8 @@ TEST_F(ViewOperationsTest, SecondCallSelectsInTheOpenWindowAndReturns) {
 TEST_F(ViewOperationsTest, TakeTheRowForAPlaceInAFilteredList) {
   BuildModel();
   View([&] {
-    TurnTo(frmViewEquations::kRowsPage);
-    viewer().rows.list.cboShowOnly.Select(2);
+    TurnTo(kRowsPage.number);
+    viewer().contents.rows.cboShowOnly.Select(2);
     model_.ViewRow(1, true);
     EXPECT_EQ(RowNames()[static_cast<std::size_t>(CurrentRow())], "LOW");
     model_.ViewRow(4, true);
@@ -179,7 +180,7 @@ TEST_F(ViewOperationsTest, NewModelOpensForEditing) {
   ShowBy([&] { model_.NewMPSModel(); },
          [&] {
            EXPECT_EQ(model_.NumberOfRows(), 0);
-           EXPECT_TRUE(viewer().txtName.enabled());
+           EXPECT_TRUE(viewer().contents.txtName.enabled());
            EXPECT_EQ(RowNames(), Texts{});
          });
   EXPECT_EQ(model_.ModelName(), "");
@@ -190,7 +191,7 @@ TEST_F(ViewOperationsTest, NewModelIsSeenInAnOpenWindow) {
   View([&] {
     model_.NewMPSModel();
     EXPECT_EQ(ColumnNames(), Texts{});
-    EXPECT_EQ(viewer().txtName.text(), "");
+    EXPECT_EQ(viewer().contents.txtName.text(), "");
   });
 }
 
@@ -219,7 +220,7 @@ TEST_F(ViewOperationsTest, ClosingWithYesSavesFirst) {
   BuildModel();
   WriteWholeFile(model_.FileLocation(), "old");
   View([&] {
-    viewer().txtName.Type("NEWNAME");
+    viewer().contents.txtName.Type("NEWNAME");
     desktop_.answers = {kYes, kNo};
     viewer().RequestClose();
     EXPECT_FALSE(viewer().IsShowing());
@@ -258,8 +259,8 @@ TEST_F(ViewOperationsTest, EndsWithTheModelThatWasLetGo) {
   BuildModel();
   View([&] {});
   viewer().RefreshForm();
-  EXPECT_EQ(viewer().rows.list.grid.rows(), 0);
-  EXPECT_EQ(viewer().txtName.text(), "");
+  EXPECT_EQ(viewer().contents.rows.fgrdList.rows(), 0);
+  EXPECT_EQ(viewer().contents.txtName.text(), "");
 }
 
 TEST_F(ViewOperationsTest, ManyOpeningsAndClosingsAreAlike) {

@@ -47,7 +47,7 @@ TEST_F(CallbackTest, ColumnThatIsGoneUnderTheQuestionIsNotSelected) {
 TEST_F(CallbackTest, ElementThatIsGoneUnderTheQuestionIsNotSelected) {
   With([&] {
     SelectRow("EQ");
-    viewer().rows.fgrdRowsVars.Select(1);
+    viewer().contents.rows.fgrdElements.Select(1);
     AtBox("Are you sure", [&] { model_.DeleteElement(4, 0); });
     desktop_.answers = {kYes};
     Choose("mnuEditRowDelEle");
@@ -59,23 +59,23 @@ TEST_F(CallbackTest, ElementThatIsGoneUnderTheQuestionIsNotSelected) {
 TEST_F(CallbackTest, SelectionOutsideAModelThatShrankIsNone) {
   With([&] {
     SelectRow("EQ");
-    viewer().rows.fgrdRowsVars.Select(1);
+    viewer().contents.rows.fgrdElements.Select(1);
     model_.MakeNewModel();
     for (const char* name :
          {"mnuEditRowRename", "mnuEditRowDel", "mnuEditRowAddEle", "mnuEditRowChangeBnd"}) {
       Item(name).Click();
       EXPECT_EQ(Boxes().back(), "No Row Selected") << name;
     }
-    EXPECT_EQ(viewer().rows.list.grid.Text(4, 0), "");
-    EXPECT_EQ(viewer().rows.fgrdRowsVars.Text(1, 0), "");
-    EXPECT_EQ(viewer().rows.fgrdRowsType.Text(0, 0), "");
-    viewer().rows.fgrdRowsVars.DoubleClick(0);
-    viewer().rows.list.grid.Select(1);
-    TurnTo(frmViewEquations::kColumnsPage);
-    viewer().columns.fgrdColsEqns.Select(0);
-    viewer().columns.fgrdColsEqns.DoubleClick(0);
-    EXPECT_EQ(viewer().columns.fgrdColsEqns.Text(0, 0), "");
-    EXPECT_EQ(viewer().columns.txtColsEqn.text(), "");
+    EXPECT_EQ(viewer().contents.rows.fgrdList.Text(4, 0), "");
+    EXPECT_EQ(viewer().contents.rows.fgrdElements.Text(1, 0), "");
+    EXPECT_EQ(viewer().contents.rows.fgrdBounds.Text(0, 0), "");
+    viewer().contents.rows.fgrdElements.DoubleClick(0);
+    viewer().contents.rows.fgrdList.Select(1);
+    TurnTo(kColumnsPage.number);
+    viewer().contents.columns.fgrdElements.Select(0);
+    viewer().contents.columns.fgrdElements.DoubleClick(0);
+    EXPECT_EQ(viewer().contents.columns.fgrdElements.Text(0, 0), "");
+    EXPECT_EQ(viewer().contents.txtColsEqn.text(), "");
   });
 }
 
@@ -107,12 +107,12 @@ TEST_F(CallbackTest, WindowClosedUnderADialogEndsTheCommand) {
     dialogs_.push_back([&](auto&) {
       viewer().EditMode(false);
       viewer().Unload();
-      viewer().row_bounds.bounds.txtUprBnd.Type("5");
-      viewer().row_bounds.cmdOK.Click();
+      viewer().desk.row_bounds.bounds.txtUprBnd.Type("5");
+      viewer().desk.row_bounds.cmdOK.Click();
     });
     Choose("mnuEditRowChangeBnd");
     EXPECT_FALSE(viewer().IsShowing());
-    EXPECT_FALSE(viewer().row_bounds.IsShowing());
+    EXPECT_FALSE(viewer().desk.row_bounds.IsShowing());
     EXPECT_EQ(model_.RowUpperBound(1), 4);
   });
 }
@@ -131,7 +131,7 @@ TEST_F(CallbackTest, CommandNeverActsOnAnotherLineThanItNamed) {
     View([&] {
       SelectRow("LIM");
       SelectColumn("Y");
-      TurnTo(c.is_row ? frmViewEquations::kRowsPage : frmViewEquations::kColumnsPage);
+      TurnTo(c.is_row ? kRowsPage.number : kColumnsPage.number);
       AtBox(c.box, [&] { c.is_row ? model_.DeleteRow(0) : model_.DeleteColumn(0); });
       desktop_.answers = {kYes};
       desktop_.inputs = {"LONGER_NAME"};
@@ -152,18 +152,18 @@ TEST_F(CallbackTest, DialogNeverWritesToAnotherLineThanItNamed) {
     SelectColumn("X");
     dialogs_ = {[&](auto&) {
                   model_.DeleteRow(0);
-                  viewer().row_bounds.cmdOK.Click();
+                  viewer().desk.row_bounds.cmdOK.Click();
                 },
                 [&](auto&) {
-                  viewer().col_bounds.bounds.txtUprBnd.Type("-3");
+                  viewer().desk.col_bounds.bounds.txtUprBnd.Type("-3");
                   AtBox("Bounds were reversed", [&] { model_.DeleteColumn(0); });
-                  viewer().col_bounds.cmdOK.Click();
+                  viewer().desk.col_bounds.cmdOK.Click();
                 }};
-    TurnTo(frmViewEquations::kRowsPage);
+    TurnTo(kRowsPage.number);
     Choose("mnuEditRowChangeBnd");
     ASSERT_EQ(Boxes(), Texts{"No Row Selected"});
     EXPECT_EQ(RowText(1).substr(0, 5), "LOW G");
-    TurnTo(frmViewEquations::kColumnsPage);
+    TurnTo(kColumnsPage.number);
     Choose("mnuEditColChangeTypeBnd");
     EXPECT_EQ(Boxes().back(), "No Column Selected");
     EXPECT_EQ(ColumnText(0).substr(0, 3), "Y I");
@@ -175,10 +175,10 @@ TEST_F(CallbackTest, ElementGoesToNoOtherColumnThanTheOneAskedFor) {
     SelectRow("RNG");
     const std::int32_t elements = model_.NumberOfElements();
     dialogs_.push_back([&](auto&) {
-      viewer().add_elements.fgrdCols.Select(4);
+      viewer().desk.add_elements.fgrdCols.Select(4);
       desktop_.inputs = {"1234.56789012345"};
       AtBox("The value entered is longer", [&] { model_.DeleteColumn(3); });
-      viewer().add_elements.cmdOK.Click();
+      viewer().desk.add_elements.cmdOK.Click();
     });
     Choose("mnuEditRowAddEle");
     EXPECT_EQ(Boxes().back(), "Please select a column");
@@ -216,7 +216,7 @@ TEST_F(CallbackTest, WindowOpenedDuringAReadChangesNothing) {
     looked = true;
     ShowBy([&] { model_.ViewEquations(true); },
            [&] {
-             EXPECT_GT(viewer().columns.list.grid.rows(), 0);
+             EXPECT_GT(viewer().contents.columns.fgrdList.rows(), 0);
              EXPECT_FALSE(Item("mnuEditSimplify").Available());
              EXPECT_FALSE(Item("mnuFileOpen").Available());
              EXPECT_FALSE(Item("mnuEditColDel").Available());
@@ -235,8 +235,8 @@ TEST_F(CallbackTest, RowThatIsGoneUnderItsBoundsDialogIsToldAsNotSelected) {
     SelectRow("EQ");
     dialogs_.push_back([&](auto&) {
       model_.DeleteRow(0);
-      viewer().row_bounds.cmdOK.Click();
-      EXPECT_FALSE(viewer().row_bounds.IsShowing());
+      viewer().desk.row_bounds.cmdOK.Click();
+      EXPECT_FALSE(viewer().desk.row_bounds.IsShowing());
     });
     Choose("mnuEditRowChangeBnd");
     EXPECT_EQ(Boxes(), Texts{"No Row Selected"});
@@ -249,9 +249,9 @@ TEST_F(CallbackTest, ColumnThatIsGoneUnderItsBoundsDialogIsToldAsNotSelected) {
   With([&] {
     SelectColumn("W");
     dialogs_.push_back([&](auto&) {
-      viewer().col_bounds.bounds.txtUprBnd.Type("1E11");
+      viewer().desk.col_bounds.bounds.txtUprBnd.Type("1E11");
       AtBox("Upper Bound", [&] { model_.DeleteColumn(3); });
-      viewer().col_bounds.cmdOK.Click();
+      viewer().desk.col_bounds.cmdOK.Click();
     });
     Choose("mnuEditColChangeTypeBnd");
     EXPECT_EQ(Boxes(), (Texts{"Upper Bound set to limit of 1E+10", "No Column Selected"}));
@@ -263,11 +263,11 @@ TEST_F(CallbackTest, ColumnThatIsGoneUnderTheAddDialogIsNotSelected) {
   With([&] {
     SelectRow("LIM");
     dialogs_.push_back([&](auto&) {
-      viewer().add_elements.fgrdCols.Select(2);
+      viewer().desk.add_elements.fgrdCols.Select(2);
       model_.DeleteColumn(2);
-      viewer().add_elements.cmdOK.Click();
-      EXPECT_TRUE(viewer().add_elements.IsShowing());
-      viewer().add_elements.cmdCancel.Click();
+      viewer().desk.add_elements.cmdOK.Click();
+      EXPECT_TRUE(viewer().desk.add_elements.IsShowing());
+      viewer().desk.add_elements.cmdCancel.Click();
     });
     Choose("mnuEditRowAddEle");
     EXPECT_EQ(Boxes(), Texts{"Please select a column"});
@@ -281,7 +281,7 @@ TEST_F(CallbackTest, FailingCommandIsOneBoxAndTheWindowGoesOn) {
       // A second dialog for the row while the first one is open.
       model_.AddRow("LATE");
       Item("mnuEditRowChangeBnd").Click();
-      viewer().row_bounds.cmdCancel.Click();
+      viewer().desk.row_bounds.cmdCancel.Click();
     });
     Choose("mnuEditRowChangeBnd");
     EXPECT_EQ(Boxes(), Texts{std::string(Describe(RunTimeError::kFormAlreadyDisplayed))});
@@ -296,14 +296,14 @@ TEST_F(CallbackTest, WindowIsPausedWhileTheModelIsSimplified) {
     on_shown_ = [&](const platform::ShownBox& box) {
       if (!box.text.starts_with("Model had simplifications")) return;
       seen = ColumnNames();
-      EXPECT_FALSE(viewer().columns.list.grid.redraw());
+      EXPECT_FALSE(viewer().contents.columns.fgrdList.redraw());
     };
     EXPECT_EQ(ColumnNames().size(), 4u);
     desktop_.answers = {kYes, kNo};
     Choose("mnuEditSimplify");
     EXPECT_EQ(seen, (Texts{"X", "Y", "Z", "W"}));
     EXPECT_EQ(ColumnNames(), (Texts{"X", "Y", "Z"}));
-    EXPECT_TRUE(viewer().columns.list.grid.redraw());
+    EXPECT_TRUE(viewer().contents.columns.fgrdList.redraw());
   });
 }
 
@@ -312,7 +312,7 @@ TEST_F(CallbackTest, SimplificationByAHostLeavesTheWindowUsable) {
     SelectRow("EQ");
     desktop_.answers = {kNo};
     model_.SimplifyMPSModel();
-    EXPECT_TRUE(viewer().rows.list.grid.redraw());
+    EXPECT_TRUE(viewer().contents.rows.fgrdList.redraw());
     desktop_.inputs = {"CAP"};
     SelectRow("LIM");
     Choose("mnuEditRowRename");
@@ -330,16 +330,16 @@ TEST_F(CallbackTest, ListsOfAMillionRowsAskForTheCellsThatAreSeen) {
   data.Columns.Resize(1);
   data.NumberOfColumns = 1;
   View([&] {
-    platform::Grid& grid = viewer().rows.list.grid;
+    platform::Grid& grid = viewer().contents.rows.fgrdList;
     int cells = 0;
     const auto cell = grid.cell;
     grid.cell = [&cells, cell](int line, int column) {
       ++cells;
       return cell(line, column);
     };
-    TurnTo(frmViewEquations::kRowsPage);
+    TurnTo(kRowsPage.number);
     EXPECT_EQ(grid.rows(), kRows);
-    viewer().rows.list.cboShowOnly.Select(4);
+    viewer().contents.rows.cboShowOnly.Select(4);
     EXPECT_EQ(grid.rows(), kRows / 2);
     EXPECT_EQ(grid.Text(kRows / 2 - 1, 1), "greater than");
     EXPECT_EQ(cells, 1);

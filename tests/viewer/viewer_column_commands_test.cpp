@@ -18,14 +18,14 @@ TEST_F(ColumnCommandsTest, AddAsksForANameAndForBounds) {
     dialogs_.push_back([&](platform::Form& dialog) {
       EXPECT_EQ(dialog.name(), "frmSetColBounds");
       EXPECT_EQ(ColumnText(4), "NEW R 0 10000000000");
-      viewer().col_bounds.Option("I")->Click();
-      viewer().col_bounds.bounds.txtUprBnd.Type("9");
-      viewer().col_bounds.cmdOK.Click();
+      viewer().desk.col_bounds.Option("I")->Click();
+      viewer().desk.col_bounds.bounds.txtUprBnd.Type("9");
+      viewer().desk.col_bounds.cmdOK.Click();
     });
     Choose("mnuEditColAdd");
     EXPECT_EQ(ColumnText(4), "NEW I 0 9");
     EXPECT_EQ(ColumnNames().back(), "NEW");
-    EXPECT_EQ(viewer().columns.list.frame.caption(), "Columns (5)");
+    EXPECT_EQ(viewer().contents.columns.fraList.caption(), "Columns (5)");
   });
   EXPECT_EQ(desktop_.input_boxes()[0],
             (platform::ShownInput{"Enter a name for the new column.  Names cannot contain spaces.",
@@ -35,7 +35,7 @@ TEST_F(ColumnCommandsTest, AddAsksForANameAndForBounds) {
 TEST_F(ColumnCommandsTest, AddAsksAgainWhileTheNameHasSpaces) {
   OnColumns([&] {
     desktop_.inputs = {"A B", "AB"};
-    dialogs_.push_back([&](auto&) { viewer().col_bounds.cmdCancel.Click(); });
+    dialogs_.push_back([&](auto&) { viewer().desk.col_bounds.cmdCancel.Click(); });
     Choose("mnuEditColAdd");
     EXPECT_EQ(Boxes(), Texts{"Spaces are not allowed in column names"});
     EXPECT_EQ(model_.ColName(4), "AB");
@@ -57,10 +57,10 @@ TEST_F(ColumnCommandsTest, FirstColumnOfANewModelIsSeen) {
   model_.MakeNewModel();
   View([&] {
     desktop_.inputs = {"FIRST"};
-    dialogs_.push_back([&](auto&) { viewer().col_bounds.cmdCancel.Click(); });
+    dialogs_.push_back([&](auto&) { viewer().desk.col_bounds.cmdCancel.Click(); });
     Choose("mnuEditColAdd");
     EXPECT_EQ(ColumnNames(), Texts{"FIRST"});
-    EXPECT_EQ(viewer().columns.fraEqns.caption(), "Rows that FIRST appears in (0):");
+    EXPECT_EQ(viewer().contents.columns.fraElements.caption(), "Rows that FIRST appears in (0):");
     EXPECT_TRUE(Item("mnuEditColDel").Available());
   });
 }
@@ -74,7 +74,7 @@ TEST_F(ColumnCommandsTest, RenameOffersTheNameAndStoresTheNewOne) {
               (platform::ShownInput{"Enter a name for this column",
                                     std::string(platform::kDefaultTitle), "Y"}));
     EXPECT_EQ(ColumnNames()[1], "UNITS");
-    EXPECT_EQ(viewer().columns.fgrdColsBounds.Text(0, 1), "<= UNITS <=");
+    EXPECT_EQ(viewer().contents.columns.fgrdBounds.Text(0, 1), "<= UNITS <=");
   });
 }
 
@@ -96,7 +96,7 @@ TEST_F(ColumnCommandsTest, DeleteAsksFirstAndTakesEmptiedRowsAlong) {
     Choose("mnuEditColDel");
     EXPECT_EQ(ColumnNames(), (Texts{"X", "Z", "W"}));
     EXPECT_EQ(RowNames(), (Texts{"COST", "LIM", "RNG", "EQ"}));
-    EXPECT_EQ(viewer().columns.fraEqns.caption(), "Rows that Z appears in (1):");
+    EXPECT_EQ(viewer().contents.columns.fraElements.caption(), "Rows that Z appears in (1):");
   });
   EXPECT_EQ(desktop_.boxes()[0], (platform::ShownBox{"Are you sure you want delete column Y?",
                                                      MsgBoxStyle::kYesNo, "Confirm Deletion"}));
@@ -106,7 +106,7 @@ TEST_F(ColumnCommandsTest, DeleteKeyDeletesInTheList) {
   OnColumns([&] {
     SelectColumn("W");
     desktop_.answers = {kYes};
-    EXPECT_TRUE(viewer().columns.list.grid.Press({platform::Key::kDelete}));
+    EXPECT_TRUE(viewer().contents.columns.fgrdList.Press({platform::Key::kDelete}));
     EXPECT_EQ(ColumnNames(), (Texts{"X", "Y", "Z"}));
   });
 }
@@ -125,7 +125,7 @@ TEST_F(ColumnCommandsTest, OnlyColumnIsNotDeleted) {
 
 TEST_F(ColumnCommandsTest, WithoutAColumnTheyRefuse) {
   OnColumns([&] {
-    viewer().columns.list.grid.set_current_row(-1);
+    viewer().contents.columns.fgrdList.set_current_row(-1);
     for (const char* name : {"mnuEditColRename", "mnuEditColDel", "mnuEditColChangeTypeBnd"}) {
       Choose(name);
       EXPECT_EQ(Boxes().back(), "No Column Selected") << name;
@@ -136,15 +136,15 @@ TEST_F(ColumnCommandsTest, WithoutAColumnTheyRefuse) {
 
 TEST_F(ColumnCommandsTest, ChangeTypeAndBoundsOpensTheDialogOfTheColumn) {
   OnColumns([&] {
-    viewer().columns.list.cboShowOnly.Select(2);
+    viewer().contents.columns.cboShowOnly.Select(2);
     dialogs_.push_back([&](auto&) {
-      EXPECT_TRUE(viewer().col_bounds.Option("I")->value());
-      viewer().col_bounds.bounds.txtUprBnd.Type("3");
-      viewer().col_bounds.cmdOK.Click();
+      EXPECT_TRUE(viewer().desk.col_bounds.Option("I")->value());
+      viewer().desk.col_bounds.bounds.txtUprBnd.Type("3");
+      viewer().desk.col_bounds.cmdOK.Click();
     });
     Choose("mnuEditColChangeTypeBnd");
     EXPECT_EQ(ColumnText(1), "Y I 0 3");
-    EXPECT_EQ(viewer().columns.fgrdColsBounds.Text(0, 2), "3");
+    EXPECT_EQ(viewer().contents.columns.fgrdBounds.Text(0, 2), "3");
   });
 }
 

@@ -16,7 +16,7 @@ class ElementCommandsTest : public ViewerTest {
   // The element of the Columns tab: X in LIM, value 2.
   void ChooseElement() {
     SelectColumn("X");
-    viewer().columns.fgrdColsEqns.Select(1);
+    viewer().contents.columns.fgrdElements.Select(1);
   }
   // Runs the row command, which takes that element, from its own tab.
   void ChangeFromRows(std::string_view input) {
@@ -37,8 +37,8 @@ TEST_F(ElementCommandsTest, RowChangeTakesTheElementOfTheColumnsTab) {
     ChangeFromRows("-7.5");
     EXPECT_EQ(model_.ElementValue(1, 0), -7.5);
     EXPECT_EQ(model_.ColElementvalue(0, 1), -7.5);
-    EXPECT_EQ(viewer().columns.txtColsEqn.text(), "LIM:   - 7.5*X + 3*Y  <=  4");
-    EXPECT_EQ(Column(viewer().rows.fgrdRowsVars, 1), (Texts{"-7.5", "3"}));
+    EXPECT_EQ(viewer().contents.txtColsEqn.text(), "LIM:   - 7.5*X + 3*Y  <=  4");
+    EXPECT_EQ(Column(viewer().contents.rows.fgrdElements, 1), (Texts{"-7.5", "3"}));
     EXPECT_EQ(Boxes(), Texts{});
   });
   EXPECT_EQ(desktop_.input_boxes()[0],
@@ -90,8 +90,8 @@ TEST_F(ElementCommandsTest, ColumnChangeStoresAValueWithinTheColumnsBounds) {
   With([&] {
     ChangeFromColumns("5");
     EXPECT_EQ(model_.ElementValue(1, 0), 5);
-    EXPECT_EQ(viewer().columns.txtColsEqn.text(), "LIM:   + 5*X + 3*Y  <=  4");
-    EXPECT_EQ(viewer().columns.fgrdColsEqns.current_row(), 1);
+    EXPECT_EQ(viewer().contents.txtColsEqn.text(), "LIM:   + 5*X + 3*Y  <=  4");
+    EXPECT_EQ(viewer().contents.columns.fgrdElements.current_row(), 1);
     EXPECT_EQ(Boxes(), Texts{});
   });
   EXPECT_EQ(desktop_.input_boxes()[0],
@@ -144,7 +144,7 @@ TEST_F(ElementCommandsTest, WithoutAnElementTheyRefuse) {
     SelectColumn("W");
     Choose("mnuEditColChangeEle");
     Choose("mnuEditColDelEle");
-    viewer().columns.list.grid.set_current_row(-1);
+    viewer().contents.columns.fgrdList.set_current_row(-1);
     Choose("mnuEditColChangeEle");
     Choose("mnuEditColDelEle");
     EXPECT_EQ(Boxes(), (Texts{kNoElementOfRow, kNoElementOfRow, kNoElementOfRow, kNoElementOfColumn,
@@ -156,7 +156,7 @@ TEST_F(ElementCommandsTest, WithoutAnElementTheyRefuse) {
 TEST_F(ElementCommandsTest, RowDeleteAsksAndKeepsThePlace) {
   With([&] {
     SelectRow("EQ");
-    viewer().rows.fgrdRowsVars.Select(0);
+    viewer().contents.rows.fgrdElements.Select(0);
     desktop_.answers = {kNo, kYes};
     Choose("mnuEditRowDelEle");
     EXPECT_EQ(model_.NumberOfElements(), 6);
@@ -164,9 +164,9 @@ TEST_F(ElementCommandsTest, RowDeleteAsksAndKeepsThePlace) {
     EXPECT_EQ(desktop_.boxes()[0],
               (platform::ShownBox{"Are you sure you want delete element Z from row EQ?",
                                   MsgBoxStyle::kYesNo, "Confirm Deletion"}));
-    EXPECT_EQ(Column(viewer().rows.fgrdRowsVars, 0), Texts{"X"});
-    EXPECT_EQ(viewer().rows.fgrdRowsVars.current_row(), 0);
-    EXPECT_EQ(viewer().rows.list.grid.current_row(), 4);
+    EXPECT_EQ(Column(viewer().contents.rows.fgrdElements, 0), Texts{"X"});
+    EXPECT_EQ(viewer().contents.rows.fgrdElements.current_row(), 0);
+    EXPECT_EQ(viewer().contents.rows.fgrdList.current_row(), 4);
     EXPECT_EQ(model_.ColNumberElements(2), 0);
   });
 }
@@ -174,7 +174,7 @@ TEST_F(ElementCommandsTest, RowDeleteAsksAndKeepsThePlace) {
 TEST_F(ElementCommandsTest, LastElementTakesItsRowAlong) {
   With([&] {
     SelectRow("LOW");
-    viewer().rows.fgrdRowsVars.Select(0);
+    viewer().contents.rows.fgrdElements.Select(0);
     desktop_.answers = {kYes};
     Choose("mnuEditRowDelEle");
     EXPECT_EQ(RowNames(), (Texts{"COST", "LIM", "RNG", "EQ"}));
@@ -191,9 +191,9 @@ TEST_F(ElementCommandsTest, ColumnDeleteAsksAndKeepsThePlace) {
     EXPECT_EQ(desktop_.boxes()[0],
               (platform::ShownBox{"Are you sure you want delete element LIM from column X?",
                                   MsgBoxStyle::kYesNo, "Confirm Deletion"}));
-    EXPECT_EQ(Column(viewer().columns.fgrdColsEqns, 0), (Texts{"COST", "EQ"}));
-    EXPECT_EQ(viewer().columns.fgrdColsEqns.current_row(), 1);
-    EXPECT_EQ(viewer().columns.txtColsEqn.text(), "EQ:   - 2.5*Z + 1*X  =  7");
+    EXPECT_EQ(Column(viewer().contents.columns.fgrdElements, 0), (Texts{"COST", "EQ"}));
+    EXPECT_EQ(viewer().contents.columns.fgrdElements.current_row(), 1);
+    EXPECT_EQ(viewer().contents.txtColsEqn.text(), "EQ:   - 2.5*Z + 1*X  =  7");
   });
 }
 
@@ -201,7 +201,7 @@ TEST_F(ElementCommandsTest, ColumnDeleteAsksAndKeepsThePlace) {
 TEST_F(ElementCommandsTest, ColumnCommandsFindTheElementInTheRowsList) {
   With([&] {
     SelectColumn("X");
-    viewer().columns.fgrdColsEqns.Select(2);
+    viewer().contents.columns.fgrdElements.Select(2);
     desktop_.inputs = {"9"};
     Choose("mnuEditColChangeEle");
     EXPECT_EQ(model_.RowElementValue(4, 1), 9);

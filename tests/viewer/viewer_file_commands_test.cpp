@@ -38,8 +38,8 @@ TEST_F(FileCommandsTest, NewAsksBeforeItDropsTheModel) {
     Choose("mnuFileNew");
     EXPECT_EQ(model_.NumberOfRows(), 0);
     EXPECT_EQ(ColumnNames(), Texts{});
-    EXPECT_EQ(viewer().txtName.text(), "");
-    EXPECT_EQ(viewer().rows.list.frame.caption(), "Rows (0)");
+    EXPECT_EQ(viewer().contents.txtName.text(), "");
+    EXPECT_EQ(viewer().contents.rows.fraList.caption(), "Rows (0)");
   });
   EXPECT_EQ(Boxes(), (Texts{kSave, kSave}));
   EXPECT_EQ(desktop_.boxes()[0].style, MsgBoxStyle::kYesNoCancelExclamation);
@@ -86,8 +86,8 @@ TEST_F(FileCommandsTest, OpenShowsTheModelThatWasRead) {
     desktop_.answers = {kNo, kNo};
     PickFile(path);
     Choose("mnuFileOpen");
-    EXPECT_EQ(viewer().txtName.text(), "SMALL");
-    EXPECT_EQ(viewer().txtDescription.text(), "small model");
+    EXPECT_EQ(viewer().contents.txtName.text(), "SMALL");
+    EXPECT_EQ(viewer().contents.txtDescription.text(), "small model");
     EXPECT_EQ(RowNames(), (Texts{"COST", "LIM"}));
     EXPECT_EQ(ColumnNames(), (Texts{"X", "Y"}));
     EXPECT_TRUE(Item("mnuEdit").Available());
@@ -115,8 +115,8 @@ TEST_F(FileCommandsTest, CancelledOpenShowsTheModelAgain) {
     desktop_.answers = {kNo};
     PickFile("");
     Choose("mnuFileOpen");
-    EXPECT_EQ(viewer().txtName.text(), "DIET");
-    EXPECT_EQ(viewer().txtDescription.text(), "first\r\nsecond");
+    EXPECT_EQ(viewer().contents.txtName.text(), "DIET");
+    EXPECT_EQ(viewer().contents.txtDescription.text(), "first\r\nsecond");
     EXPECT_EQ(RowNames().size(), 5u);
   });
 }
@@ -128,7 +128,7 @@ TEST_F(FileCommandsTest, FailedOpenShowsWhatIsLeft) {
     PickFile(folder_.File("none.mps"));
     Choose("mnuFileOpen");
     EXPECT_EQ(RowNames(), Texts{});
-    EXPECT_EQ(viewer().columns.list.frame.caption(), "Columns (0)");
+    EXPECT_EQ(viewer().contents.columns.fraList.caption(), "Columns (0)");
     EXPECT_TRUE(viewer().IsShowing());
   });
 }
@@ -140,9 +140,9 @@ TEST_F(FileCommandsTest, ReadByAHostRefreshesTheWindow) {
     desktop_.answers = {kNo};
     PickFile(path);
     EXPECT_EQ(model_.ReadMPSFile(), -1);
-    EXPECT_EQ(viewer().txtName.text(), "SMALL");
+    EXPECT_EQ(viewer().contents.txtName.text(), "SMALL");
     EXPECT_EQ(ColumnNames(), (Texts{"X", "Y"}));
-    EXPECT_TRUE(viewer().rows.list.grid.redraw());
+    EXPECT_TRUE(viewer().contents.rows.fgrdList.redraw());
   });
 }
 
@@ -157,8 +157,8 @@ TEST_F(FileCommandsTest, SaveOfAnEmptyModelIsRefused) {
 
 TEST_F(FileCommandsTest, SaveTakesNameAndDescriptionAndOffersToSimplify) {
   With([&] {
-    viewer().txtName.Type("MEALS");
-    viewer().txtDescription.Type("a\nb");
+    viewer().contents.txtName.Type("MEALS");
+    viewer().contents.txtDescription.Type("a\nb");
     desktop_.answers = {kNo};
     Choose("mnuFileSave");
     EXPECT_EQ(model_.ModelName(), "MEALS");
@@ -173,11 +173,11 @@ TEST_F(FileCommandsTest, SaveTakesNameAndDescriptionAndOffersToSimplify) {
 
 TEST_F(FileCommandsTest, SaveSimplifiesWhenAsked) {
   With([&] {
-    viewer().txtName.Type("MEALS");
+    viewer().contents.txtName.Type("MEALS");
     // Simplify, do not look at the log.
     desktop_.answers = {kYes, kNo};
     Choose("mnuFileSave");
-    EXPECT_EQ(viewer().txtName.text(), "MEALS");
+    EXPECT_EQ(viewer().contents.txtName.text(), "MEALS");
     EXPECT_EQ(RowNames(), (Texts{"COST", "LIM", "EQ"}));
     EXPECT_EQ(ColumnNames(), (Texts{"X", "Y", "Z"}));
     EXPECT_EQ(Written().find("RNG"), std::string::npos);
@@ -220,14 +220,14 @@ TEST_F(FileCommandsTest, CancelledSaveSaysNothingMore) {
 
 TEST_F(FileCommandsTest, SaveAsLeavesNameAndDescriptionAsTheyAreInTheModel) {
   With([&] {
-    viewer().txtName.Type("MEALS");
-    viewer().txtDescription.Type("changed");
+    viewer().contents.txtName.Type("MEALS");
+    viewer().contents.txtDescription.Type("changed");
     desktop_.answers = {kNo};
     desktop_.files = {folder_.File("copy.mps")};
     Choose("mnuFileSaveAs");
     EXPECT_EQ(model_.ModelName(), "DIET");
     EXPECT_TRUE(Written().starts_with("NAME          DIET\r\n* first\r\n* second\r\n"));
-    EXPECT_EQ(viewer().txtName.text(), "MEALS");
+    EXPECT_EQ(viewer().contents.txtName.text(), "MEALS");
   });
 }
 
@@ -264,7 +264,7 @@ TEST_F(FileCommandsTest, SimplifyAsksAndShowsTheOutcome) {
     desktop_.answers = {kNo};
     Choose("mnuEditSimplify");
     EXPECT_EQ(model_.NumberOfRows(), 5);
-    viewer().columns.list.cboShowOnly.Select(2);
+    viewer().contents.columns.cboShowOnly.Select(2);
     desktop_.answers = {kYes, kYes};
     Choose("mnuEditSimplify");
     EXPECT_EQ(RowNames(), (Texts{"COST", "LIM", "EQ"}));
@@ -284,7 +284,7 @@ TEST_F(FileCommandsTest, FailedSimplificationIsABoxAndTheWindowStays) {
     EXPECT_EQ(Boxes().size(), 2u);
     EXPECT_EQ(Boxes()[1], Describe(RunTimeError::kPathNotFound));
     EXPECT_TRUE(viewer().IsShowing());
-    EXPECT_TRUE(viewer().rows.list.grid.redraw());
+    EXPECT_TRUE(viewer().contents.rows.fgrdList.redraw());
     EXPECT_EQ(RowNames().size(), 5u);
   });
 }

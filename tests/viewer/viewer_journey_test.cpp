@@ -8,24 +8,24 @@ namespace {
 class JourneyTest : public ViewerTest {
  protected:
   void AddColumn(const std::string& name, std::string_view lower, std::string_view upper) {
-    TurnTo(frmViewEquations::kColumnsPage);
+    TurnTo(kColumnsPage.number);
     desktop_.inputs.push_back(name);
     dialogs_.push_back([&](auto&) {
-      viewer().col_bounds.bounds.txtLwrBnd.Type(lower);
-      viewer().col_bounds.bounds.txtUprBnd.Type(upper);
-      viewer().col_bounds.cmdOK.Click();
+      viewer().desk.col_bounds.bounds.txtLwrBnd.Type(lower);
+      viewer().desk.col_bounds.bounds.txtUprBnd.Type(upper);
+      viewer().desk.col_bounds.cmdOK.Click();
     });
     Choose("mnuEditColAdd");
   }
   void AddRow(const std::string& name, platform::OptionButton& type, std::string_view lower,
               std::string_view upper) {
-    TurnTo(frmViewEquations::kRowsPage);
+    TurnTo(kRowsPage.number);
     desktop_.inputs.push_back(name);
     dialogs_.push_back([&](auto&) {
       type.Click();
-      viewer().row_bounds.bounds.txtLwrBnd.Type(lower);
-      viewer().row_bounds.bounds.txtUprBnd.Type(upper);
-      viewer().row_bounds.cmdOK.Click();
+      viewer().desk.row_bounds.bounds.txtLwrBnd.Type(lower);
+      viewer().desk.row_bounds.bounds.txtUprBnd.Type(upper);
+      viewer().desk.row_bounds.cmdOK.Click();
     });
     Choose("mnuEditRowAdd");
   }
@@ -33,19 +33,19 @@ class JourneyTest : public ViewerTest {
     SelectRow(row);
     desktop_.inputs.push_back(value);
     dialogs_.push_back([&](auto&) {
-      platform::Grid& grid = viewer().add_elements.fgrdCols;
+      platform::Grid& grid = viewer().desk.add_elements.fgrdCols;
       for (int line = 1; line < grid.rows(); ++line) {
         if (grid.Text(line, 1) == column) grid.Select(line);
       }
-      viewer().add_elements.cmdOK.Click();
+      viewer().desk.add_elements.cmdOK.Click();
     });
     Choose("mnuEditRowAddEle");
   }
   void BuildByHand() {
     AddColumn("X", "0", "4");
     AddColumn("Y", "-1E10", "1E10");
-    AddRow("COST", *viewer().row_bounds.Option("N"), "-1E10", "1E10");
-    AddRow("LIM", *viewer().row_bounds.Option("R"), "8", "2");
+    AddRow("COST", *viewer().desk.row_bounds.Option("N"), "-1E10", "1E10");
+    AddRow("LIM", *viewer().desk.row_bounds.Option("R"), "8", "2");
     AddElement("COST", "X", "1");
     AddElement("COST", "Y", "-2.5");
     AddElement("LIM", "Y", "3");
@@ -59,8 +59,8 @@ TEST_F(JourneyTest, ModelBuiltByHandIsSavedAndReadAgain) {
          [&] {
            BuildByHand();
            EXPECT_EQ(Boxes(), Texts{"Bounds were reversed"});
-           viewer().txtName.Type("HAND");
-           viewer().txtDescription.Type("made\nby hand");
+           viewer().contents.txtName.Type("HAND");
+           viewer().contents.txtDescription.Type("made\nby hand");
            desktop_.answers = {kNo, kNo, kNo};
            desktop_.files = {path, path};
            dialogs_.push_back([](platform::Form& form) {
@@ -68,8 +68,8 @@ TEST_F(JourneyTest, ModelBuiltByHandIsSavedAndReadAgain) {
            });
            Choose("mnuFileSave");
            Choose("mnuFileOpen");
-           EXPECT_EQ(viewer().txtName.text(), "HAND");
-           EXPECT_EQ(viewer().txtDescription.text(), "made\r\nby hand");
+           EXPECT_EQ(viewer().contents.txtName.text(), "HAND");
+           EXPECT_EQ(viewer().contents.txtDescription.text(), "made\r\nby hand");
            EXPECT_EQ(RowText(0), "COST N -10000000000 10000000000");
            EXPECT_EQ(RowText(1), "LIM R 2 8");
            EXPECT_EQ(ColumnText(0), "X R 0 4");
@@ -77,7 +77,7 @@ TEST_F(JourneyTest, ModelBuiltByHandIsSavedAndReadAgain) {
            EXPECT_EQ(model_.ElementValue(0, 1), -2.5);
            EXPECT_EQ(model_.NumberOfElements(), 4);
            SelectRow("LIM");
-           EXPECT_EQ(viewer().rows.fgrdRowsType.Text(0, 0), "2 <= LIM <= 8");
+           EXPECT_EQ(viewer().contents.rows.fgrdBounds.Text(0, 0), "2 <= LIM <= 8");
          });
   EXPECT_EQ(CheckModelData(model_.data()), "");
 }

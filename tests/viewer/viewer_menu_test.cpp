@@ -31,8 +31,8 @@ class ViewerMenuTest : public ViewerTest {
  protected:
   Texts Disabled() {
     Texts disabled;
-    for (std::size_t i = 0; i < kMenuItems; ++i) {
-      const MenuItem& item = viewer().menu[static_cast<MenuId>(i)];
+    for (const auto& owned : viewer().menu.items()) {
+      const MenuItem& item = *owned;
       if (!item.enabled()) disabled.push_back(item.name());
     }
     return disabled;
@@ -46,7 +46,7 @@ class ViewerMenuTest : public ViewerTest {
               std::set<std::string>(names.begin(), names.end()));
   }
 
-  void HideAll(LinePane& list) { list.chkInvert.Click(); }
+  void HideAll(RecordPage& list) { list.chkInvert.Click(); }
 };
 
 TEST_F(ViewerMenuTest, AllIsEnabledForARowWithElements) {
@@ -65,14 +65,14 @@ TEST_F(ViewerMenuTest, WithoutEditingOnlyExitAndHelpAreLeft) {
         ExpectDisabled(Joined({kEditing, kRowItems, kColumnItems}));
         SelectRow("LIM");
         ExpectDisabled(Joined({kEditing, kRowItems, kColumnItems}));
-        EXPECT_FALSE(viewer().txtName.enabled());
-        EXPECT_FALSE(viewer().txtDescription.enabled());
+        EXPECT_FALSE(viewer().contents.txtName.enabled());
+        EXPECT_FALSE(viewer().contents.txtDescription.enabled());
       },
       false);
   View([&] {
     ExpectDisabled({});
-    EXPECT_TRUE(viewer().txtName.enabled());
-    EXPECT_TRUE(viewer().txtDescription.enabled());
+    EXPECT_TRUE(viewer().contents.txtName.enabled());
+    EXPECT_TRUE(viewer().contents.txtDescription.enabled());
   });
 }
 
@@ -81,7 +81,7 @@ TEST_F(ViewerMenuTest, ARowWithoutElementsOffersNoneToChange) {
   View([&] {
     SelectRow("RNG");
     ExpectDisabled(kRowElementItems);
-    TurnTo(frmViewEquations::kColumnsPage);
+    TurnTo(kColumnsPage.number);
     ExpectDisabled(kRowElementItems);
     SelectRow("EQ");
     ExpectDisabled({});
@@ -99,13 +99,13 @@ TEST_F(ViewerMenuTest, AColumnWithoutElementsKeepsItsCommands) {
 TEST_F(ViewerMenuTest, AFilterThatKeepsNothingLeavesAdding) {
   BuildModel();
   View([&] {
-    TurnTo(frmViewEquations::kRowsPage);
-    HideAll(viewer().rows.list);
+    TurnTo(kRowsPage.number);
+    HideAll(viewer().contents.rows);
     ExpectDisabled(kRowItems);
-    TurnTo(frmViewEquations::kColumnsPage);
-    HideAll(viewer().columns.list);
+    TurnTo(kColumnsPage.number);
+    HideAll(viewer().contents.columns);
     ExpectDisabled(Joined({kRowItems, kColumnItems}));
-    HideAll(viewer().columns.list);
+    HideAll(viewer().contents.columns);
     ExpectDisabled(kRowItems);
   });
 }
@@ -138,7 +138,7 @@ TEST_F(ViewerMenuTest, ShowsThePartOfTheCurrentTab) {
   View([&] {
     EXPECT_FALSE(Item("mnuEditRow").visible());
     EXPECT_TRUE(Item("mnuEditCol").visible());
-    TurnTo(frmViewEquations::kRowsPage);
+    TurnTo(kRowsPage.number);
     EXPECT_TRUE(Item("mnuEditRow").visible());
     EXPECT_FALSE(Item("mnuEditCol").visible());
     Item("mnuEditRow").set_visible(false);
@@ -151,8 +151,8 @@ TEST_F(ViewerMenuTest, HasTheUsualKeys) {
   BuildModel();
   View([&] {
     std::map<std::string, std::string> keys;
-    for (std::size_t i = 0; i < kMenuItems; ++i) {
-      const MenuItem& item = viewer().menu[static_cast<MenuId>(i)];
+    for (const auto& owned : viewer().menu.items()) {
+      const MenuItem& item = *owned;
       const std::string text = KeyText(item.shortcut);
       if (!text.empty()) keys[item.name()] = text + (item.shortcut_is_label ? " (label)" : "");
     }
@@ -174,7 +174,7 @@ TEST_F(ViewerMenuTest, RenameKeyTakesTheTabThatIsShown) {
     desktop_.inputs = {"A", "B"};
     EXPECT_TRUE(PressShortcut(viewer(), KeyPress{platform::Key::kF2}));
     EXPECT_EQ(desktop_.input_boxes().back().prompt, "Enter a name for this column");
-    TurnTo(frmViewEquations::kRowsPage);
+    TurnTo(kRowsPage.number);
     EXPECT_TRUE(PressShortcut(viewer(), KeyPress{platform::Key::kF2}));
     EXPECT_EQ(desktop_.input_boxes().back().prompt, "Enter a name for this row");
   });
@@ -184,8 +184,8 @@ TEST_F(ViewerMenuTest, EveryItemHasAnAccessKeyOfItsOwnInItsMenu) {
   BuildModel();
   View([&] {
     std::map<const MenuItem*, std::set<char>> keys;
-    for (std::size_t i = 0; i < kMenuItems; ++i) {
-      const MenuItem& item = viewer().menu[static_cast<MenuId>(i)];
+    for (const auto& owned : viewer().menu.items()) {
+      const MenuItem& item = *owned;
       if (item.is_separator) continue;
       EXPECT_FALSE(item.caption().empty()) << item.name();
       const std::string letters = {static_cast<char>(std::tolower(item.access_key)),
@@ -199,7 +199,7 @@ TEST_F(ViewerMenuTest, EveryItemHasAnAccessKeyOfItsOwnInItsMenu) {
 TEST_F(ViewerMenuTest, NoTwoControlsOfAPageShareAnAccessKey) {
   BuildModel();
   View([&] {
-    for (const int page : {frmViewEquations::kRowsPage, frmViewEquations::kColumnsPage}) {
+    for (const int page : {kRowsPage.number, kColumnsPage.number}) {
       TurnTo(page);
       std::set<char> keys;
       for (const platform::Control* control : viewer().controls()) {
@@ -218,10 +218,10 @@ TEST_F(ViewerMenuTest, ListsOfferTheCommandsOfTheirTab) {
   BuildModel();
   View([&] {
     frmViewEquations& v = viewer();
-    EXPECT_EQ(v.rows.list.grid.popup, &Item("mnuEditRow"));
-    EXPECT_EQ(v.rows.fgrdRowsVars.popup, &Item("mnuEditRow"));
-    EXPECT_EQ(v.columns.list.grid.popup, &Item("mnuEditCol"));
-    EXPECT_EQ(v.columns.fgrdColsEqns.popup, &Item("mnuEditCol"));
+    EXPECT_EQ(v.contents.rows.fgrdList.popup, &Item("mnuEditRow"));
+    EXPECT_EQ(v.contents.rows.fgrdElements.popup, &Item("mnuEditRow"));
+    EXPECT_EQ(v.contents.columns.fgrdList.popup, &Item("mnuEditCol"));
+    EXPECT_EQ(v.contents.columns.fgrdElements.popup, &Item("mnuEditCol"));
   });
 }
 
@@ -230,15 +230,15 @@ TEST_F(ViewerMenuTest, WithoutEditingNoCommandChangesOrAsksAnything) {
   BuildModel();
   View(
       [&] {
-        for (const int page : {frmViewEquations::kRowsPage, frmViewEquations::kColumnsPage}) {
+        for (const int page : {kRowsPage.number, kColumnsPage.number}) {
           TurnTo(page);
           for (const std::string& name : Joined({kEditing, kRowItems, kColumnItems})) {
             Item(name).Click();
             const auto click = Item(name).on_click;
             if (click) click();
           }
-          viewer().rows.list.grid.Press({platform::Key::kDelete});
-          viewer().columns.list.grid.Press({platform::Key::kDelete});
+          viewer().contents.rows.fgrdList.Press({platform::Key::kDelete});
+          viewer().contents.columns.fgrdList.Press({platform::Key::kDelete});
         }
         EXPECT_EQ(Boxes(), Texts{});
         EXPECT_EQ(desktop_.input_boxes().size(), 0u);

@@ -15,19 +15,19 @@ class RowCommandsTest : public ViewerTest {
   void OnRows(const std::function<void()>& steps) {
     BuildModel();
     View([&] {
-      TurnTo(frmViewEquations::kRowsPage);
+      TurnTo(kRowsPage.number);
       steps();
     });
   }
   void AcceptBounds(std::string_view lower, std::string_view upper) {
     dialogs_.push_back([this, lower = std::string(lower), upper = std::string(upper)](auto&) {
-      viewer().row_bounds.bounds.txtLwrBnd.Type(lower);
-      viewer().row_bounds.bounds.txtUprBnd.Type(upper);
-      viewer().row_bounds.cmdOK.Click();
+      viewer().desk.row_bounds.bounds.txtLwrBnd.Type(lower);
+      viewer().desk.row_bounds.bounds.txtUprBnd.Type(upper);
+      viewer().desk.row_bounds.cmdOK.Click();
     });
   }
   void CancelBounds() {
-    dialogs_.push_back([this](auto&) { viewer().row_bounds.cmdCancel.Click(); });
+    dialogs_.push_back([this](auto&) { viewer().desk.row_bounds.cmdCancel.Click(); });
   }
 };
 
@@ -37,15 +37,15 @@ TEST_F(RowCommandsTest, AddAsksForANameAndForBounds) {
     dialogs_.push_back([&](platform::Form& dialog) {
       EXPECT_EQ(dialog.name(), "frmSetRowBounds");
       EXPECT_EQ(RowText(5), "NEW L 0 0");
-      EXPECT_TRUE(viewer().row_bounds.Option("L")->value());
-      viewer().row_bounds.bounds.txtUprBnd.Type("9");
-      viewer().row_bounds.Option("N")->Click();
-      viewer().row_bounds.cmdOK.Click();
+      EXPECT_TRUE(viewer().desk.row_bounds.Option("L")->value());
+      viewer().desk.row_bounds.bounds.txtUprBnd.Type("9");
+      viewer().desk.row_bounds.Option("N")->Click();
+      viewer().desk.row_bounds.cmdOK.Click();
     });
     Choose("mnuEditRowAdd");
     EXPECT_EQ(RowText(5), "NEW N 0 9");
     EXPECT_EQ(RowNames().back(), "NEW");
-    EXPECT_EQ(viewer().rows.list.frame.caption(), "Rows (6)");
+    EXPECT_EQ(viewer().contents.rows.fraList.caption(), "Rows (6)");
   });
   EXPECT_EQ(desktop_.input_boxes()[0],
             (platform::ShownInput{"Enter a name for the new row.  Names cannot contain spaces.",
@@ -86,17 +86,17 @@ TEST_F(RowCommandsTest, RefusedAddIsOneBoxOnly) {
 TEST_F(RowCommandsTest, FirstRowOfANewModelIsSeenOnceThereIsAColumnOrNot) {
   model_.MakeNewModel();
   View([&] {
-    TurnTo(frmViewEquations::kRowsPage);
+    TurnTo(kRowsPage.number);
     desktop_.inputs = {"FIRST"};
     dialogs_.push_back([&](auto&) {
       EXPECT_EQ(RowText(0), "FIRST L 0 10000000000");
-      viewer().row_bounds.cmdCancel.Click();
+      viewer().desk.row_bounds.cmdCancel.Click();
     });
     Choose("mnuEditRowAdd");
     EXPECT_EQ(RowNames(), Texts{"FIRST"});
-    EXPECT_EQ(viewer().rows.list.cboShowOnly.list_index(), 0);
-    EXPECT_EQ(viewer().rows.list.frame.caption(), "Rows (1)");
-    EXPECT_EQ(viewer().rows.fraVars.caption(), "Variables:  FIRST");
+    EXPECT_EQ(viewer().contents.rows.cboShowOnly.list_index(), 0);
+    EXPECT_EQ(viewer().contents.rows.fraList.caption(), "Rows (1)");
+    EXPECT_EQ(viewer().contents.rows.fraElements.caption(), "Variables:  FIRST");
     EXPECT_TRUE(Item("mnuEditRowDel").Available());
   });
 }
@@ -110,7 +110,7 @@ TEST_F(RowCommandsTest, RenameOffersTheNameAndStoresTheNewOne) {
               (platform::ShownInput{"Enter a name for this row",
                                     std::string(platform::kDefaultTitle), "LIM"}));
     EXPECT_EQ(RowNames()[1], "CAP");
-    EXPECT_EQ(viewer().rows.fraVars.caption(), "Variables in CAP (2):");
+    EXPECT_EQ(viewer().contents.rows.fraElements.caption(), "Variables in CAP (2):");
     EXPECT_EQ(Boxes(), Texts{});
   });
 }
@@ -160,9 +160,9 @@ TEST_F(RowCommandsTest, DeleteAsksFirst) {
     EXPECT_EQ(model_.NumberOfRows(), 5);
     Choose("mnuEditRowDel");
     EXPECT_EQ(RowNames(), (Texts{"COST", "LOW", "RNG", "EQ"}));
-    EXPECT_EQ(viewer().rows.list.grid.current_row(), 1);
-    EXPECT_EQ(viewer().rows.fraVars.caption(), "Variables in LOW (1):");
-    EXPECT_EQ(Column(viewer().columns.fgrdColsEqns, 0), (Texts{"COST", "EQ"}));
+    EXPECT_EQ(viewer().contents.rows.fgrdList.current_row(), 1);
+    EXPECT_EQ(viewer().contents.rows.fraElements.caption(), "Variables in LOW (1):");
+    EXPECT_EQ(Column(viewer().contents.columns.fgrdElements, 0), (Texts{"COST", "EQ"}));
   });
   EXPECT_EQ(desktop_.boxes()[0], (platform::ShownBox{"Are you sure you want delete row LIM?",
                                                      MsgBoxStyle::kYesNo, "Confirm Deletion"}));
@@ -172,17 +172,17 @@ TEST_F(RowCommandsTest, DeleteKeyDeletesInTheListAndClampsTheSelection) {
   OnRows([&] {
     SelectRow("EQ");
     desktop_.answers = {kYes};
-    EXPECT_TRUE(viewer().rows.list.grid.Press({platform::Key::kDelete}));
+    EXPECT_TRUE(viewer().contents.rows.fgrdList.Press({platform::Key::kDelete}));
     EXPECT_EQ(RowNames(), (Texts{"COST", "LIM", "LOW", "RNG"}));
-    EXPECT_EQ(viewer().rows.list.grid.current_row(), 3);
-    EXPECT_EQ(viewer().rows.fraVars.caption(), "Variables:  RNG");
+    EXPECT_EQ(viewer().contents.rows.fgrdList.current_row(), 3);
+    EXPECT_EQ(viewer().contents.rows.fraElements.caption(), "Variables:  RNG");
   });
 }
 
 TEST_F(RowCommandsTest, OnlyRowIsNotDeleted) {
   ModelBuilder(model_).Row("A", 'L', 1).Column("X").Element("X", "A", 1);
   View([&] {
-    TurnTo(frmViewEquations::kRowsPage);
+    TurnTo(kRowsPage.number);
     desktop_.answers = {kYes};
     Choose("mnuEditRowDel");
     EXPECT_EQ(Boxes()[1],
@@ -194,13 +194,13 @@ TEST_F(RowCommandsTest, OnlyRowIsNotDeleted) {
 
 TEST_F(RowCommandsTest, WithoutARowTheyRefuse) {
   OnRows([&] {
-    viewer().rows.list.grid.set_current_row(-1);
+    viewer().contents.rows.fgrdList.set_current_row(-1);
     for (const char* name :
          {"mnuEditRowRename", "mnuEditRowDel", "mnuEditRowAddEle", "mnuEditRowChangeBnd"}) {
       Choose(name);
       EXPECT_EQ(Boxes().back(), "No Row Selected") << name;
     }
-    viewer().rows.list.grid.Press({platform::Key::kDelete});
+    viewer().contents.rows.fgrdList.Press({platform::Key::kDelete});
     EXPECT_EQ(Boxes(), Texts(5, "No Row Selected"));
     EXPECT_EQ(desktop_.input_boxes().size(), 0u);
   });
@@ -208,7 +208,7 @@ TEST_F(RowCommandsTest, WithoutARowTheyRefuse) {
 
 TEST_F(RowCommandsTest, ActOnTheRowBehindTheFilter) {
   OnRows([&] {
-    viewer().rows.list.cboShowOnly.Select(6);
+    viewer().contents.rows.cboShowOnly.Select(6);
     desktop_.answers = {kYes};
     desktop_.inputs = {"SAME"};
     Choose("mnuEditRowRename");
@@ -217,7 +217,7 @@ TEST_F(RowCommandsTest, ActOnTheRowBehindTheFilter) {
     EXPECT_EQ(model_.NumberOfRows(), 4);
     EXPECT_EQ(model_.RowName(3), "RNG");
     EXPECT_EQ(RowNames(), Texts{});
-    EXPECT_EQ(viewer().rows.list.frame.caption(), "Rows (4)");
+    EXPECT_EQ(viewer().contents.rows.fraList.caption(), "Rows (4)");
     EXPECT_FALSE(Item("mnuEditRowDel").enabled());
   });
 }
@@ -228,23 +228,23 @@ TEST_F(RowCommandsTest, ChangeTypeAndBoundsOpensTheDialogOfTheRow) {
     AcceptBounds("2.5", "3");
     Choose("mnuEditRowChangeBnd");
     EXPECT_EQ(RowText(2), "LOW G 2.5 -10000000000");
-    EXPECT_EQ(viewer().rows.fgrdRowsType.Text(0, 0), ">=  2.5");
-    EXPECT_EQ(viewer().rows.list.grid.current_row(), 2);
+    EXPECT_EQ(viewer().contents.rows.fgrdBounds.Text(0, 0), ">=  2.5");
+    EXPECT_EQ(viewer().contents.rows.fgrdList.current_row(), 2);
   });
 }
 
 TEST_F(RowCommandsTest, ChangedTypeMayLeaveTheFilter) {
   OnRows([&] {
-    viewer().rows.list.cboShowOnly.Select(2);
+    viewer().contents.rows.cboShowOnly.Select(2);
     SelectRow("LOW");
     dialogs_.push_back([&](auto&) {
-      viewer().row_bounds.Option("N")->Click();
-      viewer().row_bounds.cmdOK.Click();
+      viewer().desk.row_bounds.Option("N")->Click();
+      viewer().desk.row_bounds.cmdOK.Click();
     });
     Choose("mnuEditRowChangeBnd");
     EXPECT_EQ(RowNames(), (Texts{"LIM", "RNG", "EQ"}));
-    EXPECT_EQ(viewer().rows.list.grid.current_row(), 1);
-    EXPECT_EQ(viewer().rows.fraVars.caption(), "Variables:  RNG");
+    EXPECT_EQ(viewer().contents.rows.fgrdList.current_row(), 1);
+    EXPECT_EQ(viewer().contents.rows.fraElements.caption(), "Variables:  RNG");
   });
 }
 
@@ -264,13 +264,13 @@ TEST_F(RowCommandsTest, AddElementOpensItsDialogForTheRow) {
     desktop_.inputs = {"4.5"};
     dialogs_.push_back([&](platform::Form& dialog) {
       EXPECT_EQ(dialog.name(), "frmAddElementsToRow");
-      viewer().add_elements.fgrdCols.Select(2);
-      viewer().add_elements.cmdOK.Click();
+      viewer().desk.add_elements.fgrdCols.Select(2);
+      viewer().desk.add_elements.cmdOK.Click();
     });
     Choose("mnuEditRowAddEle");
-    EXPECT_EQ(Column(viewer().rows.fgrdRowsVars, 0), (Texts{"Y", "Z"}));
-    EXPECT_EQ(Column(viewer().rows.fgrdRowsVars, 1), (Texts{"1", "4.5"}));
-    EXPECT_EQ(viewer().rows.list.grid.current_row(), 2);
+    EXPECT_EQ(Column(viewer().contents.rows.fgrdElements, 0), (Texts{"Y", "Z"}));
+    EXPECT_EQ(Column(viewer().contents.rows.fgrdElements, 1), (Texts{"1", "4.5"}));
+    EXPECT_EQ(viewer().contents.rows.fgrdList.current_row(), 2);
     EXPECT_EQ(model_.NumberOfElements(), 7);
   });
 }

@@ -104,13 +104,13 @@ void SelectLine(platform::Grid& grid, std::string_view name) {
 }  // namespace
 
 void ViewerTest::SelectRow(std::string_view name) {
-  TurnTo(frmViewEquations::kRowsPage);
-  SelectLine(viewer().rows.list.grid, name);
+  TurnTo(kRowsPage.number);
+  SelectLine(viewer().contents.rows.fgrdList, name);
 }
 
 void ViewerTest::SelectColumn(std::string_view name) {
-  TurnTo(frmViewEquations::kColumnsPage);
-  SelectLine(viewer().columns.list.grid, name);
+  TurnTo(kColumnsPage.number);
+  SelectLine(viewer().contents.columns.fgrdList, name);
 }
 
 Texts ViewerTest::Column(const platform::Grid& grid, int column) {

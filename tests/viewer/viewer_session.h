@@ -45,14 +45,14 @@ class ViewerTest : public ::testing::Test {
   platform::MenuItem& Item(std::string_view name);
   // Chooses a menu item as the user does: menus are opened first.
   void Choose(std::string_view name);
-  void TurnTo(int page) { viewer().sstViewEqns.Select(page); }
+  void TurnTo(int page) { viewer().contents.sstViewEqns.Select(page); }
   // Selects the line of that name.
   void SelectRow(std::string_view name);
   void SelectColumn(std::string_view name);
 
   static Texts Column(const platform::Grid& grid, int column);
-  Texts RowNames() { return Column(viewer().rows.list.grid, 0); }
-  Texts ColumnNames() { return Column(viewer().columns.list.grid, 0); }
+  Texts RowNames() { return Column(viewer().contents.rows.fgrdList, 0); }
+  Texts ColumnNames() { return Column(viewer().contents.columns.fgrdList, 0); }
   // The texts of the boxes and the questions, without the last one that lets the window close.
   Texts Boxes() const;
   // The model's rows as "NAME TYPE lower upper".

@@ -7,9 +7,9 @@ namespace {
 
 TEST_F(ViewerTest, KeyboardBeginsInTheListOfTheTab) {
   BuildModel();
-  View([&] { EXPECT_EQ(viewer().focus(), &viewer().columns.list.grid); });
+  View([&] { EXPECT_EQ(viewer().focus(), &viewer().contents.columns.fgrdList); });
   ShowBy([&] { model_.ViewRow(1, true); },
-         [&] { EXPECT_EQ(viewer().focus(), &viewer().rows.list.grid); });
+         [&] { EXPECT_EQ(viewer().focus(), &viewer().contents.rows.fgrdList); });
 }
 
 TEST_F(ViewerTest, ShrinksToItsSmallestSizeWithEveryControlInside) {

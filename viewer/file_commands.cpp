@@ -1,0 +1,107 @@
+#include "viewer/file_commands.h"
+
+#include "mps/mps_reader.h"
+#include "platform/files.h"
+
+namespace quarvel {
+namespace {
+
+using platform::MsgBoxResult;
+using platform::MsgBoxStyle;
+
+constexpr std::int16_t kSaved = -1;
+
+#ifdef _WIN32
+constexpr std::string_view kReadme = "\\quarvel.readme.txt";
+#else
+constexpr std::string_view kReadme = "/quarvel.readme.txt";
+#endif
+
+}  // namespace
+
+bool FileCommands::OfferToSave() {
+  if (desk_.model().NumberOfElements() < 1) return true;
+  const MsgBoxResult answer = desk_.desktop().MsgBox("Do you want to save the current model?",
+                                                     MsgBoxStyle::kYesNoCancelExclamation);
+  if (!desk_.IsReady()) return false;
+  return answer == MsgBoxResult::kYes ? WriteModel() : answer == MsgBoxResult::kNo;
+}
+
+bool FileCommands::HasElementsToSave() {
+  if (desk_.model().NumberOfElements() != 0) return true;
+  desk_.Say("There are no elements in the model yet.  Save aborted");
+  return false;
+}
+
+bool FileCommands::WriteModel() {
+  ModelInterface& model = desk_.model();
+  if (!HasElementsToSave() || !desk_.IsReady()) return false;
+  const ViewerContents& contents = desk_.contents();
+  if (contents.boxes_filled()) {
+    model.SetModelName(contents.txtName.text());
+    model.SetModelDescription(contents.txtDescription.text());
+  }
+  Simplify();
+  if (!desk_.IsReady()) return false;
+  const bool done =
+      model.SaveMPSFile(model.FileLocation()) == kSaved || model.SaveAsMPSFile() == kSaved;
+  // A model that was simplified to nothing is told as saved, but no file holds it.
+  return done && desk_.IsReady() && model.NumberOfElements() != 0;
+}
+
+void FileCommands::New() {
+  if (!OfferToSave()) return;
+  desk_.model().MakeNewModel();
+  desk_.contents().Refresh();
+}
+
+void FileCommands::Open() {
+  ModelInterface& model = desk_.model();
+  if (!OfferToSave()) return;
+  desk_.contents().Empty();
+  // Whatever comes of it: the boxes for name and description must not stay empty, or the next save
+  // would wipe them out in the model.
+  try {
+    model.ReadMPSFile();
+  } catch (...) {
+    desk_.contents().Load();
+    throw;
+  }
+  desk_.contents().Load();
+}
+
+void FileCommands::Save() { WriteModel(); }
+
+void FileCommands::SaveAs() {
+  ModelInterface& model = desk_.model();
+  if (!HasElementsToSave() || !desk_.IsReady()) return;
+  Simplify();
+  if (!desk_.IsReady()) return;
+  if (model.SaveAsMPSFile() != kSaved) desk_.Say("Model could not be saved");
+}
+
+void FileCommands::Exit() { desk_.window().Unload(); }
+
+void FileCommands::Simplify() {
+  ModelInterface& model = desk_.model();
+  const MsgBoxResult answer = desk_.desktop().MsgBox(kSimplifyQuestion, MsgBoxStyle::kYesNo);
+  if (answer != MsgBoxResult::kYes || !desk_.IsReady()) return;
+  try {
+    model.SimplifyMPSModel();
+  } catch (...) {
+    if (desk_.IsReady()) desk_.contents().Refresh();
+    throw;
+  }
+  if (desk_.IsReady()) desk_.contents().Refresh();
+}
+
+void FileCommands::Help() {
+  const std::string readme = platform::ComponentFolder().append(kReadme);
+  if (!desk_.desktop().OpenInEditor(readme)) {
+    desk_.Say("The help could not be opened.  It can be found at " + readme);
+  }
+}
+
+void FileCommands::About() { desk_.model().DisplayAuthor(); }
+
+}  // namespace quarvel
