@@ -40,10 +40,11 @@ target_link_libraries(Quarvel PRIVATE quarvel_automation quarvel_win32)
 target_link_options(Quarvel PRIVATE -Wl,--enable-stdcall-fixup)
 set_source_files_properties(
   automation/quarvel.rc
-  PROPERTIES INCLUDE_DIRECTORIES "${generated}" OBJECT_DEPENDS "${generated}/quarvel.tlb")
+  PROPERTIES INCLUDE_DIRECTORIES "${generated};${QUARVEL_MADE}"
+             OBJECT_DEPENDS "${generated}/quarvel.tlb;${QUARVEL_MADE}/text/version.h")
 
 # For programs that use the component without registering it, and one that does.
-configure_file(packaging/Quarvel.Component.manifest
+configure_file("${QUARVEL_MADE}/packaging/Quarvel.Component.manifest"
                "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/Quarvel.Component.manifest" COPYONLY)
 add_executable(quarvel_tour examples/automation/tour.cpp examples/automation/tour.rc)
 target_link_libraries(quarvel_tour PRIVATE quarvel_idl)

@@ -56,7 +56,7 @@ int Run(std::span<const std::string> words, const Streams& streams, std::string&
   const Arguments arguments = ParseArguments(words);
   command = arguments.command;
   if (arguments.version) {
-    streams.out << "quarvel " << kVersion << '\n';
+    streams.out << "quarvel " << ProductVersion() << '\n';
     return kGood;
   }
   return RunCommand(arguments, streams);

@@ -1,11 +1,16 @@
 #include "model/about.h"
 
+#include "text/version.h"
+
 namespace quarvel {
 
+std::string_view ProductVersion() { return QUARVEL_PRODUCT_VERSION; }
+std::string_view ComponentVersion() { return QUARVEL_COMPONENT_VERSION; }
+
 std::string AboutText() {
-  return "Quarvel version " + std::string(kVersion) +
-         "\r\n\r\nWritten by the Quarvel developers.\r\n"
-         "Questions and problems are welcome in the project's issue tracker; the README names it.";
+  return "Quarvel version " + std::string(ProductVersion()) + " (component version " +
+         std::string(ComponentVersion()) + ")\r\n\r\nWritten by the Quarvel developers.\r\n" +
+         std::string(kWhereToReport);
 }
 
 }  // namespace quarvel

@@ -46,6 +46,8 @@ std::string SourceFolder() {
   return Reachable(QUARVEL_SOURCE);
 }
 
+std::string MadeFolder() { return Reachable(QUARVEL_MADE); }
+
 std::optional<std::string> DataFolder() {
   if (auto folder = FolderOfEnvironment("QUARVEL_DATA")) return folder;
   const std::string beside = ToText(ToPath(SourceFolder()).parent_path()) + "/shared/data";
@@ -58,6 +60,10 @@ std::string ReadWholeFile(const std::string& path) {
   std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
   if (!file.good() && !file.eof()) throw std::runtime_error("cannot read " + path);
   return bytes;
+}
+
+std::string ProjectFile(const std::string& path) {
+  return ReadWholeFile(SourceFolder() + "/" + path);
 }
 
 void WriteWholeFile(const std::string& path, std::string_view bytes) {

@@ -12,6 +12,10 @@ namespace quarvel {
 // The project's root folder: QUARVEL_SOURCE of the environment, else the folder it was built from.
 std::string SourceFolder();
 
+// The folder of files that are made while configuring and building, under the paths of what they
+// are made from.
+std::string MadeFolder();
+
 // The folder of real models: QUARVEL_DATA of the environment, else "shared/data" beside the
 // project. Nothing when there is none; a folder that the environment names must exist.
 std::optional<std::string> DataFolder();
@@ -19,6 +23,9 @@ std::optional<std::string> DataFolder();
 // The whole file, byte for byte. Throws std::runtime_error, naming the file, when it cannot be
 // read.
 std::string ReadWholeFile(const std::string& path);
+
+// The same of a file of the project, by its path from the root.
+std::string ProjectFile(const std::string& path);
 
 // Writes the bytes to a file, replacing it. Throws std::runtime_error when that fails.
 void WriteWholeFile(const std::string& path, std::string_view bytes);
