@@ -19,7 +19,12 @@ add_custom_command(
   WORKING_DIRECTORY "${generated}"
   DEPENDS "${idl}"
   VERBATIM)
-add_custom_target(quarvel_idl_files DEPENDS "${generated}/quarvel_idl.h" "${generated}/quarvel.tlb")
+quarvel_members(table "${generated}/quarvel_members.inc")
+quarvel_members(declarations "${generated}/quarvel_object_members.inc")
+add_custom_target(
+  quarvel_idl_files
+  DEPENDS "${generated}/quarvel_idl.h" "${generated}/quarvel.tlb"
+          "${generated}/quarvel_members.inc" "${generated}/quarvel_object_members.inc")
 
 # What an early-bound C++ host compiles against.
 add_library(quarvel_idl INTERFACE)
