@@ -60,7 +60,7 @@ class LPModel final : public ModelInterface {
   const std::any& showFrm() const { return data_.showFrm; }
   void showFrm(std::any value) { data_.showFrm = std::move(value); }
 
-  // --- life of the model (model/lifecycle.cpp) ---
+  // --- life of the model (model/lp_model.cpp) ---
   // An empty-looking model with one hidden placeholder row and column.
   void MakeNewModel() override;
 
