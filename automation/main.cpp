@@ -1,7 +1,6 @@
 // The entry points of Quarvel.dll, which the system calls.
 
 #include <array>
-#include <new>
 
 #include <windows.h>
 #include <quarvel_idl.h>

@@ -3,6 +3,8 @@
 #include <windows.h>
 #include <quarvel_idl.h>
 
+#include "automation/com_ptr.h"
+
 namespace quarvel::automation {
 
 HMODULE ThisModule() {
@@ -26,13 +28,9 @@ std::wstring ModulePath() {
   }
 }
 
-HRESULT LoadModuleTypeLibrary(ComPtr<ITypeLib>& library) {
-  return LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, library.Receive());
-}
-
 HRESULT LoadInterfaceInfo(ITypeInfo** info) {
   ComPtr<ITypeLib> library;
-  const HRESULT loaded = LoadModuleTypeLibrary(library);
+  const HRESULT loaded = LoadTypeLibEx(ModulePath().c_str(), REGKIND_NONE, library.Receive());
   if (FAILED(loaded)) return loaded;
   return library->GetTypeInfoOfGuid(__uuidof(_LPModel), info);
 }

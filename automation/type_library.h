@@ -6,8 +6,6 @@
 #include <windows.h>
 #include <oleauto.h>
 
-#include "automation/com_ptr.h"
-
 namespace quarvel::automation {
 
 // The module that holds this code: Quarvel.dll, or the program that this library is linked into.
@@ -16,10 +14,8 @@ HMODULE ThisModule();
 // The full path of its file. Empty when the system does not tell.
 std::wstring ModulePath();
 
-// Gives the embedded library without registering it.
-HRESULT LoadModuleTypeLibrary(ComPtr<ITypeLib>& library);
-
-// The description of _LPModel, as IDispatch hands it out.
+// The description of _LPModel in the embedded library, as IDispatch hands it out. Nothing is
+// registered for it.
 HRESULT LoadInterfaceInfo(ITypeInfo** info);
 
 }  // namespace quarvel::automation

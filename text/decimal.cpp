@@ -63,8 +63,7 @@ Decimal LongDecimal(double magnitude) {
   // The shortest round-trip digits are found faster than 15 digits. Subnormals have too few of
   // them.
   if (magnitude >= std::numeric_limits<double>::min()) {
-    const auto written = std::to_chars(buffer, limit, magnitude, std::chars_format::scientific);
-    if (const auto decimal = RoundShortest(ReadScientific(buffer, written.ptr))) return *decimal;
+    if (const auto decimal = RoundShortest(ToShortestDecimal(magnitude))) return *decimal;
   }
   const auto written = std::to_chars(buffer, limit, magnitude, std::chars_format::scientific,
                                      kSignificantDigits - 1);
@@ -78,6 +77,15 @@ Decimal ToDecimal(double value) {
   if (magnitude == 0) return {};
   const std::optional<Decimal> short_decimal = ShortDecimal(magnitude);
   Decimal decimal = short_decimal ? *short_decimal : LongDecimal(magnitude);
+  decimal.negative = value < 0;
+  return decimal;
+}
+
+Decimal ToShortestDecimal(double value) {
+  char buffer[40];
+  const auto written = std::to_chars(buffer, buffer + sizeof buffer, std::fabs(value),
+                                     std::chars_format::scientific);
+  Decimal decimal = ReadScientific(buffer, written.ptr);
   decimal.negative = value < 0;
   return decimal;
 }

@@ -22,6 +22,9 @@ struct Decimal {
 // The nearest decimal of 15 significant digits to a finite value.
 Decimal ToDecimal(double value);
 
+// The fewest digits that read back to the same finite value, 17 at the most.
+Decimal ToShortestDecimal(double value);
+
 // The same number with its trailing zeros moved into the exponent; zero loses sign and exponent.
 Decimal DropTrailingZeros(Decimal decimal);
 

@@ -46,32 +46,6 @@ void AppendRoundedText(std::string& out, Decimal decimal) {
   }
 }
 
-// As many digits as it takes to read the same number back, 17 at the most.
-Decimal ShortestDecimal(double value) {
-  char buffer[32];
-  const char* const end =
-      std::to_chars(buffer, buffer + sizeof buffer, std::fabs(value), std::chars_format::scientific)
-          .ptr;
-  Decimal decimal;
-  decimal.negative = value < 0;
-  const char* at = buffer;
-  int fraction_digits = 0;
-  for (bool fraction = false; *at != 'e'; ++at) {
-    if (*at == '.') {
-      fraction = true;
-      continue;
-    }
-    decimal.digits = decimal.digits * 10 + static_cast<std::uint64_t>(*at - '0');
-    if (fraction) ++fraction_digits;
-  }
-  ++at;
-  if (*at == '+') ++at;
-  int exponent = 0;
-  std::from_chars(at, end, exponent);
-  decimal.exponent = exponent - fraction_digits;
-  return decimal;
-}
-
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 // A numeric text taken apart: `magnitude` is all but blanks and sign. `digits` holds the digits of
@@ -309,7 +283,7 @@ std::string RoundTripText(double value) {
   std::string text = GeneralText(value);
   if (!std::isfinite(value) || ParseNumber(text) == value) return text;
   text.clear();
-  const Decimal decimal = ShortestDecimal(value);
+  const Decimal decimal = ToShortestDecimal(value);
   const int place = DigitText(decimal.digits).size() - 1 + decimal.exponent;
   if (place > kLargestPlainPlace || place < kSmallestPlainPlace) {
     AppendExponentText(text, decimal, place);

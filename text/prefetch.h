@@ -7,27 +7,12 @@
 namespace quarvel::text {
 
 // Asks for the cache line at `place`. Never fails, wherever that points.
-inline void Prefetch(const void* place) {
-#if defined(__GNUC__)
-  __builtin_prefetch(place);
-#else
-  static_cast<void>(place);
-#endif
-}
+inline void Prefetch(const void* place) { __builtin_prefetch(place); }
 
 // The same for so many bytes, which may stand across the border of two cache lines.
 inline void Prefetch(const void* place, std::size_t size) {
   Prefetch(place);
   Prefetch(static_cast<const char*>(place) + size - 1);
-}
-
-// The same for bytes that will be written.
-inline void PrefetchForWriting(const void* place) {
-#if defined(__GNUC__)
-  __builtin_prefetch(place, 1);
-#else
-  static_cast<void>(place);
-#endif
 }
 
 }  // namespace quarvel::text

@@ -12,6 +12,7 @@
 #include "automation/bstr.h"
 #include "automation/class_factory.h"
 #include "automation/module_use.h"
+#include "model/about.h"
 #include "platform/scripted/scripted_desktop.h"
 #include "tests/automation/component_file.h"
 #include "tests/automation/object_fixture.h"
@@ -53,13 +54,12 @@ std::vector<std::string> Exports(HMODULE module) {
   return found;
 }
 
-// A text of the version resource, "(none)" when it is missing.
-std::string VersionText(const std::wstring& name) {
-  std::vector<std::byte> block(GetFileVersionInfoSizeW(ComponentFile().c_str(), nullptr));
+// A text of a file's version resource, "(none)" when it is missing.
+std::string VersionText(const std::wstring& file, const std::wstring& name) {
+  std::vector<std::byte> block(GetFileVersionInfoSizeW(file.c_str(), nullptr));
   void* text = nullptr;
   UINT length = 0;
-  if (!GetFileVersionInfoW(ComponentFile().c_str(), 0, static_cast<DWORD>(block.size()),
-                           block.data()) ||
+  if (!GetFileVersionInfoW(file.c_str(), 0, static_cast<DWORD>(block.size()), block.data()) ||
       !VerQueryValueW(block.data(), (L"\\StringFileInfo\\040904B0\\" + name).c_str(), &text,
                       &length)) {
     return "(none)";
@@ -85,10 +85,17 @@ TEST(Component, ImportsOnlyTheSystemsOwnFiles) {
 }
 
 TEST(Component, TellsItsVersionAndThatItRegistersItself) {
-  EXPECT_EQ(VersionText(L"FileVersion"), "1.00.0001");
-  EXPECT_EQ(VersionText(L"ProductVersion"), "1.00.0001");
-  EXPECT_EQ(VersionText(L"ProductName"), "Quarvel");
-  EXPECT_NE(VersionText(L"OLESelfRegister"), "(none)");
+  const std::wstring file = ComponentFile();
+  EXPECT_EQ(VersionText(file, L"FileVersion"), "1.00.0001");
+  EXPECT_EQ(VersionText(file, L"ProductVersion"), "1.00.0001");
+  EXPECT_EQ(VersionText(file, L"ProductName"), "Quarvel");
+  EXPECT_NE(VersionText(file, L"OLESelfRegister"), "(none)");
+}
+
+TEST(Component, StandsBesideAProgramOfTheProductsVersion) {
+  const std::wstring folder = ComponentFile().substr(0, ComponentFile().find_last_of(L'\\') + 1);
+  EXPECT_EQ(VersionText(folder + L"quarvel.exe", L"FileVersion"), ProductVersion());
+  EXPECT_EQ(VersionText(folder + L"quarvel.exe", L"ProductName"), "Quarvel");
 }
 
 TEST(Component, CarriesTheManifestOfItsOwnVisualStyles) {

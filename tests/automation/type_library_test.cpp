@@ -161,7 +161,7 @@ TEST_F(TypeLibrary, TheInterfaceIsDual) {
   TYPEATTR* attributes = nullptr;
   ASSERT_EQ(interface_->GetTypeAttr(&attributes), S_OK);
   EXPECT_EQ(attributes->typekind, TKIND_INTERFACE);
-  EXPECT_EQ(attributes->cFuncs, 71);
+  EXPECT_EQ(attributes->cFuncs, InterfaceTable().size());
   EXPECT_EQ(attributes->wTypeFlags & (TYPEFLAG_FDUAL | TYPEFLAG_FOLEAUTOMATION),
             TYPEFLAG_FDUAL | TYPEFLAG_FOLEAUTOMATION);
   EXPECT_NE(attributes->wTypeFlags & TYPEFLAG_FDISPATCHABLE, 0);
@@ -170,7 +170,6 @@ TEST_F(TypeLibrary, TheInterfaceIsDual) {
 
 TEST_F(TypeLibrary, DescribesEveryMemberInItsPlace) {
   const auto table = InterfaceTable();
-  ASSERT_EQ(table.size(), 71u);
   for (std::size_t i = 0; i < table.size(); ++i) {
     const InterfaceRow& row = table[i];
     SCOPED_TRACE(std::to_string(i + 1) + " " + std::string(row.name));
@@ -193,7 +192,7 @@ TEST_F(TypeLibrary, DescribesEveryMemberInItsPlace) {
 TEST_F(TypeLibrary, OnlyTheArraysAndTheAnswerAreWritten) {
   const std::map<std::string, std::string> written = {{"RowGradient", "in,in out"},
                                                       {"RowBodyValue", "in,in out,in out"}};
-  for (UINT i = 0; i < 71; ++i) {
+  for (UINT i = 0; i < InterfaceTable().size(); ++i) {
     FUNCDESC* function = nullptr;
     ASSERT_EQ(interface_->GetFuncDesc(i, &function), S_OK);
     const std::string name = NameOf(*interface_.get(), function->memid);
