@@ -1,8 +1,7 @@
 #include "viewer/element_commands.h"
 
-#include <string>
-
 #include "text/numbers.h"
+#include "viewer/command_desk.h"
 #include "viewer/element_value.h"
 
 namespace quarvel {

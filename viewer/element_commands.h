@@ -1,12 +1,14 @@
 // The viewer's commands on single coefficients.
 #pragma once
 
-#include <optional>
+#include <string>
 #include <string_view>
 
-#include "viewer/command_desk.h"
-
 namespace quarvel {
+
+class CommandDesk;
+struct NamedElement;
+struct RecordKind;
 
 class ElementCommands {
  public:

@@ -2,6 +2,7 @@
 
 #include "mps/mps_reader.h"
 #include "platform/files.h"
+#include "viewer/command_desk.h"
 
 namespace quarvel {
 namespace {

@@ -1,9 +1,9 @@
 // The viewer's commands on the model as a whole: files, simplifying, help.
 #pragma once
 
-#include "viewer/command_desk.h"
-
 namespace quarvel {
+
+class CommandDesk;
 
 class FileCommands {
  public:

@@ -1,11 +1,13 @@
 #include "viewer/record_commands.h"
 
-#include <string>
+#include "viewer/command_desk.h"
 
 namespace quarvel {
 
 RecordCommands::RecordCommands(CommandDesk& desk, const RecordKind& kind, SetBoundsForm& bounds)
     : desk_(desk), kind_(kind), bounds_(bounds) {}
+
+RecordPage& RecordCommands::page() const { return desk_.contents().PageOf(kind_); }
 
 std::string RecordCommands::AskNewName() const {
   const std::string noun(kind_.noun);

@@ -2,10 +2,15 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
-#include "viewer/command_desk.h"
+#include "viewer/named_record.h"
 
 namespace quarvel {
+
+class CommandDesk;
+class RecordPage;
+class SetBoundsForm;
 
 class RecordCommands {
  public:
@@ -18,7 +23,7 @@ class RecordCommands {
   void ChangeBounds();
 
  private:
-  RecordPage& page() const { return desk_.contents().PageOf(kind_); }
+  RecordPage& page() const;
   // A name without spaces; empty when cancelled.
   std::string AskNewName() const;
   // The selected record; says so when there is none.

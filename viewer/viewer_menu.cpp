@@ -2,6 +2,9 @@
 
 #include <cassert>
 #include <cstddef>
+#include <iterator>
+
+#include "viewer/viewer_commands.h"
 
 namespace quarvel {
 namespace {

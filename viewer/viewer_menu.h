@@ -6,9 +6,11 @@
 #include <vector>
 
 #include "platform/menu.h"
-#include "viewer/viewer_commands.h"
 
 namespace quarvel {
+
+class CommandDesk;
+struct ViewerCommands;
 
 class ViewerMenu {
  public:
