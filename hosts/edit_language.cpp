@@ -39,12 +39,9 @@ double ParseBound(const std::string& word) {
   return ParseValue(word);
 }
 
-std::int32_t RowOf(Session& session, const std::string& word) {
-  return FindRecord(session.model(), kRowKind, word);
-}
-
-std::int32_t ColumnOf(Session& session, const std::string& word) {
-  return FindRecord(session.model(), kColumnKind, word);
+template <const RecordKind& kind>
+std::int32_t NumberOf(Session& session, const std::string& word) {
+  return FindRecord(session.model(), kind, word);
 }
 
 // The number of the element within its row. Walks the row.
@@ -91,45 +88,42 @@ void AddColumn(Session& session, const Words& words) {
 }
 
 void AddElement(Session& session, const Words& words) {
-  const std::int32_t row = RowOf(session, words[0]);
-  const std::int32_t column = ColumnOf(session, words[1]);
+  const std::int32_t row = NumberOf<kRowKind>(session, words[0]);
+  const std::int32_t column = NumberOf<kColumnKind>(session, words[1]);
   session.model().AddElement(row, column, ParseValue(words[2]));
 }
 
 void SetElement(Session& session, const Words& words) {
-  const std::int32_t row = RowOf(session, words[0]);
-  const std::int32_t element = ElementOf(session.model(), row, ColumnOf(session, words[1]));
+  const std::int32_t row = NumberOf<kRowKind>(session, words[0]);
+  const std::int32_t element =
+      ElementOf(session.model(), row, NumberOf<kColumnKind>(session, words[1]));
   session.model().SetRowElementValue(row, element, ParseValue(words[2]));
 }
 
-void DeleteRow(Session& session, const Words& words) {
-  session.model().DeleteRow(RowOf(session, words[0]));
+template <const RecordKind& kind>
+void Delete(Session& session, const Words& words) {
+  (session.model().*kind.remove)(NumberOf<kind>(session, words[0]));
 }
 
-void DeleteColumn(Session& session, const Words& words) {
-  session.model().DeleteColumn(ColumnOf(session, words[0]));
+template <const RecordKind& kind>
+void Rename(Session& session, const Words& words) {
+  (session.model().*kind.set_name)(NumberOf<kind>(session, words[0]), NewName(words[1]));
+}
+
+template <const RecordKind& kind>
+void SetType(Session& session, const Words& words) {
+  (session.model().*kind.set_type)(NumberOf<kind>(session, words[0]), text::UpperCase(words[1]));
 }
 
 void DeleteElement(Session& session, const Words& words) {
-  const std::int32_t row = RowOf(session, words[0]);
-  const std::int32_t element = ElementOf(session.model(), row, ColumnOf(session, words[1]));
+  const std::int32_t row = NumberOf<kRowKind>(session, words[0]);
+  const std::int32_t element =
+      ElementOf(session.model(), row, NumberOf<kColumnKind>(session, words[1]));
   session.model().DeleteElement(row, element);
 }
 
-void RenameRow(Session& session, const Words& words) {
-  session.model().SetRowName(RowOf(session, words[0]), NewName(words[1]));
-}
-
-void RenameColumn(Session& session, const Words& words) {
-  session.model().SetColName(ColumnOf(session, words[0]), NewName(words[1]));
-}
-
-void SetRowType(Session& session, const Words& words) {
-  session.model().SetRowType(RowOf(session, words[0]), text::UpperCase(words[1]));
-}
-
 void SetRowBounds(Session& session, const Words& words) {
-  const std::int32_t row = RowOf(session, words[0]);
+  const std::int32_t row = NumberOf<kRowKind>(session, words[0]);
   session.model().SetRowLowerBound(row, ParseBound(words[1]));
   session.model().SetRowUpperBound(row, ParseBound(words[2]));
 }
@@ -159,7 +153,7 @@ constexpr BoundCode kBoundCodes[] = {
 };
 
 void SetBound(Session& session, const Words& words) {
-  const std::int32_t column = ColumnOf(session, words[0]);
+  const std::int32_t column = NumberOf<kColumnKind>(session, words[0]);
   const std::string code = text::UpperCase(words[1]);
   for (const BoundCode& known : kBoundCodes) {
     if (known.code != code) continue;
@@ -170,10 +164,6 @@ void SetBound(Session& session, const Words& words) {
     return known.set(session.model(), column, has_value ? ParseBound(words[2]) : 0);
   }
   RaiseBad("there is no bound " + words[1]);
-}
-
-void SetColumnType(Session& session, const Words& words) {
-  session.model().SetColType(ColumnOf(session, words[0]), text::UpperCase(words[1]));
 }
 
 void SetName(Session& session, const Words& words) { session.model().SetModelName(words[0]); }
@@ -195,15 +185,15 @@ constexpr EditCommand kEditCommands[] = {
     {"add-column", "NAME [R|I]", 1, 2, AddColumn},
     {"add-element", "ROW COLUMN VALUE", 3, 3, AddElement},
     {"set-element", "ROW COLUMN VALUE", 3, 3, SetElement},
-    {"delete-row", "ROW", 1, 1, DeleteRow},
-    {"delete-column", "COLUMN", 1, 1, DeleteColumn},
+    {"delete-row", "ROW", 1, 1, Delete<kRowKind>},
+    {"delete-column", "COLUMN", 1, 1, Delete<kColumnKind>},
     {"delete-element", "ROW COLUMN", 2, 2, DeleteElement},
-    {"rename-row", "ROW NAME", 2, 2, RenameRow},
-    {"rename-column", "COLUMN NAME", 2, 2, RenameColumn},
-    {"set-row-type", "ROW N|G|L|E|R", 2, 2, SetRowType},
+    {"rename-row", "ROW NAME", 2, 2, Rename<kRowKind>},
+    {"rename-column", "COLUMN NAME", 2, 2, Rename<kColumnKind>},
+    {"set-row-type", "ROW N|G|L|E|R", 2, 2, SetType<kRowKind>},
     {"set-row-bounds", "ROW LOWER UPPER", 3, 3, SetRowBounds},
     {"set-bound", "COLUMN LO|UP|FX|FR|MI|PL [VALUE]", 2, 3, SetBound},
-    {"set-column-type", "COLUMN R|I", 2, 2, SetColumnType},
+    {"set-column-type", "COLUMN R|I", 2, 2, SetType<kColumnKind>},
     {"set-name", "TEXT", 1, 1, SetName},
     {"set-description", "TEXT", 1, 1, SetDescription},
     {"simplify", "", 0, 0, Simplify},
