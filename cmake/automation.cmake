@@ -36,6 +36,8 @@ target_link_libraries(quarvel_idl INTERFACE ole32 oleaut32 uuid)
 quarvel_library(quarvel_automation automation)
 target_link_libraries(quarvel_automation PUBLIC quarvel_core quarvel_idl)
 target_compile_definitions(quarvel_automation PUBLIC NOMINMAX WIN32_LEAN_AND_MEAN)
+# It defines the identifiers that every other source only declares.
+set_source_files_properties(automation/registration.cpp PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 
 add_library(Quarvel SHARED automation/main.cpp automation/quarvel.def automation/quarvel.rc
                            platform/win32/common_controls.rc)
