@@ -6,8 +6,8 @@ set -eu
 
 # The program and its native tests.
 native=(cmake ninja-build g++ libgtest-dev qt6-base-dev)
-# The formatter.
-format=(clang-format)
+# The formatter, and the interpreter of tools/longest.
+format=(clang-format python3)
 # A display that nobody sees, and a user at it.
 display=(xvfb xdotool)
 # clang's sanitizers, fuzzer and checker.

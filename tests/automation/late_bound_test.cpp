@@ -31,7 +31,7 @@ const char kColumnElement7[] =
 const char kRowElement7[] =
     "! -2147220971 | LPModel.PropertyGetRow() | Quarvel.dll error: element 7 is out of range.  "
     "\r\nElements in this row range from 0 to 1.";
-const char kNine[] = "! -2146828279 |  | Subscript out of range";
+const char kSubscriptOutOfRange[] = "! -2146828279 |  | Subscript out of range";
 const char kThirteen[] = "! -2146828275 |  | Type mismatch";
 
 const std::vector<Case>& Cases() {
@@ -126,7 +126,7 @@ const std::vector<Case>& Cases() {
       {L"RowType", kRead, {9}, kRow9},
       {L"SetRowType", kWrite, {1, "E"}, "= EMPTY"},
       {L"SetRowType", kWrite, {1, "X"}, "= EMPTY", {"Invalid Row Type"}},
-      {L"SetRowType", kWrite, {9, "E"}, kNine},
+      {L"SetRowType", kWrite, {9, "E"}, kSubscriptOutOfRange},
       {L"RowLowerBound", kRead, {1}, "= R8 0"},
       {L"RowLowerBound", kRead, {9}, kRow9},
       {L"SetRowLowerBound", kWrite, {1, -1}, "= EMPTY"},
@@ -150,7 +150,7 @@ const std::vector<Case>& Cases() {
       {L"DeleteColumn", kRead, {1}, "= I2 -1"},
       {L"DeleteElement", kRead, {1, 0}, "= I2 -1"},
       {L"DeleteElement", kRead, {9, 0}, "= I2 0"},
-      {L"DeleteElement", kRead, {1, 9}, kNine},
+      {L"DeleteElement", kRead, {1, 9}, kSubscriptOutOfRange},
       {L"MakeNewModel", kRead, {}, "= EMPTY"},
       {L"MakeNewModel", kRead, {1}, "! DISP_E_BADPARAMCOUNT"},
       {L"AddElement", kRead, {0, 2, 5}, "= EMPTY"},

@@ -7,7 +7,7 @@
 namespace quarvel::automation {
 namespace {
 
-std::string Utf8Text(const std::wstring& text) {
+std::string ShownText(const std::wstring& text) {
   return text::Utf16ToUtf8(std::u16string(text.begin(), text.end()));
 }
 
@@ -25,8 +25,8 @@ void AddValues(HKEY key, const std::string& prefix, std::vector<std::string>& li
     name.resize(name_length);
     data.resize(bytes / sizeof(wchar_t));
     std::replace(data.begin(), data.end(), L'\0', L';');
-    lines.push_back(prefix + " [" + Utf8Text(name) + "] " + std::to_string(type) + " " +
-                    Utf8Text(data));
+    lines.push_back(prefix + " [" + ShownText(name) + "] " + std::to_string(type) + " " +
+                    ShownText(data));
   }
 }
 
@@ -44,7 +44,7 @@ void AddKey(HKEY parent, const std::wstring& path, const std::string& shown,
       break;
     }
     name.resize(length);
-    AddKey(key, name, shown + "\\" + Utf8Text(name), lines);
+    AddKey(key, name, shown + "\\" + ShownText(name), lines);
   }
   RegCloseKey(key);
 }
@@ -53,7 +53,7 @@ void AddKey(HKEY parent, const std::wstring& path, const std::string& shown,
 
 std::vector<std::string> RegistrySnapshot(HKEY root, const std::wstring& path) {
   std::vector<std::string> lines;
-  AddKey(root, path, Utf8Text(path), lines);
+  AddKey(root, path, ShownText(path), lines);
   std::sort(lines.begin(), lines.end());
   return lines;
 }

@@ -60,7 +60,7 @@ std::string TypeName(const TYPEDESC& type) {
   return found == names.end() ? "type " + std::to_string(type.vt) : found->second;
 }
 
-std::string KindName(INVOKEKIND kind) {
+std::string NameOfKind(INVOKEKIND kind) {
   static const std::map<INVOKEKIND, std::string> names = {{INVOKE_PROPERTYGET, "get"},
                                                           {INVOKE_PROPERTYPUT, "let"},
                                                           {INVOKE_PROPERTYPUTREF, "set"},
@@ -176,7 +176,7 @@ TEST_F(TypeLibrary, DescribesEveryMemberInItsPlace) {
     FUNCDESC* function = nullptr;
     ASSERT_EQ(interface_->GetFuncDesc(static_cast<UINT>(i), &function), S_OK);
     EXPECT_EQ(static_cast<std::uint32_t>(function->memid), row.id);
-    EXPECT_EQ(KindName(function->invkind), row.kind);
+    EXPECT_EQ(NameOfKind(function->invkind), row.kind);
     EXPECT_EQ(static_cast<std::size_t>(function->oVft), (7 + i) * sizeof(void*));
     EXPECT_EQ(function->callconv, CC_STDCALL);
     EXPECT_EQ(function->elemdescFunc.tdesc.vt, VT_HRESULT);

@@ -66,48 +66,62 @@ double NaiveSimplifier::Divide(double bound, double coefficient) {
   return bound / coefficient;
 }
 
-// False when the pass is over.
 bool NaiveSimplifier::ConvertRow(std::int32_t& i) {
   if (Row(i).ElementCount() != 1) return true;
   const std::string type = Row(i).Type;
-  const std::string name = Row(i).Name;
-  if (type != "G" && type != "L" && type != "E" && type != "R") return true;
+  if (type == "E") return ConvertEquality(i);
+  if (type == "R") return ConvertRange(i);
+  if (type == "G" || type == "L") ConvertInequality(i);
+  return true;
+}
+
+void NaiveSimplifier::ConvertInequality(std::int32_t& i) {
   const double a = Row(i).Elements.at(0).Value;
   double& lower = ColumnOfRow(i).LowerBound;
   double& upper = ColumnOfRow(i).UpperBound;
-  if (type == "G") {
+  if (std::string(Row(i).Type) == "G") {
     const double new_lower = Divide(Row(i).LowerBound, a);
-    if (new_lower < lower) return true;
+    if (new_lower < lower) return;
     lower = new_lower;
-    Convert(i, "Converted row " + name + " into variable bound");
-    return true;
-  }
-  if (type == "L") {
+  } else {
     const double new_upper = Divide(Row(i).UpperBound, a);
-    if (new_upper > upper) return true;
+    if (new_upper > upper) return;
     upper = new_upper;
-    Convert(i, "Converted row " + name + " into variable bound");
-    return true;
   }
+  Convert(i, "Converted row " + std::string(Row(i).Name) + " into variable bound");
+}
+
+bool NaiveSimplifier::ConvertEquality(std::int32_t& i) {
+  const double a = Row(i).Elements.at(0).Value;
+  double& lower = ColumnOfRow(i).LowerBound;
+  double& upper = ColumnOfRow(i).UpperBound;
   const double new_lower = Divide(Row(i).LowerBound, a);
   const double new_upper = Divide(Row(i).UpperBound, a);
-  if (type == "E") {
-    if (!(new_upper <= upper && new_lower >= lower)) return AskEquality(i, new_lower, new_upper);
+  if (!(new_upper <= upper && new_lower >= lower)) return AskEquality(i, new_lower, new_upper);
+  lower = new_lower;
+  upper = new_upper;
+  Convert(i, "Converted row " + std::string(Row(i).Name) + " into variable bound");
+  return true;
+}
+
+bool NaiveSimplifier::ConvertRange(std::int32_t& i) {
+  const double a = Row(i).Elements.at(0).Value;
+  double& lower = ColumnOfRow(i).LowerBound;
+  double& upper = ColumnOfRow(i).UpperBound;
+  const double new_lower = Divide(Row(i).LowerBound, a);
+  const double new_upper = Divide(Row(i).UpperBound, a);
+  if (new_lower <= lower && new_upper >= upper) return AskRange(i, new_lower, new_upper);
+  const std::string range = "Range " + std::string(Row(i).Name);
+  if (new_lower >= lower && new_upper <= upper) {
     lower = new_lower;
     upper = new_upper;
-    Convert(i, "Converted row " + name + " into variable bound");
-  } else if (new_lower <= lower && new_upper >= upper) {
-    return AskRange(i, new_lower, new_upper);
-  } else if (new_lower >= lower && new_upper <= upper) {
-    lower = new_lower;
-    upper = new_upper;
-    Convert(i, "Range " + name + " had both bounds converted to column bounds");
+    Convert(i, range + " had both bounds converted to column bounds");
   } else if (new_lower > lower) {
     upper = new_upper;
-    Convert(i, "Range " + name + " had upper bound converted to column bound");
+    Convert(i, range + " had upper bound converted to column bound");
   } else {
     lower = new_lower;
-    Convert(i, "Range " + name + " had lower bound converted to column bound");
+    Convert(i, range + " had lower bound converted to column bound");
   }
   return true;
 }

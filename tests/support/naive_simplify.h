@@ -42,9 +42,13 @@ class NaiveSimplifier {
  private:
   void RunPasses();
   void ConvertRows();
+  // Each tells whether the pass goes on.
   bool ConvertRow(std::int32_t& i);
+  bool ConvertEquality(std::int32_t& i);
+  bool ConvertRange(std::int32_t& i);
   bool AskEquality(std::int32_t& i, double lower, double upper);
   bool AskRange(std::int32_t& i, double lower, double upper);
+  void ConvertInequality(std::int32_t& i);
   void RemoveEmpty();
   void TellOutcome();
 

@@ -15,7 +15,7 @@ namespace {
 
 using BoxesTest = Win32Test;
 
-constexpr int kBoxText = 0xFFFF;
+constexpr int kTextOfBox = 0xFFFF;
 constexpr int kFileNameBox = 0x480;   // edt1, of an older look
 constexpr int kFileNameList = 0x47C;  // cmb13, of the newer one
 
@@ -54,7 +54,7 @@ TEST_F(BoxesTest, GiveTheAnswerOfTheButtonOrTheOneForNone) {
 
 TEST_F(BoxesTest, ShowTextAndTitleAsTheyAre) {
   On(L"Fin & Bj\x00F8rn", [](HWND box) {
-    EXPECT_EQ(TextOf(GetDlgItem(box, kBoxText)), L"two  blanks\r\n& \x20AC");
+    EXPECT_EQ(TextOf(GetDlgItem(box, kTextOfBox)), L"two  blanks\r\n& \x20AC");
     EXPECT_NE(GetDlgItem(box, IDYES), nullptr);
     EXPECT_EQ(GetDlgItem(box, IDCANCEL), nullptr);
     PressBoxButton(box, IDNO);

@@ -10,8 +10,8 @@
 namespace quarvel::platform::win32 {
 namespace {
 
-constexpr UINT kTurnMs = 10;
-constexpr ULONGLONG kPatienceMs = 10000;
+constexpr UINT kStepTurnMs = 10;
+constexpr ULONGLONG kStepPatienceMs = 10000;
 
 UserSteps* current = nullptr;
 
@@ -55,7 +55,7 @@ BOOL CALLBACK MatchName(HWND window, LPARAM data) {
 
 }  // namespace
 
-UserSteps::UserSteps() : timer_(SetTimer(nullptr, 0, kTurnMs, OnTimer)) { current = this; }
+UserSteps::UserSteps() : timer_(SetTimer(nullptr, 0, kStepTurnMs, OnTimer)) { current = this; }
 
 UserSteps::~UserSteps() {
   KillTimer(nullptr, timer_);
@@ -80,14 +80,14 @@ void CALLBACK UserSteps::OnTimer(HWND, UINT, UINT_PTR, DWORD) {
 void UserSteps::Play() {
   // A step may open a window whose own loop plays the steps after it.
   if (steps_.empty()) {
-    if (GetTickCount64() - last_played_ms_ > kPatienceMs) GiveUp("nothing is left to do");
+    if (GetTickCount64() - last_played_ms_ > kStepPatienceMs) GiveUp("nothing is left to do");
     return;
   }
   last_played_ms_ = GetTickCount64();
   Step step = std::move(steps_.front());
   steps_.pop_front();
   if (step.begun_ms == 0) step.begun_ms = GetTickCount64();
-  if (GetTickCount64() - step.begun_ms > kPatienceMs) GiveUp(step.what);
+  if (GetTickCount64() - step.begun_ms > kStepPatienceMs) GiveUp(step.what);
   if (!step.run()) steps_.push_front(std::move(step));
 }
 
