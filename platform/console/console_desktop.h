@@ -27,12 +27,14 @@ class ConsoleAnswers {
  public:
   virtual ~ConsoleAnswers() = default;
   // A box is about to be shown. `print` may be set to false to keep it silent.
-  virtual std::optional<MsgBoxResult> AnswerBox(std::string_view text, MsgBoxStyle style,
-                                                std::string_view title, bool& print) = 0;
+  virtual std::optional<MsgBoxResult> AnswerBox(std::string_view, MsgBoxStyle, std::string_view,
+                                                bool&) {
+    return std::nullopt;
+  }
   // A file dialog; the path to answer.
-  virtual std::optional<std::string> AnswerFile(const FileDialog& dialog) = 0;
+  virtual std::optional<std::string> AnswerFile(const FileDialog&) { return std::nullopt; }
   // A form waits for its user. True when the answers drove it (selected options, pressed a button).
-  virtual bool DriveForm(Form& form) = 0;
+  virtual bool DriveForm(Form&) { return false; }
 };
 
 class ConsoleDesktop : public Desktop {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 #include <set>
+#include <sstream>
 
 namespace quarvel {
 namespace {
@@ -112,7 +113,47 @@ std::optional<Include> ParseInclude(std::string_view line) {
   return Include{line.substr(0, line.find(quoted ? '"' : '>')), quoted};
 }
 
+using SourceTexts = std::map<std::string, std::string>;
+
+// A walk along the includes, depth first; where it comes to a file that it is still within, there is a
+// circle.
+class CircleSearch {
+ public:
+  explicit CircleSearch(const SourceTexts& sources) : sources_(sources) {}
+
+  void Visit(const std::string& path) {
+    const auto open = std::find(way_.begin(), way_.end(), path);
+    if (open != way_.end()) {
+      std::string circle;
+      for (auto file = open; file != way_.end(); ++file) circle += *file + " -> ";
+      circles.push_back(circle + path);
+      return;
+    }
+    if (!seen_.insert(path).second || !sources_.contains(path)) return;
+    way_.push_back(path);
+    std::istringstream source(sources_.at(path));
+    for (std::string line; std::getline(source, line);) {
+      const auto include = ParseInclude(line);
+      if (include && include->quoted) Visit(std::string(include->name));
+    }
+    way_.pop_back();
+  }
+
+  std::vector<std::string> circles;
+
+ private:
+  const SourceTexts& sources_;
+  std::vector<std::string> way_;
+  std::set<std::string> seen_;
+};
+
 }  // namespace
+
+std::vector<std::string> IncludeCircles(const SourceTexts& sources) {
+  CircleSearch search(sources);
+  for (const auto& [path, source] : sources) search.Visit(path);
+  return search.circles;
+}
 
 const std::vector<std::string_view>& Rooms() {
   static const std::vector<std::string_view> rooms = {

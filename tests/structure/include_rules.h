@@ -8,6 +8,7 @@
 // drawers' and hosts' sources named *_win32, COM in automation and such sources of hosts.
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,10 @@ namespace quarvel {
 // `path` is relative to the project's root and says which rules hold. Folders that are no rooms
 // (tests, fuzz, bench) may include everything.
 std::vector<std::string> IncludeViolations(std::string_view path, std::string_view source);
+
+// Files of one room that include each other in a circle, one line for each circle that a search finds:
+// "model/a.h -> model/b.h -> model/a.h". `sources` is the text of every file by its path.
+std::vector<std::string> IncludeCircles(const std::map<std::string, std::string>& sources);
 
 // The rooms, the lowest first.
 const std::vector<std::string_view>& Rooms();

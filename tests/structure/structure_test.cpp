@@ -2,6 +2,7 @@
 #include <filesystem>
 #include <map>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -73,6 +74,17 @@ TEST(IncludeRules, NameTheFileTheLineAndTheInclude) {
   EXPECT_EQ(violations[0], "model/a.cpp:3 includes mps/b.h, which does not go downwards");
 }
 
+TEST(IncludeRules, FindFilesThatIncludeEachOther) {
+  const std::map<std::string, std::string> sources = {
+      {"model/a.h", "#include \"model/b.h\"\n#include \"text/t.h\"\n"},
+      {"model/b.h", "#include <vector>\n#include \"model/c.h\"\n"},
+      {"model/c.h", "#include \"model/a.h\"\n"},
+      {"text/t.h", "#include <string>\n"}};
+  EXPECT_EQ(IncludeCircles(sources),
+            std::vector<std::string>{"model/a.h -> model/b.h -> model/c.h -> model/a.h"});
+  EXPECT_TRUE(IncludeCircles({{"model/a.h", sources.at("model/a.h")}}).empty());
+}
+
 // Every C++ file of the project by its path from the root.
 const std::map<std::string, std::string>& Sources() {
   static const std::map<std::string, std::string> sources = [] {
@@ -107,6 +119,10 @@ TEST(Structure, IncludesGoDownwardsOnly) {
       ADD_FAILURE() << violation;
     }
   }
+}
+
+TEST(Structure, IncludesDrawNoCircle) {
+  for (const std::string& circle : IncludeCircles(Sources())) ADD_FAILURE() << circle;
 }
 
 TEST(Structure, KeepsFilesWithinFourHundredLines) {
