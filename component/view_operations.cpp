@@ -10,16 +10,16 @@
 namespace quarvel {
 namespace {
 
-frmViewEquations& Viewer(LPModel& model) {
+viewer::frmViewEquations& Viewer(LPModel& model) {
   std::unique_ptr<platform::Form>& slot = model.window(WindowSlot::kViewer);
-  if (!slot) slot = std::make_unique<frmViewEquations>(model.desktop());
-  return static_cast<frmViewEquations&>(*slot);
+  if (!slot) slot = std::make_unique<viewer::frmViewEquations>(model.desktop());
+  return static_cast<viewer::frmViewEquations&>(*slot);
 }
 
 // Prepares the window for the model and shows it.
 template <typename Show>
 void View(LPModel& model, bool editing, Show show) {
-  frmViewEquations& viewer = Viewer(model);
+  viewer::frmViewEquations& viewer = Viewer(model);
   model.frmViewEquationsIsShowing(true);
   viewer.Parent(model);
   // What a read or a simplification is building, nobody else changes; a window that is open
@@ -35,7 +35,7 @@ void View(LPModel& model, bool editing, Show show) {
 }
 
 void ViewRowNumber(LPModel& model, std::int32_t row, bool editing) {
-  View(model, editing, [row](frmViewEquations& viewer) { viewer.ShowRow(row + 1); });
+  View(model, editing, [row](viewer::frmViewEquations& viewer) { viewer.ShowRow(row + 1); });
 }
 
 void ShowBox(LPModel& model, std::string_view text) {
@@ -57,7 +57,7 @@ std::string KindRangeText(std::int32_t number, std::string_view kind, std::int32
 }  // namespace
 
 void LPModel::ViewEquations(bool EditingIsEnabled) {
-  View(*this, EditingIsEnabled, [](frmViewEquations& viewer) { viewer.ShowWindow(); });
+  View(*this, EditingIsEnabled, [](viewer::frmViewEquations& viewer) { viewer.ShowWindow(); });
 }
 
 void LPModel::ViewCol(std::int32_t ColNum, bool EditingIsEnabled) {
@@ -65,7 +65,8 @@ void LPModel::ViewCol(std::int32_t ColNum, bool EditingIsEnabled) {
     ShowBox(*this, ColumnRangeText(ColNum, NumberOfColumns()));
     return;
   }
-  View(*this, EditingIsEnabled, [ColNum](frmViewEquations& viewer) { viewer.ShowCol(ColNum + 1); });
+  View(*this, EditingIsEnabled,
+       [ColNum](viewer::frmViewEquations& viewer) { viewer.ShowCol(ColNum + 1); });
 }
 
 void LPModel::ViewRow(std::int32_t RowNum, bool EditingIsEnabled) {

@@ -5,7 +5,7 @@
 #include "model/model_data.h"
 #include "text/numbers.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 using platform::TextBox;
 
@@ -60,4 +60,4 @@ void BoundBoxes::HoldWithinLimit() {
   }
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -6,7 +6,7 @@
 #include "platform/basic_controls.h"
 #include "platform/input_controls.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 class BoundBoxes {
  public:
@@ -38,4 +38,4 @@ class BoundBoxes {
   platform::Form& form_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

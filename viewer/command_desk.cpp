@@ -2,7 +2,7 @@
 
 #include "model/long_name.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 using platform::MsgBoxResult;
 using platform::MsgBoxStyle;
@@ -45,4 +45,4 @@ void CommandDesk::CloseDialogs() {
   add_elements.Unload();
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -17,7 +17,7 @@
 #include "viewer/viewed_model.h"
 #include "viewer/viewer_contents.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 class CommandDesk {
  public:
@@ -57,4 +57,4 @@ class CommandDesk {
   bool long_name_warned_ = false;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -4,7 +4,7 @@
 #include "viewer/command_desk.h"
 #include "viewer/element_value.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 using text::RoundTripText;
@@ -90,4 +90,4 @@ void ElementCommands::Store(const NamedElement& element, double value) {
   desk_.contents().ShowEquation();
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -5,10 +5,13 @@
 #include <string_view>
 
 namespace quarvel {
+struct RecordKind;
+}
+
+namespace quarvel::viewer {
 
 class CommandDesk;
 struct NamedElement;
-struct RecordKind;
 
 class ElementCommands {
  public:
@@ -32,4 +35,4 @@ class ElementCommands {
   CommandDesk& desk_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

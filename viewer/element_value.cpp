@@ -4,7 +4,7 @@
 
 #include "text/picture.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 void WarnOfLongValue(platform::Desktop& desktop, double value) {
   constexpr std::size_t kStandardLength = 12;
@@ -15,4 +15,4 @@ void WarnOfLongValue(platform::Desktop& desktop, double value) {
       platform::MsgBoxStyle::kOk);
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -3,9 +3,9 @@
 
 #include "platform/desktop.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 // Warns of a value that no standard MPS file can hold. It is only a warning.
 void WarnOfLongValue(platform::Desktop& desktop, double value);
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

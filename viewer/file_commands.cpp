@@ -4,7 +4,7 @@
 #include "platform/files.h"
 #include "viewer/command_desk.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 using platform::MsgBoxResult;
@@ -105,4 +105,4 @@ void FileCommands::Help() {
 
 void FileCommands::About() { desk_.model().DisplayAuthor(); }
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -1,7 +1,7 @@
 // The viewer's commands on the model as a whole: files, simplifying, help.
 #pragma once
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 class CommandDesk;
 
@@ -30,4 +30,4 @@ class FileCommands {
   CommandDesk& desk_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

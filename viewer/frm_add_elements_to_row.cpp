@@ -7,7 +7,7 @@
 #include "text/numbers.h"
 #include "viewer/element_value.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 using platform::MsgBoxStyle;
 
@@ -126,4 +126,4 @@ std::optional<double> frmAddElementsToRow::AskValue(const NamedRecord& column) {
   return std::nullopt;
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

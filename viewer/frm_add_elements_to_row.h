@@ -12,9 +12,7 @@
 #include "platform/grid.h"
 #include "viewer/named_record.h"
 
-namespace quarvel {
-
-class ModelInterface;
+namespace quarvel::viewer {
 
 class frmAddElementsToRow : public platform::Form {
  public:
@@ -48,4 +46,4 @@ class frmAddElementsToRow : public platform::Form {
   std::vector<std::int32_t> absent_;  // public numbers, by lines below the header
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -1,6 +1,6 @@
 #include "viewer/frm_set_col_bounds.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 constexpr SetBoundsForm::TypeOption kOptions[] = {
@@ -27,4 +27,4 @@ bool frmSetColBounds::StoreType() {
   return true;
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -3,7 +3,7 @@
 
 #include "viewer/set_bounds_form.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 class frmSetColBounds : public SetBoundsForm {
  public:
@@ -14,4 +14,4 @@ class frmSetColBounds : public SetBoundsForm {
   bool StoreType() override;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -2,7 +2,7 @@
 
 #include "model/model_data.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 // The open side of an inequality gets the limit of the other sign; models have been written with
@@ -46,4 +46,4 @@ bool frmSetRowBounds::StoreType() {
   return HasRecord();
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

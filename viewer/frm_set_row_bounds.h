@@ -3,7 +3,7 @@
 
 #include "viewer/set_bounds_form.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 class frmSetRowBounds : public SetBoundsForm {
  public:
@@ -15,4 +15,4 @@ class frmSetRowBounds : public SetBoundsForm {
   bool StoreType() override;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

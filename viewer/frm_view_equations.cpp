@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 frmViewEquations::frmViewEquations(platform::Desktop& desktop)
     : ModelView(desktop, "frmViewEquations"),
@@ -98,4 +98,4 @@ void frmViewEquations::OnUnload() {
   if (model != nullptr) model->frmViewEquationsIsShowing(false);
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -14,7 +14,7 @@
 #include "viewer/viewer_contents.h"
 #include "viewer/viewer_menu.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 class frmViewEquations : public ModelView {
  public:
@@ -57,4 +57,4 @@ class frmViewEquations : public ModelView {
   ViewerCommands commands_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

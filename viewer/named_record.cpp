@@ -2,7 +2,7 @@
 
 #include "model/model_interface.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 NamedRecord NamedRecord::Of(const ModelQueries& model, const RecordKind& kind,
                             std::int32_t number) {
@@ -43,4 +43,4 @@ std::string NoneSelectedText(const RecordKind& kind) {
   return "No " + std::string(kind.title) + " Selected";
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

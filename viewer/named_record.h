@@ -9,7 +9,7 @@
 
 #include "model/record_kind.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 struct NamedRecord {
   static NamedRecord Of(const ModelQueries& model, const RecordKind& kind, std::int32_t number);
@@ -40,4 +40,4 @@ struct NamedElement {
 // What is said when a record is needed and none is chosen, or the chosen one is gone.
 std::string NoneSelectedText(const RecordKind& kind);
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

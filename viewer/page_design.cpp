@@ -2,7 +2,7 @@
 
 #include "text/numbers.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 using platform::Follow;
@@ -128,4 +128,4 @@ const PageDesign kColumnsPage = {
     .bounds = {"fgrdColsBounds", {376, 356, 360, 36, kRightMiddle}, kColumnBounds},
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

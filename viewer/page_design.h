@@ -10,7 +10,7 @@
 #include "platform/control.h"
 #include "viewer/record_filter.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 // A column of a grid that tells of a record: in the list of records a line is a record, in the list
 // of a record's elements line k is its element k, and its bounds are one line.
@@ -48,4 +48,4 @@ struct PageDesign {
 extern const PageDesign kRowsPage;
 extern const PageDesign kColumnsPage;
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

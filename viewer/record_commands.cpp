@@ -2,7 +2,7 @@
 
 #include "viewer/command_desk.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 RecordCommands::RecordCommands(CommandDesk& desk, const RecordKind& kind, SetBoundsForm& bounds)
     : desk_(desk), kind_(kind), bounds_(bounds) {}
@@ -71,4 +71,4 @@ void RecordCommands::ChangeBounds() {
   desk_.Refill();
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -6,7 +6,7 @@
 
 #include "viewer/named_record.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 class CommandDesk;
 class RecordPage;
@@ -34,4 +34,4 @@ class RecordCommands {
   SetBoundsForm& bounds_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

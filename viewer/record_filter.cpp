@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string>
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 bool KeepsAll(const ModelQueries&, std::int32_t) { return true; }
@@ -75,4 +75,4 @@ std::optional<int> RecordFilter::PlaceOf(std::int32_t number) const {
   return static_cast<int>(found - shown_.begin());
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -10,7 +10,7 @@
 
 #include "model/model_interface.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 // One entry of the filter box.
 struct FilterEntry {
@@ -45,4 +45,4 @@ class RecordFilter {
   std::vector<std::int32_t> shown_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

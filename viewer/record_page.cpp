@@ -8,7 +8,7 @@
 
 #include "text/numbers.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 using platform::Follow;
@@ -200,4 +200,4 @@ std::optional<NamedElement> RecordPage::SelectedElement() const {
   return NamedElement::At(*viewed_.model, design_.kind, *number, fgrdElements.current_row());
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

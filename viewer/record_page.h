@@ -14,7 +14,7 @@
 #include "viewer/record_filter.h"
 #include "viewer/viewed_model.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 class RecordPage {
  public:
@@ -78,4 +78,4 @@ class RecordPage {
   std::int32_t detail_ = -1;  // the record that the details show, by public number; -1 for none
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

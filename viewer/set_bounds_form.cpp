@@ -6,7 +6,7 @@
 #include "model/model_interface.h"
 #include "platform/automation_error.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 using platform::MsgBoxStyle;
@@ -117,4 +117,4 @@ bool SetBoundsForm::HasRecord() {
   return false;
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

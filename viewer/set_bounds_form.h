@@ -13,7 +13,7 @@
 #include "viewer/bound_boxes.h"
 #include "viewer/named_record.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 class SetBoundsForm : public platform::Form {
  public:
@@ -72,4 +72,4 @@ class SetBoundsForm : public platform::Form {
   NamedRecord record_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

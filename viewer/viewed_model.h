@@ -5,8 +5,10 @@
 #include <utility>
 
 namespace quarvel {
-
 class ModelInterface;
+}
+
+namespace quarvel::viewer {
 
 struct ViewedModel {
   // False without a model, and while it is being rebuilt: nobody asks it anything then.
@@ -23,4 +25,4 @@ struct ViewedModel {
   int pauses = 0;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

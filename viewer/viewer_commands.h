@@ -6,7 +6,7 @@
 #include "viewer/file_commands.h"
 #include "viewer/record_commands.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 struct ViewerCommands {
   explicit ViewerCommands(CommandDesk& its_desk)
@@ -23,4 +23,4 @@ struct ViewerCommands {
   ElementCommands elements;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 using platform::TextBox;
 
@@ -125,4 +125,4 @@ void ViewerContents::GoTo(RecordPage& page, std::int32_t number) {
   if (viewed_.IsReady()) page.ShowDetails();
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

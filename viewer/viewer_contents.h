@@ -10,7 +10,7 @@
 #include "viewer/record_page.h"
 #include "viewer/viewed_model.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 class ViewerContents {
  public:
@@ -71,4 +71,4 @@ class ViewerContents {
   int turned_to_ = -1;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -6,7 +6,7 @@
 
 #include "viewer/viewer_commands.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 using platform::Ctrl;
@@ -187,4 +187,4 @@ MenuItem& ViewerMenu::operator[](std::string_view name) const {
   return *items_[place];
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

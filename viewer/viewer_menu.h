@@ -7,7 +7,7 @@
 
 #include "platform/menu.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 class CommandDesk;
 struct ViewerCommands;
@@ -34,4 +34,4 @@ class ViewerMenu {
   std::vector<std::unique_ptr<platform::MenuItem>> items_;  // by lines of the table
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -74,7 +74,7 @@ class Photographer {
 
 int CommandOf(const std::string& name) {
   const auto desktop = hosts::MakeViewerDesktop();
-  const frmViewEquations viewer(*desktop);
+  const viewer::frmViewEquations viewer(*desktop);
   for (std::size_t i = 0; i < viewer.controls().size(); ++i) {
     if (viewer.controls()[i]->name() == name) return kFirstControlId + static_cast<int>(i);
   }

@@ -1,7 +1,7 @@
 // The commands on single coefficients.
 #include "tests/viewer/viewer_session.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 const std::string kNoElementOfRow = "Please first click on a row and an element in that row";
@@ -213,4 +213,4 @@ TEST_F(ElementCommandsTest, ColumnCommandsFindTheElementInTheRowsList) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::viewer

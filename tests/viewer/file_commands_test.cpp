@@ -3,7 +3,7 @@
 #include "platform/files.h"
 #include "tests/viewer/viewer_session.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 const std::string kSave{kSaveQuestion};
@@ -323,4 +323,4 @@ TEST_F(FileCommandsTest, HelpOpensTheReadmeBesideTheComponent) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -2,7 +2,7 @@
 
 #include "tests/viewer/viewer_session.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 class AddElementsTest : public ViewerTest {
@@ -137,4 +137,4 @@ TEST_F(AddElementsTest, ComesUpWithoutAChosenColumnEveryTime) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::viewer

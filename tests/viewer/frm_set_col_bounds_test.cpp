@@ -2,7 +2,7 @@
 
 #include "tests/viewer/viewer_session.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 class ColBoundsTest : public ViewerTest {
@@ -133,4 +133,4 @@ TEST_F(ColBoundsTest, ReversesBeforeItHoldsWithinTheLimit) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::viewer

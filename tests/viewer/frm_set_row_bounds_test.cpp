@@ -2,7 +2,7 @@
 
 #include "tests/viewer/viewer_session.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 class RowBoundsTest : public ViewerTest {
@@ -209,4 +209,4 @@ TEST_F(RowBoundsTest, IsNotShownTwiceAtOnce) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -2,7 +2,7 @@
 
 #include "tests/viewer/viewer_session.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 TEST_F(ViewerTest, ComesUpWithTheModelAndEverythingShown) {
@@ -384,4 +384,4 @@ TEST_F(ViewerTest, RunsNoCommandAndStaysOpenWhilePaused) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::viewer

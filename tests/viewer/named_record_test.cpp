@@ -6,7 +6,7 @@
 #include "platform/scripted/scripted_desktop.h"
 #include "tests/support/model_builder.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 class NamedRecordTest : public testing::Test {
@@ -70,4 +70,4 @@ TEST_F(NamedRecordTest, FindsTheFirstElementAtAColumn) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::viewer

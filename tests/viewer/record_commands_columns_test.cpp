@@ -1,7 +1,7 @@
 // The commands that add, rename, delete and change columns.
 #include "tests/viewer/viewer_session.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 class ColumnCommandsTest : public ViewerTest {
@@ -158,4 +158,4 @@ TEST_F(ColumnCommandsTest, BinaryColumnIsToldInsteadOfTheDialog) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::viewer

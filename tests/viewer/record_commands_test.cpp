@@ -1,7 +1,7 @@
 // The commands that add, rename, delete and change rows.
 #include "tests/viewer/viewer_session.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 const std::string kLongNameText =
@@ -276,4 +276,4 @@ TEST_F(RowCommandsTest, AddElementOpensItsDialogForTheRow) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -9,7 +9,7 @@
 #include "platform/scripted/scripted_desktop.h"
 #include "tests/support/model_builder.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 struct KeepCase {
@@ -112,4 +112,4 @@ TEST(RecordFilter, ForgetsTheLastRun) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -1,7 +1,7 @@
 // The operations that show the viewer, and how it closes.
 #include "tests/viewer/viewer_session.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 class ViewOperationsTest : public ViewerTest {
@@ -276,4 +276,4 @@ TEST_F(ViewOperationsTest, ManyOpeningsAndClosingsAreAlike) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -2,7 +2,7 @@
 #include "platform/files.h"
 #include "tests/viewer/viewer_session.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 class CallbackTest : public ViewerTest {
@@ -348,4 +348,4 @@ TEST_F(CallbackTest, ListsOfAMillionRowsAskForTheCellsThatAreSeen) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::viewer

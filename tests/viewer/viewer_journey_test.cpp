@@ -2,7 +2,7 @@
 #include "mps/frm_set_default_bounds.h"
 #include "tests/viewer/viewer_session.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 class JourneyTest : public ViewerTest {
@@ -83,4 +83,4 @@ TEST_F(JourneyTest, ModelBuiltByHandIsSavedAndReadAgain) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::viewer

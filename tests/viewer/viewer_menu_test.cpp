@@ -6,7 +6,7 @@
 
 #include "tests/viewer/viewer_session.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 using platform::KeyPress;
@@ -250,4 +250,4 @@ TEST_F(ViewerMenuTest, WithoutEditingNoCommandChangesOrAsksAnything) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::viewer

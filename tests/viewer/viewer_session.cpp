@@ -6,7 +6,7 @@
 
 #include "text/numbers.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 const std::string kSimplifyQuestionText =
     "Do you want to simplify the model?\r\nThis will remove empty rows and columns, and will "
@@ -137,4 +137,4 @@ std::string ViewerTest::ColumnText(std::int32_t column) const {
          text::GeneralText(model_.ColUpperBound(column));
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -15,7 +15,7 @@
 #include "tests/support/test_paths.h"
 #include "viewer/frm_view_equations.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 
 using platform::MsgBoxResult;
 using platform::MsgBoxStyle;
@@ -80,4 +80,4 @@ inline const std::string kLongValueText =
     "The value entered is longer than is allowed in a standard MPS file.\r\nThis model can still "
     "be saved, but other programs which read MPS files may not be able to read it.";
 
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -2,7 +2,7 @@
 #include "tests/viewer/viewer_session.h"
 #include "viewer/frm_view_equations.h"
 
-namespace quarvel {
+namespace quarvel::viewer {
 namespace {
 
 TEST_F(ViewerTest, KeyboardBeginsInTheListOfTheTab) {
@@ -29,4 +29,4 @@ TEST_F(ViewerTest, ShrinksToItsSmallestSizeWithEveryControlInside) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::viewer

@@ -30,7 +30,7 @@ constexpr char kModel[] =
 // The command number of a menu item of the viewer.
 int CommandOf(const std::string& name) {
   ScriptedDesktop desktop;
-  const frmViewEquations viewer(desktop);
+  const viewer::frmViewEquations viewer(desktop);
   const auto& controls = viewer.controls();
   for (std::size_t i = 0; i < controls.size(); ++i) {
     if (controls[i]->name() == name) return kFirstControlId + static_cast<int>(i);
