@@ -39,8 +39,8 @@ enum class Access { kReads, kEdits };
 constexpr Access kReads = Access::kReads;
 constexpr Access kEdits = Access::kEdits;
 
-// An item: a menu, a command, or a line between items, which has neither caption nor command.
-struct Line {
+// An item: a menu, a command, or a separator, which has neither caption nor command.
+struct Entry {
   std::string_view menu;  // the item in whose menu it stands; empty on the menu bar
   const char* name;
   const char* caption = "";
@@ -58,7 +58,7 @@ constexpr KeyPress kDelete{Key::kDelete};
 
 // The two rename commands share a key: one of them is hidden at any time.
 // clang-format off
-constexpr Line kLines[] = {
+constexpr Entry kEntries[] = {
     {"", "mnuFile", "File", 'F'},
     {"mnuFile", "mnuFileNew", "New", 'N', Ctrl('N'), kEdits, Always,
      [](Commands& c) { c.file.New(); }},
@@ -117,28 +117,28 @@ constexpr Line kLines[] = {
 };
 // clang-format on
 
-constexpr std::size_t kNone = std::size(kLines);
+constexpr std::size_t kNone = std::size(kEntries);
 
 constexpr std::size_t PlaceOf(std::string_view name) {
-  for (std::size_t i = 0; i < std::size(kLines); ++i) {
-    if (kLines[i].name == name) return i;
+  for (std::size_t i = 0; i < std::size(kEntries); ++i) {
+    if (kEntries[i].name == name) return i;
   }
   return kNone;
 }
 
 constexpr bool StandsInOrder() {
-  for (std::size_t i = 0; i < std::size(kLines); ++i) {
-    if (!kLines[i].menu.empty() && PlaceOf(kLines[i].menu) >= i) return false;
+  for (std::size_t i = 0; i < std::size(kEntries); ++i) {
+    if (!kEntries[i].menu.empty() && PlaceOf(kEntries[i].menu) >= i) return false;
   }
   return true;
 }
 static_assert(StandsInOrder(), "a menu stands before its items");
 
-void Run(const Line& line, ViewerCommands& commands) {
+void Run(const Entry& entry, ViewerCommands& commands) {
   CommandDesk& desk = commands.desk;
-  if (!desk.IsReady() || (line.access == kEdits && !desk.editing())) return;
+  if (!desk.IsReady() || (entry.access == kEdits && !desk.editing())) return;
   try {
-    line.run(commands);
+    entry.run(commands);
   } catch (...) {
     desk.Refill();
     throw;
@@ -148,30 +148,30 @@ void Run(const Line& line, ViewerCommands& commands) {
 }  // namespace
 
 ViewerMenu::ViewerMenu(platform::Form& form) {
-  for (const Line& line : kLines) {
-    MenuItem* const menu = line.menu.empty() ? nullptr : &(*this)[line.menu];
-    auto item = std::make_unique<MenuItem>(form, line.name, menu);
-    item->set_caption(line.caption);
-    item->is_separator = line.caption[0] == '\0';
-    item->access_key = line.access_key;
-    item->shortcut = line.shortcut;
+  for (const Entry& entry : kEntries) {
+    MenuItem* const menu = entry.menu.empty() ? nullptr : &(*this)[entry.menu];
+    auto item = std::make_unique<MenuItem>(form, entry.name, menu);
+    item->set_caption(entry.caption);
+    item->is_separator = entry.caption[0] == '\0';
+    item->access_key = entry.access_key;
+    item->shortcut = entry.shortcut;
     // The key deletes a record in its list alone; in a text box it deletes a letter.
-    item->shortcut_is_label = line.shortcut.key == Key::kDelete;
+    item->shortcut_is_label = entry.shortcut.key == Key::kDelete;
     items_.push_back(std::move(item));
   }
 }
 
 void ViewerMenu::Connect(ViewerCommands& commands) {
   for (std::size_t i = 0; i < items_.size(); ++i) {
-    const Line& line = kLines[i];
-    if (line.run != nullptr) items_[i]->on_click = [&line, &commands] { Run(line, commands); };
+    const Entry& entry = kEntries[i];
+    if (entry.run != nullptr) items_[i]->on_click = [&entry, &commands] { Run(entry, commands); };
   }
 }
 
 void ViewerMenu::Update(const CommandDesk& desk) {
   for (std::size_t i = 0; i < items_.size(); ++i) {
-    const Line& line = kLines[i];
-    items_[i]->set_enabled((line.access == kReads || desk.editing()) && line.usable(desk));
+    const Entry& entry = kEntries[i];
+    items_[i]->set_enabled((entry.access == kReads || desk.editing()) && entry.usable(desk));
   }
 }
 

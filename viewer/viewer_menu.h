@@ -31,7 +31,7 @@ class ViewerMenu {
   const std::vector<std::unique_ptr<platform::MenuItem>>& items() const { return items_; }
 
  private:
-  std::vector<std::unique_ptr<platform::MenuItem>> items_;  // by lines of the table
+  std::vector<std::unique_ptr<platform::MenuItem>> items_;  // by entries of the table
 };
 
 }  // namespace quarvel::viewer
