@@ -86,5 +86,6 @@ case "${1:-}" in
   --stop) unmount_all ;;
   "" | --*) sed -n 's/^# \{0,1\}//; 2,7p' "$0" >&2; exit 2 ;;
   *)
-    exec chroot "$root" /usr/bin/env -C "$PWD" "$@" ;;
+    exec chroot "$root" /usr/bin/env -C "$PWD" "$@"
+    ;;
 esac
