@@ -12,9 +12,22 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
+// A row of each type and two columns, each coefficient once.
+const std::string kSixCoefficients =
+    "ROWS\n"
+    " N  COST\n"
+    " L  LIM\n"
+    " G  LOW\n"
+    " E  EQ\n"
+    "COLUMNS\n"
+    "    X COST 1 LIM 1\n"
+    "    X LOW 1 EQ 1\n"
+    "    Y LIM 2 EQ -1.5\n"
+    "ENDATA\n";
+
 TEST(MpsReader, ReadsRowsColumnsAndElementsInBothLists) {
   ReadSession session;
-  ASSERT_EQ(session.Read(WithTail("ENDATA\n")), -1);
+  ASSERT_EQ(session.Read(kSixCoefficients), -1);
   const LPModel& model = session.model;
   EXPECT_EQ(session.Problems(), Texts{});
   EXPECT_EQ(model.NumberOfRows(), 4);
@@ -30,7 +43,7 @@ TEST(MpsReader, ReadsRowsColumnsAndElementsInBothLists) {
 
 TEST(MpsReader, GivesEachRowTypeItsBounds) {
   ReadSession session;
-  session.Read(WithTail("ENDATA\n"));
+  session.Read(kSixCoefficients);
   const LPModel& model = session.model;
   struct Expected {
     const char* type;
@@ -205,7 +218,7 @@ TEST(MpsReader, GivesNewColumnsTheChosenDefaultBounds) {
   for (const bool absent : {false, true}) {
     ReadSession session;
     session.lower_bounds_absent = absent;
-    session.Read(WithTail("ENDATA\n"));
+    session.Read(kSixCoefficients);
     EXPECT_EQ(session.model.ColLowerBound(0), absent ? -1e10 : 0);
     EXPECT_EQ(session.model.ColUpperBound(0), 1e10);
   }

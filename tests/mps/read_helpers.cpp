@@ -44,14 +44,6 @@ std::vector<std::string> ReadSession::Problems() const {
   return problems;
 }
 
-const std::string_view kRowsAndColumns =
-    "ROWS\n N  COST\n L  LIM\n G  LOW\n E  EQ\n"
-    "COLUMNS\n    X COST 1 LIM 1\n    X LOW 1 EQ 1\n    Y LIM 2 EQ -1.5\n";
-
-std::string WithTail(std::string_view tail) {
-  return std::string(kRowsAndColumns) + std::string(tail);
-}
-
 std::string ManyColumns(int columns) {
   std::string text = "NAME MANY\nROWS\n N C\n L R\nCOLUMNS\n";
   for (int i = 0; i < columns; ++i) text += " X" + std::to_string(i) + " R 1\n";

@@ -42,10 +42,6 @@ class ReadSession {
   LPModel model{desktop};
 };
 
-// Rows COST (N), LIM (L), LOW (G) and EQ (E) and columns X and Y, followed by `tail`.
-extern const std::string_view kRowsAndColumns;
-std::string WithTail(std::string_view tail);
-
 // Columns X0, X1 ... of one coefficient each: 4 lines before them, ENDATA after them.
 std::string ManyColumns(int columns);
 

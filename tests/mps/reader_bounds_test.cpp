@@ -13,9 +13,21 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
+// A row of each type and two columns; each test says how the file goes on.
+const std::string kRowOfEachType =
+    "ROWS\n"
+    " N  COST\n"
+    " L  LIM\n"
+    " G  LOW\n"
+    " E  EQ\n"
+    "COLUMNS\n"
+    "    X COST 1 LIM 1\n"
+    "    X LOW 1 EQ 1\n"
+    "    Y LIM 2 EQ -1.5\n";
+
 TEST(MpsReader, AppliesRightHandSidesByRowType) {
   ReadSession session;
-  session.Read(WithTail("RHS\n    S1 COST 9 LIM 4\n    S2 LOW 2 EQ 3\nENDATA\n"));
+  session.Read(kRowOfEachType + "RHS\n    S1 COST 9 LIM 4\n    S2 LOW 2 EQ 3\nENDATA\n");
   const LPModel& model = session.model;
   EXPECT_EQ(model.RowLowerBound(0), -1e10);
   EXPECT_EQ(model.RowUpperBound(0), 1e10);
@@ -41,8 +53,8 @@ TEST(MpsReader, AppliesRangesByRowTypeAndSign) {
   };
   for (const RangeCase& c : cases) {
     ReadSession session;
-    session.Read(WithTail("RHS\n S " + std::string(c.row) + " " + std::to_string(c.rhs) +
-                          "\nRANGES\n S " + c.row + " " + std::to_string(c.range) + "\nENDATA\n"));
+    session.Read(kRowOfEachType + "RHS\n S " + std::string(c.row) + " " + std::to_string(c.rhs) +
+                 "\nRANGES\n S " + c.row + " " + std::to_string(c.range) + "\nENDATA\n");
     const std::int32_t i = FindRow(session.model.data(), c.row) - 1;
     EXPECT_EQ(session.model.RowLowerBound(i), c.lower) << c.row << c.range;
     EXPECT_EQ(session.model.RowUpperBound(i), c.upper) << c.row << c.range;
@@ -52,13 +64,13 @@ TEST(MpsReader, AppliesRangesByRowTypeAndSign) {
 
 TEST(MpsReader, ReportsANegativeRangeOfAnEqualityAsReversed) {
   ReadSession session;
-  session.Read(WithTail("RHS\n S EQ 5\nRANGES\n S EQ -3\nENDATA\n"));
+  session.Read(kRowOfEachType + "RHS\n S EQ 5\nRANGES\n S EQ -3\nENDATA\n");
   EXPECT_EQ(session.Problems(), Texts{Question("Quarvel.dll error: bounds reversed on row EQ")});
 }
 
 TEST(MpsReader, AppliesARangeToTheBoundsAsTheyAreAtItsLine) {
   ReadSession session;
-  session.Read(WithTail("RANGES\n S LOW 3\nRHS\n S LOW 5\nENDATA\n"));
+  session.Read(kRowOfEachType + "RANGES\n S LOW 3\nRHS\n S LOW 5\nENDATA\n");
   EXPECT_EQ(session.model.RowLowerBound(2), 5);
   EXPECT_EQ(session.model.RowUpperBound(2), 3);
 }
@@ -75,7 +87,7 @@ TEST(MpsReader, AppliesEveryBoundCode) {
   };
   for (const Case& c : cases) {
     ReadSession session;
-    session.Read(WithTail("BOUNDS\n " + std::string(c.line) + "\nENDATA\n"));
+    session.Read(kRowOfEachType + "BOUNDS\n " + std::string(c.line) + "\nENDATA\n");
     EXPECT_EQ(session.Problems(), Texts{}) << c.line;
     EXPECT_EQ(session.model.ColLowerBound(0), c.lower) << c.line;
     EXPECT_EQ(session.model.ColUpperBound(0), c.upper) << c.line;
@@ -84,7 +96,7 @@ TEST(MpsReader, AppliesEveryBoundCode) {
 
 TEST(MpsReader, LeavesANegativeUpperBoundReversed) {
   ReadSession session;
-  session.Read(WithTail("BOUNDS\n UP B X -4\nENDATA\n"));
+  session.Read(kRowOfEachType + "BOUNDS\n UP B X -4\nENDATA\n");
   EXPECT_EQ(session.Problems(),
             Texts{Question("Quarvel.dll error: bounds reversed on variable X")});
   EXPECT_EQ(session.model.ColLowerBound(0), 0);

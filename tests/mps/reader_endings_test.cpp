@@ -13,16 +13,28 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
+// A row of each type and two columns; what follows is each test's.
+const std::string kFileWithoutEnd =
+    "ROWS\n"
+    " N  COST\n"
+    " L  LIM\n"
+    " G  LOW\n"
+    " E  EQ\n"
+    "COLUMNS\n"
+    "    X COST 1 LIM 1\n"
+    "    X LOW 1 EQ 1\n"
+    "    Y LIM 2 EQ -1.5\n";
+
 TEST(MpsReader, ChecksAFileWithoutEndata) {
   ReadSession session;
-  EXPECT_EQ(session.Read(kRowsAndColumns), -1);
+  EXPECT_EQ(session.Read(kFileWithoutEnd), -1);
   EXPECT_EQ(session.Problems(), Texts{});
   EXPECT_EQ(session.model.NumberOfBindingRows(), 3);
 }
 
 TEST(MpsReader, StopsReadingAtEndata) {
   ReadSession session;
-  session.Read(WithTail("ENDATA\nROWS\n nonsense here at all\n"));
+  session.Read(kFileWithoutEnd + "ENDATA\nROWS\n nonsense here at all\n");
   EXPECT_EQ(session.Problems(), Texts{});
 }
 
@@ -58,7 +70,7 @@ TEST(MpsReader, TitlesTheWarningsOfEmptyItems) {
 
 TEST(MpsReader, OffersToSimplifyWithItsOwnWords) {
   ReadSession session;
-  session.Read(WithTail("ENDATA\n"));
+  session.Read(kFileWithoutEnd + "ENDATA\n");
   const platform::ShownBox expected = {
       "Do you want to simplify the model?\r\nThis will remove empty rows and columns, and will "
       "convert any rows with just one element into equivalent column bounds",
@@ -82,8 +94,8 @@ TEST(MpsReader, KeepsWhatWasReadWhenAProblemIsAnsweredNo) {
 TEST(MpsReader, LeavesTypesUnderivedWhenACheckIsAnsweredNo) {
   ReadSession session;
   session.problem_answers = {kNo};
-  EXPECT_EQ(session.Read(
-                WithTail("RHS\n S EQ 5\nRANGES\n S EQ 3\n S LIM 1\nBOUNDS\n UP B X -1\nENDATA\n")),
+  EXPECT_EQ(session.Read(kFileWithoutEnd +
+                         "RHS\n S EQ 5\nRANGES\n S EQ 3\n S LIM 1\nBOUNDS\n UP B X -1\nENDATA\n"),
             0);
   EXPECT_EQ(session.model.RowType(3), "E");
   EXPECT_EQ(session.model.RowUpperBound(3), 8);
