@@ -6,7 +6,6 @@ namespace quarvel::bench {
 namespace {
 
 using platform::MsgBoxResult;
-using platform::MsgBoxStyle;
 
 class NoWindow : public platform::FormPeer {
  public:
@@ -15,26 +14,19 @@ class NoWindow : public platform::FormPeer {
   void BringToFront() override {}
 };
 
-// Both would start another job inside the one that is measured.
-bool OffersMoreWork(std::string_view text) {
-  return text.starts_with("Do you want to simplify the model?") ||
-         text.starts_with("Model had simplifications.");
-}
-
-// A read that fails must not be timed as if it were a short one. Empty rows and columns are wanted
-// where a file has them.
-bool IsReadError(std::string_view text, std::string_view title) {
-  return title == "Error.  Continue Reading MPS File?" &&
-         !text.starts_with("Quarvel.dll error: rows or columns with no elements");
+// These would start another job inside the one that is measured, or time a read that fails as if it
+// were a short one. Empty rows and columns are wanted where a file has them.
+bool IsDeclined(platform::BoxKind kind) {
+  using enum platform::BoxKind;
+  return kind == kOfferToSimplify || kind == kOfferLog || kind == kReadProblem;
 }
 
 }  // namespace
 
-MsgBoxResult BenchDesktop::MsgBox(std::string_view text, MsgBoxStyle style,
-                                  std::string_view title) {
-  if (style == MsgBoxStyle::kOk) return MsgBoxResult::kOk;
+MsgBoxResult BenchDesktop::MsgBox(const platform::Box& box) {
+  if (!box.look().asks()) return MsgBoxResult::kOk;
   ++questions_;
-  return OffersMoreWork(text) || IsReadError(text, title) ? MsgBoxResult::kNo : MsgBoxResult::kYes;
+  return IsDeclined(box.kind) ? MsgBoxResult::kNo : MsgBoxResult::kYes;
 }
 
 std::string BenchDesktop::InputBox(std::string_view, std::string_view,

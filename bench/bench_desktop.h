@@ -20,8 +20,7 @@ class BenchDesktop : public platform::Desktop {
   // How many boxes were shown that ask something.
   int questions() const { return questions_; }
 
-  platform::MsgBoxResult MsgBox(std::string_view text, platform::MsgBoxStyle style,
-                                std::string_view title) override;
+  platform::MsgBoxResult MsgBox(const platform::Box& box) override;
   std::string InputBox(std::string_view prompt, std::string_view title,
                        std::string_view default_text) override;
   std::string ShowFileDialog(const platform::FileDialog& dialog) override;

@@ -39,7 +39,7 @@ void ViewRowNumber(LPModel& model, std::int32_t row, bool editing) {
 }
 
 void ShowBox(LPModel& model, std::string_view text) {
-  model.desktop().MsgBox(text, platform::MsgBoxStyle::kOk);
+  model.desktop().MsgBox(platform::Refusal(text));
 }
 
 // Rows that cannot be shown take the window away, columns do not.

@@ -1,8 +1,6 @@
 #include "hosts/answers.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 
 #include "hosts/printing.h"
 #include "platform/automation_error.h"
@@ -11,106 +9,86 @@
 namespace quarvel::hosts {
 namespace {
 
+using platform::Box;
 using platform::MsgBoxResult;
-using platform::MsgBoxStyle;
-
-enum class Kind { kProblem, kConflict, kOfferToSimplify, kOfferLog, kNote, kRefusal };
-
-// A box is known by its title or, where that is the default one, by how its text begins.
-struct KnownBox {
-  std::string_view title;
-  std::string_view text;
-  Kind kind;
-};
-constexpr KnownBox kKnownBoxes[] = {
-    {"Error.  Continue Reading MPS File?", "", Kind::kProblem},
-    {"LPModel: reading MPS file...", "", Kind::kProblem},
-    {"Equality violates bounds", "", Kind::kConflict},
-    {"Range Violates Bounds", "", Kind::kConflict},
-    {"", "Do you want to simplify the model?", Kind::kOfferToSimplify},
-    {"", "Model had simplifications.", Kind::kOfferLog},
-    {"", "No simplifications were made.", Kind::kNote},
-    {"", "The name you entered had more than 8 characters.", Kind::kNote},
-    {"", "The file written is not a standard MPS file", Kind::kNote},
-};
-
-Kind KindOf(std::string_view title, std::string_view text) {
-  const auto* const known = std::find_if(
-      std::begin(kKnownBoxes), std::end(kKnownBoxes), [title, text](const KnownBox& box) {
-        return (box.title.empty() || box.title == title) && text.starts_with(box.text);
-      });
-  return known == std::end(kKnownBoxes) ? Kind::kRefusal : known->kind;
-}
-
-// The statement in front of the question that a box ends with.
-std::string_view Statement(std::string_view text) { return text.substr(0, text.find("\r\n")); }
 
 // Failures of files end a read whatever the options say: there is nothing to go on with.
-bool IsFileFailure(std::string_view description) {
-  using enum RunTimeError;
-  static constexpr std::array kFailures = {
-      kBadFileNameOrNumber, kFileNotFound,     kFileAlreadyOpen,
-      kDeviceIoError,       kDiskFull,         kTooManyFiles,
-      kDeviceUnavailable,   kPermissionDenied, kPathFileAccessError,
-      kPathNotFound,        kOutOfMemory};
-  return std::any_of(kFailures.begin(), kFailures.end(), [description](RunTimeError failure) {
-    return Describe(failure) == description;
-  });
+bool IsFileFailure(const Box& problem) {
+  if (!problem.failure) return false;
+  switch (*problem.failure) {
+    using enum RunTimeError;
+    case kBadFileNameOrNumber:
+    case kFileNotFound:
+    case kFileAlreadyOpen:
+    case kDeviceIoError:
+    case kDiskFull:
+    case kTooManyFiles:
+    case kDeviceUnavailable:
+    case kPermissionDenied:
+    case kPathFileAccessError:
+    case kPathNotFound:
+    case kOutOfMemory:
+      return true;
+    case kInvalidProcedureCall:
+    case kOverflow:
+    case kSubscriptOutOfRange:
+    case kDivisionByZero:
+    case kTypeMismatch:
+    case kInternalError:
+    case kFileAlreadyExists:
+    case kFormAlreadyDisplayed:
+      return false;
+  }
+  return false;
 }
 
 }  // namespace
 
-std::int64_t LineOfProblem(std::string_view description) {
-  static constexpr std::string_view kBefore[] = {"(line ", "in line ", "second time ("};
-  if (description.ends_with(')')) description.remove_suffix(1);
-  const std::size_t before = description.find_last_not_of("0123456789");
-  if (before == std::string_view::npos) return 0;
-  const std::string_view digits = description.substr(before + 1);
-  description.remove_suffix(digits.size());
-  std::int64_t line = 0;
-  const bool named =
-      std::any_of(std::begin(kBefore), std::end(kBefore),
-                  [description](std::string_view words) { return description.ends_with(words); });
-  if (named) std::from_chars(digits.data(), digits.data() + digits.size(), line);
-  return line;
-}
-
-std::optional<MsgBoxResult> Answers::AnswerBox(std::string_view text, MsgBoxStyle,
-                                               std::string_view title, bool& print) {
+// Each kind is decided on here; the compiler names one that is not.
+std::optional<MsgBoxResult> Answers::AnswerBox(const Box& box, bool& print) {
   print = false;
-  switch (KindOf(title, text)) {
-    case Kind::kProblem:
-      return AnswerProblem(Statement(text));
-    case Kind::kConflict:
-      return AnswerConflict(Statement(text));
-    case Kind::kOfferToSimplify:
+  switch (box.kind) {
+    using enum platform::BoxKind;
+    case kReadProblem:
+    case kEmptyItem:
+      return AnswerProblem(box);
+    case kConflict:
+      return AnswerConflict(box);
+    case kOfferToSimplify:
       return arguments_.simplify ? MsgBoxResult::kYes : MsgBoxResult::kNo;
-    case Kind::kOfferLog:
+    case kOfferLog:
       return MsgBoxResult::kYes;
-    case Kind::kNote:
-      on_note(text);
-      break;
-    case Kind::kRefusal:
-      refusals.emplace_back(OneLine(text));
+    case kNote:
+    case kAbout:
+      on_note(box.statement);
+      return MsgBoxResult::kOk;
+    case kRefusal:
+    case kFailure:
+      refusals.emplace_back(OneLine(box.statement));
+      return MsgBoxResult::kOk;
+    case kOfferToSave:  // these belong to windows
+    case kConfirmStop:
+    case kConfirmDeletion:
       break;
   }
-  return MsgBoxResult::kOk;
+  if (!unanswered) unanswered = box;
+  return box.look().when_closed;
 }
 
-std::optional<MsgBoxResult> Answers::AnswerProblem(std::string_view text) {
-  file_failed = file_failed || IsFileFailure(text);
+std::optional<MsgBoxResult> Answers::AnswerProblem(const Box& problem) {
+  file_failed = file_failed || IsFileFailure(problem);
   if (on_problem) {
-    on_problem({OneLine(text), LineOfProblem(text)});
+    on_problem(problem);
     return file_failed ? MsgBoxResult::kNo : MsgBoxResult::kYes;
   }
   const bool ask = arguments_.on_error == OnError::kAsk && can_ask && !file_failed;
   if (ask) return std::nullopt;
-  on_note(file + ": " + std::string(text));
+  on_note(file + ": " + problem.statement);
   const bool go_on = arguments_.on_error == OnError::kContinue && !file_failed;
   return go_on ? MsgBoxResult::kYes : MsgBoxResult::kNo;
 }
 
-std::optional<MsgBoxResult> Answers::AnswerConflict(std::string_view text) {
+std::optional<MsgBoxResult> Answers::AnswerConflict(const Box& conflict) {
   struct Outcome {
     OnConflict choice;
     MsgBoxResult answer;
@@ -129,7 +107,7 @@ std::optional<MsgBoxResult> Answers::AnswerConflict(std::string_view text) {
   const auto* const outcome =
       std::find_if(std::begin(kOutcomes), std::end(kOutcomes),
                    [choice](const Outcome& known) { return known.choice == choice; });
-  on_note(std::string(text) + "  " + std::string(outcome->words));
+  on_note(conflict.statement + "  " + std::string(outcome->words));
   return outcome->answer;
 }
 

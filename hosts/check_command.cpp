@@ -22,13 +22,13 @@ class Report {
 
   virtual void Begin() = 0;
   virtual void End(bool read) = 0;
-  void Add(const FileProblem& problem) {
+  void Add(const platform::Box& problem) {
     if (++count_ <= session_.arguments.limit) Print(problem);
   }
   std::int64_t count() const { return count_; }
 
  protected:
-  virtual void Print(const FileProblem& problem) = 0;
+  virtual void Print(const platform::Box& problem) = 0;
   const std::string& file() const { return session_.arguments.operands[0]; }
   const LPModel& model() const { return session_.model(); }
 
@@ -52,10 +52,10 @@ class TextReport : public Report {
   }
 
  protected:
-  void Print(const FileProblem& problem) override {
+  void Print(const platform::Box& problem) override {
     std::string line = file() + ':';
     if (problem.line != 0) line += text::IntegerText(problem.line) + ':';
-    out_ << OneLine(line + ' ' + problem.text) + '\n';
+    out_ << OneLine(line + ' ' + problem.statement) + '\n';
   }
 };
 
@@ -79,13 +79,13 @@ class JsonReport : public Report {
   }
 
  protected:
-  void Print(const FileProblem& problem) override {
+  void Print(const platform::Box& problem) override {
     std::string json = count() == 1 ? "\n{" : ",\n{";
     if (problem.line != 0) {
       json.append("\"line\":").append(text::IntegerText(problem.line)).append(",");
     }
     json += "\"text\":";
-    AppendJson(json, problem.text);
+    AppendJson(json, OneLine(problem.statement));
     out_ << json + '}';
   }
 };
@@ -99,7 +99,7 @@ std::unique_ptr<Report> MakeReport(Session& session) {
 
 int RunCheck(Session& session) {
   const std::unique_ptr<Report> report = MakeReport(session);
-  session.answers().on_problem = [&report](const FileProblem& problem) { report->Add(problem); };
+  session.answers().on_problem = [&report](const platform::Box& problem) { report->Add(problem); };
   report->Begin();
   const bool read = session.ReadPassingOver(session.arguments.operands[0]) == kRead;
   report->End(read);

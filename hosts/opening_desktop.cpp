@@ -11,11 +11,6 @@ using platform::FileDialog;
 OpeningDesktop::OpeningDesktop(platform::Desktop& desktop, std::string file)
     : desktop_(desktop), file_(std::move(file)) {}
 
-platform::MsgBoxResult OpeningDesktop::MsgBox(std::string_view text, platform::MsgBoxStyle style,
-                                              std::string_view title) {
-  return desktop_.MsgBox(text, style, title);
-}
-
 std::string OpeningDesktop::InputBox(std::string_view prompt, std::string_view title,
                                      std::string_view default_text) {
   return desktop_.InputBox(prompt, title, default_text);

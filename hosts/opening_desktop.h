@@ -17,8 +17,7 @@ class OpeningDesktop : public platform::Desktop {
   // `desktop` must outlive this one.
   OpeningDesktop(platform::Desktop& desktop, std::string file);
 
-  platform::MsgBoxResult MsgBox(std::string_view text, platform::MsgBoxStyle style,
-                                std::string_view title) override;
+  platform::MsgBoxResult MsgBox(const platform::Box& box) override { return desktop_.MsgBox(box); }
   std::string InputBox(std::string_view prompt, std::string_view title,
                        std::string_view default_text) override;
   std::string ShowFileDialog(const platform::FileDialog& dialog) override;

@@ -49,7 +49,9 @@ int RunCommand(const Arguments& arguments, const Streams& streams) {
     throw CommandError(kUsage, std::string(command->name) + ' ' + objection);
   }
   Session session(arguments, streams);
-  return command->run(session);
+  const int status = command->run(session);
+  session.StopIfUnanswered();
+  return status;
 }
 
 int Run(std::span<const std::string> words, const Streams& streams, std::string& command) {

@@ -41,12 +41,19 @@ void Session::StopIfInterrupted() const {
   if (desktop_.interrupted()) throw CommandError(kInterrupted, "stopped");
 }
 
+void Session::StopIfUnanswered() const {
+  if (!answers_.unanswered) return;
+  throw CommandError(kProblem, "there is no answer on the command line to the question: " +
+                                   OneLine(answers_.unanswered->text()));
+}
+
 bool Session::KeepPrinting() const { return streams.out.good() && !desktop_.interrupted(); }
 
 void Session::Read(const std::string& path) {
   answers_.file = path;
   const std::int16_t result = model_.ReadMPSFile();
   StopIfInterrupted();
+  StopIfUnanswered();
   if (result == kComponentGood) return CopyLog();
   std::string text = path + " was not read";
   if (arguments.on_error != OnError::kContinue && !answers_.can_ask && !answers_.file_failed) {
@@ -59,6 +66,7 @@ std::int16_t Session::ReadPassingOver(const std::string& path) {
   answers_.file = path;
   const std::int16_t result = model_.ReadMPSFile();
   StopIfInterrupted();
+  StopIfUnanswered();
   CopyLog();
   return result;
 }
@@ -71,6 +79,7 @@ void Session::Simplify() {
     throw CommandError(kProblem, "the simplification failed: " + error.description());
   }
   StopIfInterrupted();
+  StopIfUnanswered();
   CopyLog();
 }
 
@@ -85,6 +94,7 @@ void Session::CopyLog() {
 
 void Session::Write(const std::string& path) {
   StopIfInterrupted();
+  StopIfUnanswered();
   // The component empties the file before it finds that there is nothing to write.
   if (model_.NumberOfElements() == 0) {
     throw CommandError(kProblem, "the model has no elements; " + path + " was not written");

@@ -37,6 +37,9 @@ class Session {
 
   // Raises a CommandError after a Ctrl-C.
   void StopIfInterrupted() const;
+  // Raises a CommandError when a question was asked that the command line has no answer to. Whoever
+  // lets the component ask calls it before anything is made of what came out.
+  void StopIfUnanswered() const;
   // False when more output makes no sense: nobody reads it, or Ctrl-C came.
   bool KeepPrinting() const;
   // A line on standard error.

@@ -47,7 +47,7 @@ Record& AppendRecord(OneBased<Record>& lines, std::int32_t& count, std::string_v
 
 void WarnOnceOfLongName(LPModel& model, std::string_view name) {
   if (model.raw_data().LongNameWarningShown || !IsLongName(name)) return;
-  model.desktop().MsgBox(kLongNameWarning, platform::MsgBoxStyle::kOk);
+  model.desktop().MsgBox(platform::Note(kLongNameWarning));
   model.raw_data().LongNameWarningShown = true;
 }
 

@@ -62,12 +62,13 @@ void LPModel::ClearModel() {
 }
 
 void LPModel::DisplayAuthor() const {
-  desktop_.MsgBox(AboutText(), platform::MsgBoxStyle::kOk, kAboutTitle);
+  desktop_.MsgBox({.kind = platform::BoxKind::kAbout,
+                   .statement = AboutText(),
+                   .question = {},
+                   .title = std::string(kAboutTitle)});
 }
 
-void LPModel::Refuse(std::string_view text) const {
-  desktop_.MsgBox(text, platform::MsgBoxStyle::kOk);
-}
+void LPModel::Refuse(std::string_view text) const { desktop_.MsgBox(platform::Refusal(text)); }
 
 void LPModel::AppendToLog(std::string_view line) {
   log_->Write(line);

@@ -7,6 +7,7 @@
 
 namespace quarvel {
 
+using platform::BoxKind;
 using platform::MsgBoxResult;
 using platform::MsgBoxStyle;
 
@@ -50,8 +51,8 @@ void frmProgress::OnUnload() {
 }
 
 void frmProgress::AskToStop() {
-  const MsgBoxResult answer =
-      desktop().MsgBox("Are you sure you wish to stop?", MsgBoxStyle::kYesNo, "Confirm");
+  const MsgBoxResult answer = desktop().MsgBox(Question(
+      BoxKind::kConfirmStop, "Are you sure you wish to stop?", MsgBoxStyle::kYesNo, "Confirm"));
   if (answer != MsgBoxResult::kYes || !IsLoaded()) return;
   StopRequested = true;
   cmdStop.set_caption("Stopping...");

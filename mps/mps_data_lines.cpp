@@ -53,7 +53,8 @@ inline std::int32_t MpsReader::FindColumnOf(std::size_t token_number) const {
 
 void MpsReader::UseRow() {
   if (tokens_->count() != 2) {
-    Problem("MPS file read error: insufficent tokens in line " + text::IntegerText(line_number_));
+    ProblemNamingLine("MPS file read error: insufficent tokens in line " +
+                      text::IntegerText(line_number_));
     return;
   }
   const std::string_view type = token(1);
@@ -62,8 +63,8 @@ void MpsReader::UseRow() {
     return;
   }
   if (FindRowOf(2) != 0) {
-    Problem("MPS file read error: row name appears for a second time (" +
-            text::IntegerText(line_number_) + ")");
+    ProblemNamingLine("MPS file read error: row name appears for a second time (" +
+                      text::IntegerText(line_number_) + ")");
     return;
   }
   AppendRow(type[0]);

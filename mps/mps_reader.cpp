@@ -48,7 +48,11 @@ void MpsReader::Guarded(const Step& step) {
   try {
     step();
   } catch (...) {
-    Problem(CurrentError().description());
+    const AutomationError error = CurrentError();
+    Problem({.kind = platform::BoxKind::kReadProblem,
+             .statement = error.description(),
+             .question = {},
+             .failure = error.run_time_error()});
   }
 }
 
@@ -198,10 +202,11 @@ bool MpsReader::UseHeader() {
   return false;
 }
 
-void MpsReader::Problem(std::string_view description) {
-  const platform::MsgBoxResult answer = model_.desktop().MsgBox(
-      std::string(description) + "\r\nWould you like to continue reading this MPS file?",
-      platform::MsgBoxStyle::kYesNo, "Error.  Continue Reading MPS File?");
+void MpsReader::Problem(platform::Box problem) {
+  problem.question = "Would you like to continue reading this MPS file?";
+  problem.style = platform::MsgBoxStyle::kYesNo;
+  problem.title = "Error.  Continue Reading MPS File?";
+  const platform::MsgBoxResult answer = model_.desktop().MsgBox(problem);
   AfterCallback();
   if (answer != platform::MsgBoxResult::kYes) state_ = State::kFailed;
 }
@@ -213,24 +218,41 @@ void MpsReader::AfterCallback() {
   if (!data_.removals.empty()) Settle(data_);
 }
 
+void MpsReader::ModelProblem(std::string statement, std::string item) {
+  Problem({.kind = platform::BoxKind::kReadProblem,
+           .statement = std::move(statement),
+           .question = {},
+           .item = std::move(item)});
+}
+
 void MpsReader::LineProblem(std::string_view words) {
-  Problem(std::string(words) + " (line " + text::IntegerText(line_number_) + ")");
+  ProblemNamingLine(std::string(words) + " (line " + text::IntegerText(line_number_) + ")");
+}
+
+void MpsReader::ProblemNamingLine(std::string statement) {
+  Problem({.kind = platform::BoxKind::kReadProblem,
+           .statement = std::move(statement),
+           .question = {},
+           .line = line_number_});
 }
 
 void MpsReader::CheckModel() {
   Settle(data_);
-  if (data_.NumberOfRows < 1) Problem("Quarvel.dll error: no rows");
+  if (data_.NumberOfRows < 1) ModelProblem("Quarvel.dll error: no rows");
   if (state_ == State::kDone && data_.NumberOfColumns < 1) {
-    Problem("Quarvel.dll error: no columns");
+    ModelProblem("Quarvel.dll error: no columns");
   }
   if (state_ == State::kDone && data_.NumberOfElements < 1) {
-    Problem("Quarvel.dll error: no elements");
+    ModelProblem("Quarvel.dll error: no elements");
   }
   bool empty_items = false;
   if (state_ == State::kDone) CheckColumns(empty_items);
   if (state_ == State::kDone) CheckRows(empty_items);
   if (state_ == State::kDone && empty_items) {
-    Problem("Quarvel.dll error: rows or columns with no elements, as noted in warnings.");
+    Problem(
+        {.kind = platform::BoxKind::kEmptyItem,
+         .statement = "Quarvel.dll error: rows or columns with no elements, as noted in warnings.",
+         .question = {}});
   }
 }
 
@@ -241,7 +263,7 @@ void MpsReader::CheckColumns(bool& empty_items) {
     const bool is_empty = column.ElementCount() == 0;
     const std::string name = is_empty || column.LowerBound > column.UpperBound ? column.Name : "";
     if (column.LowerBound > column.UpperBound) {
-      Problem("Quarvel.dll error: bounds reversed on variable " + name);
+      ModelProblem("Quarvel.dll error: bounds reversed on variable " + name, name);
       if (state_ != State::kDone) return;
     }
     if (!is_empty) continue;
@@ -256,7 +278,7 @@ void MpsReader::CheckRows(bool& empty_items) {
     const bool is_empty = row.ElementCount() == 0;
     const std::string name = is_empty || row.LowerBound > row.UpperBound ? row.Name : "";
     if (row.LowerBound > row.UpperBound) {
-      Problem("Quarvel.dll error: bounds reversed on row " + name);
+      ModelProblem("Quarvel.dll error: bounds reversed on row " + name, name);
       if (state_ != State::kDone) return;
     }
     if (!is_empty) continue;
@@ -267,10 +289,13 @@ void MpsReader::CheckRows(bool& empty_items) {
 
 // No ends the read, and alone of all endings leaves the progress window on the screen.
 bool MpsReader::AcceptsEmpty(std::string_view what, const std::string& name) {
-  std::string text = "Warning: no elements for ";
-  text.append(what).append(name).append("\r\nContinue reading MPS file?");
-  const platform::MsgBoxResult answer = model_.desktop().MsgBox(
-      text, platform::MsgBoxStyle::kYesNoExclamation, "LPModel: reading MPS file...");
+  const platform::MsgBoxResult answer =
+      model_.desktop().MsgBox({.kind = platform::BoxKind::kEmptyItem,
+                               .statement = "Warning: no elements for " + std::string(what) + name,
+                               .question = "Continue reading MPS file?",
+                               .style = platform::MsgBoxStyle::kYesNoExclamation,
+                               .title = "LPModel: reading MPS file...",
+                               .item = name});
   if (answer == platform::MsgBoxResult::kYes) return true;
   data_.ReadMPSFileErr = 0;
   model_.desktop().SetMousePointer(platform::MousePointer::kDefault);
@@ -305,7 +330,7 @@ void MpsReader::Finish(ViewPause& pause) {
 
 void MpsReader::OfferToSimplify() {
   const platform::MsgBoxResult answer =
-      model_.desktop().MsgBox(kSimplifyQuestion, platform::MsgBoxStyle::kYesNo);
+      model_.desktop().MsgBox(Question(platform::BoxKind::kOfferToSimplify, kSimplifyQuestion));
   if (answer == platform::MsgBoxResult::kYes) model_.SimplifyMPSModel();
 }
 

@@ -45,6 +45,7 @@
 #include "mps/line_reader.h"
 #include "mps/section.h"
 #include "mps/tokens.h"
+#include "platform/box.h"
 
 namespace quarvel {
 
@@ -115,10 +116,13 @@ class MpsReader {
   void ApplyRange(std::int32_t row, double range);
   void ApplyBound(std::string_view code, std::int32_t column, double value);
 
-  // Raises a problem and asks whether to go on; No ends the read (state_).
-  void Problem(std::string_view description);
-  // "<words> (line <number>)" and "<words> (<number>)".
+  // Asks whether to go on in spite of a problem; No ends the read (state_).
+  void Problem(platform::Box problem);
+  // A problem of the model.
+  void ModelProblem(std::string statement, std::string item = {});
+  // A problem of the line at hand, which the statement names.
   void LineProblem(std::string_view words);
+  void ProblemNamingLine(std::string statement);
   void AfterCallback();
 
   // The model with nothing put off, for looking at.

@@ -67,10 +67,6 @@ class Backup {
   bool complete_ = false;
 };
 
-void ShowBox(LPModel& model, std::string_view text) {
-  model.desktop().MsgBox(text, platform::MsgBoxStyle::kOk);
-}
-
 // Writes and closes the file; nothing when the model has no elements (the file is empty then), else
 // whether it is a standard one.
 std::optional<bool> WriteFile(const ModelData& data, const std::string& path) {
@@ -91,10 +87,10 @@ void Save(LPModel& model, const std::string& path, std::optional<Backup>& backup
   if (path == data.FileLocation) backup.emplace(path).Make();
   const std::optional<bool> standard = WriteFile(data, path);
   if (!standard) {
-    ShowBox(model, kNoElements);
+    model.desktop().MsgBox(platform::Refusal(kNoElements));
     return;
   }
-  if (!*standard) ShowBox(model, kNotStandard);
+  if (!*standard) model.desktop().MsgBox(platform::Note(kNotStandard));
   if (backup) backup->Delete();
   model.raw_data().FileLocation = path;
 }
@@ -116,7 +112,7 @@ std::int16_t LPModel::SaveMPSFile(const std::string& FileLoc) {
   }
   if (!failure) return kSaved;
   if (backup) backup->Restore();
-  ShowBox(*this, failure->description());
+  desktop_.MsgBox(platform::Failure(*failure));
   return kNotSaved;
 }
 

@@ -41,6 +41,14 @@ AutomationError MakeRunTimeError(RunTimeError number) {
 AutomationError::AutomationError(std::int32_t number, std::string source, std::string description)
     : number_(number), source_(std::move(source)), description_(std::move(description)) {}
 
+std::optional<RunTimeError> AutomationError::run_time_error() const noexcept {
+  const bool known = std::any_of(kTable.begin(), kTable.end(), [this](const auto& entry) {
+    return static_cast<std::int32_t>(entry.number) == number_;
+  });
+  if (!known) return std::nullopt;
+  return static_cast<RunTimeError>(number_);
+}
+
 std::span<const RunTimeErrorText> RunTimeErrorTable() { return kTable; }
 
 std::string_view Describe(RunTimeError number) {

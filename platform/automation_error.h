@@ -8,11 +8,14 @@
 
 #include <cstdint>
 #include <exception>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
 namespace quarvel {
+
+enum class RunTimeError : std::int32_t;
 
 class AutomationError : public std::exception {
  public:
@@ -22,6 +25,8 @@ class AutomationError : public std::exception {
   std::int32_t number() const noexcept { return number_; }
   const std::string& source() const noexcept { return source_; }
   const std::string& description() const noexcept { return description_; }
+  // Which of the general failures this is; nothing for an error of the component's own.
+  std::optional<RunTimeError> run_time_error() const noexcept;
   const char* what() const noexcept override { return description_.c_str(); }
 
  private:

@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/box.h"
+
 namespace quarvel::platform {
 
 class Form;
@@ -16,29 +18,14 @@ class FormPeer;
 struct FileDialog;
 struct Showing;
 
-// Buttons and icon of a message box; the numbers are those every automation host knows.
-enum class MsgBoxStyle : int {
-  kOk = 0,                       // OK, no icon
-  kYesNo = 4,                    // Yes and No, no icon
-  kYesNoCancelExclamation = 51,  // Yes, No and Cancel, exclamation icon
-  kYesNoExclamation = 52,        // Yes and No, exclamation icon
-};
-
-enum class MsgBoxResult : int { kOk = 1, kCancel = 2, kYes = 6, kNo = 7 };
-
-// What a box without a title of its own carries.
-inline constexpr std::string_view kDefaultTitle = "Quarvel";
-
 enum class MousePointer { kDefault, kWait };
 
 class Desktop {
  public:
   virtual ~Desktop() = default;
 
-  // Shows a modal box and waits for its answer. Closing it by other means answers kCancel when the
-  // style has that button, kNo when it has No, else kOk.
-  virtual MsgBoxResult MsgBox(std::string_view text, MsgBoxStyle style,
-                              std::string_view title = kDefaultTitle) = 0;
+  // Shows a modal box and waits for its answer.
+  virtual MsgBoxResult MsgBox(const Box& box) = 0;
 
   // Asks for one line of text; empty when cancelled.
   virtual std::string InputBox(std::string_view prompt, std::string_view title,

@@ -157,7 +157,7 @@ void Form::Dispatch(const std::function<void()>& handler) {
     handler();
   } catch (...) {
     if (!showing->modal || (!showing->closed && survives_failures_)) {
-      desktop.MsgBox(CurrentError().description(), MsgBoxStyle::kOk);
+      desktop.MsgBox(Failure(CurrentError()));
       return;
     }
     if (!showing->failure) showing->failure = std::current_exception();

@@ -14,6 +14,7 @@ struct ConflictQuestion {
   std::string_view title;
   std::string_view text_before_name;
   std::string_view text_after_name;
+  std::string_view choices;
   std::string_view removed;  // log: Yes
   bool yes_changes;
   std::string_view converted_after_name;  // log: No
@@ -58,7 +59,7 @@ constexpr std::string_view kIntoBound = " into variable bound";
 constexpr ConflictQuestion kEqualityQuestion = {
     "Equality violates bounds",
     "The equality ",
-    " violates variable bounds.\r\n"
+    " violates variable bounds.",
     "If you want to remove the equality, click Yes\r\n"
     "If you want to reset the variable bounds to this equality, click No\r\n"
     "Click cancel to stop fixing this model",
@@ -71,7 +72,7 @@ constexpr ConflictQuestion kEqualityQuestion = {
 constexpr ConflictQuestion kRangeQuestion = {
     "Range Violates Bounds",
     "The range for row ",
-    " violates bounds.\r\n"
+    " violates bounds.",
     "To remove the row, click Yes\r\n"
     "To reset the column bounds to this range, click No\r\n"
     "Click Cancel to stop fixing this model",
@@ -125,6 +126,15 @@ std::string Around(std::string_view before, const std::string& name, std::string
   return std::string(before).append(name).append(after);
 }
 
+platform::Box ConflictBox(const ConflictQuestion& question, const std::string& name) {
+  return {.kind = platform::BoxKind::kConflict,
+          .statement = Around(question.text_before_name, name, question.text_after_name),
+          .question = std::string(question.choices),
+          .style = platform::MsgBoxStyle::kYesNoCancelExclamation,
+          .title = std::string(question.title),
+          .item = name};
+}
+
 }  // namespace
 
 void Simplifier::ConvertSingletonRows() {
@@ -163,9 +173,7 @@ Simplifier::RowFate Simplifier::AskAboutRow(std::int32_t i, const ConversionRule
   const ConflictQuestion& question = *rule.question;
   const std::int32_t count = model_.NumberOfRows();
   std::string name = RowAt(i).Name;
-  const MsgBoxResult answer =
-      model_.desktop().MsgBox(Around(question.text_before_name, name, question.text_after_name),
-                              platform::MsgBoxStyle::kYesNoCancelExclamation, question.title);
+  const MsgBoxResult answer = model_.desktop().MsgBox(ConflictBox(question, name));
   if (answer == MsgBoxResult::kCancel) {
     Log(Around(question.aborted, name, ""));
     changed_ = changed_ || question.cancel_changes;

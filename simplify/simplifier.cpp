@@ -14,7 +14,6 @@ namespace quarvel {
 namespace {
 
 using platform::MsgBoxResult;
-using platform::MsgBoxStyle;
 
 constexpr std::string_view kCaption = "Progress: Simplifying MPS Model";
 constexpr std::string_view kLogQuestion =
@@ -94,19 +93,20 @@ void Simplifier::TellOutcome() {
   if (changed_) {
     OfferLog();
   } else {
-    model_.desktop().MsgBox(kNothingDone, MsgBoxStyle::kOk);
+    model_.desktop().MsgBox(platform::Note(kNothingDone));
     DeleteLog();
   }
 }
 
 void Simplifier::OfferLog() {
   platform::Desktop& desktop = model_.desktop();
-  if (desktop.MsgBox(kLogQuestion, MsgBoxStyle::kYesNo) != MsgBoxResult::kYes) return;
+  const MsgBoxResult answer = desktop.MsgBox(Question(platform::BoxKind::kOfferLog, kLogQuestion));
+  if (answer != MsgBoxResult::kYes) return;
   if (desktop.OpenInEditor(log_name_)) return;
   // Also for a model without a file, whose log stands elsewhere.
-  desktop.MsgBox("Error loading log file in notepad.  The log file can be found at " +
-                     BesideModel(file_location_),
-                 MsgBoxStyle::kOk);
+  desktop.MsgBox(
+      platform::Refusal("Error loading log file in notepad.  The log file can be found at " +
+                        BesideModel(file_location_)));
 }
 
 // A log that somebody has deleted already is what was wanted; one that cannot be deleted is raised

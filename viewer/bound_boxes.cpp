@@ -7,6 +7,7 @@
 
 namespace quarvel::viewer {
 
+using platform::Note;
 using platform::TextBox;
 
 BoundBoxes::BoundBoxes(platform::Form& form, int top)
@@ -27,15 +28,13 @@ void BoundBoxes::Put(TextBox& box, double bound) { box.set_text(text::RoundTripT
 
 double BoundBoxes::Get(const TextBox& box) { return text::ParseNumber(box.text()).value_or(0); }
 
-void BoundBoxes::Say(std::string_view text) {
-  form_.desktop().MsgBox(text, platform::MsgBoxStyle::kOk);
-}
+void BoundBoxes::Say(const platform::Box& box) { form_.desktop().MsgBox(box); }
 
 bool BoundBoxes::BothAreNumbers() {
   const bool upper = text::ParseNumber(txtUprBnd.text()).has_value();
   const bool lower = text::ParseNumber(txtLwrBnd.text()).has_value();
   if (upper && lower) return true;
-  Say("Invalid Input");
+  Say(platform::Refusal("Invalid Input"));
   if (!upper) txtUprBnd.set_text("");
   if (!lower) txtLwrBnd.set_text("");
   (lower ? txtUprBnd : txtLwrBnd).Focus();
@@ -46,17 +45,17 @@ void BoundBoxes::Reverse() {
   const std::string lower = txtLwrBnd.text();
   txtLwrBnd.set_text(txtUprBnd.text());
   txtUprBnd.set_text(lower);
-  Say("Bounds were reversed");
+  Say(Note("Bounds were reversed"));
 }
 
 void BoundBoxes::HoldWithinLimit() {
   if (Get(txtUprBnd) > BoundLimit) {
     Put(txtUprBnd, BoundLimit);
-    Say("Upper Bound set to limit of 1E+10");
+    Say(Note("Upper Bound set to limit of 1E+10"));
   }
   if (Get(txtLwrBnd) < -BoundLimit) {
     Put(txtLwrBnd, -BoundLimit);
-    Say("Lower Bound set to limit of -1E+10");
+    Say(Note("Lower Bound set to limit of -1E+10"));
   }
 }
 

@@ -1,8 +1,6 @@
 // The part that the two bounds dialogs share: the boxes for a lower and an upper bound.
 #pragma once
 
-#include <string_view>
-
 #include "platform/basic_controls.h"
 #include "platform/input_controls.h"
 
@@ -33,7 +31,7 @@ class BoundBoxes {
   platform::TextBox txtUprBnd;
 
  private:
-  void Say(std::string_view text);
+  void Say(const platform::Box& box);
 
   platform::Form& form_;
 };

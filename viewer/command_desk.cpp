@@ -16,7 +16,7 @@ CommandDesk::CommandDesk(platform::Form& window, const ViewedModel& viewed,
       viewed_(viewed),
       contents_(contents) {}
 
-void CommandDesk::Say(std::string_view text) const { desktop().MsgBox(text, MsgBoxStyle::kOk); }
+void CommandDesk::Say(std::string_view text) const { desktop().MsgBox(platform::Refusal(text)); }
 
 void CommandDesk::GiveUp(std::string_view text) const {
   Say(text);
@@ -24,8 +24,9 @@ void CommandDesk::GiveUp(std::string_view text) const {
 }
 
 bool CommandDesk::ConfirmDeletion(const std::string& what) const {
-  const MsgBoxResult answer = desktop().MsgBox("Are you sure you want delete " + what + "?",
-                                               MsgBoxStyle::kYesNo, "Confirm Deletion");
+  const MsgBoxResult answer = desktop().MsgBox(
+      Question(platform::BoxKind::kConfirmDeletion, "Are you sure you want delete " + what + "?",
+               MsgBoxStyle::kYesNo, "Confirm Deletion"));
   return answer == MsgBoxResult::kYes && IsReady();
 }
 
@@ -36,7 +37,7 @@ void CommandDesk::Refill() const {
 void CommandDesk::WarnOfLongName(std::string_view name) {
   if (long_name_warned_ || !IsLongName(name)) return;
   long_name_warned_ = true;
-  Say(kLongNameWarning);
+  desktop().MsgBox(platform::Note(kLongNameWarning));
 }
 
 void CommandDesk::CloseDialogs() {

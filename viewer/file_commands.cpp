@@ -7,6 +7,7 @@
 namespace quarvel::viewer {
 namespace {
 
+using platform::BoxKind;
 using platform::MsgBoxResult;
 using platform::MsgBoxStyle;
 
@@ -22,8 +23,9 @@ constexpr std::string_view kReadme = "/quarvel.readme.txt";
 
 bool FileCommands::OfferToSave() {
   if (desk_.model().NumberOfElements() < 1) return true;
-  const MsgBoxResult answer = desk_.desktop().MsgBox("Do you want to save the current model?",
-                                                     MsgBoxStyle::kYesNoCancelExclamation);
+  const MsgBoxResult answer = desk_.desktop().MsgBox(
+      Question(BoxKind::kOfferToSave, "Do you want to save the current model?",
+               MsgBoxStyle::kYesNoCancelExclamation));
   if (!desk_.IsReady()) return false;
   return answer == MsgBoxResult::kYes ? WriteModel() : answer == MsgBoxResult::kNo;
 }
@@ -85,7 +87,8 @@ void FileCommands::Exit() { desk_.window().Unload(); }
 
 void FileCommands::Simplify() {
   ModelInterface& model = desk_.model();
-  const MsgBoxResult answer = desk_.desktop().MsgBox(kSimplifyQuestion, MsgBoxStyle::kYesNo);
+  const MsgBoxResult answer =
+      desk_.desktop().MsgBox(Question(BoxKind::kOfferToSimplify, kSimplifyQuestion));
   if (answer != MsgBoxResult::kYes || !desk_.IsReady()) return;
   try {
     model.SimplifyMPSModel();

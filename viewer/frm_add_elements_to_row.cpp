@@ -9,7 +9,7 @@
 
 namespace quarvel::viewer {
 
-using platform::MsgBoxStyle;
+using platform::Refusal;
 
 frmAddElementsToRow::frmAddElementsToRow(platform::Desktop& desktop)
     : Form(desktop, "frmAddElementsToRow"),
@@ -37,8 +37,7 @@ frmAddElementsToRow::frmAddElementsToRow(platform::Desktop& desktop)
 void frmAddElementsToRow::Begin(std::int32_t row, ModelInterface& model) {
   if (IsShowing()) RaiseRunTimeError(RunTimeError::kFormAlreadyDisplayed);
   if (model.NumberOfColumns() == 0) {
-    desktop().MsgBox("Error: No column has been added yet. Please add columns first",
-                     MsgBoxStyle::kOk);
+    desktop().MsgBox(Refusal("Error: No column has been added yet. Please add columns first"));
     return;
   }
   model_ = &model;
@@ -88,7 +87,7 @@ void frmAddElementsToRow::Accept() {
   ModelInterface& model = *model_;
   const auto column = ChosenColumn();
   if (!column) {
-    desktop().MsgBox("Please select a column", MsgBoxStyle::kOk);
+    desktop().MsgBox(Refusal("Please select a column"));
     return;
   }
   const NamedRecord named = NamedRecord::Of(model, kColumnKind, *column);
@@ -99,7 +98,7 @@ void frmAddElementsToRow::Accept() {
   if (AreStillFree(named)) {
     model.AddElement(row_.number, named.number, *value);
   } else {
-    desktop().MsgBox("Please select a column", MsgBoxStyle::kOk);
+    desktop().MsgBox(Refusal("Please select a column"));
   }
   Unload();
 }
@@ -117,9 +116,9 @@ std::optional<double> frmAddElementsToRow::AskValue(const NamedRecord& column) {
   if (entered.empty()) return std::nullopt;
   const auto value = text::ParseNumber(entered);
   if (!value) {
-    desktop().MsgBox("Invalid input", MsgBoxStyle::kOk);
+    desktop().MsgBox(Refusal("Invalid input"));
   } else if (*value == 0) {
-    desktop().MsgBox("Cannot have an element with coefficient 0", MsgBoxStyle::kOk);
+    desktop().MsgBox(Refusal("Cannot have an element with coefficient 0"));
   } else {
     return value;
   }

@@ -33,8 +33,7 @@ void frmSetRowBounds::OrderBounds() {
     bounds.Reverse();
   } else if (lower == upper) {
     Option("E")->set_value(true);
-    desktop().MsgBox("Bounds were identical.  Bound type changed to equality",
-                     platform::MsgBoxStyle::kOk);
+    desktop().MsgBox(platform::Note("Bounds were identical.  Bound type changed to equality"));
   }
 }
 

@@ -9,8 +9,8 @@
 namespace quarvel::viewer {
 namespace {
 
-using platform::MsgBoxStyle;
 using platform::OptionButton;
+using platform::Refusal;
 
 // The frame of types grows with what it holds; all below it moves down.
 constexpr int kFrameTop = 34;
@@ -71,7 +71,7 @@ void SetBoundsForm::ShowBounds(ModelInterface& model, std::int32_t number) {
   const RecordKind& kind = design_.kind;
   OptionButton* const option = Option((model.*kind.type)(number));
   if (option == nullptr) {
-    desktop().MsgBox(design_.unknown_type, MsgBoxStyle::kOk);
+    desktop().MsgBox(Refusal(design_.unknown_type));
     Unload();
     return;
   }
@@ -112,7 +112,7 @@ void SetBoundsForm::StoreChosenType() {
 bool SetBoundsForm::HasRecord() {
   if (model_ == nullptr) return false;
   if (record_.IsIn(*model_)) return true;
-  desktop().MsgBox(NoneSelectedText(design_.kind), MsgBoxStyle::kOk);
+  desktop().MsgBox(Refusal(NoneSelectedText(design_.kind)));
   Unload();
   return false;
 }

@@ -34,12 +34,6 @@ constexpr auto kAnswers = std::to_array<Answer>({
     {MsgBoxResult::kCancel, 'c', "Cancel"},
 });
 
-bool HasCancel(MsgBoxStyle style) { return style == MsgBoxStyle::kYesNoCancelExclamation; }
-
-MsgBoxResult CautiousAnswer(MsgBoxStyle style) {
-  return HasCancel(style) ? MsgBoxResult::kCancel : MsgBoxResult::kNo;
-}
-
 std::string_view WordOf(MsgBoxResult result) {
   const auto found = std::find_if(kAnswers.begin(), kAnswers.end(),
                                   [result](const Answer& a) { return a.result == result; });
@@ -61,11 +55,10 @@ bool SameWord(std::string_view a, std::string_view b) {
 }
 
 // What a line typed at a question means: a key or a whole word.
-std::optional<MsgBoxResult> Understand(std::string_view line, MsgBoxStyle style) {
+std::optional<MsgBoxResult> Understand(std::string_view line, const BoxLook& look) {
   const std::string_view typed = Trimmed(line);
   for (const Answer& answer : kAnswers) {
-    if (answer.result == MsgBoxResult::kOk) continue;
-    if (answer.result == MsgBoxResult::kCancel && !HasCancel(style)) continue;
+    if (!look.Has(answer.result)) continue;
     if (SameWord(typed, answer.word) || SameWord(typed, {&answer.key, 1})) return answer.result;
   }
   return std::nullopt;
@@ -207,31 +200,30 @@ std::optional<std::string> ConsoleDesktop::Ask(std::string_view prompt) {
   return line;
 }
 
-MsgBoxResult ConsoleDesktop::MsgBox(std::string_view text, MsgBoxStyle style,
-                                    std::string_view title) {
-  const bool question = style != MsgBoxStyle::kOk;
-  if (question && confirming_stop_) return MsgBoxResult::kYes;
+MsgBoxResult ConsoleDesktop::MsgBox(const Box& box) {
+  if (box.kind == BoxKind::kConfirmStop && confirming_stop_) return MsgBoxResult::kYes;
   EraseProgress();
+  const BoxLook look = box.look();
   bool print = true;
-  const auto answer = answers_.AnswerBox(text, style, title, print);
-  const bool ask = question && !answer && interactive_;
+  const auto answer = answers_.AnswerBox(box, print);
+  const bool ask = look.asks() && !answer && interactive_;
   if (print || ask) {
-    if (question || title != kDefaultTitle) WriteError(AsLines(title));
-    WriteError(AsLines(text));
+    if (look.asks() || box.title != kDefaultTitle) WriteError(AsLines(box.title));
+    WriteError(AsLines(box.text()));
   }
-  if (!question) return MsgBoxResult::kOk;
-  if (ask) return AskBox(style);
-  const MsgBoxResult result = answer.value_or(CautiousAnswer(style));
+  if (!look.asks()) return MsgBoxResult::kOk;
+  if (ask) return AskBox(look);
+  const MsgBoxResult result = answer.value_or(look.when_closed);
   if (print) WriteError("Answer: " + std::string(WordOf(result)) + '\n');
   return result;
 }
 
-MsgBoxResult ConsoleDesktop::AskBox(MsgBoxStyle style) {
-  const std::string_view prompt = HasCancel(style) ? "[y/n/c] " : "[y/n] ";
+MsgBoxResult ConsoleDesktop::AskBox(const BoxLook& look) {
+  const std::string_view prompt = look.Has(MsgBoxResult::kCancel) ? "[y/n/c] " : "[y/n] ";
   while (const auto line = Ask(prompt)) {
-    if (const auto result = Understand(*line, style)) return *result;
+    if (const auto result = Understand(*line, look)) return *result;
   }
-  return CautiousAnswer(style);
+  return look.when_closed;
 }
 
 std::string ConsoleDesktop::InputBox(std::string_view prompt, std::string_view title,

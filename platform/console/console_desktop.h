@@ -27,10 +27,7 @@ class ConsoleAnswers {
  public:
   virtual ~ConsoleAnswers() = default;
   // A box is about to be shown. `print` may be set to false to keep it silent.
-  virtual std::optional<MsgBoxResult> AnswerBox(std::string_view, MsgBoxStyle, std::string_view,
-                                                bool&) {
-    return std::nullopt;
-  }
+  virtual std::optional<MsgBoxResult> AnswerBox(const Box&, bool&) { return std::nullopt; }
   // A file dialog; the path to answer.
   virtual std::optional<std::string> AnswerFile(const FileDialog&) { return std::nullopt; }
   // A form waits for its user. True when the answers drove it (selected options, pressed a button).
@@ -56,7 +53,7 @@ class ConsoleDesktop : public Desktop {
   // True when a Ctrl-C arrived during this desktop's life.
   bool interrupted() const { return interrupts_.Arrived(); }
 
-  MsgBoxResult MsgBox(std::string_view text, MsgBoxStyle style, std::string_view title) override;
+  MsgBoxResult MsgBox(const Box& box) override;
   std::string InputBox(std::string_view prompt, std::string_view title,
                        std::string_view default_text) override;
   std::string ShowFileDialog(const FileDialog& dialog) override;
@@ -80,7 +77,7 @@ class ConsoleDesktop : public Desktop {
   // one.
   void AskForm(Form& form);
   void AskOptions(Form& form);
-  MsgBoxResult AskBox(MsgBoxStyle style);
+  MsgBoxResult AskBox(const BoxLook& look);
   // A line from the user without its end; nothing at the end of input or where nobody can be asked.
   std::optional<std::string> Ask(std::string_view prompt);
 

@@ -12,8 +12,7 @@
 
 namespace quarvel::platform::qt {
 
-MsgBoxResult AskBox(EventPump& pump, const QWidget* owner, std::string_view text, MsgBoxStyle style,
-                    std::string_view title);
+MsgBoxResult AskBox(EventPump& pump, const QWidget* owner, const Box& box);
 
 std::string AskLine(EventPump& pump, const QWidget* owner, std::string_view prompt,
                     std::string_view title, std::string_view default_text);

@@ -10,41 +10,27 @@
 namespace quarvel::platform::qt {
 namespace {
 
-struct Look {
-  MsgBoxStyle style;
-  QMessageBox::StandardButtons buttons;
-  QMessageBox::Icon icon;
-  QMessageBox::StandardButton escape;  // what closing it by other means answers
+struct QtButton {
+  MsgBoxResult result;
+  QMessageBox::StandardButton button;
 };
+constexpr QtButton kButtons[] = {{MsgBoxResult::kOk, QMessageBox::Ok},
+                                 {MsgBoxResult::kYes, QMessageBox::Yes},
+                                 {MsgBoxResult::kNo, QMessageBox::No},
+                                 {MsgBoxResult::kCancel, QMessageBox::Cancel}};
 
-const Look& LookOf(MsgBoxStyle style) {
-  static const Look looks[] = {
-      {MsgBoxStyle::kOk, QMessageBox::Ok, QMessageBox::NoIcon, QMessageBox::Ok},
-      {MsgBoxStyle::kYesNo, QMessageBox::Yes | QMessageBox::No, QMessageBox::NoIcon,
-       QMessageBox::No},
-      {MsgBoxStyle::kYesNoCancelExclamation,
-       QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Warning,
-       QMessageBox::Cancel},
-      {MsgBoxStyle::kYesNoExclamation, QMessageBox::Yes | QMessageBox::No, QMessageBox::Warning,
-       QMessageBox::No},
-  };
-  for (const Look& look : looks) {
-    if (look.style == style) return look;
+QMessageBox::StandardButton ButtonOf(MsgBoxResult result) {
+  for (const QtButton& known : kButtons) {
+    if (known.result == result) return known.button;
   }
-  return looks[0];
+  return QMessageBox::NoButton;
 }
 
 MsgBoxResult ResultOf(QMessageBox::StandardButton button) {
-  switch (button) {
-    case QMessageBox::Yes:
-      return MsgBoxResult::kYes;
-    case QMessageBox::No:
-      return MsgBoxResult::kNo;
-    case QMessageBox::Cancel:
-      return MsgBoxResult::kCancel;
-    default:
-      return MsgBoxResult::kOk;
+  for (const QtButton& known : kButtons) {
+    if (known.button == button) return known.result;
   }
+  return MsgBoxResult::kOk;
 }
 
 // A box breaks its text into lines, and so gets its size, only when it is shown.
@@ -65,22 +51,20 @@ class CentredBox : public QMessageBox {
 
 }  // namespace
 
-MsgBoxResult AskBox(EventPump& pump, const QWidget* owner, std::string_view text, MsgBoxStyle style,
-                    std::string_view title) {
-  const Look& look = LookOf(style);
-  CentredBox box(owner);
-  box.setObjectName("msgbox");
-  box.setTextFormat(Qt::PlainText);
-  box.setText(ToQtLines(text));
-  box.setWindowTitle(ToQt(title));
-  box.setIcon(look.icon);
-  box.setStandardButtons(look.buttons);
-  box.setDefaultButton(look.buttons.testFlag(QMessageBox::Yes) ? QMessageBox::Yes
-                                                               : QMessageBox::Ok);
-  box.setEscapeButton(look.escape);
-  RunDialog(pump, box, owner);
-  QAbstractButton* const clicked = box.clickedButton();
-  return ResultOf(clicked == nullptr ? look.escape : box.standardButton(clicked));
+MsgBoxResult AskBox(EventPump& pump, const QWidget* owner, const Box& box) {
+  const BoxLook look = box.look();
+  CentredBox window(owner);
+  window.setObjectName("msgbox");
+  window.setTextFormat(Qt::PlainText);
+  window.setText(ToQtLines(box.text()));
+  window.setWindowTitle(ToQt(box.title));
+  window.setIcon(look.exclamation ? QMessageBox::Warning : QMessageBox::NoIcon);
+  for (const MsgBoxResult button : look.buttons) window.addButton(ButtonOf(button));
+  window.setDefaultButton(ButtonOf(look.buttons.front()));
+  window.setEscapeButton(ButtonOf(look.when_closed));
+  RunDialog(pump, window, owner);
+  QAbstractButton* const clicked = window.clickedButton();
+  return clicked == nullptr ? look.when_closed : ResultOf(window.standardButton(clicked));
 }
 
 }  // namespace quarvel::platform::qt

@@ -39,16 +39,14 @@ class QtDesktop : public Desktop {
  public:
   QtDesktop() {
     stage_.on_failure = [this](const std::string& text) {
-      MsgBox(text, MsgBoxStyle::kOk, kDefaultTitle);
+      MsgBox({.kind = BoxKind::kFailure, .statement = text, .question = {}});
     };
   }
   ~QtDesktop() override { SetMousePointer(MousePointer::kDefault); }
   QtDesktop(const QtDesktop&) = delete;
   QtDesktop& operator=(const QtDesktop&) = delete;
 
-  MsgBoxResult MsgBox(std::string_view text, MsgBoxStyle style, std::string_view title) override {
-    return qt::AskBox(pump_, Owner(), text, style, title);
-  }
+  MsgBoxResult MsgBox(const Box& box) override { return qt::AskBox(pump_, Owner(), box); }
 
   std::string InputBox(std::string_view prompt, std::string_view title,
                        std::string_view default_text) override {

@@ -57,6 +57,7 @@ void ScriptedDesktop::Unexpected(const std::string& what) {
 void ScriptedDesktop::Clear() {
   transcript_.clear();
   boxes_.clear();
+  box_data_.clear();
   file_dialogs_.clear();
   editor_.clear();
   input_boxes_.clear();
@@ -64,14 +65,15 @@ void ScriptedDesktop::Clear() {
   beeps_ = 0;
 }
 
-MsgBoxResult ScriptedDesktop::MsgBox(std::string_view text, MsgBoxStyle style,
-                                     std::string_view title) {
-  const ShownBox box{std::string(text), style, std::string(title)};
-  boxes_.push_back(box);
-  Record("box " + std::to_string(static_cast<int>(style)) + " [" + box.title + "] " + box.text);
-  if (const auto answer = on_box) return answer(box);
-  if (style == MsgBoxStyle::kOk) return MsgBoxResult::kOk;
-  if (answers.empty()) Unexpected("question: " + box.text);
+MsgBoxResult ScriptedDesktop::MsgBox(const Box& box) {
+  const ShownBox shown{box.text(), box.style, box.title};
+  boxes_.push_back(shown);
+  box_data_.push_back(box);
+  Record("box " + std::to_string(static_cast<int>(box.style)) + " [" + box.title + "] " +
+         shown.text);
+  if (const auto answer = on_box) return answer(shown);
+  if (!box.look().asks()) return MsgBoxResult::kOk;
+  if (answers.empty()) Unexpected("question: " + shown.text);
   return TakeFront(answers);
 }
 

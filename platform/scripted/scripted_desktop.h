@@ -19,6 +19,7 @@
 
 namespace quarvel::platform {
 
+// What the user sees of a box.
 struct ShownBox {
   std::string text;
   MsgBoxStyle style;
@@ -63,6 +64,8 @@ class ScriptedDesktop : public Desktop {
   // "copy text", "editor path", "unexpected ...".
   const std::vector<std::string>& transcript() const { return transcript_; }
   const std::vector<ShownBox>& boxes() const { return boxes_; }
+  // The same boxes as what they are and are about.
+  const std::vector<Box>& box_data() const { return box_data_; }
   const std::vector<ShownInput>& input_boxes() const { return input_boxes_; }
   const std::string& clipboard() const { return clipboard_; }
   const std::vector<FileDialog>& file_dialogs() const { return file_dialogs_; }
@@ -74,7 +77,7 @@ class ScriptedDesktop : public Desktop {
   void Clear();
 
   // --- Desktop ---
-  MsgBoxResult MsgBox(std::string_view text, MsgBoxStyle style, std::string_view title) override;
+  MsgBoxResult MsgBox(const Box& box) override;
   std::string InputBox(std::string_view prompt, std::string_view title,
                        std::string_view default_text) override;
   std::string ShowFileDialog(const FileDialog& dialog) override;
@@ -94,6 +97,7 @@ class ScriptedDesktop : public Desktop {
 
   std::vector<std::string> transcript_;
   std::vector<ShownBox> boxes_;
+  std::vector<Box> box_data_;
   std::vector<FileDialog> file_dialogs_;
   std::vector<ShownInput> input_boxes_;
   std::string clipboard_;

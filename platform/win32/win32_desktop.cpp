@@ -41,19 +41,6 @@ class Win32Peer : public FormPeer {
   std::shared_ptr<FormWindow> window_;
 };
 
-MsgBoxResult WithoutAnswer(MsgBoxStyle style) {
-  switch (style) {
-    case MsgBoxStyle::kOk:
-      return MsgBoxResult::kOk;
-    case MsgBoxStyle::kYesNo:
-    case MsgBoxStyle::kYesNoExclamation:
-      return MsgBoxResult::kNo;
-    case MsgBoxStyle::kYesNoCancelExclamation:
-      break;
-  }
-  return MsgBoxResult::kCancel;
-}
-
 class Win32Desktop : public Desktop {
  public:
   explicit Win32Desktop(HINSTANCE module) : state_(std::make_shared<DrawerState>(module)) {}
@@ -61,7 +48,7 @@ class Win32Desktop : public Desktop {
   Win32Desktop(const Win32Desktop&) = delete;
   Win32Desktop& operator=(const Win32Desktop&) = delete;
 
-  MsgBoxResult MsgBox(std::string_view text, MsgBoxStyle style, std::string_view title) override;
+  MsgBoxResult MsgBox(const Box& box) override;
   std::string InputBox(std::string_view prompt, std::string_view title,
                        std::string_view default_text) override;
   std::string ShowFileDialog(const FileDialog& dialog) override;
@@ -92,8 +79,7 @@ void Win32Desktop::Flush() {
   for (const auto& window : Windows()) window->Flush();
 }
 
-MsgBoxResult Win32Desktop::MsgBox(std::string_view text, MsgBoxStyle style,
-                                  std::string_view title) {
+MsgBoxResult Win32Desktop::MsgBox(const Box& box) {
   Flush();
   const HWND owner = OwnerWindow();
   const UINT foreground = owner == nullptr ? MB_SETFOREGROUND : 0;
@@ -102,11 +88,11 @@ MsgBoxResult Win32Desktop::MsgBox(std::string_view text, MsgBoxStyle style,
   int answer = 0;
   {
     const ActivationContext::Use use(state_->common_controls);
-    answer = MessageBoxW(owner, ToWide(text).c_str(), ToWide(title).c_str(),
-                         static_cast<UINT>(style) | foreground);
+    answer = MessageBoxW(owner, ToWide(box.text()).c_str(), ToWide(box.title).c_str(),
+                         static_cast<UINT>(box.style) | foreground);
   }
   const bool cancelled = answer == IDCANCEL || answer == 0;
-  return cancelled ? WithoutAnswer(style) : static_cast<MsgBoxResult>(answer);
+  return cancelled ? box.look().when_closed : static_cast<MsgBoxResult>(answer);
 }
 
 std::string Win32Desktop::InputBox(std::string_view prompt, std::string_view title,

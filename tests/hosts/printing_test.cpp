@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include "hosts/answers.h"
 #include "model/model_data.h"
 
 namespace quarvel::hosts {
@@ -79,23 +78,6 @@ TEST(Json, SetsMembersApart) {
   AppendJsonMember(json, "b", std::string("{"));
   AppendJsonMember(json, "c", 0.5);
   EXPECT_EQ(json, "{\"a\":1,\"b\":\"{\",\"c\":0.5");
-}
-
-TEST(LineOfProblem, IsTakenFromItsEnd) {
-  const struct {
-    const char* description;
-    std::int64_t line;
-  } cases[] = {
-      {"MPS file read error: needs numeric value (line 12)", 12},
-      {"MPS file read error: insufficent tokens in line 7", 7},
-      {"MPS file read error: row name appears for a second time (1234567)", 1234567},
-      {"Quarvel.dll error: no rows", 0},
-      {"Quarvel.dll error: bounds reversed on variable X12", 0},
-      {"Warning: no elements for row (9)", 0},
-      {"12", 0},
-      {"", 0},
-  };
-  for (const auto& c : cases) EXPECT_EQ(LineOfProblem(c.description), c.line) << c.description;
 }
 
 }  // namespace

@@ -57,6 +57,16 @@ TEST(MpsReader, AsksReversedAndEmptyForTheSameItemInTurn) {
                    "Warning: no elements for row B\r\nContinue reading MPS file?",
                    Question("Quarvel.dll error: rows or columns with no elements, as noted in "
                             "warnings.")}));
+  using enum platform::BoxKind;
+  const std::pair<platform::BoxKind, std::string> expected[] = {
+      {kReadProblem, "Y"}, {kEmptyItem, "Y"}, {kReadProblem, "B"},
+      {kEmptyItem, "B"},   {kEmptyItem, ""},  {kOfferToSimplify, ""}};
+  ASSERT_EQ(session.desktop.box_data().size(), std::size(expected));
+  for (std::size_t i = 0; i < std::size(expected); ++i) {
+    const platform::Box& box = session.desktop.box_data()[i];
+    EXPECT_EQ(std::pair(box.kind, box.item), expected[i]) << i;
+    EXPECT_EQ(box.line, 0) << i;
+  }
 }
 
 TEST(MpsReader, TitlesTheWarningsOfEmptyItems) {

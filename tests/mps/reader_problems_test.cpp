@@ -18,6 +18,12 @@ struct LineCase {
   std::string problem;  // the one question besides those at the end
 };
 
+// Each of these statements ends with its line.
+std::string NumberAtTheEnd(std::string statement) {
+  if (statement.ends_with(')')) statement.pop_back();
+  return statement.substr(statement.find_last_not_of("0123456789") + 1);
+}
+
 class LineProblems : public ::testing::TestWithParam<LineCase> {};
 
 TEST_P(LineProblems, AreAskedWithTheirLine) {
@@ -28,6 +34,10 @@ TEST_P(LineProblems, AreAskedWithTheirLine) {
   EXPECT_EQ(problems[0], Question(GetParam().problem));
   EXPECT_EQ(session.desktop.boxes()[0].title, "Error.  Continue Reading MPS File?");
   EXPECT_EQ(session.desktop.boxes()[0].style, platform::MsgBoxStyle::kYesNo);
+  const platform::Box& box = session.desktop.box_data()[0];
+  EXPECT_EQ(box.kind, platform::BoxKind::kReadProblem);
+  EXPECT_EQ(box.statement, GetParam().problem);
+  EXPECT_EQ(std::to_string(box.line), NumberAtTheEnd(GetParam().problem));
 }
 
 INSTANTIATE_TEST_SUITE_P(

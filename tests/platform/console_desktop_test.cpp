@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/any_box.h"
 #include "tests/support/console_fixture.h"
 
 namespace quarvel::platform {
@@ -11,21 +12,23 @@ namespace {
 
 TEST_F(ConsoleDesktopTest, PrintsTheTextOfABox) {
   MsgBoxResult result = MsgBoxResult::kNo;
-  const std::string printed = Printed(
-      [&] { result = desktop_.MsgBox("One\r\nTwo\rThree", MsgBoxStyle::kOk, kDefaultTitle); });
+  const std::string printed = Printed([&] {
+    result = desktop_.MsgBox(AnyBox("One\r\nTwo\rThree", MsgBoxStyle::kOk, kDefaultTitle));
+  });
   EXPECT_EQ(result, MsgBoxResult::kOk);
   EXPECT_EQ(printed, "One\nTwo\nThree\n");
 }
 
 TEST_F(ConsoleDesktopTest, PrintsATitleThatIsNotItsOwn) {
-  EXPECT_EQ(Printed([&] { desktop_.MsgBox("Text", MsgBoxStyle::kOk, "Note"); }), "Note\nText\n");
+  EXPECT_EQ(Printed([&] { desktop_.MsgBox(AnyBox("Text", MsgBoxStyle::kOk, "Note")); }),
+            "Note\nText\n");
 }
 
 TEST_F(ConsoleDesktopTest, KeepsASilencedBoxSilent) {
   answers_.silent = true;
   MsgBoxResult result = MsgBoxResult::kYes;
   EXPECT_EQ(Printed([&] {
-              desktop_.MsgBox("Text", MsgBoxStyle::kOk, "Note");
+              desktop_.MsgBox(AnyBox("Text", MsgBoxStyle::kOk, "Note"));
               result = Question(MsgBoxStyle::kYesNo);
             }),
             "");

@@ -11,6 +11,7 @@
 #include "platform/automation_error.h"
 #include "platform/basic_controls.h"
 #include "platform/console/console_system.h"
+#include "tests/support/any_box.h"
 #include "tests/support/console_fixture.h"
 
 namespace quarvel::platform {
@@ -117,7 +118,8 @@ class frmWork : public Form {
     bar.set_range(0, 10);
     bar.set_value(5);
     cmdStop.on_click = [this] {
-      const auto answer = this->desktop().MsgBox("Are you sure?", MsgBoxStyle::kYesNo, "Confirm");
+      const auto answer =
+          this->desktop().MsgBox(AnyBox("Are you sure?", MsgBoxStyle::kYesNo, "Confirm"));
       stopped = answer == MsgBoxResult::kYes;
     };
   }
@@ -158,7 +160,7 @@ TEST_F(ConsoleFormsTest, DrawsProgressOnOneLineAndErasesIt) {
   const std::string line = "Working (50.%) [###############...............]";
   EXPECT_EQ(Printed([&] { desktop_.DoEvents(); }), line);
   EXPECT_EQ(Printed([&] { desktop_.DoEvents(); }), "") << "drawn again too soon";
-  EXPECT_EQ(Printed([&] { desktop_.MsgBox("Text", MsgBoxStyle::kOk, kDefaultTitle); }),
+  EXPECT_EQ(Printed([&] { desktop_.MsgBox(AnyBox("Text", MsgBoxStyle::kOk, kDefaultTitle)); }),
             std::string(line.size(), ' ') + "Text\n");
   EXPECT_EQ(Printed([&] { desktop_.DoEvents(); }), line);
   form.stopped = true;

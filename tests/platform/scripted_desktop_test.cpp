@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/basic_controls.h"
+#include "tests/support/any_box.h"
 
 namespace quarvel::platform {
 namespace {
@@ -27,7 +28,7 @@ TEST(ScriptedDesktop, WritesDownEverythingInOrder) {
   bar.set_range(0, 10);
   bar.set_value(2.5F);
   desktop.DoEvents();
-  desktop.MsgBox("Go on?", MsgBoxStyle::kYesNo, "Confirm");
+  desktop.MsgBox(AnyBox("Go on?", MsgBoxStyle::kYesNo, "Confirm"));
   const FileDialog dialog{FileDialog::Kind::kSave, "Save As...", "all (*.*)|*.*", ".mps", ""};
   EXPECT_EQ(desktop.ShowFileDialog(dialog), "/m/model.mps");
   desktop.InputBox("How many?", "Count", "1");
@@ -47,9 +48,10 @@ TEST(ScriptedDesktop, WritesDownEverythingInOrder) {
 TEST(ScriptedDesktop, AnswersQuestionsFromTheQueue) {
   ScriptedDesktop desktop;
   desktop.answers = {MsgBoxResult::kYes, MsgBoxResult::kCancel};
-  EXPECT_EQ(desktop.MsgBox("1", MsgBoxStyle::kYesNo, "t"), MsgBoxResult::kYes);
-  EXPECT_EQ(desktop.MsgBox("2", MsgBoxStyle::kOk, "t"), MsgBoxResult::kOk);
-  EXPECT_EQ(desktop.MsgBox("3", MsgBoxStyle::kYesNoCancelExclamation, "t"), MsgBoxResult::kCancel);
+  EXPECT_EQ(desktop.MsgBox(AnyBox("1", MsgBoxStyle::kYesNo, "t")), MsgBoxResult::kYes);
+  EXPECT_EQ(desktop.MsgBox(AnyBox("2", MsgBoxStyle::kOk, "t")), MsgBoxResult::kOk);
+  EXPECT_EQ(desktop.MsgBox(AnyBox("3", MsgBoxStyle::kYesNoCancelExclamation, "t")),
+            MsgBoxResult::kCancel);
 }
 
 TEST(ScriptedDesktop, GivesEveryBoxToItsAnswererWhenSet) {
@@ -57,13 +59,13 @@ TEST(ScriptedDesktop, GivesEveryBoxToItsAnswererWhenSet) {
   desktop.on_box = [](const ShownBox& box) {
     return box.text == "1" ? MsgBoxResult::kNo : MsgBoxResult::kYes;
   };
-  EXPECT_EQ(desktop.MsgBox("1", MsgBoxStyle::kYesNo, "t"), MsgBoxResult::kNo);
-  EXPECT_EQ(desktop.MsgBox("2", MsgBoxStyle::kYesNo, "t"), MsgBoxResult::kYes);
+  EXPECT_EQ(desktop.MsgBox(AnyBox("1", MsgBoxStyle::kYesNo, "t")), MsgBoxResult::kNo);
+  EXPECT_EQ(desktop.MsgBox(AnyBox("2", MsgBoxStyle::kYesNo, "t")), MsgBoxResult::kYes);
 }
 
 TEST(ScriptedDesktop, RefusesWhatTheTestDidNotExpect) {
   ScriptedDesktop desktop;
-  EXPECT_THROW(desktop.MsgBox("Sure?", MsgBoxStyle::kYesNo, "t"), std::logic_error);
+  EXPECT_THROW(desktop.MsgBox(AnyBox("Sure?", MsgBoxStyle::kYesNo, "t")), std::logic_error);
   EXPECT_THROW(desktop.InputBox("Name?", "t", ""), std::logic_error);
   EXPECT_THROW(desktop.ShowFileDialog(FileDialog()), std::logic_error);
   EXPECT_EQ(desktop.transcript().at(1), "unexpected question: Sure?");
@@ -112,7 +114,7 @@ TEST(ScriptedDesktop, ForgetsWhatHappenedWhenCleared) {
   ScriptedDesktop desktop;
   Form form(desktop, "frmTest");
   form.Show();
-  desktop.MsgBox("text", MsgBoxStyle::kOk, "t");
+  desktop.MsgBox(AnyBox("text", MsgBoxStyle::kOk, "t"));
   desktop.DoEvents();
   desktop.Beep();
   desktop.OpenInEditor("a");

@@ -15,6 +15,7 @@
 #include "platform/file_dialog.h"
 #include "platform/files.h"
 #include "tests/qt/qt_fixture.h"
+#include "tests/support/any_box.h"
 #include "tests/support/form_fixture.h"
 
 namespace quarvel::platform {
@@ -40,15 +41,15 @@ constexpr BoxCase kPressed[] = {
 TEST_F(QtBoxes, AnswerWhatIsPressed) {
   for (const BoxCase& c : kPressed) {
     AnswerBox(c.button);
-    EXPECT_EQ(desktop_->MsgBox("text", c.style), c.result) << c.button;
+    EXPECT_EQ(desktop_->MsgBox(AnyBox("text", c.style)), c.result) << c.button;
   }
 }
 
 TEST_F(QtBoxes, ShowTextsAsTheyAre) {
   AnswerBox(QMessageBox::Ok);
-  desktop_->MsgBox("<b>a & b</b>\r\nsecond  line", MsgBoxStyle::kOk, "Confirm");
+  desktop_->MsgBox(AnyBox("<b>a & b</b>\r\nsecond  line", MsgBoxStyle::kOk, "Confirm"));
   AnswerBox(QMessageBox::Ok);
-  desktop_->MsgBox("plain", MsgBoxStyle::kOk);
+  desktop_->MsgBox(AnyBox("plain", MsgBoxStyle::kOk));
   EXPECT_EQ(boxes(), (std::vector<SeenBox>{{"Confirm", "<b>a & b</b>\nsecond  line"},
                                            {"Quarvel", "plain"}}));
 }
@@ -62,9 +63,9 @@ TEST_F(QtBoxes, ClosedByOtherMeansGiveTheCautiousAnswer) {
   };
   for (const auto& [style, result] : cases) {
     In("msgbox", [](QWidget& box) { PressKey(box, Qt::Key_Escape); });
-    EXPECT_EQ(desktop_->MsgBox("text", style), result);
+    EXPECT_EQ(desktop_->MsgBox(AnyBox("text", style)), result);
     In("msgbox", [](QWidget& box) { box.close(); });
-    EXPECT_EQ(desktop_->MsgBox("text", style), result);
+    EXPECT_EQ(desktop_->MsgBox(AnyBox("text", style)), result);
   }
 }
 
@@ -74,7 +75,7 @@ TEST_F(QtBoxes, HaveTheExclamationWhereTheStyleHasIt) {
     icon = static_cast<QMessageBox&>(box).icon();
     box.close();
   });
-  desktop_->MsgBox("text", MsgBoxStyle::kYesNoCancelExclamation);
+  desktop_->MsgBox(AnyBox("text", MsgBoxStyle::kYesNoCancelExclamation));
   EXPECT_EQ(icon, QMessageBox::Warning);
 }
 
@@ -106,7 +107,7 @@ TEST_F(QtBoxes, StandInTheMiddleAlsoWhenTheirTextIsBrokenIntoLines) {
       };
     };
     In("msgbox", look(message));
-    desktop_->MsgBox(text, MsgBoxStyle::kYesNo);
+    desktop_->MsgBox(AnyBox(text, MsgBoxStyle::kYesNo));
     In("inputbox", look(input));
     desktop_->InputBox(text, "title", "");
     for (const QPoint& off : {message, input}) EXPECT_LE(off.manhattanLength(), 4) << owned;
@@ -118,7 +119,7 @@ TEST_F(QtBoxes, SurviveTheFormThatTheyBelongTo) {
   form->Show();
   In("msgbox", [&](QWidget&) { form.reset(); });
   AnswerBox(QMessageBox::Yes);
-  EXPECT_EQ(desktop_->MsgBox("text", MsgBoxStyle::kYesNo), MsgBoxResult::kYes);
+  EXPECT_EQ(desktop_->MsgBox(AnyBox("text", MsgBoxStyle::kYesNo)), MsgBoxResult::kYes);
 }
 
 TEST_F(QtBoxes, InputBoxGivesTheLineAndOffersTheDefaultSelected) {

@@ -8,6 +8,7 @@
 
 #include "platform/automation_error.h"
 #include "tests/qt/qt_fixture.h"
+#include "tests/support/any_box.h"
 #include "tests/support/form_fixture.h"
 
 namespace quarvel::platform {
@@ -184,7 +185,7 @@ TEST_F(QtForms, ThatAreNotModalWorkOverAModalOneAndNotUnderABox) {
   int stops = 0;
   progress.cmdClose.on_click = [&] {
     ++stops;
-    desktop_->MsgBox("Stop?", MsgBoxStyle::kYesNo);
+    desktop_->MsgBox(AnyBox("Stop?", MsgBoxStyle::kYesNo));
   };
   form_.on_activate = [&] { progress.Show(); };
   Click(progress, "cmdClose");

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/console/console_desktop.h"
+#include "tests/support/any_box.h"
 
 namespace quarvel::platform {
 
@@ -21,8 +22,7 @@ class FakeAnswers : public ConsoleAnswers {
   std::optional<std::string> file;
   std::function<bool(Form&)> drive = [](Form&) { return false; };
 
-  std::optional<MsgBoxResult> AnswerBox(std::string_view, MsgBoxStyle, std::string_view,
-                                        bool& print) override {
+  std::optional<MsgBoxResult> AnswerBox(const Box&, bool& print) override {
     if (silent) print = false;
     return box;
   }
@@ -57,7 +57,9 @@ class ConsoleDesktopTest : public ::testing::Test {
     typed_ = std::move(lines);
   }
 
-  MsgBoxResult Question(MsgBoxStyle style) { return desktop_.MsgBox("Go on?", style, "Confirm"); }
+  MsgBoxResult Question(MsgBoxStyle style) {
+    return desktop_.MsgBox(AnyBox("Go on?", style, "Confirm"));
+  }
 
   FakeAnswers answers_;
   ConsoleDesktop desktop_{answers_};

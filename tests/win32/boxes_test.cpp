@@ -7,6 +7,7 @@
 #include "platform/win32/clipboard.h"
 #include "platform/win32/file_dialogs.h"
 #include "platform/win32/fitted_text.h"
+#include "tests/support/any_box.h"
 #include "tests/win32/picture.h"
 #include "tests/win32/win32_fixture.h"
 
@@ -47,7 +48,7 @@ TEST_F(BoxesTest, GiveTheAnswerOfTheButtonOrTheOneForNone) {
         PressBoxButton(box, c.pressed);
       }
     });
-    EXPECT_EQ(desktop().MsgBox("Are you sure?", c.style, "Confirm"), c.result)
+    EXPECT_EQ(desktop().MsgBox(AnyBox("Are you sure?", c.style, "Confirm")), c.result)
         << static_cast<int>(c.style) << ' ' << c.pressed;
   }
 }
@@ -59,13 +60,14 @@ TEST_F(BoxesTest, ShowTextAndTitleAsTheyAre) {
     EXPECT_EQ(GetDlgItem(box, IDCANCEL), nullptr);
     PressBoxButton(box, IDNO);
   });
-  desktop().MsgBox("two  blanks\r\n& \xE2\x82\xAC", MsgBoxStyle::kYesNo, "Fin & Bj\xC3\xB8rn");
+  desktop().MsgBox(
+      AnyBox("two  blanks\r\n& \xE2\x82\xAC", MsgBoxStyle::kYesNo, "Fin & Bj\xC3\xB8rn"));
 }
 
 TEST_F(BoxesTest, CarryTheNameOfTheProductWithoutAnother) {
   On(L"Quarvel", [](HWND box) { PressBoxButton(box, IDOK); });
   Desktop& any = desktop();
-  EXPECT_EQ(any.MsgBox("Invalid Input", MsgBoxStyle::kOk), MsgBoxResult::kOk);
+  EXPECT_EQ(any.MsgBox(AnyBox("Invalid Input", MsgBoxStyle::kOk)), MsgBoxResult::kOk);
 }
 
 TEST_F(BoxesTest, InputBoxGivesWhatWasEntered) {

@@ -6,6 +6,7 @@
 
 #include "platform/win32/form_messages.h"
 #include "platform/win32/window_class.h"
+#include "tests/support/any_box.h"
 #include "tests/support/form_fixture.h"
 #include "tests/win32/win32_fixture.h"
 
@@ -188,7 +189,7 @@ TEST_F(FormLifeTest, QuitMessageSurvivesPendingEvents) {
 TEST_F(FormLifeTest, QuitMessageAnswersNoQuestion) {
   PostQuitMessage(3);
   On(L"Confirm", [](HWND box) { PressBoxButton(box, IDYES); });
-  EXPECT_EQ(desktop().MsgBox("Go on?", MsgBoxStyle::kYesNo, "Confirm"), MsgBoxResult::kYes);
+  EXPECT_EQ(desktop().MsgBox(AnyBox("Go on?", MsgBoxStyle::kYesNo, "Confirm")), MsgBoxResult::kYes);
   MSG message;
   ASSERT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
   EXPECT_EQ(message.wParam, 3u);

@@ -4,6 +4,7 @@
 
 #include "mps/frm_progress.h"
 #include "platform/win32/thread_windows.h"
+#include "tests/support/any_box.h"
 #include "tests/support/form_fixture.h"
 #include "tests/win32/win32_fixture.h"
 
@@ -105,7 +106,7 @@ TEST_F(ModalityTest, NothingButTheBoxCanBeClickedUnderAQuestion) {
     EXPECT_FALSE(IsWindowEnabled(FindTopWindow(L"Outer")));
     PressBoxButton(box, IDYES);
   });
-  desktop().MsgBox("Are you sure?", MsgBoxStyle::kYesNo, "Confirm");
+  desktop().MsgBox(AnyBox("Are you sure?", MsgBoxStyle::kYesNo, "Confirm"));
   EXPECT_TRUE(host_.enabled());
   EXPECT_TRUE(IsWindowEnabled(FindTopWindow(L"Outer")));
   EXPECT_FALSE(asleep_.enabled());
@@ -139,7 +140,8 @@ TEST_F(ModalityTest, ProgressWindowCannotBeClosedWhileItsWorkGoesOn) {
 
 TEST_F(ModalityTest, BoxOfAWindowThatGoesAwayStays) {
   outer_.cmdGo.on_click = [&] {
-    EXPECT_EQ(desktop().MsgBox("Still there?", MsgBoxStyle::kYesNo, "Confirm"), MsgBoxResult::kYes);
+    EXPECT_EQ(desktop().MsgBox(AnyBox("Still there?", MsgBoxStyle::kYesNo, "Confirm")),
+              MsgBoxResult::kYes);
   };
   On(L"Outer", [](HWND window) { PostMessageW(FindControl(window, L"cmdGo"), BM_CLICK, 0, 0); });
   On(L"Confirm", [&](HWND) { outer_.Unload(); });

@@ -1,0 +1,123 @@
+#include "hosts/answers.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "hosts/printing.h"
+#include "hosts/session.h"
+
+namespace quarvel::hosts {
+namespace {
+
+using platform::Box;
+using platform::BoxKind;
+using platform::MsgBoxResult;
+using platform::MsgBoxStyle;
+using Texts = std::vector<std::string>;
+
+class AnswersTest : public ::testing::Test {
+ protected:
+  AnswersTest() {
+    answers_.file = "m.mps";
+    answers_.on_note = [this](std::string_view text) { notes_.emplace_back(text); };
+  }
+
+  std::optional<MsgBoxResult> Answer(const Box& box) {
+    bool print = true;
+    const auto answer = answers_.AnswerBox(box, print);
+    EXPECT_FALSE(print) << "the program says itself what there is to say";
+    return answer;
+  }
+
+  static Box Problem(std::optional<RunTimeError> failure = std::nullopt) {
+    return {.kind = BoxKind::kReadProblem,
+            .statement = "It is bad.",
+            .question = "Go on?",
+            .style = MsgBoxStyle::kYesNo,
+            .line = 3,
+            .failure = failure};
+  }
+
+  Arguments arguments_;
+  Answers answers_{arguments_};
+  Texts notes_;
+};
+
+TEST_F(AnswersTest, TellsNotesAndKeepsRefusals) {
+  Answer(platform::Note("One."));
+  Answer(platform::Refusal("Two."));
+  Answer(platform::Failure(AutomationError(61, "", "Disk full")));
+  EXPECT_EQ(notes_, Texts{"One."});
+  EXPECT_EQ(answers_.refusals, (Texts{"Two.", "Disk full"}));
+}
+
+TEST_F(AnswersTest, GoesOnAtAProblemOnlyWhereToldSo) {
+  EXPECT_EQ(Answer(Problem()), MsgBoxResult::kNo);
+  arguments_.on_error = OnError::kContinue;
+  EXPECT_EQ(Answer(Problem()), MsgBoxResult::kYes);
+  EXPECT_EQ(notes_, (Texts{"m.mps: It is bad.", "m.mps: It is bad."}));
+}
+
+TEST_F(AnswersTest, LeavesAProblemToAUserWhoCanBeAsked) {
+  answers_.can_ask = true;
+  EXPECT_EQ(Answer(Problem()), std::nullopt);
+  EXPECT_EQ(notes_, Texts{});
+}
+
+TEST_F(AnswersTest, HandsProblemsOnAsTheyAre) {
+  std::vector<Box> problems;
+  answers_.on_problem = [&](const Box& problem) { problems.push_back(problem); };
+  EXPECT_EQ(Answer(Problem()), MsgBoxResult::kYes);
+  ASSERT_EQ(problems.size(), 1u);
+  EXPECT_EQ(problems[0].statement, "It is bad.");
+  EXPECT_EQ(problems[0].line, 3);
+}
+
+TEST_F(AnswersTest, EndsTheReadOfAFileThatFailsWhateverTheOptionsSay) {
+  arguments_.on_error = OnError::kContinue;
+  EXPECT_EQ(Answer(Problem(RunTimeError::kOverflow)), MsgBoxResult::kYes);
+  EXPECT_FALSE(answers_.file_failed);
+  EXPECT_EQ(Answer(Problem(RunTimeError::kDeviceIoError)), MsgBoxResult::kNo);
+  EXPECT_TRUE(answers_.file_failed);
+}
+
+TEST_F(AnswersTest, KnowsNoBoxByItsWords) {
+  arguments_.on_error = OnError::kContinue;
+  Box box = Problem();
+  box.statement = Describe(RunTimeError::kDeviceIoError);
+  EXPECT_EQ(Answer(box), MsgBoxResult::kYes);
+  EXPECT_EQ(Answer(platform::Refusal("No simplifications were made.")), MsgBoxResult::kOk);
+  EXPECT_EQ(answers_.refusals, Texts{"No simplifications were made."});
+}
+
+TEST_F(AnswersTest, FollowsItsOptionsAtConflictsAndOffers) {
+  const Box conflict = {.kind = BoxKind::kConflict,
+                        .statement = "They clash.",
+                        .question = "What now?",
+                        .style = MsgBoxStyle::kYesNoCancelExclamation};
+  EXPECT_EQ(Answer(conflict), MsgBoxResult::kCancel);
+  arguments_.on_conflict = OnConflict::kRemove;
+  EXPECT_EQ(Answer(conflict), MsgBoxResult::kYes);
+  EXPECT_EQ(notes_, (Texts{"They clash.  Stopped converting rows.", "They clash.  Removed."}));
+  EXPECT_EQ(Answer(Question(BoxKind::kOfferToSimplify, "Simplify?")), MsgBoxResult::kNo);
+  arguments_.simplify = true;
+  EXPECT_EQ(Answer(Question(BoxKind::kOfferToSimplify, "Simplify?")), MsgBoxResult::kYes);
+  EXPECT_EQ(Answer(Question(BoxKind::kOfferLog, "See it?")), MsgBoxResult::kYes);
+}
+
+TEST_F(AnswersTest, GivesTheCautiousAnswerToAQuestionItDoesNotKnowAndRemembersIt) {
+  answers_.can_ask = true;
+  EXPECT_EQ(answers_.unanswered, std::nullopt);
+  EXPECT_EQ(Answer(Question(BoxKind::kConfirmDeletion, "Delete it?")), MsgBoxResult::kNo);
+  EXPECT_EQ(Answer(Question(BoxKind::kOfferToSave, "Save?", MsgBoxStyle::kYesNoCancelExclamation)),
+            MsgBoxResult::kCancel);
+  EXPECT_EQ(Answer(Question(static_cast<BoxKind>(99), "Really?")), MsgBoxResult::kNo);
+  ASSERT_TRUE(answers_.unanswered);
+  EXPECT_EQ(answers_.unanswered->text(), "Delete it?");
+}
+
+}  // namespace
+}  // namespace quarvel::hosts
