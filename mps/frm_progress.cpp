@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "model/lp_model.h"
+#include "platform/box.h"
+#include "platform/desktop.h"
 
 namespace quarvel {
 
@@ -17,6 +19,7 @@ frmProgress::frmProgress(platform::Desktop& desktop)
       cmdStop(*this, "cmdStop", {150, 54, 100, 28}) {
   SetSize(400, 96, false);
   cmdStop.is_cancel = true;
+  cmdStop.is_stop = true;
   cmdStop.access_key = 'S';
   cmdStop.on_click = [this] { AskToStop(); };
 }

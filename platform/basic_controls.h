@@ -30,6 +30,8 @@ class Button : public Control {
   // Enter presses the default button, Escape the cancel button.
   bool is_default = false;
   bool is_cancel = false;
+  // Ends the work that the form shows; what it asks before is a BoxKind::kConfirmStop.
+  bool is_stop = false;
   std::function<void()> on_click;
 
   // For drawers and tests: the user presses the button. Nothing when it is disabled or hidden.

@@ -1,11 +1,9 @@
 // The desktop of the command line: boxes are lines on standard error, questions are asked on a
 // terminal or answered by the program's options, progress is one line that is redrawn on a terminal
-// and nothing in a pipe, and Ctrl-C presses the button that stops (`cmdStop`). A second Ctrl-C ends
-// the program.
+// and nothing in a pipe, and Ctrl-C presses the button that stops the work (Button::is_stop). A second
+// Ctrl-C ends the program.
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -13,7 +11,10 @@
 #include <utility>
 #include <vector>
 
+#include "platform/box.h"
 #include "platform/console/console_system.h"
+#include "platform/console/console_user.h"
+#include "platform/console/progress_line.h"
 #include "platform/desktop.h"
 #include "platform/file_dialog.h"
 #include "platform/form.h"
@@ -37,19 +38,18 @@ class ConsoleAnswers {
 class ConsoleDesktop : public Desktop {
  public:
   explicit ConsoleDesktop(ConsoleAnswers& answers);
-  ~ConsoleDesktop() override;
 
   // True when standard input and standard error are both a terminal, so that questions can be
   // asked.
-  bool interactive() const { return interactive_; }
-  void set_interactive(bool interactive) { interactive_ = interactive; }
+  bool interactive() const { return user_.present(); }
+  void set_interactive(bool interactive) { user_.set_present(interactive); }
   // Where the lines typed at a question come from; standard input unless it is replaced.
   void set_line_source(std::function<std::optional<std::string>()> source) {
-    read_line_ = std::move(source);
+    user_.set_line_source(std::move(source));
   }
   // True when standard error is a terminal, so that a line on it can be redrawn.
-  bool shows_progress() const { return shows_progress_; }
-  void set_shows_progress(bool shows) { shows_progress_ = shows; }
+  bool shows_progress() const { return progress_.enabled(); }
+  void set_shows_progress(bool shows) { progress_.set_enabled(shows); }
   // True when a Ctrl-C arrived during this desktop's life.
   bool interrupted() const { return interrupts_.Arrived(); }
 
@@ -70,27 +70,18 @@ class ConsoleDesktop : public Desktop {
 
  private:
   friend class ConsolePeer;
-  void DrawProgress();
-  void EraseProgress();
   void PressStop(Form& form);
   // Every form's last resort, after the answers: its buttons, chosen by the user where there is
   // one.
   void AskForm(Form& form);
-  void AskOptions(Form& form);
-  MsgBoxResult AskBox(const BoxLook& look);
-  // A line from the user without its end; nothing at the end of input or where nobody can be asked.
-  std::optional<std::string> Ask(std::string_view prompt);
 
   ConsoleAnswers& answers_;
-  std::function<std::optional<std::string>()> read_line_ = console::ReadInputLine;
   console::InterruptWatch interrupts_;
-  bool interactive_;
-  bool shows_progress_;
+  console::ProgressLine progress_;
+  console::ConsoleUser user_;
   // The Ctrl-C has found its button, and while that runs its question is answered Yes.
   bool interrupt_handled_ = false;
   bool confirming_stop_ = false;
-  std::size_t columns_on_screen_ = 0;  // of the progress line; 0 when it is not there
-  std::int64_t last_draw_ms_ = 0;
   std::vector<Form*> shown_;  // the topmost last
 };
 

@@ -117,14 +117,15 @@ class frmWork : public Form {
     set_caption("Working (50.%)");
     bar.set_range(0, 10);
     bar.set_value(5);
-    cmdStop.on_click = [this] {
+    cmdGo.is_stop = true;
+    cmdGo.on_click = [this] {
       const auto answer =
           this->desktop().MsgBox(AnyBox("Are you sure?", MsgBoxStyle::kYesNo, "Confirm"));
       stopped = answer == MsgBoxResult::kYes;
     };
   }
   ProgressBar bar{*this, "pbr", {}};
-  Button cmdStop{*this, "cmdStop", {}};
+  Button cmdGo{*this, "cmdGo", {}};
   bool stopped = false;
   std::function<void()> work = [] {};
 
@@ -143,7 +144,7 @@ TEST_F(ConsoleFormsTest, StopsAndClosesAFormLeftOpenByItsWork) {
 TEST_F(ConsoleFormsTest, AnswersOnlyTheQuestionOfItsOwnStop) {
   frmWork form(desktop_);
   form.Show();
-  Printed([&] { form.cmdStop.Click(); });
+  Printed([&] { form.cmdGo.Click(); });
   EXPECT_FALSE(form.stopped);
 }
 

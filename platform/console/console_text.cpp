@@ -1,0 +1,52 @@
+#include "platform/console/console_text.h"
+
+#include <algorithm>
+
+namespace quarvel::platform::console {
+namespace {
+
+char AsciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+}  // namespace
+
+std::string AsLines(std::string_view text) {
+  std::string lines;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool pair = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
+    if (!pair) lines += text[i] == '\r' ? '\n' : text[i];
+  }
+  if (!lines.ends_with('\n')) lines += '\n';
+  return lines;
+}
+
+std::string PlainCaption(std::string_view caption) {
+  std::string plain;
+  for (std::size_t i = 0; i < caption.size(); ++i) {
+    if (caption[i] == '&' && ++i == caption.size()) break;
+    plain += caption[i];
+  }
+  return plain;
+}
+
+std::string FirstCharacters(std::string_view utf8, std::size_t count) {
+  std::size_t end = 0;
+  for (std::size_t taken = 0; end < utf8.size(); ++end) {
+    const bool starts_character = (static_cast<unsigned char>(utf8[end]) & 0xC0U) != 0x80U;
+    if (starts_character && taken++ == count) break;
+  }
+  return std::string(utf8.substr(0, end));
+}
+
+std::string_view Trimmed(std::string_view text) {
+  constexpr std::string_view kBlanks = " \t\r\n";
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+bool SameWord(std::string_view a, std::string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return AsciiLower(x) == AsciiLower(y); });
+}
+
+}  // namespace quarvel::platform::console
