@@ -1,10 +1,8 @@
 #include "hosts/answers.h"
 
-#include <algorithm>
-
 #include "hosts/printing.h"
+#include "mps/frm_set_default_bounds.h"
 #include "platform/automation_error.h"
-#include "platform/basic_controls.h"
 
 namespace quarvel::hosts {
 namespace {
@@ -44,81 +42,53 @@ bool IsFileFailure(const Box& problem) {
 
 }  // namespace
 
-// Each kind is decided on here; the compiler names one that is not.
+std::string Answers::Told(const Box& box, const QuestionOption& option,
+                          const GivenAnswer& given) const {
+  std::string text = option.of_file ? file + ": " : "";
+  text += box.statement;
+  if (!given.outcome.empty()) text.append("  ").append(given.outcome);
+  return text;
+}
+
 std::optional<MsgBoxResult> Answers::AnswerBox(const Box& box, bool& print) {
   print = false;
-  switch (box.kind) {
-    using enum platform::BoxKind;
-    case kReadProblem:
-    case kEmptyItem:
-      return AnswerProblem(box);
-    case kConflict:
-      return AnswerConflict(box);
-    case kOfferToSimplify:
-      return arguments_.simplify ? MsgBoxResult::kYes : MsgBoxResult::kNo;
-    case kOfferLog:
-      return MsgBoxResult::kYes;
-    case kNote:
-    case kAbout:
+  const Decision decision = DecisionOn(box.kind);
+  switch (decision.manner) {
+    case Manner::kTold:
       on_note(box.statement);
       return MsgBoxResult::kOk;
-    case kRefusal:
-    case kFailure:
+    case Manner::kKept:
       refusals.emplace_back(OneLine(box.statement));
       return MsgBoxResult::kOk;
-    case kOfferToSave:  // these belong to windows
-    case kConfirmStop:
-    case kConfirmDeletion:
+    case Manner::kAnswered:
+      return AnswerQuestion(box, *decision.option);
+    case Manner::kUnknown:
       break;
   }
   if (!unanswered) unanswered = box;
   return box.look().when_closed;
 }
 
-std::optional<MsgBoxResult> Answers::AnswerProblem(const Box& problem) {
-  file_failed = file_failed || IsFileFailure(problem);
-  if (on_problem) {
-    on_problem(problem);
-    return file_failed ? MsgBoxResult::kNo : MsgBoxResult::kYes;
+std::optional<MsgBoxResult> Answers::AnswerQuestion(const Box& box, const QuestionOption& option) {
+  file_failed = file_failed || IsFileFailure(box);
+  const bool failed = option.of_file && file_failed;
+  if (option.of_file && on_problem) {
+    on_problem(box);
+    return failed ? MsgBoxResult::kNo : MsgBoxResult::kYes;
   }
-  const bool ask = arguments_.on_error == OnError::kAsk && can_ask && !file_failed;
-  if (ask) return std::nullopt;
-  on_note(file + ": " + problem.statement);
-  const bool go_on = arguments_.on_error == OnError::kContinue && !file_failed;
-  return go_on ? MsgBoxResult::kYes : MsgBoxResult::kNo;
-}
-
-std::optional<MsgBoxResult> Answers::AnswerConflict(const Box& conflict) {
-  struct Outcome {
-    OnConflict choice;
-    MsgBoxResult answer;
-    std::string_view words;
-  };
-  static constexpr Outcome kOutcomes[] = {
-      {OnConflict::kRemove, MsgBoxResult::kYes, "Removed."},
-      {OnConflict::kReset, MsgBoxResult::kNo, "The bounds were reset to it."},
-      {OnConflict::kStop, MsgBoxResult::kCancel, "Stopped converting rows."},
-  };
-  OnConflict choice = arguments_.on_conflict;
-  if (choice == OnConflict::kAsk) {
-    if (can_ask) return std::nullopt;
-    choice = OnConflict::kStop;
-  }
-  const auto* const outcome =
-      std::find_if(std::begin(kOutcomes), std::end(kOutcomes),
-                   [choice](const Outcome& known) { return known.choice == choice; });
-  on_note(conflict.statement + "  " + std::string(outcome->words));
-  return outcome->answer;
+  const GivenAnswer* given = &AnswerTo(box.kind, arguments_);
+  if (!given->answer && can_ask && !failed) return std::nullopt;
+  if (!given->answer) given = FindAnswer(option, option.unasked);
+  if (!box.statement.empty()) on_note(Told(box, option, *given));
+  return failed ? MsgBoxResult::kNo : given->answer;
 }
 
 std::optional<std::string> Answers::AnswerFile(const platform::FileDialog&) { return file; }
 
 bool Answers::DriveForm(platform::Form& form) {
-  if (!arguments_.infinite_default_bounds || form.name() != "frmSetDefaultBounds") return false;
-  const std::string_view option =
-      *arguments_.infinite_default_bounds ? "optLimitToLimit" : "optZeroToLimit";
-  static_cast<platform::OptionButton&>(*form.Find(option)).Click();
-  static_cast<platform::Button&>(*form.Find("cmdOK")).Click();
+  auto* const bounds = dynamic_cast<frmSetDefaultBounds*>(&form);
+  if (bounds == nullptr || !arguments_.infinite_default_bounds) return false;
+  bounds->Choose(*arguments_.infinite_default_bounds);
   return true;
 }
 

@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "hosts/arguments.h"
+#include "hosts/questions.h"
+#include "platform/box.h"
 #include "platform/console/console_desktop.h"
 
 namespace quarvel::hosts {
@@ -38,8 +40,11 @@ class Answers : public platform::ConsoleAnswers {
   bool DriveForm(platform::Form& form) override;
 
  private:
-  std::optional<platform::MsgBoxResult> AnswerProblem(const platform::Box& problem);
-  std::optional<platform::MsgBoxResult> AnswerConflict(const platform::Box& conflict);
+  std::optional<platform::MsgBoxResult> AnswerQuestion(const platform::Box& box,
+                                                       const QuestionOption& option);
+  // What the user is told about a question that is answered here.
+  std::string Told(const platform::Box& box, const QuestionOption& option,
+                   const GivenAnswer& given) const;
 
   const Arguments& arguments_;
 };

@@ -2,12 +2,21 @@
 
 #include <algorithm>
 #include <charconv>
+#include <vector>
 
 #include "hosts/printing.h"
+#include "hosts/questions.h"
 #include "hosts/streams.h"
 
 namespace quarvel::hosts {
 namespace {
+
+bool SetAnswer(Arguments& arguments, const QuestionOption& option, std::string_view word) {
+  const GivenAnswer* const answer =
+      option.values.empty() ? &option.answers[1] : FindAnswer(option, word);
+  if (answer != nullptr) arguments.answers[option.id] = answer;
+  return answer != nullptr;
+}
 
 struct Option {
   OptionSet id;  // 0 for what every command takes
@@ -17,6 +26,11 @@ struct Option {
   std::string_view help;
   // False when the value is not allowed.
   bool (*set)(Arguments& arguments, std::string_view value);
+  const QuestionOption* question = nullptr;  // whose answer it gives, in the place of `set`
+
+  bool Set(Arguments& arguments, std::string_view given) const {
+    return question != nullptr ? SetAnswer(arguments, *question, given) : set(arguments, given);
+  }
 };
 
 template <class Choice>
@@ -25,12 +39,6 @@ struct Word {
   Choice choice;
 };
 constexpr Word<bool> kBoundWords[] = {{"0", false}, {"inf", true}};
-constexpr Word<OnError> kErrorWords[] = {
-    {"ask", OnError::kAsk}, {"stop", OnError::kStop}, {"continue", OnError::kContinue}};
-constexpr Word<OnConflict> kConflictWords[] = {{"ask", OnConflict::kAsk},
-                                               {"remove", OnConflict::kRemove},
-                                               {"reset", OnConflict::kReset},
-                                               {"stop", OnConflict::kStop}};
 
 template <class Target, class Words>
 bool Choose(Target& target, const Words& words, std::string_view value) {
@@ -55,24 +63,15 @@ bool SetPath(std::string& target, std::string_view value) {
   return !value.empty();
 }
 
-constexpr Option kOptions[] = {
+constexpr Option kFirstOptions[] = {
     {kDefaultBounds, "--default-bounds", "", "0|inf",
      "lower bound of columns that the file gives none:\n0, or no bound",
      [](Arguments& a, std::string_view v) {
        return Choose(a.infinite_default_bounds, kBoundWords, v);
      }},
-    {kOnError, "--on-error", "", "ask|stop|continue",
-     "at a problem in the file: ask (the default on a terminal),\n"
-     "stop (the default elsewhere), or pass over it",
-     [](Arguments& a, std::string_view v) { return Choose(a.on_error, kErrorWords, v); }},
-    {kSimplify, "--simplify", "", "", "simplify the model once it is read",
-     [](Arguments& a, std::string_view) { return a.simplify = true; }},
-    {kOnConflict, "--on-conflict", "", "ask|remove|reset|stop",
-     "when a row of one element contradicts its column's\n"
-     "bounds: ask (the default on a terminal), remove the\n"
-     "row, reset the bounds to it, or stop converting rows\n"
-     "(the default elsewhere)",
-     [](Arguments& a, std::string_view v) { return Choose(a.on_conflict, kConflictWords, v); }},
+};
+
+constexpr Option kMoreOptions[] = {
     {kLog, "--log", "", "FILE", "copy the log of the simplification to FILE",
      [](Arguments& a, std::string_view v) { return SetPath(a.log, v); }},
     {kJson, "--json", "", "", "print JSON",
@@ -96,10 +95,24 @@ constexpr Option kOptions[] = {
      [](Arguments& a, std::string_view) { return a.version = true; }},
 };
 
+// All of them, in the order of a help text.
+const std::vector<Option>& AllOptions() {
+  static const std::vector<Option> options = [] {
+    std::vector<Option> all(std::begin(kFirstOptions), std::end(kFirstOptions));
+    for (const QuestionOption& question : QuestionOptions()) {
+      all.push_back(
+          {question.id, question.name, "", question.values, question.help, nullptr, &question});
+    }
+    all.insert(all.end(), std::begin(kMoreOptions), std::end(kMoreOptions));
+    return all;
+  }();
+  return options;
+}
+
 [[noreturn]] void RaiseUsage(std::string text) { throw CommandError(kUsage, std::move(text)); }
 
 const Option& FindOption(std::string_view name) {
-  for (const Option& option : kOptions) {
+  for (const Option& option : AllOptions()) {
     if (name == option.name || (!option.short_name.empty() && name == option.short_name)) {
       return option;
     }
@@ -132,7 +145,7 @@ std::size_t TakeOption(Arguments& arguments, std::span<const std::string> words)
     value = words[1];
     taken = 2;
   }
-  if (!option.set(arguments, value.value_or(""))) {
+  if (!option.Set(arguments, value.value_or(""))) {
     RaiseUsage(std::string(option.name) + " takes " + std::string(option.value) + ", not \"" +
                std::string(*value) + "\"");
   }
@@ -171,7 +184,7 @@ Arguments ParseArguments(std::span<const std::string> words) {
 std::string DescribeOptions(OptionSet options) {
   constexpr std::size_t kIndent = 40;
   std::string text;
-  for (const Option& option : kOptions) {
+  for (const Option& option : AllOptions()) {
     if ((option.id & options) != option.id) continue;
     std::string line = "  ";
     if (!option.short_name.empty()) line.append(option.short_name).append(", ");
@@ -189,10 +202,10 @@ std::string DescribeOptions(OptionSet options) {
 }
 
 std::string OptionName(OptionSet options) {
-  const auto* const found =
-      std::find_if(std::begin(kOptions), std::end(kOptions),
-                   [options](const Option& option) { return (option.id & options) != 0; });
-  return found == std::end(kOptions) ? "" : std::string(found->name);
+  for (const Option& option : AllOptions()) {
+    if ((option.id & options) != 0) return std::string(option.name);
+  }
+  return "";
 }
 
 }  // namespace quarvel::hosts

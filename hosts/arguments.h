@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -19,21 +20,20 @@ namespace quarvel::hosts {
 using OptionSet = std::uint32_t;
 
 inline constexpr OptionSet kDefaultBounds = 1U << 0;
-inline constexpr OptionSet kOnError = 1U << 1;
-inline constexpr OptionSet kSimplify = 1U << 2;
-inline constexpr OptionSet kOnConflict = 1U << 3;
-inline constexpr OptionSet kLog = 1U << 4;
-inline constexpr OptionSet kJson = 1U << 5;
-inline constexpr OptionSet kLimit = 1U << 6;
-inline constexpr OptionSet kEquations = 1U << 7;
-inline constexpr OptionSet kPoint = 1U << 8;
-inline constexpr OptionSet kCommand = 1U << 9;
-inline constexpr OptionSet kEdit = 1U << 10;
+inline constexpr OptionSet kLog = 1U << 1;
+inline constexpr OptionSet kJson = 1U << 2;
+inline constexpr OptionSet kLimit = 1U << 3;
+inline constexpr OptionSet kEquations = 1U << 4;
+inline constexpr OptionSet kPoint = 1U << 5;
+inline constexpr OptionSet kCommand = 1U << 6;
+inline constexpr OptionSet kEdit = 1U << 7;
+// The options that answer questions (questions.h), and those of them that a command may refuse.
+inline constexpr OptionSet kQuestions = 0xFFFFU << 16;
+inline constexpr OptionSet kOnError = 1U << 16;
+inline constexpr OptionSet kSimplify = 1U << 17;
+inline constexpr OptionSet kOnConflict = 1U << 18;
 
-// What happens at a question: the user decides, or it is decided here. kAsk where nobody can be
-// asked is kStop.
-enum class OnError { kAsk, kStop, kContinue };
-enum class OnConflict { kAsk, kRemove, kReset, kStop };
+struct GivenAnswer;
 
 struct Arguments {
   std::string command;
@@ -41,9 +41,7 @@ struct Arguments {
   OptionSet used = 0;
 
   std::optional<bool> infinite_default_bounds;
-  OnError on_error = OnError::kAsk;
-  bool simplify = false;
-  OnConflict on_conflict = OnConflict::kAsk;
+  std::map<OptionSet, const GivenAnswer*> answers;  // of the options that answer questions
   std::string log;
   bool json = false;
   std::int64_t limit = std::numeric_limits<std::int64_t>::max();

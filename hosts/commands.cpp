@@ -7,8 +7,7 @@
 namespace quarvel::hosts {
 namespace {
 
-constexpr OptionSet kConflicts = kOnConflict | kLog;
-constexpr OptionSet kReadings = kDefaultBounds | kOnError | kSimplify | kConflicts;
+constexpr OptionSet kReadings = kDefaultBounds | kQuestions | kLog;
 
 std::string EvaluateHelp() {
   return "Columns that are not given are 0. A value on the command line replaces one of the "

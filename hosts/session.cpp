@@ -1,7 +1,9 @@
 #include "hosts/session.h"
 
 #include "hosts/printing.h"
+#include "hosts/questions.h"
 #include "platform/automation_error.h"
+#include "platform/box.h"
 #include "platform/files.h"
 
 namespace quarvel::hosts {
@@ -56,7 +58,9 @@ void Session::Read(const std::string& path) {
   StopIfUnanswered();
   if (result == kComponentGood) return CopyLog();
   std::string text = path + " was not read";
-  if (arguments.on_error != OnError::kContinue && !answers_.can_ask && !answers_.file_failed) {
+  const bool passes_over =
+      AnswerTo(platform::BoxKind::kReadProblem, arguments).answer == platform::MsgBoxResult::kYes;
+  if (!passes_over && !answers_.can_ask && !answers_.file_failed) {
     text += "; \"--on-error continue\" passes over problems, \"quarvel check\" lists them";
   }
   throw CommandError(kProblem, text);

@@ -28,6 +28,11 @@ void frmSetDefaultBounds::OnLoad() {
   optZeroToLimit.set_value(true);
 }
 
+void frmSetDefaultBounds::Choose(bool infinite) {
+  (infinite ? optLimitToLimit : optZeroToLimit).Click();
+  cmdOK.Click();
+}
+
 void frmSetDefaultBounds::OnUnload() { Parent = nullptr; }
 
 void frmSetDefaultBounds::Accept() {

@@ -14,6 +14,9 @@ class frmSetDefaultBounds : public platform::Form {
  public:
   explicit frmSetDefaultBounds(platform::Desktop& desktop);
 
+  // As a user who selects one of the two and presses OK. For a form that is shown.
+  void Choose(bool infinite);
+
   // The model that the dialog works on. Dropped when it unloads.
   LPModel* Parent = nullptr;
 

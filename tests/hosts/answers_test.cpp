@@ -25,6 +25,8 @@ class AnswersTest : public ::testing::Test {
     answers_.on_note = [this](std::string_view text) { notes_.emplace_back(text); };
   }
 
+  void Give(const std::vector<std::string>& options) { arguments_ = ParseArguments(options); }
+
   std::optional<MsgBoxResult> Answer(const Box& box) {
     bool print = true;
     const auto answer = answers_.AnswerBox(box, print);
@@ -56,7 +58,7 @@ TEST_F(AnswersTest, TellsNotesAndKeepsRefusals) {
 
 TEST_F(AnswersTest, GoesOnAtAProblemOnlyWhereToldSo) {
   EXPECT_EQ(Answer(Problem()), MsgBoxResult::kNo);
-  arguments_.on_error = OnError::kContinue;
+  Give({"--on-error", "continue"});
   EXPECT_EQ(Answer(Problem()), MsgBoxResult::kYes);
   EXPECT_EQ(notes_, (Texts{"m.mps: It is bad.", "m.mps: It is bad."}));
 }
@@ -77,7 +79,7 @@ TEST_F(AnswersTest, HandsProblemsOnAsTheyAre) {
 }
 
 TEST_F(AnswersTest, EndsTheReadOfAFileThatFailsWhateverTheOptionsSay) {
-  arguments_.on_error = OnError::kContinue;
+  Give({"--on-error", "continue"});
   EXPECT_EQ(Answer(Problem(RunTimeError::kOverflow)), MsgBoxResult::kYes);
   EXPECT_FALSE(answers_.file_failed);
   EXPECT_EQ(Answer(Problem(RunTimeError::kDeviceIoError)), MsgBoxResult::kNo);
@@ -85,7 +87,7 @@ TEST_F(AnswersTest, EndsTheReadOfAFileThatFailsWhateverTheOptionsSay) {
 }
 
 TEST_F(AnswersTest, KnowsNoBoxByItsWords) {
-  arguments_.on_error = OnError::kContinue;
+  Give({"--on-error", "continue"});
   Box box = Problem();
   box.statement = Describe(RunTimeError::kDeviceIoError);
   EXPECT_EQ(Answer(box), MsgBoxResult::kYes);
@@ -99,11 +101,11 @@ TEST_F(AnswersTest, FollowsItsOptionsAtConflictsAndOffers) {
                         .question = "What now?",
                         .style = MsgBoxStyle::kYesNoCancelExclamation};
   EXPECT_EQ(Answer(conflict), MsgBoxResult::kCancel);
-  arguments_.on_conflict = OnConflict::kRemove;
+  Give({"--on-conflict", "remove"});
   EXPECT_EQ(Answer(conflict), MsgBoxResult::kYes);
   EXPECT_EQ(notes_, (Texts{"They clash.  Stopped converting rows.", "They clash.  Removed."}));
   EXPECT_EQ(Answer(Question(BoxKind::kOfferToSimplify, "Simplify?")), MsgBoxResult::kNo);
-  arguments_.simplify = true;
+  Give({"--simplify"});
   EXPECT_EQ(Answer(Question(BoxKind::kOfferToSimplify, "Simplify?")), MsgBoxResult::kYes);
   EXPECT_EQ(Answer(Question(BoxKind::kOfferLog, "See it?")), MsgBoxResult::kYes);
 }

@@ -28,19 +28,19 @@ TEST(Arguments, TakeValuesBehindAnEqualsSign) {
 TEST(Arguments, KeepTheirDefaults) {
   const Arguments arguments = Parse({"info", "a"});
   EXPECT_EQ(arguments.infinite_default_bounds, std::nullopt);
-  EXPECT_EQ(arguments.on_error, OnError::kAsk);
-  EXPECT_EQ(arguments.on_conflict, OnConflict::kAsk);
-  EXPECT_FALSE(arguments.simplify);
+  EXPECT_TRUE(arguments.answers.empty());
   EXPECT_EQ(arguments.used, 0u);
 }
 
 TEST(Arguments, TakeEveryWordOfAChoice) {
-  EXPECT_EQ(Parse({"--on-error", "ask"}).on_error, OnError::kAsk);
-  EXPECT_EQ(Parse({"--on-error", "stop"}).on_error, OnError::kStop);
-  EXPECT_EQ(Parse({"--on-error", "continue"}).on_error, OnError::kContinue);
-  EXPECT_EQ(Parse({"--on-conflict", "remove"}).on_conflict, OnConflict::kRemove);
-  EXPECT_EQ(Parse({"--on-conflict", "reset"}).on_conflict, OnConflict::kReset);
-  EXPECT_EQ(Parse({"--on-conflict", "stop"}).on_conflict, OnConflict::kStop);
+  for (const QuestionOption& option : QuestionOptions()) {
+    for (const GivenAnswer& answer : option.answers) {
+      if (option.values.empty()) continue;
+      const Arguments arguments = Parse({std::string(option.name), std::string(answer.word)});
+      EXPECT_EQ(arguments.answers.at(option.id), &answer) << option.name << ' ' << answer.word;
+      EXPECT_EQ(arguments.used, option.id);
+    }
+  }
   EXPECT_EQ(Parse({"--default-bounds", "0"}).infinite_default_bounds, false);
 }
 
