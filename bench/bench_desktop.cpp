@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "platform/box.h"
+
 namespace quarvel::bench {
 namespace {
 

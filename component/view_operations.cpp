@@ -4,6 +4,8 @@
 
 #include "model/error_reports.h"
 #include "model/lp_model.h"
+#include "platform/box.h"
+#include "platform/desktop.h"
 #include "text/numbers.h"
 #include "viewer/frm_view_equations.h"
 

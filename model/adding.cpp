@@ -5,6 +5,8 @@
 #include "model/line_names.h"
 #include "model/long_name.h"
 #include "model/lp_model.h"
+#include "platform/box.h"
+#include "platform/desktop.h"
 
 namespace quarvel {
 namespace {

@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "model/about.h"
+#include "platform/box.h"
+#include "platform/desktop.h"
 
 namespace quarvel {
 

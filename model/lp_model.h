@@ -31,7 +31,6 @@
 #include "model/model_data.h"
 #include "model/model_interface.h"
 #include "model/variant.h"
-#include "platform/desktop.h"
 #include "platform/files.h"
 #include "platform/form.h"
 

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "model/lp_model.h"
+#include "platform/desktop.h"
 #include "platform/files.h"
 
 namespace quarvel {

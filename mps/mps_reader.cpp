@@ -5,6 +5,7 @@
 #include <string>
 
 #include "mps/frm_progress.h"
+#include "platform/desktop.h"
 #include "text/numbers.h"
 #include "text/picture.h"
 #include "text/upper_case.h"

@@ -13,6 +13,8 @@
 #include "mps/frm_mps_file_open.h"
 #include "mps/mps_writer.h"
 #include "platform/automation_error.h"
+#include "platform/box.h"
+#include "platform/desktop.h"
 #include "platform/file_dialog.h"
 #include "platform/files.h"
 

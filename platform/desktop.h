@@ -9,14 +9,14 @@
 #include <string>
 #include <string_view>
 
-#include "platform/box.h"
-
 namespace quarvel::platform {
 
 class Form;
 class FormPeer;
+struct Box;
 struct FileDialog;
 struct Showing;
+enum class MsgBoxResult : int;
 
 enum class MousePointer { kDefault, kWait };
 

@@ -5,6 +5,8 @@
 
 #include "platform/automation_error.h"
 #include "platform/basic_controls.h"
+#include "platform/box.h"
+#include "platform/desktop.h"
 
 namespace quarvel::platform {
 namespace {

@@ -17,11 +17,11 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/desktop.h"
-
 namespace quarvel::platform {
 
 class Control;
+class Desktop;
+class Form;
 
 // What changed in a control, for its drawer.
 // kContents: the items, rows or texts inside; kSelection: which of them is current; kFocus: it

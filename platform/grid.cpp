@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/desktop.h"
 #include "text/upper_case.h"
 
 namespace quarvel::platform {

@@ -4,6 +4,8 @@
 #include <array>
 #include <cmath>
 
+#include "platform/box.h"
+#include "platform/desktop.h"
 #include "simplify/simplifier.h"
 
 namespace quarvel {

@@ -6,6 +6,8 @@
 #include <utility>
 
 #include "model/model_view.h"
+#include "platform/box.h"
+#include "platform/desktop.h"
 #include "platform/files.h"
 #include "simplify/simplification_log.h"
 #include "text/picture.h"

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "model/model_data.h"
+#include "platform/desktop.h"
 #include "text/numbers.h"
 
 namespace quarvel::viewer {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/basic_controls.h"
+#include "platform/box.h"
 #include "platform/input_controls.h"
 
 namespace quarvel::viewer {

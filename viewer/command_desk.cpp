@@ -1,6 +1,8 @@
 #include "viewer/command_desk.h"
 
 #include "model/long_name.h"
+#include "platform/box.h"
+#include "platform/desktop.h"
 
 namespace quarvel::viewer {
 

@@ -1,5 +1,6 @@
 #include "viewer/element_commands.h"
 
+#include "platform/desktop.h"
 #include "text/numbers.h"
 #include "viewer/command_desk.h"
 #include "viewer/element_value.h"

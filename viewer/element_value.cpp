@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "platform/box.h"
 #include "text/picture.h"
 
 namespace quarvel::viewer {

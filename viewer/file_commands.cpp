@@ -1,6 +1,8 @@
 #include "viewer/file_commands.h"
 
 #include "mps/mps_reader.h"
+#include "platform/box.h"
+#include "platform/desktop.h"
 #include "platform/files.h"
 #include "viewer/command_desk.h"
 

@@ -4,6 +4,8 @@
 
 #include "model/model_interface.h"
 #include "platform/automation_error.h"
+#include "platform/box.h"
+#include "platform/desktop.h"
 #include "text/numbers.h"
 #include "viewer/element_value.h"
 

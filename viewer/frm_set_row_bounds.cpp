@@ -1,6 +1,8 @@
 #include "viewer/frm_set_row_bounds.h"
 
 #include "model/model_data.h"
+#include "platform/box.h"
+#include "platform/desktop.h"
 
 namespace quarvel::viewer {
 namespace {

@@ -1,5 +1,7 @@
 #include "viewer/record_commands.h"
 
+#include "platform/box.h"
+#include "platform/desktop.h"
 #include "viewer/command_desk.h"
 
 namespace quarvel::viewer {

@@ -5,6 +5,8 @@
 
 #include "model/model_interface.h"
 #include "platform/automation_error.h"
+#include "platform/box.h"
+#include "platform/desktop.h"
 
 namespace quarvel::viewer {
 namespace {

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "platform/desktop.h"
+
 namespace quarvel::viewer {
 
 using platform::TextBox;

@@ -2,6 +2,7 @@
 #include <QPushButton>
 #include <QShowEvent>
 
+#include "platform/box.h"
 #include "platform/qt/boxes.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/qt_text.h"

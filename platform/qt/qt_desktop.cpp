@@ -7,6 +7,7 @@
 #include <QStandardPaths>
 #include <string>
 
+#include "platform/box.h"
 #include "platform/form.h"
 #include "platform/qt/boxes.h"
 #include "platform/qt/display_probe.h"

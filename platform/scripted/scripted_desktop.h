@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/box.h"
 #include "platform/desktop.h"
 #include "platform/file_dialog.h"
 #include "platform/form.h"

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/automation_error.h"
+#include "platform/box.h"
 #include "platform/form.h"
 #include "platform/win32/clipboard.h"
 #include "platform/win32/file_dialogs.h"
