@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/automation_error.h"
+#include "platform/box.h"
 #include "platform/focus_order.h"
 #include "platform/win32/automation_name.h"
 #include "platform/win32/button_windows.h"
