@@ -39,9 +39,9 @@ double ParseBound(const std::string& word) {
   return ParseValue(word);
 }
 
-template <const RecordKind& kind>
+template <const RecordKind& kKind>
 std::int32_t NumberOf(Session& session, const std::string& word) {
-  return FindRecord(session.model(), kind, word);
+  return FindRecord(session.model(), kKind, word);
 }
 
 // The number of the element within its row. Walks the row.
@@ -100,19 +100,19 @@ void SetElement(Session& session, const Words& words) {
   session.model().SetRowElementValue(row, element, ParseValue(words[2]));
 }
 
-template <const RecordKind& kind>
+template <const RecordKind& kKind>
 void Delete(Session& session, const Words& words) {
-  (session.model().*kind.remove)(NumberOf<kind>(session, words[0]));
+  (session.model().*kKind.remove)(NumberOf<kKind>(session, words[0]));
 }
 
-template <const RecordKind& kind>
+template <const RecordKind& kKind>
 void Rename(Session& session, const Words& words) {
-  (session.model().*kind.set_name)(NumberOf<kind>(session, words[0]), NewName(words[1]));
+  (session.model().*kKind.set_name)(NumberOf<kKind>(session, words[0]), NewName(words[1]));
 }
 
-template <const RecordKind& kind>
+template <const RecordKind& kKind>
 void SetType(Session& session, const Words& words) {
-  (session.model().*kind.set_type)(NumberOf<kind>(session, words[0]), text::UpperCase(words[1]));
+  (session.model().*kKind.set_type)(NumberOf<kKind>(session, words[0]), text::UpperCase(words[1]));
 }
 
 void DeleteElement(Session& session, const Words& words) {

@@ -9,16 +9,16 @@ namespace {
 
 bool KeepsAll(const ModelQueries&, std::int32_t) { return true; }
 
-template <char type>
+template <char kType>
 bool IsRow(const ModelQueries& model, std::int32_t i) {
   const std::string text = model.RowType(i);
-  return text.size() == 1 && text[0] == type;
+  return text.size() == 1 && text[0] == kType;
 }
 
-template <char type>
+template <char kType>
 bool IsColumn(const ModelQueries& model, std::int32_t j) {
   const std::string text = model.ColType(j);
-  return text.size() == 1 && text[0] == type;
+  return text.size() == 1 && text[0] == kType;
 }
 
 constexpr FilterEntry kRowEntries[] = {
