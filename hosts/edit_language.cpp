@@ -6,6 +6,7 @@
 #include "hosts/find_record.h"
 #include "hosts/printing.h"
 #include "hosts/streams.h"
+#include "model/bound_code.h"
 #include "text/numbers.h"
 #include "text/upper_case.h"
 
@@ -17,7 +18,7 @@ using Words = std::vector<std::string>;
 // One command; `words` holds its operands only.
 struct EditCommand {
   std::string_view name;
-  std::string_view operands;
+  std::string operands;
   std::size_t fewest;
   std::size_t most;
   void (*run)(Session& session, const Words& words);
@@ -56,29 +57,17 @@ std::int32_t ElementOf(const LPModel& model, std::int32_t row, std::int32_t colu
 // names that differ in case only would be one there.
 std::string NewName(const std::string& word) { return text::UpperCase(word); }
 
-// A new row gets the limits that a row of its type has in a file without a right-hand side.
-struct RowLimits {
-  std::string_view type;
-  double lower;
-  double upper;
-};
-constexpr RowLimits kRowLimits[] = {{"N", -BoundLimit, BoundLimit},
-                                    {"G", 0, BoundLimit},
-                                    {"L", -BoundLimit, 0},
-                                    {"E", 0, 0},
-                                    {"R", 0, 0}};
-
+// A new row gets the bounds that a row of its type has in a file without a right-hand side.
 void AddRow(Session& session, const Words& words) {
   LPModel& model = session.model();
   if (model.AddRow(NewName(words[0])) == 0) return;
   const std::int32_t row = model.NumberOfRows() - 1;
-  const std::string type = text::UpperCase(words[1]);
-  model.SetRowType(row, type);
-  for (const RowLimits& limits : kRowLimits) {
-    if (limits.type != type) continue;
-    model.SetRowLowerBound(row, limits.lower);
-    model.SetRowUpperBound(row, limits.upper);
-  }
+  const std::string letter = text::UpperCase(words[1]);
+  model.SetRowType(row, letter);
+  const RowType type = RowTypeOf(letter);
+  if (type == RowType::kNone) return;
+  model.SetRowLowerBound(row, TraitsOf(type).FreshLower());
+  model.SetRowUpperBound(row, TraitsOf(type).FreshUpper());
 }
 
 void AddColumn(Session& session, const Words& words) {
@@ -128,42 +117,19 @@ void SetRowBounds(Session& session, const Words& words) {
   session.model().SetRowUpperBound(row, ParseBound(words[2]));
 }
 
-struct BoundCode {
-  std::string_view code;
-  bool has_value;
-  void (*set)(LPModel& model, std::int32_t column, double value);
-};
-constexpr BoundCode kBoundCodes[] = {
-    {"LO", true, [](LPModel& model, std::int32_t j, double v) { model.SetColLowerBound(j, v); }},
-    {"UP", true, [](LPModel& model, std::int32_t j, double v) { model.SetColUpperBound(j, v); }},
-    {"FX", true,
-     [](LPModel& model, std::int32_t j, double v) {
-       model.SetColLowerBound(j, v);
-       model.SetColUpperBound(j, v);
-     }},
-    {"FR", false,
-     [](LPModel& model, std::int32_t j, double) {
-       model.SetColLowerBound(j, -BoundLimit);
-       model.SetColUpperBound(j, BoundLimit);
-     }},
-    {"MI", false,
-     [](LPModel& model, std::int32_t j, double) { model.SetColLowerBound(j, -BoundLimit); }},
-    {"PL", false,
-     [](LPModel& model, std::int32_t j, double) { model.SetColUpperBound(j, BoundLimit); }},
-};
-
 void SetBound(Session& session, const Words& words) {
+  LPModel& model = session.model();
   const std::int32_t column = NumberOf<kColumnKind>(session, words[0]);
-  const std::string code = text::UpperCase(words[1]);
-  for (const BoundCode& known : kBoundCodes) {
-    if (known.code != code) continue;
-    const bool has_value = words.size() == 3;
-    if (has_value != known.has_value) {
-      RaiseBad(code + (known.has_value ? " needs a value" : " takes no value"));
-    }
-    return known.set(session.model(), column, has_value ? ParseBound(words[2]) : 0);
+  const std::string letters = text::UpperCase(words[1]);
+  const BoundCodeTraits* const code = FindBoundCode(letters);
+  if (code == nullptr) RaiseBad("there is no bound " + words[1]);
+  if ((words.size() == 3) != code->needs_value) {
+    RaiseBad(letters + (code->needs_value ? " needs a value" : " takes no value"));
   }
-  RaiseBad("there is no bound " + words[1]);
+  const double value = code->needs_value ? ParseBound(words[2]) : 0;
+  const BoundsChange change = code->change;
+  if (change.lower != BoundChange::kKept) model.SetColLowerBound(column, change.NewLower(value));
+  if (change.upper != BoundChange::kKept) model.SetColUpperBound(column, change.NewUpper(value));
 }
 
 void SetName(Session& session, const Words& words) { session.model().SetModelName(words[0]); }
@@ -180,30 +146,34 @@ void SetDescription(Session& session, const Words& words) {
 
 void Simplify(Session& session, const Words&) { session.Simplify(); }
 
-constexpr EditCommand kEditCommands[] = {
-    {"add-row", "NAME N|G|L|E|R", 2, 2, AddRow},
-    {"add-column", "NAME [R|I]", 1, 2, AddColumn},
-    {"add-element", "ROW COLUMN VALUE", 3, 3, AddElement},
-    {"set-element", "ROW COLUMN VALUE", 3, 3, SetElement},
-    {"delete-row", "ROW", 1, 1, Delete<kRowKind>},
-    {"delete-column", "COLUMN", 1, 1, Delete<kColumnKind>},
-    {"delete-element", "ROW COLUMN", 2, 2, DeleteElement},
-    {"rename-row", "ROW NAME", 2, 2, Rename<kRowKind>},
-    {"rename-column", "COLUMN NAME", 2, 2, Rename<kColumnKind>},
-    {"set-row-type", "ROW N|G|L|E|R", 2, 2, SetType<kRowKind>},
-    {"set-row-bounds", "ROW LOWER UPPER", 3, 3, SetRowBounds},
-    {"set-bound", "COLUMN LO|UP|FX|FR|MI|PL [VALUE]", 2, 3, SetBound},
-    {"set-column-type", "COLUMN R|I", 2, 2, SetType<kColumnKind>},
-    {"set-name", "TEXT", 1, 1, SetName},
-    {"set-description", "TEXT", 1, 1, SetDescription},
-    {"simplify", "", 0, 0, Simplify},
-};
+const std::vector<EditCommand>& EditCommands() {
+  static const std::vector<EditCommand> commands = {
+      {"add-row", "NAME " + RowTypeLetters(), 2, 2, AddRow},
+      {"add-column", "NAME [" + ColumnTypeLetters() + "]", 1, 2, AddColumn},
+      {"add-element", "ROW COLUMN VALUE", 3, 3, AddElement},
+      {"set-element", "ROW COLUMN VALUE", 3, 3, SetElement},
+      {"delete-row", "ROW", 1, 1, Delete<kRowKind>},
+      {"delete-column", "COLUMN", 1, 1, Delete<kColumnKind>},
+      {"delete-element", "ROW COLUMN", 2, 2, DeleteElement},
+      {"rename-row", "ROW NAME", 2, 2, Rename<kRowKind>},
+      {"rename-column", "COLUMN NAME", 2, 2, Rename<kColumnKind>},
+      {"set-row-type", "ROW " + RowTypeLetters(), 2, 2, SetType<kRowKind>},
+      {"set-row-bounds", "ROW LOWER UPPER", 3, 3, SetRowBounds},
+      {"set-bound", "COLUMN " + BoundCodeLetters() + " [VALUE]", 2, 3, SetBound},
+      {"set-column-type", "COLUMN " + ColumnTypeLetters(), 2, 2, SetType<kColumnKind>},
+      {"set-name", "TEXT", 1, 1, SetName},
+      {"set-description", "TEXT", 1, 1, SetDescription},
+      {"simplify", "", 0, 0, Simplify},
+  };
+  return commands;
+}
 
 const EditCommand& FindEditCommand(std::string_view name) {
-  const auto* const found =
-      std::find_if(std::begin(kEditCommands), std::end(kEditCommands),
+  const auto& commands = EditCommands();
+  const auto found =
+      std::find_if(commands.begin(), commands.end(),
                    [name](const EditCommand& command) { return command.name == name; });
-  if (found == std::end(kEditCommands)) RaiseBad("there is no command " + std::string(name));
+  if (found == commands.end()) RaiseBad("there is no command " + std::string(name));
   return *found;
 }
 
@@ -253,7 +223,7 @@ void RunEditLine(Session& session, std::string_view line) {
   words.erase(words.begin());
   if (words.size() < command.fewest || words.size() > command.most) {
     RaiseBad(std::string(command.name) + " takes " +
-             (command.operands.empty() ? "nothing" : std::string(command.operands)));
+             (command.operands.empty() ? "nothing" : command.operands));
   }
   command.run(session, words);
   std::vector<std::string>& refusals = session.answers().refusals;
@@ -264,7 +234,7 @@ std::string EditHelp() {
   std::string help =
       "All commands are carried out, or nothing is written at the first bad one. They come from -c "
       "options\nor, without any, from standard input, one a line:\n";
-  for (const EditCommand& command : kEditCommands) {
+  for (const EditCommand& command : EditCommands()) {
     constexpr std::size_t kNameWidth = 17;
     std::string shown = "  ";
     AppendLeft(shown, command.name, kNameWidth);

@@ -91,7 +91,7 @@ std::int16_t LPModel::AddColumn(std::string_view ColName) {
   ColumnRecord& column =
       AppendRecord(data.Columns, data.NumberOfColumns, ColName, key, data.column_names);
   column.UpperBound = BoundLimit;
-  column.Type = 'R';
+  column.Type = ColumnType::kContinuous;
   WarnOnceOfLongName(*this, ColName);
   return -1;
 }

@@ -42,12 +42,12 @@ void LPModel::MakeNewModel() {
   // added row starts with.
   ColumnRecord column;
   column.Name = "COL1";
-  column.Type = 'R';
+  column.Type = ColumnType::kContinuous;
   column.UpperBound = BoundLimit;
   data_.Columns.Append(std::move(column));
   RowRecord row;
   row.Name = "ROW1";
-  row.Type = 'L';
+  row.Type = quarvel::RowType::kLess;
   row.UpperBound = BoundLimit;
   data_.Rows.Append(std::move(row));
   data_.strMPSFile.clear();

@@ -3,9 +3,6 @@
 #include "model/row_lists.h"
 
 namespace quarvel {
-std::string TypeText(TypeLetter letter) {
-  return letter == kNoType ? std::string() : std::string(1, letter);
-}
 
 // Walking the columns in order meets the coefficients in the order in which a read appended them,
 // as long as no column was taken up again; the reader keeps row lists up to date itself from there
@@ -50,12 +47,12 @@ void RebuildRowIndexes(ModelData& data) {
   data.BindingRows.Release();
   data.NonBindingRows.Release();
   for (std::int32_t i = 1; i <= data.NumberOfRows; ++i) {
-    if (data.Rows[i].Type == 'N') {
-      ++data.NumberOfNonBindingRows;
-      data.NonBindingRows.Append(i);
-    } else {
+    if (TraitsOf(data.Rows[i].Type).binds) {
       ++data.NumberOfBindingRows;
       data.BindingRows.Append(i);
+    } else {
+      ++data.NumberOfNonBindingRows;
+      data.NonBindingRows.Append(i);
     }
   }
 }

@@ -9,27 +9,19 @@
 #include <string_view>
 #include <vector>
 
+#include "model/bounds.h"
 #include "model/element_store.h"
 #include "model/line_names.h"
 #include "model/list_agreement.h"
 #include "model/name_index.h"
 #include "model/one_based.h"
 #include "model/pending_removals.h"
+#include "model/record_types.h"
 
 namespace quarvel {
 
-// A bound at or beyond this magnitude is absent; stored as exactly -1E+10 or +1E+10, compared
-// exactly.
-inline constexpr double BoundLimit = 1e10;
-
 using ElementList = OneBased<ElementEntry, ElementStore>;
 using RowNumbers = OneBased<std::int32_t, std::vector<std::int32_t>>;
-
-// The type letter of a row ("N" free, "G", "L", "E", "R" ranged) or column ("R" continuous, "I"
-// integer); kNoType reads as the empty text.
-using TypeLetter = char;
-inline constexpr TypeLetter kNoType = '\0';
-std::string TypeText(TypeLetter letter);
 
 // A row: activity limits. A column: bounds of the variable. A fresh record has no name and type,
 // bounds 0 and 0, and no list.
@@ -38,12 +30,15 @@ struct LineRecord {
   double LowerBound = 0;
   double UpperBound = 0;
   ElementList Elements;
-  TypeLetter Type = kNoType;
 
   std::int32_t ElementCount() const { return Elements.size(); }
 };
-struct RowRecord : LineRecord {};
-struct ColumnRecord : LineRecord {};
+struct RowRecord : LineRecord {
+  RowType Type = RowType::kNone;
+};
+struct ColumnRecord : LineRecord {
+  ColumnType Type = ColumnType::kNone;
+};
 
 struct ModelData {
   std::string strMPSFile;                  // path of the file being read
@@ -55,8 +50,8 @@ struct ModelData {
   std::int32_t NumberOfRows = 0;
   std::int32_t NumberOfColumns = 0;
   std::int32_t NumberOfElements = 0;
-  std::int32_t NumberOfBindingRows = 0;     // rows whose type is not "N"
-  std::int32_t NumberOfNonBindingRows = 0;  // rows whose type is "N"
+  std::int32_t NumberOfBindingRows = 0;     // rows of a type that binds
+  std::int32_t NumberOfNonBindingRows = 0;  // the others
   // The counts, not the array sizes, say how many there are: MakeNewModel leaves one hidden record
   // in each.
   OneBased<RowRecord> Rows;

@@ -31,11 +31,6 @@ void Rename(OneBased<Record>& lines, std::int32_t number, const std::string& nam
   names.Add(name, number, NamesOf(lines));
 }
 
-// True when `text` is one of the letters.
-bool IsOneOf(const std::string& text, std::string_view letters) {
-  return text.size() == 1 && letters.find(text[0]) != std::string_view::npos;
-}
-
 // A row that got its first type stands in no index yet. It is taken for the last row, which is
 // where new rows stand.
 void AppendLastRow(const ModelData& data, RowNumbers& index, std::int32_t& count) {
@@ -43,10 +38,10 @@ void AppendLastRow(const ModelData& data, RowNumbers& index, std::int32_t& count
   index[count] = data.NumberOfRows;
 }
 
-void UpdateRowIndexes(ModelData& data, TypeLetter old_type, TypeLetter type) {
-  const bool binding = type != 'N';
-  if (old_type != kNoType) {
-    if (binding != (old_type != 'N')) RebuildRowIndexes(data);
+void UpdateRowIndexes(ModelData& data, RowType old_type, RowType type) {
+  const bool binding = TraitsOf(type).binds;
+  if (old_type != RowType::kNone) {
+    if (binding != TraitsOf(old_type).binds) RebuildRowIndexes(data);
   } else if (binding) {
     AppendLastRow(data, data.BindingRows, data.NumberOfBindingRows);
   } else {
@@ -89,9 +84,9 @@ void LPModel::SetColType(std::int32_t j, const Variant& value) {
   if (!InRange(j, data.NumberOfColumns)) {
     return Refuse("Invalid Column number when attempting to SetColType()");
   }
-  const std::string type = value.ToText();
-  if (!IsOneOf(type, "RI")) return Refuse("Invalid Column Type");
-  data.Columns[j + 1].Type = type[0];
+  const ColumnType type = ColumnTypeOf(value.ToText());
+  if (!TraitsOf(type).settable) return Refuse("Invalid Column Type");
+  data.Columns[j + 1].Type = type;
 }
 
 void LPModel::SetModelDescription(const Variant& value) { data_.ModelDescription = value.ToText(); }
@@ -131,15 +126,15 @@ void LPModel::SetRowElementValue(std::int32_t row, std::int32_t rowele, const Va
 void LPModel::SetRowType(std::int32_t i, const Variant& value) {
   ModelData& data = Settled();
   if (!InRange(i, data.Rows.size())) RaiseSubscriptOutOfRange();
-  const TypeLetter old_type = data.Rows[i + 1].Type;
+  const auto old_type = data.Rows[i + 1].Type;
   // Only the hidden row of a new model is stored but not counted.
   if (!InRange(i, data.NumberOfRows)) {
     return Refuse("Invalid Row number when attempting to SetRowType()");
   }
-  const std::string type = value.ToText();
-  if (!IsOneOf(type, "ERLGN")) return Refuse("Invalid Row Type");
-  data.Rows[i + 1].Type = type[0];
-  UpdateRowIndexes(data, old_type, type[0]);
+  const auto type = RowTypeOf(value.ToText());
+  if (type == quarvel::RowType::kNone) return Refuse("Invalid Row Type");
+  data.Rows[i + 1].Type = type;
+  UpdateRowIndexes(data, old_type, type);
 }
 
 void LPModel::SetRowLowerBound(std::int32_t i, const Variant& value) {

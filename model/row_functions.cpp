@@ -24,26 +24,22 @@ T& Slot(std::span<T> array, std::int32_t lower_bound, std::int32_t column) {
   return array[offset];
 }
 
+std::string BoundsOf(const RowRecord& row) {
+  if (row.Type == RowType::kEqual) return " equal to " + GeneralText(row.UpperBound);
+  const RowTypeTraits& type = TraitsOf(row.Type);
+  std::string text;
+  if (type.has_lower) text += " with lower bound " + GeneralText(row.LowerBound);
+  if (type.has_lower && type.has_upper) text += " and";
+  if (type.has_upper && !type.has_lower) text += " with";
+  if (type.has_upper) text += " upper bound " + GeneralText(row.UpperBound);
+  return text;
+}
+
 std::string EmptyRowText(const RowRecord& row) {
   std::string text = "This row has no elements.  ";
-  switch (row.Type) {
-    case 'N':
-      return text + "It is a non-binding/objective row.";
-    case 'L':
-      return text + "It is a less-than constraint row with upper bound " +
-             GeneralText(row.UpperBound) + ".";
-    case 'R':
-      return text + "It is a ranged constraint row with lower bound " +
-             GeneralText(row.LowerBound) + " and upper bound " + GeneralText(row.UpperBound) + ".";
-    case 'G':
-      return text + "It is a greater-than constraint row with lower bound " +
-             GeneralText(row.LowerBound) + ".";
-    case 'E':
-      return text + "It is an equality constraint row equal to " + GeneralText(row.UpperBound) +
-             ".";
-    default:
-      return text;
-  }
+  if (row.Type == RowType::kNone) return text;
+  text += row.Type == RowType::kEqual ? "It is an " : "It is a ";
+  return text.append(TraitsOf(row.Type).noun).append(" row").append(BoundsOf(row)).append(".");
 }
 
 void AppendTerms(std::string& text, const ModelData& data, const RowRecord& row) {
@@ -56,22 +52,12 @@ void AppendTerms(std::string& text, const ModelData& data, const RowRecord& row)
 }
 
 void AppendRelation(std::string& text, const RowRecord& row) {
-  switch (row.Type) {
-    case 'N':
-      text += "  (non-binding/objective)";
-      break;
-    case 'L':
-    case 'R':
-      text += "  <=  " + GeneralText(row.UpperBound);
-      break;
-    case 'G':
-      text += "  >=  " + GeneralText(row.LowerBound);
-      break;
-    case 'E':
-      text += "  =  " + GeneralText(row.UpperBound);
-      break;
-    default:
-      break;
+  const RowTypeTraits& type = TraitsOf(row.Type);
+  if (!type.sign.empty()) {
+    text.append("  ").append(type.sign).append("  ");
+    AppendGeneralText(text, type.has_upper ? row.UpperBound : row.LowerBound);
+  } else if (row.Type == RowType::kFree) {
+    text.append("  (").append(type.noun).append(")");
   }
 }
 
@@ -83,7 +69,7 @@ std::string LPModel::RowEquation(std::int32_t i) const {
   if (row.ElementCount() == 0) return EmptyRowText(row);
   std::string text;
   // The first sign of a ranged row points this way for every host that parses the text.
-  if (row.Type == 'R') text = GeneralText(row.LowerBound) + "  >=  ";
+  if (row.Type == quarvel::RowType::kRanged) text = GeneralText(row.LowerBound) + "  >=  ";
   AppendTerms(text, data, row);
   AppendRelation(text, row);
   return text;

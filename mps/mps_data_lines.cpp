@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "model/bound_code.h"
 #include "model/line_names.h"
 #include "mps/mps_reader.h"
 #include "text/numbers.h"
@@ -12,20 +13,6 @@
 
 namespace quarvel {
 namespace {
-
-struct BoundCode {
-  std::string_view code;
-  bool needs_value;
-};
-constexpr BoundCode kBoundCodes[] = {{"LO", true},  {"UP", true},  {"FX", true},
-                                     {"FR", false}, {"MI", false}, {"PL", false}};
-
-const BoundCode* FindBoundCode(std::string_view code) {
-  for (const BoundCode& known : kBoundCodes) {
-    if (known.code == code) return &known;
-  }
-  return nullptr;
-}
 
 // A fresh record behind the counted ones; others that stand there give way.
 template <class Record>
@@ -57,8 +44,8 @@ void MpsReader::UseRow() {
                       text::IntegerText(line_number_));
     return;
   }
-  const std::string_view type = token(1);
-  if (type != "E" && type != "G" && type != "L" && type != "N") {
+  const RowType type = RowTypeOf(token(1));
+  if (!TraitsOf(type).in_files()) {
     LineProblem("MPS file read error: improper row type");
     return;
   }
@@ -67,17 +54,17 @@ void MpsReader::UseRow() {
                       text::IntegerText(line_number_) + ")");
     return;
   }
-  AppendRow(type[0]);
+  AppendRow(type);
 }
 
 // The row of the line at hand, whose name no row has yet.
-void MpsReader::AppendRow(TypeLetter type) {
+void MpsReader::AppendRow(RowType type) {
   if (data_.Rows.IsFull()) data_.Rows.Reserve(ExpectedCount(data_.NumberOfRows, sizeof(RowRecord)));
   RowRecord& row = AppendRecord(data_.Rows, data_.NumberOfRows);
   row.Name = std::string(token(2));
   row.Type = type;
-  row.LowerBound = type == 'L' || type == 'N' ? -BoundLimit : 0;
-  row.UpperBound = type == 'G' || type == 'N' ? BoundLimit : 0;
+  row.LowerBound = TraitsOf(type).FreshLower();
+  row.UpperBound = TraitsOf(type).FreshUpper();
   data_.row_names.Add(KeyOf(2), token(2), data_.NumberOfRows, NamesOf(data_.Rows));
 }
 
@@ -159,8 +146,9 @@ std::int32_t MpsReader::FindOrAppendColumn() {
   const std::int32_t column = FindColumnOf(1);
   if (column == 0) {
     if (token(2) == "'MARKER'") {
-      if (token(3) == "'INTORG'") CurrentColumnType = 'I';
-      if (token(3) == "'INTEND'") CurrentColumnType = 'R';
+      for (const ColumnTypeTraits& known : kColumnTypes) {
+        if (known.marker == token(3)) CurrentColumnType = known.type;
+      }
       return 0;
     }
     return AppendColumn();
@@ -203,21 +191,7 @@ void MpsReader::UseRhs() {
 
 void MpsReader::ApplyRhs(std::int32_t row_number, double value) {
   RowRecord& row = data_.Rows[row_number];
-  switch (row.Type) {
-    case 'E':
-      row.LowerBound = value;
-      row.UpperBound = value;
-      break;
-    case 'L':
-      row.LowerBound = -BoundLimit;
-      row.UpperBound = value;
-      break;
-    case 'G':
-      row.LowerBound = value;
-      break;
-    default:
-      break;
-  }
+  TraitsOf(row.Type).right_hand_side.Apply(row, value);
 }
 
 void MpsReader::UseRange() {
@@ -230,21 +204,21 @@ void MpsReader::UseRange() {
 
 void MpsReader::ApplyRange(std::int32_t row_number, double range) {
   RowRecord& row = data_.Rows[row_number];
-  switch (row.Type) {
-    case 'G':
+  switch (TraitsOf(row.Type).range) {
+    case RangeEffect::kNothing:
+      break;
+    case RangeEffect::kSetsUpper:
       row.UpperBound = row.LowerBound + std::fabs(range);
       break;
-    case 'L':
+    case RangeEffect::kSetsLower:
       row.LowerBound = row.UpperBound - std::fabs(range);
       break;
-    case 'E':
+    case RangeEffect::kBySign:
       if (range > 0) {
         row.UpperBound = row.LowerBound + range;
       } else {
         row.LowerBound -= range;
       }
-      break;
-    default:
       break;
   }
 }
@@ -258,7 +232,7 @@ void MpsReader::UseBound() {
     LineProblem("MPS file read error: improper number of tokens");
     return;
   }
-  const BoundCode* code = FindBoundCode(token(1));
+  const BoundCodeTraits* code = FindBoundCode(token(1));
   if (code == nullptr) {
     LineProblem("MPS file read error: improper bounds code");
     return;
@@ -279,15 +253,7 @@ void MpsReader::UseBound() {
     LineProblem("MPS file read error: no match for variable name");
     return;
   }
-  ApplyBound(code->code, column, value);
-}
-
-void MpsReader::ApplyBound(std::string_view code, std::int32_t column_number, double value) {
-  ColumnRecord& column = data_.Columns[column_number];
-  if (code == "LO" || code == "FX") column.LowerBound = value;
-  if (code == "UP" || code == "FX") column.UpperBound = value;
-  if (code == "FR" || code == "MI") column.LowerBound = -BoundLimit;
-  if (code == "FR" || code == "PL") column.UpperBound = BoundLimit;
+  code->change.Apply(data_.Columns[column], value);
 }
 
 }  // namespace quarvel

@@ -305,16 +305,9 @@ bool MpsReader::AcceptsEmpty(std::string_view what, const std::string& name) {
 }
 
 void MpsReader::DeriveRowTypes() {
-  static constexpr std::array<TypeLetter, 3> kOneSided = {'N', 'G', 'L'};
   for (std::int32_t r = 1; r <= Settled().NumberOfRows; ++r) {
     RowRecord& row = data_.Rows[r];
-    const bool has_lower = row.LowerBound > -BoundLimit;
-    const bool has_upper = row.UpperBound < BoundLimit;
-    if (has_lower && has_upper) {
-      row.Type = row.LowerBound == row.UpperBound ? 'E' : 'R';
-    } else {
-      row.Type = kOneSided[has_upper ? 2 : (has_lower ? 1 : 0)];
-    }
+    row.Type = RowTypeOf(row.LowerBound, row.UpperBound);
   }
 }
 

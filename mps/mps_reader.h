@@ -109,12 +109,11 @@ class MpsReader {
   std::uint64_t BytesRead() const {
     return characters_read_ + static_cast<std::uint64_t>(line_number_);
   }
-  void AppendRow(TypeLetter type);
+  void AppendRow(RowType type);
   std::int32_t AppendColumn();
   void AppendElement(std::int32_t row, std::int32_t column, double value);
   void ApplyRhs(std::int32_t row, double value);
   void ApplyRange(std::int32_t row, double range);
-  void ApplyBound(std::string_view code, std::int32_t column, double value);
 
   // Asks whether to go on in spite of a problem; No ends the read (state_).
   void Problem(platform::Box problem);
@@ -146,7 +145,7 @@ class MpsReader {
   std::uint64_t file_size_ = 0;
   State state_ = State::kReading;
   Section section_ = Section::kStart;
-  TypeLetter CurrentColumnType = 'R';
+  ColumnType CurrentColumnType = ColumnType::kContinuous;
   Line line_;
   Tokens line_tokens_;
   LineBatch batch_;

@@ -22,7 +22,6 @@ constexpr std::string_view kGap = "  ";  // around what left the fixed columns
 constexpr std::string_view kName = "NAME          ";
 constexpr std::string_view kDescriptionLine = "* ";
 constexpr std::string_view kRows = "ROWS";
-constexpr std::string_view kRangedRow = " G  ";
 constexpr std::string_view kColumns = "COLUMNS";
 constexpr std::string_view kElement = "    ";
 constexpr std::string_view kIntegersBegin = "    INT       'MARKER'                 'INTORG'";
@@ -50,10 +49,10 @@ bool IsBlank(std::string_view lines) {
 
 // What the RHS section says of a row; nothing for a limit that reads back without a line.
 std::optional<double> RightHandSideOf(const RowRecord& row) {
-  const bool has_lower = row.Type == 'E' || row.Type == 'G' || row.Type == 'R';
-  if (has_lower && row.LowerBound != 0) return row.LowerBound;
-  if (row.Type == 'L' && row.UpperBound != 0) return row.UpperBound;
-  return std::nullopt;
+  const RowTypeTraits& type = TraitsOf(row.Type);
+  if (!type.has_lower && !type.has_upper) return std::nullopt;
+  const double limit = type.has_lower ? row.LowerBound : row.UpperBound;
+  return limit != 0 ? std::optional(limit) : std::nullopt;
 }
 
 // The element lines of one column whose fields all fit: its name is put in place once, then only
@@ -127,13 +126,9 @@ void MpsWriter::WriteRows() {
   for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
     const RowRecord& row = data_.Rows[i];
     if (row.ElementCount() == 0) continue;
-    if (row.Type == 'R') {
-      WriteLine(kRangedRow, row.Name);
-    } else {
-      lines_ += ' ';
-      if (row.Type != kNoType) lines_ += row.Type;
-      WriteLine(kGap, row.Name);
-    }
+    lines_ += ' ';
+    lines_ += TraitsOf(row.Type).file_letter;
+    WriteLine(kGap, row.Name);
   }
 }
 
@@ -143,7 +138,7 @@ void MpsWriter::WriteColumns() {
   std::int32_t integers = 0;
   for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) {
     const ColumnRecord& column = data_.Columns[j];
-    if (column.Type == 'I') {
+    if (column.Type == ColumnType::kInteger) {
       ++integers;
     } else {
       WriteElements(column);
@@ -153,7 +148,7 @@ void MpsWriter::WriteColumns() {
   WriteLine(kIntegersBegin);
   for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) {
     const ColumnRecord& column = data_.Columns[j];
-    if (column.Type == 'I') WriteElements(column);
+    if (column.Type == ColumnType::kInteger) WriteElements(column);
   }
   WriteLine(kIntegersEnd);
 }
@@ -237,7 +232,7 @@ void MpsWriter::WriteRanges() {
   bool header_due = true;
   for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
     const RowRecord& row = data_.Rows[i];
-    if (row.Type != 'R') continue;
+    if (row.Type != RowType::kRanged) continue;
     if (header_due) WriteLine(kRanges);
     header_due = false;
     WriteRowEntry(kRange, NameField(row.Name), row.UpperBound - row.LowerBound);

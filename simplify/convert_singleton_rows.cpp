@@ -36,7 +36,7 @@ struct Implied {
 // The first rule of a row's type whose test holds is applied: its bounds are taken over and the row
 // is deleted, or its question is asked.
 struct ConversionRule {
-  TypeLetter type;
+  RowType type;
   bool (*holds)(const Implied&);
   unsigned taken_bounds;
   std::string_view log_before_name;
@@ -94,22 +94,25 @@ bool LowerIsTighter(const Implied& i) { return i.lower > i.column_lower; }
 // The last two rules move the bound that the row does not tighten. Models simplified so are in use:
 // keep them.
 constexpr std::array<ConversionRule, 8> kRules = {{
-    {'G', RaisesLower, kLower, kConverted, kIntoBound, nullptr},
-    {'L', CutsUpper, kUpper, kConverted, kIntoBound, nullptr},
-    {'E', LiesWithin, kBoth, kConverted, kIntoBound, nullptr},
-    {'E', Always, 0, "", "", &kEqualityQuestion},
-    {'R', Encloses, 0, "", "", &kRangeQuestion},
-    {'R', LiesWithin, kBoth, "Range ", " had both bounds converted to column bounds", nullptr},
-    {'R', LowerIsTighter, kUpper, "Range ", " had upper bound converted to column bound", nullptr},
-    {'R', Always, kLower, "Range ", " had lower bound converted to column bound", nullptr},
+    {RowType::kGreater, RaisesLower, kLower, kConverted, kIntoBound, nullptr},
+    {RowType::kLess, CutsUpper, kUpper, kConverted, kIntoBound, nullptr},
+    {RowType::kEqual, LiesWithin, kBoth, kConverted, kIntoBound, nullptr},
+    {RowType::kEqual, Always, 0, "", "", &kEqualityQuestion},
+    {RowType::kRanged, Encloses, 0, "", "", &kRangeQuestion},
+    {RowType::kRanged, LiesWithin, kBoth, "Range ", " had both bounds converted to column bounds",
+     nullptr},
+    {RowType::kRanged, LowerIsTighter, kUpper, "Range ",
+     " had upper bound converted to column bound", nullptr},
+    {RowType::kRanged, Always, kLower, "Range ", " had lower bound converted to column bound",
+     nullptr},
 }};
 
-bool HasRules(TypeLetter type) {
+bool HasRules(RowType type) {
   return std::any_of(kRules.begin(), kRules.end(),
                      [type](const ConversionRule& rule) { return rule.type == type; });
 }
 
-const ConversionRule* FindRule(TypeLetter type, const Implied& implied) {
+const ConversionRule* FindRule(RowType type, const Implied& implied) {
   for (const ConversionRule& rule : kRules) {
     if (rule.type == type && rule.holds(implied)) return &rule;
   }
@@ -158,9 +161,10 @@ Simplifier::RowFate Simplifier::ConvertRow(std::int32_t i) {
   const ElementEntry& element = row.Elements[1];
   // Numbers in lists are stored positions, whatever is pending.
   const ColumnRecord& column = model_.raw_data().Columns[element.Index];
+  const RowTypeTraits& type = TraitsOf(row.Type);
   Implied implied = {0, 0, column.LowerBound, column.UpperBound};
-  if (row.Type != 'L') implied.lower = Divide(row.LowerBound, element.Value);
-  if (row.Type != 'G') implied.upper = Divide(row.UpperBound, element.Value);
+  if (type.has_lower) implied.lower = Divide(row.LowerBound, element.Value);
+  if (type.has_upper) implied.upper = Divide(row.UpperBound, element.Value);
   const ConversionRule* rule = FindRule(row.Type, implied);
   if (rule == nullptr) return RowFate::kKept;
   if (rule->question != nullptr) return AskAboutRow(i, *rule, implied.lower, implied.upper);

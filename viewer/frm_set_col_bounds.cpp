@@ -1,11 +1,13 @@
 #include "viewer/frm_set_col_bounds.h"
 
+#include "model/record_types.h"
+
 namespace quarvel::viewer {
 namespace {
 
 constexpr SetBoundsForm::TypeOption kOptions[] = {
-    {"R", "optR", "Real", 'R'},
-    {"I", "optI", "Integer", 'I'},
+    {TraitsOf(ColumnType::kContinuous).letter, "optR", "Real", 'R'},
+    {TraitsOf(ColumnType::kInteger).letter, "optI", "Integer", 'I'},
 };
 
 const SetBoundsForm::Design kDesign = {

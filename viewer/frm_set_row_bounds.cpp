@@ -1,22 +1,24 @@
 #include "viewer/frm_set_row_bounds.h"
 
-#include "model/model_data.h"
+#include "model/record_types.h"
 #include "platform/box.h"
 #include "platform/desktop.h"
 
 namespace quarvel::viewer {
 namespace {
 
+constexpr std::string_view RowLetter(RowType type) { return TraitsOf(type).letter; }
+
 // The open side of an inequality gets the limit of the other sign; models have been written with
 // these values and are to stay as they are.
 constexpr SetBoundsForm::TypeOption kOptions[] = {
-    {"N", "optN", "Non-Binding/Objective", 'N'},
-    {"R", "optR", "Range", 'R'},
-    {"E", "optE", "Equality", 'E',
+    {RowLetter(RowType::kFree), "optN", "Non-Binding/Objective", 'N'},
+    {RowLetter(RowType::kRanged), "optR", "Range", 'R'},
+    {RowLetter(RowType::kEqual), "optE", "Equality", 'E',
      [](BoundBoxes& bounds) { bounds.txtLwrBnd.set_text(bounds.txtUprBnd.text()); }},
-    {"G", "optGT", "Greater Than or Equal To", 'G',
+    {RowLetter(RowType::kGreater), "optGT", "Greater Than or Equal To", 'G',
      [](BoundBoxes& bounds) { BoundBoxes::Put(bounds.txtUprBnd, -BoundLimit); }},
-    {"L", "optLT", "Less Than or Equal To", 'L',
+    {RowLetter(RowType::kLess), "optLT", "Less Than or Equal To", 'L',
      [](BoundBoxes& bounds) { BoundBoxes::Put(bounds.txtLwrBnd, BoundLimit); }},
 };
 
@@ -28,13 +30,13 @@ const SetBoundsForm::Design kDesign = {
 frmSetRowBounds::frmSetRowBounds(platform::Desktop& desktop) : SetBoundsForm(desktop, kDesign) {}
 
 void frmSetRowBounds::OrderBounds() {
-  if (!Option("R")->value()) return;
+  if (!Option(RowLetter(RowType::kRanged))->value()) return;
   const double lower = BoundBoxes::Get(bounds.txtLwrBnd);
   const double upper = BoundBoxes::Get(bounds.txtUprBnd);
   if (lower > upper) {
     bounds.Reverse();
   } else if (lower == upper) {
-    Option("E")->set_value(true);
+    Option(RowLetter(RowType::kEqual))->set_value(true);
     desktop().MsgBox(platform::Note("Bounds were identical.  Bound type changed to equality"));
   }
 }

@@ -1,5 +1,6 @@
 #include "viewer/page_design.h"
 
+#include "model/record_types.h"
 #include "text/numbers.h"
 
 namespace quarvel::viewer {
@@ -21,33 +22,22 @@ constexpr Follow kRightMiddle{50, 60, 100, 60};
 constexpr Place kListGrid{34, 186, 320, 320, kLeftFull};
 
 std::string RowTypeWord(const ModelQueries& model, std::int32_t row, std::int32_t) {
-  const std::string type = model.RowType(row);
-  if (type == "E") return "equality";
-  if (type == "G") return "greater than";
-  if (type == "L") return "less than";
-  if (type == "R") return "ranged";
-  if (type == "N") return "objective";
-  return "";
+  return std::string(TraitsOf(RowTypeOf(model.RowType(row))).word);
 }
 
 std::string ColumnTypeWord(const ModelQueries& model, std::int32_t column, std::int32_t) {
-  const std::string type = model.ColType(column);
-  if (type == "R") return "real";
-  if (type == "I") return "integer";
-  if (type == "B") return "binary";
-  return "";
+  return std::string(TraitsOf(ColumnTypeOf(model.ColType(column))).word);
 }
 
 std::string RelationText(const ModelQueries& model, std::int32_t row, std::int32_t) {
-  const std::string type = model.RowType(row);
+  const RowType type = RowTypeOf(model.RowType(row));
+  const RowTypeTraits& traits = TraitsOf(type);
   const std::string lower = RoundTripText(model.RowLowerBound(row));
   const std::string upper = RoundTripText(model.RowUpperBound(row));
-  if (type == "N") return "Objective";
-  if (type == "L") return "<=  " + upper;
-  if (type == "G") return ">=  " + lower;
-  if (type == "E") return "=  " + upper;
-  if (type == "R") return lower + " <= " + model.RowName(row) + " <= " + upper;
-  return "";
+  if (type == RowType::kFree) return "Objective";
+  if (type == RowType::kRanged) return lower + " <= " + model.RowName(row) + " <= " + upper;
+  if (traits.sign.empty()) return "";
+  return std::string(traits.sign) + "  " + (traits.has_upper ? upper : lower);
 }
 
 constexpr GridColumn kRowList[] = {

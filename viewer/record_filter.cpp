@@ -2,42 +2,41 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <string>
+
+#include "model/record_types.h"
 
 namespace quarvel::viewer {
 namespace {
 
 bool KeepsAll(const ModelQueries&, std::int32_t) { return true; }
 
-template <char kType>
+template <RowType kType>
 bool IsRow(const ModelQueries& model, std::int32_t i) {
-  const std::string text = model.RowType(i);
-  return text.size() == 1 && text[0] == kType;
+  return RowTypeOf(model.RowType(i)) == kType;
 }
 
-template <char kType>
+template <ColumnType kType>
 bool IsColumn(const ModelQueries& model, std::int32_t j) {
-  const std::string text = model.ColType(j);
-  return text.size() == 1 && text[0] == kType;
+  return ColumnTypeOf(model.ColType(j)) == kType;
 }
 
 constexpr FilterEntry kRowEntries[] = {
     {"show all", KeepsAll},
-    {"non-binding/objectives", IsRow<'N'>},
-    {"constraints",
-     [](const ModelQueries& model, std::int32_t i) { return !IsRow<'N'>(model, i); }},
-    {"less than", IsRow<'L'>},
-    {"greater than", IsRow<'G'>},
-    {"ranges", IsRow<'R'>},
-    {"equalities", IsRow<'E'>},
+    {"non-binding/objectives", IsRow<RowType::kFree>},
+    {"constraints", [](const ModelQueries& model,
+                       std::int32_t i) { return TraitsOf(RowTypeOf(model.RowType(i))).binds; }},
+    {"less than", IsRow<RowType::kLess>},
+    {"greater than", IsRow<RowType::kGreater>},
+    {"ranges", IsRow<RowType::kRanged>},
+    {"equalities", IsRow<RowType::kEqual>},
 };
 
 constexpr FilterEntry kColumnEntries[] = {
     {"show all", KeepsAll},
-    {"real", IsColumn<'R'>},
-    {"integer", IsColumn<'I'>},
+    {"real", IsColumn<ColumnType::kContinuous>},
+    {"integer", IsColumn<ColumnType::kInteger>},
     // Not offered; binary columns have their position all the same.
-    {nullptr, IsColumn<'B'>},
+    {nullptr, IsColumn<ColumnType::kBinary>},
 };
 
 }  // namespace

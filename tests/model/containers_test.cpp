@@ -153,10 +153,5 @@ TEST(ElementArena, MovesALentListThatIsResized) {
   EXPECT_EQ(Indexes(b), std::vector<std::int32_t>{2});
 }
 
-TEST(TypeText, IsEmptyForNoType) {
-  EXPECT_EQ(TypeText(kNoType), "");
-  EXPECT_EQ(TypeText('R'), "R");
-}
-
 }  // namespace
 }  // namespace quarvel

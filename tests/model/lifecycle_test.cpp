@@ -18,7 +18,7 @@ void AddRows(LPModel& model, const char* types) {
   for (const char* type = types; *type != '\0'; ++type) {
     RowRecord row;
     row.Name = "R" + std::to_string(model.data().NumberOfRows + 1);
-    row.Type = *type;
+    row.Type = RowTypeOf(std::string_view(type, 1));
     model.data().Rows.Append(row);
     ++model.data().NumberOfRows;
   }
@@ -77,13 +77,13 @@ TEST(MakeNewModel, LeavesOneHiddenRecordOfEachKind) {
   EXPECT_EQ(data.LogFileNumber, 0);
   ASSERT_EQ(data.Rows.size(), 1);
   EXPECT_EQ(data.Rows[1].Name, "ROW1");
-  EXPECT_EQ(data.Rows[1].Type, 'L');
+  EXPECT_EQ(data.Rows[1].Type, RowType::kLess);
   EXPECT_EQ(data.Rows[1].LowerBound, 0);
   EXPECT_EQ(data.Rows[1].UpperBound, 1e10);
   EXPECT_EQ(data.Rows[1].ElementCount(), 0);
   ASSERT_EQ(data.Columns.size(), 1);
   EXPECT_EQ(data.Columns[1].Name, "COL1");
-  EXPECT_EQ(data.Columns[1].Type, 'R');
+  EXPECT_EQ(data.Columns[1].Type, ColumnType::kContinuous);
   EXPECT_EQ(data.Columns[1].LowerBound, 0);
   EXPECT_EQ(data.Columns[1].UpperBound, 1e10);
   EXPECT_EQ(data.Columns[1].ElementCount(), 0);

@@ -80,7 +80,7 @@ ModelData SmallModel() {
   for (std::int32_t n = 1; n <= 3; ++n) {
     data.Rows.Append({});
     data.Rows[n].Name = "R" + std::to_string(n);
-    data.Rows[n].Type = n == 2 ? 'N' : 'G';
+    data.Rows[n].Type = n == 2 ? RowType::kFree : RowType::kGreater;
     data.row_names.Add(data.Rows[n].Name, n, names);
     data.Columns.Append({});
   }
@@ -122,7 +122,7 @@ TEST(CloseGaps, RowsOfALargeModelGetTheirNewNumbers) {
   data.NumberOfColumns = 1;
   std::vector<std::int32_t> kept;
   for (std::int32_t r = 1; r <= kRows; ++r) {
-    data.Rows[r].Type = 'G';
+    data.Rows[r].Type = RowType::kGreater;
     data.Columns[1].Elements.Append({r, static_cast<double>(r)});
     if (r == 128 || r == 129 || r == 256 || (r > 500 && r <= 800)) {
       data.removals.Note(Kind::kRows, r);

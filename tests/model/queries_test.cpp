@@ -134,7 +134,7 @@ TEST(ColumnQueries, GiveWhatIsStored) {
 
 TEST(RowQueries, GiveWhatIsStored) {
   QueryModel q;
-  q.SetRow(3, 'R', -1, 6);
+  q.SetRow(3, RowType::kRanged, -1, 6);
   EXPECT_EQ(q.model.RowName(2), "R3");
   EXPECT_EQ(q.model.RowType(2), "R");
   EXPECT_EQ(q.model.RowLowerBound(2), -1);

@@ -16,7 +16,7 @@ QueryModel::QueryModel() {
   model.AddElement(2, 4, 5);
 }
 
-void QueryModel::SetRow(std::int32_t r, TypeLetter type, double lower, double upper) {
+void QueryModel::SetRow(std::int32_t r, RowType type, double lower, double upper) {
   RowRecord& row = model.data().Rows[r];
   row.Type = type;
   row.LowerBound = lower;

@@ -13,7 +13,7 @@ namespace quarvel {
 namespace {
 
 struct EquationCase {
-  TypeLetter type;
+  RowType type;
   double lower, upper;
   std::string with_elements;
   std::string without_elements;
@@ -34,33 +34,32 @@ INSTANTIATE_TEST_SUITE_P(
     RowEquation, RowEquations,
     ::testing::Values(
         EquationCase{
-            'L', -1e10, 10, " + 2*X1 - 3.5*X2  <=  10",
+            RowType::kLess, -1e10, 10, " + 2*X1 - 3.5*X2  <=  10",
             "This row has no elements.  It is a less-than constraint row with upper bound 10."},
         EquationCase{
-            'G', 1.5, 1e10, " + 2*X1 - 3.5*X2  >=  1.5",
+            RowType::kGreater, 1.5, 1e10, " + 2*X1 - 3.5*X2  >=  1.5",
             "This row has no elements.  It is a greater-than constraint row with lower bound "
             "1.5."},
-        EquationCase{'E', 4, 4, " + 2*X1 - 3.5*X2  =  4",
+        EquationCase{RowType::kEqual, 4, 4, " + 2*X1 - 3.5*X2  =  4",
                      "This row has no elements.  It is an equality constraint row equal to 4."},
         EquationCase{
-            'R', -1, 1e10, "-1  >=   + 2*X1 - 3.5*X2  <=  10000000000",
+            RowType::kRanged, -1, 1e10, "-1  >=   + 2*X1 - 3.5*X2  <=  10000000000",
             "This row has no elements.  It is a ranged constraint row with lower bound -1 and "
             "upper bound 10000000000."},
-        EquationCase{'N', -1e10, 1e10, " + 2*X1 - 3.5*X2  (non-binding/objective)",
+        EquationCase{RowType::kFree, -1e10, 1e10, " + 2*X1 - 3.5*X2  (non-binding/objective)",
                      "This row has no elements.  It is a non-binding/objective row."},
-        EquationCase{kNoType, 0, 0, " + 2*X1 - 3.5*X2", "This row has no elements.  "},
-        EquationCase{'l', 0, 5, " + 2*X1 - 3.5*X2", "This row has no elements.  "}));
+        EquationCase{RowType::kNone, 0, 0, " + 2*X1 - 3.5*X2", "This row has no elements.  "}));
 
 TEST(RowEquation, WritesOneForAnObjectiveOfOneColumn) {
   QueryModel q;
-  q.SetRow(2, 'N', -1e10, 1e10);
+  q.SetRow(2, RowType::kFree, -1e10, 1e10);
   EXPECT_EQ(q.model.RowEquation(1), " + 1*X3  (non-binding/objective)");
 }
 
 TEST(RowEquation, WritesZeroWithAPlus) {
   QueryModel q;
   q.model.SetRowElementValue(1, 0, 0);
-  q.SetRow(2, 'L', 0, 0);
+  q.SetRow(2, RowType::kLess, 0, 0);
   EXPECT_EQ(q.model.RowEquation(1), " + 0*X3  <=  0");
 }
 

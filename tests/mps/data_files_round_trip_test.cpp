@@ -59,13 +59,13 @@ Limits LimitsWhenReadAgain(const ColumnRecord& column) {
 Limits LimitsWhenReadAgain(const RowRecord& row) {
   const double lower = AsElement(row.LowerBound);
   switch (row.Type) {
-    case 'G':
+    case RowType::kGreater:
       return {lower, BoundLimit};
-    case 'L':
+    case RowType::kLess:
       return {-BoundLimit, AsElement(row.UpperBound)};
-    case 'E':
+    case RowType::kEqual:
       return {lower, lower};
-    case 'R':
+    case RowType::kRanged:
       return {lower, lower + AsElement(row.UpperBound - row.LowerBound)};
     default:
       return {-BoundLimit, BoundLimit};
@@ -85,8 +85,9 @@ std::vector<const ColumnRecord*> ColumnsWritten(const ModelData& data) {
   for (const ColumnRecord& column : data.Columns) {
     if (column.ElementCount() > 0) columns.push_back(&column);
   }
-  std::stable_partition(columns.begin(), columns.end(),
-                        [](const ColumnRecord* column) { return column->Type != 'I'; });
+  std::stable_partition(columns.begin(), columns.end(), [](const ColumnRecord* column) {
+    return column->Type != ColumnType::kInteger;
+  });
   return columns;
 }
 
@@ -94,7 +95,7 @@ template <class Record>
 void ExpectSameHead(const Record& before, const Record& again, const std::string& file) {
   const Limits limits = LimitsWhenReadAgain(before);
   EXPECT_EQ(again.Name, before.Name) << file;
-  EXPECT_EQ(again.Type, before.Type) << file << " " << before.Name;
+  EXPECT_EQ(TypeText(again.Type), TypeText(before.Type)) << file << " " << before.Name;
   EXPECT_EQ(again.LowerBound, limits.lower) << file << " " << before.Name;
   EXPECT_EQ(again.UpperBound, limits.upper) << file << " " << before.Name;
 }
@@ -135,9 +136,9 @@ Questions QuestionsWhenReadAgain(const ModelData& data) {
   Questions questions;
   for (const RowRecord& row : data.Rows) {
     if (row.ElementCount() > 0) continue;
-    const double right_hand_side = row.Type == 'L' ? row.UpperBound : row.LowerBound;
-    if (row.Type != 'N' && right_hand_side != 0) ++questions[kNoRow];
-    if (row.Type == 'R') ++questions[kNoRow];
+    const double right_hand_side = row.Type == RowType::kLess ? row.UpperBound : row.LowerBound;
+    if (row.Type != RowType::kFree && right_hand_side != 0) ++questions[kNoRow];
+    if (row.Type == RowType::kRanged) ++questions[kNoRow];
   }
   for (const ColumnRecord& column : data.Columns) {
     if (column.ElementCount() > 0) {
@@ -217,8 +218,9 @@ std::vector<std::string> LinesWithoutLeftOutRows(const std::string& written,
 }
 
 bool HasIntegerColumnsBeforeOthers(const ModelData& data) {
-  return !std::is_partitioned(data.Columns.begin(), data.Columns.end(),
-                              [](const ColumnRecord& column) { return column.Type != 'I'; });
+  return !std::is_partitioned(
+      data.Columns.begin(), data.Columns.end(),
+      [](const ColumnRecord& column) { return column.Type != ColumnType::kInteger; });
 }
 
 TEST_F(WrittenDataFiles, AreWrittenTheSameAgain) {

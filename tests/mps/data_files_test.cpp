@@ -96,8 +96,8 @@ const std::map<std::string, Questions> kQuestions = {
       {kEmptyItems, 1}}},
 };
 
-template <class Records>
-std::int32_t CountType(const Records& records, char type) {
+template <class Records, class Type>
+std::int32_t CountType(const Records& records, Type type) {
   return static_cast<std::int32_t>(std::count_if(
       records.begin(), records.end(), [type](const auto& record) { return record.Type == type; }));
 }
@@ -135,9 +135,11 @@ TEST_F(ReadDataFiles, HaveTheCountsOfAnIndependentReader) {
     EXPECT_EQ(data.NumberOfColumns, file.columns) << name;
     EXPECT_EQ(data.NumberOfElements, file.elements + file.objective) << name;
     EXPECT_EQ(data.Rows[data.NonBindingRows[1]].ElementCount(), file.objective) << name;
-    EXPECT_EQ(CountType(data.Rows, 'R'), file.ranged) << name;
+    EXPECT_EQ(CountType(data.Rows, RowType::kRanged), file.ranged) << name;
     // The codes BV and UI, which make a column integer there, are refused here.
-    EXPECT_EQ(CountType(data.Columns, 'I'), name == "miplib/gesa2" ? 0 : file.integer) << name;
+    EXPECT_EQ(CountType(data.Columns, ColumnType::kInteger),
+              name == "miplib/gesa2" ? 0 : file.integer)
+        << name;
     EXPECT_EQ(CheckModelData(data), "") << name;
   }
 }

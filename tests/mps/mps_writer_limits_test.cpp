@@ -16,7 +16,7 @@ const double kJustBelowLimit = std::nextafter(BoundLimit, 0.0);
 
 TEST(MpsRightHandSide, IsTheLimitOfItsTypeUnlessItIsZero) {
   const struct {
-    TypeLetter type;
+    char type;
     double lower;
     double upper;
     Lines lines;
@@ -32,8 +32,7 @@ TEST(MpsRightHandSide, IsTheLimitOfItsTypeUnlessItIsZero) {
       {'R', 3, 9, {"    RHS       R                   3."}},
       {'R', 0, 9, {}},
       {'N', 4, 4, {}},
-      {'g', 4, 4, {}},
-      {kNoType, 4, 4, {}},
+      {ModelBuilder::kNoType, 4, 4, {}},
       {'G', 1e-11, kInfinite, {"    RHS       R                   0."}},
   };
   for (const auto& [type, lower, upper, lines] : cases) {
@@ -68,7 +67,7 @@ TEST(MpsRightHandSide, LeavesTheFixedColumnsByNameAndByValue) {
 }
 
 TEST(MpsRightHandSide, MakesALongRowNameCountWithoutAnEntry) {
-  for (const TypeLetter type : {'N', 'G', 'L', 'E'}) {
+  for (const char type : {'N', 'G', 'L', 'E'}) {
     HandMadeModel made;
     made.build.Row("NINEROWSX", type);
     const WrittenModel written = made.Write();

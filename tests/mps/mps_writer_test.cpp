@@ -182,7 +182,9 @@ TEST_F(MpsText, LeavesOutRowsWithoutElements) {
 }
 
 TEST_F(MpsText, WritesRowNamesAsTheyAre) {
-  build.Row("A-VERY-LONG-ROW-NAME", 'E').RowWithin("UNTYPED", kNoType, 0, 0).Column("X");
+  build.Row("A-VERY-LONG-ROW-NAME", 'E')
+      .RowWithin("UNTYPED", ModelBuilder::kNoType, 0, 0)
+      .Column("X");
   build.Element("X", "A-VERY-LONG-ROW-NAME", 1).Element("X", "UNTYPED", 1);
   EXPECT_EQ(Write().Section("ROWS"), (Lines{" E  A-VERY-LONG-ROW-NAME", "   UNTYPED"}));
 }
@@ -207,9 +209,10 @@ TEST_F(MpsText, HasMarkersForIntegerColumnsWithoutElements) {
 }
 
 TEST_F(MpsText, TakesEveryTypeButIntegerAsContinuous) {
-  build.Row("R", 'L').Column("LOWER", 0, BoundLimit, 'i').Column("NONE", 0, BoundLimit, kNoType);
-  build.Element("LOWER", "R", 1).Element("NONE", "R", 2);
-  EXPECT_EQ(Write().Section("COLUMNS"), (Lines{"    LOWER     R                   1.",
+  build.Row("R", 'L').Column("BINARY", 0, BoundLimit, 'B');
+  build.Column("NONE", 0, BoundLimit, ModelBuilder::kNoType);
+  build.Element("BINARY", "R", 1).Element("NONE", "R", 2);
+  EXPECT_EQ(Write().Section("COLUMNS"), (Lines{"    BINARY    R                   1.",
                                                "    NONE      R                   2."}));
 }
 

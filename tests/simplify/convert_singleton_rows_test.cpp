@@ -24,7 +24,7 @@ constexpr double kInf = BoundLimit;
 // A row R of one element with coefficient `a` in a column X. An objective holds X and another
 // column, so that nothing is left empty.
 struct OneRow {
-  TypeLetter type;
+  char type;
   double lower, upper, a;
   double column_lower, column_upper;
 };
@@ -99,9 +99,7 @@ const RuleCase kRuleCases[] = {
      -4,
      "Range R had both bounds converted to column bounds"},
     {"N", {'N', -kInf, kInf, 2, 0, 5}, 0, 5, ""},
-    {"lower case", {'g', 6, kInf, 2, 0, kInf}, 0, kInf, ""},
-    {"another letter", {'X', 6, 6, 2, 0, kInf}, 0, kInf, ""},
-    {"no type", {kNoType, 6, 6, 2, 0, kInf}, 0, kInf, ""},
+    {"no type", {ModelBuilder::kNoType, 6, 6, 2, 0, kInf}, 0, kInf, ""},
 };
 
 TEST(ConvertSingletonRows, FollowsTheRulesOfEachType) {
@@ -282,7 +280,7 @@ TEST(ConvertSingletonRows, TheOnlyRowCanGo) {
 }
 
 TEST(ConvertSingletonRows, ACoefficientOfZeroIsADivisionByZero) {
-  for (const TypeLetter type : {'G', 'L', 'E', 'R'}) {
+  for (const char type : {'G', 'L', 'E', 'R'}) {
     for (const double zero : {0.0, -0.0}) {
       SimplifySession session;
       BuildOneRow(session, {'G', 6, kInf, 2, 0, kInf});
@@ -300,7 +298,7 @@ TEST(ConvertSingletonRows, ACoefficientOfZeroIsADivisionByZero) {
 }
 
 TEST(ConvertSingletonRows, TypesWithoutARuleAreNotDivided) {
-  for (const TypeLetter type : {'N', 'g', 'X', kNoType}) {
+  for (const char type : {'N', ModelBuilder::kNoType}) {
     SimplifySession session;
     BuildOneRow(session, {type, 1, 1, 0, 0, kInf});
     session.Simplify();

@@ -21,7 +21,7 @@ TEST(RemoveEmpty, TakesColumnsFirstThenRowsOfEveryType) {
       .Row("G0", 'G', 1)
       .Row("E0", 'E', 1)
       .Ranged("R0", 1, 2)
-      .RowWithin("NONE", kNoType, 0, 0)
+      .RowWithin("NONE", ModelBuilder::kNoType, 0, 0)
       .Column("A")
       .Column("X")
       .Column("B")

@@ -53,7 +53,7 @@ Shape RandomShape(Dice& dice) {
 }
 
 NaiveRecord RandomRow(Dice& dice, std::uint32_t number) {
-  static const std::vector<std::string> kTypes = {"G", "L", "E", "R", "R", "N", "", "x"};
+  static const std::vector<std::string> kTypes = {"G", "L", "E", "R", "R", "N", "", ""};
   NaiveRecord row;
   row.Name = "R" + std::to_string(number);
   row.Type = dice.Of(kTypes);

@@ -264,7 +264,8 @@ void CompareNumber(std::string& faults, const std::string& what, double is, doub
   }
 }
 
-void CompareRecord(std::string& faults, const std::string& what, const LineRecord& is,
+template <class Record>
+void CompareRecord(std::string& faults, const std::string& what, const Record& is,
                    const NaiveRecord& wanted) {
   Compare(faults, what + " Name", is.Name, wanted.Name);
   Compare(faults, what + " Type", TypeText(is.Type), wanted.Type);

@@ -5,6 +5,17 @@
 #include <utility>
 
 namespace quarvel {
+namespace {
+
+template <class Type>
+Type TypeOfLetter(char letter, Type (*find)(std::string_view)) {
+  if (letter == ModelBuilder::kNoType) return Type::kNone;
+  const Type type = find(std::string_view(&letter, 1));
+  if (type == Type::kNone) throw std::invalid_argument("no type has that letter");
+  return type;
+}
+
+}  // namespace
 
 ModelBuilder::ModelBuilder(LPModel& model) : model_(model) {
   ModelData& data = model_.data();
@@ -27,7 +38,7 @@ ModelBuilder& ModelBuilder::Location(std::string_view path) {
   return *this;
 }
 
-ModelBuilder& ModelBuilder::Row(std::string_view name, TypeLetter type, double right_hand_side) {
+ModelBuilder& ModelBuilder::Row(std::string_view name, char type, double right_hand_side) {
   switch (type) {
     case 'N':
       return RowWithin(name, type, -BoundLimit, BoundLimit);
@@ -38,16 +49,17 @@ ModelBuilder& ModelBuilder::Row(std::string_view name, TypeLetter type, double r
     case 'E':
       return RowWithin(name, type, right_hand_side, right_hand_side);
     default:
-      throw std::invalid_argument("a right-hand side gives no limits to type " + TypeText(type));
+      throw std::invalid_argument("a right-hand side gives no limits to type " +
+                                  std::string(1, type));
   }
 }
 
-ModelBuilder& ModelBuilder::RowWithin(std::string_view name, TypeLetter type, double lower,
+ModelBuilder& ModelBuilder::RowWithin(std::string_view name, char type, double lower,
                                       double upper) {
   ModelData& data = model_.data();
   RowRecord row;
   row.Name = name;
-  row.Type = type;
+  row.Type = TypeOfLetter(type, RowTypeOf);
   row.LowerBound = lower;
   row.UpperBound = upper;
   data.Rows.Append(std::move(row));
@@ -63,12 +75,11 @@ ModelBuilder& ModelBuilder::RowWithin(std::string_view name, TypeLetter type, do
   return *this;
 }
 
-ModelBuilder& ModelBuilder::Column(std::string_view name, double lower, double upper,
-                                   TypeLetter type) {
+ModelBuilder& ModelBuilder::Column(std::string_view name, double lower, double upper, char type) {
   ModelData& data = model_.data();
   ColumnRecord column;
   column.Name = name;
-  column.Type = type;
+  column.Type = TypeOfLetter(type, ColumnTypeOf);
   column.LowerBound = lower;
   column.UpperBound = upper;
   data.Columns.Append(std::move(column));

@@ -20,17 +20,21 @@ class ModelBuilder {
   ModelBuilder& Description(std::string_view description);
   ModelBuilder& Location(std::string_view path);
 
+  // For a type stands its letter, kNoType for none. Throws std::invalid_argument for a letter of no
+  // type.
+  static constexpr char kNoType = ' ';
+
   // A row of type "N", "G", "L" or "E" with the limits that its right-hand side gives it.
-  ModelBuilder& Row(std::string_view name, TypeLetter type, double right_hand_side = 0);
+  ModelBuilder& Row(std::string_view name, char type, double right_hand_side = 0);
   // A row of any type with any limits.
-  ModelBuilder& RowWithin(std::string_view name, TypeLetter type, double lower, double upper);
+  ModelBuilder& RowWithin(std::string_view name, char type, double lower, double upper);
   // A row of type "R".
   ModelBuilder& Ranged(std::string_view name, double lower, double upper) {
     return RowWithin(name, 'R', lower, upper);
   }
 
   ModelBuilder& Column(std::string_view name, double lower = 0, double upper = BoundLimit,
-                       TypeLetter type = 'R');
+                       char type = 'R');
   ModelBuilder& Integer(std::string_view name, double lower = 0, double upper = BoundLimit) {
     return Column(name, lower, upper, 'I');
   }

@@ -296,7 +296,10 @@ std::string Number(double value) {
 }
 
 std::string TypeOf(const NaiveRecord& record) { return record.Type; }
-std::string TypeOf(const LineRecord& record) { return TypeText(record.Type); }
+template <class Record>
+std::string TypeOf(const Record& record) {
+  return TypeText(record.Type);
+}
 
 template <class Records>
 void DumpRecords(std::string& out, const std::string& what, const Records& records) {
@@ -338,11 +341,16 @@ std::string DumpModel(const Model& model) {
   return out;
 }
 
+void SetType(RowRecord& row, const std::string& letter) { row.Type = RowTypeOf(letter); }
+void SetType(ColumnRecord& column, const std::string& letter) {
+  column.Type = ColumnTypeOf(letter);
+}
+
 template <class Record>
 Record ToRecord(const NaiveRecord& naive) {
   Record record;
   record.Name = naive.Name;
-  record.Type = naive.Type.empty() ? kNoType : naive.Type[0];
+  SetType(record, naive.Type);
   record.LowerBound = naive.LowerBound;
   record.UpperBound = naive.UpperBound;
   for (const NaiveEntry& entry : naive.Elements) record.Elements.Append({entry.Index, entry.Value});

@@ -52,8 +52,8 @@ TEST_F(ColBoundsTest, OpensWithTheTypeAndBoundsOfTheColumn) {
   });
 }
 
-TEST_F(ColBoundsTest, RefusesBinaryAndUnknownTypes) {
-  for (const char type : {'B', 'r', '\0'}) {
+TEST_F(ColBoundsTest, RefusesBinaryColumnsAndThoseWithoutType) {
+  for (const ColumnType type : {ColumnType::kBinary, ColumnType::kNone}) {
     desktop_.Clear();
     model_.data().Columns[1].Type = type;
     dialog_.ShowBounds(model_, 0);

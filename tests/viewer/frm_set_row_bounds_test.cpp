@@ -76,8 +76,8 @@ TEST_F(RowBoundsTest, OpensWithTheTypeAndBoundsOfTheRow) {
   }
 }
 
-TEST_F(RowBoundsTest, RefusesAnUnknownType) {
-  model_.data().Rows[1].Type = 'n';
+TEST_F(RowBoundsTest, RefusesARowWithoutType) {
+  model_.data().Rows[1].Type = RowType::kNone;
   dialog_.ShowBounds(model_, 0);
   EXPECT_EQ(Boxes(), Texts{"Invalid Bound Type specified"});
   EXPECT_FALSE(dialog_.IsLoaded());

@@ -38,7 +38,7 @@ TEST_F(ViewerTest, OffersTheFilters) {
 TEST_F(ViewerTest, NamesTheTypesInTheLists) {
   BuildModel();
   model_.AddRow("FRESH");
-  model_.data().Columns[4].Type = 'B';
+  model_.data().Columns[4].Type = ColumnType::kBinary;
   View([&] {
     EXPECT_EQ(Column(viewer().contents.rows.fgrdList, 1),
               (Texts{"objective", "less than", "greater than", "ranged", "equality", ""}));
@@ -105,7 +105,7 @@ TEST_F(ViewerTest, FiltersColumns) {
       {1, true, {"Y", "W"}},  {2, true, {"X", "Z", "W"}}, {0, false, {"X", "Y", "Z", "W"}},
   };
   BuildModel();
-  model_.data().Columns[4].Type = 'B';
+  model_.data().Columns[4].Type = ColumnType::kBinary;
   View([&] {
     RecordPage& list = viewer().contents.columns;
     for (const FilterCase& c : cases) {

@@ -150,7 +150,7 @@ TEST_F(ColumnCommandsTest, ChangeTypeAndBoundsOpensTheDialogOfTheColumn) {
 
 TEST_F(ColumnCommandsTest, BinaryColumnIsToldInsteadOfTheDialog) {
   BuildModel();
-  model_.data().Columns[1].Type = 'B';
+  model_.data().Columns[1].Type = ColumnType::kBinary;
   View([&] {
     Choose("mnuEditColChangeTypeBnd");
     EXPECT_EQ(Boxes(), Texts{"Invalid Column Type specified"});

@@ -19,11 +19,11 @@ struct KeepCase {
 
 class FilterEntriesTest : public testing::Test {
  protected:
-  // The types of the rows, and of the columns, that the entry at that position keeps.
+  // The types of the rows, and of the columns, that the entry at that position keeps; "-" for no type.
   std::string KeptRows(int position, std::string_view types) {
     std::string kept;
     for (const char type : types) {
-      model_.data().Rows[1].Type = type;
+      model_.data().Rows[1].Type = RowTypeOf(std::string_view(&type, 1));
       if (Keeps(kRowFilters, position, model_, 0)) kept += type;
     }
     return kept;
@@ -31,7 +31,7 @@ class FilterEntriesTest : public testing::Test {
   std::string KeptColumns(int position, std::string_view types) {
     std::string kept;
     for (const char type : types) {
-      model_.data().Columns[1].Type = type;
+      model_.data().Columns[1].Type = ColumnTypeOf(std::string_view(&type, 1));
       if (Keeps(kColumnFilters, position, model_, 0)) kept += type;
     }
     return kept;
@@ -43,9 +43,9 @@ class FilterEntriesTest : public testing::Test {
 
 TEST_F(FilterEntriesTest, KeepTheTypesOfRowsThatTheyName) {
   ModelBuilder(model_).Row("A", 'N');
-  const KeepCase cases[] = {{-1, ""}, {0, "NLGREnX"}, {1, "N"}, {2, "LGREnX"}, {3, "L"},
-                            {4, "G"}, {5, "R"},       {6, "E"}, {7, ""}};
-  for (const KeepCase& c : cases) EXPECT_EQ(KeptRows(c.position, "NLGREnX"), c.kept) << c.position;
+  const KeepCase cases[] = {{-1, ""}, {0, "NLGRE-"}, {1, "N"}, {2, "LGRE-"}, {3, "L"},
+                            {4, "G"}, {5, "R"},      {6, "E"}, {7, ""}};
+  for (const KeepCase& c : cases) EXPECT_EQ(KeptRows(c.position, "NLGRE-"), c.kept) << c.position;
 }
 
 TEST_F(FilterEntriesTest, CountARowWithoutTypeAsConstraint) {
@@ -58,8 +58,8 @@ TEST_F(FilterEntriesTest, CountARowWithoutTypeAsConstraint) {
 
 TEST_F(FilterEntriesTest, KeepTheTypesOfColumnsAndBinaryOnesWithoutAnEntry) {
   ModelBuilder(model_).Column("X");
-  const KeepCase cases[] = {{-1, ""}, {0, "RIBx"}, {1, "R"}, {2, "I"}, {3, "B"}, {4, ""}};
-  for (const KeepCase& c : cases) EXPECT_EQ(KeptColumns(c.position, "RIBx"), c.kept) << c.position;
+  const KeepCase cases[] = {{-1, ""}, {0, "RIB-"}, {1, "R"}, {2, "I"}, {3, "B"}, {4, ""}};
+  for (const KeepCase& c : cases) EXPECT_EQ(KeptColumns(c.position, "RIB-"), c.kept) << c.position;
 }
 
 bool IsEven(std::int32_t number) { return number % 2 == 0; }

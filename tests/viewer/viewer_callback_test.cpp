@@ -326,7 +326,8 @@ TEST_F(CallbackTest, ListsOfAMillionRowsAskForTheCellsThatAreSeen) {
   ModelData& data = model_.data();
   data.Rows.Resize(kRows);
   data.NumberOfRows = kRows;
-  for (std::int32_t i = 1; i <= kRows; ++i) data.Rows[i].Type = i % 2 == 0 ? 'G' : 'L';
+  for (std::int32_t i = 1; i <= kRows; ++i)
+    data.Rows[i].Type = i % 2 == 0 ? RowType::kGreater : RowType::kLess;
   data.Columns.Resize(1);
   data.NumberOfColumns = 1;
   View([&] {
