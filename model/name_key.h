@@ -30,11 +30,11 @@ struct NameKey {
   static NameKey Of(std::string_view name);
   // The same for a name behind whose start kReadable bytes may be read, whatever its length:
   // copying a length that is known only now to a buffer and loading that back stalls the processor
-  // for longer than all the rest of a lookup.
+  // for longer than all the rest of a lookup. Of is the plain way: tests/model/name_key_test.cpp.
   static NameKey OfPadded(std::string_view name) {
     return IsShort(name) ? OfShort(name.data(), name.size()) : OfLong(name);
   }
-  // Whether two such names are the same.
+  // Whether two such names are the same, as == says too: tests/model/name_key_test.cpp.
   static bool AreSamePadded(std::string_view name, std::string_view other) {
     if (name.size() != other.size()) return false;
     if (name.size() > kInline) return name == other;

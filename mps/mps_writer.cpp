@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t kNameWidth = 10;
 constexpr std::size_t kValueWidth = 12;
 constexpr std::size_t kHandOverSize = std::size_t{1} << 18;
-constexpr std::int32_t kRowsAnnouncedAhead = 8;
+constexpr std::int32_t kRowsPrefetchedAhead = 8;
 
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kGap = "  ";  // around what left the fixed columns
@@ -31,10 +31,7 @@ constexpr std::string_view kRightHandSide = "    RHS       ";
 constexpr std::string_view kRanges = "RANGES";
 constexpr std::string_view kRange = "    RANGE     ";
 constexpr std::string_view kBounds = "BOUNDS";
-constexpr std::string_view kLowerBound = " LO BOUND     ";
-constexpr std::string_view kUpperBound = " UP BOUND     ";
-constexpr std::string_view kFixedBounds = " FX BOUND     ";
-constexpr std::string_view kFreeColumn = " FR BOUND     ";
+constexpr std::string_view kBoundSet = " BOUND     ";
 constexpr std::string_view kEnd = "ENDATA";
 
 bool FitsValueField(std::string_view value) { return value.size() <= kValueWidth; }
@@ -56,7 +53,8 @@ std::optional<double> RightHandSideOf(const RowRecord& row) {
 }
 
 // The element lines of one column whose fields all fit: its name is put in place once, then only
-// row and value change.
+// row and value change. MpsWriter::WriteElement is the plain way and gives the same lines:
+// MpsElementLine in tests/mps/mps_writer_test.cpp.
 class ElementLine {
  public:
   explicit ElementLine(std::string_view column) {
@@ -165,7 +163,7 @@ void MpsWriter::BuildRowLabels() {
   }
 }
 
-void MpsWriter::AnnounceRow(std::int32_t number) const {
+void MpsWriter::PrefetchRow(std::int32_t number) const {
   if (number < 1 || number > row_labels_.size()) return;  // raised when it is used
   __builtin_prefetch(&row_labels_[number]);
 }
@@ -178,15 +176,15 @@ MpsWriter::NameField MpsWriter::RowName(std::int32_t number) const {
 
 void MpsWriter::WriteElements(const ColumnRecord& column) {
   const std::int32_t count = column.ElementCount();
-  for (std::int32_t k = 1; k <= std::min(count, kRowsAnnouncedAhead); ++k) {
-    AnnounceRow(column.Elements[k].Index);
+  for (std::int32_t k = 1; k <= std::min(count, kRowsPrefetchedAhead); ++k) {
+    PrefetchRow(column.Elements[k].Index);
   }
   const NameField name(column.Name);
   const bool plain = name.fits && text::IsAscii(column.Name);
   ElementLine line(plain ? name.name : std::string_view());
   for (std::int32_t k = 1; k <= count; ++k) {
-    if (k <= count - kRowsAnnouncedAhead) {
-      AnnounceRow(column.Elements[k + kRowsAnnouncedAhead].Index);
+    if (k <= count - kRowsPrefetchedAhead) {
+      PrefetchRow(column.Elements[k + kRowsPrefetchedAhead].Index);
     }
     const ElementEntry& element = column.Elements[k];
     const std::string_view value = Format(element.Value, text::Picture::kElement);
@@ -274,10 +272,10 @@ void MpsWriter::WriteLowerBound(const ColumnRecord& column, const NameField& nam
   const bool due = lower != 0 && lower != column.UpperBound && lower != -BoundLimit;
   const std::string_view value = Format(lower, text::Picture::kBound);
   if (name.fits && FitsValueField(value)) {
-    if (due) WriteFixedBound(kLowerBound, name, value);
+    if (due) WriteFixedBound(BoundCode::kLower, name, value);
   } else {
     standard_ = false;
-    if (due) WriteFreeBound(kLowerBound, name, FormatGeneral(lower));
+    if (due) WriteFreeBound(BoundCode::kLower, name, FormatGeneral(lower));
   }
 }
 
@@ -287,31 +285,36 @@ void MpsWriter::WriteUpperBound(const ColumnRecord& column, const NameField& nam
   if (!fixed && upper == BoundLimit) {
     if (column.LowerBound != -BoundLimit) return;
     standard_ = false;
-    WriteLine(kFreeColumn, name.name);
+    AppendBoundCode(BoundCode::kFree);
+    WriteLine(name.name);
     return;
   }
-  const std::string_view prefix = fixed ? kFixedBounds : kUpperBound;
+  const BoundCode code = fixed ? BoundCode::kFixed : BoundCode::kUpper;
   const std::string_view value = Format(upper, text::Picture::kBound);
   if (name.fits && FitsValueField(value)) {
-    WriteFixedBound(prefix, name, value);
+    WriteFixedBound(code, name, value);
   } else if (fixed) {
-    WriteFreeBound(prefix, name, FormatGeneral(upper));
+    WriteFreeBound(code, name, FormatGeneral(upper));
   } else {
-    WriteFreeBound(prefix, name, Format(upper, text::Picture::kWideBound));
+    WriteFreeBound(code, name, Format(upper, text::Picture::kWideBound));
   }
 }
 
-void MpsWriter::WriteFixedBound(std::string_view prefix, const NameField& column,
-                                std::string_view value) {
-  lines_ += prefix;
+void MpsWriter::AppendBoundCode(BoundCode code) {
+  lines_ += ' ';
+  lines_ += TraitsOf(code).letters;
+  lines_ += kBoundSet;
+}
+
+void MpsWriter::WriteFixedBound(BoundCode code, const NameField& column, std::string_view value) {
+  AppendBoundCode(code);
   AppendPadded(column);
   AppendRightAligned(value);
   EndLine();
 }
 
-void MpsWriter::WriteFreeBound(std::string_view prefix, const NameField& column,
-                               std::string_view value) {
-  lines_ += prefix;
+void MpsWriter::WriteFreeBound(BoundCode code, const NameField& column, std::string_view value) {
+  AppendBoundCode(code);
   lines_ += column.name;
   lines_ += kGap;
   lines_ += value;

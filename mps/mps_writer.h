@@ -1,23 +1,22 @@
 // Turns a model into the text of an MPS file.
 //
 // Layout. Every line ends in CR LF; the sections stand in this order:
+//
 //   NAME        column 15: the model's name. No line for a model without a name.
 //   * text      one line for each line of the description, without its blank lines at the end.
 //   ROWS        " L  name" for each row with elements; a ranged row is written as G.
 //   COLUMNS     "    column    row       value", one coefficient a line: first the columns that are
-//   not
-//               integer, then all integer columns between one pair of INTORG and INTEND markers.
+//               not integer, then all integer columns between one pair of INTORG and INTEND
+//               markers.
 //   RHS         "    RHS       row       value": the lower limit of rows E, G and R, the upper
-//   limit of rows
-//               L, unless it is 0. Rows without elements have theirs too.
+//               limit of rows L, unless it is 0. Rows without elements have theirs too.
 //   RANGES      "    RANGE     row       value": upper minus lower limit of each ranged row. No
-//   header
-//               without ranged rows.
+//               header without ranged rows.
 //   BOUNDS      " LO BOUND     column    value", likewise FX and UP, and " FR BOUND     column".
-//   Nothing is
-//               written for a lower bound of 0 or -1E+10, nor for an upper bound of +1E+10 on its
-//               own.
+//               Nothing is written for a lower bound of 0 or -1E+10, nor for an upper bound of
+//               +1E+10 on its own.
 //   ENDATA
+//
 // ROWS and RHS stand there whenever the model has rows, COLUMNS and BOUNDS whenever it has columns.
 //
 // Names of up to 8 characters are padded to 10, values of up to 12 stand at the right end of 12.
@@ -35,6 +34,7 @@
 #include <string>
 #include <string_view>
 
+#include "model/bound_code.h"
 #include "model/model_data.h"
 #include "model/one_based.h"
 #include "platform/files.h"
@@ -88,7 +88,7 @@ class MpsWriter {
 
   void BuildRowLabels();
   // Has the label fetched while other work is done.
-  void AnnounceRow(std::int32_t number) const;
+  void PrefetchRow(std::int32_t number) const;
   NameField RowName(std::int32_t number) const;
   // The text of a value, valid until the next one is formatted.
   std::string_view Format(double value, text::Picture picture);
@@ -97,8 +97,9 @@ class MpsWriter {
   void WriteLine(std::string_view prefix, std::string_view rest = {});
   // An entry of RHS or RANGES: name and value leave the fixed columns independently of each other.
   void WriteRowEntry(std::string_view prefix, const NameField& row, double value);
-  void WriteFixedBound(std::string_view prefix, const NameField& column, std::string_view value);
-  void WriteFreeBound(std::string_view prefix, const NameField& column, std::string_view value);
+  void AppendBoundCode(BoundCode code);
+  void WriteFixedBound(BoundCode code, const NameField& column, std::string_view value);
+  void WriteFreeBound(BoundCode code, const NameField& column, std::string_view value);
   void AppendPadded(const NameField& field);
   void AppendRightAligned(std::string_view value);
   void EndLine();

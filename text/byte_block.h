@@ -2,8 +2,8 @@
 // everything else that reading it does, so lines and tokens are found block by block.
 //
 // Where the processor has instructions for it (SSE2: every x86 that the component is built for) a
-// block is one register; elsewhere PlainByteBlock does the same with a loop. Bit i of a mask stands
-// for byte i.
+// block is one register; elsewhere PlainByteBlock does the same with a loop, as
+// tests/text/byte_block_test.cpp shows. Bit i of a mask stands for byte i.
 #pragma once
 
 #include <cstddef>

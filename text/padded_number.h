@@ -1,5 +1,6 @@
 // ParseNumber for a text that stands in a buffer with room behind it: several times as fast for the
-// numbers that most files are made of.
+// numbers that most files are made of. ParseNumber is the plain way and gives the same:
+// tests/text/padded_number_test.cpp, fuzz/number_fuzz.cpp.
 #pragma once
 
 #include <array>

@@ -245,6 +245,8 @@ TEST(MpsElementLine, KeepsFixedColumnsWhereNamesAndValueFit) {
   } cases[] = {
       {"X", "R", 3, "    X         R                   3.", true},
       {"X", "R", -2.25, "    X         R                -2.25", true},
+      {"\u00C4", "R", 3, "    \u00C4         R                   3.", true},
+      {"X", "\u00C4", -2.25, "    X         \u00C4                -2.25", true},
       {"EIGHTCOL", "EIGHTROW", 0.5, "    EIGHTCOL  EIGHTROW           0.5", true},
       {"NINECOLSX", "R", 1, "    NINECOLSX  R  1.", false},
       {"X", "NINEROWSX", 1, "    X  NINEROWSX  1.", false},
