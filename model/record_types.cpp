@@ -16,10 +16,13 @@ constexpr bool IsInOrder(const Table& table) {
 static_assert(IsInOrder(kRowTypes));
 static_assert(IsInOrder(kColumnTypes));
 
+// The first line is that of no type, which has no letter.
 template <class Table>
 auto FindLetter(const Table& table, std::string_view letter) {
-  const auto found = std::find_if(table.begin(), table.end(),
-                                  [letter](const auto& line) { return line.letter == letter; });
+  if (letter.size() != 1) return table.front().type;
+  const auto found = std::find_if(table.begin() + 1, table.end(), [letter](const auto& line) {
+    return line.letter.front() == letter.front();
+  });
   return found == table.end() ? table.front().type : found->type;
 }
 

@@ -4,10 +4,11 @@
 #include <memory>
 
 #include "model/lp_model.h"
+#include "model/model_view.h"
 #include "mps/frm_mps_file_open.h"
 #include "mps/frm_progress.h"
 #include "mps/frm_set_default_bounds.h"
-#include "mps/mps_reader.h"
+#include "mps/read_run.h"
 #include "platform/file_dialog.h"
 #include "platform/files.h"
 
@@ -32,6 +33,25 @@ void AskForDefaultBounds(LPModel& model) {
   dialog.Load();
   dialog.ShowModal();
 }
+
+// The model of a read, whose open viewer pauses until the model is complete.
+class ModelOfRead : public ReadHost {
+ public:
+  explicit ModelOfRead(LPModel& model) : model_(model), pause_(model) {}
+
+  void DropModel() override { model_.ClearModel(); }
+  void SimplifyModel() override { model_.SimplifyMPSModel(); }
+  // A host may have set the flag without a window.
+  void ShowModel() override {
+    pause_.End();
+    ModelView* view = OpenView(model_);
+    if (model_.frmViewEquationsIsShowing() && view != nullptr) view->RefreshForm();
+  }
+
+ private:
+  LPModel& model_;
+  ViewPause pause_;
+};
 
 }  // namespace
 
@@ -62,8 +82,8 @@ std::int16_t LPModel::ReadMPSFile() {
 
 std::int16_t LPModel::StartFileReding() {
   frmProgress& progress = ProgressWindow(*this);
-  MpsReader reader(*this, progress.TakeStart() ? &progress : nullptr);
-  reader.Run();
+  ModelOfRead owner(*this);
+  ReadRun(data_, desktop_, owner, progress.TakeStart() ? &progress : nullptr).Run();
   return data_.ReadMPSFileErr;
 }
 

@@ -1,6 +1,6 @@
 #include "viewer/file_commands.h"
 
-#include "mps/mps_reader.h"
+#include "mps/read_ending.h"
 #include "platform/box.h"
 #include "platform/desktop.h"
 #include "platform/files.h"

@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include "mps/mps_reader.h"
 #include "tests/mps/read_helpers.h"
 
 namespace quarvel {

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "mps/mps_reader.h"
+#include "mps/line_reader.h"
 #include "tests/mps/read_helpers.h"
 
 namespace quarvel {

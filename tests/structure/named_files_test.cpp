@@ -1,4 +1,4 @@
-// Comments and pages name files that exist: "mps/mps_reader.h" from the project's root, or a source
+// Comments and pages name files that exist: "mps/sections.h" from the project's root, or a source
 // by its bare name, "main.cpp", wherever it stands. Names of one letter (mps/a.cpp) are examples.
 
 #include <filesystem>

@@ -1,4 +1,3 @@
-#include "mps/mps_reader.h"
 
 #include <string>
 #include <vector>

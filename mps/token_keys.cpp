@@ -1,4 +1,4 @@
-#include "mps/batch_names.h"
+#include "mps/token_keys.h"
 
 #include <string_view>
 
@@ -18,70 +18,70 @@ constexpr std::size_t kBoundedColumn = 3;
 
 }  // namespace
 
-inline void BatchNames::Announce(std::size_t line, const TokenList& tokens, std::size_t token,
-                                 const NameIndex& index) {
+inline void BatchKeys::MakeKey(std::size_t line, const TokenList& tokens, std::size_t token,
+                               const NameIndex& index) {
   const NameKey key = NameKey::OfPadded(tokens[token]);
   index.Prefetch(key);
-  names_[line].Set(token, key);
+  keys_[line].Set(token, key);
   if (key.is_long()) long_names_[long_count_++] = {key, tokens[token].size(), nullptr};
 }
 
-void BatchNames::Announce(const LineBatch& batch, Section section, const ModelData& data) {
+void BatchKeys::Make(const LineBatch& batch, Section section, const ModelData& data) {
   long_count_ = 0;
   switch (section) {
     case Section::kStart:
       break;
     case Section::kColumns:
-      AnnounceColumns(batch, data.column_names);
+      MakeColumnKeys(batch, data.column_names);
       long_count_ = 0;  // most of these columns are new
-      AnnounceRows(batch, data.row_names);
+      MakeRowKeys(batch, data.row_names);
       break;
     case Section::kRows:
     case Section::kRhs:
     case Section::kRanges:
-      for (std::size_t i = 0; i < batch.size(); ++i) names_[i].Clear(false);
-      AnnounceRows(batch, data.row_names);
+      for (std::size_t i = 0; i < batch.size(); ++i) keys_[i].Clear(false);
+      MakeRowKeys(batch, data.row_names);
       break;
     case Section::kBounds:
       for (std::size_t i = 0; i < batch.size(); ++i) {
-        names_[i].Clear(false);
+        keys_[i].Clear(false);
         if (batch[i].tokens.count() >= kBoundedColumn) {
-          Announce(i, batch[i].tokens, kBoundedColumn, data.column_names);
+          MakeKey(i, batch[i].tokens, kBoundedColumn, data.column_names);
         }
       }
       break;
   }
   if (section == Section::kBounds) {
-    AnnounceRecords(data.column_names, data.Columns);
+    PrefetchRecords(data.column_names, data.Columns);
   } else {
-    AnnounceRecords(data.row_names, data.Rows);
+    PrefetchRecords(data.row_names, data.Rows);
   }
 }
 
-void BatchNames::AnnounceRows(const LineBatch& batch, const NameIndex& rows) {
+void BatchKeys::MakeRowKeys(const LineBatch& batch, const NameIndex& rows) {
   for (std::size_t i = 0; i < batch.size(); ++i) {
     const TokenList& tokens = batch[i].tokens;
     if (tokens.count() < kFirstRow) continue;
-    Announce(i, tokens, kFirstRow, rows);
-    if (tokens.count() > kSecondRow) Announce(i, tokens, kSecondRow, rows);
+    MakeKey(i, tokens, kFirstRow, rows);
+    if (tokens.count() > kSecondRow) MakeKey(i, tokens, kSecondRow, rows);
   }
 }
 
 // Most lines go on with the column of the line before.
-void BatchNames::AnnounceColumns(const LineBatch& batch, const NameIndex& columns) {
+void BatchKeys::MakeColumnKeys(const LineBatch& batch, const NameIndex& columns) {
   std::string_view before;
   for (std::size_t i = 0; i < batch.size(); ++i) {
     const TokenList& tokens = batch[i].tokens;
     const std::string_view name = tokens.count() < kColumn ? std::string_view() : tokens[kColumn];
     const bool goes_on = !name.empty() && NameKey::AreSamePadded(name, before);
-    names_[i].Clear(goes_on);
-    if (!goes_on && !name.empty()) Announce(i, tokens, kColumn, columns);
+    keys_[i].Clear(goes_on);
+    if (!goes_on && !name.empty()) MakeKey(i, tokens, kColumn, columns);
     before = name;
   }
 }
 
 template <class Record>
-void BatchNames::AnnounceRecords(const NameIndex& index, const OneBased<Record>& records) {
+void BatchKeys::PrefetchRecords(const NameIndex& index, const OneBased<Record>& records) {
   // Numbers may be out of date when the index is; such records need not be there.
   if (index.stale()) return;
   for (std::size_t i = 0; i < long_count_; ++i) {

@@ -1,0 +1,45 @@
+#include "mps/line_source.h"
+
+namespace quarvel {
+namespace {
+
+const TokenKeys kNoKeys;
+
+}  // namespace
+
+void SourceLine::Split() {
+  if (is_split()) return;
+  tokens_.Split(read_);
+  alone_.tokens = tokens_;
+  alone_is_split_ = true;
+}
+
+void LineSource::Open(const std::string& path) {
+  reader_ = std::make_unique<LineReader>(platform::InputFile(path));
+  file_size_ = reader_->file_size();
+}
+
+// Before ROWS lines are texts; batches would upper-case them.
+bool LineSource::NextBatch(Section section) {
+  if (section == Section::kStart || !reader_) return false;
+  used_ = 0;
+  batch_.Fill(*reader_);
+  keys_.Make(batch_, section, data_);
+  return batch_.size() > 0;
+}
+
+bool LineSource::NextAlone() {
+  Line& read = line_.read_;
+  if (!reader_ || !reader_->Next(read)) return false;
+  line_.line_ = &line_.alone_;
+  line_.keys_ = &kNoKeys;
+  line_.alone_.text = read.text;
+  line_.alone_.size = read.size;
+  line_.alone_is_split_ = false;
+  line_.too_long_ = read.too_long;
+  ++line_.number_;
+  characters_read_ += read.characters;
+  return true;
+}
+
+}  // namespace quarvel

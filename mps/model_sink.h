@@ -1,0 +1,77 @@
+// Builds a model out of what the sections say: records in reserved room, elements in an arena, row
+// lists put off. Everything that a read changes in the stored fields line by line is changed here.
+//
+// Fast paths and the plain way that each must agree with:
+//   - the column of the line before is taken without looking (TakeUpColumn); looking for it by name
+//     gives the same. tests/mps/reader_agreement_test.cpp compares whole reads with a naive reader.
+//   - row lists are filled at the end out of the column lists (model/row_lists.h); appending line by
+//     line gives the same, and is what happens from there on when a column is taken up again.
+//     tests/mps/reader_agreement_test.cpp, tests/model/row_lists_test.cpp.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "model/model_data.h"
+#include "mps/line_source.h"
+
+namespace quarvel {
+
+class ModelSink {
+ public:
+  // Both must outlive the sink. `source` tells how far the file has been read.
+  ModelSink(ModelData& data, const LineSource& source) : data_(data), source_(source) {}
+
+  // Drops exactly this much of the old model: its location and settings stay.
+  void DropRecords();
+  void DropTexts();
+  // A host that was called back may have deleted something; the read goes on with numbers that are
+  // true. Call after each box and whenever events ran.
+  void AfterCallback();
+
+  void SetModelName(std::string_view name) { data_.ModelName = name; }
+  void AddDescription(std::string_view line);
+  void BeginSection() { section_start_ = source_.bytes_read(); }
+
+  bool HasRows() const { return data_.NumberOfRows >= 1; }
+  bool HasColumns() const { return data_.NumberOfColumns >= 1; }
+  std::int32_t FindRow(const SourceLine& line, std::size_t token) const;
+  std::int32_t FindColumn(const SourceLine& line, std::size_t token) const;
+  RowRecord& Row(std::int32_t row) { return data_.Rows[row]; }
+  ColumnRecord& Column(std::int32_t column) { return data_.Columns[column]; }
+
+  // A row whose name no row has yet.
+  void AddRow(const SourceLine& line, std::size_t token, RowType type);
+  // The column of that line, 0 when it is new.
+  std::int32_t TakeUpColumn(const SourceLine& line) {
+    const bool certain =
+        last_column_line_ != 0 && last_column_line_ == line.number() - 1 && line.goes_on();
+    if (!certain) {
+      const std::int32_t column = FindColumnToTakeUp(line);
+      if (column == 0) return 0;
+      last_column_ = column;
+    }
+    last_column_line_ = line.number();
+    return last_column_;
+  }
+  // The column of that line, whose name no column has yet.
+  std::int32_t AddColumn(const SourceLine& line, ColumnType type);
+  void AddElement(std::int32_t row, std::int32_t column, double value) {
+    data_.column_arena.Append(data_.Columns[column].Elements.store(), {row, value});
+    if (!data_.row_lists_pending) data_.Rows[row].Elements.Append({column, value});
+    ++data_.NumberOfElements;
+  }
+
+ private:
+  std::int32_t FindColumnToTakeUp(const SourceLine& line);
+  std::int32_t ExpectedCount(std::int32_t count, std::size_t bytes_each) const;
+
+  ModelData& data_;
+  const LineSource& source_;
+  std::uint64_t section_start_ = 0;    // bytes read when the section began
+  std::int32_t last_column_ = 0;       // the column of the last data line of COLUMNS
+  std::int64_t last_column_line_ = 0;  // its number; 0 when an event may have changed the column
+};
+
+}  // namespace quarvel

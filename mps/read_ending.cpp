@@ -1,0 +1,109 @@
+#include "mps/read_ending.h"
+
+#include "mps/frm_progress.h"
+#include "platform/box.h"
+#include "platform/desktop.h"
+
+namespace quarvel {
+
+void ReadEnding::Run() {
+  if (IsDone()) questions_.Guarded([this] { CheckModel(); });
+  if (IsDone()) questions_.Guarded([this] { Finish(); });
+  if (questions_.state() == ReadState::kStopped) {
+    data_.ReadMPSFileErr = 0;
+    host_.DropModel();
+    CloseWindow();
+  }
+  if (questions_.state() == ReadState::kFailed) EndAsFailed();
+}
+
+const ModelData& ReadEnding::Settled() {
+  if (!IsSettled(data_)) Settle(data_);
+  return data_;
+}
+
+void ReadEnding::Check(bool good, ReadProblemCode code) {
+  if (IsDone() && !good) questions_.GoesOnAfter({code});
+}
+
+void ReadEnding::CheckModel() {
+  Check(Settled().NumberOfRows >= 1, ReadProblemCode::kNoRows);
+  Check(data_.NumberOfColumns >= 1, ReadProblemCode::kNoColumns);
+  Check(data_.NumberOfElements >= 1, ReadProblemCode::kNoElements);
+  const bool empty_columns =
+      IsDone() && CheckRecords(data_.Columns, data_.NumberOfColumns, "column ",
+                               ReadProblemCode::kColumnBoundsReversed);
+  const bool empty_rows = IsDone() && CheckRecords(data_.Rows, data_.NumberOfRows, "row ",
+                                                   ReadProblemCode::kRowBoundsReversed);
+  Check(!empty_columns && !empty_rows, ReadProblemCode::kEmptyItems);
+}
+
+// Each box may let a host change the model, so the record is looked up anew after it.
+template <class Records>
+bool ReadEnding::CheckRecords(const Records& records, const std::int32_t& count,
+                              std::string_view what, ReadProblemCode reversed) {
+  bool accepted_empty = false;
+  for (std::int32_t number = 1; number <= count; ++number) {
+    const auto& record = records[number];
+    const bool is_empty = record.ElementCount() == 0;
+    const bool is_reversed = record.LowerBound > record.UpperBound;
+    if (!is_empty && !is_reversed) continue;
+    const std::string name = record.Name;
+    if (is_reversed && !questions_.GoesOnAfter({.code = reversed, .item = name})) break;
+    if (is_empty && !AcceptsEmpty(what, name)) break;
+    accepted_empty = accepted_empty || is_empty;
+    Settled();
+  }
+  return accepted_empty;
+}
+
+// No ends the read, and alone of all endings leaves the progress window on the screen.
+bool ReadEnding::AcceptsEmpty(std::string_view what, const std::string& name) {
+  const platform::MsgBoxResult answer =
+      desktop_.MsgBox({.kind = platform::BoxKind::kEmptyItem,
+                       .statement = "Warning: no elements for " + std::string(what) + name,
+                       .question = "Continue reading MPS file?",
+                       .style = platform::MsgBoxStyle::kYesNoExclamation,
+                       .title = "LPModel: reading MPS file...",
+                       .item = name});
+  if (answer == platform::MsgBoxResult::kYes) return true;
+  data_.ReadMPSFileErr = 0;
+  desktop_.SetMousePointer(platform::MousePointer::kDefault);
+  questions_.set_state(ReadState::kLeftOpen);
+  return false;
+}
+
+void ReadEnding::DeriveRowTypes() {
+  const std::int32_t count = Settled().NumberOfRows;
+  for (std::int32_t r = 1; r <= count; ++r) {
+    RowRecord& row = data_.Rows[r];
+    row.Type = RowTypeOf(row.LowerBound, row.UpperBound);
+  }
+}
+
+void ReadEnding::Finish() {
+  DeriveRowTypes();
+  RebuildRowIndexes(data_);
+  CloseWindow();
+  questions_.Guarded([this] { OfferToSimplify(); });
+  if (IsDone()) questions_.Guarded([this] { host_.ShowModel(); });
+  if (IsDone()) desktop_.SetMousePointer(platform::MousePointer::kDefault);
+}
+
+void ReadEnding::OfferToSimplify() {
+  const platform::MsgBoxResult answer =
+      desktop_.MsgBox(Question(platform::BoxKind::kOfferToSimplify, kSimplifyQuestion));
+  if (answer == platform::MsgBoxResult::kYes) host_.SimplifyModel();
+}
+
+void ReadEnding::EndAsFailed() {
+  data_.ReadMPSFileErr = 0;
+  desktop_.SetMousePointer(platform::MousePointer::kDefault);
+  CloseWindow();
+}
+
+void ReadEnding::CloseWindow() {
+  if (window_ != nullptr) window_->Finish();
+}
+
+}  // namespace quarvel

@@ -1,0 +1,68 @@
+// What follows the last line of a read: the checks of the whole model, the types of rows from their
+// bounds, the closing of the progress window, the offer to simplify and the viewer's refresh; or,
+// after Stop and after No, what is left of the model.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "model/model_data.h"
+#include "mps/read_questions.h"
+
+namespace quarvel {
+
+class frmProgress;
+
+// Asked with Yes and No wherever a simplification is offered.
+inline constexpr std::string_view kSimplifyQuestion =
+    "Do you want to simplify the model?\r\nThis will remove empty rows and columns, and will "
+    "convert any rows with just one element into equivalent column bounds";
+
+// What a read asks of the component that owns the model.
+class ReadHost {
+ public:
+  // Empties the model, with its texts and its log.
+  virtual void DropModel() = 0;
+  virtual void SimplifyModel() = 0;
+  // The model is complete: an open viewer shows it again.
+  virtual void ShowModel() = 0;
+
+ protected:
+  ~ReadHost() = default;
+};
+
+class ReadEnding {
+ public:
+  // All must outlive the ending. `window`: the progress window, null for none.
+  ReadEnding(ModelData& data, platform::Desktop& desktop, ReadHost& host, frmProgress* window,
+             ReadQuestions& questions)
+      : data_(data), desktop_(desktop), host_(host), window_(window), questions_(questions) {}
+
+  // Ends a read that is done, stopped or failed. Raises nothing that the model causes.
+  void Run();
+
+ private:
+  bool IsDone() const { return questions_.state() == ReadState::kDone; }
+  // The model with nothing put off, for looking at.
+  const ModelData& Settled();
+  void Check(bool good, ReadProblemCode code);
+  void CheckModel();
+  // Each record for bounds and elements; true when a record without elements was accepted.
+  template <class Records>
+  bool CheckRecords(const Records& records, const std::int32_t& count, std::string_view what,
+                    ReadProblemCode reversed);
+  bool AcceptsEmpty(std::string_view what, const std::string& name);
+  void DeriveRowTypes();
+  void Finish();
+  void OfferToSimplify();
+  void EndAsFailed();
+  void CloseWindow();
+
+  ModelData& data_;
+  platform::Desktop& desktop_;
+  ReadHost& host_;
+  frmProgress* window_;
+  ReadQuestions& questions_;
+};
+
+}  // namespace quarvel

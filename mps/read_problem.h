@@ -1,0 +1,49 @@
+// What can be wrong with a file, as data, and the one place that puts it into words.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "platform/automation_error.h"
+
+namespace quarvel {
+
+enum class ReadProblemCode : std::uint8_t {
+  // of a line
+  kLineTooLong,
+  kRowTokens,
+  kRowType,
+  kRowTwice,
+  kTokens,
+  kColumnsBeforeRows,
+  kRhsBeforeRows,
+  kRangesBeforeRows,
+  kNotNumeric,
+  kNoSuchRow,
+  kBoundsBeforeColumns,
+  kBoundCode,
+  kBoundWithoutValue,
+  kNoSuchColumn,
+  // of the model at the end
+  kNoRows,
+  kNoColumns,
+  kNoElements,
+  kColumnBoundsReversed,
+  kRowBoundsReversed,
+  kEmptyItems,
+  // of a file, of memory, of a model that a host has changed meanwhile
+  kFailure,
+};
+
+struct ReadProblem {
+  ReadProblemCode code;
+  std::int64_t line = 0;  // counted from 1; 0 for a problem of no line
+  std::string item = {};  // the name of the row or column that it is about
+  std::optional<AutomationError> failure = {};
+};
+
+// The problem in words, without a question.
+std::string TextOf(const ReadProblem& problem);
+
+}  // namespace quarvel

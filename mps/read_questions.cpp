@@ -1,0 +1,33 @@
+#include "mps/read_questions.h"
+
+#include "platform/box.h"
+#include "platform/desktop.h"
+
+namespace quarvel {
+namespace {
+
+platform::Box BoxOf(const ReadProblem& problem) {
+  using platform::BoxKind;
+  const bool sums_up_empty = problem.code == ReadProblemCode::kEmptyItems;
+  platform::Box box = {.kind = sums_up_empty ? BoxKind::kEmptyItem : BoxKind::kReadProblem,
+                       .statement = TextOf(problem),
+                       .question = "Would you like to continue reading this MPS file?",
+                       .style = platform::MsgBoxStyle::kYesNo,
+                       .title = "Error.  Continue Reading MPS File?",
+                       .line = problem.line,
+                       .item = problem.item};
+  if (problem.failure) box.failure = problem.failure->run_time_error();
+  return box;
+}
+
+}  // namespace
+
+bool ReadQuestions::GoesOnAfter(const ReadProblem& problem) {
+  const platform::MsgBoxResult answer = desktop_.MsgBox(BoxOf(problem));
+  sink_.AfterCallback();
+  if (answer == platform::MsgBoxResult::kYes) return true;
+  state_ = ReadState::kFailed;
+  return false;
+}
+
+}  // namespace quarvel

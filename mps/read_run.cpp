@@ -1,0 +1,70 @@
+#include "mps/read_run.h"
+
+#include <string>
+
+#include "mps/frm_progress.h"
+#include "platform/desktop.h"
+#include "text/picture.h"
+
+namespace quarvel {
+namespace {
+
+constexpr std::int64_t kLinesBetweenEvents = 100;
+
+}  // namespace
+
+ReadRun::ReadRun(ModelData& data, platform::Desktop& desktop, ReadHost& host, frmProgress* window)
+    : data_(data),
+      desktop_(desktop),
+      window_(window),
+      source_(data),
+      sink_(data, source_),
+      questions_(desktop, sink_),
+      sections_(sink_, AskUser{questions_}),
+      ending_(data, desktop, host, window, questions_) {}
+
+void ReadRun::Run() {
+  data_.ReadMPSFileErr = -1;
+  sink_.DropRecords();
+  // Answered Yes, a file that cannot be opened is read as an empty one.
+  questions_.Guarded([this] { source_.Open(data_.strMPSFile); });
+  if (IsReading()) Begin();
+  while (IsReading()) questions_.Guarded([this] { ReadLines(); });
+  source_.Close();  // the file is free from here on, whatever the questions at the end lead to
+  ending_.Run();
+}
+
+void ReadRun::Begin() {
+  if (window_ != nullptr) {
+    window_->set_caption(kReadingCaption);
+    window_->bar.set_range(0, static_cast<float>(source_.file_size()));
+  }
+  sink_.DropTexts();
+}
+
+void ReadRun::ReadLines() {
+  SourceLine& line = source_.line();
+  while (source_.Next(sections_.section())) {
+    if (line.number() % kLinesBetweenEvents == 0) {
+      ReportProgress();
+      if (!IsReading()) return;
+    }
+    if (!sections_.Use(line)) break;
+  }
+  if (IsReading()) questions_.set_state(ReadState::kDone);
+}
+
+void ReadRun::ReportProgress() {
+  if (window_ != nullptr) {
+    const auto read = static_cast<double>(source_.characters_read());
+    const auto all = static_cast<double>(source_.file_size());
+    window_->bar.set_value(static_cast<float>(source_.characters_read()));
+    window_->set_caption("Progress:  Reading MPS File (" +
+                         text::PercentText(all == 0 ? 0 : read / all) + ")");
+  }
+  desktop_.DoEvents();
+  sink_.AfterCallback();
+  if (window_ != nullptr && window_->StopRequested) questions_.set_state(ReadState::kStopped);
+}
+
+}  // namespace quarvel
