@@ -11,7 +11,7 @@
 #include <quarvel_idl.h>
 
 #include "automation/module_use.h"
-#include "model/lp_model.h"
+#include "component/lp_model.h"
 #include "platform/desktop.h"
 
 namespace quarvel::automation {

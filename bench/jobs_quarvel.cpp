@@ -16,7 +16,7 @@
 
 #include "bench/bench_desktop.h"
 #include "bench/stopwatch.h"
-#include "model/lp_model.h"
+#include "component/lp_model.h"
 
 namespace quarvel::bench {
 namespace {

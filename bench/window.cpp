@@ -11,8 +11,8 @@
 
 #include "bench/bench_desktop.h"
 #include "bench/stopwatch.h"
+#include "component/lp_model.h"
 #include "hosts/viewer_desktop.h"
-#include "model/lp_model.h"
 
 namespace quarvel::bench {
 namespace {

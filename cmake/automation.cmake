@@ -34,7 +34,7 @@ target_link_libraries(quarvel_idl INTERFACE ole32 oleaut32 uuid)
 
 # All but the entry points is a library, so that tests can link it.
 quarvel_library(quarvel_automation automation)
-target_link_libraries(quarvel_automation PUBLIC quarvel_core quarvel_idl)
+target_link_libraries(quarvel_automation PUBLIC quarvel_component quarvel_idl)
 target_compile_definitions(quarvel_automation PUBLIC NOMINMAX WIN32_LEAN_AND_MEAN)
 # It defines the identifiers that every other source only declares.
 set_source_files_properties(automation/registration.cpp PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)

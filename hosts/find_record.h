@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "model/lp_model.h"
+#include "component/lp_model.h"
 #include "model/record_kind.h"
 
 namespace quarvel::hosts {

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "model/lp_model.h"
+#include "component/lp_model.h"
 
 namespace quarvel::hosts {
 

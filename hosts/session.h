@@ -5,10 +5,10 @@
 #include <string>
 #include <string_view>
 
+#include "component/lp_model.h"
 #include "hosts/answers.h"
 #include "hosts/arguments.h"
 #include "hosts/streams.h"
-#include "model/lp_model.h"
 #include "platform/console/console_desktop.h"
 
 namespace quarvel::hosts {

@@ -9,6 +9,12 @@ namespace quarvel {
 // exactly.
 inline constexpr double BoundLimit = 1e10;
 
+// A fresh record has bounds 0 and 0.
+struct Bounds {
+  double LowerBound = 0;
+  double UpperBound = 0;
+};
+
 constexpr bool HasLower(double lower) { return lower > -BoundLimit; }
 constexpr bool HasUpper(double upper) { return upper < BoundLimit; }
 

@@ -39,7 +39,7 @@ std::int32_t CheckIndex(const IndexReport& report, std::int32_t i, std::int32_t 
   if (!InRange(i, count)) {
     Raise(kColumnOutOfRange, report.source, RangeText("column", i, report.range, count));
   }
-  return i + 1;
+  return Stored(i);
 }
 
 }  // namespace
@@ -68,32 +68,32 @@ void RaiseRowElementOutOfRange(std::int32_t k, std::int32_t count) {
   Raise(kRowElementOutOfRange, kGetRow, ElementRangeText(k, count));
 }
 
-std::int32_t CheckRowOfPair(const ModelData& data, std::int32_t i) {
-  if (!InRange(i, data.NumberOfRows)) {
+std::int32_t CheckRowOfPair(std::int32_t i, std::int32_t count) {
+  if (!InRange(i, count)) {
     Raise(kRowOutOfRange, kGetRow, "Quarvel.dll error: row out of range.");
   }
-  return i + 1;
+  return Stored(i);
 }
 
-std::int32_t CheckColumnOfPair(const ModelData& data, std::int32_t j) {
-  if (!InRange(j, data.NumberOfColumns)) {
+std::int32_t CheckColumnOfPair(std::int32_t j, std::int32_t count) {
+  if (!InRange(j, count)) {
     Raise(kColumnOutOfRange, kGetColumn, "Quarvel.dll error: column out of range.");
   }
-  return j + 1;
+  return Stored(j);
 }
 
-std::int32_t CheckBindingRowIndex(const ModelData& data, std::int32_t i) {
+std::int32_t CheckBindingRowIndex(std::int32_t i, std::int32_t count) {
   static constexpr IndexReport kReport = {"LPModel.BindingRowIndex()",
                                           "Quarvel.dll error: There are no Binding Rows",
                                           "The valid range for BindnigRowIndex is from 0 to "};
-  return CheckIndex(kReport, i, data.NumberOfBindingRows);
+  return CheckIndex(kReport, i, count);
 }
 
-std::int32_t CheckNonBindingRowIndex(const ModelData& data, std::int32_t i) {
+std::int32_t CheckNonBindingRowIndex(std::int32_t i, std::int32_t count) {
   static constexpr IndexReport kReport = {"LPModel.NonBindingRowIndex()",
                                           "Quarvel.dll error: There are no Non-Binding Rows",
                                           "The valid range for NonBindnigRowIndex is from 0 to "};
-  return CheckIndex(kReport, i, data.NumberOfNonBindingRows);
+  return CheckIndex(kReport, i, count);
 }
 
 void RaiseTooFewElementsInPoint() {

@@ -1,12 +1,13 @@
 // The errors that queries raise for bad numbers. Each check takes the 0-based number the caller
-// passed, raises with that number in its text, and gives the 1-based number otherwise. No check
-// overflows: 2147483647 is simply out of range.
+// passed and how many there are, raises with that number in its text, and gives the stored number
+// otherwise. No check overflows: 2147483647 is simply out of range.
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
-#include "model/model_data.h"
+#include "model/record_number.h"
 
 namespace quarvel {
 
@@ -21,39 +22,34 @@ inline constexpr std::int32_t kTooFewElementsInPoint = static_cast<std::int32_t>
 inline constexpr std::string_view kGetColumn = "LPModel.PropertyGetColumn()";
 inline constexpr std::string_view kGetRow = "LPModel.PropertyGetRow()";
 
-// True when the 0-based number `index` lies in 0..count-1.
-constexpr bool InRange(std::int32_t index, std::int32_t count) {
-  return index >= 0 && index < count;
-}
-
 [[noreturn]] void RaiseColumnOutOfRange(std::int32_t j, std::int32_t count);
 [[noreturn]] void RaiseRowOutOfRange(std::int32_t i, std::int32_t count);
 [[noreturn]] void RaiseColumnElementOutOfRange(std::int32_t k, std::int32_t count);
 [[noreturn]] void RaiseRowElementOutOfRange(std::int32_t k, std::int32_t count);
 
 // These four are what a walk over all coefficients asks for each of them.
-inline std::int32_t CheckColumn(const ModelData& data, std::int32_t j) {
-  if (!InRange(j, data.NumberOfColumns)) RaiseColumnOutOfRange(j, data.NumberOfColumns);
-  return j + 1;
+inline std::int32_t CheckColumn(std::int32_t j, std::int32_t count) {
+  if (!InRange(j, count)) RaiseColumnOutOfRange(j, count);
+  return Stored(j);
 }
-inline std::int32_t CheckRow(const ModelData& data, std::int32_t i) {
-  if (!InRange(i, data.NumberOfRows)) RaiseRowOutOfRange(i, data.NumberOfRows);
-  return i + 1;
+inline std::int32_t CheckRow(std::int32_t i, std::int32_t count) {
+  if (!InRange(i, count)) RaiseRowOutOfRange(i, count);
+  return Stored(i);
 }
-inline std::int32_t CheckColumnElement(const ColumnRecord& column, std::int32_t k) {
-  if (!InRange(k, column.ElementCount())) RaiseColumnElementOutOfRange(k, column.ElementCount());
-  return k + 1;
+inline std::int32_t CheckColumnElement(std::int32_t k, std::int32_t count) {
+  if (!InRange(k, count)) RaiseColumnElementOutOfRange(k, count);
+  return Stored(k);
 }
-inline std::int32_t CheckRowElement(const RowRecord& row, std::int32_t k) {
-  if (!InRange(k, row.ElementCount())) RaiseRowElementOutOfRange(k, row.ElementCount());
-  return k + 1;
+inline std::int32_t CheckRowElement(std::int32_t k, std::int32_t count) {
+  if (!InRange(k, count)) RaiseRowElementOutOfRange(k, count);
+  return Stored(k);
 }
 // The short texts of a look-up by row and column.
-std::int32_t CheckRowOfPair(const ModelData& data, std::int32_t i);
-std::int32_t CheckColumnOfPair(const ModelData& data, std::int32_t j);
+std::int32_t CheckRowOfPair(std::int32_t i, std::int32_t count);
+std::int32_t CheckColumnOfPair(std::int32_t j, std::int32_t count);
 // "No rows of that kind" first, then the range.
-std::int32_t CheckBindingRowIndex(const ModelData& data, std::int32_t i);
-std::int32_t CheckNonBindingRowIndex(const ModelData& data, std::int32_t i);
+std::int32_t CheckBindingRowIndex(std::int32_t i, std::int32_t count);
+std::int32_t CheckNonBindingRowIndex(std::int32_t i, std::int32_t count);
 
 // The range texts also shown in boxes by operations that do not raise.
 std::string ColumnRangeText(std::int32_t j, std::int32_t count);

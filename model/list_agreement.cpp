@@ -106,49 +106,36 @@ bool NamesAColumnTwiceRunning(const RowRecord& row) {
 
 }  // namespace
 
-bool ListAgreement::Knows(std::int64_t elements, const ModelData& data) const {
-  return elements != kUnknown && elements == data.NumberOfElements;
+void ListAgreement::Forget() {
+  extent_ = Extent::kNothing;
+  odd_rows_ = std::vector<bool>();
+  odd_columns_ = std::vector<bool>();
 }
 
-bool ListAgreement::Known(const ModelData& data) const { return Knows(elements_, data); }
-
-void ListAgreement::NoteFilled(const ModelData& data) {
+void ListAgreement::NoteFilled(Changes now) {
   Forget();
-  filled_elements_ = data.NumberOfElements;
+  extent_ = Extent::kAllButPairs;
+  as_of_ = now;
 }
 
 // Looking through long lists at every addition would cost more than an examination.
-void ListAgreement::NoteAdding(const ModelData& data, std::int32_t r, std::int32_t c) {
+bool ListAgreement::WillSurvive(const ModelData& data, std::int32_t r, std::int32_t c) const {
   constexpr std::int32_t kLongest = 32;
+  if (!everywhere()) return false;  // numbers that are not there may come true
   const ElementList& row = data.Rows[r].Elements;
   const ElementList& column = data.Columns[c].Elements;
   const auto names = [](const ElementList& list, std::int32_t number) {
-    return std::any_of(list.begin(), list.end(),
+    return list.size() > kLongest ||
+           std::any_of(list.begin(), list.end(),
                        [number](const ElementEntry& entry) { return entry.Index == number; });
   };
-  const bool row_is_short = row.size() <= column.size();
-  if (std::min(row.size(), column.size()) > kLongest || !everywhere() ||
-      (row_is_short ? names(row, c) : names(column, r))) {
-    Forget();
-    return;
-  }
-  for (std::int64_t* const elements : {&elements_, &filled_elements_}) {
-    if (Knows(*elements, data)) ++*elements;
-  }
+  return row.size() <= column.size() ? !names(row, c) : !names(column, r);
 }
 
-void ListAgreement::NoteRemoved(std::int32_t count) {
-  for (std::int64_t* const elements : {&elements_, &filled_elements_}) {
-    if (*elements != kUnknown) *elements = std::max(*elements - count, kUnknown);
-  }
-}
-
-void ListAgreement::Examine(const ModelData& data) {
-  const bool only_twice = Knows(filled_elements_, data);
+void ListAgreement::Examine(const ModelData& data, Changes now) {
+  const bool only_pairs = extent_ == Extent::kAllButPairs && as_of_ == now;
   Forget();
-  odd_rows_ = std::vector<bool>();
-  odd_columns_ = std::vector<bool>();
-  if (!only_twice || std::any_of(data.Rows.begin(), data.Rows.end(), NamesAColumnTwiceRunning)) {
+  if (!only_pairs || std::any_of(data.Rows.begin(), data.Rows.end(), NamesAColumnTwiceRunning)) {
     Examination examination(data);
     examination.Run();
     if (examination.found_any()) {
@@ -156,7 +143,8 @@ void ListAgreement::Examine(const ModelData& data) {
       odd_columns_.swap(examination.odd_columns());
     }
   }
-  elements_ = data.NumberOfElements;
+  extent_ = Extent::kAll;
+  as_of_ = now;
 }
 
 }  // namespace quarvel

@@ -6,6 +6,9 @@
 // added twice disagrees: a deletion takes out only the first of its entries, and what the other one
 // names afterwards depends on the numbers at that moment.
 //
+// What is known is known as of one value of the store's change counter (model/deferred_work.h), so
+// that any change ends it by itself. A change that cannot spoil it says so (Follow).
+//
 // Examining costs one pass over the model and 4 bytes a coefficient while it runs. What a read
 // made, or a host coefficient by coefficient, only needs a glance at each row's list.
 #pragma once
@@ -19,20 +22,24 @@ struct ModelData;
 
 class ListAgreement {
  public:
-  // True while what Examine found still holds. A coefficient added since then ends it by itself, as
-  // long as nobody takes one out without saying so.
-  bool Known(const ModelData& data) const;
+  // The store's change counter: how many times its lists or numbers have changed.
+  using Changes = std::uint64_t;
+
+  // True while what Examine found still holds.
+  bool Known(Changes now) const { return extent_ == Extent::kAll && as_of_ == now; }
   // Looks at all lists of settled data. Raises 9 when fewer rows or columns are stored than
   // counted.
-  void Examine(const ModelData& data);
-  void Forget() { elements_ = filled_elements_ = kUnknown; }
+  void Examine(const ModelData& data, Changes now);
   // There are no lists, or the row lists were just made from the column lists, column by column.
-  void NoteFilled(const ModelData& data);
-  // A coefficient is going to be appended to both of its lists.
-  void NoteAdding(const ModelData& data, std::int32_t r, std::int32_t c);
-  // `count` coefficients went from both of their lists.
-  void NoteRemoved(std::int32_t count);
-  // True when there is no disagreement at all.
+  void NoteFilled(Changes now);
+  // The change that made `now` out of the value before it leaves everything as it was known.
+  void Follow(Changes now) {
+    if (as_of_ + 1 == now) as_of_ = now;
+  }
+  // True when appending a coefficient to both of its lists will leave what is known as it is. May
+  // be false where a longer look would find nothing in the way.
+  bool WillSurvive(const ModelData& data, std::int32_t r, std::int32_t c) const;
+  // True when Examine found no disagreement at all, or has not looked.
   bool everywhere() const { return odd_rows_.empty(); }
 
   // By stored position. Only while Known.
@@ -40,17 +47,17 @@ class ListAgreement {
   bool ColumnAgrees(std::int32_t position) const { return !Has(odd_columns_, position); }
 
  private:
-  static constexpr std::int64_t kUnknown = -1;
-  bool Knows(std::int64_t elements, const ModelData& data) const;
+  // Everything, or that nothing can disagree but pairs that were added twice: those stand side by
+  // side in their row.
+  enum class Extent : std::uint8_t { kNothing, kAllButPairs, kAll };
+  void Forget();
   static bool Has(const std::vector<bool>& marks, std::int32_t position) {
     const auto offset = static_cast<std::size_t>(position);
     return offset < marks.size() && marks[offset];
   }
 
-  // NumberOfElements as far as it was examined, and as far as all is known but pairs that were
-  // added twice: those stand side by side in their row.
-  std::int64_t elements_ = kUnknown;
-  std::int64_t filled_elements_ = kUnknown;
+  Extent extent_ = Extent::kNothing;
+  Changes as_of_ = 0;
   // Marked by position, both absent when everything agrees.
   std::vector<bool> odd_rows_;
   std::vector<bool> odd_columns_;

@@ -1,11 +1,12 @@
-// The invariant of the stored fields, for tests, fuzzers and debug builds.
+#include "model/model_check.h"
 
 #include <algorithm>
-#include <string>
+#include <cstdint>
+#include <string_view>
 #include <tuple>
 #include <vector>
 
-#include "model/model_data.h"
+#include "model/model_store.h"
 #include "text/numbers.h"
 
 namespace quarvel {
@@ -28,37 +29,17 @@ std::string CheckCounts(const ModelData& data) {
 }
 
 // Sorted, so that both views of the same coefficients compare equal whatever their order.
-template <class Lines, class Make>
-std::vector<Coefficient> Collect(const Lines& lines, std::int32_t count, const Make& make) {
+template <class Records, class Make>
+std::vector<Coefficient> Collect(const Records& records, std::int32_t count, const Make& make) {
   std::vector<Coefficient> all;
   for (std::int32_t number = 1; number <= count; ++number) {
-    for (const ElementEntry& entry : lines[number].Elements) all.push_back(make(number, entry));
+    for (const ElementEntry& entry : records[number].Elements) all.push_back(make(number, entry));
   }
   std::sort(all.begin(), all.end());
   return all;
 }
 
-std::string CheckNames(const ModelData& data) {
-  for (std::int32_t r = 1; r <= data.NumberOfRows; ++r) {
-    const std::int32_t found = FindRow(data, data.Rows[r].Name);
-    if (found < 1 || found > r || data.Rows[found].Name != data.Rows[r].Name) {
-      return Label("name index misses row", r);
-    }
-  }
-  for (std::int32_t c = 1; c <= data.NumberOfColumns; ++c) {
-    const std::int32_t found = FindColumn(data, data.Columns[c].Name);
-    if (found < 1 || found > c || data.Columns[found].Name != data.Columns[c].Name) {
-      return Label("name index misses column", c);
-    }
-  }
-  return {};
-}
-
-}  // namespace
-
-std::string CheckModelData(const ModelData& data) {
-  if (!IsSettled(data)) return "work is still put off";
-  if (std::string fault = CheckCounts(data); !fault.empty()) return fault;
+std::string CheckCoefficients(const ModelData& data) {
   const auto by_row = Collect(data.Rows, data.NumberOfRows, [](auto r, const ElementEntry& e) {
     return Coefficient(r, e.Index, e.Value);
   });
@@ -73,7 +54,48 @@ std::string CheckModelData(const ModelData& data) {
     if (r < 1 || r > data.NumberOfRows) return Label("an element names row", r);
     if (c < 1 || c > data.NumberOfColumns) return Label("an element names column", c);
   }
-  return CheckNames(data);
+  return {};
+}
+
+template <class Records, class Find>
+std::string CheckNames(std::string_view kind, const Records& records, std::int32_t count,
+                       const Find& find) {
+  for (std::int32_t number = 1; number <= count; ++number) {
+    const std::string& name = records[number].Name;
+    const std::int32_t found = find(NameKey::Of(name), name);
+    if (found < 1 || found > number || records[found].Name != name) {
+      return Label("name index misses " + std::string(kind), number);
+    }
+  }
+  return {};
+}
+
+template <class FindRowNamed, class FindColumnNamed>
+std::string Check(const ModelData& data, const FindRowNamed& find_row,
+                  const FindColumnNamed& find_column) {
+  std::string fault = CheckCounts(data);
+  if (fault.empty()) fault = CheckCoefficients(data);
+  if (fault.empty()) fault = CheckNames("row", data.Rows, data.NumberOfRows, find_row);
+  if (fault.empty()) {
+    fault = CheckNames("column", data.Columns, data.NumberOfColumns, find_column);
+  }
+  return fault;
+}
+
+}  // namespace
+
+std::string CheckModelData(const ModelStore& store) {
+  return Check(
+      store.data(),
+      [&](const NameKey& key, const std::string& name) { return store.FindRow(key, name); },
+      [&](const NameKey& key, const std::string& name) { return store.FindColumn(key, name); });
+}
+
+std::string CheckStoredModel(StoredModel& model) {
+  return Check(
+      model.data,
+      [&](const NameKey& key, const std::string& name) { return FindRow(model, key, name); },
+      [&](const NameKey& key, const std::string& name) { return FindColumn(model, key, name); });
 }
 
 }  // namespace quarvel

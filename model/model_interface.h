@@ -1,5 +1,5 @@
 // How the rooms below the component see a model: its public queries and edits, by public 0-based
-// numbers, with the ways of reporting that model/lp_model.h states. What each member does, gets
+// numbers, with the ways of reporting that component/lp_model.h states. What each member does, gets
 // wrong and costs stands there.
 //
 // Each class adds to the one before: who only asks takes ModelQueries, who changes records takes

@@ -2,24 +2,17 @@
 
 #include <utility>
 
-#include "model/lp_model.h"
-
 namespace quarvel {
 
-ModelView* OpenView(LPModel& model) {
-  platform::Form* form = model.window(WindowSlot::kViewer).get();
-  return form != nullptr && form->IsShowing() ? static_cast<ModelView*>(form) : nullptr;
-}
-
-ViewPause::ViewPause(LPModel& model) : model_(model), view_(OpenView(model)) {
-  ++model_.rebuilds_;
+ViewPause::ViewPause(ViewLink& link) : link_(link), view_(link.open()) {
+  link_.BeginRebuild();
   if (view_ != nullptr) view_->Pause();
 }
 
 // The window may have been closed meanwhile; its object lives as long as the model.
 void ViewPause::End() {
   if (std::exchange(ended_, true)) return;
-  --model_.rebuilds_;
+  link_.EndRebuild();
   if (view_ != nullptr) std::exchange(view_, nullptr)->Resume();
 }
 

@@ -6,8 +6,6 @@
 
 namespace quarvel {
 
-class LPModel;
-
 class ModelView : public platform::Form {
  public:
   using Form::Form;
@@ -19,20 +17,34 @@ class ModelView : public platform::Form {
   virtual void Resume() = 0;
 };
 
-// The model's window while it is on the screen, else null.
-ModelView* OpenView(LPModel& model);
+// One model's tie to its window, which need not have been made yet.
+class ViewLink {
+ public:
+  // `view` outlives the link's use from here on.
+  void Attach(ModelView& view) { view_ = &view; }
+  // The window while it is on the screen, else null.
+  ModelView* open() const { return view_ != nullptr && view_->IsShowing() ? view_ : nullptr; }
+  // A read or a simplification of the model is going on.
+  bool IsBeingRebuilt() const { return rebuilds_ > 0; }
+  void BeginRebuild() { ++rebuilds_; }
+  void EndRebuild() { --rebuilds_; }
+
+ private:
+  ModelView* view_ = nullptr;
+  int rebuilds_ = 0;
+};
 
 // Marks the model as being rebuilt and pauses its open window, for a scope or until End.
 class ViewPause {
  public:
-  explicit ViewPause(LPModel& model);
+  explicit ViewPause(ViewLink& link);
   ~ViewPause() { End(); }
   ViewPause(const ViewPause&) = delete;
   ViewPause& operator=(const ViewPause&) = delete;
   void End();
 
  private:
-  LPModel& model_;
+  ViewLink& link_;
   ModelView* view_;
   bool ended_ = false;
 };

@@ -1,6 +1,7 @@
 #include "model/record_kind.h"
 
-#include "model/model_data.h"
+#include "model/model_store.h"
+#include "model/record_number.h"
 
 namespace quarvel {
 
@@ -24,7 +25,7 @@ const RecordKind kRowKind = {
     .set_upper = &ModelEdits::SetRowUpperBound,
     .add = &ModelEdits::AddRow,
     .remove = &ModelEdits::DeleteRow,
-    .find = &FindRow,
+    .find = [](const ModelStore& store, std::string_view name) { return store.FindRow(name); },
 };
 
 const RecordKind kColumnKind = {
@@ -47,11 +48,11 @@ const RecordKind kColumnKind = {
     .set_upper = &ModelEdits::SetColUpperBound,
     .add = &ModelEdits::AddColumn,
     .remove = &ModelEdits::DeleteColumn,
-    .find = &FindColumn,
+    .find = [](const ModelStore& store, std::string_view name) { return store.FindColumn(name); },
 };
 
 bool HasRecord(const ModelQueries& model, const RecordKind& kind, std::int32_t number) {
-  return number >= 0 && number < (model.*kind.count)();
+  return InRange(number, (model.*kind.count)());
 }
 
 }  // namespace quarvel

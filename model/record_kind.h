@@ -13,7 +13,7 @@
 
 namespace quarvel {
 
-struct ModelData;
+class ModelStore;
 
 struct RecordKind {
   // What it is called: "row", "Row", "Rows".
@@ -42,7 +42,7 @@ struct RecordKind {
   std::int16_t (ModelEdits::*remove)(std::int32_t);
 
   // 1-based, 0 for none. Constant time.
-  std::int32_t (*find)(const ModelData& data, std::string_view name);
+  std::int32_t (*find)(const ModelStore& store, std::string_view name);
 };
 
 extern const RecordKind kRowKind;

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "model/model_data.h"
+#include "model/stored_model.h"
 #include "platform/large_pages.h"
 
 namespace quarvel {
@@ -49,8 +49,10 @@ class GroupedIndex {
 
 class RowLists {
  public:
-  explicit RowLists(ModelData& data)
-      : data_(data), places_(static_cast<std::size_t>(data.Rows.size()) + 1, 0) {
+  explicit RowLists(StoredModel& model)
+      : data_(model.data),
+        arena_(model.row_arena),
+        places_(static_cast<std::size_t>(data_.Rows.size()) + 1, 0) {
     CountElements();
     Lend();
   }
@@ -96,7 +98,7 @@ class RowLists {
   // Lends each row room for its coefficients, and turns the counts into where each row's room
   // begins.
   void Lend() {
-    entries_ = data_.row_arena.Take(total_);
+    entries_ = arena_.Take(total_);
     std::uint32_t next = 0;
     for (std::int32_t r = 1; r <= data_.Rows.size(); ++r) {
       std::uint32_t& place = places_[static_cast<std::size_t>(r)];
@@ -151,6 +153,7 @@ class RowLists {
   }
 
   ModelData& data_;
+  ElementArena& arena_;
   Places places_;  // by row; first the counts, then where the row's next entry goes
   ElementEntry* entries_ = nullptr;
   std::size_t total_ = 0;
@@ -158,6 +161,6 @@ class RowLists {
 
 }  // namespace
 
-void FillRowLists(ModelData& data) { RowLists(data).Fill(); }
+void FillRowLists(StoredModel& model) { RowLists(model).Fill(); }
 
 }  // namespace quarvel

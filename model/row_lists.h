@@ -3,7 +3,7 @@
 
 namespace quarvel {
 
-struct ModelData;
+struct StoredModel;
 
 // Gives every row, which must have an empty list, the coefficients that the columns name it in,
 // column by column. Every index must be that of a row.
@@ -14,6 +14,6 @@ struct ModelData;
 // back; then each group, small enough for the processor's cache, is put in order by itself. The
 // plain way is to append coefficient by coefficient, which small models get and which gives the
 // same: tests/model/row_lists_test.cpp.
-void FillRowLists(ModelData& data);
+void FillRowLists(StoredModel& model);
 
 }  // namespace quarvel

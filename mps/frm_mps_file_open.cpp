@@ -1,8 +1,5 @@
 #include "mps/frm_mps_file_open.h"
 
-#include <memory>
-
-#include "model/lp_model.h"
 #include "platform/desktop.h"
 #include "platform/files.h"
 
@@ -15,12 +12,6 @@ std::string frmMPSFileOpen::Choose(platform::FileDialog request, const std::stri
   std::string path = desktop().ShowFileDialog(request);
   if (!path.empty()) folder_ = platform::FolderOf(path);
   return path;
-}
-
-frmMPSFileOpen& FileDialogHost(LPModel& model) {
-  std::unique_ptr<platform::Form>& slot = model.window(WindowSlot::kFileOpen);
-  if (!slot) slot = std::make_unique<frmMPSFileOpen>(model.desktop());
-  return static_cast<frmMPSFileOpen&>(*slot);
 }
 
 }  // namespace quarvel

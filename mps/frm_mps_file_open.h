@@ -1,5 +1,5 @@
 // The hidden form that hosts an object's file dialog: never shown itself, it lives as long as its
-// LPModel and remembers the folder of what was chosen, never the name.
+// model and remembers the folder of what was chosen, never the name.
 #pragma once
 
 #include <string>
@@ -8,8 +8,6 @@
 #include "platform/form.h"
 
 namespace quarvel {
-
-class LPModel;
 
 class frmMPSFileOpen : public platform::Form {
  public:
@@ -23,8 +21,5 @@ class frmMPSFileOpen : public platform::Form {
  private:
   std::string folder_;
 };
-
-// The file-dialog host of that model, created on first use.
-frmMPSFileOpen& FileDialogHost(LPModel& model);
 
 }  // namespace quarvel

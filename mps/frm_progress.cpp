@@ -1,9 +1,7 @@
 #include "mps/frm_progress.h"
 
-#include <memory>
 #include <utility>
 
-#include "model/lp_model.h"
 #include "platform/box.h"
 #include "platform/desktop.h"
 
@@ -41,15 +39,16 @@ void frmProgress::OnLoad() {
 
 void frmProgress::OnActivate() {
   if (!StopRequested) cmdStop.set_caption("Stop");
-  if (model_ == nullptr) return;
+  if (!start_) return;
   starting_ = true;
-  model_->StartFileReding();
+  const auto start = start_;  // what it does may unload the window
+  start();
 }
 
 bool frmProgress::OnQueryUnload(platform::UnloadReason) { return StopRequested; }
 
 void frmProgress::OnUnload() {
-  model_ = nullptr;
+  start_ = nullptr;
   starting_ = false;
 }
 
@@ -59,12 +58,6 @@ void frmProgress::AskToStop() {
   if (answer != MsgBoxResult::kYes || !IsLoaded()) return;
   StopRequested = true;
   cmdStop.set_caption("Stopping...");
-}
-
-frmProgress& ProgressWindow(LPModel& model) {
-  std::unique_ptr<platform::Form>& slot = model.window(WindowSlot::kProgress);
-  if (!slot) slot = std::make_unique<frmProgress>(model.desktop());
-  return static_cast<frmProgress&>(*slot);
 }
 
 }  // namespace quarvel

@@ -1,26 +1,25 @@
 // The progress window of long operations: a caption with a percentage, a bar, and a Stop button.
 //
-// A read runs inside its modal showing: ReadMPSFile prepares a showing with SetModel, and being
-// activated starts the read, once. A simplification shows the same window, not modal and without
-// SetModel, so it starts nothing. The window closes only after StopRequested is set, which the long
+// A read runs inside its modal showing: it is prepared with StartWith, and being activated starts
+// the read, once. A simplification shows the same window, not modal and without StartWith, so it
+// starts nothing. The window closes only after StopRequested is set, which the long
 // operation does itself when it is done.
 #pragma once
 
-#include <cstdint>
+#include <functional>
+#include <utility>
 
 #include "platform/basic_controls.h"
 #include "platform/form.h"
 
 namespace quarvel {
 
-class LPModel;
-
 class frmProgress : public platform::Form {
  public:
   explicit frmProgress(platform::Desktop& desktop);
 
-  // The model that the next showing reads. Dropped when the window unloads.
-  void SetModel(LPModel* model) { model_ = model; }
+  // What the next showing does once it is activated. Dropped when the window unloads.
+  void StartWith(std::function<void()> start) { start_ = std::move(start); }
 
   // True once, for the read that this window's activation starts.
   bool TakeStart();
@@ -41,11 +40,8 @@ class frmProgress : public platform::Form {
  private:
   void AskToStop();
 
-  LPModel* model_ = nullptr;
+  std::function<void()> start_;
   bool starting_ = false;
 };
-
-// The progress window of that model, created on first use.
-frmProgress& ProgressWindow(LPModel& model);
 
 }  // namespace quarvel

@@ -1,6 +1,6 @@
 #include "mps/frm_set_default_bounds.h"
 
-#include "model/lp_model.h"
+#include "model/model_store.h"
 
 namespace quarvel {
 
@@ -36,7 +36,9 @@ void frmSetDefaultBounds::Choose(bool infinite) {
 void frmSetDefaultBounds::OnUnload() { Parent = nullptr; }
 
 void frmSetDefaultBounds::Accept() {
-  if (Parent != nullptr) Parent->SetDefaultToPlusMinusInfinity(optLimitToLimit.value());
+  if (Parent != nullptr) {
+    Parent->settings().DefaultToPlusMinusInfinity = optLimitToLimit.value();
+  }
   Unload();
 }
 

@@ -8,7 +8,7 @@
 
 namespace quarvel {
 
-class LPModel;
+class ModelStore;
 
 class frmSetDefaultBounds : public platform::Form {
  public:
@@ -17,8 +17,8 @@ class frmSetDefaultBounds : public platform::Form {
   // As a user who selects one of the two and presses OK. For a form that is shown.
   void Choose(bool infinite);
 
-  // The model that the dialog works on. Dropped when it unloads.
-  LPModel* Parent = nullptr;
+  // The store whose setting the dialog makes. Dropped when it unloads.
+  ModelStore* Parent = nullptr;
 
   platform::Label lblChoose;
   platform::OptionButton optZeroToLimit;   // lower bound 0

@@ -24,7 +24,7 @@ bool LineSource::NextBatch(Section section) {
   if (section == Section::kStart || !reader_) return false;
   used_ = 0;
   batch_.Fill(*reader_);
-  keys_.Make(batch_, section, data_);
+  keys_.Make(batch_, section, fill_);
   return batch_.size() > 0;
 }
 

@@ -12,7 +12,7 @@
 #include <string>
 #include <string_view>
 
-#include "model/model_data.h"
+#include "model/model_fill.h"
 #include "mps/line_batch.h"
 #include "mps/line_reader.h"
 #include "mps/section.h"
@@ -60,9 +60,9 @@ class SourceLine {
 
 class LineSource {
  public:
-  // `data`: the model whose names are prefetched; nothing else of it is touched. Must outlive the
+  // `fill`: the model whose names are prefetched; nothing else of it is touched. Must outlive the
   // source.
-  explicit LineSource(const ModelData& data) : data_(data) {}
+  explicit LineSource(const ModelFill& fill) : fill_(fill) {}
 
   // Raises what opening the file raises; there are no lines then.
   void Open(const std::string& path);
@@ -95,7 +95,7 @@ class LineSource {
   bool NextBatch(Section section);
   bool NextAlone();
 
-  const ModelData& data_;
+  const ModelFill& fill_;
   std::unique_ptr<LineReader> reader_;
   std::uint64_t file_size_ = 0;
   std::uint64_t characters_read_ = 0;

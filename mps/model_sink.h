@@ -1,5 +1,5 @@
 // Builds a model out of what the sections say: records in reserved room, elements in an arena, row
-// lists put off. Everything that a read changes in the stored fields line by line is changed here.
+// lists deferred. Everything that a read changes in the store line by line is changed here.
 //
 // Fast paths and the plain way that each must agree with:
 //   - the column of the line before is taken without looking (TakeUpColumn); looking for it by name
@@ -13,7 +13,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "model/model_data.h"
+#include "model/model_fill.h"
 #include "mps/line_source.h"
 
 namespace quarvel {
@@ -21,7 +21,7 @@ namespace quarvel {
 class ModelSink {
  public:
   // Both must outlive the sink. `source` tells how far the file has been read.
-  ModelSink(ModelData& data, const LineSource& source) : data_(data), source_(source) {}
+  ModelSink(ModelFill& fill, const LineSource& source) : fill_(fill), source_(source) {}
 
   // Drops exactly this much of the old model: its location and settings stay.
   void DropRecords();
@@ -30,16 +30,16 @@ class ModelSink {
   // true. Call after each box and whenever events ran.
   void AfterCallback();
 
-  void SetModelName(std::string_view name) { data_.ModelName = name; }
+  void SetModelName(std::string_view name) { fill_.settings().ModelName = name; }
   void AddDescription(std::string_view line);
   void BeginSection() { section_start_ = source_.bytes_read(); }
 
-  bool HasRows() const { return data_.NumberOfRows >= 1; }
-  bool HasColumns() const { return data_.NumberOfColumns >= 1; }
+  bool HasRows() const { return fill_.data().NumberOfRows >= 1; }
+  bool HasColumns() const { return fill_.data().NumberOfColumns >= 1; }
   std::int32_t FindRow(const SourceLine& line, std::size_t token) const;
   std::int32_t FindColumn(const SourceLine& line, std::size_t token) const;
-  RowRecord& Row(std::int32_t row) { return data_.Rows[row]; }
-  ColumnRecord& Column(std::int32_t column) { return data_.Columns[column]; }
+  RowLimits Row(std::int32_t row) { return fill_.Row(row); }
+  Bounds& Column(std::int32_t column) { return fill_.ColumnBounds(column); }
 
   // A row whose name no row has yet.
   void AddRow(const SourceLine& line, std::size_t token, RowType type);
@@ -58,16 +58,14 @@ class ModelSink {
   // The column of that line, whose name no column has yet.
   std::int32_t AddColumn(const SourceLine& line, ColumnType type);
   void AddElement(std::int32_t row, std::int32_t column, double value) {
-    data_.column_arena.Append(data_.Columns[column].Elements.store(), {row, value});
-    if (!data_.row_lists_pending) data_.Rows[row].Elements.Append({column, value});
-    ++data_.NumberOfElements;
+    fill_.AppendElement(row, column, value);
   }
 
  private:
   std::int32_t FindColumnToTakeUp(const SourceLine& line);
   std::int32_t ExpectedCount(std::int32_t count, std::size_t bytes_each) const;
 
-  ModelData& data_;
+  ModelFill& fill_;
   const LineSource& source_;
   std::uint64_t section_start_ = 0;    // bytes read when the section began
   std::int32_t last_column_ = 0;       // the column of the last data line of COLUMNS

@@ -1,14 +1,10 @@
-// ReadMPSFile: the file is chosen, the default bounds are chosen, and the read runs inside the
-// progress window.
+#include "mps/read_driver.h"
 
-#include <memory>
-
-#include "model/lp_model.h"
-#include "model/model_view.h"
 #include "mps/frm_mps_file_open.h"
 #include "mps/frm_progress.h"
 #include "mps/frm_set_default_bounds.h"
 #include "mps/read_run.h"
+#include "platform/automation_error.h"
 #include "platform/file_dialog.h"
 #include "platform/files.h"
 
@@ -25,66 +21,48 @@ std::uint64_t LengthForBar(const std::string& path) {
   }
 }
 
-void AskForDefaultBounds(LPModel& model) {
-  std::unique_ptr<platform::Form>& slot = model.window(WindowSlot::kDefaultBounds);
-  if (!slot) slot = std::make_unique<frmSetDefaultBounds>(model.desktop());
-  auto& dialog = static_cast<frmSetDefaultBounds&>(*slot);
-  dialog.Parent = &model;
+void AskForDefaultBounds(ModelStore& store, frmSetDefaultBounds& dialog) {
+  dialog.Parent = &store;
   dialog.Load();
   dialog.ShowModal();
 }
 
-// The model of a read, whose open viewer pauses until the model is complete.
-class ModelOfRead : public ReadHost {
- public:
-  explicit ModelOfRead(LPModel& model) : model_(model), pause_(model) {}
-
-  void DropModel() override { model_.ClearModel(); }
-  void SimplifyModel() override { model_.SimplifyMPSModel(); }
-  // A host may have set the flag without a window.
-  void ShowModel() override {
-    pause_.End();
-    ModelView* view = OpenView(model_);
-    if (model_.frmViewEquationsIsShowing() && view != nullptr) view->RefreshForm();
-  }
-
- private:
-  LPModel& model_;
-  ViewPause pause_;
-};
+ReadResult ResultOf(const ModelStore& store) {
+  return static_cast<ReadResult>(store.settings().ReadMPSFileErr);
+}
 
 }  // namespace
 
-std::int16_t LPModel::ReadMPSFile() {
-  // A read or simplification of this model is going on and its window can show one thing only:
-  // nothing is touched.
-  if (ProgressWindow(*this).IsShowing()) RaiseRunTimeError(RunTimeError::kFormAlreadyDisplayed);
+ReadResult ChooseAndRead(ModelStore& store, const ReadWindows& windows,
+                         const std::function<void()>& start) {
+  frmProgress& progress = windows.progress;
+  // A read or simplification of this model is going on and its window can show one thing only.
+  if (progress.IsShowing()) RaiseRunTimeError(RunTimeError::kFormAlreadyDisplayed);
   platform::FileDialog request;
   request.kind = platform::FileDialog::Kind::kOpen;
   request.title = "Identify the MPS file to open";
   request.filter = "MPS files (*.MPS)|*.MPS|all files (*.*)|*.*";
-  data_.strMPSFile.clear();
-  data_.strMPSFile = FileDialogHost(*this).Choose(request, data_.FileLocation);
-  data_.FileLocation = data_.strMPSFile;
-  if (data_.strMPSFile.empty()) return 1;
+  ModelSettings& settings = store.settings();
+  settings.strMPSFile.clear();
+  settings.strMPSFile = windows.file_open.Choose(request, settings.FileLocation);
+  settings.FileLocation = settings.strMPSFile;
+  if (settings.strMPSFile.empty()) return ReadResult::kNoFile;
 
-  AskForDefaultBounds(*this);
+  AskForDefaultBounds(store, windows.default_bounds);
 
-  frmProgress& progress = ProgressWindow(*this);
-  const std::uint64_t length = LengthForBar(data_.strMPSFile);
+  const std::uint64_t length = LengthForBar(settings.strMPSFile);
   progress.Load();
-  progress.SetModel(this);
+  progress.StartWith(start);
   progress.set_caption(kReadingCaption);
   progress.bar.set_range(0, static_cast<float>(length));
   progress.ShowModal();
-  return data_.ReadMPSFileErr;
+  return ResultOf(store);
 }
 
-std::int16_t LPModel::StartFileReding() {
-  frmProgress& progress = ProgressWindow(*this);
-  ModelOfRead owner(*this);
-  ReadRun(data_, desktop_, owner, progress.TakeStart() ? &progress : nullptr).Run();
-  return data_.ReadMPSFileErr;
+ReadResult ReadInto(ModelStore& store, platform::Desktop& desktop, ReadHost& host,
+                    frmProgress& window) {
+  ReadRun(store, desktop, host, window.TakeStart() ? &window : nullptr).Run();
+  return ResultOf(store);
 }
 
 }  // namespace quarvel

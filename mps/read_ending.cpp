@@ -10,16 +10,11 @@ void ReadEnding::Run() {
   if (IsDone()) questions_.Guarded([this] { CheckModel(); });
   if (IsDone()) questions_.Guarded([this] { Finish(); });
   if (questions_.state() == ReadState::kStopped) {
-    data_.ReadMPSFileErr = 0;
+    store_.settings().ReadMPSFileErr = 0;
     host_.DropModel();
     CloseWindow();
   }
   if (questions_.state() == ReadState::kFailed) EndAsFailed();
-}
-
-const ModelData& ReadEnding::Settled() {
-  if (!IsSettled(data_)) Settle(data_);
-  return data_;
 }
 
 void ReadEnding::Check(bool good, ReadProblemCode code) {
@@ -27,13 +22,13 @@ void ReadEnding::Check(bool good, ReadProblemCode code) {
 }
 
 void ReadEnding::CheckModel() {
-  Check(Settled().NumberOfRows >= 1, ReadProblemCode::kNoRows);
-  Check(data_.NumberOfColumns >= 1, ReadProblemCode::kNoColumns);
-  Check(data_.NumberOfElements >= 1, ReadProblemCode::kNoElements);
-  const bool empty_columns =
-      IsDone() && CheckRecords(data_.Columns, data_.NumberOfColumns, "column ",
-                               ReadProblemCode::kColumnBoundsReversed);
-  const bool empty_rows = IsDone() && CheckRecords(data_.Rows, data_.NumberOfRows, "row ",
+  const ModelData& data = store_.data();
+  Check(data.NumberOfRows >= 1, ReadProblemCode::kNoRows);
+  Check(data.NumberOfColumns >= 1, ReadProblemCode::kNoColumns);
+  Check(data.NumberOfElements >= 1, ReadProblemCode::kNoElements);
+  const bool empty_columns = IsDone() && CheckRecords(data.Columns, data.NumberOfColumns, "column ",
+                                                      ReadProblemCode::kColumnBoundsReversed);
+  const bool empty_rows = IsDone() && CheckRecords(data.Rows, data.NumberOfRows, "row ",
                                                    ReadProblemCode::kRowBoundsReversed);
   Check(!empty_columns && !empty_rows, ReadProblemCode::kEmptyItems);
 }
@@ -52,7 +47,7 @@ bool ReadEnding::CheckRecords(const Records& records, const std::int32_t& count,
     if (is_reversed && !questions_.GoesOnAfter({.code = reversed, .item = name})) break;
     if (is_empty && !AcceptsEmpty(what, name)) break;
     accepted_empty = accepted_empty || is_empty;
-    Settled();
+    store_.data();  // settles what a host has deferred
   }
   return accepted_empty;
 }
@@ -67,23 +62,14 @@ bool ReadEnding::AcceptsEmpty(std::string_view what, const std::string& name) {
                        .title = "LPModel: reading MPS file...",
                        .item = name});
   if (answer == platform::MsgBoxResult::kYes) return true;
-  data_.ReadMPSFileErr = 0;
+  store_.settings().ReadMPSFileErr = 0;
   desktop_.SetMousePointer(platform::MousePointer::kDefault);
   questions_.set_state(ReadState::kLeftOpen);
   return false;
 }
 
-void ReadEnding::DeriveRowTypes() {
-  const std::int32_t count = Settled().NumberOfRows;
-  for (std::int32_t r = 1; r <= count; ++r) {
-    RowRecord& row = data_.Rows[r];
-    row.Type = RowTypeOf(row.LowerBound, row.UpperBound);
-  }
-}
-
 void ReadEnding::Finish() {
-  DeriveRowTypes();
-  RebuildRowIndexes(data_);
+  store_.DeriveRowTypes();
   CloseWindow();
   questions_.Guarded([this] { OfferToSimplify(); });
   if (IsDone()) questions_.Guarded([this] { host_.ShowModel(); });
@@ -97,7 +83,7 @@ void ReadEnding::OfferToSimplify() {
 }
 
 void ReadEnding::EndAsFailed() {
-  data_.ReadMPSFileErr = 0;
+  store_.settings().ReadMPSFileErr = 0;
   desktop_.SetMousePointer(platform::MousePointer::kDefault);
   CloseWindow();
 }

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "model/model_data.h"
+#include "model/model_store.h"
 #include "mps/read_questions.h"
 
 namespace quarvel {
@@ -34,17 +34,15 @@ class ReadHost {
 class ReadEnding {
  public:
   // All must outlive the ending. `window`: the progress window, null for none.
-  ReadEnding(ModelData& data, platform::Desktop& desktop, ReadHost& host, frmProgress* window,
+  ReadEnding(ModelStore& store, platform::Desktop& desktop, ReadHost& host, frmProgress* window,
              ReadQuestions& questions)
-      : data_(data), desktop_(desktop), host_(host), window_(window), questions_(questions) {}
+      : store_(store), desktop_(desktop), host_(host), window_(window), questions_(questions) {}
 
   // Ends a read that is done, stopped or failed. Raises nothing that the model causes.
   void Run();
 
  private:
   bool IsDone() const { return questions_.state() == ReadState::kDone; }
-  // The model with nothing put off, for looking at.
-  const ModelData& Settled();
   void Check(bool good, ReadProblemCode code);
   void CheckModel();
   // Each record for bounds and elements; true when a record without elements was accepted.
@@ -52,13 +50,12 @@ class ReadEnding {
   bool CheckRecords(const Records& records, const std::int32_t& count, std::string_view what,
                     ReadProblemCode reversed);
   bool AcceptsEmpty(std::string_view what, const std::string& name);
-  void DeriveRowTypes();
   void Finish();
   void OfferToSimplify();
   void EndAsFailed();
   void CloseWindow();
 
-  ModelData& data_;
+  ModelStore& store_;
   platform::Desktop& desktop_;
   ReadHost& host_;
   frmProgress* window_;

@@ -13,21 +13,21 @@ constexpr std::int64_t kLinesBetweenEvents = 100;
 
 }  // namespace
 
-ReadRun::ReadRun(ModelData& data, platform::Desktop& desktop, ReadHost& host, frmProgress* window)
-    : data_(data),
+ReadRun::ReadRun(ModelStore& store, platform::Desktop& desktop, ReadHost& host, frmProgress* window)
+    : settings_(store.settings()),
       desktop_(desktop),
       window_(window),
-      source_(data),
-      sink_(data, source_),
+      source_(store.fill()),
+      sink_(store.fill(), source_),
       questions_(desktop, sink_),
       sections_(sink_, AskUser{questions_}),
-      ending_(data, desktop, host, window, questions_) {}
+      ending_(store, desktop, host, window, questions_) {}
 
 void ReadRun::Run() {
-  data_.ReadMPSFileErr = -1;
+  settings_.ReadMPSFileErr = -1;
   sink_.DropRecords();
   // Answered Yes, a file that cannot be opened is read as an empty one.
-  questions_.Guarded([this] { source_.Open(data_.strMPSFile); });
+  questions_.Guarded([this] { source_.Open(settings_.strMPSFile); });
   if (IsReading()) Begin();
   while (IsReading()) questions_.Guarded([this] { ReadLines(); });
   source_.Close();  // the file is free from here on, whatever the questions at the end lead to

@@ -9,7 +9,7 @@
 
 #include <string_view>
 
-#include "model/model_data.h"
+#include "model/model_store.h"
 #include "mps/line_source.h"
 #include "mps/model_sink.h"
 #include "mps/read_ending.h"
@@ -24,7 +24,7 @@ class ReadRun {
  public:
   // All must outlive the run. `window`: the progress window that this read reports to and takes
   // Stop from; null for none.
-  ReadRun(ModelData& data, platform::Desktop& desktop, ReadHost& host, frmProgress* window);
+  ReadRun(ModelStore& store, platform::Desktop& desktop, ReadHost& host, frmProgress* window);
 
   // Reads the file strMPSFile. Raises nothing that the file causes; the outcome is ReadMPSFileErr.
   void Run();
@@ -40,7 +40,7 @@ class ReadRun {
   void ReadLines();
   void ReportProgress();
 
-  ModelData& data_;
+  ModelSettings& settings_;
   platform::Desktop& desktop_;
   frmProgress* window_;
   LineSource source_;

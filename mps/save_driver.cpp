@@ -1,15 +1,11 @@
-// SaveMPSFile and SaveAsMPSFile: where the file goes, the backup while the model's own file is
-// overwritten, and what the user hears. What the file holds is the writer's (mps_writer.h).
+#include "mps/save_driver.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <new>
 #include <optional>
-#include <string>
 #include <string_view>
 #include <utility>
 
-#include "model/lp_model.h"
 #include "mps/frm_mps_file_open.h"
 #include "mps/mps_writer.h"
 #include "platform/automation_error.h"
@@ -20,10 +16,6 @@
 
 namespace quarvel {
 namespace {
-
-constexpr std::int16_t kSaved = -1;
-constexpr std::int16_t kCancelled = 0;
-constexpr std::int16_t kNotSaved = 1;
 
 constexpr std::string_view kNoElements = "No elements in the model.  Aborting save.";
 constexpr std::string_view kNotStandard =
@@ -84,52 +76,48 @@ std::optional<bool> WriteFile(const ModelData& data, const std::string& path) {
   return standard;
 }
 
-void Save(LPModel& model, const std::string& path, std::optional<Backup>& backup) {
-  const ModelData& data = std::as_const(model).data();
+void Save(ModelStore& store, platform::Desktop& desktop, const std::string& path,
+          std::optional<Backup>& backup) {
+  const ModelData& data = store.data();
   if (path == data.FileLocation) backup.emplace(path).Make();
   const std::optional<bool> standard = WriteFile(data, path);
   if (!standard) {
-    model.desktop().MsgBox(platform::Refusal(kNoElements));
+    desktop.MsgBox(platform::Refusal(kNoElements));
     return;
   }
-  if (!*standard) model.desktop().MsgBox(platform::Note(kNotStandard));
+  if (!*standard) desktop.MsgBox(platform::Note(kNotStandard));
   if (backup) backup->Delete();
-  model.raw_data().FileLocation = path;
+  store.settings().FileLocation = path;
 }
 
 }  // namespace
 
-std::int16_t LPModel::SaveMPSFile(const std::string& FileLoc) {
-  // A host that is called back from a box may change its own text.
-  const std::string path = FileLoc;  // NOLINT(performance-unnecessary-copy-initialization)
-  if (path.empty()) return kNotSaved;
+SaveResult SaveModel(ModelStore& store, platform::Desktop& desktop, const std::string& path) {
+  if (path.empty()) return SaveResult::kNotSaved;
   std::optional<Backup> backup;
   std::optional<AutomationError> failure;
   try {
-    Save(*this, path, backup);
+    Save(store, desktop, path, backup);
   } catch (const AutomationError& error) {
     failure = error;
   } catch (const std::bad_alloc&) {
     failure = CurrentError();
   }
-  if (!failure) return kSaved;
+  if (!failure) return SaveResult::kSaved;
   if (backup) backup->Restore();
-  desktop_.MsgBox(platform::Failure(*failure));
-  return kNotSaved;
+  desktop.MsgBox(platform::Failure(*failure));
+  return SaveResult::kNotSaved;
 }
 
-std::int16_t LPModel::SaveAsMPSFile() {
+std::string ChoosePathToSave(const ModelStore& store, frmMPSFileOpen& file_dialog) {
   platform::FileDialog request;
   request.kind = platform::FileDialog::Kind::kSave;
   request.title = "Save As...";
   request.filter = "MPS files (*.mps)|*.mps|all files (*.*)|*.*";
   request.default_extension = ".mps";
-  const std::string path = FileDialogHost(*this).Choose(request, data_.FileLocation);
-  if (path.empty()) {
-    desktop_.Beep();
-    return kCancelled;
-  }
-  return SaveMPSFile(path);
+  std::string path = file_dialog.Choose(request, store.settings().FileLocation);
+  if (path.empty()) file_dialog.desktop().Beep();
+  return path;
 }
 
 }  // namespace quarvel

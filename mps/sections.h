@@ -205,11 +205,11 @@ class Sections {
     }
   }
 
-  static constexpr auto ApplyRightHandSide = [](auto& row, double value) {
+  static constexpr auto ApplyRightHandSide = [](auto&& row, double value) {
     TraitsOf(row.Type).right_hand_side.Apply(row, value);
   };
 
-  static constexpr auto ApplyRange = [](auto& row, double range) {
+  static constexpr auto ApplyRange = [](auto&& row, double range) {
     switch (TraitsOf(row.Type).range) {
       case RangeEffect::kNothing:
         break;

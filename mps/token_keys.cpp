@@ -26,35 +26,35 @@ inline void BatchKeys::MakeKey(std::size_t line, const TokenList& tokens, std::s
   if (key.is_long()) long_names_[long_count_++] = {key, tokens[token].size(), nullptr};
 }
 
-void BatchKeys::Make(const LineBatch& batch, Section section, const ModelData& data) {
+void BatchKeys::Make(const LineBatch& batch, Section section, const ModelFill& fill) {
   long_count_ = 0;
   switch (section) {
     case Section::kStart:
       break;
     case Section::kColumns:
-      MakeColumnKeys(batch, data.column_names);
+      MakeColumnKeys(batch, fill.column_names());
       long_count_ = 0;  // most of these columns are new
-      MakeRowKeys(batch, data.row_names);
+      MakeRowKeys(batch, fill.row_names());
       break;
     case Section::kRows:
     case Section::kRhs:
     case Section::kRanges:
       for (std::size_t i = 0; i < batch.size(); ++i) keys_[i].Clear(false);
-      MakeRowKeys(batch, data.row_names);
+      MakeRowKeys(batch, fill.row_names());
       break;
     case Section::kBounds:
       for (std::size_t i = 0; i < batch.size(); ++i) {
         keys_[i].Clear(false);
         if (batch[i].tokens.count() >= kBoundedColumn) {
-          MakeKey(i, batch[i].tokens, kBoundedColumn, data.column_names);
+          MakeKey(i, batch[i].tokens, kBoundedColumn, fill.column_names());
         }
       }
       break;
   }
   if (section == Section::kBounds) {
-    PrefetchRecords(data.column_names, data.Columns);
+    PrefetchRecords(fill.column_names(), fill.data().Columns);
   } else {
-    PrefetchRecords(data.row_names, data.Rows);
+    PrefetchRecords(fill.row_names(), fill.data().Rows);
   }
 }
 

@@ -17,7 +17,7 @@
 #include <cstdint>
 #include <string>
 
-#include "model/model_data.h"
+#include "model/model_fill.h"
 #include "model/name_key.h"
 #include "mps/line_batch.h"
 #include "mps/section.h"
@@ -48,7 +48,7 @@ class TokenKeys {
 class BatchKeys {
  public:
   // Makes the keys of a batch that stands in that section and prefetches what they lead to.
-  void Make(const LineBatch& batch, Section section, const ModelData& data);
+  void Make(const LineBatch& batch, Section section, const ModelFill& fill);
 
   const TokenKeys& operator[](std::size_t line) const { return keys_[line]; }
 

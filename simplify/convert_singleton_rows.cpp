@@ -144,23 +144,22 @@ platform::Box ConflictBox(const ConflictQuestion& question, const std::string& n
 
 void Simplifier::ConvertSingletonRows() {
   steps_done_ -= steps_done_ % 2;
-  const std::int32_t limit = model_.NumberOfRows();
+  const std::int32_t limit = store_.NumberOfRows();
   for (std::int32_t i = 1; i <= limit; ++i) {
     if (StoppedAfterSteps(2, kInterval, kCaption)) return;
-    if (i > model_.NumberOfRows()) return;  // a host that was called back has deleted some
+    if (i > store_.NumberOfRows()) return;  // a host that was called back has deleted some
     const RowFate fate = ConvertRow(i);
     if (fate == RowFate::kPassEnded) return;
     if (fate == RowFate::kDeleted) --i;  // what has moved into this place comes next
-    if (i == model_.NumberOfRows()) return;
+    if (i == store_.NumberOfRows()) return;
   }
 }
 
 Simplifier::RowFate Simplifier::ConvertRow(std::int32_t i) {
-  const RowRecord& row = RowAt(i);
+  const RowRecord& row = store_.Row(i);
   if (row.ElementCount() != 1 || !HasRules(row.Type)) return RowFate::kKept;
   const ElementEntry& element = row.Elements[1];
-  // Numbers in lists are stored positions, whatever is pending.
-  const ColumnRecord& column = model_.raw_data().Columns[element.Index];
+  const Bounds& column = store_.ColumnBoundsAt(element);
   const RowTypeTraits& type = TraitsOf(row.Type);
   Implied implied = {0, 0, column.LowerBound, column.UpperBound};
   if (type.has_lower) implied.lower = Divide(row.LowerBound, element.Value);
@@ -168,7 +167,7 @@ Simplifier::RowFate Simplifier::ConvertRow(std::int32_t i) {
   const ConversionRule* rule = FindRule(row.Type, implied);
   if (rule == nullptr) return RowFate::kKept;
   if (rule->question != nullptr) return AskAboutRow(i, *rule, implied.lower, implied.upper);
-  Log(Around(rule->log_before_name, row.Name, rule->log_after_name));
+  log_.Append(Around(rule->log_before_name, row.Name, rule->log_after_name));
   changed_ = true;
   ConvertAndDelete(i, rule->taken_bounds, implied.lower, implied.upper);
   return RowFate::kDeleted;
@@ -177,26 +176,26 @@ Simplifier::RowFate Simplifier::ConvertRow(std::int32_t i) {
 Simplifier::RowFate Simplifier::AskAboutRow(std::int32_t i, const ConversionRule& rule,
                                             double lower, double upper) {
   const ConflictQuestion& question = *rule.question;
-  const std::int32_t count = model_.NumberOfRows();
-  std::string name = RowAt(i).Name;
-  const MsgBoxResult answer = model_.desktop().MsgBox(ConflictBox(question, name));
+  const std::int32_t count = store_.NumberOfRows();
+  std::string name = store_.Row(i).Name;
+  const MsgBoxResult answer = desktop_.MsgBox(ConflictBox(question, name));
   if (answer == MsgBoxResult::kCancel) {
-    Log(Around(question.aborted, name, ""));
+    log_.Append(Around(question.aborted, name, ""));
     changed_ = changed_ || question.cancel_changes;
     return RowFate::kPassEnded;
   }
   // When a host has deleted rows meanwhile and another one stands in this place, the answer was not
   // about that one: it is looked at anew. A row that only has another name is still the one that
   // was asked about.
-  if (i > model_.NumberOfRows()) return RowFate::kDeleted;
-  if (model_.NumberOfRows() != count && RowAt(i).Name != name) return RowFate::kDeleted;
-  name = RowAt(i).Name;
+  if (i > store_.NumberOfRows()) return RowFate::kDeleted;
+  if (store_.NumberOfRows() != count && store_.Row(i).Name != name) return RowFate::kDeleted;
+  name = store_.Row(i).Name;
   if (answer == MsgBoxResult::kYes) {
-    Log(Around(question.removed, name, ""));
+    log_.Append(Around(question.removed, name, ""));
     changed_ = changed_ || question.yes_changes;
-    model_.RemoveRow(i);
+    store_.RemoveRow(i);
   } else {
-    Log(Around(kConverted, name, question.converted_after_name));
+    log_.Append(Around(kConverted, name, question.converted_after_name));
     changed_ = true;
     ConvertAndDelete(i, kBoth, lower, upper);
   }
@@ -206,12 +205,12 @@ Simplifier::RowFate Simplifier::AskAboutRow(std::int32_t i, const ConversionRule
 void Simplifier::ConvertAndDelete(std::int32_t i, unsigned taken_bounds, double lower,
                                   double upper) {
   // A host may have taken the element out while it was asked.
-  if (RowAt(i).ElementCount() > 0) {
-    ColumnRecord& column = model_.raw_data().Columns[RowAt(i).Elements[1].Index];
+  if (store_.Row(i).ElementCount() > 0) {
+    Bounds& column = store_.ColumnBoundsAt(store_.Row(i).Elements[1]);
     if ((taken_bounds & kLower) != 0) column.LowerBound = lower;
     if ((taken_bounds & kUpper) != 0) column.UpperBound = upper;
   }
-  model_.RemoveRow(i);
+  store_.RemoveRow(i);
 }
 
 }  // namespace quarvel

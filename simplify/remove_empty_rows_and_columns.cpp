@@ -16,35 +16,35 @@ void Simplifier::RemoveEmptyRowsAndColumns() {
 }
 
 bool Simplifier::RemoveEmptyColumns() {
-  const std::int32_t limit = model_.NumberOfColumns();
+  const std::int32_t limit = store_.NumberOfColumns();
   for (std::int32_t j = 1; j <= limit; ++j) {
     if (StoppedAfterSteps(1, kInterval, kCaption)) return false;
-    if (j > model_.NumberOfColumns()) return true;  // a host that was called back has deleted some
-    const ColumnRecord& column = ColumnAt(j);
+    if (j > store_.NumberOfColumns()) return true;  // a host that was called back has deleted some
+    const ColumnRecord& column = store_.Column(j);
     if (column.ElementCount() == 0) {
-      Log("Removed empty column:  " + column.Name);
+      log_.Append("Removed empty column:  " + column.Name);
       changed_ = true;
-      model_.RemoveColumn(j);
+      store_.RemoveColumn(j, [this](const RowRecord& row) { log_.AppendEmptyRow(row); });
       --j;  // what has moved into this place comes next
     }
-    if (j == model_.NumberOfColumns()) return true;
+    if (j == store_.NumberOfColumns()) return true;
   }
   return true;
 }
 
 bool Simplifier::RemoveEmptyRows() {
-  const std::int32_t limit = model_.NumberOfRows();
+  const std::int32_t limit = store_.NumberOfRows();
   for (std::int32_t i = 1; i <= limit; ++i) {
     if (StoppedAfterSteps(1, kInterval, kCaption)) return false;
-    if (i > model_.NumberOfRows()) return true;
-    const RowRecord& row = RowAt(i);
+    if (i > store_.NumberOfRows()) return true;
+    const RowRecord& row = store_.Row(i);
     if (row.ElementCount() == 0) {
-      Log("Removed empty row:  " + TypeText(row.Type) + " " + row.Name);
+      log_.AppendEmptyRow(row);
       changed_ = true;
-      model_.RemoveRow(i);
+      store_.RemoveRow(i);
       --i;
     }
-    if (i == model_.NumberOfRows()) return true;
+    if (i == store_.NumberOfRows()) return true;
   }
   return true;
 }

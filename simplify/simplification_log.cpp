@@ -1,6 +1,6 @@
 #include "simplify/simplification_log.h"
 
-#include "platform/files.h"
+#include <utility>
 
 namespace quarvel {
 namespace {
@@ -37,6 +37,32 @@ std::string LogFileName(std::string_view file_location) {
 std::string LogHeading(std::string_view file_location) {
   if (file_location.empty()) return "Log file for simplifications of unsaved model";
   return "Log file for simplification of " + std::string(file_location);
+}
+
+void SimplificationLog::Open(const std::string& path) {
+  file_ = std::make_unique<platform::OutputFile>(path);
+  store_.settings().LogFileNumber = 1;
+}
+
+void SimplificationLog::Append(std::string_view line) {
+  if (!is_open()) return;
+  file_->Write(line);
+  file_->Write("\r\n");
+}
+
+void SimplificationLog::AppendEmptyRow(const RowRecord& row) {
+  if (is_open()) Append("Removed empty row:  " + TypeText(row.Type) + " " + row.Name);
+}
+
+void SimplificationLog::Close() {
+  store_.settings().LogFileNumber = 0;
+  const std::unique_ptr<platform::OutputFile> file = std::move(file_);
+  if (file) file->Close();
+}
+
+void SimplificationLog::Abandon() {
+  store_.settings().LogFileNumber = 0;
+  file_.reset();
 }
 
 }  // namespace quarvel

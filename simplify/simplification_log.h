@@ -1,10 +1,13 @@
-// Names and texts of the file that records what a simplification did: UTF-8 lines that end in CR
-// LF, the first of them naming the model, then one line for each row or column that was converted,
-// removed or decided on.
+// The file that records what a simplification did: UTF-8 lines that end in CR LF, the first of them
+// naming the model, then one line for each row or column that was converted, removed or decided on.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
+
+#include "model/model_store.h"
+#include "platform/files.h"
 
 namespace quarvel {
 
@@ -19,5 +22,28 @@ std::string LogFileName(std::string_view file_location);
 
 // Its first line, without the line end.
 std::string LogHeading(std::string_view file_location);
+
+// One model's log. It is open while settings().LogFileNumber of the store is not 0. What a host
+// does to the model during a simplification is logged too, and may close the log.
+class SimplificationLog {
+ public:
+  // The store outlives the log.
+  explicit SimplificationLog(ModelStore& store) : store_(store) {}
+
+  bool is_open() const { return store_.settings().LogFileNumber != 0; }
+  // Empties or makes the file. Raises what the system says.
+  void Open(const std::string& path);
+  // Adds a line; nothing while no log is open. Raises what the system says.
+  void Append(std::string_view line);
+  void AppendEmptyRow(const RowRecord& row);
+  // Raises what the system says of the file, which is closed all the same.
+  void Close();
+  // Closes ignoring failures; nothing while no log is open.
+  void Abandon();
+
+ private:
+  ModelStore& store_;
+  std::unique_ptr<platform::OutputFile> file_;
+};
 
 }  // namespace quarvel

@@ -2,14 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <memory>
-#include <utility>
 
-#include "model/model_view.h"
 #include "platform/box.h"
 #include "platform/desktop.h"
 #include "platform/files.h"
-#include "simplify/simplification_log.h"
 #include "text/picture.h"
 
 namespace quarvel {
@@ -25,8 +21,9 @@ constexpr std::string_view kLogQuestion =
 constexpr std::string_view kNothingDone = "No simplifications were made.";
 
 // The user's model must not be emptied for a log, whichever name it goes by.
-bool IsModelFile(const ModelData& data, const std::string& path) {
-  const std::array<const std::string*, 2> model_files = {&data.FileLocation, &data.strMPSFile};
+bool IsModelFile(const ModelSettings& settings, const std::string& path) {
+  const std::array<const std::string*, 2> model_files = {&settings.FileLocation,
+                                                         &settings.strMPSFile};
   return std::any_of(model_files.begin(), model_files.end(), [&path](const std::string* file) {
     return !file->empty() && (*file == path || platform::IsSameFile(*file, path));
   });
@@ -34,17 +31,20 @@ bool IsModelFile(const ModelData& data, const std::string& path) {
 
 }  // namespace
 
-void LPModel::SimplifyMPSModel() { Simplifier(*this).Run(); }
-
-Simplifier::Simplifier(LPModel& model) : model_(model), window_(ProgressWindow(model)) {}
+Simplifier::Simplifier(const SimplifyJob& job)
+    : store_(job.store),
+      desktop_(job.desktop),
+      view_(job.view),
+      log_(job.log),
+      window_(job.window) {}
 
 void Simplifier::Run() {
-  if (model_.raw_data().LogFileNumber != 0) RaiseRunTimeError(RunTimeError::kFileAlreadyOpen);
-  const ViewPause pause(model_);
+  if (log_.is_open()) RaiseRunTimeError(RunTimeError::kFileAlreadyOpen);
+  const ViewPause pause(view_);
   try {
     RunInWindow();
   } catch (...) {
-    if (owns_log_) model_.CloseLog();
+    if (owns_log_) log_.Abandon();
     window_.Finish();
     throw;
   }
@@ -63,50 +63,42 @@ void Simplifier::RunInWindow() {
 void Simplifier::ShowWindow() {
   window_.Load();
   window_.set_caption(kCaption);
-  steps_total_ = std::int64_t{3} * model_.NumberOfRows() + model_.NumberOfColumns();
+  steps_total_ = std::int64_t{3} * store_.NumberOfRows() + store_.NumberOfColumns();
   window_.bar.set_range(0, static_cast<float>(steps_total_));
   window_.Show();
 }
 
 void Simplifier::OpenLog() {
-  file_location_ = model_.FileLocation();
+  file_location_ = store_.settings().FileLocation;
   log_name_ = LogFileName(file_location_);
-  if (IsModelFile(model_.raw_data(), log_name_)) {
+  if (IsModelFile(store_.settings(), log_name_)) {
     RaiseRunTimeError(RunTimeError::kPathFileAccessError);
   }
-  model_.log_ = std::make_unique<platform::OutputFile>(log_name_);
-  model_.raw_data().LogFileNumber = 1;
+  log_.Open(log_name_);
   owns_log_ = true;
-  Log(LogHeading(file_location_));
+  log_.Append(LogHeading(file_location_));
 }
 
 void Simplifier::CloseLog() {
   owns_log_ = false;
-  model_.raw_data().LogFileNumber = 0;
-  const std::unique_ptr<platform::OutputFile> log = std::move(model_.log_);
-  if (log) log->Close();
-}
-
-void Simplifier::Log(std::string_view line) {
-  if (model_.raw_data().LogFileNumber != 0) model_.AppendToLog(line);
+  log_.Close();
 }
 
 void Simplifier::TellOutcome() {
   if (changed_) {
     OfferLog();
   } else {
-    model_.desktop().MsgBox(platform::Note(kNothingDone));
+    desktop_.MsgBox(platform::Note(kNothingDone));
     DeleteLog();
   }
 }
 
 void Simplifier::OfferLog() {
-  platform::Desktop& desktop = model_.desktop();
-  const MsgBoxResult answer = desktop.MsgBox(Question(platform::BoxKind::kOfferLog, kLogQuestion));
+  const MsgBoxResult answer = desktop_.MsgBox(Question(platform::BoxKind::kOfferLog, kLogQuestion));
   if (answer != MsgBoxResult::kYes) return;
-  if (desktop.OpenInEditor(log_name_)) return;
+  if (desktop_.OpenInEditor(log_name_)) return;
   // Also for a model without a file, whose log stands elsewhere.
-  desktop.MsgBox(
+  desktop_.MsgBox(
       platform::Refusal("Error loading log file in notepad.  The log file can be found at " +
                         BesideModel(file_location_)));
 }
@@ -115,7 +107,7 @@ void Simplifier::OfferLog() {
 // like every other failure of the log. A host may have saved the model under the log's name
 // meanwhile: that file stays.
 void Simplifier::DeleteLog() {
-  if (IsModelFile(model_.raw_data(), log_name_)) return;
+  if (IsModelFile(store_.settings(), log_name_)) return;
   try {
     platform::RemoveFile(log_name_);
   } catch (const AutomationError& error) {
@@ -132,27 +124,8 @@ bool Simplifier::StoppedAfterSteps(std::int64_t steps, std::int64_t interval,
   const double ratio =
       steps_total_ == 0 ? 0 : static_cast<double>(steps_done_) / static_cast<double>(steps_total_);
   window_.set_caption(std::string(caption) + text::PercentText(ratio) + ")");
-  model_.desktop().DoEvents();
+  desktop_.DoEvents();
   return window_.StopRequested;
-}
-
-// Pending removals of the other kind, which only a host that was called back leaves behind, make
-// the element counts of this kind stale.
-ModelData& Simplifier::Look(Kind kind) {
-  ModelData& data = model_.raw_data();
-  const bool other_kind = !data.removals.empty() && data.removals.kind() != kind;
-  if (other_kind || data.row_lists_pending) Settle(data);
-  return data;
-}
-
-RowRecord& Simplifier::RowAt(std::int32_t i) {
-  ModelData& data = Look(Kind::kRows);
-  return data.Rows[data.removals.Position(Kind::kRows, i)];
-}
-
-ColumnRecord& Simplifier::ColumnAt(std::int32_t j) {
-  ModelData& data = Look(Kind::kColumns);
-  return data.Columns[data.removals.Position(Kind::kColumns, j)];
 }
 
 }  // namespace quarvel

@@ -3,10 +3,9 @@
 //
 // Pass 1 turns rows of one element into bounds of their column, pass 2 removes empty columns and
 // then empty rows. Both delete while they walk, one record at a time, yet the whole run costs one
-// pass over the model for each kind of record: deletions stay pending, records are reached by their
-// stored position, and gaps are closed when anything else looks. Boxes and event points may call
-// back into the model, which closes the gaps, so nothing that depends on positions is kept across
-// them.
+// pass over the model for each kind of record: while only records of one kind are looked at, the store
+// defers closing the gaps. Boxes and event points may call back into the model, so no reference
+// into the store is kept across them.
 //
 // A failure closes the log, closes the window and is raised. What was changed before stays changed.
 #pragma once
@@ -15,22 +14,33 @@
 #include <string>
 #include <string_view>
 
-#include "model/lp_model.h"
+#include "model/model_store.h"
+#include "model/model_view.h"
 #include "mps/frm_progress.h"
+#include "platform/desktop.h"
+#include "simplify/simplification_log.h"
 
 namespace quarvel {
 
 struct ConversionRule;
 
+// What a simplification works on. Everything outlives it.
+struct SimplifyJob {
+  ModelStore& store;
+  platform::Desktop& desktop;
+  ViewLink& view;
+  SimplificationLog& log;
+  frmProgress& window;
+};
+
 class Simplifier {
  public:
-  explicit Simplifier(LPModel& model);
+  explicit Simplifier(const SimplifyJob& job);
 
   // Raises 55 when a simplification of this model is going on, before anything is touched.
   void Run();
 
  private:
-  using Kind = PendingRemovals::Kind;
   enum class RowFate { kKept, kDeleted, kPassEnded };
 
   // --- the driver (simplifier.cpp) ---
@@ -38,20 +48,12 @@ class Simplifier {
   void ShowWindow();
   void OpenLog();
   void CloseLog();
-  // Nothing after a host that was called back has closed the log by making a new model.
-  void Log(std::string_view line);
   void TellOutcome();
   void OfferLog();
   void DeleteLog();
   // Counts steps. At each multiple of `interval` shows the progress, lets events run and gives true
   // when the user has stopped.
   bool StoppedAfterSteps(std::int64_t steps, std::int64_t interval, std::string_view caption);
-  // The stored model, to be looked at by records of `kind`: only removals of that same kind may be
-  // pending.
-  ModelData& Look(Kind kind);
-  // Records by their current 1-based number.
-  RowRecord& RowAt(std::int32_t i);
-  ColumnRecord& ColumnAt(std::int32_t j);
 
   // --- pass 1 (convert_singleton_rows.cpp) ---
   void ConvertSingletonRows();
@@ -66,7 +68,10 @@ class Simplifier {
   bool RemoveEmptyColumns();
   bool RemoveEmptyRows();
 
-  LPModel& model_;
+  ModelStore& store_;
+  platform::Desktop& desktop_;
+  ViewLink& view_;
+  SimplificationLog& log_;  // closed by a host that makes a new model meanwhile
   frmProgress& window_;
   std::string file_location_;  // as it was when the log was opened
   std::string log_name_;

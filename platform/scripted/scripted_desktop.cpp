@@ -125,7 +125,13 @@ bool ScriptedDesktop::OpenInEditor(const std::string& path) {
   return editor_starts;
 }
 
+Form* ScriptedDesktop::LastShown(const std::string& name) const {
+  const auto found = last_shown_.find(name);
+  return found == last_shown_.end() ? nullptr : found->second;
+}
+
 std::unique_ptr<FormPeer> ScriptedDesktop::Draw(Form& form, bool modal) {
+  last_shown_[form.name()] = &form;
   return std::make_unique<ScriptedPeer>(*this, form, modal);
 }
 

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -54,6 +55,10 @@ class ScriptedDesktop : public Desktop {
   std::function<void(Form&)> on_idle;
   int idle_limit = 1000;
   bool editor_starts = true;
+
+  // The form of that name that was shown last, on the screen or not any more; null before. Only for
+  // as long as the form lives.
+  Form* LastShown(const std::string& name) const;
 
   // --- what happened ---
   // One line an event: "box 0 [Quarvel] text", "file open [title] filter -> path",
@@ -104,6 +109,7 @@ class ScriptedDesktop : public Desktop {
   std::string clipboard_;
   std::vector<std::string> editor_;
   std::vector<Form*> shown_;
+  std::map<std::string, Form*> last_shown_;
   std::int64_t event_count_ = 0;
   int beeps_ = 0;
 };

@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-#include "model/model_data.h"
+#include "model/stored_model.h"
 
 namespace quarvel {
 namespace {
@@ -30,12 +30,13 @@ struct Columns {
     ++data.NumberOfElements;
   }
 
-  ModelData data;
+  StoredModel model;
+  ModelData& data = model.data;
   std::vector<List> expected;
 };
 
 void ExpectFilled(Columns& columns) {
-  FillRowLists(columns.data);
+  FillRowLists(columns.model);
   for (std::int32_t r = 1; r <= columns.data.Rows.size(); ++r) {
     List list;
     for (const ElementEntry& entry : columns.data.Rows[r].Elements) {

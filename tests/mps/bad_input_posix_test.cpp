@@ -16,6 +16,7 @@
 #include "mps/frm_progress.h"
 #include "platform/files.h"
 #include "tests/mps/read_helpers.h"
+#include "tests/support/shown_form.h"
 
 namespace quarvel {
 namespace {
@@ -128,8 +129,8 @@ TEST(BadInputPosix, FromAPipeIsReadWithProgressOfNothing) {
   }
   Texts captions;
   session.desktop.on_events = [&](std::int64_t) {
-    captions.push_back(ProgressWindow(session.model).caption());
-    EXPECT_EQ(ProgressWindow(session.model).bar.max(), 0);
+    captions.push_back(ShownForm<frmProgress>(session.desktop).caption());
+    EXPECT_EQ(ShownForm<frmProgress>(session.desktop).bar.max(), 0);
   };
   EXPECT_EQ(session.ReadFile(path), -1);
   int status = -1;

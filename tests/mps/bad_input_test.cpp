@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include "model/model_check.h"
 #include "tests/mps/read_helpers.h"
 #include "tests/support/read_comparison.h"
 #include "tests/support/test_paths.h"
@@ -97,7 +98,7 @@ TEST(BadInput, OfNoiseEndsAtTheFirstNo) {
     EXPECT_EQ(session.Read(file), 0);
     EXPECT_EQ(session.desktop.boxes().size(), 1u);
     EXPECT_TRUE(session.desktop.shown().empty());
-    EXPECT_EQ(CheckModelData(session.model.data()), "");
+    EXPECT_EQ(CheckModelData(session.model.store()), "");
   }
 }
 

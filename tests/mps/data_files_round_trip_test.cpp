@@ -19,6 +19,7 @@
 
 #include <gtest/gtest.h>
 
+#include "model/model_check.h"
 #include "mps/tokens.h"
 #include "tests/mps/data_files.h"
 #include "tests/mps/read_helpers.h"
@@ -164,14 +165,14 @@ void ExpectToComeBack(ReadSession& first, const std::string& file) {
   ReadSession second;
   ASSERT_EQ(second.ReadFile(copy), -1) << file;
 
-  const ModelData& before = first.model.data();
-  const ModelData& again = second.model.data();
+  const ModelData& before = first.model.store().data();
+  const ModelData& again = second.model.store().data();
   EXPECT_EQ(again.ModelName, before.ModelName) << file;
   EXPECT_EQ(again.ModelDescription, WithoutBlankEnd(before.ModelDescription)) << file;
   EXPECT_EQ(again.NumberOfElements, before.NumberOfElements) << file;
   ExpectSameRows(before, again, file);
   ExpectSameColumns(before, again, file);
-  EXPECT_EQ(CheckModelData(again), "") << file;
+  EXPECT_EQ(CheckModelData(second.model.store()), "") << file;
   EXPECT_EQ(KindsOf(second.Problems()), QuestionsWhenReadAgain(before)) << file;
 }
 
@@ -198,7 +199,7 @@ TEST_F(SimplifiedDataFiles, ComeBackWhenReadAgain) {
       return box.style == platform::MsgBoxStyle::kYesNoCancelExclamation ? kNo : answer(box);
     };
     session.Read(ReadWholeFile(PathOf(file)));  // a copy: the log goes beside it
-    ASSERT_EQ(CheckModelData(session.model.data()), "") << file;
+    ASSERT_EQ(CheckModelData(session.model.store()), "") << file;
     ExpectToComeBack(session, file);
   }
   EXPECT_GT(simplified, 10);
@@ -206,12 +207,12 @@ TEST_F(SimplifiedDataFiles, ComeBackWhenReadAgain) {
 
 // The lines of a file, but for those in RHS and RANGES of rows that the model does not have.
 std::vector<std::string> LinesWithoutLeftOutRows(const std::string& written,
-                                                 const ModelData& data) {
+                                                 const ModelStore& store) {
   std::vector<std::string> lines;
   for (const testing::NaiveLine& line : testing::SplitIntoLines(written)) {
     const bool is_entry =
         line.text.starts_with("    RHS       ") || line.text.starts_with("    RANGE     ");
-    if (is_entry && FindRow(data, SplitLine(line.text).at(1)) == 0) continue;
+    if (is_entry && store.FindRow(SplitLine(line.text).at(1)) == 0) continue;
     lines.push_back(line.text);
   }
   return lines;
@@ -227,7 +228,7 @@ TEST_F(WrittenDataFiles, AreWrittenTheSameAgain) {
   for (const std::string& file : DataFiles()) {
     ReadSession session;
     session.ReadFile(PathOf(file));
-    const bool bounds_change_order = HasIntegerColumnsBeforeOthers(session.model.data());
+    const bool bounds_change_order = HasIntegerColumnsBeforeOthers(session.model.store().data());
     const std::string copy = session.folder.File("copy.mps");
     std::string texts[3];
     for (std::string& text : texts) {
@@ -235,8 +236,8 @@ TEST_F(WrittenDataFiles, AreWrittenTheSameAgain) {
       text = ReadWholeFile(copy);
       session.ReadFile(copy);
     }
-    std::vector<std::string> first = LinesWithoutLeftOutRows(texts[0], session.model.data());
-    std::vector<std::string> second = LinesWithoutLeftOutRows(texts[1], session.model.data());
+    std::vector<std::string> first = LinesWithoutLeftOutRows(texts[0], session.model.store());
+    std::vector<std::string> second = LinesWithoutLeftOutRows(texts[1], session.model.store());
     if (bounds_change_order) {
       std::sort(first.begin(), first.end());
       std::sort(second.begin(), second.end());

@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include "model/model_check.h"
 #include "tests/mps/read_helpers.h"
 #include "tests/support/read_comparison.h"
 #include "tests/support/real_models.h"
@@ -127,7 +128,7 @@ TEST_F(ReadDataFiles, HaveTheCountsOfAnIndependentReader) {
     const Published& file = name == kForplan.file ? kForplan : published;
     ReadSession session;
     session.ReadFile(PathOf(file.file));
-    const ModelData& data = session.model.data();
+    const ModelData& data = session.model.store().data();
     // Here the objective is a row and its coefficients are elements like any others.
     EXPECT_EQ(data.NumberOfRows, file.rows + 1) << name;
     EXPECT_EQ(data.NumberOfBindingRows, file.rows) << name;
@@ -140,7 +141,7 @@ TEST_F(ReadDataFiles, HaveTheCountsOfAnIndependentReader) {
     EXPECT_EQ(CountType(data.Columns, ColumnType::kInteger),
               name == "miplib/gesa2" ? 0 : file.integer)
         << name;
-    EXPECT_EQ(CheckModelData(data), "") << name;
+    EXPECT_EQ(CheckModelData(session.model.store()), "") << name;
   }
 }
 

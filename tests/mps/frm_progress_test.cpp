@@ -145,9 +145,9 @@ TEST(ReadProgress, ClosesBeforeTheOfferToSimplify) {
   EXPECT_EQ(session.desktop.boxes().size(), 1u);
 }
 
-TEST(ReadProgress, StartsNoReadWhenShownWithoutAModel) {
+TEST(ReadProgress, StartsNothingWhenShownWithNothingToStart) {
   ReadSession session;
-  frmProgress& window = Progress(session);
+  frmProgress window(session.desktop);
   window.Show();
   EXPECT_TRUE(window.IsShowing());
   EXPECT_TRUE(session.desktop.boxes().empty());

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "model/model_store.h"
 #include "tests/support/test_paths.h"
 
 namespace quarvel {
@@ -31,7 +32,7 @@ class LineSourceTest : public ::testing::Test {
 
   // All lines of a file, read as lines of that section. Before ROWS each line comes alone.
   std::vector<SeenLine> Lines(std::string_view text, Section section) {
-    LineSource source(names_);
+    LineSource source(store_.fill());
     Open(source, text);
     std::vector<SeenLine> lines;
     for (SourceLine& line = source.line(); source.Next(section);) {
@@ -56,7 +57,7 @@ class LineSourceTest : public ::testing::Test {
   }
 
   TemporaryFolder folder_;
-  ModelData names_;
+  ModelStore store_;  // of no names
   int goes_on_ = 0;
 };
 
@@ -84,7 +85,7 @@ TEST_F(LineSourceTest, GivesTheSameLinesInBatchesAsAlone) {
 }
 
 TEST_F(LineSourceTest, KeepsTheTextOfALineThatComesAloneUntilItIsSplit) {
-  LineSource source(names_);
+  LineSource source(store_.fill());
   Open(source, "* Some Words\n");
   ASSERT_TRUE(source.Next(Section::kStart));
   EXPECT_EQ(source.line().text(), "* Some Words");
@@ -94,7 +95,7 @@ TEST_F(LineSourceTest, KeepsTheTextOfALineThatComesAloneUntilItIsSplit) {
 }
 
 TEST_F(LineSourceTest, CountsLinesAndCharacters) {
-  LineSource source(names_);
+  LineSource source(store_.fill());
   Open(source, "ab\r\n\r\n\xC3\xA4 b");
   EXPECT_EQ(source.file_size(), 10u);
   while (source.Next(Section::kRows)) {
@@ -105,14 +106,14 @@ TEST_F(LineSourceTest, CountsLinesAndCharacters) {
 }
 
 TEST_F(LineSourceTest, HasNoLinesOfAFileThatCannotBeOpened) {
-  LineSource source(names_);
+  LineSource source(store_.fill());
   EXPECT_THROW(source.Open(folder_.File("none.mps")), AutomationError);
   EXPECT_FALSE(source.Next(Section::kStart));
   EXPECT_FALSE(source.Next(Section::kRows));
 }
 
 TEST_F(LineSourceTest, MarksATooLongLineAndNoneAfterIt) {
-  LineSource source(names_);
+  LineSource source(store_.fill());
   Open(source, std::string(LineReader::kLongestLine + 1, 'x') + "\n a b\n");
   ASSERT_TRUE(source.Next(Section::kRows));
   EXPECT_TRUE(source.line().too_long());

@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include "model/model_check.h"
 #include "platform/automation_error.h"
 #include "tests/mps/write_helpers.h"
+#include "tests/support/model_builder.h"
 
 namespace quarvel {
 namespace {
@@ -41,7 +43,7 @@ TEST_F(MpsText, HasEverySectionInOrder) {
       .Element("X4", "WINDOW", -4)
       .Element("X4", "COST", 0.5)
       .Element("X5", "BALANCE", -1);
-  EXPECT_EQ(CheckModelData(model.data()), "");
+  EXPECT_EQ(CheckModelData(model.store()), "");
   const WrittenModel written = Write();
   EXPECT_EQ(written.text, GoldenFile("every_section.mps"));
   EXPECT_TRUE(written.standard);
@@ -117,11 +119,7 @@ TEST_F(MpsText, IsWholeWhenItIsLongerThanAnyBuffer) {
   constexpr int kColumns = 20000;
   build.Row("R", 'N');
   for (int j = 0; j < kColumns; ++j) build.Column("C" + std::to_string(j));
-  for (int j = 0; j < kColumns; ++j) {
-    model.data().Columns[j + 1].Elements.Append({1, double(j)});
-    model.data().Rows[1].Elements.Append({j + 1, double(j)});
-  }
-  model.data().NumberOfElements = kColumns;
+  for (int j = 0; j < kColumns; ++j) model.store().AddElement(1, j + 1, j);
   const Lines lines = Write().Section("COLUMNS");
   ASSERT_EQ(lines.size(), static_cast<std::size_t>(kColumns));
   for (int j = 0; j < kColumns; ++j) {
@@ -135,7 +133,7 @@ TEST_F(MpsText, IsWholeWhenItIsLongerThanAnyBuffer) {
 
 TEST_F(MpsText, IsRefusedForACoefficientAtARowThatIsNotStored) {
   build.Row("R", 'N').Column("X").Element("X", "R", 1);
-  model.data().Columns[1].Elements[1].Index = 2;
+  ChangeFields(model, [&](ModelData& data) { data.Columns[1].Elements[1].Index = 2; });
   try {
     Write();
     FAIL() << "written";

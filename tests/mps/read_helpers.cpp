@@ -2,6 +2,7 @@
 
 #include "mps/frm_progress.h"
 #include "mps/frm_set_default_bounds.h"
+#include "tests/support/shown_form.h"
 
 namespace quarvel {
 
@@ -50,7 +51,7 @@ std::string ManyColumns(int columns) {
   return text + " X0 C 1\nENDATA\n";
 }
 
-frmProgress& Progress(ReadSession& session) { return ProgressWindow(session.model); }
+frmProgress& Progress(ReadSession& session) { return ShownForm<frmProgress>(session.desktop); }
 
 std::string Question(std::string_view description) {
   return std::string(description) + "\r\nWould you like to continue reading this MPS file?";

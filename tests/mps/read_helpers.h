@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "model/lp_model.h"
+#include "component/lp_model.h"
 #include "platform/scripted/scripted_desktop.h"
 #include "tests/support/test_paths.h"
 

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "model/model_check.h"
 #include "tests/mps/read_helpers.h"
 
 namespace quarvel {
@@ -37,7 +38,7 @@ TEST(MpsReader, ReadsRowsColumnsAndElementsInBothLists) {
   EXPECT_EQ(model.RowElementValue(3, 1), -1.5);
   EXPECT_EQ(model.ColElementrow(0, 2), 2);
   EXPECT_EQ(model.ColElementvalue(0, 2), 1);
-  EXPECT_EQ(CheckModelData(model.data()), "");
+  EXPECT_EQ(CheckModelData(model.store()), "");
 }
 
 TEST(MpsReader, GivesEachRowTypeItsBounds) {
@@ -191,7 +192,7 @@ TEST(MpsReader, AddsToAColumnThatIsTakenUpAgain) {
   EXPECT_EQ(model.RowElementValue(0, 0), 1);
   EXPECT_EQ(model.RowElementValue(0, 1), 2);
   EXPECT_EQ(model.RowElementValue(0, 2), 4);
-  EXPECT_EQ(CheckModelData(model.data()), "");
+  EXPECT_EQ(CheckModelData(model.store()), "");
 }
 
 TEST(MpsReader, KeepsARepeatedPairAsASecondElement) {

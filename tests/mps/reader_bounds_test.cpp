@@ -54,7 +54,7 @@ TEST(MpsReader, AppliesRangesByRowTypeAndSign) {
     ReadSession session;
     session.Read(kRowOfEachType + "RHS\n S " + std::string(c.row) + " " + std::to_string(c.rhs) +
                  "\nRANGES\n S " + c.row + " " + std::to_string(c.range) + "\nENDATA\n");
-    const std::int32_t i = FindRow(session.model.data(), c.row) - 1;
+    const std::int32_t i = session.model.store().FindRow(c.row) - 1;
     EXPECT_EQ(session.model.RowLowerBound(i), c.lower) << c.row << c.range;
     EXPECT_EQ(session.model.RowUpperBound(i), c.upper) << c.row << c.range;
     EXPECT_EQ(session.model.RowType(i), c.type) << c.row << c.range;

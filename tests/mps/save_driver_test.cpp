@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "model/model_check.h"
 #include "platform/file_dialog.h"
 #include "platform/files.h"
 #include "tests/mps/saving.h"
@@ -40,7 +41,7 @@ TEST_F(Saving, LeavesTheModelAsItIs) {
   model.SaveMPSFile(path);
   EXPECT_EQ(model.NumberOfRows(), 2);
   EXPECT_EQ(model.NumberOfColumns(), 2);
-  EXPECT_EQ(CheckModelData(model.data()), "");
+  EXPECT_EQ(CheckModelData(model.store()), "");
 }
 
 TEST_F(Saving, DoesNothingWithoutAPath) {

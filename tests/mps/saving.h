@@ -11,6 +11,7 @@
 
 #include "platform/automation_error.h"
 #include "tests/mps/write_helpers.h"
+#include "tests/support/model_builder.h"
 #include "tests/support/test_paths.h"
 
 namespace quarvel {
@@ -43,7 +44,9 @@ class Saving : public ::testing::Test, protected HandMadeModel {
     build.Location(name);
   }
   // A save fails in the middle: a coefficient stands at a row that is not there.
-  void BreakModel() { model.data().Columns[1].Elements[1].Index = 99; }
+  void BreakModel() {
+    ChangeFields(model, [](ModelData& data) { data.Columns[1].Elements[1].Index = 99; });
+  }
   void MakeFolder(const std::string& name) {
     ASSERT_TRUE(std::filesystem::create_directory(ToPath(name)));
   }

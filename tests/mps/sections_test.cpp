@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "model/model_store.h"
 #include "tests/support/test_paths.h"
 #include "text/numbers.h"
 
@@ -77,8 +78,8 @@ class SectionsTest : public ::testing::Test {
 
   Events Read(std::string_view text) {
     WriteWholeFile(folder_.File("lines.mps"), text);
-    const ModelData no_names;
-    LineSource source(no_names);
+    ModelStore no_names;
+    LineSource source(no_names.fill());
     source.Open(folder_.File("lines.mps"));
     const auto ask = [this](const ReadProblem& problem) { return Ask(problem); };
     Sections<NotedSink, decltype(ask)> sections(sink_, ask);

@@ -27,7 +27,7 @@ WrittenModel HandMadeModel::Write() const {
   const TemporaryFolder folder;
   const std::string path = folder.File("written.mps");
   platform::OutputFile file(path);
-  MpsWriter writer(model.data(), file);
+  MpsWriter writer(model.store().data(), file);
   writer.Write();
   file.Close();
   return {ReadWholeFile(path), writer.standard()};

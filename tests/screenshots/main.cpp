@@ -13,8 +13,8 @@
 #include <string>
 #include <utility>
 
+#include "component/lp_model.h"
 #include "hosts/opening_desktop.h"
-#include "model/lp_model.h"
 #include "mps/frm_progress.h"
 #include "platform/qt/qt_desktop.h"
 #include "tests/qt/user.h"

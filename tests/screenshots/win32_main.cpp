@@ -5,9 +5,9 @@
 #include <string>
 #include <utility>
 
+#include "component/lp_model.h"
 #include "hosts/opening_desktop.h"
 #include "hosts/viewer_desktop.h"
-#include "model/lp_model.h"
 #include "mps/frm_progress.h"
 #include "platform/win32/control_window.h"
 #include "platform/win32/wide_text.h"

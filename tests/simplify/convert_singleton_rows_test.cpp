@@ -272,8 +272,8 @@ TEST(ConvertSingletonRows, TheOnlyRowCanGo) {
   session.Build().Row("R", 'G', 1).Column("X").Element("X", "R", 1);
   session.Simplify();
   EXPECT_EQ(session.model.NumberOfRows(), 0);
-  EXPECT_TRUE(session.model.data().Rows.empty());
-  EXPECT_TRUE(session.model.data().Columns.empty());
+  EXPECT_TRUE(session.model.store().data().Rows.empty());
+  EXPECT_TRUE(session.model.store().data().Columns.empty());
   EXPECT_EQ(session.model.NumberOfElements(), 0);
   EXPECT_EQ(session.LogLines(),
             (Lines{"Converted row R into variable bound", "Removed empty column:  X"}));

@@ -71,9 +71,9 @@ TEST(RemoveEmpty, TakesAModelThatIsAllEmpty) {
   session.Simplify();
   EXPECT_EQ(session.model.NumberOfRows(), 0);
   EXPECT_EQ(session.model.NumberOfColumns(), 0);
-  EXPECT_TRUE(session.model.data().Rows.empty());
-  EXPECT_TRUE(session.model.data().Columns.empty());
-  EXPECT_TRUE(session.model.data().BindingRows.empty());
+  EXPECT_TRUE(session.model.store().data().Rows.empty());
+  EXPECT_TRUE(session.model.store().data().Columns.empty());
+  EXPECT_TRUE(session.model.store().data().BindingRows.empty());
   EXPECT_EQ(session.LogLines(), (Lines{"Removed empty column:  X", "Removed empty column:  Y",
                                        "Removed empty row:  N A", "Removed empty row:  L B"}));
 }
@@ -106,10 +106,10 @@ TEST(RemoveEmpty, KeepsTheObjectiveThatHasElements) {
 TEST(RemoveEmpty, LeavesTheHiddenRecordsOfANewModelAlone) {
   SimplifySession session;
   session.model.MakeNewModel();
-  session.model.data().FileLocation = session.folder.File("model.mps");
+  session.model.store().settings().FileLocation = session.folder.File("model.mps");
   session.Simplify();
-  EXPECT_EQ(session.model.data().Rows.size(), 1);
-  EXPECT_EQ(session.model.data().Columns.size(), 1);
+  EXPECT_EQ(session.model.store().data().Rows.size(), 1);
+  EXPECT_EQ(session.model.store().data().Columns.size(), 1);
   EXPECT_EQ(session.nothing_done_boxes(), 1);
 }
 

@@ -11,6 +11,7 @@
 
 #include "platform/files.h"
 #include "tests/simplify/simplify_helpers.h"
+#include "tests/support/shown_form.h"
 
 namespace quarvel {
 namespace {
@@ -108,7 +109,7 @@ TEST(Simplifier, ClosesTheLogBeforeItAsks) {
   int asked = 0;
   session.on_shown = [&](const ShownBox&) {
     ++asked;
-    EXPECT_EQ(session.model.raw_data().LogFileNumber, 0);
+    EXPECT_EQ(session.model.store().settings().LogFileNumber, 0);
     EXPECT_EQ(session.desktop.shown().size(), 1u);  // the window waits for the answer
   };
   session.Simplify();
@@ -119,7 +120,7 @@ TEST(Simplifier, OpensTheLogUnderANumberOfItsOwn) {
   SimplifySession session;
   BuildRows(session, 50);
   session.desktop.on_events = [&](std::int64_t) {
-    EXPECT_EQ(session.model.raw_data().LogFileNumber, 1);
+    EXPECT_EQ(session.model.store().settings().LogFileNumber, 1);
   };
   session.Simplify();
   EXPECT_EQ(session.desktop.event_count(), 1);
@@ -170,7 +171,7 @@ TEST(Simplifier, PreparesTheWindowBeforeItIsShown) {
   int asked = 0;
   session.on_shown = [&](const ShownBox&) {
     ++asked;
-    frmProgress& window = ProgressWindow(session.model);
+    frmProgress& window = ShownForm<frmProgress>(session.desktop);
     EXPECT_EQ(window.caption(), "Progress: Simplifying MPS Model");
     EXPECT_EQ(window.bar.min(), 0);
     EXPECT_EQ(window.bar.max(), 3 * 2 + 3);  // before the row and the column went
@@ -255,8 +256,8 @@ TEST(Simplifier, TheWindowCannotBeClosedWhileItWorks) {
   SimplifySession session;
   BuildRows(session, 50);
   session.desktop.on_events = [&](std::int64_t) {
-    ProgressWindow(session.model).RequestClose();
-    EXPECT_TRUE(ProgressWindow(session.model).IsShowing());
+    ShownForm<frmProgress>(session.desktop).RequestClose();
+    EXPECT_TRUE(ShownForm<frmProgress>(session.desktop).IsShowing());
   };
   session.Simplify();
   EXPECT_EQ(session.desktop.event_count(), 1);

@@ -5,8 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include "model/model_check.h"
 #include "platform/files.h"
 #include "tests/simplify/simplify_helpers.h"
+#include "tests/support/shown_form.h"
 
 namespace quarvel {
 namespace {
@@ -54,7 +56,7 @@ TEST(SimplifyCallbacks, SeeTheModelAsItIsAtThatPoint) {
     EXPECT_EQ(session.model.NumBindingRows(), 12);
     EXPECT_EQ(session.model.BindingRowIndex(11), 12);
     EXPECT_EQ(session.model.ColUpperBound(0), 1000 - 48);
-    EXPECT_EQ(CheckModelData(session.model.data()), "");
+    EXPECT_EQ(CheckModelData(session.model.store()), "");
   };
   session.Simplify();
   EXPECT_EQ(session.desktop.event_count(), 1);
@@ -175,8 +177,8 @@ TEST(SimplifyCallbacks, ASecondSimplificationIsRefusedWhileOneRuns) {
     } catch (const AutomationError& error) {
       number = error.number();
     }
-    EXPECT_TRUE(ProgressWindow(session.model).IsShowing());
-    EXPECT_FALSE(ProgressWindow(session.model).StopRequested);
+    EXPECT_TRUE(ShownForm<frmProgress>(session.desktop).IsShowing());
+    EXPECT_FALSE(ShownForm<frmProgress>(session.desktop).StopRequested);
   };
   session.Simplify();
   EXPECT_EQ(number, 55);

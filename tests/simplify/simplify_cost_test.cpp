@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "model/model_check.h"
 #include "tests/simplify/simplify_helpers.h"
 
 namespace quarvel {
@@ -13,12 +14,11 @@ namespace {
 
 void BuildBulk(SimplifySession& session, int size) {
   session.Build().Row("OBJ", 'N').Column("X").Element("X", "OBJ", 1);
-  ModelData& data = session.model.data();
   for (int i = 0; i < size; ++i) {
     session.Build().Column("EMPTY" + std::to_string(i)).Column("C" + std::to_string(i));
     session.Build().Row("S" + std::to_string(i), 'L', 5);
-    const std::int32_t row = data.NumberOfRows;
-    const std::int32_t column = data.NumberOfColumns;
+    const std::int32_t row = session.model.NumberOfRows();
+    const std::int32_t column = session.model.NumberOfColumns();
     session.model.AddElement(row - 1, column - 1, 1);
     session.model.AddElement(0, column - 1, 1);  // keeps the column
   }
@@ -34,7 +34,7 @@ double SecondsToSimplify(int size) {
   EXPECT_EQ(session.model.NumberOfColumns(), size + 1);
   EXPECT_EQ(session.model.ColUpperBound(size), 5);
   EXPECT_EQ(session.LogLines().size(), 2u * static_cast<unsigned>(size));
-  EXPECT_EQ(CheckModelData(session.model.data()), "");
+  EXPECT_EQ(CheckModelData(session.model.store()), "");
   return taken.count();
 }
 

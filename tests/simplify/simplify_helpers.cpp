@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include "model/model_check.h"
 #include "platform/files.h"
+#include "tests/support/shown_form.h"
 
 namespace quarvel {
 
@@ -12,7 +14,7 @@ using platform::MsgBoxResult;
 using platform::ShownBox;
 
 SimplifySession::SimplifySession() {
-  model.data().FileLocation = folder.File("model.mps");
+  model.store().settings().FileLocation = folder.File("model.mps");
   desktop.on_box = [this](const ShownBox& box) { return Answer(box); };
 }
 
@@ -33,10 +35,10 @@ MsgBoxResult SimplifySession::Answer(const ShownBox& box) {
 
 void SimplifySession::CheckAfterwards() {
   EXPECT_TRUE(desktop.shown().empty());
-  EXPECT_TRUE(ProgressWindow(model).StopRequested);
-  EXPECT_FALSE(ProgressWindow(model).IsLoaded());
-  EXPECT_EQ(model.data().LogFileNumber, 0);
-  EXPECT_EQ(CheckModelData(model.data()), "");
+  EXPECT_TRUE(ShownForm<frmProgress>(desktop).StopRequested);
+  EXPECT_FALSE(ShownForm<frmProgress>(desktop).IsLoaded());
+  EXPECT_EQ(model.store().settings().LogFileNumber, 0);
+  EXPECT_EQ(CheckModelData(model.store()), "");
 }
 
 void SimplifySession::Simplify() {
@@ -88,6 +90,6 @@ std::vector<std::string> SimplifySession::Captions() const {
   return captions;
 }
 
-void SimplifySession::PressStop() { ProgressWindow(model).cmdStop.Click(); }
+void SimplifySession::PressStop() { ShownForm<frmProgress>(desktop).cmdStop.Click(); }
 
 }  // namespace quarvel

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "model/lp_model.h"
+#include "component/lp_model.h"
 #include "mps/frm_progress.h"
 #include "platform/scripted/scripted_desktop.h"
 #include "tests/support/model_builder.h"

@@ -11,6 +11,7 @@
 #include "platform/files.h"
 #include "tests/simplify/simplify_helpers.h"
 #include "tests/support/edit_operations.h"
+#include "tests/support/model_builder.h"
 #include "tests/support/naive_simplify.h"
 
 namespace quarvel {
@@ -149,13 +150,13 @@ class Comparison {
     naive_ = RandomModel(dice_);
     naive_.ModelName = "MODEL";
     naive_.FileLocation = session_.folder.File("model.mps");
-    Fill(session_.model.data(), naive_);
+    ChangeFields(session_.model, [&](ModelData& data) { Fill(data, naive_); });
     const Plan plan = RandomPlan(dice_);
     RunNaive(plan);
     RunComponent(plan);
     EXPECT_EQ(failure_, naive_failure_);
     EXPECT_EQ(session_.desktop.transcript(), naive_run_.transcript);
-    EXPECT_EQ(Dump(session_.model.data()), Dump(naive_));
+    EXPECT_EQ(Dump(session_.model.store().data()), Dump(naive_));
     EXPECT_EQ(platform::FileExists(session_.log_name), naive_run_.log_kept);
     if (naive_run_.log_kept) {
       EXPECT_EQ(ReadWholeFile(session_.log_name), ExpectedLog());
@@ -206,7 +207,7 @@ class Comparison {
   void VisitComponent() {
     const Visit& visit = visits_[++moment_];
     if (visit.looks) {
-      EXPECT_EQ(Dump(session_.model.data()), visit.seen);
+      EXPECT_EQ(Dump(session_.model.store().data()), visit.seen);
     }
     for (std::size_t i = 0; i < visit.operations.size(); ++i) {
       const EditOperation& operation = visit.operations[i];

@@ -21,7 +21,7 @@ struct Case {
 };
 
 const Case kCases[] = {
-    {"mps/a.cpp", "#include \"model/lp_model.h\"", true},
+    {"mps/a.cpp", "#include \"model/model_store.h\"", true},
     {"mps/a.cpp", "#include \"mps/b.h\"", true},
     {"model/a.cpp", "#include \"mps/b.h\"", false},
     {"text/a.cpp", "#include \"platform/files.h\"", false},

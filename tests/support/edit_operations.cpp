@@ -209,13 +209,16 @@ EditOperation ChooseAddition(const Choice& choose) {
   return Make("AddColumn(\"" + name + "\")", [name](auto& m) { return m.AddColumn(name); });
 }
 
+void Clear(LPModel& model) { model.store().Clear(); }
+void Clear(NaiveModel& model) { model.ClearModel(); }
+
 EditOperation ChooseRest(const Choice& choose, const EditStyle& style) {
   const std::uint32_t kind = choose(12);
   if (kind == 0 && style.new_models) {
     return Make("MakeNewModel()", [](auto& m) { m.MakeNewModel(); });
   }
   if (kind == 1 && style.new_models) {
-    return Make("ClearModel()", [](auto& m) { m.ClearModel(); });
+    return Make("ClearModel()", [](auto& m) { Clear(m); });
   }
   const bool value = kind % 2 == 0;
   return Make(
@@ -344,11 +347,11 @@ EditOperation ChooseOperation(const Choice& choose, const NaiveModel& model,
 
 std::string EditComparison::CompareCounts() {
   std::string faults;
-  const ModelData& data = model_.raw_data();
-  Compare(faults, "NumberOfRows", data.NumberOfRows, naive_.NumberOfRows);
-  Compare(faults, "NumberOfColumns", data.NumberOfColumns, naive_.NumberOfColumns);
-  Compare(faults, "NumberOfElements", data.NumberOfElements, naive_.NumberOfElements);
-  Compare(faults, "LongNameWarningShown", data.LongNameWarningShown, naive_.LongNameWarningShown);
+  Compare(faults, "NumberOfRows", model_.NumberOfRows(), naive_.NumberOfRows);
+  Compare(faults, "NumberOfColumns", model_.NumberOfColumns(), naive_.NumberOfColumns);
+  Compare(faults, "NumberOfElements", model_.NumberOfElements(), naive_.NumberOfElements);
+  Compare(faults, "LongNameWarningShown", model_.store().settings().LongNameWarningShown,
+          naive_.LongNameWarningShown);
   return faults;
 }
 
@@ -373,7 +376,7 @@ std::string EditComparison::Apply(const EditOperation& operation) {
 
 std::string EditComparison::CompareState() {
   std::string faults;
-  const ModelData& data = std::as_const(model_).data();
+  const ModelData& data = model_.store().data();
   Compare(faults, "ModelName", data.ModelName, naive_.ModelName);
   Compare(faults, "ModelDescription", data.ModelDescription, naive_.ModelDescription);
   Compare(faults, "FileLocation", data.FileLocation, naive_.FileLocation);
@@ -388,9 +391,9 @@ std::string EditComparison::CompareState() {
   CompareNumbers(faults, "NonBindingRows", data.NonBindingRows, naive_.NonBindingRows);
   if (!faults.empty()) return faults;
   CompareNames(faults, "row", naive_.Rows, naive_.NumberOfRows,
-               [&data](const std::string& name) { return FindRow(data, name); });
+               [this](const std::string& name) { return model_.store().FindRow(name); });
   CompareNames(faults, "column", naive_.Columns, naive_.NumberOfColumns,
-               [&data](const std::string& name) { return FindColumn(data, name); });
+               [this](const std::string& name) { return model_.store().FindColumn(name); });
   return faults.empty() ? CompareCounts() : faults;
 }
 

@@ -6,7 +6,7 @@
 #include <functional>
 #include <string>
 
-#include "model/lp_model.h"
+#include "component/lp_model.h"
 #include "platform/scripted/scripted_desktop.h"
 #include "tests/support/naive_model.h"
 

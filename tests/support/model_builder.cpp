@@ -17,24 +17,30 @@ Type TypeOfLetter(char letter, Type (*find)(std::string_view)) {
 
 }  // namespace
 
-ModelBuilder::ModelBuilder(LPModel& model) : model_(model) {
-  ModelData& data = model_.data();
-  data.Rows.Resize(data.NumberOfRows);
-  data.Columns.Resize(data.NumberOfColumns);
+ModelBuilder::ModelBuilder(LPModel& model) : store_(model.store()) {
+  const ModelData& stored = store_.data();
+  if (stored.Rows.size() == stored.NumberOfRows &&
+      stored.Columns.size() == stored.NumberOfColumns) {
+    return;
+  }
+  ChangeFields(model, [](ModelData& data) {
+    data.Rows.Resize(data.NumberOfRows);
+    data.Columns.Resize(data.NumberOfColumns);
+  });
 }
 
 ModelBuilder& ModelBuilder::Name(std::string_view name) {
-  model_.data().ModelName = name;
+  store_.settings().ModelName = name;
   return *this;
 }
 
 ModelBuilder& ModelBuilder::Description(std::string_view description) {
-  model_.data().ModelDescription = description;
+  store_.settings().ModelDescription = description;
   return *this;
 }
 
 ModelBuilder& ModelBuilder::Location(std::string_view path) {
-  model_.data().FileLocation = path;
+  store_.settings().FileLocation = path;
   return *this;
 }
 
@@ -56,47 +62,25 @@ ModelBuilder& ModelBuilder::Row(std::string_view name, char type, double right_h
 
 ModelBuilder& ModelBuilder::RowWithin(std::string_view name, char type, double lower,
                                       double upper) {
-  ModelData& data = model_.data();
-  RowRecord row;
-  row.Name = name;
-  row.Type = TypeOfLetter(type, RowTypeOf);
-  row.LowerBound = lower;
-  row.UpperBound = upper;
-  data.Rows.Append(std::move(row));
-  const std::int32_t number = ++data.NumberOfRows;
-  data.row_names.MarkStale();
-  if (type == 'N') {
-    ++data.NumberOfNonBindingRows;
-    data.NonBindingRows.Append(number);
-  } else {
-    ++data.NumberOfBindingRows;
-    data.BindingRows.Append(number);
-  }
+  const std::int32_t r = store_.AddRow(NameKey::Of(name), name);
+  store_.RowBounds(r) = {lower, upper};
+  store_.SetRowType(r, TypeOfLetter(type, RowTypeOf));
   return *this;
 }
 
 ModelBuilder& ModelBuilder::Column(std::string_view name, double lower, double upper, char type) {
-  ModelData& data = model_.data();
-  ColumnRecord column;
-  column.Name = name;
-  column.Type = TypeOfLetter(type, ColumnTypeOf);
-  column.LowerBound = lower;
-  column.UpperBound = upper;
-  data.Columns.Append(std::move(column));
-  ++data.NumberOfColumns;
-  data.column_names.MarkStale();
+  const std::int32_t c = store_.AddColumn(NameKey::Of(name), name);
+  store_.ColumnBounds(c) = {lower, upper};
+  store_.SetColumnType(c, TypeOfLetter(type, ColumnTypeOf));
   return *this;
 }
 
 ModelBuilder& ModelBuilder::Element(std::string_view column, std::string_view row, double value) {
-  ModelData& data = model_.data();
-  const std::int32_t r = FindRow(data, row);
-  const std::int32_t c = FindColumn(data, column);
+  const std::int32_t r = store_.FindRow(row);
+  const std::int32_t c = store_.FindColumn(column);
   if (r == 0) throw std::invalid_argument("no row " + std::string(row));
   if (c == 0) throw std::invalid_argument("no column " + std::string(column));
-  data.Rows[r].Elements.Append({c, value});
-  data.Columns[c].Elements.Append({r, value});
-  ++data.NumberOfElements;
+  store_.AddElement(r, c, value);
   return *this;
 }
 

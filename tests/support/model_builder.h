@@ -1,14 +1,23 @@
-// Builds a model by hand, straight in its stored fields, so that a test states the whole model in a
-// few lines and does not depend on the operations that read or edit one. The invariant of the data
+// Builds a model by hand, straight in its store, so that a test states the whole model in a few lines
+// and does not depend on the operations that read or edit one. The invariant of the data
 // holds after every call.
 #pragma once
 
 #include <cstdint>
 #include <string_view>
+#include <utility>
 
-#include "model/lp_model.h"
+#include "component/lp_model.h"
 
 namespace quarvel {
+
+// Changes the stored fields of a model in any way, also one that no operation would.
+template <class Change>
+void ChangeFields(LPModel& model, const Change& change) {
+  ModelData data = model.store().data();
+  change(data);
+  model.store().Take(std::move(data));
+}
 
 class ModelBuilder {
  public:
@@ -44,7 +53,7 @@ class ModelBuilder {
   ModelBuilder& Element(std::string_view column, std::string_view row, double value);
 
  private:
-  LPModel& model_;
+  ModelStore& store_;
 };
 
 }  // namespace quarvel

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <stdexcept>
 
+#include "model/stored_model.h"
 #include "platform/automation_error.h"
 #include "text/picture.h"
 
@@ -373,8 +374,6 @@ void Fill(ModelData& data, const NaiveModel& model) {
   data.NumberOfRows = model.NumberOfRows;
   data.NumberOfColumns = model.NumberOfColumns;
   data.NumberOfElements = model.NumberOfElements;
-  data.row_names.MarkStale();
-  data.column_names.MarkStale();
   RebuildRowIndexes(data);
 }
 

@@ -5,9 +5,11 @@
 #include <stdexcept>
 #include <utility>
 
+#include "model/model_check.h"
 #include "mps/frm_progress.h"
 #include "mps/frm_set_default_bounds.h"
 #include "platform/files.h"
+#include "tests/support/shown_form.h"
 #include "tests/support/test_paths.h"
 
 namespace quarvel::testing {
@@ -78,21 +80,22 @@ std::string CompareCounts(const NaiveModel& naive, const ModelData& data) {
 }
 
 // Names of rows and of columns differ among themselves, so each is found where it stands.
-std::string CompareNames(const NaiveModel& naive, const ModelData& data) {
+std::string CompareNames(const NaiveModel& naive, const ModelStore& store) {
   std::int32_t i = 0;
   for (const NaiveRecord& row : naive.Rows) {
-    if (FindRow(data, row.Name) != ++i) return "place of row " + row.Name;
+    if (store.FindRow(row.Name) != ++i) return "place of row " + row.Name;
   }
   std::int32_t j = 0;
   for (const NaiveRecord& column : naive.Columns) {
-    if (FindColumn(data, column.Name) != ++j) return "place of column " + column.Name;
+    if (store.FindColumn(column.Name) != ++j) return "place of column " + column.Name;
   }
   return "";
 }
 
 }  // namespace
 
-std::string CompareModels(const NaiveModel& naive, const ModelData& data) {
+std::string CompareModels(const NaiveModel& naive, const ModelStore& store) {
+  const ModelData& data = store.data();
   if (std::string fault = CompareTexts(naive, data); !fault.empty()) return fault;
   if (std::string fault = CompareCounts(naive, data); !fault.empty()) return fault;
   if (std::string fault = CompareRecords("row", naive.Rows, data.Rows); !fault.empty()) {
@@ -101,8 +104,8 @@ std::string CompareModels(const NaiveModel& naive, const ModelData& data) {
   if (std::string fault = CompareRecords("column", naive.Columns, data.Columns); !fault.empty()) {
     return fault;
   }
-  if (std::string fault = CompareNames(naive, data); !fault.empty()) return fault;
-  return CheckModelData(data);
+  if (std::string fault = CompareNames(naive, store); !fault.empty()) return fault;
+  return CheckModelData(store);
 }
 
 ReadComparison::ReadComparison(std::string path) : path_(std::move(path)) {
@@ -120,7 +123,7 @@ std::string ReadComparison::Read(std::string_view bytes, const ReadPlan& plan) {
   // The file is free after every way out of a read.
   platform::RemoveFile(path_);
   if (fault_.empty()) fault_ = CompareTalk();
-  if (fault_.empty()) fault_ = CompareModels(naive_, std::as_const(model_).data());
+  if (fault_.empty()) fault_ = CompareModels(naive_, model_.store());
   return fault_;
 }
 
@@ -178,15 +181,14 @@ void ReadComparison::ReadForReal() {
 }
 
 void ReadComparison::LookAtPoint(std::int64_t point) {
-  if (plan_->through_dialogs) captions_.push_back(ProgressWindow(model_).caption());
+  if (plan_->through_dialogs) captions_.push_back(ShownForm<frmProgress>(desktop_).caption());
   if (fault_.empty() && plan_->looks(point)) {
     const auto index = static_cast<std::size_t>(point - 1);
-    fault_ = index < naive_points_.size()
-                 ? CompareModels(naive_points_[index], std::as_const(model_).data())
-                 : "more points";
+    fault_ = index < naive_points_.size() ? CompareModels(naive_points_[index], model_.store())
+                                          : "more points";
     if (!fault_.empty()) fault_ += " at point " + std::to_string(point);
   }
-  if (point == plan_->stop_point) ProgressWindow(model_).cmdStop.Click();
+  if (point == plan_->stop_point) ShownForm<frmProgress>(desktop_).cmdStop.Click();
 }
 
 void ReadComparison::DriveForm(platform::Form& form) {

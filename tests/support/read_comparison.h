@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "model/lp_model.h"
+#include "component/lp_model.h"
 #include "platform/scripted/scripted_desktop.h"
 #include "tests/support/naive_model.h"
 #include "tests/support/naive_reader.h"
@@ -30,7 +30,7 @@ struct ReadPlan {
 
 // Where the stored fields differ, bit by bit; an empty text when they are the same, the names are
 // found where they stand and the invariant holds.
-std::string CompareModels(const NaiveModel& naive, const ModelData& data);
+std::string CompareModels(const NaiveModel& naive, const ModelStore& store);
 
 // Both models side by side. Each read starts from what the last one left.
 class ReadComparison {

@@ -57,7 +57,7 @@ TEST_F(FileCommandsTest, NewSavesFirstWhenAsked) {
 
 TEST_F(FileCommandsTest, NewAndOpenKeepTheModelWhenNothingWasSaved) {
   With([&] {
-    model_.data().FileLocation.clear();
+    model_.store().settings().FileLocation.clear();
     for (const char* name : {"mnuFileNew", "mnuFileOpen"}) {
       desktop_.answers = {kYes, kNo};
       desktop_.files = {""};
@@ -186,7 +186,7 @@ TEST_F(FileCommandsTest, SaveSimplifiesWhenAsked) {
 
 TEST_F(FileCommandsTest, SaveOfAModelWithoutFileAsksForOne) {
   With([&] {
-    model_.data().FileLocation.clear();
+    model_.store().settings().FileLocation.clear();
     desktop_.answers = {kNo};
     desktop_.files = {folder_.File("new.mps")};
     Choose("mnuFileSave");
@@ -198,7 +198,7 @@ TEST_F(FileCommandsTest, SaveOfAModelWithoutFileAsksForOne) {
 
 TEST_F(FileCommandsTest, FailedSaveAsksForAnotherFile) {
   With([&] {
-    model_.data().FileLocation = folder_.File("none/x.mps");
+    model_.store().settings().FileLocation = folder_.File("none/x.mps");
     desktop_.answers = {kNo};
     desktop_.files = {folder_.File("new.mps")};
     Choose("mnuFileSave");
@@ -209,7 +209,7 @@ TEST_F(FileCommandsTest, FailedSaveAsksForAnotherFile) {
 
 TEST_F(FileCommandsTest, CancelledSaveSaysNothingMore) {
   With([&] {
-    model_.data().FileLocation.clear();
+    model_.store().settings().FileLocation.clear();
     desktop_.answers = {kNo};
     desktop_.files = {""};
     Choose("mnuFileSave");
@@ -278,7 +278,7 @@ TEST_F(FileCommandsTest, SimplifyAsksAndShowsTheOutcome) {
 
 TEST_F(FileCommandsTest, FailedSimplificationIsABoxAndTheWindowStays) {
   With([&] {
-    model_.data().FileLocation = folder_.File("none/diet.mps");
+    model_.store().settings().FileLocation = folder_.File("none/diet.mps");
     desktop_.answers = {kYes};
     Choose("mnuEditSimplify");
     EXPECT_EQ(Boxes().size(), 2u);

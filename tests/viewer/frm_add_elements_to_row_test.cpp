@@ -1,5 +1,6 @@
 #include "viewer/frm_add_elements_to_row.h"
 
+#include "model/model_check.h"
 #include "tests/viewer/viewer_session.h"
 
 namespace quarvel::viewer {
@@ -77,7 +78,7 @@ TEST_F(AddElementsTest, AddsTheCoefficientOfTheChosenColumn) {
                                   std::string(platform::kDefaultTitle), ""}));
   EXPECT_EQ(model_.ElementValue(1, 3), -2.5);
   EXPECT_EQ(model_.NumberOfElements(), 7);
-  EXPECT_EQ(CheckModelData(model_.data()), "");
+  EXPECT_EQ(CheckModelData(model_.store()), "");
   EXPECT_EQ(Boxes(), Texts{});
 }
 

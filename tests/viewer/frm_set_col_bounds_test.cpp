@@ -1,5 +1,6 @@
 #include "viewer/frm_set_col_bounds.h"
 
+#include "tests/support/model_builder.h"
 #include "tests/viewer/viewer_session.h"
 
 namespace quarvel::viewer {
@@ -55,7 +56,7 @@ TEST_F(ColBoundsTest, OpensWithTheTypeAndBoundsOfTheColumn) {
 TEST_F(ColBoundsTest, RefusesBinaryColumnsAndThoseWithoutType) {
   for (const ColumnType type : {ColumnType::kBinary, ColumnType::kNone}) {
     desktop_.Clear();
-    model_.data().Columns[1].Type = type;
+    ChangeFields(model_, [&](ModelData& data) { data.Columns[1].Type = type; });
     dialog_.ShowBounds(model_, 0);
     EXPECT_EQ(Boxes(), Texts{"Invalid Column Type specified"});
     EXPECT_FALSE(dialog_.IsLoaded());

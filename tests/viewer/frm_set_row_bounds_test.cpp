@@ -1,5 +1,6 @@
 #include "viewer/frm_set_row_bounds.h"
 
+#include "tests/support/model_builder.h"
 #include "tests/viewer/viewer_session.h"
 
 namespace quarvel::viewer {
@@ -77,7 +78,7 @@ TEST_F(RowBoundsTest, OpensWithTheTypeAndBoundsOfTheRow) {
 }
 
 TEST_F(RowBoundsTest, RefusesARowWithoutType) {
-  model_.data().Rows[1].Type = RowType::kNone;
+  ChangeFields(model_, [&](ModelData& data) { data.Rows[1].Type = RowType::kNone; });
   dialog_.ShowBounds(model_, 0);
   EXPECT_EQ(Boxes(), Texts{"Invalid Bound Type specified"});
   EXPECT_FALSE(dialog_.IsLoaded());
@@ -190,7 +191,6 @@ TEST_F(RowBoundsTest, EqualityCopiesItsValueBeforeItIsHeldWithinTheLimit) {
 }
 
 TEST_F(RowBoundsTest, KeepsTheRowIndexesRight) {
-  RebuildRowIndexes(model_.data());
   Accept(*dialog_.Option("N"), "0", "1");
   EXPECT_EQ(model_.NumberOfNonBindingRows(), 2);
   EXPECT_EQ(model_.NonBindingRowIndex(1), 1);

@@ -1,5 +1,6 @@
 #include "viewer/frm_view_equations.h"
 
+#include "tests/support/model_builder.h"
 #include "tests/viewer/viewer_session.h"
 
 namespace quarvel::viewer {
@@ -38,7 +39,7 @@ TEST_F(ViewerTest, OffersTheFilters) {
 TEST_F(ViewerTest, NamesTheTypesInTheLists) {
   BuildModel();
   model_.AddRow("FRESH");
-  model_.data().Columns[4].Type = ColumnType::kBinary;
+  ChangeFields(model_, [&](ModelData& data) { data.Columns[4].Type = ColumnType::kBinary; });
   View([&] {
     EXPECT_EQ(Column(viewer().contents.rows.fgrdList, 1),
               (Texts{"objective", "less than", "greater than", "ranged", "equality", ""}));
@@ -105,7 +106,7 @@ TEST_F(ViewerTest, FiltersColumns) {
       {1, true, {"Y", "W"}},  {2, true, {"X", "Z", "W"}}, {0, false, {"X", "Y", "Z", "W"}},
   };
   BuildModel();
-  model_.data().Columns[4].Type = ColumnType::kBinary;
+  ChangeFields(model_, [&](ModelData& data) { data.Columns[4].Type = ColumnType::kBinary; });
   View([&] {
     RecordPage& list = viewer().contents.columns;
     for (const FilterCase& c : cases) {

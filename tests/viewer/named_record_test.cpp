@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "model/lp_model.h"
+#include "component/lp_model.h"
 #include "platform/scripted/scripted_desktop.h"
 #include "tests/support/model_builder.h"
 

@@ -1,4 +1,5 @@
 // The commands that add, rename, delete and change columns.
+#include "tests/support/model_builder.h"
 #include "tests/viewer/viewer_session.h"
 
 namespace quarvel::viewer {
@@ -150,7 +151,7 @@ TEST_F(ColumnCommandsTest, ChangeTypeAndBoundsOpensTheDialogOfTheColumn) {
 
 TEST_F(ColumnCommandsTest, BinaryColumnIsToldInsteadOfTheDialog) {
   BuildModel();
-  model_.data().Columns[1].Type = ColumnType::kBinary;
+  ChangeFields(model_, [&](ModelData& data) { data.Columns[1].Type = ColumnType::kBinary; });
   View([&] {
     Choose("mnuEditColChangeTypeBnd");
     EXPECT_EQ(Boxes(), Texts{"Invalid Column Type specified"});

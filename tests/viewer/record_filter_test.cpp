@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "model/lp_model.h"
+#include "component/lp_model.h"
 #include "platform/scripted/scripted_desktop.h"
 #include "tests/support/model_builder.h"
 
@@ -23,7 +23,9 @@ class FilterEntriesTest : public testing::Test {
   std::string KeptRows(int position, std::string_view types) {
     std::string kept;
     for (const char type : types) {
-      model_.data().Rows[1].Type = RowTypeOf(std::string_view(&type, 1));
+      ChangeFields(model_, [&](ModelData& data) {
+        data.Rows[1].Type = RowTypeOf(std::string_view(&type, 1));
+      });
       if (Keeps(kRowFilters, position, model_, 0)) kept += type;
     }
     return kept;
@@ -31,7 +33,9 @@ class FilterEntriesTest : public testing::Test {
   std::string KeptColumns(int position, std::string_view types) {
     std::string kept;
     for (const char type : types) {
-      model_.data().Columns[1].Type = ColumnTypeOf(std::string_view(&type, 1));
+      ChangeFields(model_, [&](ModelData& data) {
+        data.Columns[1].Type = ColumnTypeOf(std::string_view(&type, 1));
+      });
       if (Keeps(kColumnFilters, position, model_, 0)) kept += type;
     }
     return kept;

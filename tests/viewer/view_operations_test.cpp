@@ -25,7 +25,6 @@ TEST_F(ViewOperationsTest, TellThatTheWindowIsShowing) {
 
 TEST_F(ViewOperationsTest, TurnToTheRowThatIsMeant) {
   BuildModel();
-  RebuildRowIndexes(model_.data());
   const struct {
     std::function<void()> operation;
     int line;
@@ -57,7 +56,8 @@ TEST_F(ViewOperationsTest, LetEventsRunBeforeTheyShowTheWindow) {
   BuildModel();
   Texts events;
   desktop_.on_events = [&](std::int64_t) {
-    events.push_back(viewer().IsShowing() ? "shown" : "not shown");
+    const platform::Form* const form = desktop_.LastShown("frmViewEquations");
+    events.push_back(form != nullptr && form->IsShowing() ? "shown" : "not shown");
   };
   ShowBy([&] { model_.ViewRow(1, true); }, [] {});
   EXPECT_EQ(events, Texts{"not shown"});
@@ -65,7 +65,6 @@ TEST_F(ViewOperationsTest, LetEventsRunBeforeTheyShowTheWindow) {
 
 TEST_F(ViewOperationsTest, RefuseNumbersOutOfRange) {
   BuildModel();
-  RebuildRowIndexes(model_.data());
   model_.ViewCol(4, true);
   model_.ViewCol(-1, true);
   model_.ViewRow(5, true);
@@ -86,7 +85,7 @@ TEST_F(ViewOperationsTest, RefuseNumbersOutOfRange) {
     EXPECT_EQ(box.style, MsgBoxStyle::kOk);
     EXPECT_EQ(box.title, platform::kDefaultTitle);
   }
-  EXPECT_EQ(model_.window(WindowSlot::kViewer), nullptr);
+  EXPECT_EQ(desktop_.LastShown("frmViewEquations"), nullptr);
   EXPECT_FALSE(model_.ViewEquationsWindowIsShowing());
 }
 
@@ -106,7 +105,6 @@ TEST_F(ViewOperationsTest, RefusedRowTakesTheWindowAwayThroughItsQuestion) {
 
 TEST_F(ViewOperationsTest, EveryRefusedKindOfRowTakesTheWindowAway) {
   BuildModel();
-  RebuildRowIndexes(model_.data());
   for (const auto& refused :
        {&LPModel::ViewRow, &LPModel::ViewBindingRow, &LPModel::ViewNonBindingRow}) {
     View(
@@ -231,7 +229,7 @@ TEST_F(ViewOperationsTest, ClosingWithYesSavesFirst) {
 
 TEST_F(ViewOperationsTest, WindowStaysWhenSavingIsCancelledOrFails) {
   BuildModel();
-  model_.data().FileLocation.clear();
+  model_.store().settings().FileLocation.clear();
   View([&] {
     desktop_.answers = {kYes, kNo};
     desktop_.files = {""};

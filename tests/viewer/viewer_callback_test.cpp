@@ -1,5 +1,7 @@
 // Hosts that come back into the model while the viewer, one of its boxes or its dialogs is open.
+#include "model/model_check.h"
 #include "platform/files.h"
+#include "tests/support/model_builder.h"
 #include "tests/viewer/viewer_session.h"
 
 namespace quarvel::viewer {
@@ -18,7 +20,7 @@ class CallbackTest : public ViewerTest {
   void With(const std::function<void()>& steps) {
     BuildModel();
     View(steps);
-    EXPECT_EQ(CheckModelData(model_.data()), "");
+    EXPECT_EQ(CheckModelData(model_.store()), "");
   }
 };
 
@@ -97,7 +99,7 @@ TEST_F(CallbackTest, WindowClosedUnderAQuestionEndsTheCommand) {
       EXPECT_FALSE(viewer().IsShowing());
       EXPECT_EQ(model_.NumberOfColumns(), columns) << command;
     });
-    model_.ClearModel();
+    model_.store().Clear();
   }
 }
 
@@ -141,7 +143,7 @@ TEST_F(CallbackTest, CommandNeverActsOnAnotherLineThanItNamed) {
       EXPECT_EQ((c.is_row ? RowNames() : ColumnNames())[1], c.is_row ? "LOW" : "Z") << c.command;
       desktop_.inputs.clear();
     });
-    model_.ClearModel();
+    model_.store().Clear();
     desktop_.Clear();
   }
 }
@@ -323,13 +325,15 @@ TEST_F(CallbackTest, SimplificationByAHostLeavesTheWindowUsable) {
 // The numbers behind a list are all that it keeps.
 TEST_F(CallbackTest, ListsOfAMillionRowsAskForTheCellsThatAreSeen) {
   constexpr std::int32_t kRows = 1000000;
-  ModelData& data = model_.data();
-  data.Rows.Resize(kRows);
-  data.NumberOfRows = kRows;
-  for (std::int32_t i = 1; i <= kRows; ++i)
-    data.Rows[i].Type = i % 2 == 0 ? RowType::kGreater : RowType::kLess;
-  data.Columns.Resize(1);
-  data.NumberOfColumns = 1;
+  ChangeFields(model_, [](ModelData& data) {
+    data.Rows.Resize(kRows);
+    data.NumberOfRows = kRows;
+    for (std::int32_t i = 1; i <= kRows; ++i) {
+      data.Rows[i].Type = i % 2 == 0 ? RowType::kGreater : RowType::kLess;
+    }
+    data.Columns.Resize(1);
+    data.NumberOfColumns = 1;
+  });
   View([&] {
     platform::Grid& grid = viewer().contents.rows.fgrdList;
     int cells = 0;

@@ -1,4 +1,5 @@
 // A user's way through the viewer from an empty model to a file and back.
+#include "model/model_check.h"
 #include "mps/frm_set_default_bounds.h"
 #include "tests/viewer/viewer_session.h"
 
@@ -79,7 +80,7 @@ TEST_F(JourneyTest, ModelBuiltByHandIsSavedAndReadAgain) {
            SelectRow("LIM");
            EXPECT_EQ(viewer().contents.rows.fgrdBounds.Text(0, 0), "2 <= LIM <= 8");
          });
-  EXPECT_EQ(CheckModelData(model_.data()), "");
+  EXPECT_EQ(CheckModelData(model_.store()), "");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "tests/support/shown_form.h"
 #include "text/numbers.h"
 
 namespace quarvel::viewer {
@@ -53,7 +54,7 @@ MsgBoxResult ViewerTest::Answer(const platform::ShownBox& box) {
 }
 
 void ViewerTest::Idle(platform::Form& top) {
-  if (&top != model_.window(WindowSlot::kViewer).get()) {
+  if (top.name() != "frmViewEquations") {
     if (dialogs_.empty()) throw std::logic_error("nobody drives " + top.name());
     const auto drive = std::move(dialogs_.front());
     dialogs_.pop_front();
@@ -79,9 +80,7 @@ void ViewerTest::ShowBy(const std::function<void()>& operation,
   }
 }
 
-frmViewEquations& ViewerTest::viewer() {
-  return dynamic_cast<frmViewEquations&>(*model_.window(WindowSlot::kViewer));
-}
+frmViewEquations& ViewerTest::viewer() { return ShownForm<frmViewEquations>(desktop_); }
 
 platform::MenuItem& ViewerTest::Item(std::string_view name) {
   return dynamic_cast<platform::MenuItem&>(*viewer().Find(name));

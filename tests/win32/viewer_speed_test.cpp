@@ -3,7 +3,7 @@
 #include <chrono>
 #include <string>
 
-#include "model/lp_model.h"
+#include "component/lp_model.h"
 #include "tests/win32/win32_fixture.h"
 
 namespace quarvel::platform::win32 {

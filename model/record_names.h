@@ -8,10 +8,10 @@
 
 namespace quarvel {
 
-// Gives the name of a number. Valid as long as `lines` is.
+// Gives the name of a number. Valid as long as `records` is.
 template <class Record>
-auto NamesOf(const OneBased<Record>& lines) {
-  return [&lines](std::int32_t number) -> const std::string& { return lines[number].Name; };
+auto NamesOf(const OneBased<Record>& records) {
+  return [&records](std::int32_t number) -> const std::string& { return records[number].Name; };
 }
 
 }  // namespace quarvel

@@ -6,9 +6,11 @@
 
 #include <gtest/gtest.h>
 
-#include "model/lp_model.h"
+#include "component/lp_model.h"
+#include "model/model_check.h"
 #include "platform/scripted/scripted_desktop.h"
-#include "tests/model/edge_numbers.h"
+#include "tests/component/edge_numbers.h"
+#include "tests/support/model_builder.h"
 
 namespace quarvel {
 namespace {
@@ -258,8 +260,8 @@ TEST_F(PropertyWrites, SetRowTypeRefusesTheHiddenRowOfANewModel) {
 TEST_F(PropertyWrites, TheFirstTypeOfARowAppendsTheLastRowToItsIndex) {
   model.SetRowType(0, "N");
   model.SetRowType(1, "G");
-  EXPECT_EQ(model.data().NonBindingRows.store(), std::vector{2});
-  EXPECT_EQ(model.data().BindingRows.store(), std::vector{2});
+  EXPECT_EQ(model.store().data().NonBindingRows.store(), std::vector{2});
+  EXPECT_EQ(model.store().data().BindingRows.store(), std::vector{2});
   EXPECT_EQ(model.NumberOfNonBindingRows(), 1);
   EXPECT_EQ(model.NumberOfBindingRows(), 1);
 }
@@ -268,26 +270,26 @@ TEST_F(PropertyWrites, ChangingBetweenFreeAndBindingRebuildsTheIndexes) {
   model.SetRowType(0, "N");
   model.SetRowType(1, "G");
   model.SetRowType(1, "N");
-  EXPECT_EQ(model.data().NonBindingRows.store(), (std::vector{1, 2}));
-  EXPECT_TRUE(model.data().BindingRows.empty());
+  EXPECT_EQ(model.store().data().NonBindingRows.store(), (std::vector{1, 2}));
+  EXPECT_TRUE(model.store().data().BindingRows.empty());
   model.SetRowType(0, "L");
-  EXPECT_EQ(model.data().NonBindingRows.store(), std::vector{2});
-  EXPECT_EQ(model.data().BindingRows.store(), std::vector{1});
+  EXPECT_EQ(model.store().data().NonBindingRows.store(), std::vector{2});
+  EXPECT_EQ(model.store().data().BindingRows.store(), std::vector{1});
 }
 
 TEST_F(PropertyWrites, ChangingAmongBindingTypesLeavesTheIndexesAsTheyWere) {
   model.SetRowType(0, "N");
   model.SetRowType(1, "G");
   model.SetRowType(1, "E");
-  EXPECT_EQ(model.data().NonBindingRows.store(), std::vector{2});
-  EXPECT_EQ(model.data().BindingRows.store(), std::vector{2});
+  EXPECT_EQ(model.store().data().NonBindingRows.store(), std::vector{2});
+  EXPECT_EQ(model.store().data().BindingRows.store(), std::vector{2});
 }
 
 TEST_F(PropertyWrites, CoefficientsChangeInBothLists) {
   model.SetRowElementValue(1, 1, "-7.5");
   EXPECT_EQ(model.RowElementValue(1, 1), -7.5);
   EXPECT_EQ(model.ColElementvalue(1, 0), -7.5);
-  EXPECT_EQ(CheckModelData(model.data()), "");
+  EXPECT_EQ(CheckModelData(model.store()), "");
 }
 
 TEST_F(PropertyWrites, ACoefficientOfZeroStays) {
@@ -307,13 +309,13 @@ TEST_F(PropertyWrites, OfRepeatedCoefficientsTheColumnsFirstOneChanges) {
 }
 
 TEST_F(PropertyWrites, AnElementThatNamesNoColumnRaises) {
-  model.data().Rows[2].Elements[1].Index = 44;
+  ChangeFields(model, [&](ModelData& data) { data.Rows[2].Elements[1].Index = 44; });
   EXPECT_EQ(ErrorOf(model, [](auto& m) { m.SetRowElementValue(1, 0, 1); }), 9);
 }
 
 TEST_F(PropertyWrites, TheDefaultBoundsFlagIsStored) {
   model.SetDefaultToPlusMinusInfinity(true);
-  EXPECT_TRUE(model.data().DefaultToPlusMinusInfinity);
+  EXPECT_TRUE(model.store().settings().DefaultToPlusMinusInfinity);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "model/pending_removals.h"
+#include "model/deferred_removals.h"
 
 #include <cstdint>
 #include <random>
@@ -6,29 +6,29 @@
 
 #include <gtest/gtest.h>
 
-#include "model/model_data.h"
+#include "model/stored_model.h"
 
 namespace quarvel {
 namespace {
 
-using Kind = PendingRemovals::Kind;
+using Kind = DeferredRemovals::Kind;
 
-TEST(PendingRemovals, NumbersArePositionsWhileNothingIsPending) {
-  const PendingRemovals removals;
+TEST(DeferredRemovals, NumbersArePositionsWhileNothingIsDeferred) {
+  const DeferredRemovals removals;
   EXPECT_TRUE(removals.empty());
   EXPECT_EQ(removals.Position(Kind::kRows, 5), 5);
   EXPECT_EQ(removals.Position(Kind::kColumns, 1), 1);
 }
 
-TEST(PendingRemovals, OnlyItsOwnKindIsMoved) {
-  PendingRemovals removals;
+TEST(DeferredRemovals, OnlyItsOwnKindIsMoved) {
+  DeferredRemovals removals;
   removals.Note(Kind::kColumns, 2);
   EXPECT_EQ(removals.Position(Kind::kColumns, 2), 3);
   EXPECT_EQ(removals.Position(Kind::kRows, 2), 2);
 }
 
-TEST(PendingRemovals, PositionsStandAscendingInWhateverOrderTheyCome) {
-  PendingRemovals removals;
+TEST(DeferredRemovals, PositionsStandAscendingInWhateverOrderTheyCome) {
+  DeferredRemovals removals;
   for (const std::int32_t position : {7, 2, 9, 1, 8}) removals.Note(Kind::kRows, position);
   EXPECT_EQ(removals.positions(), (std::vector<std::int32_t>{1, 2, 7, 8, 9}));
   const std::vector<std::int32_t> left = {3, 4, 5, 6, 10, 11};
@@ -37,10 +37,10 @@ TEST(PendingRemovals, PositionsStandAscendingInWhateverOrderTheyCome) {
   }
 }
 
-TEST(PendingRemovals, RandomRemovalsAgreeWithAListOfWhatIsLeft) {
+TEST(DeferredRemovals, RandomRemovalsAgreeWithAListOfWhatIsLeft) {
   std::mt19937 generator(7);
   for (int run = 0; run < 50; ++run) {
-    PendingRemovals removals;
+    DeferredRemovals removals;
     std::vector<std::int32_t> left;
     for (std::int32_t position = 1; position <= 60; ++position) left.push_back(position);
     while (!left.empty()) {
@@ -53,8 +53,8 @@ TEST(PendingRemovals, RandomRemovalsAgreeWithAListOfWhatIsLeft) {
   }
 }
 
-TEST(PendingRemovals, ClearingForgetsEverything) {
-  PendingRemovals removals;
+TEST(DeferredRemovals, ClearingForgetsEverything) {
+  DeferredRemovals removals;
   removals.Note(Kind::kColumns, 3);
   removals.elements_left().Resize(4);
   removals.Clear();
@@ -63,8 +63,8 @@ TEST(PendingRemovals, ClearingForgetsEverything) {
   EXPECT_EQ(removals.Position(Kind::kColumns, 3), 3);
 }
 
-TEST(PendingRemovals, ManyPositionsOutOfOrderAreCostly) {
-  PendingRemovals removals;
+TEST(DeferredRemovals, ManyPositionsOutOfOrderAreCostly) {
+  DeferredRemovals removals;
   for (std::int32_t position = 100; position < 17000; ++position) {
     removals.Note(Kind::kRows, position);
   }
@@ -74,14 +74,15 @@ TEST(PendingRemovals, ManyPositionsOutOfOrderAreCostly) {
 }
 
 // Row r at column c for every pair but the diagonal, three of each.
-ModelData SmallModel() {
-  ModelData data;
+StoredModel SmallModel() {
+  StoredModel model;
+  ModelData& data = model.data;
   const auto names = [&data](std::int32_t number) { return data.Rows[number].Name; };
   for (std::int32_t n = 1; n <= 3; ++n) {
     data.Rows.Append({});
     data.Rows[n].Name = "R" + std::to_string(n);
     data.Rows[n].Type = n == 2 ? RowType::kFree : RowType::kGreater;
-    data.row_names.Add(data.Rows[n].Name, n, names);
+    model.row_names.Add(data.Rows[n].Name, n, names);
     data.Columns.Append({});
   }
   data.NumberOfRows = data.NumberOfColumns = 3;
@@ -93,18 +94,20 @@ ModelData SmallModel() {
       ++data.NumberOfElements;
     }
   }
-  return data;
+  return model;
 }
 
 TEST(CloseGaps, RowsLeaveTheListsNamesAndIndexes) {
-  ModelData data = SmallModel();
-  data.removals.Note(Kind::kRows, 1);
+  StoredModel model = SmallModel();
+  ModelData& data = model.data;
+  DeferredRemovals removals;
+  removals.Note(Kind::kRows, 1);
   data.NumberOfRows = 2;
-  CloseGaps(data);
-  EXPECT_TRUE(data.removals.empty());
+  CloseGaps(model, removals);
+  EXPECT_TRUE(removals.empty());
   EXPECT_EQ(data.Rows.size(), 2);
-  EXPECT_EQ(FindRow(data, "R1"), 0);
-  EXPECT_EQ(FindRow(data, "R3"), 2);
+  EXPECT_EQ(FindRow(model, NameKey::Of("R1"), "R1"), 0);
+  EXPECT_EQ(FindRow(model, NameKey::Of("R3"), "R3"), 2);
   ASSERT_EQ(data.Columns[1].Elements.size(), 2);
   EXPECT_EQ(data.Columns[1].Elements[2], (ElementEntry{2, 31}));
   ASSERT_EQ(data.Columns[2].Elements.size(), 1);
@@ -116,7 +119,9 @@ TEST(CloseGaps, RowsLeaveTheListsNamesAndIndexes) {
 // Enough rows that their new numbers take several blocks, with gaps at the borders of one.
 TEST(CloseGaps, RowsOfALargeModelGetTheirNewNumbers) {
   constexpr std::int32_t kRows = 1000;
-  ModelData data;
+  StoredModel model;
+  ModelData& data = model.data;
+  DeferredRemovals removals;
   data.Rows.Resize(kRows);
   data.Columns.Resize(1);
   data.NumberOfColumns = 1;
@@ -125,13 +130,13 @@ TEST(CloseGaps, RowsOfALargeModelGetTheirNewNumbers) {
     data.Rows[r].Type = RowType::kGreater;
     data.Columns[1].Elements.Append({r, static_cast<double>(r)});
     if (r == 128 || r == 129 || r == 256 || (r > 500 && r <= 800)) {
-      data.removals.Note(Kind::kRows, r);
+      removals.Note(Kind::kRows, r);
     } else {
       kept.push_back(r);
     }
   }
   data.NumberOfRows = static_cast<std::int32_t>(kept.size());
-  CloseGaps(data);
+  CloseGaps(model, removals);
   ASSERT_EQ(data.Rows.size(), data.NumberOfRows);
   ASSERT_EQ(data.Columns[1].Elements.size(), data.NumberOfRows);
   for (std::int32_t r = 1; r <= data.NumberOfRows; ++r) {
@@ -141,11 +146,13 @@ TEST(CloseGaps, RowsOfALargeModelGetTheirNewNumbers) {
 }
 
 TEST(CloseGaps, ColumnsLeaveTheListsAndNoIndex) {
-  ModelData data = SmallModel();
-  data.removals.Note(Kind::kColumns, 2);
-  data.removals.Note(Kind::kColumns, 3);
+  StoredModel model = SmallModel();
+  ModelData& data = model.data;
+  DeferredRemovals removals;
+  removals.Note(Kind::kColumns, 2);
+  removals.Note(Kind::kColumns, 3);
   data.NumberOfColumns = 1;
-  CloseGaps(data);
+  CloseGaps(model, removals);
   EXPECT_EQ(data.Columns.size(), 1);
   EXPECT_TRUE(data.Rows[1].Elements.empty());
   ASSERT_EQ(data.Rows[3].Elements.size(), 1);
@@ -155,17 +162,21 @@ TEST(CloseGaps, ColumnsLeaveTheListsAndNoIndex) {
 }
 
 TEST(CloseGaps, NumbersBeyondTheModelMoveDownWithTheOthers) {
-  ModelData data = SmallModel();
+  StoredModel model = SmallModel();
+  ModelData& data = model.data;
+  DeferredRemovals removals;
   data.Columns[1].Elements[1].Index = 9;
-  data.removals.Note(Kind::kRows, 2);
+  removals.Note(Kind::kRows, 2);
   data.NumberOfRows = 2;
-  CloseGaps(data);
+  CloseGaps(model, removals);
   EXPECT_EQ(data.Columns[1].Elements[1].Index, 8);
 }
 
-TEST(CloseGaps, NothingPendingChangesNothing) {
-  ModelData data = SmallModel();
-  CloseGaps(data);
+TEST(CloseGaps, NothingDeferredChangesNothing) {
+  StoredModel model = SmallModel();
+  ModelData& data = model.data;
+  DeferredRemovals removals;
+  CloseGaps(model, removals);
   EXPECT_EQ(data.Rows.size(), 3);
   EXPECT_EQ(data.NumberOfBindingRows, 0);
 }

@@ -8,7 +8,7 @@
 #include <ostream>
 #include <string>
 
-#include "model/lp_model.h"
+#include "component/lp_model.h"
 #include "platform/scripted/scripted_desktop.h"
 
 namespace quarvel {

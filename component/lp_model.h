@@ -1,8 +1,6 @@
 // The component: one linear or mixed-integer programming model in memory, with every public
-// operation.
-//
-// Each room implements its own operations of this class: queries and edits stand in model/, reading
-// and writing in mps/, simplifying in simplify/, showing in viewer/.
+// operation. A facade: what is stored is the store's (model/model_store.h), reading and saving are
+// jobs of mps/, simplifying is one of simplify/, showing is the viewer's.
 //
 // Public numbers of rows, columns and elements are 0-based. Two ways of reporting, fixed for each
 // operation:
@@ -20,26 +18,27 @@
 #pragma once
 
 #include <any>
-#include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "model/error_reports.h"
-#include "model/model_data.h"
 #include "model/model_interface.h"
+#include "model/model_store.h"
+#include "model/model_view.h"
 #include "model/variant.h"
-#include "platform/files.h"
 #include "platform/form.h"
+#include "simplify/simplification_log.h"
 
 namespace quarvel {
 
-// The windows an object keeps for itself, each created on first use by the room that draws it.
-// kViewer holds a ModelView (model/model_view.h).
-enum class WindowSlot { kFileOpen, kProgress, kDefaultBounds, kViewer };
-inline constexpr std::size_t kWindowSlots = 4;
+class ModelWindows;
+namespace viewer {
+class frmViewEquations;
+}
 
 class LPModel final : public ModelInterface {
  public:
@@ -50,36 +49,40 @@ class LPModel final : public ModelInterface {
   LPModel& operator=(const LPModel&) = delete;
 
   // --- public variables ---
-  std::string strMPSFile() const { return data_.strMPSFile; }
-  void strMPSFile(std::string_view value) { data_.strMPSFile = value; }
-  std::int16_t ReadMPSFileErr() const { return data_.ReadMPSFileErr; }
-  void ReadMPSFileErr(std::int16_t value) { data_.ReadMPSFileErr = value; }
-  bool frmViewEquationsIsShowing() const { return data_.frmViewEquationsIsShowing; }
-  void frmViewEquationsIsShowing(bool value) override { data_.frmViewEquationsIsShowing = value; }
-  const std::any& showFrm() const { return data_.showFrm; }
-  void showFrm(std::any value) { data_.showFrm = std::move(value); }
+  std::string strMPSFile() const { return store_.settings().strMPSFile; }
+  void strMPSFile(std::string_view value) { store_.settings().strMPSFile = value; }
+  std::int16_t ReadMPSFileErr() const { return store_.settings().ReadMPSFileErr; }
+  void ReadMPSFileErr(std::int16_t value) { store_.settings().ReadMPSFileErr = value; }
+  bool frmViewEquationsIsShowing() const { return store_.settings().frmViewEquationsIsShowing; }
+  void frmViewEquationsIsShowing(bool value) override {
+    store_.settings().frmViewEquationsIsShowing = value;
+  }
+  const std::any& showFrm() const { return show_form_; }
+  void showFrm(std::any value) { show_form_ = std::move(value); }
 
-  // --- life of the model (model/lp_model.cpp) ---
+  // --- life of the model ---
   // An empty-looking model with one hidden placeholder row and column.
   void MakeNewModel() override;
 
   // --- counts and texts ---
-  std::int32_t NumberOfRows() const override { return data_.NumberOfRows; }
-  std::int32_t NumberOfColumns() const override { return data_.NumberOfColumns; }
-  std::int32_t NumberOfElements() const override { return data_.NumberOfElements; }
-  std::int32_t NumberOfBindingRows() const override { return Settled().NumberOfBindingRows; }
-  std::int32_t NumberOfNonBindingRows() const override { return Settled().NumberOfNonBindingRows; }
+  std::int32_t NumberOfRows() const override { return store_.NumberOfRows(); }
+  std::int32_t NumberOfColumns() const override { return store_.NumberOfColumns(); }
+  std::int32_t NumberOfElements() const override { return store_.NumberOfElements(); }
+  std::int32_t NumberOfBindingRows() const override { return store_.data().NumberOfBindingRows; }
+  std::int32_t NumberOfNonBindingRows() const override {
+    return store_.data().NumberOfNonBindingRows;
+  }
   std::int32_t NumBindingRows() const { return NumberOfBindingRows(); }
   std::int32_t NumNonBindingRows() const { return NumberOfNonBindingRows(); }
-  std::string ModelName() const override { return data_.ModelName; }
+  std::string ModelName() const override { return store_.settings().ModelName; }
   // Lines joined by CR LF.
-  std::string ModelDescription() const override { return data_.ModelDescription; }
+  std::string ModelDescription() const override { return store_.settings().ModelDescription; }
   // The path chosen in the last file dialog or saved to; empty when there is none.
-  std::string FileLocation() const override { return data_.FileLocation; }
+  std::string FileLocation() const override { return store_.settings().FileLocation; }
 
-  // --- columns (model/column_queries.cpp) ---
+  // --- columns (queries.cpp) ---
   std::int32_t ColElementrow(std::int32_t j, std::int32_t k) const override {
-    return ColumnElement(j, k).Index - 1;
+    return Public(ColumnElement(j, k).Index);
   }
   double ColElementvalue(std::int32_t j, std::int32_t k) const override {
     return ColumnElement(j, k).Value;
@@ -90,9 +93,9 @@ class LPModel final : public ModelInterface {
   std::string ColName(std::int32_t j) const override;
   std::string ColType(std::int32_t j) const override;
 
-  // --- rows (model/row_queries.cpp) ---
+  // --- rows (queries.cpp) ---
   std::int32_t RowElementCol(std::int32_t i, std::int32_t k) const override {
-    return RowElement(i, k).Index - 1;
+    return Public(RowElement(i, k).Index);
   }
   double RowElementValue(std::int32_t i, std::int32_t k) const override {
     return RowElement(i, k).Value;
@@ -107,7 +110,7 @@ class LPModel final : public ModelInterface {
   std::int32_t BindingRowIndex(std::int32_t i) const override;
   std::int32_t NonBindingRowIndex(std::int32_t i) const override;
 
-  // --- rows as equations (model/row_functions.cpp) ---
+  // --- rows as equations (row_functions.cpp) ---
   // The row as one line of text, or a sentence for a row without elements.
   std::string RowEquation(std::int32_t i) const override;
   // Writes the row's coefficients to slots 0..NumberOfColumns-1 of Gradient, whose first slot has
@@ -123,11 +126,11 @@ class LPModel final : public ModelInterface {
                             std::int32_t lower_bound = 0) const;
 
   // --- other questions ---
-  bool ViewEquationsWindowIsShowing() const { return data_.frmViewEquationsIsShowing; }
+  bool ViewEquationsWindowIsShowing() const { return store_.settings().frmViewEquationsIsShowing; }
   // Shows the about box.
   void DisplayAuthor() const override;
 
-  // --- property writes (model/property_writes.cpp) ---
+  // --- property writes (property_writes.cpp) ---
   void SetColUpperBound(std::int32_t j, const Variant& value) override;
   void SetColLowerBound(std::int32_t j, const Variant& value) override;
   void SetColName(std::int32_t col, const Variant& value) override;
@@ -141,16 +144,18 @@ class LPModel final : public ModelInterface {
   void SetRowType(std::int32_t i, const Variant& value) override;
   void SetRowLowerBound(std::int32_t i, const Variant& value) override;
   void SetRowUpperBound(std::int32_t i, const Variant& value) override;
-  void SetDefaultToPlusMinusInfinity(bool val) { data_.DefaultToPlusMinusInfinity = val; }
+  void SetDefaultToPlusMinusInfinity(bool val) {
+    store_.settings().DefaultToPlusMinusInfinity = val;
+  }
 
-  // --- adding (model/adding.cpp) ---
+  // --- adding (adding.cpp) ---
   // Appends a coefficient; one that stands there already is not looked for.
   void AddElement(std::int32_t row, std::int32_t col, double val) override;
   // -1 added, 0 refused.
   std::int16_t AddRow(std::string_view RowName) override;
   std::int16_t AddColumn(std::string_view ColName) override;
 
-  // --- deleting (model/deleting.cpp) ---
+  // --- deleting (deleting.cpp) ---
   // Always -1, also when refused or out of range.
   std::int16_t DeleteRow(std::int32_t row) override;
   // Always -1. Rows that lose their last element go too.
@@ -159,7 +164,7 @@ class LPModel final : public ModelInterface {
   // goes too.
   std::int16_t DeleteElement(std::int32_t row, std::int32_t ele) override;
 
-  // --- files (mps/) ---
+  // --- files (jobs.cpp) ---
   // Asks for a file and for default bounds, shows the progress window and reads. -1 read, 0 not
   // read, 1 no file chosen.
   std::int16_t ReadMPSFile() override;
@@ -172,7 +177,7 @@ class LPModel final : public ModelInterface {
   // -1 written, 0 cancelled, 1 an error.
   std::int16_t SaveAsMPSFile() override;
 
-  // --- showing (viewer/) ---
+  // --- showing (view_operations.cpp) ---
   // Each shows the viewer window modally and returns when it is closed; while it is open already,
   // they select in it, bring it to the front and return. A number outside its range is one plain
   // box.
@@ -185,77 +190,46 @@ class LPModel final : public ModelInterface {
   // MakeNewModel, then ViewEquations with editing.
   void NewMPSModel();
 
-  // --- simplifying (simplify/) ---
+  // --- simplifying (jobs.cpp) ---
   // Turns rows of one element into column bounds and removes empty columns and rows, with a
   // progress window, a log file and questions. Raises what stops it in the middle.
   void SimplifyMPSModel() override;
 
-  // --- for the component's own rooms and for tests ---
-  // The stored fields with nothing put off, also in the middle of a read or a simplification. Lists
-  // may be changed through them in any way; the next deletion looks at all of them again.
-  ModelData& data() {
-    Settled().agreement.Forget();
-    return data_;
-  }
-  const ModelData& data() const { return Settled(); }
-  // The stored fields as they are, for the reader and the deletion routines.
-  ModelData& raw_data() { return data_; }
+  // --- for who stands beside the public operations ---
+  // What is stored: for finding by name, and for tests.
+  ModelStore& store() { return store_; }
+  const ModelStore& store() const { return store_; }
   platform::Desktop& desktop() const { return desktop_; }
-  std::unique_ptr<platform::Form>& window(WindowSlot slot) {
-    return windows_[static_cast<std::size_t>(slot)];
-  }
-  // A read or a simplification is going on (model/model_view.h).
-  bool IsBeingRebuilt() const { return rebuilds_ > 0; }
-  // Empties the model; the binding-row indexes stay as they were.
-  void ClearModel();
-  // The deletion routines, on 1-based numbers.
-  void RemoveRow(std::int32_t r);
-  void RemoveColumn(std::int32_t c);
-  void RemoveElement(std::int32_t r, std::int32_t k);
 
  private:
-  friend class Simplifier;
-  friend class ViewPause;
-
-  ModelData& Settled() const {
-    if (!IsSettled(data_)) Settle(data_);
-    return data_;
-  }
-  // What stands at 0-based numbers, which are checked. Rows that are deleted do not change what
-  // other rows hold, nor columns columns, so a loop that looks and deletes does not close gaps at
-  // every turn.
+  // What stands at 0-based numbers, which are checked.
   const RowRecord& Row(std::int32_t i) const {
-    if (!IsSettled(data_)) [[unlikely]]
-      return RowBehindGaps(i);
-    return std::as_const(data_).Rows[CheckRow(data_, i)];
+    return store_.Row(CheckRow(i, store_.NumberOfRows()));
   }
   const ColumnRecord& Column(std::int32_t j) const {
-    if (!IsSettled(data_)) [[unlikely]]
-      return ColumnBehindGaps(j);
-    return std::as_const(data_).Columns[CheckColumn(data_, j)];
+    return store_.Column(CheckColumn(j, store_.NumberOfColumns()));
   }
-  const RowRecord& RowBehindGaps(std::int32_t i) const;
-  const ColumnRecord& ColumnBehindGaps(std::int32_t j) const;
   const ElementEntry& RowElement(std::int32_t i, std::int32_t k) const {
     const RowRecord& row = Row(i);
-    return row.Elements.begin()[CheckRowElement(row, k) - 1];
+    return row.Elements.begin()[Public(CheckRowElement(k, row.ElementCount()))];
   }
   const ElementEntry& ColumnElement(std::int32_t j, std::int32_t k) const {
     const ColumnRecord& column = Column(j);
-    return column.Elements.begin()[CheckColumnElement(column, k) - 1];
+    return column.Elements.begin()[Public(CheckColumnElement(k, column.ElementCount()))];
   }
   // One plain box; the refusals of writes and edits.
   void Refuse(std::string_view text) const;
-  // One line of the simplification log, which is open.
-  void AppendToLog(std::string_view line);
-  // Closes the log, ignoring failures; nothing when none is open.
-  void CloseLog();
+  void WarnOnceOfLongName(std::string_view name);
+  void View(bool editing, const std::function<void(viewer::frmViewEquations&)>& show);
+  void ViewRowNumber(std::int32_t row, bool editing);
+  void RefuseRow(std::string_view text);
 
   platform::Desktop& desktop_;
-  mutable ModelData data_;  // mutable: work that was put off is done by whoever looks first
-  std::array<std::unique_ptr<platform::Form>, kWindowSlots> windows_;
-  int rebuilds_ = 0;
-  std::unique_ptr<platform::OutputFile> log_;  // open while data_.LogFileNumber is not 0
+  ModelStore store_;
+  ViewLink view_;
+  SimplificationLog log_{store_};
+  const std::unique_ptr<ModelWindows> windows_;
+  std::any show_form_;  // whatever the host stored; never looked at
 };
 
 }  // namespace quarvel

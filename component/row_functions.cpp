@@ -1,7 +1,6 @@
 #include <cmath>
 
-#include "model/error_reports.h"
-#include "model/lp_model.h"
+#include "component/lp_model.h"
 #include "text/numbers.h"
 
 namespace quarvel {
@@ -13,13 +12,13 @@ using text::GeneralText;
 // The record of 0-based row RowNum, which need not be counted, only stored.
 const RowRecord& StoredRow(const ModelData& data, std::int32_t RowNum) {
   if (!InRange(RowNum, data.Rows.size())) RaiseSubscriptOutOfRange();
-  return data.Rows[RowNum + 1];
+  return data.Rows[Stored(RowNum)];
 }
 
-// Slot `column` - 1 of a caller's array, whose own bounds are checked like the model's.
+// The slot of a stored column in a caller's array, whose own bounds are checked like the model's.
 template <class T>
 T& Slot(std::span<T> array, std::int32_t lower_bound, std::int32_t column) {
-  const auto offset = static_cast<std::size_t>(std::int64_t{column} - 1 - lower_bound);
+  const auto offset = static_cast<std::size_t>(std::int64_t{Public(column)} - lower_bound);
   if (offset >= array.size()) RaiseSubscriptOutOfRange();
   return array[offset];
 }
@@ -64,8 +63,8 @@ void AppendRelation(std::string& text, const RowRecord& row) {
 }  // namespace
 
 std::string LPModel::RowEquation(std::int32_t i) const {
-  const ModelData& data = Settled();
-  const RowRecord& row = data.Rows[CheckRow(data, i)];
+  const ModelData& data = store_.data();
+  const RowRecord& row = data.Rows[CheckRow(i, data.NumberOfRows)];
   if (row.ElementCount() == 0) return EmptyRowText(row);
   std::string text;
   // The first sign of a ranged row points this way for every host that parses the text.
@@ -79,11 +78,11 @@ std::int16_t LPModel::RowGradient(std::int32_t RowNum, std::span<double> Gradien
                                   std::int32_t lower_bound) const {
   std::int16_t result = -1;
   for (std::int32_t c = 1; c <= NumberOfColumns(); ++c) Slot(Gradient, lower_bound, c) = 0;
-  const std::int32_t count = StoredRow(Settled(), RowNum).ElementCount();
+  const std::int32_t count = StoredRow(store_.data(), RowNum).ElementCount();
   try {
     for (std::int32_t k = 1; k <= count; ++k) {
       // A copy, and the row looked up anew each time: the box lets a host's events run.
-      const ElementEntry entry = StoredRow(Settled(), RowNum).Elements[k];
+      const ElementEntry entry = StoredRow(store_.data(), RowNum).Elements[k];
       if (entry.Index > NumberOfColumns()) {
         Refuse("Error in Quarvel.dll model");
         result = 1;
@@ -98,7 +97,7 @@ std::int16_t LPModel::RowGradient(std::int32_t RowNum, std::span<double> Gradien
 
 std::int16_t LPModel::RowBodyValue(std::int32_t RowNum, std::span<const double> Point,
                                    double& Answer, std::int32_t lower_bound) const {
-  const ModelData& data = Settled();
+  const ModelData& data = store_.data();
   Answer = 0;
   for (const ElementEntry& entry : StoredRow(data, RowNum).Elements) {
     if (entry.Index > data.NumberOfColumns) RaiseTooFewElementsInPoint();

@@ -5,9 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "model/error_reports.h"
-#include "model/line_names.h"
-#include "model/lp_model.h"
+#include "component/lp_model.h"
+#include "model/record_types.h"
 
 namespace quarvel {
 namespace {
@@ -23,134 +22,92 @@ std::string_view RefusalOf(std::string_view name, std::string_view spaces, bool 
   return in_use ? kNameInUse : std::string_view();
 }
 
-template <class Record>
-void Rename(OneBased<Record>& lines, std::int32_t number, const std::string& name,
-            NameIndex& names) {
-  names.Remove(lines[number].Name, number);
-  lines[number].Name = name;
-  names.Add(name, number, NamesOf(lines));
-}
-
-// A row that got its first type stands in no index yet. It is taken for the last row, which is
-// where new rows stand.
-void AppendLastRow(const ModelData& data, RowNumbers& index, std::int32_t& count) {
-  index.Resize(++count);
-  index[count] = data.NumberOfRows;
-}
-
-void UpdateRowIndexes(ModelData& data, RowType old_type, RowType type) {
-  const bool binding = TraitsOf(type).binds;
-  if (old_type != RowType::kNone) {
-    if (binding != TraitsOf(old_type).binds) RebuildRowIndexes(data);
-  } else if (binding) {
-    AppendLastRow(data, data.BindingRows, data.NumberOfBindingRows);
-  } else {
-    AppendLastRow(data, data.NonBindingRows, data.NumberOfNonBindingRows);
-  }
-}
-
 }  // namespace
 
 void LPModel::SetColUpperBound(std::int32_t j, const Variant& value) {
-  ModelData& data = Settled();
-  if (!InRange(j, data.NumberOfColumns)) {
+  if (!InRange(j, NumberOfColumns())) {
     return Refuse("Invalid Column number when attempting to SetColUpperBound()");
   }
-  data.Columns[j + 1].UpperBound = value.ToDouble();
+  store_.ColumnBounds(Stored(j)).UpperBound = value.ToDouble();
 }
 
 void LPModel::SetColLowerBound(std::int32_t j, const Variant& value) {
-  ModelData& data = Settled();
-  if (!InRange(j, data.NumberOfColumns)) {
+  if (!InRange(j, NumberOfColumns())) {
     return Refuse("Invalid Column number when attempting to SetColLowerBound()");
   }
-  data.Columns[j + 1].LowerBound = value.ToDouble();
+  store_.ColumnBounds(Stored(j)).LowerBound = value.ToDouble();
 }
 
 void LPModel::SetColName(std::int32_t col, const Variant& value) {
-  ModelData& data = Settled();
-  if (!InRange(col, data.NumberOfColumns)) {
+  if (!InRange(col, NumberOfColumns())) {
     return Refuse("Invalid Column number when attempting to SetColName()");
   }
   const std::string name = value.ToText();
-  const bool in_use = FindColumn(data, name) != 0;
+  const bool in_use = store_.FindColumn(name) != 0;
   const auto refusal = RefusalOf(name, "Spaces are not allowed in column names", in_use);
   if (!refusal.empty()) return Refuse(refusal);
-  Rename(data.Columns, col + 1, name, data.column_names);
+  store_.RenameColumn(Stored(col), name);
 }
 
 void LPModel::SetColType(std::int32_t j, const Variant& value) {
-  ModelData& data = Settled();
-  if (!InRange(j, data.NumberOfColumns)) {
+  if (!InRange(j, NumberOfColumns())) {
     return Refuse("Invalid Column number when attempting to SetColType()");
   }
   const ColumnType type = ColumnTypeOf(value.ToText());
   if (!TraitsOf(type).settable) return Refuse("Invalid Column Type");
-  data.Columns[j + 1].Type = type;
+  store_.SetColumnType(Stored(j), type);
 }
 
-void LPModel::SetModelDescription(const Variant& value) { data_.ModelDescription = value.ToText(); }
+void LPModel::SetModelDescription(const Variant& value) {
+  store_.settings().ModelDescription = value.ToText();
+}
 
-void LPModel::SetModelName(const Variant& value) { data_.ModelName = value.ToText(); }
+void LPModel::SetModelName(const Variant& value) { store_.settings().ModelName = value.ToText(); }
 
 void LPModel::SetRowName(std::int32_t row, const Variant& value) {
-  ModelData& data = Settled();
-  if (!InRange(row, data.NumberOfRows)) {
+  if (!InRange(row, NumberOfRows())) {
     return Refuse("Invalid Row number when attempting to SetRowName()");
   }
   const std::string name = value.ToText();
-  const bool in_use = FindRow(data, name) != 0;
+  const bool in_use = store_.FindRow(name) != 0;
   const auto refusal = RefusalOf(name, "Spaces are not allowed in row names", in_use);
   if (!refusal.empty()) return Refuse(refusal);
-  Rename(data.Rows, row + 1, name, data.row_names);
+  store_.RenameRow(Stored(row), name);
 }
 
 void LPModel::SetRowElementValue(std::int32_t row, std::int32_t rowele, const Variant& value) {
-  ModelData& data = Settled();
-  if (!InRange(row, data.NumberOfRows)) {
+  if (!InRange(row, NumberOfRows())) {
     return Refuse("Invalid Row number when attempting to SetRowElementValue()");
   }
-  const std::int32_t r = row + 1;
-  if (!InRange(rowele, data.Rows[r].ElementCount())) {
+  if (!InRange(rowele, store_.data().Rows[Stored(row)].ElementCount())) {
     return Refuse("Invalid Element number when attempting to SetRowElementValue()");
   }
-  ElementEntry& element = data.Rows[r].Elements[rowele + 1];
-  element.Value = value.ToDouble();
-  for (ElementEntry& entry : data.Columns[element.Index].Elements) {
-    if (entry.Index != r) continue;
-    entry.Value = element.Value;
-    return;
-  }
+  store_.SetElementValue(Stored(row), Stored(rowele), value.ToDouble());
 }
 
 void LPModel::SetRowType(std::int32_t i, const Variant& value) {
-  ModelData& data = Settled();
-  if (!InRange(i, data.Rows.size())) RaiseSubscriptOutOfRange();
-  const auto old_type = data.Rows[i + 1].Type;
   // Only the hidden row of a new model is stored but not counted.
-  if (!InRange(i, data.NumberOfRows)) {
+  if (!InRange(i, store_.data().Rows.size())) RaiseSubscriptOutOfRange();
+  if (!InRange(i, NumberOfRows())) {
     return Refuse("Invalid Row number when attempting to SetRowType()");
   }
   const auto type = RowTypeOf(value.ToText());
   if (type == quarvel::RowType::kNone) return Refuse("Invalid Row Type");
-  data.Rows[i + 1].Type = type;
-  UpdateRowIndexes(data, old_type, type);
+  store_.SetRowType(Stored(i), type);
 }
 
 void LPModel::SetRowLowerBound(std::int32_t i, const Variant& value) {
-  ModelData& data = Settled();
-  if (!InRange(i, data.NumberOfRows)) {
+  if (!InRange(i, NumberOfRows())) {
     return Refuse("Invalid Row number when attempting to SetRowLowerBound()");
   }
-  data.Rows[i + 1].LowerBound = value.ToDouble();
+  store_.RowBounds(Stored(i)).LowerBound = value.ToDouble();
 }
 
 void LPModel::SetRowUpperBound(std::int32_t i, const Variant& value) {
-  ModelData& data = Settled();
-  if (!InRange(i, data.NumberOfRows)) {
+  if (!InRange(i, NumberOfRows())) {
     return Refuse("Invalid Row number when attempting to SetRowUpperBound()");
   }
-  data.Rows[i + 1].UpperBound = value.ToDouble();
+  store_.RowBounds(Stored(i)).UpperBound = value.ToDouble();
 }
 
 }  // namespace quarvel

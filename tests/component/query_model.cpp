@@ -1,4 +1,6 @@
-#include "tests/model/query_model.h"
+#include "tests/component/query_model.h"
+
+#include "tests/support/model_builder.h"
 
 namespace quarvel {
 
@@ -17,10 +19,8 @@ QueryModel::QueryModel() {
 }
 
 void QueryModel::SetRow(std::int32_t r, RowType type, double lower, double upper) {
-  RowRecord& row = model.data().Rows[r];
-  row.Type = type;
-  row.LowerBound = lower;
-  row.UpperBound = upper;
+  ChangeFields(model, [&](ModelData& data) { data.Rows[r].Type = type; });
+  model.store().RowBounds(r) = {lower, upper};
 }
 
 }  // namespace quarvel

@@ -1,10 +1,9 @@
 #include <cstdint>
 #include <string_view>
 
-#include "model/error_reports.h"
-#include "model/line_names.h"
+#include "component/lp_model.h"
 #include "model/long_name.h"
-#include "model/lp_model.h"
+#include "model/name_key.h"
 #include "platform/box.h"
 #include "platform/desktop.h"
 
@@ -36,63 +35,45 @@ std::string_view RefusalOf(std::string_view name, const NameRefusals& refusals, 
   return in_use ? refusals.in_use : std::string_view();
 }
 
-// Appends a record, or takes over the hidden one of a new model with all it holds.
-template <class Record>
-Record& AppendRecord(OneBased<Record>& lines, std::int32_t& count, std::string_view name,
-                     const NameKey& key, NameIndex& names) {
-  lines.Resize(count + 1);
-  ++count;
-  lines[count].Name = name;
-  names.Add(key, name, count, NamesOf(lines));
-  return lines[count];
-}
-
-void WarnOnceOfLongName(LPModel& model, std::string_view name) {
-  if (model.raw_data().LongNameWarningShown || !IsLongName(name)) return;
-  model.desktop().MsgBox(platform::Note(kLongNameWarning));
-  model.raw_data().LongNameWarningShown = true;
-}
-
 }  // namespace
 
+void LPModel::WarnOnceOfLongName(std::string_view name) {
+  if (store_.settings().LongNameWarningShown || !IsLongName(name)) return;
+  desktop_.MsgBox(platform::Note(kLongNameWarning));
+  store_.settings().LongNameWarningShown = true;
+}
+
 void LPModel::AddElement(std::int32_t row, std::int32_t col, double val) {
-  ModelData& data = Settled();
-  if (!InRange(row, data.NumberOfRows) || !InRange(col, data.NumberOfColumns)) {
+  if (!InRange(row, NumberOfRows()) || !InRange(col, NumberOfColumns())) {
     Refuse("Invalid row or column given when attempting to AddElement()");
     return;
   }
-  data.agreement.NoteAdding(data, row + 1, col + 1);
-  data.Rows[row + 1].Elements.Append({col + 1, val});
-  data.Columns[col + 1].Elements.Append({row + 1, val});
-  ++data.NumberOfElements;
+  store_.AddElement(Stored(row), Stored(col), val);
 }
 
 std::int16_t LPModel::AddRow(std::string_view RowName) {
-  ModelData& data = Settled();
   const NameKey key = NameKey::Of(RowName);
-  const bool in_use = FindRow(data, key, RowName) != 0;
+  const bool in_use = store_.FindRow(key, RowName) != 0;
   if (const auto refusal = RefusalOf(RowName, kRowRefusals, in_use); !refusal.empty()) {
     Refuse(refusal);
     return 0;
   }
-  AppendRecord(data.Rows, data.NumberOfRows, RowName, key, data.row_names);
-  WarnOnceOfLongName(*this, RowName);
+  store_.AddRow(key, RowName);
+  WarnOnceOfLongName(RowName);
   return -1;
 }
 
 std::int16_t LPModel::AddColumn(std::string_view ColName) {
-  ModelData& data = Settled();
   const NameKey key = NameKey::Of(ColName);
-  const bool in_use = FindColumn(data, key, ColName) != 0;
+  const bool in_use = store_.FindColumn(key, ColName) != 0;
   if (const auto refusal = RefusalOf(ColName, kColumnRefusals, in_use); !refusal.empty()) {
     Refuse(refusal);
     return 0;
   }
-  ColumnRecord& column =
-      AppendRecord(data.Columns, data.NumberOfColumns, ColName, key, data.column_names);
-  column.UpperBound = BoundLimit;
-  column.Type = ColumnType::kContinuous;
-  WarnOnceOfLongName(*this, ColName);
+  const std::int32_t c = store_.AddColumn(key, ColName);
+  store_.ColumnBounds(c).UpperBound = BoundLimit;
+  store_.SetColumnType(c, ColumnType::kContinuous);
+  WarnOnceOfLongName(ColName);
   return -1;
 }
 

@@ -4,14 +4,14 @@
 
 #include <gtest/gtest.h>
 
-#include "model/lp_model.h"
+#include "component/lp_model.h"
 #include "platform/scripted/scripted_desktop.h"
 #include "tests/support/model_builder.h"
 
 namespace quarvel {
 namespace {
 
-class RecordKindTest : public testing::Test {
+class RecordKindTest : public ::testing::Test {
  protected:
   RecordKindTest() {
     ModelBuilder(model_)
@@ -40,7 +40,7 @@ TEST_F(RecordKindTest, AsksForRows) {
   EXPECT_EQ(Text(kRowKind, 1), "RNG R 2.000000 8.000000 2");
   EXPECT_EQ((model_.*kRowKind.element_at)(1, 1), 1);
   EXPECT_EQ((model_.*kRowKind.element_value)(1, 1), 4);
-  EXPECT_EQ(kRowKind.find(model_.data(), "RNG"), 2);
+  EXPECT_EQ(kRowKind.find(model_.store(), "RNG"), 2);
 }
 
 TEST_F(RecordKindTest, AsksForColumns) {
@@ -48,7 +48,7 @@ TEST_F(RecordKindTest, AsksForColumns) {
   EXPECT_EQ(Text(kColumnKind, 1), "Y I 1.000000 10.000000 1");
   EXPECT_EQ((model_.*kColumnKind.element_at)(1, 0), 1);
   EXPECT_EQ((model_.*kColumnKind.element_value)(1, 0), 4);
-  EXPECT_EQ(kColumnKind.find(model_.data(), "Z"), 3);
+  EXPECT_EQ(kColumnKind.find(model_.store(), "Z"), 3);
 }
 
 TEST_F(RecordKindTest, EachChangesItsOwn) {

@@ -4,9 +4,10 @@
 
 #include <gtest/gtest.h>
 
-#include "model/lp_model.h"
+#include "component/lp_model.h"
+#include "model/model_check.h"
 #include "platform/scripted/scripted_desktop.h"
-#include "tests/model/edge_numbers.h"
+#include "tests/component/edge_numbers.h"
 #include "tests/support/model_builder.h"
 #include "tests/support/test_paths.h"
 
@@ -31,7 +32,6 @@ class Deleting : public ::testing::Test {
         .Element("Y", "OBJ", 3)
         .Element("Y", "LIM", 4)
         .Element("Z", "LIM", 5);
-    RebuildRowIndexes(model.data());
   }
 
   // Rows of one coefficient each, R1 to R<count>, all in column WIDE; column SPARE takes every
@@ -85,8 +85,8 @@ TEST_F(Deleting, ARowTakesItsCoefficientsAndItsNumberWithIt) {
   EXPECT_EQ(model.ColElementrow(0, 0), 1);
   EXPECT_EQ(model.ColElementvalue(0, 0), 2);
   EXPECT_EQ(model.NumberOfNonBindingRows(), 0);
-  EXPECT_EQ(model.data().BindingRows.store(), (std::vector{1, 2}));
-  EXPECT_EQ(CheckModelData(model.data()), "");
+  EXPECT_EQ(model.store().data().BindingRows.store(), (std::vector{1, 2}));
+  EXPECT_EQ(CheckModelData(model.store()), "");
 }
 
 TEST_F(Deleting, AColumnThatARowEmptiesStays) {
@@ -102,8 +102,8 @@ TEST_F(Deleting, ARowThatAColumnEmptiesGoesToo) {
   EXPECT_EQ(RowNames(), (Texts{"OBJ", "LIM"}));
   EXPECT_EQ(ColumnNames(), (Texts{"Y", "Z"}));
   EXPECT_EQ(model.NumberOfElements(), 3);
-  EXPECT_EQ(model.data().BindingRows.store(), std::vector{2});
-  EXPECT_EQ(CheckModelData(model.data()), "");
+  EXPECT_EQ(model.store().data().BindingRows.store(), std::vector{2});
+  EXPECT_EQ(CheckModelData(model.store()), "");
 }
 
 TEST_F(Deleting, ARowThatWasEmptyBeforeStaysWhenAColumnGoes) {
@@ -115,8 +115,10 @@ TEST_F(Deleting, ARowThatWasEmptyBeforeStaysWhenAColumnGoes) {
 
 TEST_F(Deleting, AColumnThatEmptiesNoRowLeavesTheRowIndexesAlone) {
   BuildSmall();
-  model.data().BindingRows.Release();
-  model.data().NumberOfBindingRows = 0;
+  ChangeFields(model, [](ModelData& data) {
+    data.BindingRows.Release();
+    data.NumberOfBindingRows = 0;
+  });
   model.DeleteColumn(2);
   EXPECT_EQ(model.NumberOfBindingRows(), 0);
   EXPECT_EQ(model.NumberOfRows(), 3);
@@ -156,7 +158,7 @@ TEST_F(Deleting, ANewModelHasNothingToDelete) {
   EXPECT_EQ(model.DeleteColumn(0), -1);
   EXPECT_EQ(model.DeleteElement(0, 0), 0);
   EXPECT_TRUE(desktop.boxes().empty());
-  EXPECT_EQ(model.data().Rows.size(), 1);
+  EXPECT_EQ(model.store().data().Rows.size(), 1);
 }
 
 TEST_F(Deleting, AnElementGoesFromBothLists) {
@@ -166,7 +168,7 @@ TEST_F(Deleting, AnElementGoesFromBothLists) {
   EXPECT_EQ(model.RowNumberElements(0), 1);
   EXPECT_EQ(model.RowElementCol(0, 0), 1);
   EXPECT_EQ(model.ColNumberElements(0), 1);
-  EXPECT_EQ(CheckModelData(model.data()), "");
+  EXPECT_EQ(CheckModelData(model.store()), "");
 }
 
 TEST_F(Deleting, AColumnThatLosesItsLastElementStays) {
@@ -180,7 +182,7 @@ TEST_F(Deleting, TheOnlyElementOfARowTakesTheRowWithIt) {
   BuildSmall();
   EXPECT_EQ(model.DeleteElement(2, 0), -1);
   EXPECT_EQ(RowNames(), (Texts{"OBJ", "LIM"}));
-  EXPECT_EQ(model.data().BindingRows.store(), std::vector{2});
+  EXPECT_EQ(model.store().data().BindingRows.store(), std::vector{2});
   EXPECT_EQ(model.NumberOfElements(), 4);
 }
 
@@ -190,8 +192,8 @@ TEST_F(Deleting, TheOnlyElementOfTheOnlyRowLeavesNoRows) {
   model.AddElement(0, 0, 1);
   EXPECT_EQ(model.DeleteElement(0, 0), -1);
   EXPECT_EQ(model.NumberOfRows(), 0);
-  EXPECT_TRUE(model.data().Rows.empty());
-  EXPECT_TRUE(model.data().BindingRows.empty());
+  EXPECT_TRUE(model.store().data().Rows.empty());
+  EXPECT_TRUE(model.store().data().BindingRows.empty());
   EXPECT_EQ(model.NumberOfColumns(), 1);
 }
 
@@ -239,16 +241,16 @@ TEST_F(Deleting, OfRepeatedCoefficientsAColumnTakesOnlyTheFirstOfEachRow) {
 
 TEST_F(Deleting, AnElementWhoseColumnIsNotThereRaises) {
   BuildSmall();
-  model.data().Rows[1].Elements[1].Index = 77;
+  ChangeFields(model, [&](ModelData& data) { data.Rows[1].Elements[1].Index = 77; });
   EXPECT_EQ(ErrorOfDeleteElement(0, 0), 9);
   EXPECT_EQ(model.RowNumberElements(0), 2);
 }
 
 TEST_F(Deleting, ModelsWhoseListsDisagreeAreDeletedFromWithoutHarm) {
   BuildSmall();
-  model.data().Rows[1].Elements[1].Index = 77;
-  model.data().Columns[2].Elements[2].Index = -5;
-  model.data().Columns[3].Elements[1].Index = kGreatest;
+  ChangeFields(model, [&](ModelData& data) { data.Rows[1].Elements[1].Index = 77; });
+  ChangeFields(model, [&](ModelData& data) { data.Columns[2].Elements[2].Index = -5; });
+  ChangeFields(model, [&](ModelData& data) { data.Columns[3].Elements[1].Index = kGreatest; });
   EXPECT_EQ(model.DeleteRow(2), -1);
   EXPECT_EQ(model.DeleteColumn(0), -1);
   EXPECT_EQ(model.DeleteRow(0), -1);
@@ -256,24 +258,24 @@ TEST_F(Deleting, ModelsWhoseListsDisagreeAreDeletedFromWithoutHarm) {
   EXPECT_EQ(ColumnNames(), (Texts{"Y", "Z"}));
 }
 
-TEST_F(Deleting, DeletionsInARowArePutOffUntilSomebodyLooks) {
+TEST_F(Deleting, DeletionsInARowAreDeferredUntilSomebodyLooks) {
   BuildWide(1000, 2);
   for (int i = 0; i < 400; ++i) model.DeleteRow(i);
-  EXPECT_FALSE(IsSettled(model.raw_data()));
+  EXPECT_TRUE(model.store().has_deferred_work());
   EXPECT_EQ(model.NumberOfRows(), 600);
   EXPECT_EQ(model.RowName(0), "R2");
   EXPECT_EQ(model.RowName(399), "R800");
   EXPECT_EQ(model.NumberOfElements(), 1100);
-  EXPECT_EQ(CheckModelData(model.data()), "");
+  EXPECT_EQ(CheckModelData(model.store()), "");
 }
 
-TEST_F(Deleting, DeletionsFromTheEndBackwardsArePutOffToo) {
+TEST_F(Deleting, DeletionsFromTheEndBackwardsAreDeferredToo) {
   BuildWide(40000, 3);
   for (int i = 39999; i >= 10; --i) model.DeleteRow(i);
   EXPECT_EQ(model.NumberOfRows(), 10);
   EXPECT_EQ(model.RowName(9), "R10");
   EXPECT_EQ(model.NumberOfElements(), 13);
-  EXPECT_EQ(CheckModelData(model.data()), "");
+  EXPECT_EQ(CheckModelData(model.store()), "");
 }
 
 // A loop that looks at rows and deletes some of them stays cheap.
@@ -282,7 +284,7 @@ TEST_F(Deleting, LookingAtOtherRowsLeavesTheirDeletionPutOff) {
   model.DeleteRow(2);
   model.DeleteRow(10);
   model.DeleteRow(0);
-  ASSERT_FALSE(IsSettled(model.raw_data()));
+  ASSERT_TRUE(model.store().has_deferred_work());
   ASSERT_EQ(model.NumberOfRows(), 37);
   const auto look = [this] {
     std::vector<std::pair<std::string, std::vector<double>>> rows;
@@ -299,11 +301,11 @@ TEST_F(Deleting, LookingAtOtherRowsLeavesTheirDeletionPutOff) {
   };
   const auto rows = look();
   EXPECT_THROW(model.RowName(37), AutomationError);
-  EXPECT_FALSE(IsSettled(model.raw_data()));
+  EXPECT_TRUE(model.store().has_deferred_work());
   EXPECT_EQ(rows[0].first, "R2" + model.RowType(0));
   EXPECT_EQ(rows[36].second.size(), 6u);  // the bounds and two coefficients
   EXPECT_EQ(model.ColNumberElements(0), 37);
-  EXPECT_TRUE(IsSettled(model.raw_data()));
+  EXPECT_FALSE(model.store().has_deferred_work());
   EXPECT_EQ(look(), rows);
 }
 
@@ -312,14 +314,14 @@ TEST_F(Deleting, LookingAtOtherColumnsLeavesTheirDeletionPutOff) {
   model.AddColumn("THIRD");
   model.AddElement(5, 2, 7);
   model.DeleteColumn(1);
-  ASSERT_FALSE(IsSettled(model.raw_data()));
+  ASSERT_TRUE(model.store().has_deferred_work());
   EXPECT_EQ(model.ColName(1), "THIRD");
   EXPECT_EQ(model.ColNumberElements(1), 1);
   EXPECT_EQ(model.ColElementrow(1, 0), 5);
   EXPECT_EQ(model.ColElementvalue(1, 0), 7);
-  EXPECT_FALSE(IsSettled(model.raw_data()));
+  EXPECT_TRUE(model.store().has_deferred_work());
   EXPECT_EQ(model.RowElementCol(5, 1), 1);
-  EXPECT_TRUE(IsSettled(model.raw_data()));
+  EXPECT_FALSE(model.store().has_deferred_work());
   EXPECT_EQ(model.ColElementrow(1, 0), 5);
 }
 
@@ -328,8 +330,8 @@ TEST_F(Deleting, ANewModelAfterDeletionsKeepsTheirRowIndexes) {
   model.DeleteRow(2);
   model.MakeNewModel();
   EXPECT_EQ(model.NumberOfBindingRows(), 1);
-  EXPECT_EQ(model.data().BindingRows.store(), std::vector{2});
-  EXPECT_EQ(model.data().NonBindingRows.store(), std::vector{1});
+  EXPECT_EQ(model.store().data().BindingRows.store(), std::vector{2});
+  EXPECT_EQ(model.store().data().NonBindingRows.store(), std::vector{1});
 }
 
 TEST_F(Deleting, AColumnThatEmptiesManyRowsTakesThemInOneGo) {
@@ -339,7 +341,7 @@ TEST_F(Deleting, AColumnThatEmptiesManyRowsTakesThemInOneGo) {
   EXPECT_EQ(model.RowName(0), "R4");
   EXPECT_EQ(model.RowName(24999), "R100000");
   EXPECT_EQ(model.RowElementCol(24999, 0), 0);
-  EXPECT_EQ(CheckModelData(model.data()), "");
+  EXPECT_EQ(CheckModelData(model.store()), "");
 }
 
 TEST_F(Deleting, NamesOfDeletedRowsAreFreeAndTheOthersAreStillFound) {
@@ -352,12 +354,12 @@ TEST_F(Deleting, NamesOfDeletedRowsAreFreeAndTheOthersAreStillFound) {
   EXPECT_EQ(RowNames(), (Texts{"LIM", "ONLY", "OBJ"}));
 }
 
-TEST_F(Deleting, TheRoutinesRaiseForNumbersThatAreNotThere) {
+TEST_F(Deleting, TheStoreRaisesForNumbersThatAreNotThere) {
   BuildSmall();
   for (const std::int32_t number : {0, 4, -1, kGreatest}) {
-    EXPECT_THROW(model.RemoveRow(number), AutomationError);
-    EXPECT_THROW(model.RemoveColumn(number), AutomationError);
-    EXPECT_THROW(model.RemoveElement(number, 1), AutomationError);
+    EXPECT_THROW(model.store().RemoveRow(number), AutomationError);
+    EXPECT_THROW(model.store().RemoveColumn(number), AutomationError);
+    EXPECT_THROW(model.store().RemoveElement(number, 1), AutomationError);
   }
   EXPECT_EQ(model.NumberOfRows(), 3);
 }

@@ -1,11 +1,11 @@
-#include "model/pending_removals.h"
+#include "model/deferred_removals.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <utility>
 
-#include "model/line_names.h"
-#include "model/model_data.h"
+#include "model/record_names.h"
+#include "model/stored_model.h"
 
 namespace quarvel {
 namespace {
@@ -56,32 +56,32 @@ class NewNumbers {
 // Names that stand at the end leave the index one by one; otherwise the numbers of the others
 // change too.
 template <class Record>
-void RemoveNames(const OneBased<Record>& lines, const Positions& gone, std::int32_t left,
+void RemoveNames(const OneBased<Record>& records, const Positions& gone, std::int32_t left,
                  NameIndex& names) {
   if (gone.front() != left + 1) {
     names.MarkStale();
     return;
   }
   for (const std::int32_t position : gone) {
-    names.Remove(lines[position].Name, position);
+    names.Remove(records[position].Name, position);
   }
 }
 
 template <class Record>
-void CloseRecords(OneBased<Record>& lines, const Positions& gone, std::int32_t left) {
+void CloseRecords(OneBased<Record>& records, const Positions& gone, std::int32_t left) {
   auto next = gone.begin();
   std::int32_t number = gone.front();
-  for (std::int32_t position = number; position <= lines.size(); ++position) {
+  for (std::int32_t position = number; position <= records.size(); ++position) {
     if (next != gone.end() && *next == position) {
       ++next;
     } else {
-      lines[number++] = std::move(lines[position]);
+      records[number++] = std::move(records[position]);
     }
   }
   if (left == 0) {
-    lines.Release();
+    records.Release();
   } else {
-    lines.Resize(left);
+    records.Resize(left);
   }
 }
 
@@ -96,17 +96,17 @@ void Renumber(ElementList& list, const NewNumbers& numbers) {
 }
 
 template <class Record>
-void CloseGapsOf(OneBased<Record>& lines, std::int32_t left, NameIndex& names, auto& others,
+void CloseGapsOf(OneBased<Record>& records, std::int32_t left, NameIndex& names, auto& others,
                  std::int32_t other_count, const Positions& gone) {
-  const NewNumbers numbers(gone, lines.size());
-  RemoveNames(lines, gone, left, names);
-  CloseRecords(lines, gone, left);
+  const NewNumbers numbers(gone, records.size());
+  RemoveNames(records, gone, left, names);
+  CloseRecords(records, gone, left);
   for (std::int32_t i = 1; i <= other_count; ++i) Renumber(others[i].Elements, numbers);
 }
 
 }  // namespace
 
-std::int32_t PendingRemovals::Position(Kind kind, std::int32_t number) const {
+std::int32_t DeferredRemovals::Position(Kind kind, std::int32_t number) const {
   if (positions_.empty() || kind != kind_) return number;
   // positions_[i] - i is one more than what is left before that position, and never falls.
   std::size_t low = 0;
@@ -122,9 +122,8 @@ std::int32_t PendingRemovals::Position(Kind kind, std::int32_t number) const {
   return number + static_cast<std::int32_t>(low);
 }
 
-void PendingRemovals::Note(Kind kind, std::int32_t position) {
+void DeferredRemovals::Note(Kind kind, std::int32_t position) {
   kind_ = kind;
-  empty_ = false;
   if (positions_.empty() || positions_.back() < position) {
     positions_.push_back(position);
   } else {
@@ -132,7 +131,7 @@ void PendingRemovals::Note(Kind kind, std::int32_t position) {
   }
 }
 
-bool PendingRemovals::IsCostly(std::int32_t position) const {
+bool DeferredRemovals::IsCostly(std::int32_t position) const {
   constexpr std::ptrdiff_t kMany = 16384;
   const auto size = static_cast<std::ptrdiff_t>(positions_.size());
   if (size <= kMany || positions_.back() < position) return false;
@@ -140,23 +139,19 @@ bool PendingRemovals::IsCostly(std::int32_t position) const {
   return positions_.end() - place > kMany;
 }
 
-void CloseGaps(ModelData& data) {
-  PendingRemovals& removals = data.removals;
+void CloseGaps(StoredModel& model, DeferredRemovals& removals) {
   if (removals.empty()) return;
+  ModelData& data = model.data;
   const Positions& gone = removals.positions();
-  const bool rows_went = removals.kind() == PendingRemovals::Kind::kRows;
-  if (rows_went) {
-    CloseGapsOf(data.Rows, data.NumberOfRows, data.row_names, data.Columns, data.NumberOfColumns,
+  if (removals.kind() == DeferredRemovals::Kind::kRows) {
+    CloseGapsOf(data.Rows, data.NumberOfRows, model.row_names, data.Columns, data.NumberOfColumns,
                 gone);
+    RebuildRowIndexes(data);
   } else {
-    CloseGapsOf(data.Columns, data.NumberOfColumns, data.column_names, data.Rows, data.NumberOfRows,
-                gone);
+    CloseGapsOf(data.Columns, data.NumberOfColumns, model.column_names, data.Rows,
+                data.NumberOfRows, gone);
   }
   removals.Clear();
-  // What disagrees is marked by position, and what lists say of numbers that are not there may come
-  // true. So marks are kept only while deletions are pending, when nothing is added.
-  if (!data.agreement.everywhere()) data.agreement.Forget();
-  if (rows_went) RebuildRowIndexes(data);
 }
 
 }  // namespace quarvel

@@ -7,7 +7,8 @@
 #include <gtest/gtest.h>
 
 #include "model/error_reports.h"
-#include "tests/model/query_model.h"
+#include "tests/component/query_model.h"
+#include "tests/support/model_builder.h"
 
 namespace quarvel {
 namespace {
@@ -72,7 +73,7 @@ TEST(RowEquation, RaisesForARowOutOfRange) {
 
 TEST(RowEquation, RaisesNineForAnElementOfNoColumn) {
   QueryModel q;
-  q.model.data().Rows[1].Elements[1].Index = 99;
+  ChangeFields(q.model, [&](ModelData& data) { data.Rows[1].Elements[1].Index = 99; });
   EXPECT_EQ(RaisedBy([&] { q.model.RowEquation(0); }), Raised(9, "", "Subscript out of range"));
 }
 
@@ -135,7 +136,7 @@ TEST(RowGradient, RaisesNineForARowThatIsNotStoredAfterZeroing) {
 
 TEST(RowGradient, TellsAModelErrorAndGoesOnWithTheAssignment) {
   QueryModel q;
-  q.model.data().Rows[1].Elements[1].Index = 7;
+  ChangeFields(q.model, [&](ModelData& data) { data.Rows[1].Elements[1].Index = 7; });
   std::array<double, 8> gradient = {};
   EXPECT_EQ(q.model.RowGradient(0, gradient), 1);
   const platform::ShownBox expected = {"Error in Quarvel.dll model", platform::MsgBoxStyle::kOk,
@@ -147,7 +148,7 @@ TEST(RowGradient, TellsAModelErrorAndGoesOnWithTheAssignment) {
 
 TEST(RowGradient, ReturnsZeroWhenAnElementLiesBeyondTheArray) {
   QueryModel q;
-  q.model.data().Rows[1].Elements[2].Index = 9;
+  ChangeFields(q.model, [&](ModelData& data) { data.Rows[1].Elements[2].Index = 9; });
   std::array<double, 5> gradient = {};
   EXPECT_EQ(q.model.RowGradient(0, gradient), 0);
   EXPECT_EQ(gradient[0], 2);  // what was written stays
@@ -192,7 +193,7 @@ TEST(RowBodyValue, CountsRepeatedElementsEachTime) {
 
 TEST(RowBodyValue, RaisesForAnElementBeyondTheColumnsKeepingTheSumSoFar) {
   QueryModel q;
-  q.model.data().Rows[1].Elements[2].Index = 6;
+  ChangeFields(q.model, [&](ModelData& data) { data.Rows[1].Elements[2].Index = 6; });
   const std::array<double, 9> point = {3, 3, 3, 3, 3, 3, 3, 3, 3};
   double answer = 77;
   EXPECT_EQ(

@@ -5,8 +5,10 @@
 
 #include <gtest/gtest.h>
 
-#include "model/lp_model.h"
+#include "component/lp_model.h"
+#include "model/model_check.h"
 #include "platform/scripted/scripted_desktop.h"
+#include "tests/support/model_builder.h"
 
 namespace quarvel {
 namespace {
@@ -68,7 +70,7 @@ TEST_F(Adding, TheFirstRowOfANewModelTakesOverTheHiddenOne) {
 
 TEST_F(Adding, TheFirstColumnOfANewModelKeepsTheHiddenLowerBound) {
   model.MakeNewModel();
-  model.data().Columns[1].LowerBound = 3;
+  ChangeFields(model, [&](ModelData& data) { data.Columns[1].LowerBound = 3; });
   model.AddColumn("FIRST");
   model.AddColumn("SECOND");
   EXPECT_EQ(model.ColLowerBound(0), 3);
@@ -151,7 +153,7 @@ TEST_F(Adding, ACoefficientStandsInBothLists) {
   EXPECT_EQ(model.ColElementrow(1, 0), 0);
   EXPECT_EQ(model.ColElementvalue(1, 0), -2.5);
   EXPECT_EQ(model.NumberOfElements(), 1);
-  EXPECT_EQ(CheckModelData(model.data()), "");
+  EXPECT_EQ(CheckModelData(model.store()), "");
 }
 
 TEST_F(Adding, ARepeatedCoefficientIsASecondOne) {

@@ -7,8 +7,9 @@
 #include <gtest/gtest.h>
 
 #include "model/error_reports.h"
-#include "tests/model/edge_numbers.h"
-#include "tests/model/query_model.h"
+#include "tests/component/edge_numbers.h"
+#include "tests/component/query_model.h"
+#include "tests/support/model_builder.h"
 
 namespace quarvel {
 namespace {
@@ -164,7 +165,7 @@ TEST(ElementValue, GivesTheFirstOfARepeatedPair) {
 
 TEST(ElementValue, LooksIntoTheRowsListOnly) {
   QueryModel q;
-  q.model.data().Columns[2].Elements.Release();
+  ChangeFields(q.model, [&](ModelData& data) { data.Columns[2].Elements.Release(); });
   EXPECT_EQ(q.model.ElementValue(0, 1), -3.5);
 }
 

@@ -1,0 +1,37 @@
+#include "component/lp_model.h"
+
+namespace quarvel {
+
+std::int16_t LPModel::DeleteRow(std::int32_t row) {
+  if (NumberOfRows() == 1) {
+    Refuse(
+        "Cannot remove the only row.\r\n"
+        "Rename it instead of removing it and creating a new one.");
+  } else if (InRange(row, NumberOfRows())) {
+    store_.RemoveRow(Stored(row));
+  }
+  return -1;
+}
+
+std::int16_t LPModel::DeleteColumn(std::int32_t col) {
+  if (NumberOfColumns() == 1) {
+    Refuse(
+        "Cannot remove the only column.\r\n"
+        "Rename it instead of removing it and creating a new one.");
+  } else if (InRange(col, NumberOfColumns())) {
+    store_.RemoveColumn(Stored(col), [this](const RowRecord& row) { log_.AppendEmptyRow(row); });
+  }
+  return -1;
+}
+
+std::int16_t LPModel::DeleteElement(std::int32_t row, std::int32_t ele) {
+  const ModelData& data = store_.data();
+  if (!InRange(row, data.NumberOfRows)) return 0;
+  // No result says that the element number is bad: a host hears of it as a failure. A row may not
+  // lose its last element and stay, so that the whole row goes then.
+  if (!InRange(ele, data.Rows[Stored(row)].ElementCount())) RaiseSubscriptOutOfRange();
+  store_.RemoveElement(Stored(row), Stored(ele));
+  return -1;
+}
+
+}  // namespace quarvel

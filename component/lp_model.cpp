@@ -1,0 +1,43 @@
+#include "component/lp_model.h"
+
+#include <utility>
+
+#include "component/model_windows.h"
+#include "model/about.h"
+#include "platform/box.h"
+#include "platform/desktop.h"
+
+namespace quarvel {
+
+LPModel::LPModel(platform::Desktop& desktop)
+    : desktop_(desktop), windows_(std::make_unique<ModelWindows>(desktop, view_)) {}
+
+LPModel::~LPModel() = default;
+
+void LPModel::MakeNewModel() {
+  store_.Clear();
+  log_.Abandon();
+  // The hidden records that the add operations take over; with both counts at 0 no query sees them.
+  // The row's type and bounds do not fit each other, and hosts have come to rely on what the first
+  // added row starts with.
+  ColumnRecord column;
+  column.Name = "COL1";
+  column.Type = ColumnType::kContinuous;
+  column.UpperBound = BoundLimit;
+  RowRecord row;
+  row.Name = "ROW1";
+  row.Type = quarvel::RowType::kLess;
+  row.UpperBound = BoundLimit;
+  store_.PlaceHidden(std::move(row), std::move(column));
+}
+
+void LPModel::DisplayAuthor() const {
+  desktop_.MsgBox({.kind = platform::BoxKind::kAbout,
+                   .statement = AboutText(),
+                   .question = {},
+                   .title = std::string(kAboutTitle)});
+}
+
+void LPModel::Refuse(std::string_view text) const { desktop_.MsgBox(platform::Refusal(text)); }
+
+}  // namespace quarvel

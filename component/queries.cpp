@@ -1,0 +1,43 @@
+// Queries by number.
+
+#include "component/lp_model.h"
+
+namespace quarvel {
+
+double LPModel::ColUpperBound(std::int32_t j) const { return Column(j).UpperBound; }
+
+double LPModel::ColLowerBound(std::int32_t j) const { return Column(j).LowerBound; }
+
+std::string LPModel::ColName(std::int32_t j) const { return Column(j).Name; }
+
+std::string LPModel::ColType(std::int32_t j) const { return TypeText(Column(j).Type); }
+
+double LPModel::RowUpperBound(std::int32_t i) const { return Row(i).UpperBound; }
+
+double LPModel::RowLowerBound(std::int32_t i) const { return Row(i).LowerBound; }
+
+std::string LPModel::RowName(std::int32_t i) const { return Row(i).Name; }
+
+std::string LPModel::RowType(std::int32_t i) const { return TypeText(Row(i).Type); }
+
+double LPModel::ElementValue(std::int32_t i, std::int32_t j) const {
+  const ModelData& data = store_.data();
+  const RowRecord& row = data.Rows[CheckRowOfPair(i, data.NumberOfRows)];
+  const std::int32_t c = CheckColumnOfPair(j, data.NumberOfColumns);
+  for (const ElementEntry& entry : row.Elements) {
+    if (entry.Index == c) return entry.Value;
+  }
+  return 0;
+}
+
+std::int32_t LPModel::BindingRowIndex(std::int32_t i) const {
+  const ModelData& data = store_.data();
+  return Public(data.BindingRows[CheckBindingRowIndex(i, data.NumberOfBindingRows)]);
+}
+
+std::int32_t LPModel::NonBindingRowIndex(std::int32_t i) const {
+  const ModelData& data = store_.data();
+  return Public(data.NonBindingRows[CheckNonBindingRowIndex(i, data.NumberOfNonBindingRows)]);
+}
+
+}  // namespace quarvel

@@ -1,0 +1,58 @@
+#include "model/change_check.h"
+
+#ifdef QUARVEL_CHECK_EACH_CHANGE
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <set>
+#include <string>
+
+#include "model/deferred_work.h"
+#include "model/model_check.h"
+#include "model/stored_model.h"
+
+namespace quarvel {
+namespace {
+
+constexpr std::size_t kLookedAtEachTime = 2000;
+
+std::size_t SizeOf(const ModelData& data) {
+  return static_cast<std::size_t>(data.NumberOfRows) +
+         static_cast<std::size_t>(data.NumberOfColumns) +
+         static_cast<std::size_t>(data.NumberOfElements);
+}
+
+bool HasAPairTwice(const ModelData& data) {
+  for (std::int32_t r = 1; r <= data.NumberOfRows; ++r) {
+    std::set<std::int32_t> columns;
+    for (const ElementEntry& entry : data.Rows[r].Elements) {
+      if (!columns.insert(entry.Index).second) return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+void ChangeCheck::After(const StoredModel& model, const DeferredWork& deferred) {
+  if (deferred.row_lists()) return;  // a read's next look at them is soon enough
+  credit_ += kLookedAtEachTime;
+  if (credit_ < SizeOf(model.data)) return;
+  credit_ = 0;
+  StoredModel copy;
+  copy.data = model.data;
+  copy.row_names = model.row_names;
+  copy.column_names = model.column_names;
+  DeferredWork(copy, deferred).Settle();
+  const std::string fault = CheckStoredModel(copy);
+  if (was_whole_ && !fault.empty()) {
+    std::fprintf(stderr, "quarvel: a change left a broken model: %s\n", fault.c_str());
+    std::abort();
+  }
+  was_whole_ = fault.empty() && !HasAPairTwice(copy.data);
+}
+
+}  // namespace quarvel
+
+#endif

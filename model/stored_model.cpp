@@ -1,0 +1,43 @@
+#include "model/stored_model.h"
+
+namespace quarvel {
+
+const NameIndex& RebuiltRowNames(StoredModel& model) {
+  model.row_names.Rebuild(model.data.NumberOfRows, NamesOf(model.data.Rows));
+  return model.row_names;
+}
+
+const NameIndex& RebuiltColumnNames(StoredModel& model) {
+  model.column_names.Rebuild(model.data.NumberOfColumns, NamesOf(model.data.Columns));
+  return model.column_names;
+}
+
+void RebuildRowIndexes(ModelData& data) {
+  data.NumberOfBindingRows = 0;
+  data.NumberOfNonBindingRows = 0;
+  data.BindingRows.Release();
+  data.NonBindingRows.Release();
+  for (std::int32_t i = 1; i <= data.NumberOfRows; ++i) {
+    if (TraitsOf(data.Rows[i].Type).binds) {
+      ++data.NumberOfBindingRows;
+      data.BindingRows.Append(i);
+    } else {
+      ++data.NumberOfNonBindingRows;
+      data.NonBindingRows.Append(i);
+    }
+  }
+}
+
+void ReleaseRecords(StoredModel& model) {
+  model.data.NumberOfColumns = 0;
+  model.data.Columns.Release();
+  model.data.NumberOfRows = 0;
+  model.data.Rows.Release();
+  model.data.NumberOfElements = 0;
+  model.row_arena.Release();
+  model.column_arena.Release();
+  model.row_names.Clear();
+  model.column_names.Clear();
+}
+
+}  // namespace quarvel

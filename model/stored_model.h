@@ -1,0 +1,48 @@
+// The parts of a store that belong together: the stored fields, the indexes of their names, and the
+// memory that a read's lists stand in. For the store's own sources only.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "model/element_store.h"
+#include "model/model_data.h"
+#include "model/name_index.h"
+#include "model/record_names.h"
+
+namespace quarvel {
+
+struct StoredModel {
+  ModelData data;
+  // The names of rows 1..NumberOfRows and of columns 1..NumberOfColumns.
+  NameIndex row_names;
+  NameIndex column_names;
+  // Where the lists of the last read stand.
+  ElementArena row_arena;
+  ElementArena column_arena;
+};
+
+// The indexes of names after making them anew.
+const NameIndex& RebuiltRowNames(StoredModel& model);
+const NameIndex& RebuiltColumnNames(StoredModel& model);
+
+// The first row or column of that name, 0 when there is none. Exact comparison; constant time. No
+// removal of that kind may be deferred.
+inline std::int32_t FindRow(StoredModel& model, const NameKey& key, std::string_view name) {
+  const NameIndex& names = model.row_names.stale() ? RebuiltRowNames(model) : model.row_names;
+  return names.Find(key, name, NamesOf(model.data.Rows));
+}
+inline std::int32_t FindColumn(StoredModel& model, const NameKey& key, std::string_view name) {
+  const NameIndex& names =
+      model.column_names.stale() ? RebuiltColumnNames(model) : model.column_names;
+  return names.Find(key, name, NamesOf(model.data.Columns));
+}
+
+// Recomputes both row indexes and their counts from the row types.
+void RebuildRowIndexes(ModelData& data);
+
+// Drops all rows and columns with their lists, names and memory; counts of rows, columns and
+// elements 0. The binding-row indexes are not touched.
+void ReleaseRecords(StoredModel& model);
+
+}  // namespace quarvel

@@ -1,0 +1,171 @@
+#include "model/model_store.h"
+
+#include <cstdint>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "model/model_check.h"
+
+namespace quarvel {
+namespace {
+
+std::int32_t AddRow(ModelStore& store, const std::string& name) {
+  return store.AddRow(NameKey::Of(name), name);
+}
+
+std::int32_t AddColumn(ModelStore& store, const std::string& name) {
+  return store.AddColumn(NameKey::Of(name), name);
+}
+
+// Rows R1 to R<rows> and columns C1 to C<columns>; a coefficient wherever row and column number
+// leave the same rest.
+void Build(ModelStore& store, std::int32_t rows, std::int32_t columns, std::int32_t rest) {
+  for (std::int32_t r = 1; r <= rows; ++r) {
+    AddRow(store, "R" + std::to_string(r));
+    store.SetRowType(r, r % 2 == 0 ? RowType::kFree : RowType::kLess);
+  }
+  for (std::int32_t c = 1; c <= columns; ++c) {
+    AddColumn(store, "C" + std::to_string(c));
+    for (std::int32_t r = 1; r <= rows; ++r) {
+      if (r % rest == c % rest) store.AddElement(r, c, r + 1000 * c);
+    }
+  }
+}
+
+std::string NamesOfRows(const ModelStore& store) {
+  std::string names;
+  for (std::int32_t r = 1; r <= store.NumberOfRows(); ++r) names += store.Row(r).Name + " ";
+  return names;
+}
+
+TEST(ModelStore, FindsRecordsByNameThroughEveryChange) {
+  ModelStore store;
+  Build(store, 4, 4, 2);
+  EXPECT_EQ(store.FindRow("R3"), 3);
+  store.RenameRow(3, "OTHER");
+  EXPECT_EQ(store.FindRow("R3"), 0);
+  store.RemoveRow(2);
+  EXPECT_EQ(store.FindRow("OTHER"), 2);
+  EXPECT_EQ(store.FindRow("R4"), 3);
+  store.RenameColumn(1, "FIRST");
+  EXPECT_EQ(store.FindColumn("FIRST"), 1);
+  EXPECT_EQ(CheckModelData(store), "");
+}
+
+TEST(ModelStore, ChangesRecordsWhileRemovalsOfTheirKindAreDeferred) {
+  ModelStore store;
+  Build(store, 6, 3, 3);
+  store.RemoveRow(1);
+  store.RemoveRow(3);
+  ASSERT_TRUE(store.has_deferred_work());
+  store.RowBounds(2) = {-1, 5};
+  EXPECT_EQ(store.Row(2).Name, "R3");
+  EXPECT_EQ(store.Row(2).UpperBound, 5);
+  // What a row's list says of columns stands where it did.
+  store.ColumnBoundsAt(store.Row(2).Elements[1]).LowerBound = -7;
+  EXPECT_TRUE(store.has_deferred_work());
+  EXPECT_EQ(store.data().Columns[3].LowerBound, -7);
+  EXPECT_EQ(NamesOfRows(store), "R2 R3 R5 R6 ");
+  EXPECT_EQ(CheckModelData(store), "");
+}
+
+TEST(ModelStore, TellsOfEachRowThatGoesWithAColumn) {
+  ModelStore store;
+  Build(store, 4, 2, 2);
+  std::vector<std::string> gone;
+  store.RemoveColumn(1, [&](const RowRecord& row) { gone.push_back(row.Name); });
+  EXPECT_EQ(gone, (std::vector<std::string>{"R1", "R3"}));
+  EXPECT_EQ(NamesOfRows(store), "R2 R4 ");
+  EXPECT_EQ(store.NumberOfElements(), 2);
+  EXPECT_EQ(CheckModelData(store), "");
+}
+
+// A pair that was added twice: each removal takes the first entry of the other list only.
+TEST(ModelStore, CarriesRemovalsOutAtOnceWhereTheirOrderMatters) {
+  ModelStore store;
+  Build(store, 3, 3, 4);
+  store.AddElement(2, 1, 7);
+  store.AddElement(2, 1, 8);
+  store.RemoveRow(2);
+  EXPECT_FALSE(store.has_deferred_work());
+  ASSERT_EQ(store.Column(1).ElementCount(), 2);
+  EXPECT_EQ(store.Column(1).Elements[2].Value, 8);
+}
+
+TEST(ModelStore, RaisesForNumbersOfNothingAndChangesNothing) {
+  ModelStore store;
+  Build(store, 2, 2, 2);
+  for (const std::int32_t number : {-1, 0, 3}) {
+    EXPECT_THROW(store.Row(number), AutomationError);
+    EXPECT_THROW(store.AddElement(number, 1, 1), AutomationError);
+    EXPECT_THROW(store.AddElement(1, number, 1), AutomationError);
+    EXPECT_THROW(store.RemoveRow(number), AutomationError);
+    EXPECT_THROW(store.RemoveColumn(number), AutomationError);
+    EXPECT_THROW(store.RemoveElement(1, number), AutomationError);
+    EXPECT_THROW(store.SetElementValue(1, number, 1), AutomationError);
+  }
+  EXPECT_EQ(store.NumberOfElements(), 2);
+  EXPECT_EQ(CheckModelData(store), "");
+}
+
+TEST(ModelStore, TakesFieldsThatDisagreeAndFindsThatOut) {
+  ModelStore store;
+  Build(store, 4, 4, 2);
+  ModelData data = store.data();
+  data.Rows[1].Elements[1].Index = 2;
+  store.Take(std::move(data));
+  EXPECT_NE(CheckModelData(store), "");
+  EXPECT_EQ(store.FindRow("R4"), 4);
+  store.RemoveRow(1);
+  EXPECT_EQ(NamesOfRows(store), "R2 R3 R4 ");
+}
+
+// What a read does: row lists come out of the column lists, whenever somebody looks.
+TEST(ModelStore, FillsRowListsWhenSomebodyLooks) {
+  ModelStore store;
+  ModelFill& fill = store.fill();
+  fill.Begin();
+  for (const std::string name : {"A", "B"}) {
+    fill.AppendRow(NameKey::Of(name), name, RowType::kLess, {0, 1});
+  }
+  fill.AppendColumn(NameKey::Of("X"), "X", ColumnType::kInteger, {0, 4});
+  fill.AppendElement(2, 1, 3);
+  EXPECT_TRUE(store.has_deferred_work());
+  ASSERT_EQ(store.Row(2).ElementCount(), 1);
+  EXPECT_EQ(store.Row(2).Elements[1], (ElementEntry{1, 3}));
+  fill.AppendElement(1, 1, 5);
+  EXPECT_EQ(store.Row(1).Elements[1], (ElementEntry{1, 5}));
+  EXPECT_EQ(CheckModelData(store), "");
+}
+
+// Removals in any order, looked at now and then, leave what they leave one by one.
+TEST(ModelStore, DefersRandomRemovalsWithoutATrace) {
+  std::mt19937 random(11);
+  for (int run = 0; run < 40; ++run) {
+    ModelStore deferred;
+    ModelStore plain;
+    Build(deferred, 20, 15, 3);
+    Build(plain, 20, 15, 3);
+    for (int step = 0; step < 12 && deferred.NumberOfRows() > 0; ++step) {
+      const bool row = deferred.NumberOfColumns() == 0 || random() % 2 == 0;
+      const auto count =
+          static_cast<unsigned>(row ? deferred.NumberOfRows() : deferred.NumberOfColumns());
+      const auto number = static_cast<std::int32_t>(random() % count) + 1;
+      for (ModelStore* store : {&deferred, &plain}) {
+        row ? store->RemoveRow(number) : store->RemoveColumn(number);
+      }
+      plain.data();
+      ASSERT_EQ(NamesOfRows(deferred), NamesOfRows(plain)) << "run " << run;
+    }
+    EXPECT_EQ(CheckModelData(deferred), "");
+    EXPECT_EQ(deferred.NumberOfElements(), plain.NumberOfElements());
+    EXPECT_EQ(deferred.data().BindingRows.store(), plain.data().BindingRows.store());
+  }
+}
+
+}  // namespace
+}  // namespace quarvel
