@@ -38,14 +38,9 @@ void ModelSink::AddRow(const SourceLine& line, std::size_t token, RowType type) 
 }
 
 std::int32_t ModelSink::FindColumnToTakeUp(const SourceLine& line) {
-  // Most lines go on with the column of the line before.
-  const ModelData& data = fill_.data();
-  if (last_column_ >= 1 && last_column_ <= data.NumberOfColumns &&
-      data.Columns[last_column_].Name == line[1]) {
-    return last_column_;
-  }
   const std::int32_t column = FindColumn(line, 1);
-  if (column != 0) fill_.TakeUpAgain();
+  const bool newest = column == fill_.data().NumberOfColumns;
+  if (column != 0 && !newest) fill_.TakeUpAgain();
   return column;
 }
 

@@ -7,12 +7,6 @@
 #include "text/picture.h"
 
 namespace quarvel {
-namespace {
-
-constexpr std::int64_t kLinesBetweenEvents = 100;
-
-}  // namespace
-
 ReadRun::ReadRun(ModelStore& store, platform::Desktop& desktop, ReadHost& host, frmProgress* window)
     : settings_(store.settings()),
       desktop_(desktop),
@@ -45,7 +39,8 @@ void ReadRun::Begin() {
 void ReadRun::ReadLines() {
   SourceLine& line = source_.line();
   while (source_.Next(sections_.section())) {
-    if (line.number() % kLinesBetweenEvents == 0) {
+    if (line.number() == next_event_) {
+      next_event_ += kLinesBetweenEvents;
       ReportProgress();
       if (!IsReading()) return;
     }

@@ -7,6 +7,7 @@
 // Cost: one pass over the bytes; names are looked up in constant time.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "model/model_store.h"
@@ -30,6 +31,8 @@ class ReadRun {
   void Run();
 
  private:
+  static constexpr std::int64_t kLinesBetweenEvents = 100;
+
   struct AskUser {
     ReadQuestions& questions;
     bool operator()(const ReadProblem& problem) const { return questions.GoesOnAfter(problem); }
@@ -43,6 +46,7 @@ class ReadRun {
   ModelSettings& settings_;
   platform::Desktop& desktop_;
   frmProgress* window_;
+  std::int64_t next_event_ = kLinesBetweenEvents;  // the line before which events run
   LineSource source_;
   ModelSink sink_;
   ReadQuestions questions_;
