@@ -1,4 +1,4 @@
-// Message boxes, input boxes and file dialogs. Each is on top of `owner`, which may be null, until
+// Message boxes and file dialogs. Each is on top of `owner`, which may be null, until
 // it is answered.
 #pragma once
 
@@ -13,9 +13,6 @@
 namespace quarvel::platform::qt {
 
 MsgBoxResult AskBox(EventPump& pump, const QWidget* owner, const Box& box);
-
-std::string AskLine(EventPump& pump, const QWidget* owner, std::string_view prompt,
-                    std::string_view title, std::string_view default_text);
 
 // As Desktop::ShowFileDialog.
 std::string AskFile(EventPump& pump, const QWidget* owner, const FileDialog& request);

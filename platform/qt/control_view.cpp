@@ -42,7 +42,7 @@ void ControlView::Mirror(Change change) {
     case Change::kVisible:
       return widget_.setVisible(control_->visible());
     case Change::kFocus:
-      return widget_.setFocus(Qt::OtherFocusReason);
+      return TakeFocus();
     default:
       return Show(change);
   }

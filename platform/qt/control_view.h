@@ -28,6 +28,8 @@ class ControlView {
   void MirrorAll();
   void Mirror(Change change);
   void PlaceIn(int width, int height);
+  // Code gives it the keyboard.
+  virtual void TakeFocus() { widget_.setFocus(Qt::OtherFocusReason); }
 
  protected:
   // The widget belongs to its parent widget.

@@ -6,9 +6,12 @@
 #include <QLabel>
 #include <QStyleOptionGroupBox>
 
+#include "platform/input_box.h"
+
 namespace quarvel::platform::qt {
 
-// Breaks its words into lines where it is high enough for two of them.
+// Breaks its words into lines where it is high enough for two of them, and words without blanks
+// that are wider than a line.
 class FittedLabel : public QLabel {
  public:
   explicit FittedLabel(QWidget& parent);
@@ -22,8 +25,9 @@ class FittedLabel : public QLabel {
 
  private:
   int MarkFlag() const { return buddy() == nullptr ? 0 : Qt::TextShowMnemonic; }
-  // What is shown of the text.
+  // What is shown of the text, and that as it is painted.
   QString Fitted() const;
+  QString Painted() const;
   void Fit();
 
   QString words_;
@@ -48,5 +52,8 @@ class FittedBox : public QGroupBox {
 
   QString words_;
 };
+
+// Of labels on the screen of `owner`, on the first one without an owner.
+WordsOnScreen WordsOnScreenOf(const QWidget* owner);
 
 }  // namespace quarvel::platform::qt

@@ -13,7 +13,8 @@ constexpr std::chrono::milliseconds kLongestWait{500};
 
 QtFormPeer::QtFormPeer(Stage& stage, EventPump& pump, Form& form, bool modal)
     : stage_(stage), pump_(pump), window_(std::make_unique<FormWindow>(stage, form, modal)) {
-  const QWidget* const owner = stage_.Top();
+  // A window that is not modal would keep the user out of the host's.
+  const QWidget* const owner = modal ? stage_.Owner() : stage_.Top();
   TieTo(*window_, owner);
   PlaceOver(*window_, owner);
   window_->show();

@@ -9,9 +9,11 @@
 
 #include "platform/box.h"
 #include "platform/form.h"
+#include "platform/input_box.h"
 #include "platform/qt/boxes.h"
 #include "platform/qt/display_probe.h"
 #include "platform/qt/event_pump.h"
+#include "platform/qt/fitted_words.h"
 #include "platform/qt/form_peer.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/stage.h"
@@ -47,15 +49,15 @@ class QtDesktop : public Desktop {
   QtDesktop(const QtDesktop&) = delete;
   QtDesktop& operator=(const QtDesktop&) = delete;
 
-  MsgBoxResult MsgBox(const Box& box) override { return qt::AskBox(pump_, Owner(), box); }
+  MsgBoxResult MsgBox(const Box& box) override { return qt::AskBox(pump_, stage_.Owner(), box); }
 
   std::string InputBox(std::string_view prompt, std::string_view title,
                        std::string_view default_text) override {
-    return qt::AskLine(pump_, Owner(), prompt, title, default_text);
+    return AskLine(*this, qt::WordsOnScreenOf(stage_.Owner()), prompt, title, default_text);
   }
 
   std::string ShowFileDialog(const FileDialog& dialog) override {
-    return qt::AskFile(pump_, Owner(), dialog);
+    return qt::AskFile(pump_, stage_.Owner(), dialog);
   }
 
   void DoEvents() override {
@@ -84,11 +86,6 @@ class QtDesktop : public Desktop {
   }
 
  private:
-  // Whom a box belongs to: the component's window on top, else the host's that is active.
-  const QWidget* Owner() const {
-    return stage_.Top() != nullptr ? stage_.Top() : QApplication::activeWindow();
-  }
-
   OwnApplication application_;
   qt::EventPump pump_;
   qt::Stage stage_;

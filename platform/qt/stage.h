@@ -5,6 +5,7 @@
 // the window is only hidden then and is deleted as soon as nothing of the user's is under way.
 #pragma once
 
+#include <QApplication>
 #include <QObject>
 #include <QWidget>
 #include <functional>
@@ -23,6 +24,8 @@ class Stage {
   void Raise(QWidget& window);
   // The window on top, null when there is none.
   QWidget* Top() const { return shown_.empty() ? nullptr : shown_.back(); }
+  // Whom a modal window belongs to: the component's window on top, else the host's that is active.
+  QWidget* Owner() const { return shown_.empty() ? QApplication::activeWindow() : Top(); }
   // Takes a window away for good.
   void Bury(std::unique_ptr<QWidget> window);
   // Deletes what was buried, unless something is under way.

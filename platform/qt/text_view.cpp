@@ -69,6 +69,10 @@ class LineView : public TextView<LineBox> {
   LineView(Stage& stage, Control& control, QWidget& parent) : TextView(stage, control, parent) {
     QObject::connect(&widget_, &QLineEdit::textEdited, [this] { Typed(); });
   }
+  void TakeFocus() override {
+    TextView::TakeFocus();
+    widget_.selectAll();
+  }
 };
 
 class LinesView : public TextView<LinesBox> {

@@ -2,12 +2,18 @@
 
 #include <algorithm>
 
+#include "platform/win32/dpi.h"
+#include "platform/win32/thread_windows.h"
+#include "platform/win32/wide_text.h"
+
 namespace quarvel::platform::win32 {
 namespace {
 
 constexpr wchar_t kEllipsis[] = L"...";
 // More would fill no screen, and measuring takes its time.
 constexpr std::size_t kMeasured = 0x3FFF;
+// What a window's frame takes of the screen, in form units.
+constexpr int kWindowFrame = 60;
 
 }  // namespace
 
@@ -45,6 +51,18 @@ std::wstring TextMeasure::Shortened(std::wstring_view words, int width) const {
   // No half of a character that takes two units.
   if (!shortened.empty() && IS_HIGH_SURROGATE(shortened.back())) shortened.pop_back();
   return shortened + kEllipsis;
+}
+
+WordsOnScreen WordsOnScreenOf(HWND owner) {
+  const int dpi = DpiOf(owner);
+  const RECT room = WorkArea(owner);
+  const auto height_of = [dpi](std::string_view words, int width) {
+    const FontHolder font = MessageFont(dpi);
+    const int height = TextMeasure(font.get()).HeightOf(ToWide(words), ToPixels(width, dpi));
+    return ToUnits(height, dpi) + 1;
+  };
+  return {ToUnits(room.right - room.left, dpi) - kWindowFrame,
+          ToUnits(room.bottom - room.top, dpi) - kWindowFrame, height_of};
 }
 
 }  // namespace quarvel::platform::win32

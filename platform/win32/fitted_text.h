@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/input_box.h"
 #include "platform/win32/win32.h"
 
 namespace quarvel::platform::win32 {
@@ -27,5 +28,8 @@ class TextMeasure {
   HDC screen_;
   HGDIOBJ other_font_;
 };
+
+// Of labels on the screen of `owner`, on the first one without an owner.
+WordsOnScreen WordsOnScreenOf(HWND owner);
 
 }  // namespace quarvel::platform::win32

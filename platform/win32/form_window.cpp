@@ -19,14 +19,6 @@ namespace {
 constexpr DWORD kDialogStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
 constexpr DWORD kResizableStyle = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
 
-// What the owner's screen, or the first one, has to offer to windows.
-RECT WorkArea(HWND owner) {
-  MONITORINFO info = {};
-  info.cbSize = sizeof(info);
-  GetMonitorInfoW(MonitorFromWindow(owner, MONITOR_DEFAULTTOPRIMARY), &info);
-  return info.rcWork;
-}
-
 // In the middle of its owner, or of the screen, and not beyond the edges of that.
 POINT Middle(SIZE size, HWND owner) {
   const RECT screen = WorkArea(owner);

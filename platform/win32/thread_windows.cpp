@@ -46,6 +46,13 @@ HWND OwnerWindow() {
   return nullptr;
 }
 
+RECT WorkArea(HWND window) {
+  MONITORINFO info = {};
+  info.cbSize = sizeof(info);
+  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY), &info);
+  return info.rcWork;
+}
+
 DisabledWindows::DisabledWindows(Which which, HWND spared) {
   for (HWND window : ThreadWindows()) {
     if (window == spared || (which == Which::kForms && !IsFormWindow(window))) continue;

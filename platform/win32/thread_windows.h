@@ -12,6 +12,9 @@ namespace quarvel::platform::win32 {
 // the component; null when there is neither.
 HWND OwnerWindow();
 
+// What the screen of that window, or the first one for null, has to offer to windows.
+RECT WorkArea(HWND window);
+
 // Disables windows of this thread and, when it goes, enables exactly those again. Several may hold
 // one window: the last of them to go enables it, in whatever order they go, and even when they
 // belong to different objects of one thread. For that each disabled window counts its holders.

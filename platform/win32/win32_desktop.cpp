@@ -9,10 +9,11 @@
 #include "platform/automation_error.h"
 #include "platform/box.h"
 #include "platform/form.h"
+#include "platform/input_box.h"
 #include "platform/win32/clipboard.h"
 #include "platform/win32/file_dialogs.h"
+#include "platform/win32/fitted_text.h"
 #include "platform/win32/form_window.h"
-#include "platform/win32/input_box.h"
 #include "platform/win32/message_loop.h"
 #include "platform/win32/pace.h"
 #include "platform/win32/thread_windows.h"
@@ -98,9 +99,7 @@ MsgBoxResult Win32Desktop::MsgBox(const Box& box) {
 
 std::string Win32Desktop::InputBox(std::string_view prompt, std::string_view title,
                                    std::string_view default_text) {
-  frmInputBox box(*this, prompt, title, default_text);
-  box.ShowModal();
-  return box.entered();
+  return AskLine(*this, WordsOnScreenOf(OwnerWindow()), prompt, title, default_text);
 }
 
 std::string Win32Desktop::ShowFileDialog(const FileDialog& dialog) {

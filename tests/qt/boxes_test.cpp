@@ -1,6 +1,5 @@
 // Message boxes, input boxes and file dialogs, and what else the desktop does.
 #include <QAbstractItemView>
-#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QLabel>
@@ -10,6 +9,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 #include <fstream>
 
 #include "platform/file_dialog.h"
@@ -108,7 +108,7 @@ TEST_F(QtBoxes, StandInTheMiddleAlsoWhenTheirTextIsBrokenIntoLines) {
     };
     In("msgbox", look(message));
     desktop_->MsgBox(AnyBox(text, MsgBoxStyle::kYesNo));
-    In("inputbox", look(input));
+    In("frmInputBox", look(input));
     desktop_->InputBox(text, "title", "");
     for (const QPoint& off : {message, input}) EXPECT_LE(off.manhattanLength(), 4) << owned;
   }
@@ -123,7 +123,7 @@ TEST_F(QtBoxes, SurviveTheFormThatTheyBelongTo) {
 }
 
 TEST_F(QtBoxes, InputBoxGivesTheLineAndOffersTheDefaultSelected) {
-  In("inputbox", [](QWidget& box) {
+  In("frmInputBox", [](QWidget& box) {
     EXPECT_EQ(box.windowTitle(), "Change Element Value");
     auto& line = *Part<QLineEdit>(&box, "txtInput");
     EXPECT_EQ(line.selectedText(), "3.5");
@@ -134,12 +134,77 @@ TEST_F(QtBoxes, InputBoxGivesTheLineAndOffersTheDefaultSelected) {
 }
 
 TEST_F(QtBoxes, InputBoxIsEmptyWhenCancelled) {
-  In("inputbox", [](QWidget& box) { PressKey(box, Qt::Key_Escape); });
+  In("frmInputBox", [](QWidget& box) { PressKey(box, Qt::Key_Escape); });
   EXPECT_EQ(desktop_->InputBox("New value?", "", "3.5"), "");
-  In("inputbox", [](QWidget& box) {
-    ClickIn(*box.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel));
+  In("frmInputBox", [](QWidget& box) { ClickIn(*Part<QPushButton>(&box, "cmdCancel")); });
+  EXPECT_EQ(desktop_->InputBox("New value?", "", "3.5"), "");
+}
+
+// From its top, the last line of the widget that is not of its ground's colour.
+int LowestInk(QWidget& widget) {
+  const QImage picture = widget.grab().toImage();
+  const QRgb ground = picture.pixel(picture.width() - 1, picture.height() - 1);
+  for (int y = picture.height() - 1; y >= 0; --y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      if (picture.pixel(x, y) != ground) return y;
+    }
+  }
+  return -1;
+}
+
+TEST_F(QtBoxes, InputBoxIsAsLargeAsItsQuestionWants) {
+  std::string lines;
+  for (int i = 0; i < 12; ++i) lines += "line " + std::to_string(i) + "\r\n";
+  lines += "the last line";
+  const struct {
+    std::string question;
+    bool higher;
+    bool wider;
+  } cases[] = {{"New value?", false, false},
+               {lines, true, false},
+               {"Enter a value for column " + std::string(600, 'N'), true, false},
+               {"Enter a value for column " + std::string(4000, 'N'), true, true}};
+  QSize least;
+  for (const auto& c : cases) {
+    In("frmInputBox", [&](QWidget& box) {
+      auto& question = *Part<QLabel>(&box, "lblPrompt");
+      const QRect text = Part<QLineEdit>(&box, "txtInput")->geometry();
+      if (!least.isValid()) least = box.size();
+      EXPECT_EQ(box.height() > least.height(), c.higher) << c.question;
+      EXPECT_EQ(box.width() > least.width(), c.wider) << c.question;
+      EXPECT_LT(question.geometry().bottom(), text.top()) << c.question;
+      EXPECT_TRUE(box.screen()->availableGeometry().contains(box.frameGeometry())) << c.question;
+      // All of it is painted, down to the last line, and nothing is cut there.
+      const int lowest = LowestInk(question);
+      EXPECT_LT(lowest, question.height() - 1) << c.question;
+      const int line = question.fontMetrics().lineSpacing();
+      EXPECT_TRUE(!c.higher || lowest > question.height() - line) << c.question;
+      box.close();
+    });
+    desktop_->InputBox(c.question, "Value", "");
+  }
+}
+
+TEST_F(QtBoxes, InputBoxStaysOnTheScreenWithAQuestionOfAnyLength) {
+  In("frmInputBox", [](QWidget& box) {
+    EXPECT_TRUE(box.screen()->availableGeometry().contains(box.frameGeometry()));
+    box.close();
   });
-  EXPECT_EQ(desktop_->InputBox("New value?", "", "3.5"), "");
+  desktop_->InputBox(std::string(100000, 'N'), "Value", "");
+}
+
+TEST_F(QtBoxes, InputBoxBelongsToTheActiveWindowOfTheHost) {
+  QWidget host;
+  host.setGeometry(60, 80, 300, 200);
+  host.show();
+  host.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&host));
+  In("frmInputBox", [&](QWidget& box) {
+    EXPECT_EQ(box.windowHandle()->transientParent(), host.windowHandle());
+    EXPECT_EQ(box.windowModality(), Qt::ApplicationModal);
+    box.close();
+  });
+  desktop_->InputBox("New value?", "Value", "");
 }
 
 class QtFiles : public QtTest {

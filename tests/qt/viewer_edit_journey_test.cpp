@@ -211,7 +211,7 @@ TEST_F(ViewerEditJourney, ElementGetsAnotherValue) {
   Choose({"mnuEdit", "mnuEditCol", "mnuEditColChangeEle"});
   Answer("7");
   When(
-      [] { return WindowNamed("inputbox") == nullptr; },
+      [] { return WindowNamed("frmInputBox") == nullptr; },
       [] {
         EXPECT_TRUE(Part<QPlainTextEdit>(&Viewer(), "txtColsEqn")->toPlainText().contains("7*X11"));
       });

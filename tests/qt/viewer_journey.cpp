@@ -107,7 +107,7 @@ void ViewerJourney::Fill(const std::string& window, const std::string& box, cons
 }
 
 void ViewerJourney::Answer(const QString& text) {
-  In("inputbox", [text](QWidget& shown) {
+  In("frmInputBox", [text](QWidget& shown) {
     auto& line = *Part<QLineEdit>(&shown, "txtInput");
     line.selectAll();
     platform::TypeInto(line, text);

@@ -96,7 +96,7 @@ void TakeViewer(Photographer& user) {
   user.TakeAndPress("frmSetColBounds", "column_bounds", Qt::Key_Escape);
   user.In("frmViewEquations", ChooseElement);
   user.Choose("mnuEditColChangeEle");
-  user.TakeAndPress("inputbox", "input_box", Qt::Key_Escape);
+  user.TakeAndPress("frmInputBox", "input_box", Qt::Key_Escape);
   user.In("frmViewEquations",
           [](QWidget& viewer) { platform::Part<QTabBar>(&viewer, "")->setCurrentIndex(1); });
   user.In("frmViewEquations", [&user](QWidget& viewer) {
