@@ -43,6 +43,11 @@ void OptionButton::Click() {
   if (enabled() && visible()) set_value(true);
 }
 
+double ProgressBar::Done() const {
+  if (max_ <= min_) return 0;
+  return std::clamp((double{value_} - min_) / (double{max_} - min_), 0.0, 1.0);
+}
+
 void ProgressBar::set_range(float min, float max) {
   max = std::max(min, max);
   if (min_ != min || max_ != max) {

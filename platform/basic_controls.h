@@ -83,6 +83,8 @@ class ProgressBar : public Control {
   float min() const { return min_; }
   float max() const { return max_; }
   float value() const { return value_; }
+  // How much of the range is done: 0 to 1, 0 in an empty range.
+  double Done() const;
   void set_range(float min, float max);
   // Held within the range.
   void set_value(float value);

@@ -50,6 +50,9 @@ struct Place {
   bool operator==(const Place&) const = default;
 };
 
+// Kinds that stand behind the other controls, the hindmost last.
+inline constexpr ControlKind kBehindOthers[] = {ControlKind::kFrame, ControlKind::kTabStrip};
+
 class Control {
  public:
   Control(Form& form, ControlKind kind, std::string name, Place place);

@@ -108,6 +108,25 @@ Control* Refuge(const Form& form, const Control& leaving) {
                  [](const Control& control) { return !TakesText(control); });
 }
 
+Control* LedTo(const Form& form, const Control& words) {
+  const std::vector<Control*>& controls = form.controls();
+  const auto from = controls.begin() + static_cast<std::ptrdiff_t>(PlaceOf(form, &words));
+  const auto found = std::find_if(from, controls.end(),
+                                  [](const Control* control) { return TakesKeys(*control); });
+  return found == controls.end() ? nullptr : *found;
+}
+
+void GoInGroup(const OptionButton& option, int step) {
+  const std::vector<OptionButton*> group = UsableGroup(option.form(), option);
+  const auto here = std::find(group.begin(), group.end(), &option);
+  if (here == group.end()) return;
+  const auto count = static_cast<std::ptrdiff_t>(group.size());
+  const std::ptrdiff_t next = (here - group.begin() + step + count) % count;
+  OptionButton& other = *group[static_cast<std::size_t>(next)];
+  other.Focus();
+  other.Click();
+}
+
 bool TurnPage(const Form& form, bool forward) {
   const std::vector<Control*>& controls = form.controls();
   const auto found = std::find_if(controls.begin(), controls.end(), [](const Control* control) {

@@ -32,6 +32,15 @@ Control* NextStop(const Form& form, const Control* from, bool forward);
 // that is no box to type in. What was meant for the old control is not to replace a text.
 Control* Refuge(const Form& form, const Control& leaving);
 
+// Which control the access key of these words leads to: the one itself where the keyboard can be in
+// it, else (a label, a frame) the one that follows.
+Control* LedTo(const Form& form, const Control& words);
+
+// An arrow key in a group of option buttons: gives the keyboard to the one that many places further
+// in the ring of those that can be used, and chooses it, as a user does. The form may be gone
+// afterwards.
+void GoInGroup(const OptionButton& option, int step);
+
 // Ctrl+Tab: turns to the next page of the form's tab strip, or the one before, as a user does.
 // False when there is none to turn. The form may be gone afterwards.
 bool TurnPage(const Form& form, bool forward);

@@ -24,6 +24,10 @@ class ScopedFlag {
   bool before_;
 };
 
+bool IsCancelButton(const Control& control) {
+  return control.kind() == ControlKind::kButton && static_cast<const Button&>(control).is_cancel;
+}
+
 // Presses the form's button that `wanted` picks.
 template <typename Wanted>
 bool Press(const std::vector<Control*>& controls, Wanted wanted) {
@@ -186,6 +190,16 @@ bool Form::PressDefaultButton() {
 
 bool Form::PressCancelButton() {
   return Press(controls_, [](const Button& button) { return button.is_cancel; });
+}
+
+bool Form::PressEscape() {
+  if (PressCancelButton()) return true;
+  const bool stays = std::any_of(controls_.begin(), controls_.end(), [](const Control* control) {
+    return control->kind() == ControlKind::kMenuItem || IsCancelButton(*control);
+  });
+  if (stays || !showing_ || !showing_->modal) return false;
+  RequestClose();
+  return true;
 }
 
 void Form::FocusOn(Control& control) {

@@ -104,6 +104,8 @@ class Form {
   // was such a button to press.
   bool PressDefaultButton();
   bool PressCancelButton();
+  // As PressCancelButton; a modal form without such a button and without menus is closed instead.
+  bool PressEscape();
 
   // For controls.
   void Register(Control& control);

@@ -47,6 +47,11 @@ void MenuItem::Click() {
   if (Available()) RunForUser(on_click);
 }
 
+std::string MenuText(const MenuItem& item, char mark) {
+  const std::string key = KeyText(item.shortcut);
+  return MarkedCaption(item, mark) + (key.empty() ? "" : '\t' + key);
+}
+
 std::vector<MenuItem*> MenuBar(const Form& form) {
   std::vector<MenuItem*> bar;
   for (Control* control : form.controls()) {

@@ -42,6 +42,10 @@ class MenuItem : public Control {
   std::vector<MenuItem*> children_;
 };
 
+// The words on an item as toolkits want them: the caption as MarkedCaption gives it and, behind a
+// tab, the key.
+std::string MenuText(const MenuItem& item, char mark);
+
 // The items of the menu bar; empty for a form without one.
 std::vector<MenuItem*> MenuBar(const Form& form);
 

@@ -7,6 +7,7 @@
 
 #include "platform/input_controls.h"
 #include "platform/qt/control_view.h"
+#include "platform/qt/form_window.h"
 #include "platform/qt/qt_text.h"
 
 namespace quarvel::platform::qt {
@@ -14,10 +15,10 @@ namespace {
 
 class ComboView : public ViewOf<ComboBox, QComboBox> {
  public:
-  ComboView(Stage& stage, Control& control, QWidget& parent)
-      : ViewOf(stage, control, new QComboBox(&parent)) {
+  ComboView(FormWindow& owner, Control& control)
+      : ViewOf(owner, control, new QComboBox(&owner.inner())) {
     QObject::connect(&widget_, &QComboBox::activated, [this](int index) {
-      if (ForUser([this, index] { kind().Select(index); })) Show(Change::kSelection);
+      if (ForUser([this, index] { Own().Select(index); })) Show(Change::kSelection);
     });
   }
 
@@ -26,10 +27,10 @@ class ComboView : public ViewOf<ComboBox, QComboBox> {
     const QSignalBlocker quiet(widget_);
     if (change == Change::kContents) {
       widget_.clear();
-      for (const std::string& item : kind().items()) widget_.addItem(ToQt(item));
+      for (const std::string& item : Own().items()) widget_.addItem(ToQt(item));
     }
     if (change == Change::kContents || change == Change::kSelection) {
-      widget_.setCurrentIndex(kind().list_index());
+      widget_.setCurrentIndex(Own().list_index());
     }
   }
 };
@@ -64,14 +65,14 @@ class TabWidget : public QWidget {
 
 class TabView : public ViewOf<TabStrip, TabWidget> {
  public:
-  TabView(Stage& stage, Control& control, QWidget& parent)
-      : ViewOf(stage, control, new TabWidget(&parent)) {
-    for (const std::string& caption : kind().captions()) {
+  TabView(FormWindow& owner, Control& control)
+      : ViewOf(owner, control, new TabWidget(&owner.inner())) {
+    for (const std::string& caption : Own().captions()) {
       widget_.bar->addTab(ToQt(caption).replace(u'&', QLatin1String("&&")));
     }
     widget_.bar->setAccessibleName(widget_.accessibleName());
     QObject::connect(widget_.bar, &QTabBar::currentChanged, [this](int page) {
-      if (ForUser([this, page] { kind().Select(page); })) Show(Change::kSelection);
+      if (ForUser([this, page] { Own().Select(page); })) Show(Change::kSelection);
     });
   }
 
@@ -79,17 +80,17 @@ class TabView : public ViewOf<TabStrip, TabWidget> {
   void Show(Change change) override {
     if (change != Change::kSelection) return;
     const QSignalBlocker quiet(widget_.bar);
-    widget_.bar->setCurrentIndex(kind().current());
+    widget_.bar->setCurrentIndex(Own().current());
   }
 };
 
 }  // namespace
 
-std::unique_ptr<ControlView> MakeChoiceView(Stage& stage, Control& control, QWidget& parent) {
+std::unique_ptr<ControlView> MakeChoiceView(FormWindow& owner, Control& control) {
   if (control.kind() == ControlKind::kComboBox) {
-    return std::make_unique<ComboView>(stage, control, parent);
+    return std::make_unique<ComboView>(owner, control);
   }
-  return std::make_unique<TabView>(stage, control, parent);
+  return std::make_unique<TabView>(owner, control);
 }
 
 }  // namespace quarvel::platform::qt

@@ -1,5 +1,6 @@
 #include "platform/qt/control_view.h"
 
+#include "platform/qt/form_window.h"
 #include "platform/qt/qt_text.h"
 
 namespace quarvel::platform::qt {
@@ -21,10 +22,17 @@ bool HasOwnWords(ControlKind kind) {
 
 }  // namespace
 
-ControlView::ControlView(Stage& stage, Control& control, QWidget& widget)
-    : stage_(stage), control_(&control), widget_(widget) {
+ControlView::ControlView(FormWindow& owner, Control& control, QWidget& widget)
+    : owner_(owner), control_(control), widget_(widget) {
   widget_.setObjectName(ToQt(control.name()));
   if (!HasOwnWords(control.kind())) widget_.setAccessibleName(ToQt(control.name()));
+}
+
+bool ControlView::alive() const { return owner_.alive(); }
+
+bool ControlView::ForUser(const std::function<void()>& action) {
+  if (alive()) owner_.ForUser(action);
+  return alive();
 }
 
 void ControlView::MirrorAll() {
@@ -35,42 +43,39 @@ void ControlView::MirrorAll() {
 }
 
 void ControlView::Mirror(Change change) {
-  if (control_ == nullptr) return;
+  if (!alive()) return;
   switch (change) {
     case Change::kEnabled:
-      return widget_.setEnabled(control_->enabled());
+      return widget_.setEnabled(control_.enabled());
     case Change::kVisible:
-      return widget_.setVisible(control_->visible());
-    case Change::kFocus:
-      return TakeFocus();
+      return widget_.setVisible(control_.visible());
     default:
       return Show(change);
   }
 }
 
 void ControlView::PlaceIn(int width, int height) {
-  if (control_ == nullptr) return;
-  const Place place = control_->PlaceIn(width, height);
+  if (!alive()) return;
+  const Place place = control_.PlaceIn(width, height);
   widget_.setGeometry(place.x, place.y, place.width, place.height);
 }
 
-std::unique_ptr<ControlView> MakeView(Stage& stage, Control& control, QWidget& parent) {
+std::unique_ptr<ControlView> MakeView(FormWindow& owner, Control& control) {
   switch (control.kind()) {
     case ControlKind::kLabel:
     case ControlKind::kFrame:
     case ControlKind::kButton:
+    case ControlKind::kOptionButton:
     case ControlKind::kCheckBox:
     case ControlKind::kProgressBar:
-      return MakeBasicView(stage, control, parent);
-    case ControlKind::kOptionButton:
-      return MakeOptionView(stage, control, parent);
+      return MakeBasicView(owner, control);
     case ControlKind::kTextBox:
-      return MakeTextView(stage, control, parent);
+      return MakeTextView(owner, control);
     case ControlKind::kComboBox:
     case ControlKind::kTabStrip:
-      return MakeChoiceView(stage, control, parent);
+      return MakeChoiceView(owner, control);
     case ControlKind::kGrid:
-      return MakeGridView(stage, control, parent);
+      return MakeGridView(owner, control);
     case ControlKind::kMenuItem:
       break;
   }

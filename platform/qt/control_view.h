@@ -1,16 +1,19 @@
-// One control on the screen: a widget that mirrors it and tells it what the user does.
+// The view of one control: a widget that mirrors it and tells it what the user does. One class a
+// kind of control.
 //
-// A control may go away, with its form, inside anything it is told; the view stays until its window
-// is deleted and only forgets the control.
+// A control may go away, with its form, inside anything it is told. The view stays until its window
+// is destroyed, but `control()` may be used only while it is alive.
 #pragma once
 
 #include <QWidget>
+#include <functional>
 #include <memory>
 
 #include "platform/control.h"
-#include "platform/qt/stage.h"
 
 namespace quarvel::platform::qt {
+
+class FormWindow;
 
 class ControlView {
  public:
@@ -19,13 +22,13 @@ class ControlView {
   ControlView& operator=(const ControlView&) = delete;
 
   QWidget& widget() const { return widget_; }
-  // Null once the form has left the screen.
-  Control* control() const { return control_; }
-  // The control is about to go.
-  virtual void Detach() { control_ = nullptr; }
+  // Whether the form is still on the screen, and the control with it.
+  bool alive() const;
+  Control& control() const { return control_; }
 
   // Shows everything as the control has it.
   void MirrorAll();
+  // The control has changed.
   void Mirror(Change change);
   void PlaceIn(int width, int height);
   // Code gives it the keyboard.
@@ -33,19 +36,16 @@ class ControlView {
 
  protected:
   // The widget belongs to its parent widget.
-  ControlView(Stage& stage, Control& control, QWidget& widget);
+  ControlView(FormWindow& owner, Control& control, QWidget& widget);
+  FormWindow& owner() const { return owner_; }
   // What only this kind of control has.
   virtual void Show(Change change) = 0;
-  // The user's doing; nothing once the control is gone. True when the control is still there.
-  template <typename Action>
-  bool ForUser(Action action) {
-    if (control_ != nullptr) stage_.ForUser(action);
-    return control_ != nullptr;
-  }
+  // The user's doing; nothing when the form is gone. True when it is still there afterwards.
+  bool ForUser(const std::function<void()>& action);
 
  private:
-  Stage& stage_;
-  Control* control_;
+  FormWindow& owner_;
+  Control& control_;
   QWidget& widget_;
 };
 
@@ -53,22 +53,21 @@ class ControlView {
 template <typename Kind, typename Widget>
 class ViewOf : public ControlView {
  protected:
-  ViewOf(Stage& stage, Control& control, Widget* widget)
-      : ControlView(stage, control, *widget), widget_(*widget) {}
+  ViewOf(FormWindow& owner, Control& control, Widget* widget)
+      : ControlView(owner, control, *widget), widget_(*widget) {}
 
-  Kind& kind() const { return static_cast<Kind&>(*control()); }
+  Kind& Own() const { return static_cast<Kind&>(control()); }
 
   Widget& widget_;
 };
 
-// The view of a control; null for a kind that has no place in a window (menu items).
-std::unique_ptr<ControlView> MakeView(Stage& stage, Control& control, QWidget& parent);
+// The view of a control of any kind but menu items, which have none (null).
+std::unique_ptr<ControlView> MakeView(FormWindow& owner, Control& control);
 
 // The kinds, for MakeView.
-std::unique_ptr<ControlView> MakeBasicView(Stage& stage, Control& control, QWidget& parent);
-std::unique_ptr<ControlView> MakeOptionView(Stage& stage, Control& control, QWidget& parent);
-std::unique_ptr<ControlView> MakeTextView(Stage& stage, Control& control, QWidget& parent);
-std::unique_ptr<ControlView> MakeChoiceView(Stage& stage, Control& control, QWidget& parent);
-std::unique_ptr<ControlView> MakeGridView(Stage& stage, Control& control, QWidget& parent);
+std::unique_ptr<ControlView> MakeBasicView(FormWindow& owner, Control& control);
+std::unique_ptr<ControlView> MakeTextView(FormWindow& owner, Control& control);
+std::unique_ptr<ControlView> MakeChoiceView(FormWindow& owner, Control& control);
+std::unique_ptr<ControlView> MakeGridView(FormWindow& owner, Control& control);
 
 }  // namespace quarvel::platform::qt

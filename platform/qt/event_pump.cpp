@@ -8,7 +8,7 @@
 namespace quarvel::platform::qt {
 namespace {
 
-constexpr std::chrono::milliseconds kBetweenPending{33};
+constexpr std::chrono::milliseconds kPaintInterval{33};
 
 void WantToQuit() {
   QCoreApplication::postEvent(QCoreApplication::instance(), new QEvent(QEvent::Quit));
@@ -41,14 +41,14 @@ bool EventPump::eventFilter(QObject* watched, QEvent* event) {
   return true;
 }
 
-void EventPump::Until(const std::function<bool()>& done) {
+void EventPump::RunUntil(const std::function<bool()>& done) {
   const Turn turn(*this);
   while (!done()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-void EventPump::Pending() {
+void EventPump::RunPending() {
   const auto now = std::chrono::steady_clock::now();
-  if (now - last_pending_ < kBetweenPending) return;
+  if (now - last_pending_ < kPaintInterval) return;
   const Turn turn(*this);
   QCoreApplication::processEvents(QEventLoop::AllEvents);
   last_pending_ = std::chrono::steady_clock::now();

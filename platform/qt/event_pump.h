@@ -13,10 +13,10 @@ namespace quarvel::platform::qt {
 class EventPump : public QObject {
  public:
   // Waits for events and runs them until `done`.
-  void Until(const std::function<bool()>& done);
-  // Runs what is pending, but does nothing within a sixtieth of a second of the last time.
-  void Pending();
-  // As Until, without the user's keyboard and mouse, and not for longer than `limit`.
+  void RunUntil(const std::function<bool()>& done);
+  // Runs what is pending, but does nothing for some thirtieth of a second after the last time.
+  void RunPending();
+  // As RunUntil, without the user's keyboard and mouse, and not for longer than `limit`.
   void PaintUntil(const std::function<bool()>& done, std::chrono::milliseconds limit);
 
  protected:

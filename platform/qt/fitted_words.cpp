@@ -98,28 +98,28 @@ void FittedLabel::resizeEvent(QResizeEvent* event) {
   Fit();
 }
 
-void FittedBox::SetWords(const QString& marked, const QString& words) {
+void FittedFrame::SetWords(const QString& marked, const QString& words) {
   words_ = words;
   setTitle(marked);
   Fit();
 }
 
-QString FittedBox::Fitted() const {
+QString FittedFrame::Fitted() const {
   return fontMetrics().elidedText(title(), Qt::ElideRight, width() - 2 * kBesideTitle,
                                   Qt::TextShowMnemonic);
 }
 
-QStyleOptionGroupBox FittedBox::Look() const {
+QStyleOptionGroupBox FittedFrame::Look() const {
   QStyleOptionGroupBox look;
   initStyleOption(&look);
   look.text = Fitted();
   return look;
 }
 
-void FittedBox::Fit() { setToolTip(Fitted() == title() ? QString() : ToToolTip(words_)); }
+void FittedFrame::Fit() { setToolTip(Fitted() == title() ? QString() : ToToolTip(words_)); }
 
 // The tip belongs to the title, not to the room inside of the frame.
-bool FittedBox::event(QEvent* event) {
+bool FittedFrame::event(QEvent* event) {
   if (event->type() == QEvent::ToolTip) {
     const QStyleOptionGroupBox look = Look();
     const QRect title =
@@ -129,12 +129,12 @@ bool FittedBox::event(QEvent* event) {
   return QGroupBox::event(event);
 }
 
-void FittedBox::paintEvent(QPaintEvent*) {
+void FittedFrame::paintEvent(QPaintEvent*) {
   QStylePainter painter(this);
   painter.drawComplexControl(QStyle::CC_GroupBox, Look());
 }
 
-void FittedBox::resizeEvent(QResizeEvent* event) {
+void FittedFrame::resizeEvent(QResizeEvent* event) {
   QGroupBox::resizeEvent(event);
   Fit();
 }

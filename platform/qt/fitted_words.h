@@ -33,9 +33,9 @@ class FittedLabel : public QLabel {
   QString words_;
 };
 
-class FittedBox : public QGroupBox {
+class FittedFrame : public QGroupBox {
  public:
-  explicit FittedBox(QWidget& parent) : QGroupBox(&parent) {}
+  explicit FittedFrame(QWidget& parent) : QGroupBox(&parent) {}
 
   // As FittedLabel::SetWords.
   void SetWords(const QString& marked, const QString& words);

@@ -1,22 +1,13 @@
 #include "platform/qt/form_menus.h"
 
+#include "platform/qt/form_window.h"
 #include "platform/qt/qt_text.h"
 
 namespace quarvel::platform::qt {
-namespace {
-
-// Behind a tab stands what a menu prints at its right edge.
-QString MenuText(const MenuItem& item) {
-  const std::string key = KeyText(item.shortcut);
-  return ToQt(MarkedCaption(item, '&') + (key.empty() ? "" : "\t" + key));
-}
-
-}  // namespace
-
-FormMenus::FormMenus(Stage& stage, Form& form, QWidget& window) : stage_(stage) {
+FormMenus::FormMenus(FormWindow& owner, Form& form) : owner_(owner) {
   const std::vector<MenuItem*> items = MenuBar(form);
   if (items.empty()) return;
-  bar_ = new QMenuBar(&window);
+  bar_ = new QMenuBar(&owner);
   bar_->setNativeMenuBar(false);
   for (MenuItem* item : items) Add(*item, *bar_);
 }
@@ -34,7 +25,7 @@ void FormMenus::Add(MenuItem& item, Parent& parent) {
     QAction* const action = parent.addAction(QString());
     actions_[&item] = action;
     QObject::connect(action, &QAction::triggered, action, [this, &item] {
-      if (actions_.contains(&item)) stage_.ForUser([&item] { item.Click(); });
+      if (actions_.contains(&item)) owner_.ForUser([&item] { item.Click(); });
     });
   }
   actions_[&item]->setObjectName(ToQt(item.name()));
@@ -45,7 +36,7 @@ void FormMenus::AddMenu(MenuItem& item, QMenu& menu) {
   menus_[&item] = &menu;
   for (MenuItem* child : item.children()) Add(*child, menu);
   QObject::connect(&menu, &QMenu::aboutToShow, &menu, [this, &item] {
-    if (actions_.contains(&item)) stage_.ForUser([&item] { item.Open(); });
+    if (actions_.contains(&item)) owner_.ForUser([&item] { item.Open(); });
   });
 }
 
@@ -53,7 +44,7 @@ void FormMenus::Mirror(const MenuItem& item) {
   const auto found = actions_.find(&item);
   if (found == actions_.end()) return;
   QAction& action = *found->second;
-  if (!item.is_separator) action.setText(MenuText(item));
+  if (!item.is_separator) action.setText(ToQt(MenuText(item, '&')));
   action.setEnabled(item.enabled());
   action.setVisible(item.visible());
 }
@@ -63,7 +54,7 @@ void FormMenus::PopUp(const MenuItem& item, const QPoint& global_position) {
   if (menu != menus_.end()) menu->second->popup(global_position);
 }
 
-void FormMenus::Detach() {
+void FormMenus::Retire() {
   actions_.clear();
   for (const auto& [item, menu] : menus_) menu->hide();
   menus_.clear();

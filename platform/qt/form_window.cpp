@@ -23,58 +23,59 @@ Qt::WindowFlags FlagsFor(const Form& form) {
          Qt::WindowCloseButtonHint;
 }
 
-bool IsCancel(const Control* control) {
-  return control->kind() == ControlKind::kButton && static_cast<const Button*>(control)->is_cancel;
-}
+// A window manager that never shows the window must not hold up the work that it tells about.
+constexpr std::chrono::milliseconds kLongestWait{500};
 
 }  // namespace
 
-FormWindow::FormWindow(Stage& stage, Form& form, bool modal)
+FormWindow::FormWindow(DrawerState& state, EventPump& pump, Form& form)
     : QWidget(nullptr, FlagsFor(form)),
-      stage_(stage),
+      state_(state),
+      pump_(pump),
       form_(&form),
-      modal_(modal),
       inner_(new QWidget(this)),
-      menus_(stage, form, *this) {
+      menus_(*this, form) {
   setObjectName(ToQt(form.name()));
   // The program goes on when a window of the component is closed.
   setAttribute(Qt::WA_QuitOnClose, false);
-  // A window that is not modal keeps only those away that it is tied to: the component's own.
-  setWindowModality(modal ? Qt::ApplicationModal : Qt::WindowModal);
   ShowCaption();
   MakeViews();
   LeadLabels();
   Measure();
 }
 
+void FormWindow::Open(bool modal) {
+  // A window that is not modal keeps only those away that it is tied to: the component's own.
+  setWindowModality(modal ? Qt::ApplicationModal : Qt::WindowModal);
+  const QWidget* const owner = modal ? state_.OwnerWindow() : state_.Top();
+  TieTo(*this, owner);
+  PlaceOver(*this, owner);
+  show();
+  FocusFirst();
+  state_.Raise(*this);
+}
+
 void FormWindow::MakeViews() {
   for (Control* control : form_->controls()) {
-    auto view = MakeView(stage_, *control, *inner_);
+    auto view = MakeView(*this, *control);
     if (!view) continue;
     view_of_[control] = view.get();
     views_.push_back(std::move(view));
   }
-  // Frames stand behind what is in them, and tab strips behind their pages' frames.
-  for (const ControlKind kind : {ControlKind::kFrame, ControlKind::kTabStrip}) {
+  for (const ControlKind kind : kBehindOthers) {
     for (const auto& view : views_) {
-      if (view->control()->kind() == kind) view->widget().lower();
+      if (view->control().kind() == kind) view->widget().lower();
     }
   }
   for (const auto& view : views_) view->MirrorAll();
 }
 
-// The access key of a label leads to the control after it.
 void FormWindow::LeadLabels() {
-  QLabel* label = nullptr;
   for (const auto& view : views_) {
-    const Control& control = *view->control();
-    if (label != nullptr && TakesKeys(control)) {
-      label->setBuddy(&view->widget());
-      label = nullptr;
-    }
-    if (control.kind() == ControlKind::kLabel && control.access_key != 0) {
-      label = static_cast<QLabel*>(&view->widget());
-    }
+    const Control& control = view->control();
+    if (control.kind() != ControlKind::kLabel || control.access_key == 0) continue;
+    const ControlView* const next = Find(LedTo(*form_, control));
+    if (next != nullptr) static_cast<QLabel&>(view->widget()).setBuddy(&next->widget());
   }
 }
 
@@ -99,19 +100,31 @@ void FormWindow::Arrange() {
   for (const auto& view : views_) view->PlaceIn(inner_->width(), inner_->height());
 }
 
-void FormWindow::Detach() {
+void FormWindow::Retire() {
+  if (!alive()) return;
   form_ = nullptr;
-  for (const auto& view : views_) view->Detach();
   view_of_.clear();
-  menus_.Detach();
+  menus_.Retire();
   hide();
+  state_.Retire(shared_from_this());
+}
+
+void FormWindow::BringToFront() {
+  state_.Raise(*this);
+  if (painted_) raise();
+  activateWindow();
+  if (std::exchange(painted_, true)) return;
+  ForUser([this] {
+    pump_.PaintUntil([this] { return !alive() || windowHandle()->isExposed(); }, kLongestWait);
+    if (alive()) repaint();
+  });
 }
 
 void FormWindow::CaptionChanged() {
   if (std::exchange(caption_stale_, true)) return;
   const auto show = [this] {
     caption_stale_ = false;
-    if (form_ != nullptr) ShowCaption();
+    if (alive()) ShowCaption();
   };
   QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
 }
@@ -121,17 +134,19 @@ void FormWindow::ShowCaption() {
   setWindowTitle(ToQt(form_->caption()).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
 }
 
-void FormWindow::Mirror(const Control& control, Change change) {
+void FormWindow::ControlChanged(const Control& control, Change change) {
   if (control.kind() == ControlKind::kMenuItem) {
     return menus_.Mirror(static_cast<const MenuItem&>(control));
   }
-  ControlView* const view = ViewOf(&control);
+  ControlView* const view = Find(&control);
   if (view == nullptr) return;
+  if (change == Change::kFocus) return view->TakeFocus();
+  // Qt would give the keyboard away itself once the widget cannot have it.
   if (change == Change::kEnabled || change == Change::kVisible) LeaveUnusable(*view);
   view->Mirror(change);
 }
 
-ControlView* FormWindow::ViewOf(const Control* control) const {
+ControlView* FormWindow::Find(const Control* control) const {
   const auto view = view_of_.find(control);
   return view == view_of_.end() ? nullptr : view->second;
 }
@@ -141,7 +156,7 @@ const Control* FormWindow::FocusedControl() const {
   for (const auto& view : views_) {
     const QWidget& widget = view->widget();
     if (focused != nullptr && (&widget == focused || widget.isAncestorOf(focused))) {
-      return view->control();
+      return &view->control();
     }
   }
   return nullptr;
@@ -149,26 +164,26 @@ const Control* FormWindow::FocusedControl() const {
 
 // A mark shows where the keyboard is: it may be the next that is used.
 void FormWindow::FocusFirst() {
-  ControlView* const stop = ViewOf(OpeningStop(*form_, form_->focus()));
+  ControlView* const stop = Find(OpeningStop(*form_, form_->focus()));
   if (stop == nullptr) return;
   setAttribute(Qt::WA_KeyboardFocusChange);
-  stop->Mirror(Change::kFocus);
+  stop->TakeFocus();
 }
 
 // Left to itself, Qt would give the keyboard to the next widget, with all its text selected.
 void FormWindow::LeaveUnusable(const ControlView& view) {
-  const Control& control = *view.control();
+  const Control& control = view.control();
   if (CanHaveFocus(control) || FocusedControl() != &control) return;
-  if (ControlView* const next = ViewOf(Refuge(*form_, control)); next != nullptr) {
-    next->Mirror(Change::kFocus);
+  if (ControlView* const next = Find(Refuge(*form_, control)); next != nullptr) {
+    next->TakeFocus();
   } else {
     focusWidget()->clearFocus();
   }
 }
 
 bool FormWindow::focusNextPrevChild(bool next) {
-  if (form_ == nullptr) return false;
-  ControlView* const stop = ViewOf(NextStop(*form_, FocusedControl(), next));
+  if (!alive()) return false;
+  ControlView* const stop = Find(NextStop(*form_, FocusedControl(), next));
   if (stop == nullptr) return false;
   setAttribute(Qt::WA_KeyboardFocusChange);
   stop->widget().setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
@@ -181,7 +196,7 @@ void FormWindow::PopUp(const MenuItem& item, const QPoint& global_position) {
 
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  if (form_ != nullptr) stage_.ForUser([this] { form_->RequestClose(); });
+  if (alive()) ForUser([this] { form_->RequestClose(); });
 }
 
 void FormWindow::resizeEvent(QResizeEvent*) { Arrange(); }
@@ -193,13 +208,13 @@ void FormWindow::showEvent(QShowEvent*) {
 
 // A menu bar may need more room once its style is known.
 bool FormWindow::event(QEvent* event) {
-  if (event->type() == QEvent::LayoutRequest && form_ != nullptr) Arrange();
+  if (event->type() == QEvent::LayoutRequest && alive()) Arrange();
   return QWidget::event(event);
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
   bool used = false;
-  if (form_ != nullptr) stage_.ForUser([&] { used = Press(*event); });
+  if (alive()) ForUser([&] { used = Press(*event); });
   if (used) {
     event->accept();
   } else {
@@ -213,7 +228,7 @@ bool FormWindow::Press(const QKeyEvent& event) {
     case Qt::Key_Return:
       return form_->PressDefaultButton();
     case Qt::Key_Escape:
-      return PressEscape();
+      return form_->PressEscape();
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
       if (!event.modifiers().testFlag(Qt::ControlModifier)) return false;
@@ -222,16 +237,6 @@ bool FormWindow::Press(const QKeyEvent& event) {
     default:
       return PressShortcut(*form_, ToKeyPress(event));
   }
-}
-
-// A dialog without a button for it is closed; a window with menus stays.
-bool FormWindow::PressEscape() {
-  if (form_->PressCancelButton()) return true;
-  if (form_ == nullptr || !modal_ || menus_.bar() != nullptr) return false;
-  const auto& controls = form_->controls();
-  if (std::any_of(controls.begin(), controls.end(), IsCancel)) return false;
-  form_->RequestClose();
-  return true;
 }
 
 void PlaceOver(QWidget& window, const QWidget* owner) {

@@ -1,19 +1,20 @@
 // The lines of a grid for Qt's table: only those that are shown are ever asked for. A fixed row is
-// the table's header, so line 0 of the table is the first row after it.
+// the table's header, so line 0 of the table is the first row after it. Once the form has left the
+// screen, every cell is empty.
 #pragma once
 
 #include <QAbstractTableModel>
 
 #include "platform/grid.h"
+#include "platform/qt/form_window.h"
 
 namespace quarvel::platform::qt {
 
 class GridModel : public QAbstractTableModel {
  public:
-  explicit GridModel(const Grid& grid) : grid_(&grid), lines_(LinesNow()) {}
+  GridModel(const FormWindow& owner, const Grid& grid)
+      : owner_(owner), grid_(grid), lines_(LinesNow()) {}
 
-  // Forgets the grid: every cell is empty from now on.
-  void Detach() { grid_ = nullptr; }
   // Takes over the grid's number of rows and has the cells asked for anew. True when the number is
   // another one; nothing is current then.
   bool Refresh();
@@ -24,9 +25,10 @@ class GridModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
-  int LinesNow() const { return std::max(grid_->rows() - grid_->fixed_rows(), 0); }
+  int LinesNow() const { return std::max(grid_.rows() - grid_.fixed_rows(), 0); }
 
-  const Grid* grid_;
+  const FormWindow& owner_;
+  const Grid& grid_;
   int lines_;
 };
 

@@ -17,22 +17,19 @@ namespace {
 
 class GridView : public ViewOf<Grid, GridTable>, private GridListener {
  public:
-  GridView(Stage& stage, Control& control, QWidget& parent)
-      : ViewOf(stage, control, new GridTable(parent, static_cast<Grid&>(control).fixed_rows() > 0)),
-        model_(kind()) {
+  GridView(FormWindow& owner, Control& control)
+      : ViewOf(owner, control,
+               new GridTable(owner.inner(), static_cast<Grid&>(control).fixed_rows() > 0)),
+        model_(owner, Own()) {
     widget_.setModel(&model_);
     widget_.SetListener(this);
     QObject::connect(widget_.horizontalHeader(), &QHeaderView::sectionResized, &model_,
                      [this](int column, int, int width) {
-                       if (!fitting_) ColumnDragged(column, width);
+                       if (!showing_widths_) ColumnDragged(column, width);
                      });
   }
 
-  void Detach() override {
-    widget_.SetListener(nullptr);
-    model_.Detach();
-    ControlView::Detach();
-  }
+  ~GridView() override { widget_.SetListener(nullptr); }
 
  protected:
   void Show(Change change) override {
@@ -42,7 +39,7 @@ class GridView : public ViewOf<Grid, GridTable>, private GridListener {
       case Change::kSelection:
         return ShowSelection();
       case Change::kRange:
-        return FitColumns();
+        return ShowWidths();
       default:
         return;
     }
@@ -51,64 +48,64 @@ class GridView : public ViewOf<Grid, GridTable>, private GridListener {
  private:
   // The rows may be half built while the grid is not to be redrawn; it tells when they are done.
   void ShowContents() {
-    if (!kind().redraw()) return;
-    if (model_.Refresh()) FitColumns();
+    if (!Own().redraw()) return;
+    if (model_.Refresh()) ShowWidths();
     ShowSelection();
   }
 
   void ShowSelection() {
-    if (!kind().redraw()) return;
-    if (kind().all_selected()) return widget_.MarkAll();
-    widget_.SetCurrentLine(kind().current_row() - kind().fixed_rows());
+    if (!Own().redraw()) return;
+    if (Own().all_selected()) return widget_.MarkAll();
+    widget_.SetCurrentLine(Own().current_row() - Own().fixed_rows());
   }
 
   // The last column takes what room is left, at least its own width.
-  void FitColumns() {
-    if (std::exchange(fitting_, true)) return;
+  void ShowWidths() {
+    if (std::exchange(showing_widths_, true)) return;
     QHeaderView& header = *widget_.horizontalHeader();
     int left = widget_.viewport()->width();
-    for (int column = 0; column < kind().columns(); ++column) {
-      const int own = kind().column_width(column);
-      const bool last = column + 1 == kind().columns();
+    for (int column = 0; column < Own().columns(); ++column) {
+      const int own = Own().column_width(column);
+      const bool last = column + 1 == Own().columns();
       header.resizeSection(column, last ? std::max(own, left) : own);
       left -= own;
     }
-    fitting_ = false;
+    showing_widths_ = false;
   }
 
   void LineChosen(int line) override {
-    const bool stays = ForUser([this, line] { kind().Select(line + kind().fixed_rows()); });
+    const bool stays = ForUser([this, line] { Own().Select(line + Own().fixed_rows()); });
     // Where the grid did not follow, the table shows what is so.
-    if (stays && kind().current_row() - kind().fixed_rows() != widget_.currentIndex().row()) {
+    if (stays && Own().current_row() - Own().fixed_rows() != widget_.currentIndex().row()) {
       ShowSelection();
     }
   }
 
   void LineDoubleClicked(int line) override {
-    ForUser([this, line] { kind().DoubleClick(line + kind().fixed_rows()); });
+    ForUser([this, line] { Own().DoubleClick(line + Own().fixed_rows()); });
   }
 
   void MenuWanted(const QPoint& global_position) override {
-    if (control() == nullptr || kind().popup == nullptr) return;
-    static_cast<FormWindow*>(widget_.window())->PopUp(*kind().popup, global_position);
+    if (!alive() || Own().popup == nullptr) return;
+    owner().PopUp(*Own().popup, global_position);
   }
 
   void ColumnDragged(int column, int width) override {
-    ForUser([this, column, width] { kind().set_column_width(column, width); });
+    ForUser([this, column, width] { Own().set_column_width(column, width); });
   }
 
   void Resized() override {
-    if (control() != nullptr) FitColumns();
+    if (alive()) ShowWidths();
   }
 
   bool KeyPressed(const QKeyEvent& event) override {
-    if (control() == nullptr) return true;
+    if (!alive()) return true;
     bool used = false;
     const KeyPress press = ToKeyPress(event);
-    if (press.key != Key::kNone) ForUser([&] { used = kind().Press(press); });
-    if (used || control() == nullptr) return true;
+    if (press.key != Key::kNone) ForUser([&] { used = Own().Press(press); });
+    if (used || !alive()) return true;
     if (!IsCharacter(event)) return false;
-    ForUser([&] { kind().TypeCharacter(FromQt(event.text())); });
+    ForUser([&] { Own().TypeCharacter(FromQt(event.text())); });
     return true;
   }
 
@@ -119,13 +116,13 @@ class GridView : public ViewOf<Grid, GridTable>, private GridListener {
   }
 
   GridModel model_;
-  bool fitting_ = false;
+  bool showing_widths_ = false;
 };
 
 }  // namespace
 
-std::unique_ptr<ControlView> MakeGridView(Stage& stage, Control& control, QWidget& parent) {
-  return std::make_unique<GridView>(stage, control, parent);
+std::unique_ptr<ControlView> MakeGridView(FormWindow& owner, Control& control) {
+  return std::make_unique<GridView>(owner, control);
 }
 
 }  // namespace quarvel::platform::qt

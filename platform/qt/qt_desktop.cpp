@@ -12,11 +12,13 @@
 #include "platform/input_box.h"
 #include "platform/qt/boxes.h"
 #include "platform/qt/display_probe.h"
+#include "platform/qt/drawer_state.h"
 #include "platform/qt/event_pump.h"
+#include "platform/qt/file_dialogs.h"
 #include "platform/qt/fitted_words.h"
-#include "platform/qt/form_peer.h"
+#include "platform/qt/form_window.h"
 #include "platform/qt/qt_text.h"
-#include "platform/qt/stage.h"
+#include "platform/window_peer.h"
 
 namespace quarvel::platform {
 namespace {
@@ -41,7 +43,7 @@ class OwnApplication {
 class QtDesktop : public Desktop {
  public:
   QtDesktop() {
-    stage_.on_failure = [this](const std::string& text) {
+    state_.on_failure = [this](const std::string& text) {
       MsgBox({.kind = BoxKind::kFailure, .statement = text, .question = {}});
     };
   }
@@ -49,20 +51,20 @@ class QtDesktop : public Desktop {
   QtDesktop(const QtDesktop&) = delete;
   QtDesktop& operator=(const QtDesktop&) = delete;
 
-  MsgBoxResult MsgBox(const Box& box) override { return qt::AskBox(pump_, stage_.Owner(), box); }
+  MsgBoxResult MsgBox(const Box& box) override { return qt::AskBox(pump_, state_.OwnerWindow(), box); }
 
   std::string InputBox(std::string_view prompt, std::string_view title,
                        std::string_view default_text) override {
-    return AskLine(*this, qt::WordsOnScreenOf(stage_.Owner()), prompt, title, default_text);
+    return AskLine(*this, qt::WordsOnScreenOf(state_.OwnerWindow()), prompt, title, default_text);
   }
 
   std::string ShowFileDialog(const FileDialog& dialog) override {
-    return qt::AskFile(pump_, stage_.Owner(), dialog);
+    return qt::ChooseFile(pump_, state_.OwnerWindow(), dialog);
   }
 
   void DoEvents() override {
-    pump_.Pending();
-    stage_.Clear();
+    pump_.RunPending();
+    state_.DestroyRetired();
   }
 
   void CopyToClipboard(std::string_view text) override {
@@ -74,13 +76,15 @@ class QtDesktop : public Desktop {
   bool OpenInEditor(const std::string& path) override;
 
   std::unique_ptr<FormPeer> Draw(Form& form, bool modal) override {
-    stage_.Clear();
-    return std::make_unique<qt::QtFormPeer>(stage_, pump_, form, modal);
+    state_.DestroyRetired();
+    auto window = std::make_shared<qt::FormWindow>(state_, pump_, form);
+    window->Open(modal);
+    return std::make_unique<WindowPeer<qt::FormWindow>>(std::move(window));
   }
 
   void PumpUntilClosed(const Showing& showing) override {
-    pump_.Until([this, &showing] {
-      stage_.Clear();
+    pump_.RunUntil([this, &showing] {
+      state_.DestroyRetired();
       return showing.closed;
     });
   }
@@ -88,7 +92,7 @@ class QtDesktop : public Desktop {
  private:
   OwnApplication application_;
   qt::EventPump pump_;
-  qt::Stage stage_;
+  qt::DrawerState state_;
   bool waiting_ = false;  // whether the pointer of waiting is shown
 };
 

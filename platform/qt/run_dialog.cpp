@@ -15,7 +15,7 @@ bool RunDialog(EventPump& pump, QDialog& dialog, const QWidget* owner) {
   QObject::connect(&dialog, &QDialog::finished, &dialog, [&ended] { ended = true; });
   dialog.show();
   dialog.activateWindow();
-  pump.Until([&ended] { return ended; });
+  pump.RunUntil([&ended] { return ended; });
   return dialog.result() == QDialog::Accepted;
 }
 

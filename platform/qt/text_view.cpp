@@ -5,6 +5,7 @@
 
 #include "platform/input_controls.h"
 #include "platform/qt/control_view.h"
+#include "platform/qt/form_window.h"
 #include "platform/qt/key_press.h"
 #include "platform/qt/lines_box.h"
 #include "platform/qt/qt_text.h"
@@ -34,22 +35,22 @@ class LineBox : public QLineEdit {
 template <typename Box>
 class TextView : public ViewOf<TextBox, Box> {
  public:
-  TextView(Stage& stage, Control& control, QWidget& parent)
-      : ViewOf<TextBox, Box>(stage, control, new Box(&parent)) {
-    this->widget_.setReadOnly(this->kind().read_only);
+  TextView(FormWindow& owner, Control& control)
+      : ViewOf<TextBox, Box>(owner, control, new Box(&owner.inner())) {
+    this->widget_.setReadOnly(this->Own().read_only);
     this->widget_.on_key = [this](const QKeyEvent& event) { return Copies(event); };
   }
 
  protected:
   void Show(Change change) override {
-    const QString text = ToQtLines(this->kind().text());
+    const QString text = ToQtLines(this->Own().text());
     if (change != Change::kValue || TextOf(this->widget_) == text) return;
     const QSignalBlocker quiet(this->widget_);
     SetText(this->widget_, text);
   }
 
   void Typed() {
-    const bool stays = this->ForUser([this] { this->kind().Type(FromQt(TextOf(this->widget_))); });
+    const bool stays = this->ForUser([this] { this->Own().Type(FromQt(TextOf(this->widget_))); });
     // The box may have put it otherwise: no line ends in one line.
     if (stays) Show(Change::kValue);
   }
@@ -58,15 +59,15 @@ class TextView : public ViewOf<TextBox, Box> {
   // True when the key copied the whole text of a box that is only to be read.
   bool Copies(const QKeyEvent& event) {
     if (ToKeyPress(event) != Ctrl('C') || HasSelection(this->widget_)) return false;
-    if (this->control() == nullptr || !this->kind().read_only) return false;
-    this->ForUser([this] { this->kind().form().desktop().CopyToClipboard(this->kind().text()); });
+    if (!this->alive() || !this->Own().read_only) return false;
+    this->ForUser([this] { this->Own().form().desktop().CopyToClipboard(this->Own().text()); });
     return true;
   }
 };
 
 class LineView : public TextView<LineBox> {
  public:
-  LineView(Stage& stage, Control& control, QWidget& parent) : TextView(stage, control, parent) {
+  LineView(FormWindow& owner, Control& control) : TextView(owner, control) {
     QObject::connect(&widget_, &QLineEdit::textEdited, [this] { Typed(); });
   }
   void TakeFocus() override {
@@ -77,7 +78,7 @@ class LineView : public TextView<LineBox> {
 
 class LinesView : public TextView<LinesBox> {
  public:
-  LinesView(Stage& stage, Control& control, QWidget& parent) : TextView(stage, control, parent) {
+  LinesView(FormWindow& owner, Control& control) : TextView(owner, control) {
     widget_.setTabChangesFocus(true);
     QObject::connect(&widget_, &QPlainTextEdit::textChanged, [this] { Typed(); });
   }
@@ -85,11 +86,11 @@ class LinesView : public TextView<LinesBox> {
 
 }  // namespace
 
-std::unique_ptr<ControlView> MakeTextView(Stage& stage, Control& control, QWidget& parent) {
+std::unique_ptr<ControlView> MakeTextView(FormWindow& owner, Control& control) {
   if (static_cast<TextBox&>(control).lines() == TextBox::Lines::kOne) {
-    return std::make_unique<LineView>(stage, control, parent);
+    return std::make_unique<LineView>(owner, control);
   }
-  return std::make_unique<LinesView>(stage, control, parent);
+  return std::make_unique<LinesView>(owner, control);
 }
 
 }  // namespace quarvel::platform::qt

@@ -2,12 +2,13 @@
 #include <windowsx.h>
 
 #include "platform/basic_controls.h"
+#include "platform/focus_order.h"
 #include "platform/grid.h"
 #include "platform/win32/automation_name.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/form_messages.h"
 #include "platform/win32/form_window.h"
-#include "platform/win32/grid_window.h"
+#include "platform/win32/grid_view.h"
 
 namespace quarvel::platform::win32 {
 
@@ -21,7 +22,7 @@ LRESULT CALLBACK FormWindow::Receive(HWND window, UINT message, WPARAM w, LPARAM
   auto* const self = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (self == nullptr) return DefWindowProcW(window, message, w, l);
   LRESULT result = 0;
-  self->Visit([&] {
+  self->ForUser([&] {
     const auto handled = self->Handle(message, w, l);
     result = handled ? *handled : DefWindowProcW(window, message, w, l);
   });
@@ -31,7 +32,7 @@ LRESULT CALLBACK FormWindow::Receive(HWND window, UINT message, WPARAM w, LPARAM
 std::optional<LRESULT> FormWindow::Handle(UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_DESTROY:
-      for (const auto& control : controls_) control->Close();
+      for (const auto& control : views_) control->Close();
       TakeAutomationName(handle_);
       return 0;
     case WM_NCDESTROY:
@@ -61,7 +62,7 @@ std::optional<LRESULT> FormWindow::HandleForm(UINT message, WPARAM w, LPARAM l) 
       form_->RequestClose();
       return 0;
     case WM_SIZE:
-      Layout();
+      Arrange();
       return std::nullopt;
     case WM_GETMINMAXINFO:
       SmallestSize(*reinterpret_cast<MINMAXINFO*>(l));
@@ -89,7 +90,7 @@ std::optional<LRESULT> FormWindow::HandleForm(UINT message, WPARAM w, LPARAM l) 
       OnMenu(reinterpret_cast<HMENU>(w));
       return 0;
     case kSynchronize:
-      if (ControlWindow* control = Find(reinterpret_cast<HWND>(l))) control->Synchronize();
+      if (ControlView* control = Find(reinterpret_cast<HWND>(l))) control->Synchronize();
       return 0;
     default:
       return std::nullopt;
@@ -98,7 +99,7 @@ std::optional<LRESULT> FormWindow::HandleForm(UINT message, WPARAM w, LPARAM l) 
 
 void FormWindow::OnCommand(WPARAM w, LPARAM l) {
   if (l != 0) {
-    if (ControlWindow* control = Find(reinterpret_cast<HWND>(l))) control->OnCommand(HIWORD(w));
+    if (ControlView* control = Find(reinterpret_cast<HWND>(l))) control->OnCommand(HIWORD(w));
     return;
   }
   const int command = LOWORD(w);
@@ -119,22 +120,22 @@ void FormWindow::Choose(int command) {
 }
 
 std::optional<LRESULT> FormWindow::OnNotify(NMHDR& header) {
-  ControlWindow* const control = Find(header.hwndFrom);
+  ControlView* const control = Find(header.hwndFrom);
   if (control == nullptr) return std::nullopt;
   return control->OnNotify(header);
 }
 
 void FormWindow::OnMenu(HMENU menu) {
-  MenuItem* const item = menu_.ItemOf(menu);
+  MenuItem* const item = menus_.ItemOf(menu);
   if (item == nullptr) return;
   item->Open();
-  if (alive()) menu_.Fill(menu);
+  if (alive()) menus_.Fill(menu);
 }
 
 bool FormWindow::OnContextMenu(HWND window, LPARAM place) {
-  ControlWindow* const control = Find(window);
+  ControlView* const control = Find(window);
   if (control == nullptr || control->control().kind() != ControlKind::kGrid) return false;
-  auto& grid = static_cast<GridWindow&>(*control);
+  auto& grid = static_cast<GridView&>(*control);
   MenuItem* const popup = grid.Own().popup;
   if (popup == nullptr) return false;
   POINT point = {GET_X_LPARAM(place), GET_Y_LPARAM(place)};
@@ -146,7 +147,7 @@ bool FormWindow::OnContextMenu(HWND window, LPARAM place) {
   }
   if (alive()) popup->Open();
   if (!alive()) return true;
-  const int command = menu_.Track(*popup, handle_, point);
+  const int command = menus_.PopUp(*popup, handle_, point);
   if (alive() && command != 0) Choose(command);
   return true;
 }
@@ -156,12 +157,12 @@ void FormWindow::OnDpiChanged(int dpi, const RECT& place) {
   UseFont();
   SetWindowPos(handle_, nullptr, place.left, place.top, place.right - place.left,
                place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
-  Layout();
+  Arrange();
 }
 
 void FormWindow::UseFont() {
   FontHolder font = MessageFont(dpi_);
-  for (const auto& control : controls_) control->SetFont(font.get());
+  for (const auto& control : views_) control->SetFont(font.get());
   font_ = std::move(font);
 }
 
@@ -169,18 +170,18 @@ void FormWindow::SmallestSize(MINMAXINFO& info) const {
   if (!form_->resizable() || dpi_ == 0) return;
   const SIZE inner = {ToPixels(form_->smallest_width(), dpi_),
                       ToPixels(form_->smallest_height(), dpi_)};
-  const SIZE size = OuterSize(inner, style_, extended_style_, !menu_.IsEmpty(), dpi_);
+  const SIZE size = OuterSize(inner, style_, extended_style_, !menus_.IsEmpty(), dpi_);
   info.ptMinTrackSize = {size.cx, size.cy};
 }
 
-void FormWindow::Layout() {
-  if (controls_.empty() || IsIconic(handle_)) return;
+void FormWindow::Arrange() {
+  if (views_.empty() || IsIconic(handle_)) return;
   RECT inner;
   GetClientRect(handle_, &inner);
   const int width = ToUnits(inner.right, dpi_);
   const int height = ToUnits(inner.bottom, dpi_);
-  HDWP moves = BeginDeferWindowPos(static_cast<int>(controls_.size()));
-  for (const auto& control : controls_) {
+  HDWP moves = BeginDeferWindowPos(static_cast<int>(views_.size()));
+  for (const auto& control : views_) {
     const Place place = control->control().PlaceIn(width, height);
     const RECT pixels = control->Placed({ToPixels(place.x, dpi_), ToPixels(place.y, dpi_),
                                          ToPixels(place.x + place.width, dpi_),
@@ -194,11 +195,11 @@ void FormWindow::Layout() {
 }
 
 void FormWindow::SaveFocus() {
-  if (ControlWindow* focused = Find(GetFocus())) focus_ = focused;
+  if (ControlView* focused = Find(GetFocus())) focus_ = focused;
 }
 
 void FormWindow::RestoreFocus() {
-  if (focus_ != nullptr && focus_->CanFocus()) SetFocus(focus_->handle());
+  if (focus_ != nullptr && CanHaveFocus(focus_->control())) SetFocus(focus_->handle());
 }
 
 }  // namespace quarvel::platform::win32

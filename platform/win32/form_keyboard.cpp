@@ -1,106 +1,71 @@
 #include "platform/win32/form_keyboard.h"
 
-#include <algorithm>
-#include <vector>
-
 #include "platform/basic_controls.h"
 #include "platform/focus_order.h"
 #include "platform/menu.h"
 #include "platform/win32/form_window.h"
+#include "platform/win32/key_press.h"
 #include "text/upper_case.h"
 
 namespace quarvel::platform::win32 {
 namespace {
 
-using KeyUse = ControlWindow::KeyUse;
+using KeyUse = ControlView::KeyUse;
 
-bool IsDown(int key) { return GetKeyState(key) < 0; }
-
-const Control* ControlOf(const ControlWindow* window) {
+const Control* ControlOf(const ControlView* window) {
   return window == nullptr ? nullptr : &window->control();
 }
 
-bool GoToNextStop(const FormWindow& form, const ControlWindow* from, bool backwards) {
+bool GoToNextStop(const FormWindow& form, const ControlView* from, bool backwards) {
   const Control* const next = NextStop(form.form(), ControlOf(from), !backwards);
   if (next != nullptr) form.Find(*next)->TakeFocus();
   return true;
 }
 
-// In a ring of the option's group.
-bool GoInGroup(const FormWindow& form, const ControlWindow* from, int step) {
+bool GoToNeighbour(const ControlView* from, int step) {
   if (from == nullptr || from->control().kind() != ControlKind::kOptionButton) return false;
-  const auto& option = static_cast<const OptionButton&>(from->control());
-  const std::vector<OptionButton*> group = UsableGroup(form.form(), option);
-  const auto place = std::find(group.begin(), group.end(), &option);
-  if (place == group.end()) return true;
-  const auto count = static_cast<int>(group.size());
-  const int next = (static_cast<int>(place - group.begin()) + step + count) % count;
-  form.Find(*group[static_cast<std::size_t>(next)])->PressAccessKey();
+  GoInGroup(static_cast<const OptionButton&>(from->control()), step);
   return true;
 }
 
-bool PressEnter(const FormWindow& form, ControlWindow* focused) {
+bool PressEnter(const FormWindow& form, ControlView* focused) {
   const KeyUse use = focused == nullptr ? KeyUse::kNone : focused->PressEnter();
   if (use != KeyUse::kNone) return use == KeyUse::kDone;
   form.form().PressDefaultButton();
   return true;
 }
 
-bool PressEscape(const FormWindow& form, ControlWindow* focused) {
+bool PressEscape(const FormWindow& form, ControlView* focused) {
   const KeyUse use = focused == nullptr ? KeyUse::kNone : focused->PressEscape();
   if (use != KeyUse::kNone) return use == KeyUse::kDone;
-  if (form.form().PressCancelButton() || !form.alive()) return true;
-  // A dialog without a cancel button closes; a window with menus is no dialog.
-  if (MenuBar(form.form()).empty()) form.form().RequestClose();
+  form.form().PressEscape();
   return true;
 }
 
-KeyPress PressOf(WPARAM key) {
-  KeyPress press;
-  press.ctrl = IsDown(VK_CONTROL);
-  press.shift = IsDown(VK_SHIFT);
-  if (key == VK_DELETE) press.key = Key::kDelete;
-  if (key == VK_F1) press.key = Key::kF1;
-  if (key == VK_F2) press.key = Key::kF2;
-  if (key >= 'A' && key <= 'Z' && press.ctrl) {
-    press.key = Key::kLetter;
-    press.letter = static_cast<char>(key);
-  }
-  return press;
-}
-
-bool PressKey(const FormWindow& form, ControlWindow* focused, WPARAM key) {
-  const KeyPress press = PressOf(key);
+bool PressKey(const FormWindow& form, ControlView* focused, WPARAM key) {
+  const KeyPress press = ToKeyPress(key);
   if (press.key == Key::kNone) return false;
   const KeyUse use = focused == nullptr ? KeyUse::kNone : focused->Press(press);
   if (use != KeyUse::kNone) return use == KeyUse::kDone;
   return !form.alive() || PressShortcut(form.form(), press);
 }
 
-// The access key of a label or a frame leads to what comes after it.
-ControlWindow* FromWords(const FormWindow& form, std::size_t index) {
-  const auto& windows = form.controls();
-  while (index < windows.size() && !TakesKeys(windows[index]->control())) ++index;
-  return index < windows.size() ? windows[index].get() : nullptr;
-}
-
 bool PressAccessKey(const FormWindow& form, WPARAM character) {
   if (character <= ' ' || character > '~') return false;
   const char wanted = text::UpperCaseAscii(static_cast<char>(character));
-  const auto& windows = form.controls();
-  for (std::size_t i = 0; i < windows.size(); ++i) {
-    const Control& control = windows[i]->control();
+  for (const Control* words : form.form().controls()) {
+    const Control& control = *words;
     if (control.access_key == 0 || text::UpperCaseAscii(control.access_key) != wanted) continue;
-    if (!control.visible()) continue;
-    ControlWindow* const target = FromWords(form, i);
-    if (target == nullptr || !target->CanFocus()) continue;
-    target->PressAccessKey();
+    if (!control.visible() || control.kind() == ControlKind::kMenuItem) continue;
+    const Control* const target = LedTo(form.form(), control);
+    if (target == nullptr || !CanHaveFocus(*target)) continue;
+    form.Find(*target)->PressAccessKey();
     return true;
   }
   return false;
 }
 
-bool TakeDown(const FormWindow& form, ControlWindow* focused, WPARAM key) {
+bool TakeDown(const FormWindow& form, ControlView* focused, WPARAM key) {
   if (PressKey(form, focused, key)) return true;
   const bool shift = IsDown(VK_SHIFT);
   switch (key) {
@@ -113,17 +78,17 @@ bool TakeDown(const FormWindow& form, ControlWindow* focused, WPARAM key) {
       return PressEscape(form, focused);
     case VK_LEFT:
     case VK_UP:
-      return GoInGroup(form, focused, -1);
+      return GoToNeighbour(focused, -1);
     case VK_RIGHT:
     case VK_DOWN:
-      return GoInGroup(form, focused, 1);
+      return GoToNeighbour(focused, 1);
     default:
       return false;
   }
 }
 
 bool Take(const FormWindow& form, const MSG& message) {
-  ControlWindow* const focused = form.Find(message.hwnd);
+  ControlView* const focused = form.Find(message.hwnd);
   switch (message.message) {
     case WM_KEYDOWN:
       return TakeDown(form, focused, message.wParam);
@@ -144,7 +109,7 @@ bool TakeKey(const MSG& message) {
   FormWindow* const form = FormWindow::Of(GetAncestor(message.hwnd, GA_ROOT));
   if (form == nullptr || !form->alive() || !IsWindowEnabled(form->handle())) return false;
   bool taken = false;
-  form->Visit([&] { taken = Take(*form, message); });
+  form->ForUser([&] { taken = Take(*form, message); });
   return taken;
 }
 

@@ -7,7 +7,7 @@
 #include "platform/box.h"
 #include "platform/focus_order.h"
 #include "platform/win32/automation_name.h"
-#include "platform/win32/button_windows.h"
+#include "platform/win32/basic_views.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/form_messages.h"
 #include "platform/win32/pace.h"
@@ -33,7 +33,7 @@ POINT Middle(SIZE size, HWND owner) {
 }  // namespace
 
 FormWindow::FormWindow(std::shared_ptr<DrawerState> state, Form& form)
-    : state_(std::move(state)), form_(&form), menu_(form) {}
+    : state_(std::move(state)), form_(&form), menus_(form) {}
 
 FormWindow* FormWindow::Of(HWND window) {
   if (window == nullptr || !IsFormWindow(window)) return nullptr;
@@ -48,7 +48,7 @@ FormWindow* FormWindow::Of(HWND window) {
 void FormWindow::Open(bool modal) {
   const HWND owner = OwnerWindow();
   MakeWindow(owner);
-  MakeControls();
+  MakeViews();
   Show(owner);
   using enum DisabledWindows::Which;
   disabled_ = DisabledWindows(modal ? kAll : kForms, handle_);
@@ -66,28 +66,28 @@ void FormWindow::MakeWindow(HWND owner) {
   font_ = MessageFont(dpi_);
 }
 
-void FormWindow::MakeControls() {
+void FormWindow::MakeViews() {
   const ActivationContext::Use use(state_->common_controls);
   int id = kFirstControlId;
   for (Control* control : form_->controls()) {
-    auto made = MakeControlWindow(*this, *control, id++);
+    auto made = MakeView(*this, *control, id++);
     if (!made) continue;
-    controls_.push_back(std::move(made));
-    controls_.back()->Open(font_.get());
+    views_.push_back(std::move(made));
+    views_.back()->Open(font_.get());
   }
-  // What stands around other controls stands behind them.
-  for (const auto& window : controls_) {
-    const ControlKind kind = window->control().kind();
-    if (kind != ControlKind::kFrame && kind != ControlKind::kTabStrip) continue;
-    SetWindowPos(window->handle(), HWND_BOTTOM, 0, 0, 0, 0,
-                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  for (const ControlKind kind : kBehindOthers) {
+    for (const auto& view : views_) {
+      if (view->control().kind() != kind) continue;
+      SetWindowPos(view->handle(), HWND_BOTTOM, 0, 0, 0, 0,
+                   SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    }
   }
-  if (!menu_.IsEmpty()) menu_.ShowBar(handle_);
+  if (!menus_.IsEmpty()) menus_.ShowBar(handle_);
 }
 
 void FormWindow::Show(HWND owner) {
   const SIZE inner = {ToPixels(form_->width(), dpi_), ToPixels(form_->height(), dpi_)};
-  SIZE size = OuterSize(inner, style_, extended_style_, !menu_.IsEmpty(), dpi_);
+  SIZE size = OuterSize(inner, style_, extended_style_, !menus_.IsEmpty(), dpi_);
   if (form_->resizable()) {
     const RECT screen = WorkArea(owner);
     size.cx = std::min(size.cx, screen.right - screen.left);
@@ -95,7 +95,7 @@ void FormWindow::Show(HWND owner) {
   }
   const POINT place = Middle(size, owner);
   SetWindowPos(handle_, nullptr, place.x, place.y, size.cx, size.cy, SWP_NOZORDER | SWP_NOACTIVATE);
-  Layout();
+  Arrange();
   const Control* const first = OpeningStop(*form_, form_->focus());
   focus_ = first != nullptr ? Find(*first) : nullptr;
   ShowWindow(handle_, SW_SHOW);
@@ -153,19 +153,19 @@ void FormWindow::TellFailure() noexcept {
   }
 }
 
-ControlWindow* FormWindow::Find(const Control& control) const {
-  const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const auto& window) {
+ControlView* FormWindow::Find(const Control& control) const {
+  const auto found = std::find_if(views_.begin(), views_.end(), [&](const auto& window) {
     return &window->control() == &control;
   });
-  return found == controls_.end() ? nullptr : found->get();
+  return found == views_.end() ? nullptr : found->get();
 }
 
-ControlWindow* FormWindow::Find(HWND window) const {
+ControlView* FormWindow::Find(HWND window) const {
   for (; window != nullptr && window != handle_; window = GetAncestor(window, GA_PARENT)) {
-    const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const auto& control) {
+    const auto found = std::find_if(views_.begin(), views_.end(), [&](const auto& control) {
       return control->handle() == window;
     });
-    if (found != controls_.end()) return found->get();
+    if (found != views_.end()) return found->get();
   }
   return nullptr;
 }
@@ -185,10 +185,10 @@ void FormWindow::CaptionChanged() {
 void FormWindow::ControlChanged(const Control& control, Change change) {
   if (handle_ == nullptr) return;
   if (control.kind() == ControlKind::kMenuItem) {
-    if (static_cast<const MenuItem&>(control).parent() == nullptr) menu_.ShowBar(handle_);
+    if (static_cast<const MenuItem&>(control).parent() == nullptr) menus_.ShowBar(handle_);
     return;
   }
-  ControlWindow* const window = Find(control);
+  ControlView* const window = Find(control);
   if (window == nullptr) return;
   if (change == Change::kFocus) return Focus(*window);
   window->Mirror(change);
@@ -205,33 +205,33 @@ void FormWindow::BringToFront() {
 void FormWindow::Flush() {
   if (!alive() || handle_ == nullptr) return;
   if (caption_stale_) ShowCaption();
-  for (const auto& control : controls_) control->Flush();
+  for (const auto& control : views_) control->Flush();
 }
 
-void FormWindow::Focus(ControlWindow& control) {
+void FormWindow::Focus(ControlView& control) {
   focus_ = &control;
-  if (GetActiveWindow() == handle_ && control.CanFocus()) control.TakeFocus();
+  if (GetActiveWindow() == handle_ && CanHaveFocus(control.control())) control.TakeFocus();
 }
 
-void FormWindow::LeaveUnusable(const ControlWindow& control) {
-  if (control.CanFocus()) return;
+void FormWindow::LeaveUnusable(const ControlView& control) {
+  if (CanHaveFocus(control.control())) return;
   if (focus_ == &control) focus_ = nullptr;
   if (GetActiveWindow() != handle_) return;
-  const ControlWindow* const focused = Find(GetFocus());
+  const ControlView* const focused = Find(GetFocus());
   if (focused != nullptr && focused != &control) return;
   const Control* const next = Refuge(*form_, control.control());
   if (next != nullptr) Find(*next)->TakeFocus();
 }
 
-void FormWindow::ShowDefaultButton(ButtonWindow* focused) {
-  for (const auto& window : controls_) {
+void FormWindow::ShowDefaultButton(ButtonView* focused) {
+  for (const auto& window : views_) {
     if (window->control().kind() != ControlKind::kButton) continue;
-    auto& button = static_cast<ButtonWindow&>(*window);
+    auto& button = static_cast<ButtonView&>(*window);
     button.ShowDefault(focused != nullptr ? &button == focused : button.WantsDefault());
   }
 }
 
-void FormWindow::SynchronizeSoon(const ControlWindow& control) {
+void FormWindow::SynchronizeSoon(const ControlView& control) {
   PostMessageW(handle_, kSynchronize, 0, reinterpret_cast<LPARAM>(control.handle()));
 }
 

@@ -13,15 +13,15 @@
 #include <vector>
 
 #include "platform/form.h"
-#include "platform/win32/control_window.h"
+#include "platform/win32/control_view.h"
 #include "platform/win32/drawer_state.h"
-#include "platform/win32/form_menu.h"
+#include "platform/win32/form_menus.h"
 #include "platform/win32/handles.h"
 #include "platform/win32/thread_windows.h"
 
 namespace quarvel::platform::win32 {
 
-class ButtonWindow;
+class ButtonView;
 
 class FormWindow : public std::enable_shared_from_this<FormWindow> {
  public:
@@ -43,14 +43,11 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   HINSTANCE module() const { return state_->module; }
   int dpi() const { return dpi_; }
   bool alive() const { return form_ != nullptr; }
-  // Somebody else destroyed the window of a form that is still showing.
-  bool lost() const { return alive() && handle_ == nullptr; }
   Form& form() const { return *form_; }
-  const std::vector<std::unique_ptr<ControlWindow>>& controls() const { return controls_; }
-  // The child window of a control, or the one that a window of this form is or belongs to; null
+  // The view of a control, or the one that a window of this form is or belongs to; null
   // when there is none.
-  ControlWindow* Find(const Control& control) const;
-  ControlWindow* Find(HWND window) const;
+  ControlView* Find(const Control& control) const;
+  ControlView* Find(HWND window) const;
 
   void CaptionChanged();
   void ControlChanged(const Control& control, Change change);
@@ -58,16 +55,16 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   // Shows what was put off for the sake of speed.
   void Flush();
   // Gives the keyboard to a control, now or when the window becomes active.
-  void Focus(ControlWindow& control);
+  void Focus(ControlView& control);
   // Puts the default look on that button, or on the form's default button.
-  void ShowDefaultButton(ButtonWindow* focused);
+  void ShowDefaultButton(ButtonView* focused);
   // Lets the control show its state again when the running event is over.
-  void SynchronizeSoon(const ControlWindow& control);
+  void SynchronizeSoon(const ControlView& control);
 
   // Runs something of this window's that may run handlers: the window outlives it, and no exception
   // leaves it.
   template <typename Action>
-  void Visit(Action action) noexcept {
+  void ForUser(Action action) noexcept {
     const std::shared_ptr<FormWindow> self = shared_from_this();
     ++depth_;
     try {
@@ -80,7 +77,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
 
  private:
   void MakeWindow(HWND owner);
-  void MakeControls();
+  void MakeViews();
   void Show(HWND owner);
   void TellFailure() noexcept;
   void Left() noexcept;
@@ -96,8 +93,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   void SmallestSize(MINMAXINFO& info) const;
   void SaveFocus();
   void RestoreFocus();
-  void LeaveUnusable(const ControlWindow& control);
-  void Layout();
+  void LeaveUnusable(const ControlView& control);
+  void Arrange();
   void UseFont();
   void ShowCaption();
 
@@ -110,9 +107,9 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   int depth_ = 0;
   bool destruction_posted_ = false;
   FontHolder font_;
-  FormMenu menu_;
-  std::vector<std::unique_ptr<ControlWindow>> controls_;
-  ControlWindow* focus_ = nullptr;
+  FormMenus menus_;
+  std::vector<std::unique_ptr<ControlView>> views_;
+  ControlView* focus_ = nullptr;
   DisabledWindows disabled_;
   bool caption_stale_ = false;
   std::chrono::steady_clock::time_point caption_shown_{};

@@ -1,7 +1,6 @@
 #include "platform/win32/win32_desktop.h"
 
 #include <algorithm>
-#include <chrono>
 #include <string>
 #include <utility>
 #include <vector>
@@ -11,37 +10,17 @@
 #include "platform/form.h"
 #include "platform/input_box.h"
 #include "platform/win32/clipboard.h"
+#include "platform/win32/event_pump.h"
 #include "platform/win32/file_dialogs.h"
-#include "platform/win32/fitted_text.h"
+#include "platform/win32/fitted_words.h"
 #include "platform/win32/form_window.h"
-#include "platform/win32/message_loop.h"
-#include "platform/win32/pace.h"
 #include "platform/win32/thread_windows.h"
 #include "platform/win32/wide_text.h"
+#include "platform/window_peer.h"
 
 namespace quarvel::platform {
 namespace win32 {
 namespace {
-
-// Longer than that no call lets events run, so that a busy host cannot stop the work.
-constexpr std::chrono::milliseconds kLongestTurn{200};
-
-class Win32Peer : public FormPeer {
- public:
-  explicit Win32Peer(std::shared_ptr<FormWindow> window) : window_(std::move(window)) {}
-  ~Win32Peer() override { window_->Retire(); }
-  Win32Peer(const Win32Peer&) = delete;
-  Win32Peer& operator=(const Win32Peer&) = delete;
-
-  void CaptionChanged() override { window_->CaptionChanged(); }
-  void ControlChanged(const Control& control, Change change) override {
-    window_->ControlChanged(control, change);
-  }
-  void BringToFront() override { window_->BringToFront(); }
-
- private:
-  std::shared_ptr<FormWindow> window_;
-};
 
 class Win32Desktop : public Desktop {
  public:
@@ -70,7 +49,7 @@ class Win32Desktop : public Desktop {
   bool IsLost(const Form& form) const;
 
   std::shared_ptr<DrawerState> state_;
-  std::chrono::steady_clock::time_point last_turn_{};
+  EventPump pump_;
 };
 
 Win32Desktop::~Win32Desktop() {
@@ -112,12 +91,9 @@ std::string Win32Desktop::ShowFileDialog(const FileDialog& dialog) {
 }
 
 void Win32Desktop::DoEvents() {
-  if (!PaintIsDue(last_turn_)) return;
+  if (!pump_.IsDue()) return;
   Flush();
-  const auto start = std::chrono::steady_clock::now();
-  MessageLoop loop;
-  while (loop.RunPending() && std::chrono::steady_clock::now() - start < kLongestTurn) continue;
-  last_turn_ = std::chrono::steady_clock::now();
+  pump_.RunPending();
 }
 
 void Win32Desktop::SetMousePointer(MousePointer pointer) {
@@ -145,7 +121,7 @@ bool Win32Desktop::OpenInEditor(const std::string& path) {
 std::unique_ptr<FormPeer> Win32Desktop::Draw(Form& form, bool modal) {
   Flush();
   auto window = std::make_shared<FormWindow>(state_, form);
-  auto peer = std::make_unique<Win32Peer>(window);
+  auto peer = std::make_unique<WindowPeer<FormWindow>>(window);
   state_->windows.push_back(window);
   try {
     window->Open(modal);
@@ -164,13 +140,13 @@ bool Win32Desktop::IsLost(const Form& form) const {
 }
 
 void Win32Desktop::PumpUntilClosed(const Showing& showing) {
-  MessageLoop loop;
-  while (!showing.closed) {
+  pump_.RunUntil([this, &showing] {
+    if (showing.closed) return true;
     Flush();
     // Whoever destroyed the window of a form that still shows leaves nothing to wait for.
     if (IsLost(*showing.form)) RaiseRunTimeError(RunTimeError::kInternalError);
-    loop.RunNext();
-  }
+    return false;
+  });
 }
 
 }  // namespace

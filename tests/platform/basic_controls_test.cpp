@@ -155,6 +155,18 @@ TEST_F(ControlsTest, ProgressBarHoldsItsValueWithinItsRange) {
   }
 }
 
+TEST_F(ControlsTest, ProgressBarTellsHowMuchIsDone) {
+  ProgressBar bar(form_, "pbr", {});
+  bar.set_range(10, 20);
+  EXPECT_EQ(bar.Done(), 0);
+  bar.set_value(12.5F);
+  EXPECT_EQ(bar.Done(), 0.25);
+  bar.set_value(20);
+  EXPECT_EQ(bar.Done(), 1);
+  bar.set_range(20, 20);
+  EXPECT_EQ(bar.Done(), 0);
+}
+
 TEST_F(ControlsTest, ProgressBarMayBeEmpty) {
   ProgressBar bar(form_, "pbr", {});
   bar.set_range(0, 0);

@@ -100,5 +100,29 @@ TEST_F(FocusOrder, FleesToNoBoxThatTakesText) {
   EXPECT_EQ(Refuge(form_, form_.tabs), &form_.cmdPage);
 }
 
+TEST_F(FocusOrder, AccessKeyLeadsFromWordsToWhatFollowsThem) {
+  EXPECT_EQ(LedTo(form_, form_.lblName), &form_.txtName);
+  EXPECT_EQ(LedTo(form_, form_.optB), &form_.optB);
+  Label last(form_, "lblLast", {});
+  EXPECT_EQ(LedTo(form_, last), nullptr);
+}
+
+TEST_F(FocusOrder, ArrowsGoRoundInTheGroupOfOptionsThatCanBeUsed) {
+  OptionButton third(form_, "optC", {});
+  OptionButton other(form_, "optOther", {}, 1);
+  form_.Show();
+  form_.optA.set_value(true);
+  GoInGroup(form_.optA, 1);
+  EXPECT_TRUE(form_.optB.value());
+  EXPECT_EQ(form_.focus(), &form_.optB);
+  form_.optA.set_enabled(false);
+  GoInGroup(third, 1);
+  EXPECT_TRUE(form_.optB.value());
+  GoInGroup(form_.optB, -1);
+  EXPECT_TRUE(third.value());
+  EXPECT_EQ(form_.focus(), &third);
+  EXPECT_FALSE(other.value());
+}
+
 }  // namespace
 }  // namespace quarvel::platform

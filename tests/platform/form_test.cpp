@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/menu.h"
 #include "tests/support/form_fixture.h"
 
 namespace quarvel::platform {
@@ -181,6 +182,43 @@ TEST_F(FormTest, RefusalIsTheAnswerOfUnload) {
   EXPECT_FALSE(form_.Unload());
   EXPECT_TRUE(form_.IsLoaded());
   EXPECT_TRUE(form_.IsShowing());
+}
+
+TEST_F(FormTest, EscapePressesTheCancelButtonOrClosesAModalForm) {
+  int cancelled = 0;
+  const auto press_escape = [this] {
+    desktop_.on_idle = [](Form& form) {
+      form.PressEscape();
+      if (form.IsShowing()) form.Unload();
+    };
+    form_.life.clear();
+    form_.ShowModal();
+  };
+  press_escape();
+  EXPECT_EQ(form_.life, (Lines{"load", "activate", "query user", "unload"}));
+  form_.cmdGo.is_cancel = true;
+  form_.cmdGo.on_click = [&] { ++cancelled; };
+  press_escape();
+  EXPECT_EQ(cancelled, 1);
+  EXPECT_EQ(form_.life, (Lines{"load", "activate", "query code", "unload"}));
+  form_.cmdGo.set_enabled(false);
+  press_escape();
+  EXPECT_EQ(form_.life, (Lines{"load", "activate", "query code", "unload"}));
+}
+
+TEST_F(FormTest, EscapeLeavesAWindowWithMenusOrOneThatIsNotModal) {
+  form_.Show();
+  EXPECT_FALSE(form_.PressEscape());
+  EXPECT_TRUE(form_.IsShowing());
+  form_.Unload();
+  MenuItem item(form_, "mnuFile", nullptr);
+  bool used = true;
+  desktop_.on_idle = [&](Form& form) {
+    used = form.PressEscape();
+    form.Unload();
+  };
+  form_.ShowModal();
+  EXPECT_FALSE(used);
 }
 
 TEST_F(FormTest, ClosingTwiceAsksOnce) {

@@ -91,6 +91,14 @@ TEST_F(MenuTest, KeyThatIsOnlyALabelPressesNothing) {
   EXPECT_EQ(happened_, Texts{});
 }
 
+TEST_F(MenuTest, TextHasTheMarkedCaptionAndTheKeyBehindATab) {
+  open_.set_caption("Open R&D");
+  open_.access_key = 'O';
+  EXPECT_EQ(MenuText(open_, '&'), "&Open R&&D");
+  open_.shortcut = Ctrl('O');
+  EXPECT_EQ(MenuText(open_, '&'), "&Open R&&D\tCtrl+O");
+}
+
 TEST(KeyText, IsWhatMenusPrint) {
   const struct {
     KeyPress press;

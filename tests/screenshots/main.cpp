@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QImage>
 #include <QLineEdit>
 #include <QLoggingCategory>
 #include <QMenu>
@@ -23,6 +24,16 @@
 namespace quarvel {
 namespace {
 
+// One colour from edge to edge.
+bool IsBlank(const QImage& picture) {
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      if (picture.pixel(x, y) != picture.pixel(0, 0)) return false;
+    }
+  }
+  return true;
+}
+
 class Photographer : public platform::User {
  public:
   explicit Photographer(QString folder) : folder_(std::move(folder)) {}
@@ -31,12 +42,10 @@ class Photographer : public platform::User {
   int taken() const { return taken_; }
 
   void Take(QWidget& window, const QString& name) {
-    if (window.grab().save(folder_ + '/' + name + ".png")) {
-      ++taken_;
-    } else {
-      std::fprintf(stderr, "%s.png could not be written\n", qPrintable(name));
-      failed_ = true;
-    }
+    const QImage picture = window.grab().toImage();
+    if (IsBlank(picture)) return Fail(name, "shows nothing");
+    if (!picture.save(folder_ + '/' + name + ".png")) return Fail(name, "could not be written");
+    ++taken_;
   }
 
   // The next window of that name: its picture, and then the key that ends it.
@@ -55,6 +64,11 @@ class Photographer : public platform::User {
   }
 
  private:
+  void Fail(const QString& name, const char* why) {
+    std::fprintf(stderr, "%s.png %s\n", qPrintable(name), why);
+    failed_ = true;
+  }
+
   QString folder_;
   int taken_ = 0;
   bool failed_ = false;

@@ -9,7 +9,7 @@
 #include "hosts/opening_desktop.h"
 #include "hosts/viewer_desktop.h"
 #include "mps/frm_progress.h"
-#include "platform/win32/control_window.h"
+#include "platform/win32/control_view.h"
 #include "platform/win32/wide_text.h"
 #include "tests/screenshots/win32_picture.h"
 #include "tests/support/test_paths.h"
@@ -35,7 +35,7 @@ class Photographer {
     if (SavePicture(window, folder_ + '/' + name + ".png")) {
       ++taken_;
     } else {
-      std::fprintf(stderr, "%s.png could not be written\n", name.c_str());
+      std::fprintf(stderr, "%s.png is blank or could not be written\n", name.c_str());
       failed_ = true;
     }
   }

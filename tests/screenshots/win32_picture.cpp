@@ -28,6 +28,22 @@ HBITMAP CopyOfScreen(const RECT& place) {
   return bitmap;
 }
 
+// One colour inside of the frame that every window has.
+bool IsBlank(Gdiplus::Bitmap& picture) {
+  const UINT left = picture.GetWidth() / 4;
+  const UINT top = picture.GetHeight() / 4;
+  Gdiplus::Color first;
+  Gdiplus::Color other;
+  picture.GetPixel(static_cast<INT>(left), static_cast<INT>(top), &first);
+  for (UINT y = top; y < 3 * top; ++y) {
+    for (UINT x = left; x < 3 * left; ++x) {
+      picture.GetPixel(static_cast<INT>(x), static_cast<INT>(y), &other);
+      if (other.GetValue() != first.GetValue()) return false;
+    }
+  }
+  return true;
+}
+
 }  // namespace
 
 bool SavePicture(HWND window, const std::string& path) {
@@ -40,7 +56,7 @@ bool SavePicture(HWND window, const std::string& path) {
   bool saved = false;
   {
     Gdiplus::Bitmap picture(bitmap, nullptr);
-    saved = picture.Save(ToWide(path).c_str(), &kPng, nullptr) == Gdiplus::Ok;
+    saved = !IsBlank(picture) && picture.Save(ToWide(path).c_str(), &kPng, nullptr) == Gdiplus::Ok;
   }
   DeleteObject(bitmap);
   Gdiplus::GdiplusShutdown(token);

@@ -7,7 +7,7 @@
 
 namespace quarvel::platform::win32 {
 
-// As a PNG file; false when that fails.
+// As a PNG file; false when that fails, or when there would be nothing in it to see.
 bool SavePicture(HWND window, const std::string& path);
 
 }  // namespace quarvel::platform::win32

@@ -6,7 +6,7 @@
 #include "platform/file_dialog.h"
 #include "platform/win32/clipboard.h"
 #include "platform/win32/file_dialogs.h"
-#include "platform/win32/fitted_text.h"
+#include "platform/win32/fitted_words.h"
 #include "tests/support/any_box.h"
 #include "tests/win32/picture.h"
 #include "tests/win32/win32_fixture.h"

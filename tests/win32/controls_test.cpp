@@ -2,7 +2,7 @@
 // what the user does to it, once.
 #include <string>
 
-#include "platform/win32/input_windows.h"
+#include "platform/win32/text_view.h"
 #include "tests/win32/every_control_fixture.h"
 
 namespace quarvel::platform::win32 {

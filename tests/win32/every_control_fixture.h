@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/win32/control_window.h"
+#include "platform/win32/control_view.h"
 #include "tests/win32/every_control.h"
 #include "tests/win32/win32_fixture.h"
 

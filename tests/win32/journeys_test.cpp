@@ -9,7 +9,7 @@
 
 #include "platform/files.h"
 #include "platform/scripted/scripted_desktop.h"
-#include "platform/win32/control_window.h"
+#include "platform/win32/control_view.h"
 #include "tests/support/test_paths.h"
 #include "tests/win32/window_driver.h"
 #include "viewer/frm_view_equations.h"

@@ -1,7 +1,7 @@
 // The keyboard in a form: shortcuts, tab order, access keys, Enter and Escape.
 #include <string>
 
-#include "platform/win32/input_windows.h"
+#include "platform/win32/text_view.h"
 #include "tests/win32/every_control_fixture.h"
 
 namespace quarvel::platform::win32 {

@@ -1,8 +1,8 @@
-// The windows of one desktop: which are on the screen, which of the user's doings are under way,
-// and when a window that has left the screen may be deleted.
+// What the windows of one desktop share: which are on the screen, which of the user's doings are
+// under way, and when a window that has left the screen may be destroyed.
 //
 // A form may go away inside an event of its own window. Qt goes on with that event afterwards, so
-// the window is only hidden then and is deleted as soon as nothing of the user's is under way.
+// the window is only hidden then and is destroyed as soon as nothing of the user's is under way.
 #pragma once
 
 #include <QApplication>
@@ -15,7 +15,7 @@
 
 namespace quarvel::platform::qt {
 
-class Stage {
+class DrawerState {
  public:
   // Hears of a failure that a handler let out: its description.
   std::function<void(const std::string&)> on_failure;
@@ -25,11 +25,11 @@ class Stage {
   // The window on top, null when there is none.
   QWidget* Top() const { return shown_.empty() ? nullptr : shown_.back(); }
   // Whom a modal window belongs to: the component's window on top, else the host's that is active.
-  QWidget* Owner() const { return shown_.empty() ? QApplication::activeWindow() : Top(); }
-  // Takes a window away for good.
-  void Bury(std::unique_ptr<QWidget> window);
-  // Deletes what was buried, unless something is under way.
-  void Clear();
+  QWidget* OwnerWindow() const { return shown_.empty() ? QApplication::activeWindow() : Top(); }
+  // The window has left the screen.
+  void Retire(std::shared_ptr<QWidget> window);
+  // Destroys what has left the screen, unless something is under way.
+  void DestroyRetired();
 
   // Does what the user wants; no failure gets out to Qt. Whoever calls must look whether his form
   // is still there afterwards.
@@ -39,29 +39,29 @@ class Stage {
     try {
       action();
     } catch (...) {
-      Report();
+      TellFailure();
     }
   }
 
  private:
   class Doing {
    public:
-    explicit Doing(Stage& stage) : stage_(stage) { ++stage_.doings_; }
+    explicit Doing(DrawerState& state) : state_(state) { ++state_.doings_; }
     ~Doing() {
-      if (--stage_.doings_ == 0) stage_.ClearSoon();
+      if (--state_.doings_ == 0) state_.DestroyRetiredSoon();
     }
     Doing(const Doing&) = delete;
     Doing& operator=(const Doing&) = delete;
 
    private:
-    Stage& stage_;
+    DrawerState& state_;
   };
 
-  void ClearSoon();
-  void Report() const;
+  void DestroyRetiredSoon();
+  void TellFailure() const;
 
   std::vector<QWidget*> shown_;  // the topmost last
-  std::vector<std::unique_ptr<QWidget>> buried_;
+  std::vector<std::shared_ptr<QWidget>> retired_;
   int doings_ = 0;
   QObject later_;  // calls that wait for the next event die with it
 };

@@ -1,8 +1,8 @@
-// The child window of one control: made once for a showing, kept like the control (Mirror), and
-// handing on what the user does to it. One class a kind of control.
+// The view of one control: a child window that mirrors it and tells it what the user does. One
+// class a kind of control.
 //
-// A handler of the control may close or destroy the form. The child window object stays until the
-// last event of its window has returned, but `control()` may be used only while the owner is alive.
+// A control may go away, with its form, inside anything it is told. The view stays until the last
+// event of its window has returned, but `control()` may be used only while it is alive.
 #pragma once
 
 #include <memory>
@@ -18,27 +18,28 @@ class FormWindow;
 
 inline constexpr int kFirstControlId = 100;
 
-class ControlWindow {
+class ControlView {
  public:
-  ControlWindow(FormWindow& owner, Control& control, int id);
-  virtual ~ControlWindow() = default;
-  ControlWindow(const ControlWindow&) = delete;
-  ControlWindow& operator=(const ControlWindow&) = delete;
+  ControlView(FormWindow& owner, Control& control, int id);
+  virtual ~ControlView() = default;
+  ControlView(const ControlView&) = delete;
+  ControlView& operator=(const ControlView&) = delete;
 
   HWND handle() const { return handle_; }
+  // Whether the form is still on the screen, and the control with it.
+  bool alive() const;
   Control& control() const { return control_; }
   // Makes the window and shows the control's state in it.
   void Open(HFONT font);
   // The window is going: its name is taken back.
   void Close();
   // The control has changed.
-  virtual void Mirror(Change change);
+  void Mirror(Change change);
   // The form has got another size or font; `place` is in pixels of the form's inner area.
   virtual RECT Placed(RECT place) const { return place; }
   virtual void SetFont(HFONT font);
 
-  // The keyboard may be given to it.
-  bool CanFocus() const { return CanHaveFocus(control_); }
+  // Code gives it the keyboard, or a key leads there.
   virtual void TakeFocus() { SetFocus(handle_); }
   // The user pressed its access key.
   virtual void PressAccessKey() { TakeFocus(); }
@@ -66,7 +67,11 @@ class ControlWindow {
     DWORD extended_style = 0;
   };
   virtual Style WindowStyle() const = 0;
+  // What a new window shows.
   virtual void Fill() {}
+  // What only this kind of control has, and the caption; what the window tells meanwhile is our own
+  // doing.
+  virtual void Show(Change change);
 
   FormWindow& owner() const { return owner_; }
   LRESULT Send(UINT message, WPARAM w = 0, LPARAM l = 0) const {
@@ -76,13 +81,13 @@ class ControlWindow {
   // While one of these lives, what the window tells is our own doing.
   class Mirroring {
    public:
-    explicit Mirroring(ControlWindow& window) : window_(window) { ++window_.mirroring_; }
+    explicit Mirroring(ControlView& window) : window_(window) { ++window_.mirroring_; }
     ~Mirroring() { --window_.mirroring_; }
     Mirroring(const Mirroring&) = delete;
     Mirroring& operator=(const Mirroring&) = delete;
 
    private:
-    ControlWindow& window_;
+    ControlView& window_;
   };
   bool mirroring() const { return mirroring_ > 0; }
 
@@ -94,7 +99,15 @@ class ControlWindow {
   int mirroring_ = 0;
 };
 
-// The window for a control of any kind but menu items, which have none (null).
-std::unique_ptr<ControlWindow> MakeControlWindow(FormWindow& owner, Control& control, int id);
+// A view that knows its control's class.
+template <typename Kind>
+class ViewOf : public ControlView {
+ public:
+  using ControlView::ControlView;
+  Kind& Own() const { return static_cast<Kind&>(control()); }
+};
+
+// The view of a control of any kind but menu items, which have none (null).
+std::unique_ptr<ControlView> MakeView(FormWindow& owner, Control& control, int id);
 
 }  // namespace quarvel::platform::win32

@@ -1,10 +1,10 @@
-#include "platform/win32/form_menu.h"
+#include "platform/win32/form_menus.h"
 
 #include <algorithm>
 #include <string>
 
 #include "platform/form.h"
-#include "platform/win32/control_window.h"
+#include "platform/win32/control_view.h"
 #include "platform/win32/wide_text.h"
 
 namespace quarvel::platform::win32 {
@@ -21,20 +21,15 @@ void Clear(HMENU menu) {
   while (DeleteMenu(menu, 0, MF_BYPOSITION)) continue;
 }
 
-std::wstring Words(const MenuItem& item) {
-  const std::string keys = KeyText(item.shortcut);
-  return ToWide(MarkedCaption(item, '&') + (keys.empty() ? "" : '\t' + keys));
-}
-
 }  // namespace
 
-int FormMenu::CommandOf(const Form& form, const MenuItem& item) {
+int FormMenus::CommandOf(const Form& form, const MenuItem& item) {
   const auto& controls = form.controls();
   const auto place = std::find(controls.begin(), controls.end(), &item);
   return kFirstControlId + static_cast<int>(place - controls.begin());
 }
 
-void FormMenu::ShowBar(HWND window) {
+void FormMenus::ShowBar(HWND window) {
   menus_.clear();
   MenuHolder bar(CreateMenu());
   AppendAll(bar.get(), MenuBar(*form_));
@@ -43,19 +38,19 @@ void FormMenu::ShowBar(HWND window) {
   DrawMenuBar(window);
 }
 
-MenuItem* FormMenu::ItemOf(HMENU menu) const {
+MenuItem* FormMenus::ItemOf(HMENU menu) const {
   const auto found = std::find_if(menus_.begin(), menus_.end(),
                                   [menu](const Opened& opened) { return opened.menu == menu; });
   return found == menus_.end() ? nullptr : found->item;
 }
 
-void FormMenu::Forget(const MenuItem& item) {
+void FormMenus::Forget(const MenuItem& item) {
   std::erase_if(menus_, [&item](const Opened& opened) {
     return opened.item != &item && IsWithin(opened.item, item);
   });
 }
 
-void FormMenu::Fill(HMENU menu) {
+void FormMenus::Fill(HMENU menu) {
   const MenuItem* const item = ItemOf(menu);
   if (item == nullptr) return;
   Forget(*item);
@@ -63,7 +58,7 @@ void FormMenu::Fill(HMENU menu) {
   AppendAll(menu, item->children());
 }
 
-void FormMenu::AppendAll(HMENU menu, const std::vector<MenuItem*>& items) {
+void FormMenus::AppendAll(HMENU menu, const std::vector<MenuItem*>& items) {
   // Lines stand between items: none at the ends, none beside another.
   bool line = false;
   bool empty = true;
@@ -80,21 +75,22 @@ void FormMenu::AppendAll(HMENU menu, const std::vector<MenuItem*>& items) {
   }
 }
 
-void FormMenu::Append(HMENU menu, MenuItem& item) {
+void FormMenus::Append(HMENU menu, MenuItem& item) {
   const UINT state = item.enabled() ? MF_ENABLED : MF_GRAYED;
+  const std::wstring words = ToWide(MenuText(item, '&'));
   if (item.children().empty()) {
     AppendMenuW(menu, MF_STRING | state, static_cast<UINT_PTR>(CommandOf(*form_, item)),
-                Words(item).c_str());
+                words.c_str());
     return;
   }
   MenuHolder children(CreatePopupMenu());
   menus_.push_back({children.get(), &item});
   AppendAll(children.get(), item.children());
   AppendMenuW(menu, MF_POPUP | state, reinterpret_cast<UINT_PTR>(children.Release()),
-              Words(item).c_str());
+              words.c_str());
 }
 
-int FormMenu::Track(MenuItem& item, HWND window, POINT place) {
+int FormMenus::PopUp(const MenuItem& item, HWND window, POINT place) {
   const MenuHolder menu(CreatePopupMenu());
   AppendAll(menu.get(), item.children());
   return TrackPopupMenuEx(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, place.x, place.y, window,

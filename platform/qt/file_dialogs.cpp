@@ -1,7 +1,8 @@
+#include "platform/qt/file_dialogs.h"
+
 #include <QFileDialog>
 #include <QStringList>
 
-#include "platform/qt/boxes.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/run_dialog.h"
 
@@ -23,7 +24,7 @@ QStringList FiltersOf(std::string_view filter) {
 
 }  // namespace
 
-std::string AskFile(EventPump& pump, const QWidget* owner, const FileDialog& request) {
+std::string ChooseFile(EventPump& pump, const QWidget* owner, const FileDialog& request) {
   const bool saving = request.kind == FileDialog::Kind::kSave;
   QFileDialog dialog;
   dialog.setObjectName("filedialog");

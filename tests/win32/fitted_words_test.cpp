@@ -1,5 +1,5 @@
 // Words that do not fit where they stand: in labels and frames.
-#include "platform/win32/fitted_text.h"
+#include "platform/win32/fitted_words.h"
 
 #include <string>
 
@@ -10,7 +10,7 @@
 namespace quarvel::platform::win32 {
 namespace {
 
-class FittedTextTest : public EveryControlTest {
+class FittedWordsTest : public EveryControlTest {
  protected:
   HFONT Font() const { return reinterpret_cast<HFONT>(Send(form_.lblName, WM_GETFONT)); }
   int LineHeight() const { return TextMeasure(Font()).HeightOf(L"Xg", 10000); }
@@ -26,7 +26,7 @@ class FittedTextTest : public EveryControlTest {
   }
 };
 
-TEST_F(FittedTextTest, LabelOfOneLineEndsInAnEllipsis) {
+TEST_F(FittedWordsTest, LabelOfOneLineEndsInAnEllipsis) {
   const std::string name(100, 'N');
   form_.lblName.access_key = 0;
   form_.lblName.set_caption("Row " + name);
@@ -41,12 +41,12 @@ TEST_F(FittedTextTest, LabelOfOneLineEndsInAnEllipsis) {
   EXPECT_TRUE(found);
 }
 
-TEST_F(FittedTextTest, LabelOfOneLineShowsNoWordsOfASecond) {
+TEST_F(FittedWordsTest, LabelOfOneLineShowsNoWordsOfASecond) {
   form_.lblName.set_caption("Quality of gravel and grey soil by yard");
   EXPECT_LE(InkOf(form_.lblName), LineHeight());
 }
 
-TEST_F(FittedTextTest, LabelOfManyLinesBreaksBetweenWordsAndInsideThem) {
+TEST_F(FittedWordsTest, LabelOfManyLinesBreaksBetweenWordsAndInsideThem) {
   form_.lblLong.set_caption("N");
   EXPECT_LE(InkOf(form_.lblLong), LineHeight());
   form_.lblLong.set_caption("NNNNN NNNNN");
@@ -55,7 +55,7 @@ TEST_F(FittedTextTest, LabelOfManyLinesBreaksBetweenWordsAndInsideThem) {
   EXPECT_GT(InkOf(form_.lblLong), LineHeight());
 }
 
-TEST_F(FittedTextTest, FrameShowsAsMuchOfItsCaptionAsThereIsRoomFor) {
+TEST_F(FittedWordsTest, FrameShowsAsMuchOfItsCaptionAsThereIsRoomFor) {
   const std::string whole = "R&D in " + std::string(40, 'N');
   form_.fraMore.set_caption(whole);
   const std::wstring shown = TextOf(Child(form_.fraMore));
@@ -67,7 +67,7 @@ TEST_F(FittedTextTest, FrameShowsAsMuchOfItsCaptionAsThereIsRoomFor) {
   EXPECT_EQ(form_.fraMore.caption(), whole);
 }
 
-TEST_F(FittedTextTest, CaptionOfAFrameFollowsItsSize) {
+TEST_F(FittedWordsTest, CaptionOfAFrameFollowsItsSize) {
   const std::wstring whole = L"Rows that " + std::wstring(30, L'N') + L" appears in (2):";
   form_.fraMore.set_caption(ToUtf8(whole));
   EXPECT_NE(TextOf(Child(form_.fraMore)), whole);
@@ -77,7 +77,7 @@ TEST_F(FittedTextTest, CaptionOfAFrameFollowsItsSize) {
   EXPECT_TRUE(TextOf(Child(form_.fraMore)).ends_with(L"..."));
 }
 
-TEST_F(FittedTextTest, IsNeverWiderThanItsRoomUnlessTheEllipsisIs) {
+TEST_F(FittedWordsTest, IsNeverWiderThanItsRoomUnlessTheEllipsisIs) {
   const TextMeasure measure(Font());
   const std::wstring words = L"Bj\x00F8rn \xD83D\xDE00\xD83D\xDE00 and so on";
   for (int width = measure.WidthOf(L"..."); width < measure.WidthOf(words); ++width) {

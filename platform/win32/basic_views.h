@@ -1,17 +1,18 @@
-// Windows of the controls that carry only words or are clicked: labels, frames, buttons, option
-// buttons, check boxes.
+// Labels, frames, buttons, option buttons, check boxes and progress bars.
 #pragma once
 
+#include <chrono>
+
 #include "platform/basic_controls.h"
-#include "platform/win32/control_window.h"
+#include "platform/win32/control_view.h"
 
 namespace quarvel::platform::win32 {
 
 // Of one line, which ends in an ellipsis where it has no room, or of many, which break inside words
 // without blanks too.
-class LabelWindow : public ControlWindow {
+class LabelView : public ControlView {
  public:
-  using ControlWindow::ControlWindow;
+  using ControlView::ControlView;
   bool TakesLetters() const override { return false; }
 
  protected:
@@ -21,16 +22,16 @@ class LabelWindow : public ControlWindow {
 
 // Stands behind the other controls and paints its own ground, which the form leaves out. Its window
 // has as much of the caption as there is room for, and an ellipsis.
-class FrameWindow : public ControlWindow {
+class FrameView : public ControlView {
  public:
-  using ControlWindow::ControlWindow;
-  void Mirror(Change change) override;
+  using ControlView::ControlView;
   void SetFont(HFONT font) override;
   bool TakesLetters() const override { return false; }
 
  protected:
   Style WindowStyle() const override { return {WC_BUTTONW, BS_GROUPBOX}; }
   void Fill() override;
+  void Show(Change change) override;
 
  private:
   static LRESULT CALLBACK Receive(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
@@ -39,9 +40,9 @@ class FrameWindow : public ControlWindow {
 };
 
 // What is clicked with the mouse, the space bar or its access key.
-class ClickWindow : public ControlWindow {
+class ClickView : public ControlView {
  public:
-  using ControlWindow::ControlWindow;
+  using ControlView::ControlView;
   bool TakesLetters() const override { return false; }
   void PressAccessKey() override;
   void OnCommand(WORD code) override;
@@ -51,9 +52,9 @@ class ClickWindow : public ControlWindow {
   virtual void Click() = 0;
 };
 
-class ButtonWindow : public ClickWindow {
+class ButtonView : public ClickView {
  public:
-  using ClickWindow::ClickWindow;
+  using ClickView::ClickView;
   KeyUse PressEnter() override;
   void OnCommand(WORD code) override;
   // Whether it looks like the button that Enter presses.
@@ -68,10 +69,9 @@ class ButtonWindow : public ClickWindow {
   Button& Own() const { return static_cast<Button&>(control()); }
 };
 
-class OptionWindow : public ClickWindow {
+class OptionView : public ClickView {
  public:
-  using ClickWindow::ClickWindow;
-  void Mirror(Change change) override;
+  using ClickView::ClickView;
   OptionButton& Own() const { return static_cast<OptionButton&>(control()); }
 
  protected:
@@ -79,21 +79,40 @@ class OptionWindow : public ClickWindow {
     return {WC_BUTTONW, BS_RADIOBUTTON | BS_NOTIFY | WS_TABSTOP};
   }
   void Fill() override;
+  void Show(Change change) override;
   void Click() override { Own().Click(); }
 };
 
-class CheckWindow : public ClickWindow {
+class CheckView : public ClickView {
  public:
-  using ClickWindow::ClickWindow;
-  void Mirror(Change change) override;
+  using ClickView::ClickView;
 
  protected:
   Style WindowStyle() const override { return {WC_BUTTONW, BS_CHECKBOX | BS_NOTIFY | WS_TABSTOP}; }
   void Fill() override;
+  void Show(Change change) override;
   void Click() override { Own().Click(); }
 
  private:
   CheckBox& Own() const { return static_cast<CheckBox&>(control()); }
+};
+
+// Shows at most about eight values a second: what comes between is put off until Flush.
+class ProgressView : public ViewOf<ProgressBar> {
+ public:
+  using ViewOf::ViewOf;
+  bool TakesLetters() const override { return false; }
+  void Flush() override;
+
+ protected:
+  Style WindowStyle() const override { return {PROGRESS_CLASSW, PBS_SMOOTH}; }
+  void Fill() override;
+  void Show(Change change) override;
+
+ private:
+  int shown_ = 0;
+  bool stale_ = false;
+  std::chrono::steady_clock::time_point last_shown_{};
 };
 
 }  // namespace quarvel::platform::win32

@@ -1,19 +1,22 @@
-#include "platform/win32/control_window.h"
+#include "platform/win32/control_view.h"
 
 #include "platform/automation_error.h"
 #include "platform/win32/automation_name.h"
-#include "platform/win32/button_windows.h"
+#include "platform/win32/basic_views.h"
+#include "platform/win32/choice_views.h"
 #include "platform/win32/form_window.h"
-#include "platform/win32/grid_window.h"
-#include "platform/win32/input_windows.h"
+#include "platform/win32/grid_view.h"
+#include "platform/win32/text_view.h"
 #include "platform/win32/wide_text.h"
 
 namespace quarvel::platform::win32 {
 
-ControlWindow::ControlWindow(FormWindow& owner, Control& control, int id)
+ControlView::ControlView(FormWindow& owner, Control& control, int id)
     : owner_(owner), control_(control), id_(id) {}
 
-void ControlWindow::Open(HFONT font) {
+bool ControlView::alive() const { return owner_.alive(); }
+
+void ControlView::Open(HFONT font) {
   const Mirroring mirroring(*this);
   const Style style = WindowStyle();
   const DWORD state = (control_.visible() ? WS_VISIBLE : 0U) |
@@ -28,16 +31,14 @@ void ControlWindow::Open(HFONT font) {
   Fill();
 }
 
-void ControlWindow::Close() {
+void ControlView::Close() {
   if (handle_ != nullptr) TakeAutomationName(handle_);
   handle_ = nullptr;
 }
 
-void ControlWindow::Mirror(Change change) {
+void ControlView::Mirror(Change change) {
   const Mirroring mirroring(*this);
   switch (change) {
-    case Change::kCaption:
-      return ShowCaption();
     case Change::kEnabled:
       EnableWindow(handle_, control_.enabled() ? TRUE : FALSE);
       return;
@@ -45,38 +46,42 @@ void ControlWindow::Mirror(Change change) {
       ShowWindow(handle_, control_.visible() ? SW_SHOWNA : SW_HIDE);
       return;
     default:
-      return;
+      return Show(change);
   }
 }
 
-void ControlWindow::SetFont(HFONT font) { Send(WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE); }
+void ControlView::Show(Change change) {
+  if (change == Change::kCaption) ShowCaption();
+}
 
-ControlWindow::KeyUse ControlWindow::Press(KeyPress) { return KeyUse::kNone; }
+void ControlView::SetFont(HFONT font) { Send(WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE); }
 
-void ControlWindow::ShowCaption() { SetWindowTextTo(handle_, MarkedCaption(control_, '&')); }
+ControlView::KeyUse ControlView::Press(KeyPress) { return KeyUse::kNone; }
 
-std::unique_ptr<ControlWindow> MakeControlWindow(FormWindow& owner, Control& control, int id) {
+void ControlView::ShowCaption() { SetWindowTextTo(handle_, MarkedCaption(control_, '&')); }
+
+std::unique_ptr<ControlView> MakeView(FormWindow& owner, Control& control, int id) {
   switch (control.kind()) {
     case ControlKind::kLabel:
-      return std::make_unique<LabelWindow>(owner, control, id);
+      return std::make_unique<LabelView>(owner, control, id);
     case ControlKind::kFrame:
-      return std::make_unique<FrameWindow>(owner, control, id);
+      return std::make_unique<FrameView>(owner, control, id);
     case ControlKind::kButton:
-      return std::make_unique<ButtonWindow>(owner, control, id);
+      return std::make_unique<ButtonView>(owner, control, id);
     case ControlKind::kOptionButton:
-      return std::make_unique<OptionWindow>(owner, control, id);
+      return std::make_unique<OptionView>(owner, control, id);
     case ControlKind::kCheckBox:
-      return std::make_unique<CheckWindow>(owner, control, id);
+      return std::make_unique<CheckView>(owner, control, id);
     case ControlKind::kTextBox:
-      return std::make_unique<TextWindow>(owner, control, id);
+      return std::make_unique<TextView>(owner, control, id);
     case ControlKind::kComboBox:
-      return std::make_unique<ComboWindow>(owner, control, id);
+      return std::make_unique<ComboView>(owner, control, id);
     case ControlKind::kGrid:
-      return std::make_unique<GridWindow>(owner, control, id);
+      return std::make_unique<GridView>(owner, control, id);
     case ControlKind::kTabStrip:
-      return std::make_unique<TabWindow>(owner, control, id);
+      return std::make_unique<TabView>(owner, control, id);
     case ControlKind::kProgressBar:
-      return std::make_unique<ProgressWindow>(owner, control, id);
+      return std::make_unique<ProgressView>(owner, control, id);
     case ControlKind::kMenuItem:
       break;
   }

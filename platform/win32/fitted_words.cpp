@@ -1,4 +1,4 @@
-#include "platform/win32/fitted_text.h"
+#include "platform/win32/fitted_words.h"
 
 #include <algorithm>
 

@@ -9,21 +9,19 @@
 #include "platform/grid.h"
 #include "platform/win32/cell_tips.h"
 #include "platform/win32/column_borders.h"
-#include "platform/win32/control_window.h"
+#include "platform/win32/control_view.h"
 
 namespace quarvel::platform::win32 {
 
-class GridWindow : public ControlWindow {
+class GridView : public ViewOf<Grid> {
  public:
-  using ControlWindow::ControlWindow;
-  void Mirror(Change change) override;
+  using ViewOf::ViewOf;
   void SetFont(HFONT font) override;
   KeyUse Press(KeyPress press) override;
   KeyUse PressEnter() override;
   LRESULT OnNotify(NMHDR& header) override;
   void Synchronize() override;
 
-  Grid& Own() const { return static_cast<Grid&>(control()); }
   // The row of the grid at a point of the screen, or the current row and where it stands when the
   // keyboard asks; -1 beside the rows.
   int RowAt(POINT screen) const;
@@ -32,6 +30,7 @@ class GridWindow : public ControlWindow {
  protected:
   Style WindowStyle() const override;
   void Fill() override;
+  void Show(Change change) override;
 
  private:
   static LRESULT CALLBACK Receive(HWND window, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
@@ -42,7 +41,7 @@ class GridWindow : public ControlWindow {
   void ShowColumns();
   void ShowWidths();
   void ShowHeader();
-  void ShowRows();
+  void ShowContents();
   void ShowSelection();
   void Freeze(bool frozen);
   void Unselect();

@@ -10,11 +10,11 @@
 
 namespace quarvel::platform::win32 {
 
-class FormMenu {
+class FormMenus {
  public:
-  explicit FormMenu(const Form& form) : form_(&form) {}
-  FormMenu(const FormMenu&) = delete;
-  FormMenu& operator=(const FormMenu&) = delete;
+  explicit FormMenus(const Form& form) : form_(&form) {}
+  FormMenus(const FormMenus&) = delete;
+  FormMenus& operator=(const FormMenus&) = delete;
 
   bool IsEmpty() const { return MenuBar(*form_).empty(); }
   // Puts the bar in its present state on the window, which destroys it with itself.
@@ -25,7 +25,7 @@ class FormMenu {
   void Fill(HMENU menu);
   // Lets the user choose from the item's menu at a place of the screen; gives the command of the
   // choice, 0 for none. The form may be gone when this returns.
-  int Track(MenuItem& item, HWND window, POINT place);
+  int PopUp(const MenuItem& item, HWND window, POINT place);
 
   // The command number of an item: that of its control.
   static int CommandOf(const Form& form, const MenuItem& item);
