@@ -51,7 +51,9 @@ class QtDesktop : public Desktop {
   QtDesktop(const QtDesktop&) = delete;
   QtDesktop& operator=(const QtDesktop&) = delete;
 
-  MsgBoxResult MsgBox(const Box& box) override { return qt::AskBox(pump_, state_.OwnerWindow(), box); }
+  MsgBoxResult MsgBox(const Box& box) override {
+    return qt::AskBox(pump_, state_.OwnerWindow(), box);
+  }
 
   std::string InputBox(std::string_view prompt, std::string_view title,
                        std::string_view default_text) override {

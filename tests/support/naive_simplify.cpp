@@ -5,6 +5,7 @@
 
 #include "model/stored_model.h"
 #include "platform/automation_error.h"
+#include "platform/box.h"
 #include "text/picture.h"
 
 namespace quarvel::testing {
