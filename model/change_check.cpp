@@ -36,7 +36,7 @@ bool HasAPairTwice(const ModelData& data) {
 }  // namespace
 
 void ChangeCheck::After(const StoredModel& model, const DeferredWork& deferred) {
-  if (deferred.row_lists()) return;  // a read's next look at them is soon enough
+  if (model.row_lists_behind) return;  // a read's next look at them is soon enough
   credit_ += kLookedAtEachTime;
   if (credit_ < SizeOf(model.data)) return;
   credit_ = 0;

@@ -12,13 +12,12 @@ namespace quarvel {
 DeferredWork::DeferredWork(StoredModel& model, const DeferredWork& other)
     : model_(model),
       empty_(other.empty_),
-      row_lists_(other.row_lists_),
       removals_(other.removals_),
       changes_(other.changes_),
       agreement_(other.agreement_) {}
 
 void DeferredWork::DeferRowLists() {
-  row_lists_ = true;
+  model_.row_lists_behind = true;
   empty_ = false;
 }
 
@@ -26,7 +25,7 @@ void DeferredWork::DeferRowLists() {
 // as long as no column was taken up again; a read settles the row lists then and keeps them up to
 // date itself.
 void DeferredWork::Settle() {
-  if (std::exchange(row_lists_, false)) {
+  if (std::exchange(model_.row_lists_behind, false)) {
     FillRowLists(model_);
     agreement_.NoteFilled(++changes_);
   }
@@ -48,7 +47,7 @@ void DeferredWork::CloseAllGaps() {
 
 // The row indexes outlive the rows, so they still hear of the gaps.
 void DeferredWork::NoteEmptied() {
-  row_lists_ = false;
+  model_.row_lists_behind = false;
   CloseAllGaps();
   empty_ = true;
   agreement_.NoteFilled(++changes_);
@@ -63,7 +62,7 @@ void DeferredWork::NoteAdding(std::int32_t r, std::int32_t c) {
 }
 
 std::int32_t DeferredWork::Position(Kind kind, std::int32_t number) {
-  if (row_lists_ || removals_.HasOther(kind)) Settle();
+  if (model_.row_lists_behind || removals_.HasOther(kind)) Settle();
   return removals_.Position(kind, number);
 }
 

@@ -34,7 +34,6 @@ class DeferredWork {
 
   // A read begins or goes on: until the next look only column lists are kept.
   void DeferRowLists();
-  bool row_lists() const { return row_lists_; }
 
   // Whether removals are deferred; names and numbers are current without.
   bool removals() const { return !removals_.empty(); }
@@ -68,8 +67,7 @@ class DeferredWork {
   std::vector<std::int32_t> NoteColumn(std::int32_t position);
 
   StoredModel& model_;
-  bool empty_ = true;  // nothing of the two is deferred
-  bool row_lists_ = false;
+  bool empty_ = true;  // neither removals nor row lists are deferred
   DeferredRemovals removals_;
   ListAgreement::Changes changes_ = 0;
   ListAgreement agreement_;

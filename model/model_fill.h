@@ -1,6 +1,6 @@
 // How a reader fills a store: by appending rows, columns and coefficients in the order of a file,
-// with row lists left for later and nothing allocated for a coefficient. Given out by
-// the store and valid as long as that; 1-based numbers.
+// with row lists deferred and nothing allocated for a coefficient. A handle that the store gives out,
+// valid as long as that; 1-based numbers.
 //
 // While events run, anybody may look at the store and change it, and the fill goes on with what is
 // there then. It only must be told (AfterCallback), as it does not look whether numbers are current.
@@ -23,7 +23,7 @@ struct RowLimits {
 
 class ModelFill {
  public:
-  // Both outlive the fill. For the store.
+  // For the store.
   ModelFill(StoredModel& model, DeferredWork& deferred) : model_(model), deferred_(deferred) {}
 
   // Drops all records and row indexes; the settings stay.
@@ -36,10 +36,10 @@ class ModelFill {
   const NameIndex& row_names() const { return model_.row_names; }
   const NameIndex& column_names() const { return model_.column_names; }
   // 0 when there is none of that name.
-  std::int32_t FindRow(const NameKey& key, std::string_view name) {
+  std::int32_t FindRow(const NameKey& key, std::string_view name) const {
     return quarvel::FindRow(model_, key, name);
   }
-  std::int32_t FindColumn(const NameKey& key, std::string_view name) {
+  std::int32_t FindColumn(const NameKey& key, std::string_view name) const {
     return quarvel::FindColumn(model_, key, name);
   }
 
@@ -63,14 +63,15 @@ class ModelFill {
   // Both numbers must be of records. What stands there already is not looked for.
   void AppendElement(std::int32_t r, std::int32_t c, double value) {
     model_.column_arena.Append(model_.data.Columns[c].Elements.store(), {r, value});
-    if (!deferred_.row_lists()) model_.data.Rows[r].Elements.Append({c, value});
     ++model_.data.NumberOfElements;
+    if (model_.row_lists_behind) return;  // making them counts as the change
+    model_.data.Rows[r].Elements.Append({c, value});
     deferred_.NoteChange();
   }
   // An earlier column gets more coefficients. Row lists keep the order in which coefficients come,
   // which walking the columns no longer gives: from here on they are kept up to date one by one.
   void TakeUpAgain() {
-    if (deferred_.row_lists()) deferred_.Settle();
+    if (model_.row_lists_behind) deferred_.Settle();
   }
   // A host may have removed something: the numbers of what is left become current.
   void AfterCallback() {

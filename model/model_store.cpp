@@ -50,6 +50,14 @@ void UpdateRowIndexes(ModelData& data, RowType old_type, RowType type) {
 
 }  // namespace
 
+const RowRecord& ModelStore::RowBehindGaps(std::int32_t r) const {
+  return model_.data.Rows[deferred_.RowPosition(r)];
+}
+
+const ColumnRecord& ModelStore::ColumnBehindGaps(std::int32_t c) const {
+  return model_.data.Columns[deferred_.ColumnPosition(c)];
+}
+
 std::int32_t ModelStore::FindRow(const NameKey& key, std::string_view name) const {
   if (deferred_.removals()) deferred_.Settle();
   return quarvel::FindRow(deferred_.model(), key, name);

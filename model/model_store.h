@@ -42,9 +42,15 @@ class ModelStore {
   std::int32_t NumberOfElements() const { return model_.data.NumberOfElements; }
   // One record with its list. Records of the same kind may be removed in between without a pass
   // over the model at every turn.
-  const RowRecord& Row(std::int32_t r) const { return model_.data.Rows[RowPosition(r)]; }
+  const RowRecord& Row(std::int32_t r) const {
+    if (!deferred_.empty()) [[unlikely]]
+      return RowBehindGaps(r);
+    return model_.data.Rows[r];
+  }
   const ColumnRecord& Column(std::int32_t c) const {
-    return model_.data.Columns[ColumnPosition(c)];
+    if (!deferred_.empty()) [[unlikely]]
+      return ColumnBehindGaps(c);
+    return model_.data.Columns[c];
   }
   // The first of that name, 0 when there is none. Exact comparison.
   std::int32_t FindRow(std::string_view name) const { return FindRow(NameKey::Of(name), name); }
@@ -60,8 +66,8 @@ class ModelStore {
   // --- what nothing else depends on: for setting too ---
   ModelSettings& settings() { return model_.data; }
   const ModelSettings& settings() const { return model_.data; }
-  Bounds& RowBounds(std::int32_t r) { return model_.data.Rows[RowPosition(r)]; }
-  Bounds& ColumnBounds(std::int32_t c) { return model_.data.Columns[ColumnPosition(c)]; }
+  Bounds& RowBounds(std::int32_t r) { return model_.data.Rows[deferred_.RowPosition(r)]; }
+  Bounds& ColumnBounds(std::int32_t c) { return model_.data.Columns[deferred_.ColumnPosition(c)]; }
   // The bounds of the column that an entry of a row's list names, with removals of rows left
   // deferred: they move no column.
   Bounds& ColumnBoundsAt(const ElementEntry& entry) { return model_.data.Columns[entry.Index]; }
@@ -102,21 +108,13 @@ class ModelStore {
   // One record of each kind that is stored but not counted, in an empty store.
   void PlaceHidden(RowRecord row, ColumnRecord column);
   // What a reader fills the store through.
-  ModelFill& fill() { return fill_; }
+  ModelFill fill() { return {model_, deferred_}; }
   // Takes over any fields, settings too. Lists and counts may disagree in any way.
   void Take(ModelData data);
 
  private:
-  std::int32_t RowPosition(std::int32_t r) const {
-    if (!deferred_.empty()) [[unlikely]]
-      return deferred_.RowPosition(r);
-    return r;
-  }
-  std::int32_t ColumnPosition(std::int32_t c) const {
-    if (!deferred_.empty()) [[unlikely]]
-      return deferred_.ColumnPosition(c);
-    return c;
-  }
+  const RowRecord& RowBehindGaps(std::int32_t r) const;
+  const ColumnRecord& ColumnBehindGaps(std::int32_t c) const;
   // The fields with nothing deferred, for changing them.
   ModelData& Settled() {
     if (!deferred_.empty()) deferred_.Settle();
@@ -127,7 +125,6 @@ class ModelStore {
 
   StoredModel model_;
   mutable DeferredWork deferred_{model_};  // mutable: whoever looks first has it done
-  ModelFill fill_{model_, deferred_};
   [[no_unique_address]] ChangeCheck change_check_;
 };
 

@@ -1,9 +1,9 @@
 // Finds rows or columns by name as a scan for the first match would, in constant time.
 //
-// Open addressing, 16 bytes a slot, four slots to a cache line. A name stands in the line it
-// belongs to, or, when that is full, in the next line that is not; the slots of a line are taken
-// from the first on. So nearly every lookup touches one line, and all it compares there is compared
-// without asking which slot it is: where in a line a name stands cannot be guessed. A name of up to
+// Open addressing, 16 bytes a slot, four slots to a cache line. A name stands in the bucket it
+// belongs to, or, when that is full, in the next bucket that is not; the slots of a bucket are taken
+// from the first on. So nearly every lookup touches one bucket, and all it compares there is compared
+// without asking which slot it is: where in a bucket a name stands cannot be guessed. A name of up to
 // 12 bytes stands in its slot, so that a lookup never touches the record; a longer one is
 // represented by its hash and compared with the record's name. The index does not own names:
 // `name_of(number)` gives them.
@@ -37,14 +37,14 @@ class NameIndex {
 
   // Has the processor fetch what a look-up of that key will touch first.
   void Prefetch(const NameKey& key) const {
-    if (!lines_.empty()) text::Prefetch(&lines_[Home(key)]);
+    if (!buckets_.empty()) text::Prefetch(&buckets_[Home(key)]);
   }
   // A number of that key, 0 when there is none. Long names may share a key.
   std::int32_t Candidate(const NameKey& key) const {
-    if (lines_.empty()) return 0;
+    if (buckets_.empty()) return 0;
     for (std::size_t i = Home(key);; i = (i + 1) & mask_) {
-      const std::int32_t number = lines_[i].NumberOf(key);
-      if (number != 0 || !lines_[i].IsFull()) return number;
+      const std::int32_t number = buckets_[i].NumberOf(key);
+      if (number != 0 || !buckets_[i].IsFull()) return number;
     }
   }
 
@@ -97,7 +97,7 @@ class NameIndex {
     std::uint32_t high = 0;
     std::int32_t number = 0;  // 0: free
   };
-  struct alignas(64) Line {
+  struct alignas(64) Bucket {
     static constexpr std::size_t kSlots = 4;
 
     bool IsFull() const { return entries.back().number != 0; }
@@ -118,7 +118,7 @@ class NameIndex {
   };
 
   struct Place {
-    std::size_t line;
+    std::size_t bucket;
     std::size_t slot;
   };
 
@@ -127,9 +127,9 @@ class NameIndex {
 
   template <class NameOf>
   std::int32_t FindLong(const NameKey& key, std::string_view name, const NameOf& name_of) const {
-    if (lines_.empty()) return 0;
+    if (buckets_.empty()) return 0;
     for (std::size_t i = Home(key);; i = (i + 1) & mask_) {
-      for (const Slot& slot : lines_[i].entries) {
+      for (const Slot& slot : buckets_[i].entries) {
         if (slot.number == 0) return 0;
         if (!key.Equals(slot.low, slot.high)) continue;
         if (std::string_view(name_of(slot.number)) == name) return slot.number;
@@ -138,12 +138,12 @@ class NameIndex {
   }
 
   void Grow(std::size_t count);
-  // The first from that line on.
-  Slot& FreeSlot(std::size_t line);
-  void CloseGap(std::size_t line, std::size_t place);
-  Place FindSentOn(std::size_t line) const;
+  // The first from that bucket on.
+  Slot& FreeSlot(std::size_t bucket);
+  void CloseGap(std::size_t bucket, std::size_t place);
+  Place FindSentOn(std::size_t bucket) const;
 
-  std::vector<Line, platform::TableAllocator<Line>> lines_;
+  std::vector<Bucket, platform::TableAllocator<Bucket>> buckets_;
   std::size_t mask_ = 0;
   std::size_t size_ = 0;
   std::size_t most_ = 0;  // entries that there is room for

@@ -20,6 +20,8 @@ struct StoredModel {
   // Where the lists of the last read stand.
   ElementArena row_arena;
   ElementArena column_arena;
+  // A read is filling the column lists, and the row lists are still to be made of them.
+  bool row_lists_behind = false;
 };
 
 // The indexes of names after making them anew.

@@ -95,7 +95,7 @@ class LineSource {
   bool NextBatch(Section section);
   bool NextAlone();
 
-  const ModelFill& fill_;
+  ModelFill fill_;
   std::unique_ptr<LineReader> reader_;
   std::uint64_t file_size_ = 0;
   std::uint64_t characters_read_ = 0;

@@ -20,8 +20,8 @@ namespace quarvel {
 
 class ModelSink {
  public:
-  // Both must outlive the sink. `source` tells how far the file has been read.
-  ModelSink(ModelFill& fill, const LineSource& source) : fill_(fill), source_(source) {}
+  // The store of `fill` and `source` must outlive the sink. `source` tells how far the file has been read.
+  ModelSink(const ModelFill& fill, const LineSource& source) : fill_(fill), source_(source) {}
 
   // Drops exactly this much of the old model: its location and settings stay.
   void DropRecords();
@@ -65,7 +65,7 @@ class ModelSink {
   std::int32_t FindColumnToTakeUp(const SourceLine& line);
   std::int32_t ExpectedCount(std::int32_t count, std::size_t bytes_each) const;
 
-  ModelFill& fill_;
+  ModelFill fill_;
   const LineSource& source_;
   std::uint64_t section_start_ = 0;    // bytes read when the section began
   std::int32_t last_column_ = 0;       // the column of the last data line of COLUMNS

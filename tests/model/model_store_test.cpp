@@ -127,7 +127,7 @@ TEST(ModelStore, TakesFieldsThatDisagreeAndFindsThatOut) {
 // What a read does: row lists come out of the column lists, whenever somebody looks.
 TEST(ModelStore, FillsRowListsWhenSomebodyLooks) {
   ModelStore store;
-  ModelFill& fill = store.fill();
+  ModelFill fill = store.fill();
   fill.Begin();
   for (const std::string name : {"A", "B"}) {
     fill.AppendRow(NameKey::Of(name), name, RowType::kLess, {0, 1});
