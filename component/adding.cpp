@@ -2,6 +2,7 @@
 #include <string_view>
 
 #include "component/lp_model.h"
+#include "component/results.h"
 #include "model/long_name.h"
 #include "model/name_key.h"
 #include "platform/box.h"
@@ -56,11 +57,11 @@ std::int16_t LPModel::AddRow(std::string_view RowName) {
   const bool in_use = store_.FindRow(key, RowName) != 0;
   if (const auto refusal = RefusalOf(RowName, kRowRefusals, in_use); !refusal.empty()) {
     Refuse(refusal);
-    return 0;
+    return Number(EditResult::kRefused);
   }
   store_.AddRow(key, RowName);
   WarnOnceOfLongName(RowName);
-  return -1;
+  return Number(EditResult::kDone);
 }
 
 std::int16_t LPModel::AddColumn(std::string_view ColName) {
@@ -68,13 +69,13 @@ std::int16_t LPModel::AddColumn(std::string_view ColName) {
   const bool in_use = store_.FindColumn(key, ColName) != 0;
   if (const auto refusal = RefusalOf(ColName, kColumnRefusals, in_use); !refusal.empty()) {
     Refuse(refusal);
-    return 0;
+    return Number(EditResult::kRefused);
   }
   const std::int32_t c = store_.AddColumn(key, ColName);
   store_.ColumnBounds(c).UpperBound = BoundLimit;
   store_.SetColumnType(c, ColumnType::kContinuous);
   WarnOnceOfLongName(ColName);
-  return -1;
+  return Number(EditResult::kDone);
 }
 
 }  // namespace quarvel

@@ -1,4 +1,5 @@
 #include "component/lp_model.h"
+#include "component/results.h"
 
 namespace quarvel {
 
@@ -10,7 +11,7 @@ std::int16_t LPModel::DeleteRow(std::int32_t row) {
   } else if (InRange(row, NumberOfRows())) {
     store_.RemoveRow(Stored(row));
   }
-  return -1;
+  return Number(EditResult::kDone);
 }
 
 std::int16_t LPModel::DeleteColumn(std::int32_t col) {
@@ -21,17 +22,17 @@ std::int16_t LPModel::DeleteColumn(std::int32_t col) {
   } else if (InRange(col, NumberOfColumns())) {
     store_.RemoveColumn(Stored(col), [this](const RowRecord& row) { log_.AppendEmptyRow(row); });
   }
-  return -1;
+  return Number(EditResult::kDone);
 }
 
 std::int16_t LPModel::DeleteElement(std::int32_t row, std::int32_t ele) {
   const ModelData& data = store_.data();
-  if (!InRange(row, data.NumberOfRows)) return 0;
+  if (!InRange(row, data.NumberOfRows)) return Number(EditResult::kRefused);
   // No result says that the element number is bad: a host hears of it as a failure. A row may not
   // lose its last element and stay, so that the whole row goes then.
   if (!InRange(ele, data.Rows[Stored(row)].ElementCount())) RaiseSubscriptOutOfRange();
   store_.RemoveElement(Stored(row), Stored(ele));
-  return -1;
+  return Number(EditResult::kDone);
 }
 
 }  // namespace quarvel

@@ -2,17 +2,13 @@
 
 #include "component/lp_model.h"
 #include "component/model_windows.h"
+#include "component/results.h"
 #include "mps/read_driver.h"
 #include "mps/save_driver.h"
 #include "simplify/simplifier.h"
 
 namespace quarvel {
 namespace {
-
-template <class Result>
-std::int16_t Number(Result result) {
-  return static_cast<std::int16_t>(result);
-}
 
 // The model of a read, whose open viewer pauses until the model is complete.
 class ModelOfRead : public ReadHost {

@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "component/lp_model.h"
+#include "component/results.h"
 #include "text/numbers.h"
 
 namespace quarvel {
@@ -76,7 +77,7 @@ std::string LPModel::RowEquation(std::int32_t i) const {
 
 std::int16_t LPModel::RowGradient(std::int32_t RowNum, std::span<double> Gradient,
                                   std::int32_t lower_bound) const {
-  std::int16_t result = -1;
+  GradientResult result = GradientResult::kDone;
   for (std::int32_t c = 1; c <= NumberOfColumns(); ++c) Slot(Gradient, lower_bound, c) = 0;
   const std::int32_t count = StoredRow(store_.data(), RowNum).ElementCount();
   try {
@@ -85,14 +86,14 @@ std::int16_t LPModel::RowGradient(std::int32_t RowNum, std::span<double> Gradien
       const ElementEntry entry = StoredRow(store_.data(), RowNum).Elements[k];
       if (entry.Index > NumberOfColumns()) {
         Refuse("Error in Quarvel.dll model");
-        result = 1;
+        result = GradientResult::kBeyondColumns;
       }
       Slot(Gradient, lower_bound, entry.Index) = entry.Value;
     }
   } catch (const AutomationError&) {
-    return 0;
+    return Number(GradientResult::kFailed);
   }
-  return result;
+  return Number(result);
 }
 
 std::int16_t LPModel::RowBodyValue(std::int32_t RowNum, std::span<const double> Point,
@@ -103,7 +104,7 @@ std::int16_t LPModel::RowBodyValue(std::int32_t RowNum, std::span<const double> 
     if (entry.Index > data.NumberOfColumns) RaiseTooFewElementsInPoint();
     Answer += entry.Value * Slot(Point, lower_bound, entry.Index);
   }
-  return -1;
+  return Number(EditResult::kDone);
 }
 
 }  // namespace quarvel
