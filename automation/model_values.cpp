@@ -7,28 +7,28 @@ namespace quarvel::automation {
 namespace {
 
 // The value converted by the system; Null when it cannot be.
-Variant Converted(VARIANT& value, VARTYPE type) {
+model::Variant Converted(VARIANT& value, VARTYPE type) {
   VariantHolder result;
   if (FAILED(VariantChangeTypeEx(result.Receive(), &value, kConversionLocale, 0, type))) {
-    return Variant::Null{};
+    return model::Variant::Null{};
   }
   if (type == VT_BSTR) return Utf8FromBstr(V_BSTR(&result.value()));
   return V_R8(&result.value());
 }
 
 // An object stands for the value of its default property.
-Variant FromObject(VARIANT& value, Wanted wanted) {
+model::Variant FromObject(VARIANT& value, Wanted wanted) {
   VariantHolder property;
-  if (V_DISPATCH(&value) == nullptr) return Variant::Null{};
+  if (V_DISPATCH(&value) == nullptr) return model::Variant::Null{};
   DISPPARAMS none = {};
   const HRESULT read = V_DISPATCH(&value)->Invoke(DISPID_VALUE, IID_NULL, kConversionLocale,
                                                   DISPATCH_PROPERTYGET | DISPATCH_METHOD, &none,
                                                   property.Receive(), nullptr, nullptr);
-  if (FAILED(read) || V_VT(&property.value()) == VT_DISPATCH) return Variant::Null{};
+  if (FAILED(read) || V_VT(&property.value()) == VT_DISPATCH) return model::Variant::Null{};
   return ToModelValue(&property.value(), wanted);
 }
 
-Variant FromPlainValue(VARIANT& value, Wanted wanted) {
+model::Variant FromPlainValue(VARIANT& value, Wanted wanted) {
   switch (V_VT(&value)) {
     case VT_EMPTY:
       return {};
@@ -68,9 +68,9 @@ VariantHolder CopyValue(VARIANT* variant) {
   return copy;
 }
 
-Variant ToModelValue(VARIANT* variant, Wanted wanted) {
+model::Variant ToModelValue(VARIANT* variant, Wanted wanted) {
   VARIANT* const inner = Dereference(variant);
-  if (inner == nullptr) return Variant::Null{};
+  if (inner == nullptr) return model::Variant::Null{};
   if (!V_ISBYREF(inner)) return FromPlainValue(*inner, wanted);
   VariantHolder copy = CopyValue(inner);
   return FromPlainValue(copy.value(), wanted);

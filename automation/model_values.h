@@ -23,6 +23,6 @@ VariantHolder CopyValue(VARIANT* variant);
 // What a host wants a model's number, or a model's text, to become. What has no such form (an
 // array, an object without a value) is Null, which the model refuses with 13 where it converts.
 enum class Wanted { kNumber, kText };
-Variant ToModelValue(VARIANT* variant, Wanted wanted);
+model::Variant ToModelValue(VARIANT* variant, Wanted wanted);
 
 }  // namespace quarvel::automation

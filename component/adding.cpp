@@ -39,21 +39,21 @@ std::string_view RefusalOf(std::string_view name, const NameRefusals& refusals, 
 }  // namespace
 
 void LPModel::WarnOnceOfLongName(std::string_view name) {
-  if (store_.settings().LongNameWarningShown || !IsLongName(name)) return;
-  desktop_.MsgBox(platform::Note(kLongNameWarning));
+  if (store_.settings().LongNameWarningShown || !model::IsLongName(name)) return;
+  desktop_.MsgBox(platform::Note(model::kLongNameWarning));
   store_.settings().LongNameWarningShown = true;
 }
 
 void LPModel::AddElement(std::int32_t row, std::int32_t col, double val) {
-  if (!InRange(row, NumberOfRows()) || !InRange(col, NumberOfColumns())) {
+  if (!model::InRange(row, NumberOfRows()) || !model::InRange(col, NumberOfColumns())) {
     Refuse("Invalid row or column given when attempting to AddElement()");
     return;
   }
-  store_.AddElement(Stored(row), Stored(col), val);
+  store_.AddElement(model::Stored(row), model::Stored(col), val);
 }
 
 std::int16_t LPModel::AddRow(std::string_view RowName) {
-  const NameKey key = NameKey::Of(RowName);
+  const model::NameKey key = model::NameKey::Of(RowName);
   const bool in_use = store_.FindRow(key, RowName) != 0;
   if (const auto refusal = RefusalOf(RowName, kRowRefusals, in_use); !refusal.empty()) {
     Refuse(refusal);
@@ -65,15 +65,15 @@ std::int16_t LPModel::AddRow(std::string_view RowName) {
 }
 
 std::int16_t LPModel::AddColumn(std::string_view ColName) {
-  const NameKey key = NameKey::Of(ColName);
+  const model::NameKey key = model::NameKey::Of(ColName);
   const bool in_use = store_.FindColumn(key, ColName) != 0;
   if (const auto refusal = RefusalOf(ColName, kColumnRefusals, in_use); !refusal.empty()) {
     Refuse(refusal);
     return Number(EditResult::kRefused);
   }
   const std::int32_t c = store_.AddColumn(key, ColName);
-  store_.ColumnBounds(c).UpperBound = BoundLimit;
-  store_.SetColumnType(c, ColumnType::kContinuous);
+  store_.ColumnBounds(c).UpperBound = model::BoundLimit;
+  store_.SetColumnType(c, model::ColumnType::kContinuous);
   WarnOnceOfLongName(ColName);
   return Number(EditResult::kDone);
 }

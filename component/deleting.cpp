@@ -8,8 +8,8 @@ std::int16_t LPModel::DeleteRow(std::int32_t row) {
     Refuse(
         "Cannot remove the only row.\r\n"
         "Rename it instead of removing it and creating a new one.");
-  } else if (InRange(row, NumberOfRows())) {
-    store_.RemoveRow(Stored(row));
+  } else if (model::InRange(row, NumberOfRows())) {
+    store_.RemoveRow(model::Stored(row));
   }
   return Number(EditResult::kDone);
 }
@@ -19,19 +19,21 @@ std::int16_t LPModel::DeleteColumn(std::int32_t col) {
     Refuse(
         "Cannot remove the only column.\r\n"
         "Rename it instead of removing it and creating a new one.");
-  } else if (InRange(col, NumberOfColumns())) {
-    store_.RemoveColumn(Stored(col), [this](const RowRecord& row) { log_.AppendEmptyRow(row); });
+  } else if (model::InRange(col, NumberOfColumns())) {
+    store_.RemoveColumn(model::Stored(col),
+                        [this](const model::RowRecord& row) { log_.AppendEmptyRow(row); });
   }
   return Number(EditResult::kDone);
 }
 
 std::int16_t LPModel::DeleteElement(std::int32_t row, std::int32_t ele) {
-  const ModelData& data = store_.data();
-  if (!InRange(row, data.NumberOfRows)) return Number(EditResult::kRefused);
+  const model::ModelData& data = store_.data();
+  if (!model::InRange(row, data.NumberOfRows)) return Number(EditResult::kRefused);
   // No result says that the element number is bad: a host hears of it as a failure. A row may not
   // lose its last element and stay, so that the whole row goes then.
-  if (!InRange(ele, data.Rows[Stored(row)].ElementCount())) RaiseSubscriptOutOfRange();
-  store_.RemoveElement(Stored(row), Stored(ele));
+  if (!model::InRange(ele, data.Rows[model::Stored(row)].ElementCount()))
+    model::RaiseSubscriptOutOfRange();
+  store_.RemoveElement(model::Stored(row), model::Stored(ele));
   return Number(EditResult::kDone);
 }
 

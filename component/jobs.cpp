@@ -11,9 +11,9 @@ namespace quarvel {
 namespace {
 
 // The model of a read, whose open viewer pauses until the model is complete.
-class ModelOfRead : public ReadHost {
+class ModelOfRead : public mps::ReadHost {
  public:
-  ModelOfRead(LPModel& model, SimplificationLog& log, ViewLink& view)
+  ModelOfRead(LPModel& model, simplify::SimplificationLog& log, model::ViewLink& view)
       : model_(model), log_(log), view_(view), pause_(view) {}
 
   void DropModel() override {
@@ -24,43 +24,43 @@ class ModelOfRead : public ReadHost {
   // A host may have set the flag without a window.
   void ShowModel() override {
     pause_.End();
-    ModelView* const view = view_.open();
+    model::ModelView* const view = view_.open();
     if (model_.frmViewEquationsIsShowing() && view != nullptr) view->RefreshForm();
   }
 
  private:
   LPModel& model_;
-  SimplificationLog& log_;
-  ViewLink& view_;
-  ViewPause pause_;
+  simplify::SimplificationLog& log_;
+  model::ViewLink& view_;
+  model::ViewPause pause_;
 };
 
 }  // namespace
 
 std::int16_t LPModel::ReadMPSFile() {
-  const ReadWindows windows = {windows_->file_open(), windows_->default_bounds(),
-                               windows_->progress()};
-  return Number(ChooseAndRead(store_, windows, [this] { StartFileReding(); }));
+  const mps::ReadWindows windows = {windows_->file_open(), windows_->default_bounds(),
+                                    windows_->progress()};
+  return Number(mps::ChooseAndRead(store_, windows, [this] { StartFileReding(); }));
 }
 
 std::int16_t LPModel::StartFileReding() {
   ModelOfRead owner(*this, log_, view_);
-  return Number(ReadInto(store_, desktop_, owner, windows_->progress()));
+  return Number(mps::ReadInto(store_, desktop_, owner, windows_->progress()));
 }
 
 std::int16_t LPModel::SaveMPSFile(const std::string& FileLoc) {
   // A host that is called back from a box may change its own text.
   const std::string path = FileLoc;  // NOLINT(performance-unnecessary-copy-initialization)
-  return Number(SaveModel(store_, desktop_, path));
+  return Number(mps::SaveModel(store_, desktop_, path));
 }
 
 std::int16_t LPModel::SaveAsMPSFile() {
-  const std::string path = ChoosePathToSave(store_, windows_->file_open());
-  return path.empty() ? Number(SaveResult::kCancelled) : SaveMPSFile(path);
+  const std::string path = mps::ChoosePathToSave(store_, windows_->file_open());
+  return path.empty() ? Number(mps::SaveResult::kCancelled) : SaveMPSFile(path);
 }
 
 void LPModel::SimplifyMPSModel() {
-  Simplifier({store_, desktop_, view_, log_, windows_->progress()}).Run();
+  simplify::Simplifier({store_, desktop_, view_, log_, windows_->progress()}).Run();
 }
 
 }  // namespace quarvel

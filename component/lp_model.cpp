@@ -20,22 +20,22 @@ void LPModel::MakeNewModel() {
   // The hidden records that the add operations take over; with both counts at 0 no query sees them.
   // The row's type and bounds do not fit each other, and hosts have come to rely on what the first
   // added row starts with.
-  ColumnRecord column;
+  model::ColumnRecord column;
   column.Name = "COL1";
-  column.Type = ColumnType::kContinuous;
-  column.UpperBound = BoundLimit;
-  RowRecord row;
+  column.Type = model::ColumnType::kContinuous;
+  column.UpperBound = model::BoundLimit;
+  model::RowRecord row;
   row.Name = "ROW1";
-  row.Type = quarvel::RowType::kLess;
-  row.UpperBound = BoundLimit;
+  row.Type = model::RowType::kLess;
+  row.UpperBound = model::BoundLimit;
   store_.PlaceHidden(std::move(row), std::move(column));
 }
 
 void LPModel::DisplayAuthor() const {
   desktop_.MsgBox({.kind = platform::BoxKind::kAbout,
-                   .statement = AboutText(),
+                   .statement = model::AboutText(),
                    .question = {},
-                   .title = std::string(kAboutTitle)});
+                   .title = std::string(model::kAboutTitle)});
 }
 
 void LPModel::Refuse(std::string_view text) const { desktop_.MsgBox(platform::Refusal(text)); }

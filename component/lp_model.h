@@ -40,7 +40,7 @@ namespace viewer {
 class frmViewEquations;
 }
 
-class LPModel final : public ModelInterface {
+class LPModel final : public model::ModelInterface {
  public:
   // All fields zero and empty. `desktop` must outlive the object.
   explicit LPModel(platform::Desktop& desktop);
@@ -82,7 +82,7 @@ class LPModel final : public ModelInterface {
 
   // --- columns (queries.cpp) ---
   std::int32_t ColElementrow(std::int32_t j, std::int32_t k) const override {
-    return Public(ColumnElement(j, k).Index);
+    return model::Public(ColumnElement(j, k).Index);
   }
   double ColElementvalue(std::int32_t j, std::int32_t k) const override {
     return ColumnElement(j, k).Value;
@@ -95,7 +95,7 @@ class LPModel final : public ModelInterface {
 
   // --- rows (queries.cpp) ---
   std::int32_t RowElementCol(std::int32_t i, std::int32_t k) const override {
-    return Public(RowElement(i, k).Index);
+    return model::Public(RowElement(i, k).Index);
   }
   double RowElementValue(std::int32_t i, std::int32_t k) const override {
     return RowElement(i, k).Value;
@@ -131,19 +131,20 @@ class LPModel final : public ModelInterface {
   void DisplayAuthor() const override;
 
   // --- property writes (property_writes.cpp) ---
-  void SetColUpperBound(std::int32_t j, const Variant& value) override;
-  void SetColLowerBound(std::int32_t j, const Variant& value) override;
-  void SetColName(std::int32_t col, const Variant& value) override;
-  void SetColType(std::int32_t j, const Variant& value) override;
-  void SetModelDescription(const Variant& value) override;
-  void SetModelName(const Variant& value) override;
-  void SetRowName(std::int32_t row, const Variant& value) override;
+  void SetColUpperBound(std::int32_t j, const model::Variant& value) override;
+  void SetColLowerBound(std::int32_t j, const model::Variant& value) override;
+  void SetColName(std::int32_t col, const model::Variant& value) override;
+  void SetColType(std::int32_t j, const model::Variant& value) override;
+  void SetModelDescription(const model::Variant& value) override;
+  void SetModelName(const model::Variant& value) override;
+  void SetRowName(std::int32_t row, const model::Variant& value) override;
   // Sets both copies of the coefficient; 0 is stored like any other value.
-  void SetRowElementValue(std::int32_t row, std::int32_t rowele, const Variant& value) override;
+  void SetRowElementValue(std::int32_t row, std::int32_t rowele,
+                          const model::Variant& value) override;
   // Raises 9 for a number outside the stored rows, before any check.
-  void SetRowType(std::int32_t i, const Variant& value) override;
-  void SetRowLowerBound(std::int32_t i, const Variant& value) override;
-  void SetRowUpperBound(std::int32_t i, const Variant& value) override;
+  void SetRowType(std::int32_t i, const model::Variant& value) override;
+  void SetRowLowerBound(std::int32_t i, const model::Variant& value) override;
+  void SetRowUpperBound(std::int32_t i, const model::Variant& value) override;
   void SetDefaultToPlusMinusInfinity(bool val) {
     store_.settings().DefaultToPlusMinusInfinity = val;
   }
@@ -197,25 +198,26 @@ class LPModel final : public ModelInterface {
 
   // --- for who stands beside the public operations ---
   // What is stored: for finding by name, and for tests.
-  ModelStore& store() { return store_; }
-  const ModelStore& store() const { return store_; }
+  model::ModelStore& store() { return store_; }
+  const model::ModelStore& store() const { return store_; }
   platform::Desktop& desktop() const { return desktop_; }
 
  private:
   // What stands at 0-based numbers, which are checked.
-  const RowRecord& Row(std::int32_t i) const {
-    return store_.Row(CheckRow(i, store_.NumberOfRows()));
+  const model::RowRecord& Row(std::int32_t i) const {
+    return store_.Row(model::CheckRow(i, store_.NumberOfRows()));
   }
-  const ColumnRecord& Column(std::int32_t j) const {
-    return store_.Column(CheckColumn(j, store_.NumberOfColumns()));
+  const model::ColumnRecord& Column(std::int32_t j) const {
+    return store_.Column(model::CheckColumn(j, store_.NumberOfColumns()));
   }
-  const ElementEntry& RowElement(std::int32_t i, std::int32_t k) const {
-    const RowRecord& row = Row(i);
-    return row.Elements.begin()[Public(CheckRowElement(k, row.ElementCount()))];
+  const model::ElementEntry& RowElement(std::int32_t i, std::int32_t k) const {
+    const model::RowRecord& row = Row(i);
+    return row.Elements.begin()[model::Public(model::CheckRowElement(k, row.ElementCount()))];
   }
-  const ElementEntry& ColumnElement(std::int32_t j, std::int32_t k) const {
-    const ColumnRecord& column = Column(j);
-    return column.Elements.begin()[Public(CheckColumnElement(k, column.ElementCount()))];
+  const model::ElementEntry& ColumnElement(std::int32_t j, std::int32_t k) const {
+    const model::ColumnRecord& column = Column(j);
+    return column.Elements
+        .begin()[model::Public(model::CheckColumnElement(k, column.ElementCount()))];
   }
   // One plain box; the refusals of writes and edits.
   void Refuse(std::string_view text) const;
@@ -225,9 +227,9 @@ class LPModel final : public ModelInterface {
   void RefuseRow(std::string_view text);
 
   platform::Desktop& desktop_;
-  ModelStore store_;
-  ViewLink view_;
-  SimplificationLog log_{store_};
+  model::ModelStore store_;
+  model::ViewLink view_;
+  simplify::SimplificationLog log_{store_};
   const std::unique_ptr<ModelWindows> windows_;
   std::any show_form_;  // whatever the host stored; never looked at
 };

@@ -15,11 +15,12 @@ namespace quarvel {
 class ModelWindows {
  public:
   // Both outlive the windows. The viewer is attached to `view` once it is made.
-  ModelWindows(platform::Desktop& desktop, ViewLink& view) : desktop_(desktop), view_(view) {}
+  ModelWindows(platform::Desktop& desktop, model::ViewLink& view)
+      : desktop_(desktop), view_(view) {}
 
-  frmMPSFileOpen& file_open() { return Made(file_open_); }
-  frmSetDefaultBounds& default_bounds() { return Made(default_bounds_); }
-  frmProgress& progress() { return Made(progress_); }
+  mps::frmMPSFileOpen& file_open() { return Made(file_open_); }
+  mps::frmSetDefaultBounds& default_bounds() { return Made(default_bounds_); }
+  mps::frmProgress& progress() { return Made(progress_); }
   viewer::frmViewEquations& viewer() {
     view_.Attach(Made(viewer_));
     return *viewer_;
@@ -37,10 +38,10 @@ class ModelWindows {
   }
 
   platform::Desktop& desktop_;
-  ViewLink& view_;
-  std::unique_ptr<frmMPSFileOpen> file_open_;
-  std::unique_ptr<frmSetDefaultBounds> default_bounds_;
-  std::unique_ptr<frmProgress> progress_;
+  model::ViewLink& view_;
+  std::unique_ptr<mps::frmMPSFileOpen> file_open_;
+  std::unique_ptr<mps::frmSetDefaultBounds> default_bounds_;
+  std::unique_ptr<mps::frmProgress> progress_;
   std::unique_ptr<viewer::frmViewEquations> viewer_;
 };
 

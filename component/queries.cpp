@@ -10,7 +10,7 @@ double LPModel::ColLowerBound(std::int32_t j) const { return Column(j).LowerBoun
 
 std::string LPModel::ColName(std::int32_t j) const { return Column(j).Name; }
 
-std::string LPModel::ColType(std::int32_t j) const { return TypeText(Column(j).Type); }
+std::string LPModel::ColType(std::int32_t j) const { return model::TypeText(Column(j).Type); }
 
 double LPModel::RowUpperBound(std::int32_t i) const { return Row(i).UpperBound; }
 
@@ -18,26 +18,27 @@ double LPModel::RowLowerBound(std::int32_t i) const { return Row(i).LowerBound; 
 
 std::string LPModel::RowName(std::int32_t i) const { return Row(i).Name; }
 
-std::string LPModel::RowType(std::int32_t i) const { return TypeText(Row(i).Type); }
+std::string LPModel::RowType(std::int32_t i) const { return model::TypeText(Row(i).Type); }
 
 double LPModel::ElementValue(std::int32_t i, std::int32_t j) const {
-  const ModelData& data = store_.data();
-  const RowRecord& row = data.Rows[CheckRowOfPair(i, data.NumberOfRows)];
-  const std::int32_t c = CheckColumnOfPair(j, data.NumberOfColumns);
-  for (const ElementEntry& entry : row.Elements) {
+  const model::ModelData& data = store_.data();
+  const model::RowRecord& row = data.Rows[model::CheckRowOfPair(i, data.NumberOfRows)];
+  const std::int32_t c = model::CheckColumnOfPair(j, data.NumberOfColumns);
+  for (const model::ElementEntry& entry : row.Elements) {
     if (entry.Index == c) return entry.Value;
   }
   return 0;
 }
 
 std::int32_t LPModel::BindingRowIndex(std::int32_t i) const {
-  const ModelData& data = store_.data();
-  return Public(data.BindingRows[CheckBindingRowIndex(i, data.NumberOfBindingRows)]);
+  const model::ModelData& data = store_.data();
+  return model::Public(data.BindingRows[model::CheckBindingRowIndex(i, data.NumberOfBindingRows)]);
 }
 
 std::int32_t LPModel::NonBindingRowIndex(std::int32_t i) const {
-  const ModelData& data = store_.data();
-  return Public(data.NonBindingRows[CheckNonBindingRowIndex(i, data.NumberOfNonBindingRows)]);
+  const model::ModelData& data = store_.data();
+  return model::Public(
+      data.NonBindingRows[model::CheckNonBindingRowIndex(i, data.NumberOfNonBindingRows)]);
 }
 
 }  // namespace quarvel

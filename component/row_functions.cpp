@@ -11,22 +11,22 @@ using text::AppendGeneralText;
 using text::GeneralText;
 
 // The record of 0-based row RowNum, which need not be counted, only stored.
-const RowRecord& StoredRow(const ModelData& data, std::int32_t RowNum) {
-  if (!InRange(RowNum, data.Rows.size())) RaiseSubscriptOutOfRange();
-  return data.Rows[Stored(RowNum)];
+const model::RowRecord& StoredRow(const model::ModelData& data, std::int32_t RowNum) {
+  if (!model::InRange(RowNum, data.Rows.size())) model::RaiseSubscriptOutOfRange();
+  return data.Rows[model::Stored(RowNum)];
 }
 
 // The slot of a stored column in a caller's array, whose own bounds are checked like the model's.
 template <class T>
 T& Slot(std::span<T> array, std::int32_t lower_bound, std::int32_t column) {
-  const auto offset = static_cast<std::size_t>(std::int64_t{Public(column)} - lower_bound);
-  if (offset >= array.size()) RaiseSubscriptOutOfRange();
+  const auto offset = static_cast<std::size_t>(std::int64_t{model::Public(column)} - lower_bound);
+  if (offset >= array.size()) model::RaiseSubscriptOutOfRange();
   return array[offset];
 }
 
-std::string BoundsOf(const RowRecord& row) {
-  if (row.Type == RowType::kEqual) return " equal to " + GeneralText(row.UpperBound);
-  const RowTypeTraits& type = TraitsOf(row.Type);
+std::string BoundsOf(const model::RowRecord& row) {
+  if (row.Type == model::RowType::kEqual) return " equal to " + GeneralText(row.UpperBound);
+  const model::RowTypeTraits& type = model::TraitsOf(row.Type);
   std::string text;
   if (type.has_lower) text += " with lower bound " + GeneralText(row.LowerBound);
   if (type.has_lower && type.has_upper) text += " and";
@@ -35,15 +35,18 @@ std::string BoundsOf(const RowRecord& row) {
   return text;
 }
 
-std::string EmptyRowText(const RowRecord& row) {
+std::string EmptyRowText(const model::RowRecord& row) {
   std::string text = "This row has no elements.  ";
-  if (row.Type == RowType::kNone) return text;
-  text += row.Type == RowType::kEqual ? "It is an " : "It is a ";
-  return text.append(TraitsOf(row.Type).noun).append(" row").append(BoundsOf(row)).append(".");
+  if (row.Type == model::RowType::kNone) return text;
+  text += row.Type == model::RowType::kEqual ? "It is an " : "It is a ";
+  return text.append(model::TraitsOf(row.Type).noun)
+      .append(" row")
+      .append(BoundsOf(row))
+      .append(".");
 }
 
-void AppendTerms(std::string& text, const ModelData& data, const RowRecord& row) {
-  for (const ElementEntry& entry : row.Elements) {
+void AppendTerms(std::string& text, const model::ModelData& data, const model::RowRecord& row) {
+  for (const model::ElementEntry& entry : row.Elements) {
     text += entry.Value < 0 ? " - " : " + ";
     AppendGeneralText(text, std::fabs(entry.Value));
     text += '*';
@@ -51,12 +54,12 @@ void AppendTerms(std::string& text, const ModelData& data, const RowRecord& row)
   }
 }
 
-void AppendRelation(std::string& text, const RowRecord& row) {
-  const RowTypeTraits& type = TraitsOf(row.Type);
+void AppendRelation(std::string& text, const model::RowRecord& row) {
+  const model::RowTypeTraits& type = model::TraitsOf(row.Type);
   if (!type.sign.empty()) {
     text.append("  ").append(type.sign).append("  ");
     AppendGeneralText(text, type.has_upper ? row.UpperBound : row.LowerBound);
-  } else if (row.Type == RowType::kFree) {
+  } else if (row.Type == model::RowType::kFree) {
     text.append("  (").append(type.noun).append(")");
   }
 }
@@ -64,12 +67,12 @@ void AppendRelation(std::string& text, const RowRecord& row) {
 }  // namespace
 
 std::string LPModel::RowEquation(std::int32_t i) const {
-  const ModelData& data = store_.data();
-  const RowRecord& row = data.Rows[CheckRow(i, data.NumberOfRows)];
+  const model::ModelData& data = store_.data();
+  const model::RowRecord& row = data.Rows[model::CheckRow(i, data.NumberOfRows)];
   if (row.ElementCount() == 0) return EmptyRowText(row);
   std::string text;
   // The first sign of a ranged row points this way for every host that parses the text.
-  if (row.Type == quarvel::RowType::kRanged) text = GeneralText(row.LowerBound) + "  >=  ";
+  if (row.Type == model::RowType::kRanged) text = GeneralText(row.LowerBound) + "  >=  ";
   AppendTerms(text, data, row);
   AppendRelation(text, row);
   return text;
@@ -83,7 +86,7 @@ std::int16_t LPModel::RowGradient(std::int32_t RowNum, std::span<double> Gradien
   try {
     for (std::int32_t k = 1; k <= count; ++k) {
       // A copy, and the row looked up anew each time: the box lets a host's events run.
-      const ElementEntry entry = StoredRow(store_.data(), RowNum).Elements[k];
+      const model::ElementEntry entry = StoredRow(store_.data(), RowNum).Elements[k];
       if (entry.Index > NumberOfColumns()) {
         Refuse("Error in Quarvel.dll model");
         result = GradientResult::kBeyondColumns;
@@ -98,10 +101,10 @@ std::int16_t LPModel::RowGradient(std::int32_t RowNum, std::span<double> Gradien
 
 std::int16_t LPModel::RowBodyValue(std::int32_t RowNum, std::span<const double> Point,
                                    double& Answer, std::int32_t lower_bound) const {
-  const ModelData& data = store_.data();
+  const model::ModelData& data = store_.data();
   Answer = 0;
-  for (const ElementEntry& entry : StoredRow(data, RowNum).Elements) {
-    if (entry.Index > data.NumberOfColumns) RaiseTooFewElementsInPoint();
+  for (const model::ElementEntry& entry : StoredRow(data, RowNum).Elements) {
+    if (entry.Index > data.NumberOfColumns) model::RaiseTooFewElementsInPoint();
     Answer += entry.Value * Slot(Point, lower_bound, entry.Index);
   }
   return Number(EditResult::kDone);

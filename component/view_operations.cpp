@@ -33,7 +33,7 @@ void LPModel::View(bool editing, const std::function<void(viewer::frmViewEquatio
 }
 
 void LPModel::ViewRowNumber(std::int32_t row, bool editing) {
-  View(editing, [row](viewer::frmViewEquations& viewer) { viewer.ShowRow(Stored(row)); });
+  View(editing, [row](viewer::frmViewEquations& viewer) { viewer.ShowRow(model::Stored(row)); });
 }
 
 // Rows that cannot be shown take the window away, columns do not.
@@ -47,24 +47,24 @@ void LPModel::ViewEquations(bool EditingIsEnabled) {
 }
 
 void LPModel::ViewCol(std::int32_t ColNum, bool EditingIsEnabled) {
-  if (!InRange(ColNum, NumberOfColumns())) {
-    Refuse(ColumnRangeText(ColNum, NumberOfColumns()));
+  if (!model::InRange(ColNum, NumberOfColumns())) {
+    Refuse(model::ColumnRangeText(ColNum, NumberOfColumns()));
     return;
   }
   View(EditingIsEnabled,
-       [ColNum](viewer::frmViewEquations& viewer) { viewer.ShowCol(Stored(ColNum)); });
+       [ColNum](viewer::frmViewEquations& viewer) { viewer.ShowCol(model::Stored(ColNum)); });
 }
 
 void LPModel::ViewRow(std::int32_t RowNum, bool EditingIsEnabled) {
-  if (!InRange(RowNum, NumberOfRows())) {
-    RefuseRow(RowRangeText(RowNum, NumberOfRows()));
+  if (!model::InRange(RowNum, NumberOfRows())) {
+    RefuseRow(model::RowRangeText(RowNum, NumberOfRows()));
     return;
   }
   ViewRowNumber(RowNum, EditingIsEnabled);
 }
 
 void LPModel::ViewNonBindingRow(std::int32_t RowNum, bool EditingIsEnabled) {
-  if (!InRange(RowNum, NumberOfNonBindingRows())) {
+  if (!model::InRange(RowNum, NumberOfNonBindingRows())) {
     RefuseRow(KindRangeText(RowNum, "Non-Binding Rows", NumberOfNonBindingRows()));
     return;
   }
@@ -72,7 +72,7 @@ void LPModel::ViewNonBindingRow(std::int32_t RowNum, bool EditingIsEnabled) {
 }
 
 void LPModel::ViewBindingRow(std::int32_t RowNum, bool EditingIsEnabled) {
-  if (!InRange(RowNum, NumberOfBindingRows())) {
+  if (!model::InRange(RowNum, NumberOfBindingRows())) {
     RefuseRow(KindRangeText(RowNum, "Binding rows", NumberOfBindingRows()));
     return;
   }
@@ -82,7 +82,7 @@ void LPModel::ViewBindingRow(std::int32_t RowNum, bool EditingIsEnabled) {
 void LPModel::NewMPSModel() {
   MakeNewModel();
   // A window that is open already shows the old model.
-  if (ModelView* view = view_.open()) view->RefreshForm();
+  if (model::ModelView* view = view_.open()) view->RefreshForm();
   ViewEquations(true);
 }
 

@@ -86,7 +86,7 @@ std::optional<MsgBoxResult> Answers::AnswerQuestion(const Box& box, const Questi
 std::optional<std::string> Answers::AnswerFile(const platform::FileDialog&) { return file; }
 
 bool Answers::DriveForm(platform::Form& form) {
-  auto* const bounds = dynamic_cast<frmSetDefaultBounds*>(&form);
+  auto* const bounds = dynamic_cast<mps::frmSetDefaultBounds*>(&form);
   if (bounds == nullptr || !arguments_.infinite_default_bounds) return false;
   bounds->Choose(*arguments_.infinite_default_bounds);
   return true;

@@ -35,12 +35,12 @@ double ParseValue(const std::string& word) {
 // A bound may also be absent.
 double ParseBound(const std::string& word) {
   const std::string upper = text::UpperCase(word);
-  if (upper == "INF" || upper == "+INF") return BoundLimit;
-  if (upper == "-INF") return -BoundLimit;
+  if (upper == "INF" || upper == "+INF") return model::BoundLimit;
+  if (upper == "-INF") return -model::BoundLimit;
   return ParseValue(word);
 }
 
-template <const RecordKind& kKind>
+template <const model::RecordKind& kKind>
 std::int32_t NumberOf(Session& session, const std::string& word) {
   return FindRecord(session.model(), kKind, word);
 }
@@ -64,10 +64,10 @@ void AddRow(Session& session, const Words& words) {
   const std::int32_t row = model.NumberOfRows() - 1;
   const std::string letter = text::UpperCase(words[1]);
   model.SetRowType(row, letter);
-  const RowType type = RowTypeOf(letter);
-  if (type == RowType::kNone) return;
-  model.SetRowLowerBound(row, TraitsOf(type).FreshLower());
-  model.SetRowUpperBound(row, TraitsOf(type).FreshUpper());
+  const model::RowType type = model::RowTypeOf(letter);
+  if (type == model::RowType::kNone) return;
+  model.SetRowLowerBound(row, model::TraitsOf(type).FreshLower());
+  model.SetRowUpperBound(row, model::TraitsOf(type).FreshUpper());
 }
 
 void AddColumn(Session& session, const Words& words) {
@@ -77,59 +77,61 @@ void AddColumn(Session& session, const Words& words) {
 }
 
 void AddElement(Session& session, const Words& words) {
-  const std::int32_t row = NumberOf<kRowKind>(session, words[0]);
-  const std::int32_t column = NumberOf<kColumnKind>(session, words[1]);
+  const std::int32_t row = NumberOf<model::kRowKind>(session, words[0]);
+  const std::int32_t column = NumberOf<model::kColumnKind>(session, words[1]);
   session.model().AddElement(row, column, ParseValue(words[2]));
 }
 
 void SetElement(Session& session, const Words& words) {
-  const std::int32_t row = NumberOf<kRowKind>(session, words[0]);
+  const std::int32_t row = NumberOf<model::kRowKind>(session, words[0]);
   const std::int32_t element =
-      ElementOf(session.model(), row, NumberOf<kColumnKind>(session, words[1]));
+      ElementOf(session.model(), row, NumberOf<model::kColumnKind>(session, words[1]));
   session.model().SetRowElementValue(row, element, ParseValue(words[2]));
 }
 
-template <const RecordKind& kKind>
+template <const model::RecordKind& kKind>
 void Delete(Session& session, const Words& words) {
   (session.model().*kKind.remove)(NumberOf<kKind>(session, words[0]));
 }
 
-template <const RecordKind& kKind>
+template <const model::RecordKind& kKind>
 void Rename(Session& session, const Words& words) {
   (session.model().*kKind.set_name)(NumberOf<kKind>(session, words[0]), NewName(words[1]));
 }
 
-template <const RecordKind& kKind>
+template <const model::RecordKind& kKind>
 void SetType(Session& session, const Words& words) {
   (session.model().*kKind.set_type)(NumberOf<kKind>(session, words[0]), text::UpperCase(words[1]));
 }
 
 void DeleteElement(Session& session, const Words& words) {
-  const std::int32_t row = NumberOf<kRowKind>(session, words[0]);
+  const std::int32_t row = NumberOf<model::kRowKind>(session, words[0]);
   const std::int32_t element =
-      ElementOf(session.model(), row, NumberOf<kColumnKind>(session, words[1]));
+      ElementOf(session.model(), row, NumberOf<model::kColumnKind>(session, words[1]));
   session.model().DeleteElement(row, element);
 }
 
 void SetRowBounds(Session& session, const Words& words) {
-  const std::int32_t row = NumberOf<kRowKind>(session, words[0]);
+  const std::int32_t row = NumberOf<model::kRowKind>(session, words[0]);
   session.model().SetRowLowerBound(row, ParseBound(words[1]));
   session.model().SetRowUpperBound(row, ParseBound(words[2]));
 }
 
 void SetBound(Session& session, const Words& words) {
   LPModel& model = session.model();
-  const std::int32_t column = NumberOf<kColumnKind>(session, words[0]);
+  const std::int32_t column = NumberOf<model::kColumnKind>(session, words[0]);
   const std::string letters = text::UpperCase(words[1]);
-  const BoundCodeTraits* const code = FindBoundCode(letters);
+  const model::BoundCodeTraits* const code = model::FindBoundCode(letters);
   if (code == nullptr) RaiseBad("there is no bound " + words[1]);
   if ((words.size() == 3) != code->needs_value) {
     RaiseBad(letters + (code->needs_value ? " needs a value" : " takes no value"));
   }
   const double value = code->needs_value ? ParseBound(words[2]) : 0;
-  const BoundsChange change = code->change;
-  if (change.lower != BoundChange::kKept) model.SetColLowerBound(column, change.NewLower(value));
-  if (change.upper != BoundChange::kKept) model.SetColUpperBound(column, change.NewUpper(value));
+  const model::BoundsChange change = code->change;
+  if (change.lower != model::BoundChange::kKept)
+    model.SetColLowerBound(column, change.NewLower(value));
+  if (change.upper != model::BoundChange::kKept)
+    model.SetColUpperBound(column, change.NewUpper(value));
 }
 
 void SetName(Session& session, const Words& words) { session.model().SetModelName(words[0]); }
@@ -148,19 +150,20 @@ void Simplify(Session& session, const Words&) { session.Simplify(); }
 
 const std::vector<EditCommand>& EditCommands() {
   static const std::vector<EditCommand> commands = {
-      {"add-row", "NAME " + RowTypeLetters(), 2, 2, AddRow},
-      {"add-column", "NAME [" + ColumnTypeLetters() + "]", 1, 2, AddColumn},
+      {"add-row", "NAME " + model::RowTypeLetters(), 2, 2, AddRow},
+      {"add-column", "NAME [" + model::ColumnTypeLetters() + "]", 1, 2, AddColumn},
       {"add-element", "ROW COLUMN VALUE", 3, 3, AddElement},
       {"set-element", "ROW COLUMN VALUE", 3, 3, SetElement},
-      {"delete-row", "ROW", 1, 1, Delete<kRowKind>},
-      {"delete-column", "COLUMN", 1, 1, Delete<kColumnKind>},
+      {"delete-row", "ROW", 1, 1, Delete<model::kRowKind>},
+      {"delete-column", "COLUMN", 1, 1, Delete<model::kColumnKind>},
       {"delete-element", "ROW COLUMN", 2, 2, DeleteElement},
-      {"rename-row", "ROW NAME", 2, 2, Rename<kRowKind>},
-      {"rename-column", "COLUMN NAME", 2, 2, Rename<kColumnKind>},
-      {"set-row-type", "ROW " + RowTypeLetters(), 2, 2, SetType<kRowKind>},
+      {"rename-row", "ROW NAME", 2, 2, Rename<model::kRowKind>},
+      {"rename-column", "COLUMN NAME", 2, 2, Rename<model::kColumnKind>},
+      {"set-row-type", "ROW " + model::RowTypeLetters(), 2, 2, SetType<model::kRowKind>},
       {"set-row-bounds", "ROW LOWER UPPER", 3, 3, SetRowBounds},
-      {"set-bound", "COLUMN " + BoundCodeLetters() + " [VALUE]", 2, 3, SetBound},
-      {"set-column-type", "COLUMN " + ColumnTypeLetters(), 2, 2, SetType<kColumnKind>},
+      {"set-bound", "COLUMN " + model::BoundCodeLetters() + " [VALUE]", 2, 3, SetBound},
+      {"set-column-type", "COLUMN " + model::ColumnTypeLetters(), 2, 2,
+       SetType<model::kColumnKind>},
       {"set-name", "TEXT", 1, 1, SetName},
       {"set-description", "TEXT", 1, 1, SetDescription},
       {"simplify", "", 0, 0, Simplify},

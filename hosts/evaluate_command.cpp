@@ -25,7 +25,7 @@ int RunEvaluate(Session& session) {
   const Arguments& arguments = session.arguments;
   session.Read(arguments.operands[0]);
   const LPModel& model = session.model();
-  const std::int32_t row = FindRecord(model, kRowKind, arguments.operands[1]);
+  const std::int32_t row = FindRecord(model, model::kRowKind, arguments.operands[1]);
   Point point(model);
   if (!arguments.point.empty()) point.SetFromFile(arguments.point);
   for (std::size_t i = 2; i < arguments.operands.size(); ++i) {

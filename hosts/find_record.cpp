@@ -19,10 +19,11 @@ std::optional<std::int32_t> ParseIndex(std::string_view text) {
 
 }  // namespace
 
-std::int32_t FindRecord(const LPModel& model, const RecordKind& kind, std::string_view text) {
+std::int32_t FindRecord(const LPModel& model, const model::RecordKind& kind,
+                        std::string_view text) {
   std::int32_t number = kind.find(model.store(), text);
   if (number == 0) number = kind.find(model.store(), text::UpperCase(text));
-  if (number != 0) return Public(number);
+  if (number != 0) return model::Public(number);
   const std::optional<std::int32_t> index = ParseIndex(text);
   if (!index) {
     throw CommandError(kProblem, "there is no " + std::string(kind.noun) + " " + std::string(text));

@@ -10,7 +10,7 @@ namespace {
 std::int32_t IntegerColumns(const LPModel& model) {
   std::int32_t count = 0;
   for (std::int32_t j = 0; j < model.NumberOfColumns(); ++j) {
-    if (ColumnTypeOf(model.ColType(j)) == ColumnType::kInteger) ++count;
+    if (model::ColumnTypeOf(model.ColType(j)) == model::ColumnType::kInteger) ++count;
   }
   return count;
 }

@@ -16,7 +16,7 @@ constexpr std::size_t kFactWidth = 10;
 struct Item {
   Session& session;
   const LPModel& model;
-  const RecordKind& kind;
+  const model::RecordKind& kind;
   std::int32_t index;
   std::int32_t shown;  // elements to print
 
@@ -28,7 +28,7 @@ struct Item {
   std::int32_t OtherIndex(std::int32_t k) const { return (model.*kind.element_at)(index, k); }
   std::string OtherName(std::int32_t k) const { return (model.*kind.other.name)(OtherIndex(k)); }
   double Value(std::int32_t k) const { return (model.*kind.element_value)(index, k); }
-  bool IsRow() const { return &kind == &kRowKind; }
+  bool IsRow() const { return &kind == &model::kRowKind; }
 };
 
 void AppendFact(std::string& text, std::string_view what, std::string_view fact) {
@@ -88,7 +88,7 @@ void PrintItemJson(const Item& item) {
   item.session.streams.out << "]}\n";
 }
 
-int PrintItem(Session& session, const RecordKind& kind) {
+int PrintItem(Session& session, const model::RecordKind& kind) {
   const auto& operands = session.arguments.operands;
   session.Read(operands[0]);
   const LPModel& model = session.model();
@@ -106,8 +106,8 @@ int PrintItem(Session& session, const RecordKind& kind) {
 
 }  // namespace
 
-int RunRow(Session& session) { return PrintItem(session, kRowKind); }
+int RunRow(Session& session) { return PrintItem(session, model::kRowKind); }
 
-int RunColumn(Session& session) { return PrintItem(session, kColumnKind); }
+int RunColumn(Session& session) { return PrintItem(session, model::kColumnKind); }
 
 }  // namespace quarvel::hosts

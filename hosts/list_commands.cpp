@@ -19,7 +19,7 @@ constexpr std::string_view kGap = "  ";
 
 class Lister {
  public:
-  Lister(Session& session, const RecordKind& kind)
+  Lister(Session& session, const model::RecordKind& kind)
       : session_(session),
         model_(session.model()),
         kind_(kind),
@@ -41,7 +41,7 @@ class Lister {
 
   Session& session_;
   const LPModel& model_;
-  const RecordKind& kind_;
+  const model::RecordKind& kind_;
   std::int32_t count_;
   std::int32_t shown_;
   bool equations_;
@@ -125,7 +125,7 @@ void Lister::PrintJson() {
   Print("\n]\n");
 }
 
-int List(Session& session, const RecordKind& kind) {
+int List(Session& session, const model::RecordKind& kind) {
   session.Read(session.arguments.operands[0]);
   Lister lister(session, kind);
   if (session.arguments.json) {
@@ -138,8 +138,8 @@ int List(Session& session, const RecordKind& kind) {
 
 }  // namespace
 
-int RunRows(Session& session) { return List(session, kRowKind); }
+int RunRows(Session& session) { return List(session, model::kRowKind); }
 
-int RunColumns(Session& session) { return List(session, kColumnKind); }
+int RunColumns(Session& session) { return List(session, model::kColumnKind); }
 
 }  // namespace quarvel::hosts

@@ -38,7 +38,7 @@ void Point::SetColumn(std::string_view name, std::string_view value, int status_
   if (!number) {
     throw CommandError(status_of_bad_text, "\"" + std::string(value) + "\" is not a number");
   }
-  values_[static_cast<std::size_t>(FindRecord(model_, kColumnKind, name))] = *number;
+  values_[static_cast<std::size_t>(FindRecord(model_, model::kColumnKind, name))] = *number;
 }
 
 void Point::SetFromLine(std::string_view line) {
@@ -58,8 +58,8 @@ void Point::SetFromFile(const std::string& path) {
     throw CommandError(kProblem, place + ": " + std::string(text));
   };
   try {
-    LineReader lines{platform::InputFile(path)};
-    Line line;
+    mps::LineReader lines{platform::InputFile(path)};
+    mps::Line line;
     while (lines.Next(line)) {
       ++number;
       if (line.too_long) throw CommandError(kProblem, "the line is too long");

@@ -78,8 +78,8 @@ void AppendRight(std::string& line, std::string_view text, std::size_t width) {
 }
 
 std::string BoundText(double bound) {
-  if (bound == BoundLimit) return "inf";
-  if (bound == -BoundLimit) return "-inf";
+  if (bound == model::BoundLimit) return "inf";
+  if (bound == -model::BoundLimit) return "-inf";
   return text::GeneralText(bound);
 }
 

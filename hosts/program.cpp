@@ -58,7 +58,7 @@ int Run(std::span<const std::string> words, const Streams& streams, std::string&
   const Arguments arguments = ParseArguments(words);
   command = arguments.command;
   if (arguments.version) {
-    streams.out << "quarvel " << ProductVersion() << '\n';
+    streams.out << "quarvel " << model::ProductVersion() << '\n';
     return kGood;
   }
   return RunCommand(arguments, streams);

@@ -2,7 +2,7 @@
 
 #include "text/version.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 std::string_view ProductVersion() { return QUARVEL_PRODUCT_VERSION; }
 std::string_view ComponentVersion() { return QUARVEL_COMPONENT_VERSION; }
@@ -13,4 +13,4 @@ std::string AboutText() {
          std::string(kWhereToReport);
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace quarvel {
+namespace quarvel::model {
 
 inline constexpr std::string_view kAboutTitle = "Authors of Quarvel Object";
 // README.md and the delivered readme have the same sentence.
@@ -19,4 +19,4 @@ std::string_view ComponentVersion();
 
 std::string AboutText();
 
-}  // namespace quarvel
+}  // namespace quarvel::model

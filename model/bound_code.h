@@ -9,7 +9,7 @@
 
 #include "model/bounds.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 enum class BoundCode : std::uint8_t { kLower, kUpper, kFixed, kFree, kNoLower, kNoUpper };
 
@@ -54,4 +54,4 @@ inline std::string BoundCodeLetters() {
   return letters;
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-namespace quarvel {
+namespace quarvel::model {
 
 // A bound at or beyond this magnitude is absent; stored as exactly -1E+10 or +1E+10, compared
 // exactly.
@@ -40,4 +40,4 @@ struct BoundsChange {
   }
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::model

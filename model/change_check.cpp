@@ -12,7 +12,7 @@
 #include "model/model_check.h"
 #include "model/stored_model.h"
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 constexpr std::size_t kLookedAtEachTime = 2000;
@@ -53,6 +53,6 @@ void ChangeCheck::After(const StoredModel& model, const DeferredWork& deferred) 
   was_whole_ = fault.empty() && !HasAPairTwice(copy.data);
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model
 
 #endif

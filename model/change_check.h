@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-namespace quarvel {
+namespace quarvel::model {
 
 struct StoredModel;
 class DeferredWork;
@@ -36,4 +36,4 @@ class ChangeCheck {
 
 #endif
 
-}  // namespace quarvel
+}  // namespace quarvel::model

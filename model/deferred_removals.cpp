@@ -7,7 +7,7 @@
 #include "model/record_names.h"
 #include "model/stored_model.h"
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 using Positions = std::vector<std::int32_t>;
@@ -154,4 +154,4 @@ void CloseGaps(StoredModel& model, DeferredRemovals& removals) {
   removals.Clear();
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

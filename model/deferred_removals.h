@@ -11,7 +11,7 @@
 
 #include "model/one_based.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 class DeferredRemovals {
  public:
@@ -56,4 +56,4 @@ struct StoredModel;
 // nothing to do when there is no gap.
 void CloseGaps(StoredModel& model, DeferredRemovals& removals);
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -7,7 +7,7 @@
 #include "model/row_lists.h"
 #include "model/stored_model.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 DeferredWork::DeferredWork(StoredModel& model, const DeferredWork& other)
     : model_(model),
@@ -123,4 +123,4 @@ std::vector<std::int32_t> DeferredWork::NoteColumn(std::int32_t position) {
   return emptied;
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

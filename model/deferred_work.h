@@ -16,7 +16,7 @@
 #include "model/deferred_removals.h"
 #include "model/list_agreement.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 struct StoredModel;
 
@@ -73,4 +73,4 @@ class DeferredWork {
   ListAgreement agreement_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace quarvel {
+namespace quarvel::model {
 
 ElementStore::ElementStore(const ElementStore& other) { *this = other; }
 
@@ -109,4 +109,4 @@ void ElementArena::AddBlock(std::size_t entries) {
   end_ = next_ + size;
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -12,7 +12,7 @@
 #include "model/packed_double.h"
 #include "platform/large_pages.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 // One nonzero coefficient as seen from a row (Index = column number) or from a column (Index = row
 // number). Numbers are 1-based.
@@ -98,4 +98,4 @@ class ElementArena {
   std::size_t entries_ = 0;  // room of all blocks
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -3,7 +3,7 @@
 #include "platform/automation_error.h"
 #include "text/numbers.h"
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 using text::IntegerText;
@@ -100,4 +100,4 @@ void RaiseTooFewElementsInPoint() {
   Raise(kTooFewElementsInPoint, "LPModel.rowBodyValue", "Too few elements in input point");
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -9,7 +9,7 @@
 
 #include "model/record_number.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 // As signed 32-bit integers these are what a failed call returns.
 inline constexpr std::int32_t kColumnOutOfRange = static_cast<std::int32_t>(0x80040212u);
@@ -57,4 +57,4 @@ std::string RowRangeText(std::int32_t i, std::int32_t count);
 
 [[noreturn]] void RaiseTooFewElementsInPoint();
 
-}  // namespace quarvel
+}  // namespace quarvel::model

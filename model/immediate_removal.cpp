@@ -1,6 +1,6 @@
 #include "model/immediate_removal.h"
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 void LowerAbove(ElementList& list, std::int32_t number) {
@@ -55,4 +55,4 @@ std::vector<std::int32_t> RemoveColumnNow(StoredModel& model, std::int32_t c) {
   return emptied;
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

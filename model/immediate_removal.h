@@ -8,7 +8,7 @@
 
 #include "model/stored_model.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 // Drops the first entry of the list that names `number`. False when none does.
 bool DropFirst(ElementList& list, std::int32_t number);
@@ -19,4 +19,4 @@ void RemoveRowNow(StoredModel& model, std::int32_t r);
 // ascending; they stay.
 std::vector<std::int32_t> RemoveColumnNow(StoredModel& model, std::int32_t c);
 
-}  // namespace quarvel
+}  // namespace quarvel::model

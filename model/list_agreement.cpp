@@ -5,7 +5,7 @@
 
 #include "model/model_data.h"
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 using Numbers = std::vector<std::int32_t>;
@@ -147,4 +147,4 @@ void ListAgreement::Examine(const ModelData& data, Changes now) {
   as_of_ = now;
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

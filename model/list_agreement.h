@@ -16,7 +16,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace quarvel {
+namespace quarvel::model {
 
 struct ModelData;
 
@@ -63,4 +63,4 @@ class ListAgreement {
   std::vector<bool> odd_columns_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -6,7 +6,7 @@
 
 #include "text/encoding.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 inline constexpr std::string_view kLongNameWarning =
     "The name you entered had more than 8 characters.  In a standard MPS file, names can be no "
@@ -19,4 +19,4 @@ inline bool IsLongName(std::string_view name) {
   return name.size() > kStandardLength && text::CharacterCount(name) > kStandardLength;
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -9,7 +9,7 @@
 #include "model/model_store.h"
 #include "text/numbers.h"
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 using Coefficient = std::tuple<std::int32_t, std::int32_t, double>;  // row, column, value
@@ -98,4 +98,4 @@ std::string CheckStoredModel(StoredModel& model) {
       [&](const NameKey& key, const std::string& name) { return FindColumn(model, key, name); });
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

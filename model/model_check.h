@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace quarvel {
+namespace quarvel::model {
 
 class ModelStore;
 struct StoredModel;
@@ -14,4 +14,4 @@ std::string CheckModelData(const ModelStore& store);
 // The same of a store's parts, with nothing deferred.
 std::string CheckStoredModel(StoredModel& model);
 
-}  // namespace quarvel
+}  // namespace quarvel::model

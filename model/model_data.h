@@ -13,7 +13,7 @@
 #include "model/one_based.h"
 #include "model/record_types.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 using ElementList = OneBased<ElementEntry, ElementStore>;
 using RowNumbers = OneBased<std::int32_t, std::vector<std::int32_t>>;
@@ -60,4 +60,4 @@ struct ModelData : ModelSettings {
   RowNumbers NonBindingRows;  // ascending row numbers
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::model

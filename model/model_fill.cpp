@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 template <class Record>
@@ -41,4 +41,4 @@ std::int32_t ModelFill::AppendColumn(const NameKey& key, std::string_view name, 
   return data.NumberOfColumns;
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -12,7 +12,7 @@
 #include "model/deferred_work.h"
 #include "model/stored_model.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 // What a file says of a row after ROWS may depend on its type, and changes its bounds.
 struct RowLimits {
@@ -37,10 +37,10 @@ class ModelFill {
   const NameIndex& column_names() const { return model_.column_names; }
   // 0 when there is none of that name.
   std::int32_t FindRow(const NameKey& key, std::string_view name) const {
-    return quarvel::FindRow(model_, key, name);
+    return model::FindRow(model_, key, name);
   }
   std::int32_t FindColumn(const NameKey& key, std::string_view name) const {
-    return quarvel::FindColumn(model_, key, name);
+    return model::FindColumn(model_, key, name);
   }
 
   // Room for so many in all; nothing when there is as much already.
@@ -83,4 +83,4 @@ class ModelFill {
   DeferredWork& deferred_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -12,7 +12,7 @@
 
 #include "model/variant.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 class ModelQueries {
  public:
@@ -89,4 +89,4 @@ class ModelInterface : public ModelEdits {
   ~ModelInterface() = default;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -5,7 +5,7 @@
 
 #include "model/immediate_removal.h"
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 void CheckNumber(std::int32_t number, std::int32_t count) {
@@ -60,12 +60,12 @@ const ColumnRecord& ModelStore::ColumnBehindGaps(std::int32_t c) const {
 
 std::int32_t ModelStore::FindRow(const NameKey& key, std::string_view name) const {
   if (deferred_.removals()) deferred_.Settle();
-  return quarvel::FindRow(deferred_.model(), key, name);
+  return model::FindRow(deferred_.model(), key, name);
 }
 
 std::int32_t ModelStore::FindColumn(const NameKey& key, std::string_view name) const {
   if (deferred_.removals()) deferred_.Settle();
-  return quarvel::FindColumn(deferred_.model(), key, name);
+  return model::FindColumn(deferred_.model(), key, name);
 }
 
 void ModelStore::RenameRow(std::int32_t r, std::string_view name) {
@@ -195,4 +195,4 @@ void ModelStore::Take(ModelData data) {
   change_check_.Forget();
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -22,7 +22,7 @@
 #include "model/model_fill.h"
 #include "model/stored_model.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 class ModelStore {
  public:
@@ -128,4 +128,4 @@ class ModelStore {
   [[no_unique_address]] ChangeCheck change_check_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace quarvel {
+namespace quarvel::model {
 
 ViewPause::ViewPause(ViewLink& link) : link_(link), view_(link.open()) {
   link_.BeginRebuild();
@@ -16,4 +16,4 @@ void ViewPause::End() {
   if (view_ != nullptr) std::exchange(view_, nullptr)->Resume();
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

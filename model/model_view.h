@@ -4,7 +4,7 @@
 
 #include "platform/form.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 class ModelView : public platform::Form {
  public:
@@ -49,4 +49,4 @@ class ViewPause {
   bool ended_ = false;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::model

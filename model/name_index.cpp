@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace quarvel {
+namespace quarvel::model {
 
 void NameIndex::Clear() { *this = NameIndex(); }
 
@@ -76,4 +76,4 @@ NameIndex::Place NameIndex::FindSentOn(std::size_t bucket) const {
   return {bucket, 0};
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -20,7 +20,7 @@
 #include "platform/large_pages.h"
 #include "text/prefetch.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 class NameIndex {
  public:
@@ -151,4 +151,4 @@ class NameIndex {
   bool stale_ = false;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::model

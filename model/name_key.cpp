@@ -1,6 +1,6 @@
 #include "model/name_key.h"
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 std::uint64_t Load(const char* p) {
@@ -38,4 +38,4 @@ NameKey NameKey::OfLong(std::string_view name) {
   return OfParts(hash, kLong);
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

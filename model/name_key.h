@@ -9,7 +9,7 @@
 #include <cstring>
 #include <string_view>
 
-namespace quarvel {
+namespace quarvel::model {
 
 struct NameKey {
   std::uint64_t low = 0;
@@ -95,4 +95,4 @@ struct NameKey {
   }();
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -12,7 +12,7 @@
 #include "platform/automation_error.h"
 #include "platform/large_pages.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 [[noreturn]] inline void RaiseSubscriptOutOfRange() {
   RaiseRunTimeError(RunTimeError::kSubscriptOutOfRange);
@@ -71,4 +71,4 @@ class OneBased {
   Store store_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <cstring>
 
-namespace quarvel {
+namespace quarvel::model {
 
 class PackedDouble {
  public:
@@ -26,4 +26,4 @@ class PackedDouble {
   std::array<std::uint32_t, 2> words_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -3,7 +3,7 @@
 #include "model/model_store.h"
 #include "model/record_number.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 const RecordKind kRowKind = {
     .noun = "row",
@@ -55,4 +55,4 @@ bool HasRecord(const ModelQueries& model, const RecordKind& kind, std::int32_t n
   return InRange(number, (model.*kind.count)());
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

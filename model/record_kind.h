@@ -11,7 +11,7 @@
 
 #include "model/model_interface.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 class ModelStore;
 
@@ -51,4 +51,4 @@ extern const RecordKind kColumnKind;
 // Whether the model has a record of that number.
 bool HasRecord(const ModelQueries& model, const RecordKind& kind, std::int32_t number);
 
-}  // namespace quarvel
+}  // namespace quarvel::model

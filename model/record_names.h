@@ -6,7 +6,7 @@
 
 #include "model/one_based.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 // Gives the name of a number. Valid as long as `records` is.
 template <class Record>
@@ -14,4 +14,4 @@ auto NamesOf(const OneBased<Record>& records) {
   return [&records](std::int32_t number) -> const std::string& { return records[number].Name; };
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

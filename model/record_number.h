@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-namespace quarvel {
+namespace quarvel::model {
 
 // True when the public number `index` lies in 0..count-1.
 constexpr bool InRange(std::int32_t index, std::int32_t count) {
@@ -15,4 +15,4 @@ constexpr bool InRange(std::int32_t index, std::int32_t count) {
 constexpr std::int32_t Stored(std::int32_t index) { return index + 1; }
 constexpr std::int32_t Public(std::int32_t number) { return number - 1; }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

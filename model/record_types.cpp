@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 // A type is the place of its line.
@@ -61,4 +61,4 @@ std::string ColumnTypeLetters() {
   return letters;
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

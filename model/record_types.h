@@ -10,7 +10,7 @@
 
 #include "model/bounds.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 // A fresh row has no type until it is given one.
 enum class RowType : std::uint8_t { kNone, kFree, kGreater, kLess, kEqual, kRanged };
@@ -113,4 +113,4 @@ inline std::string TypeText(ColumnType type) { return std::string(TraitsOf(type)
 std::string RowTypeLetters();
 std::string ColumnTypeLetters();
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -10,7 +10,7 @@
 #include "model/stored_model.h"
 #include "platform/large_pages.h"
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 // Places among the entries of all rows, which stand row after row.
@@ -163,4 +163,4 @@ class RowLists {
 
 void FillRowLists(StoredModel& model) { RowLists(model).Fill(); }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

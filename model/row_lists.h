@@ -1,7 +1,7 @@
 // Row lists made from column lists, for a whole model at once.
 #pragma once
 
-namespace quarvel {
+namespace quarvel::model {
 
 struct StoredModel;
 
@@ -16,4 +16,4 @@ struct StoredModel;
 // same: tests/model/row_lists_test.cpp.
 void FillRowLists(StoredModel& model);
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -1,6 +1,6 @@
 #include "model/stored_model.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 const NameIndex& RebuiltRowNames(StoredModel& model) {
   model.row_names.Rebuild(model.data.NumberOfRows, NamesOf(model.data.Rows));
@@ -40,4 +40,4 @@ void ReleaseRecords(StoredModel& model) {
   model.column_names.Clear();
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -10,7 +10,7 @@
 #include "model/name_index.h"
 #include "model/record_names.h"
 
-namespace quarvel {
+namespace quarvel::model {
 
 struct StoredModel {
   ModelData data;
@@ -47,4 +47,4 @@ void RebuildRowIndexes(ModelData& data);
 // elements 0. The binding-row indexes are not touched.
 void ReleaseRecords(StoredModel& model);
 
-}  // namespace quarvel
+}  // namespace quarvel::model

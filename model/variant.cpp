@@ -5,7 +5,7 @@
 #include "platform/automation_error.h"
 #include "text/numbers.h"
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 double NumberFromText(const std::string& text) {
@@ -56,4 +56,4 @@ std::string Variant::ToText() const {
       value_);
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::model

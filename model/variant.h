@@ -7,7 +7,7 @@
 #include <string_view>
 #include <variant>
 
-namespace quarvel {
+namespace quarvel::model {
 
 class Variant {
  public:
@@ -37,4 +37,4 @@ class Variant {
   std::variant<std::monostate, Null, bool, std::int64_t, double, std::string> value_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::model

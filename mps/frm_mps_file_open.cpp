@@ -3,7 +3,7 @@
 #include "platform/desktop.h"
 #include "platform/files.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 std::string frmMPSFileOpen::Choose(platform::FileDialog request, const std::string& location) {
   Load();
@@ -14,4 +14,4 @@ std::string frmMPSFileOpen::Choose(platform::FileDialog request, const std::stri
   return path;
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

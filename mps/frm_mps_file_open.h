@@ -7,7 +7,7 @@
 #include "platform/file_dialog.h"
 #include "platform/form.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 class frmMPSFileOpen : public platform::Form {
  public:
@@ -22,4 +22,4 @@ class frmMPSFileOpen : public platform::Form {
   std::string folder_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

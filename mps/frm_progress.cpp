@@ -5,7 +5,7 @@
 #include "platform/box.h"
 #include "platform/desktop.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 using platform::BoxKind;
 using platform::MsgBoxResult;
@@ -60,4 +60,4 @@ void frmProgress::AskToStop() {
   cmdStop.set_caption("Stopping...");
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

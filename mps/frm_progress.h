@@ -12,7 +12,7 @@
 #include "platform/basic_controls.h"
 #include "platform/form.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 class frmProgress : public platform::Form {
  public:
@@ -44,4 +44,4 @@ class frmProgress : public platform::Form {
   bool starting_ = false;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

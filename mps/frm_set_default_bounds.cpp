@@ -2,7 +2,7 @@
 
 #include "model/model_store.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 frmSetDefaultBounds::frmSetDefaultBounds(platform::Desktop& desktop)
     : Form(desktop, "frmSetDefaultBounds"),
@@ -42,4 +42,4 @@ void frmSetDefaultBounds::Accept() {
   Unload();
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -6,9 +6,11 @@
 #include "platform/basic_controls.h"
 #include "platform/form.h"
 
-namespace quarvel {
-
+namespace quarvel::model {
 class ModelStore;
+}  // namespace quarvel::model
+
+namespace quarvel::mps {
 
 class frmSetDefaultBounds : public platform::Form {
  public:
@@ -18,7 +20,7 @@ class frmSetDefaultBounds : public platform::Form {
   void Choose(bool infinite);
 
   // The store whose setting the dialog makes. Dropped when it unloads.
-  ModelStore* Parent = nullptr;
+  model::ModelStore* Parent = nullptr;
 
   platform::Label lblChoose;
   platform::OptionButton optZeroToLimit;   // lower bound 0
@@ -33,4 +35,4 @@ class frmSetDefaultBounds : public platform::Form {
   void Accept();
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

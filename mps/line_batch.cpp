@@ -5,7 +5,7 @@
 
 #include "text/byte_block.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 using text::ByteBlock;
@@ -80,4 +80,4 @@ void LineBatch::Fill(LineReader& reader) {
   reader.Took(next);
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -19,7 +19,7 @@
 #include "mps/line_reader.h"
 #include "mps/tokens.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 struct PlainLine {
   const char* text = nullptr;
@@ -46,4 +46,4 @@ class LineBatch {
   std::size_t size_ = 0;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

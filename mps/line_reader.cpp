@@ -8,7 +8,7 @@
 #include "text/byte_block.h"
 #include "text/encoding.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 // Read at once: few calls, and small enough to stay in the processor's cache beside the names.
@@ -143,4 +143,4 @@ void LineReader::SkipByteOrderMark() {
   if (end_ - next_ >= 3 && std::memcmp(next_, "\xEF\xBB\xBF", 3) == 0) next_ += 3;
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -16,7 +16,7 @@
 
 #include "platform/files.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 struct Line {
   // The text, which may be changed in place; valid until the next line is read. After it stand at
@@ -77,4 +77,4 @@ class LineReader {
   std::string converted_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -1,6 +1,6 @@
 #include "mps/line_source.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 const TokenKeys kNoKeys;
@@ -42,4 +42,4 @@ bool LineSource::NextAlone() {
   return true;
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

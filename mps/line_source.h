@@ -19,7 +19,7 @@
 #include "mps/token_keys.h"
 #include "mps/tokens.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 // The line at hand. What it gives out is valid until the next one.
 class SourceLine {
@@ -37,9 +37,9 @@ class SourceLine {
   // only.
   std::size_t token_count() const { return line_->tokens.count(); }
   std::string_view operator[](std::size_t token) const { return line_->tokens[token]; }
-  NameKey Key(std::size_t token) const {
-    const NameKey* const key = keys_->Find(token);
-    return key != nullptr ? *key : NameKey::Of(line_->tokens[token]);
+  model::NameKey Key(std::size_t token) const {
+    const model::NameKey* const key = keys_->Find(token);
+    return key != nullptr ? *key : model::NameKey::Of(line_->tokens[token]);
   }
   // True only when the first token is that of the line before.
   bool goes_on() const { return keys_->goes_on(); }
@@ -62,7 +62,7 @@ class LineSource {
  public:
   // `fill`: the model whose names are prefetched; nothing else of it is touched. Must outlive the
   // source.
-  explicit LineSource(const ModelFill& fill) : fill_(fill) {}
+  explicit LineSource(const model::ModelFill& fill) : fill_(fill) {}
 
   // Raises what opening the file raises; there are no lines then.
   void Open(const std::string& path);
@@ -95,7 +95,7 @@ class LineSource {
   bool NextBatch(Section section);
   bool NextAlone();
 
-  ModelFill fill_;
+  model::ModelFill fill_;
   std::unique_ptr<LineReader> reader_;
   std::uint64_t file_size_ = 0;
   std::uint64_t characters_read_ = 0;
@@ -105,4 +105,4 @@ class LineSource {
   std::size_t used_ = 0;  // lines of the batch that are given out
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-namespace quarvel {
+namespace quarvel::mps {
 void ModelSink::DropRecords() { fill_.Begin(); }
 
 void ModelSink::DropTexts() {
@@ -30,10 +30,11 @@ std::int32_t ModelSink::FindColumn(const SourceLine& line, std::size_t token) co
   return fill_.FindColumn(line.Key(token), line[token]);
 }
 
-void ModelSink::AddRow(const SourceLine& line, std::size_t token, RowType type) {
-  const ModelData& data = fill_.data();
-  if (data.Rows.IsFull()) fill_.ReserveRows(ExpectedCount(data.NumberOfRows, sizeof(RowRecord)));
-  const RowTypeTraits& traits = TraitsOf(type);
+void ModelSink::AddRow(const SourceLine& line, std::size_t token, model::RowType type) {
+  const model::ModelData& data = fill_.data();
+  if (data.Rows.IsFull())
+    fill_.ReserveRows(ExpectedCount(data.NumberOfRows, sizeof(model::RowRecord)));
+  const model::RowTypeTraits& traits = model::TraitsOf(type);
   fill_.AppendRow(line.Key(token), line[token], type, {traits.FreshLower(), traits.FreshUpper()});
 }
 
@@ -44,13 +45,13 @@ std::int32_t ModelSink::FindColumnToTakeUp(const SourceLine& line) {
   return column;
 }
 
-std::int32_t ModelSink::AddColumn(const SourceLine& line, ColumnType type) {
-  const ModelData& data = fill_.data();
+std::int32_t ModelSink::AddColumn(const SourceLine& line, model::ColumnType type) {
+  const model::ModelData& data = fill_.data();
   if (data.Columns.IsFull()) {
-    fill_.ReserveColumns(ExpectedCount(data.NumberOfColumns, sizeof(ColumnRecord)));
+    fill_.ReserveColumns(ExpectedCount(data.NumberOfColumns, sizeof(model::ColumnRecord)));
   }
-  const double lower = data.DefaultToPlusMinusInfinity ? -BoundLimit : 0;
-  last_column_ = fill_.AppendColumn(line.Key(1), line[1], type, {lower, BoundLimit});
+  const double lower = data.DefaultToPlusMinusInfinity ? -model::BoundLimit : 0;
+  last_column_ = fill_.AppendColumn(line.Key(1), line[1], type, {lower, model::BoundLimit});
   last_column_line_ = line.number();
   return last_column_;
 }
@@ -73,4 +74,4 @@ std::int32_t ModelSink::ExpectedCount(std::int32_t count, std::size_t bytes_each
   return count + static_cast<std::int32_t>(std::min(more + enough, most));
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

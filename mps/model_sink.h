@@ -16,12 +16,13 @@
 #include "model/model_fill.h"
 #include "mps/line_source.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 class ModelSink {
  public:
   // The store of `fill` and `source` must outlive the sink. `source` tells how far the file has been read.
-  ModelSink(const ModelFill& fill, const LineSource& source) : fill_(fill), source_(source) {}
+  ModelSink(const model::ModelFill& fill, const LineSource& source)
+      : fill_(fill), source_(source) {}
 
   // Drops exactly this much of the old model: its location and settings stay.
   void DropRecords();
@@ -38,11 +39,11 @@ class ModelSink {
   bool HasColumns() const { return fill_.data().NumberOfColumns >= 1; }
   std::int32_t FindRow(const SourceLine& line, std::size_t token) const;
   std::int32_t FindColumn(const SourceLine& line, std::size_t token) const;
-  RowLimits Row(std::int32_t row) { return fill_.Row(row); }
-  Bounds& Column(std::int32_t column) { return fill_.ColumnBounds(column); }
+  model::RowLimits Row(std::int32_t row) { return fill_.Row(row); }
+  model::Bounds& Column(std::int32_t column) { return fill_.ColumnBounds(column); }
 
   // A row whose name no row has yet.
-  void AddRow(const SourceLine& line, std::size_t token, RowType type);
+  void AddRow(const SourceLine& line, std::size_t token, model::RowType type);
   // The column of that line, 0 when it is new.
   std::int32_t TakeUpColumn(const SourceLine& line) {
     const bool certain =
@@ -56,7 +57,7 @@ class ModelSink {
     return last_column_;
   }
   // The column of that line, whose name no column has yet.
-  std::int32_t AddColumn(const SourceLine& line, ColumnType type);
+  std::int32_t AddColumn(const SourceLine& line, model::ColumnType type);
   void AddElement(std::int32_t row, std::int32_t column, double value) {
     fill_.AppendElement(row, column, value);
   }
@@ -65,11 +66,11 @@ class ModelSink {
   std::int32_t FindColumnToTakeUp(const SourceLine& line);
   std::int32_t ExpectedCount(std::int32_t count, std::size_t bytes_each) const;
 
-  ModelFill fill_;
+  model::ModelFill fill_;
   const LineSource& source_;
   std::uint64_t section_start_ = 0;    // bytes read when the section began
   std::int32_t last_column_ = 0;       // the column of the last data line of COLUMNS
   std::int64_t last_column_line_ = 0;  // its number; 0 when an event may have changed the column
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

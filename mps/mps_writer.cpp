@@ -9,7 +9,7 @@
 #include "text/encoding.h"
 #include "text/numbers.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 constexpr std::size_t kNameWidth = 10;
@@ -45,8 +45,8 @@ bool IsBlank(std::string_view lines) {
 }
 
 // What the RHS section says of a row; nothing for a limit that reads back without a line.
-std::optional<double> RightHandSideOf(const RowRecord& row) {
-  const RowTypeTraits& type = TraitsOf(row.Type);
+std::optional<double> RightHandSideOf(const model::RowRecord& row) {
+  const model::RowTypeTraits& type = model::TraitsOf(row.Type);
   if (!type.has_lower && !type.has_upper) return std::nullopt;
   const double limit = type.has_lower ? row.LowerBound : row.UpperBound;
   return limit != 0 ? std::optional(limit) : std::nullopt;
@@ -91,7 +91,8 @@ MpsWriter::NameField::NameField(std::string_view text, std::size_t characters)
       fits(characters <= kLongestFixedName),
       blanks(fits ? kNameWidth - characters : 0) {}
 
-MpsWriter::MpsWriter(const ModelData& data, platform::OutputFile& file) : data_(data), file_(file) {
+MpsWriter::MpsWriter(const model::ModelData& data, platform::OutputFile& file)
+    : data_(data), file_(file) {
   lines_.reserve(kHandOverSize + kHandOverSize / 4);
 }
 
@@ -122,10 +123,10 @@ void MpsWriter::WriteDescription() {
 void MpsWriter::WriteRows() {
   WriteLine(kRows);
   for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
-    const RowRecord& row = data_.Rows[i];
+    const model::RowRecord& row = data_.Rows[i];
     if (row.ElementCount() == 0) continue;
     lines_ += ' ';
-    lines_ += TraitsOf(row.Type).file_letter;
+    lines_ += model::TraitsOf(row.Type).file_letter;
     WriteLine(kGap, row.Name);
   }
 }
@@ -135,8 +136,8 @@ void MpsWriter::WriteColumns() {
   BuildRowLabels();
   std::int32_t integers = 0;
   for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) {
-    const ColumnRecord& column = data_.Columns[j];
-    if (column.Type == ColumnType::kInteger) {
+    const model::ColumnRecord& column = data_.Columns[j];
+    if (column.Type == model::ColumnType::kInteger) {
       ++integers;
     } else {
       WriteElements(column);
@@ -145,8 +146,8 @@ void MpsWriter::WriteColumns() {
   if (integers == 0) return;
   WriteLine(kIntegersBegin);
   for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) {
-    const ColumnRecord& column = data_.Columns[j];
-    if (column.Type == ColumnType::kInteger) WriteElements(column);
+    const model::ColumnRecord& column = data_.Columns[j];
+    if (column.Type == model::ColumnType::kInteger) WriteElements(column);
   }
   WriteLine(kIntegersEnd);
 }
@@ -174,7 +175,7 @@ MpsWriter::NameField MpsWriter::RowName(std::int32_t number) const {
   return {std::string_view(label.padded.data(), label.length), label.length};
 }
 
-void MpsWriter::WriteElements(const ColumnRecord& column) {
+void MpsWriter::WriteElements(const model::ColumnRecord& column) {
   const std::int32_t count = column.ElementCount();
   for (std::int32_t k = 1; k <= std::min(count, kRowsPrefetchedAhead); ++k) {
     PrefetchRow(column.Elements[k].Index);
@@ -186,7 +187,7 @@ void MpsWriter::WriteElements(const ColumnRecord& column) {
     if (k <= count - kRowsPrefetchedAhead) {
       PrefetchRow(column.Elements[k + kRowsPrefetchedAhead].Index);
     }
-    const ElementEntry& element = column.Elements[k];
+    const model::ElementEntry& element = column.Elements[k];
     const std::string_view value = Format(element.Value, text::Picture::kElement);
     const RowLabel& row = row_labels_[element.Index];
     if (plain && row.length != kOnlyInRow && FitsValueField(value)) {
@@ -219,7 +220,7 @@ void MpsWriter::WriteElement(const NameField& column, const NameField& row,
 void MpsWriter::WriteRightHandSides() {
   WriteLine(kRightHandSides);
   for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
-    const RowRecord& row = data_.Rows[i];
+    const model::RowRecord& row = data_.Rows[i];
     const NameField name(row.Name);
     if (!name.fits) standard_ = false;
     if (const auto value = RightHandSideOf(row)) WriteRowEntry(kRightHandSide, name, *value);
@@ -229,8 +230,8 @@ void MpsWriter::WriteRightHandSides() {
 void MpsWriter::WriteRanges() {
   bool header_due = true;
   for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
-    const RowRecord& row = data_.Rows[i];
-    if (row.Type != RowType::kRanged) continue;
+    const model::RowRecord& row = data_.Rows[i];
+    if (row.Type != model::RowType::kRanged) continue;
     if (header_due) WriteLine(kRanges);
     header_due = false;
     WriteRowEntry(kRange, NameField(row.Name), row.UpperBound - row.LowerBound);
@@ -260,36 +261,36 @@ void MpsWriter::WriteRowEntry(std::string_view prefix, const NameField& row, dou
 void MpsWriter::WriteBounds() {
   WriteLine(kBounds);
   for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) {
-    const ColumnRecord& column = data_.Columns[j];
+    const model::ColumnRecord& column = data_.Columns[j];
     const NameField name(column.Name);
     WriteLowerBound(column, name);
     WriteUpperBound(column, name);
   }
 }
 
-void MpsWriter::WriteLowerBound(const ColumnRecord& column, const NameField& name) {
+void MpsWriter::WriteLowerBound(const model::ColumnRecord& column, const NameField& name) {
   const double lower = column.LowerBound;
-  const bool due = lower != 0 && lower != column.UpperBound && lower != -BoundLimit;
+  const bool due = lower != 0 && lower != column.UpperBound && lower != -model::BoundLimit;
   const std::string_view value = Format(lower, text::Picture::kBound);
   if (name.fits && FitsValueField(value)) {
-    if (due) WriteFixedBound(BoundCode::kLower, name, value);
+    if (due) WriteFixedBound(model::BoundCode::kLower, name, value);
   } else {
     standard_ = false;
-    if (due) WriteFreeBound(BoundCode::kLower, name, FormatGeneral(lower));
+    if (due) WriteFreeBound(model::BoundCode::kLower, name, FormatGeneral(lower));
   }
 }
 
-void MpsWriter::WriteUpperBound(const ColumnRecord& column, const NameField& name) {
+void MpsWriter::WriteUpperBound(const model::ColumnRecord& column, const NameField& name) {
   const double upper = column.UpperBound;
   const bool fixed = upper == column.LowerBound;
-  if (!fixed && upper == BoundLimit) {
-    if (column.LowerBound != -BoundLimit) return;
+  if (!fixed && upper == model::BoundLimit) {
+    if (column.LowerBound != -model::BoundLimit) return;
     standard_ = false;
-    AppendBoundCode(BoundCode::kFree);
+    AppendBoundCode(model::BoundCode::kFree);
     WriteLine(name.name);
     return;
   }
-  const BoundCode code = fixed ? BoundCode::kFixed : BoundCode::kUpper;
+  const model::BoundCode code = fixed ? model::BoundCode::kFixed : model::BoundCode::kUpper;
   const std::string_view value = Format(upper, text::Picture::kBound);
   if (name.fits && FitsValueField(value)) {
     WriteFixedBound(code, name, value);
@@ -300,20 +301,22 @@ void MpsWriter::WriteUpperBound(const ColumnRecord& column, const NameField& nam
   }
 }
 
-void MpsWriter::AppendBoundCode(BoundCode code) {
+void MpsWriter::AppendBoundCode(model::BoundCode code) {
   lines_ += ' ';
-  lines_ += TraitsOf(code).letters;
+  lines_ += model::TraitsOf(code).letters;
   lines_ += kBoundSet;
 }
 
-void MpsWriter::WriteFixedBound(BoundCode code, const NameField& column, std::string_view value) {
+void MpsWriter::WriteFixedBound(model::BoundCode code, const NameField& column,
+                                std::string_view value) {
   AppendBoundCode(code);
   AppendPadded(column);
   AppendRightAligned(value);
   EndLine();
 }
 
-void MpsWriter::WriteFreeBound(BoundCode code, const NameField& column, std::string_view value) {
+void MpsWriter::WriteFreeBound(model::BoundCode code, const NameField& column,
+                               std::string_view value) {
   AppendBoundCode(code);
   lines_ += column.name;
   lines_ += kGap;
@@ -359,4 +362,4 @@ void MpsWriter::HandOver() {
   lines_.clear();
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -40,7 +40,7 @@
 #include "platform/files.h"
 #include "text/picture.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 class MpsWriter {
  public:
@@ -48,7 +48,7 @@ class MpsWriter {
   static constexpr std::size_t kLongestFixedName = 8;
 
   // Both must outlive the writer; the data must be settled and stay as it is.
-  MpsWriter(const ModelData& data, platform::OutputFile& file);
+  MpsWriter(const model::ModelData& data, platform::OutputFile& file);
 
   // Writes everything; closing the file is left to its owner. Raises when the file cannot take it,
   // and 9 for a coefficient at a row that is not stored.
@@ -78,13 +78,13 @@ class MpsWriter {
   void WriteDescription();
   void WriteRows();
   void WriteColumns();
-  void WriteElements(const ColumnRecord& column);
+  void WriteElements(const model::ColumnRecord& column);
   void WriteElement(const NameField& column, const NameField& row, std::string_view value);
   void WriteRightHandSides();
   void WriteRanges();
   void WriteBounds();
-  void WriteLowerBound(const ColumnRecord& column, const NameField& name);
-  void WriteUpperBound(const ColumnRecord& column, const NameField& name);
+  void WriteLowerBound(const model::ColumnRecord& column, const NameField& name);
+  void WriteUpperBound(const model::ColumnRecord& column, const NameField& name);
 
   void BuildRowLabels();
   // Has the label fetched while other work is done.
@@ -97,20 +97,20 @@ class MpsWriter {
   void WriteLine(std::string_view prefix, std::string_view rest = {});
   // An entry of RHS or RANGES: name and value leave the fixed columns independently of each other.
   void WriteRowEntry(std::string_view prefix, const NameField& row, double value);
-  void AppendBoundCode(BoundCode code);
-  void WriteFixedBound(BoundCode code, const NameField& column, std::string_view value);
-  void WriteFreeBound(BoundCode code, const NameField& column, std::string_view value);
+  void AppendBoundCode(model::BoundCode code);
+  void WriteFixedBound(model::BoundCode code, const NameField& column, std::string_view value);
+  void WriteFreeBound(model::BoundCode code, const NameField& column, std::string_view value);
   void AppendPadded(const NameField& field);
   void AppendRightAligned(std::string_view value);
   void EndLine();
   void HandOver();
 
-  const ModelData& data_;
+  const model::ModelData& data_;
   platform::OutputFile& file_;
-  OneBased<RowLabel> row_labels_;
+  model::OneBased<RowLabel> row_labels_;
   std::string lines_;  // not yet handed to the file
   std::string value_;
   bool standard_ = true;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -8,7 +8,7 @@
 #include "platform/file_dialog.h"
 #include "platform/files.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 // The reader opens the file itself and asks about a failure there; here only the bar wants the
@@ -21,19 +21,19 @@ std::uint64_t LengthForBar(const std::string& path) {
   }
 }
 
-void AskForDefaultBounds(ModelStore& store, frmSetDefaultBounds& dialog) {
+void AskForDefaultBounds(model::ModelStore& store, frmSetDefaultBounds& dialog) {
   dialog.Parent = &store;
   dialog.Load();
   dialog.ShowModal();
 }
 
-ReadResult ResultOf(const ModelStore& store) {
+ReadResult ResultOf(const model::ModelStore& store) {
   return static_cast<ReadResult>(store.settings().ReadMPSFileErr);
 }
 
 }  // namespace
 
-ReadResult ChooseAndRead(ModelStore& store, const ReadWindows& windows,
+ReadResult ChooseAndRead(model::ModelStore& store, const ReadWindows& windows,
                          const std::function<void()>& start) {
   frmProgress& progress = windows.progress;
   // A read or simplification of this model is going on and its window can show one thing only.
@@ -42,7 +42,7 @@ ReadResult ChooseAndRead(ModelStore& store, const ReadWindows& windows,
   request.kind = platform::FileDialog::Kind::kOpen;
   request.title = "Identify the MPS file to open";
   request.filter = "MPS files (*.MPS)|*.MPS|all files (*.*)|*.*";
-  ModelSettings& settings = store.settings();
+  model::ModelSettings& settings = store.settings();
   settings.strMPSFile.clear();
   settings.strMPSFile = windows.file_open.Choose(request, settings.FileLocation);
   settings.FileLocation = settings.strMPSFile;
@@ -59,10 +59,10 @@ ReadResult ChooseAndRead(ModelStore& store, const ReadWindows& windows,
   return ResultOf(store);
 }
 
-ReadResult ReadInto(ModelStore& store, platform::Desktop& desktop, ReadHost& host,
+ReadResult ReadInto(model::ModelStore& store, platform::Desktop& desktop, ReadHost& host,
                     frmProgress& window) {
   ReadRun(store, desktop, host, window.TakeStart() ? &window : nullptr).Run();
   return ResultOf(store);
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

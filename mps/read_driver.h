@@ -9,7 +9,7 @@
 #include "mps/read_ending.h"
 #include "platform/desktop.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 class frmMPSFileOpen;
 class frmProgress;
@@ -25,12 +25,12 @@ struct ReadWindows {
 
 // Asks for a file and for default bounds and shows the progress window, which calls `start` once it
 // is there. Raises 400 while that window is on the screen, with nothing touched.
-ReadResult ChooseAndRead(ModelStore& store, const ReadWindows& windows,
+ReadResult ChooseAndRead(model::ModelStore& store, const ReadWindows& windows,
                          const std::function<void()>& start);
 
 // Reads settings().strMPSFile into the store. The outcome is settings().ReadMPSFileErr too. `window`
 // shows progress when this is the read that its activation has started.
-ReadResult ReadInto(ModelStore& store, platform::Desktop& desktop, ReadHost& host,
+ReadResult ReadInto(model::ModelStore& store, platform::Desktop& desktop, ReadHost& host,
                     frmProgress& window);
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

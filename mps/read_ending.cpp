@@ -4,7 +4,7 @@
 #include "platform/box.h"
 #include "platform/desktop.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 void ReadEnding::Run() {
   if (IsDone()) questions_.Guarded([this] { CheckModel(); });
@@ -22,7 +22,7 @@ void ReadEnding::Check(bool good, ReadProblemCode code) {
 }
 
 void ReadEnding::CheckModel() {
-  const ModelData& data = store_.data();
+  const model::ModelData& data = store_.data();
   Check(data.NumberOfRows >= 1, ReadProblemCode::kNoRows);
   Check(data.NumberOfColumns >= 1, ReadProblemCode::kNoColumns);
   Check(data.NumberOfElements >= 1, ReadProblemCode::kNoElements);
@@ -92,4 +92,4 @@ void ReadEnding::CloseWindow() {
   if (window_ != nullptr) window_->Finish();
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -9,7 +9,7 @@
 #include "model/model_store.h"
 #include "mps/read_questions.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 class frmProgress;
 
@@ -34,8 +34,8 @@ class ReadHost {
 class ReadEnding {
  public:
   // All must outlive the ending. `window`: the progress window, null for none.
-  ReadEnding(ModelStore& store, platform::Desktop& desktop, ReadHost& host, frmProgress* window,
-             ReadQuestions& questions)
+  ReadEnding(model::ModelStore& store, platform::Desktop& desktop, ReadHost& host,
+             frmProgress* window, ReadQuestions& questions)
       : store_(store), desktop_(desktop), host_(host), window_(window), questions_(questions) {}
 
   // Ends a read that is done, stopped or failed. Raises nothing that the model causes.
@@ -55,11 +55,11 @@ class ReadEnding {
   void EndAsFailed();
   void CloseWindow();
 
-  ModelStore& store_;
+  model::ModelStore& store_;
   platform::Desktop& desktop_;
   ReadHost& host_;
   frmProgress* window_;
   ReadQuestions& questions_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -7,7 +7,7 @@
 #include "mps/line_reader.h"
 #include "text/numbers.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 // What follows the words. Hosts have come to know each of them.
@@ -87,4 +87,4 @@ std::string TextOf(const ReadProblem& problem) {
   return std::string(known.words) + TailOf(problem, known.tail);
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -7,7 +7,7 @@
 
 #include "platform/automation_error.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 enum class ReadProblemCode : std::uint8_t {
   // of a line
@@ -46,4 +46,4 @@ struct ReadProblem {
 // The problem in words, without a question.
 std::string TextOf(const ReadProblem& problem);
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

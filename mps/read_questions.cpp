@@ -3,7 +3,7 @@
 #include "platform/box.h"
 #include "platform/desktop.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 platform::Box BoxOf(const ReadProblem& problem) {
@@ -30,4 +30,4 @@ bool ReadQuestions::GoesOnAfter(const ReadProblem& problem) {
   return false;
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -6,11 +6,11 @@
 #include "mps/model_sink.h"
 #include "mps/read_problem.h"
 
-namespace quarvel {
-
-namespace platform {
+namespace quarvel::platform {
 class Desktop;
-}  // namespace platform
+}  // namespace quarvel::platform
+
+namespace quarvel::mps {
 
 enum class ReadState {
   kReading,
@@ -47,4 +47,4 @@ class ReadQuestions {
   ReadState state_ = ReadState::kReading;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -6,8 +6,9 @@
 #include "platform/desktop.h"
 #include "text/picture.h"
 
-namespace quarvel {
-ReadRun::ReadRun(ModelStore& store, platform::Desktop& desktop, ReadHost& host, frmProgress* window)
+namespace quarvel::mps {
+ReadRun::ReadRun(model::ModelStore& store, platform::Desktop& desktop, ReadHost& host,
+                 frmProgress* window)
     : settings_(store.settings()),
       desktop_(desktop),
       window_(window),
@@ -62,4 +63,4 @@ void ReadRun::ReportProgress() {
   if (window_ != nullptr && window_->StopRequested) questions_.set_state(ReadState::kStopped);
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

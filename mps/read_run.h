@@ -17,7 +17,7 @@
 #include "mps/read_questions.h"
 #include "mps/sections.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 inline constexpr std::string_view kReadingCaption = "Progress: Reading MPS File";
 
@@ -25,7 +25,8 @@ class ReadRun {
  public:
   // All must outlive the run. `window`: the progress window that this read reports to and takes
   // Stop from; null for none.
-  ReadRun(ModelStore& store, platform::Desktop& desktop, ReadHost& host, frmProgress* window);
+  ReadRun(model::ModelStore& store, platform::Desktop& desktop, ReadHost& host,
+          frmProgress* window);
 
   // Reads the file strMPSFile. Raises nothing that the file causes; the outcome is ReadMPSFileErr.
   void Run();
@@ -43,7 +44,7 @@ class ReadRun {
   void ReadLines();
   void ReportProgress();
 
-  ModelSettings& settings_;
+  model::ModelSettings& settings_;
   platform::Desktop& desktop_;
   frmProgress* window_;
   std::int64_t next_event_ = kLinesBetweenEvents;  // the line before which events run
@@ -54,4 +55,4 @@ class ReadRun {
   ReadEnding ending_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

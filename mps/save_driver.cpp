@@ -14,7 +14,7 @@
 #include "platform/file_dialog.h"
 #include "platform/files.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 constexpr std::string_view kNoElements = "No elements in the model.  Aborting save.";
@@ -63,7 +63,7 @@ class Backup {
 
 // Writes and closes the file; nothing when the model has no elements (the file is empty then), else
 // whether it is a standard one.
-std::optional<bool> WriteFile(const ModelData& data, const std::string& path) {
+std::optional<bool> WriteFile(const model::ModelData& data, const std::string& path) {
   platform::OutputFile file(path);
   std::optional<bool> standard;
   if (data.NumberOfElements != 0) {
@@ -76,9 +76,9 @@ std::optional<bool> WriteFile(const ModelData& data, const std::string& path) {
   return standard;
 }
 
-void Save(ModelStore& store, platform::Desktop& desktop, const std::string& path,
+void Save(model::ModelStore& store, platform::Desktop& desktop, const std::string& path,
           std::optional<Backup>& backup) {
-  const ModelData& data = store.data();
+  const model::ModelData& data = store.data();
   if (path == data.FileLocation) backup.emplace(path).Make();
   const std::optional<bool> standard = WriteFile(data, path);
   if (!standard) {
@@ -92,7 +92,8 @@ void Save(ModelStore& store, platform::Desktop& desktop, const std::string& path
 
 }  // namespace
 
-SaveResult SaveModel(ModelStore& store, platform::Desktop& desktop, const std::string& path) {
+SaveResult SaveModel(model::ModelStore& store, platform::Desktop& desktop,
+                     const std::string& path) {
   if (path.empty()) return SaveResult::kNotSaved;
   std::optional<Backup> backup;
   std::optional<AutomationError> failure;
@@ -109,7 +110,7 @@ SaveResult SaveModel(ModelStore& store, platform::Desktop& desktop, const std::s
   return SaveResult::kNotSaved;
 }
 
-std::string ChoosePathToSave(const ModelStore& store, frmMPSFileOpen& file_dialog) {
+std::string ChoosePathToSave(const model::ModelStore& store, frmMPSFileOpen& file_dialog) {
   platform::FileDialog request;
   request.kind = platform::FileDialog::Kind::kSave;
   request.title = "Save As...";
@@ -120,4 +121,4 @@ std::string ChoosePathToSave(const ModelStore& store, frmMPSFileOpen& file_dialo
   return path;
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

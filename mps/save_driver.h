@@ -8,7 +8,7 @@
 #include "model/model_store.h"
 #include "platform/desktop.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 class frmMPSFileOpen;
 
@@ -16,9 +16,9 @@ enum class SaveResult : std::int16_t { kSaved = -1, kCancelled = 0, kNotSaved = 
 
 // Saved also when there was nothing to write, after its box. Not saved: an empty path, or an error,
 // after its box.
-SaveResult SaveModel(ModelStore& store, platform::Desktop& desktop, const std::string& path);
+SaveResult SaveModel(model::ModelStore& store, platform::Desktop& desktop, const std::string& path);
 
 // Asks for a path; empty when the user cancelled, after a beep.
-std::string ChoosePathToSave(const ModelStore& store, frmMPSFileOpen& file_dialog);
+std::string ChoosePathToSave(const model::ModelStore& store, frmMPSFileOpen& file_dialog);
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -1,8 +1,8 @@
 // The sections of an MPS file, as far as they hold data lines of their own.
 #pragma once
 
-namespace quarvel {
+namespace quarvel::mps {
 
 enum class Section { kStart, kRows, kColumns, kRhs, kRanges, kBounds };
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

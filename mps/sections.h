@@ -46,7 +46,7 @@
 #include "mps/section.h"
 #include "text/padded_number.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 // Where what the lines say goes. Numbers of rows and columns are the sink's own, from 1; 0 is none.
 // A name is given as the token of the line that it is.
@@ -62,11 +62,11 @@ concept RecordSink = requires(Sink sink, const SourceLine& line, std::size_t tok
   { sink.FindColumn(line, token) } -> std::same_as<std::int32_t>;
   // The column that is the first token of the line, for elements to come.
   { sink.TakeUpColumn(line) } -> std::same_as<std::int32_t>;
-  { sink.AddColumn(line, ColumnType{}) } -> std::same_as<std::int32_t>;
+  { sink.AddColumn(line, model::ColumnType{}) } -> std::same_as<std::int32_t>;
   // With the bounds of a row without right-hand side.
-  sink.AddRow(line, token, RowType{});
+  sink.AddRow(line, token, model::RowType{});
   sink.AddElement(number, number, value);  // row, column
-  { sink.Row(number).Type } -> std::convertible_to<RowType>;
+  { sink.Row(number).Type } -> std::convertible_to<model::RowType>;
   { sink.Row(number).LowerBound } -> std::convertible_to<double>;
   { sink.Row(number).UpperBound } -> std::convertible_to<double>;
   { sink.Column(number).LowerBound } -> std::convertible_to<double>;
@@ -168,8 +168,8 @@ class Sections {
 
   void UseRow(const SourceLine& line) {
     if (line.token_count() != 2) return Report(line, ReadProblemCode::kRowTokens);
-    const RowType type = RowTypeOf(line[1]);
-    if (!TraitsOf(type).in_files()) return Report(line, ReadProblemCode::kRowType);
+    const model::RowType type = model::RowTypeOf(line[1]);
+    if (!model::TraitsOf(type).in_files()) return Report(line, ReadProblemCode::kRowType);
     if (sink_.FindRow(line, 2) != 0) return Report(line, ReadProblemCode::kRowTwice, line[2]);
     sink_.AddRow(line, 2, type);
   }
@@ -191,7 +191,7 @@ class Sections {
   }
 
   void UseMarker(std::string_view marker) {
-    for (const ColumnTypeTraits& known : kColumnTypes) {
+    for (const model::ColumnTypeTraits& known : model::kColumnTypes) {
       if (known.marker == marker) column_type_ = known.type;
     }
   }
@@ -206,20 +206,20 @@ class Sections {
   }
 
   static constexpr auto ApplyRightHandSide = [](auto&& row, double value) {
-    TraitsOf(row.Type).right_hand_side.Apply(row, value);
+    model::TraitsOf(row.Type).right_hand_side.Apply(row, value);
   };
 
   static constexpr auto ApplyRange = [](auto&& row, double range) {
-    switch (TraitsOf(row.Type).range) {
-      case RangeEffect::kNothing:
+    switch (model::TraitsOf(row.Type).range) {
+      case model::RangeEffect::kNothing:
         break;
-      case RangeEffect::kSetsUpper:
+      case model::RangeEffect::kSetsUpper:
         row.UpperBound = row.LowerBound + std::fabs(range);
         break;
-      case RangeEffect::kSetsLower:
+      case model::RangeEffect::kSetsLower:
         row.LowerBound = row.UpperBound - std::fabs(range);
         break;
-      case RangeEffect::kBySign:
+      case model::RangeEffect::kBySign:
         if (range > 0) {
           row.UpperBound = row.LowerBound + range;
         } else {
@@ -232,7 +232,7 @@ class Sections {
   void UseBound(const SourceLine& line) {
     if (!sink_.HasColumns()) return Report(line, ReadProblemCode::kBoundsBeforeColumns);
     if (line.token_count() < 3) return Report(line, ReadProblemCode::kTokens);
-    const BoundCodeTraits* const code = FindBoundCode(line[1]);
+    const model::BoundCodeTraits* const code = model::FindBoundCode(line[1]);
     if (code == nullptr) return Report(line, ReadProblemCode::kBoundCode);
     double value = 0;
     if (code->needs_value) {
@@ -271,8 +271,8 @@ class Sections {
   Sink& sink_;
   Ask ask_;
   Section section_ = Section::kStart;
-  ColumnType column_type_ = ColumnType::kContinuous;
+  model::ColumnType column_type_ = model::ColumnType::kContinuous;
   bool goes_on_ = true;  // false once a problem was answered No
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -4,10 +4,10 @@
 
 #include "text/prefetch.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
-static_assert(LineBatch::kReadable >= NameKey::kReadable);
+static_assert(LineBatch::kReadable >= model::NameKey::kReadable);
 
 // Which tokens of a line are names of rows, if there are so many.
 constexpr std::size_t kFirstRow = 2;
@@ -19,14 +19,14 @@ constexpr std::size_t kBoundedColumn = 3;
 }  // namespace
 
 inline void BatchKeys::MakeKey(std::size_t line, const TokenList& tokens, std::size_t token,
-                               const NameIndex& index) {
-  const NameKey key = NameKey::OfPadded(tokens[token]);
+                               const model::NameIndex& index) {
+  const model::NameKey key = model::NameKey::OfPadded(tokens[token]);
   index.Prefetch(key);
   keys_[line].Set(token, key);
   if (key.is_long()) long_names_[long_count_++] = {key, tokens[token].size(), nullptr};
 }
 
-void BatchKeys::Make(const LineBatch& batch, Section section, const ModelFill& fill) {
+void BatchKeys::Make(const LineBatch& batch, Section section, const model::ModelFill& fill) {
   long_count_ = 0;
   switch (section) {
     case Section::kStart:
@@ -58,7 +58,7 @@ void BatchKeys::Make(const LineBatch& batch, Section section, const ModelFill& f
   }
 }
 
-void BatchKeys::MakeRowKeys(const LineBatch& batch, const NameIndex& rows) {
+void BatchKeys::MakeRowKeys(const LineBatch& batch, const model::NameIndex& rows) {
   for (std::size_t i = 0; i < batch.size(); ++i) {
     const TokenList& tokens = batch[i].tokens;
     if (tokens.count() < kFirstRow) continue;
@@ -68,12 +68,12 @@ void BatchKeys::MakeRowKeys(const LineBatch& batch, const NameIndex& rows) {
 }
 
 // Most lines go on with the column of the line before.
-void BatchKeys::MakeColumnKeys(const LineBatch& batch, const NameIndex& columns) {
+void BatchKeys::MakeColumnKeys(const LineBatch& batch, const model::NameIndex& columns) {
   std::string_view before;
   for (std::size_t i = 0; i < batch.size(); ++i) {
     const TokenList& tokens = batch[i].tokens;
     const std::string_view name = tokens.count() < kColumn ? std::string_view() : tokens[kColumn];
-    const bool goes_on = !name.empty() && NameKey::AreSamePadded(name, before);
+    const bool goes_on = !name.empty() && model::NameKey::AreSamePadded(name, before);
     keys_[i].Clear(goes_on);
     if (!goes_on && !name.empty()) MakeKey(i, tokens, kColumn, columns);
     before = name;
@@ -81,7 +81,8 @@ void BatchKeys::MakeColumnKeys(const LineBatch& batch, const NameIndex& columns)
 }
 
 template <class Record>
-void BatchKeys::PrefetchRecords(const NameIndex& index, const OneBased<Record>& records) {
+void BatchKeys::PrefetchRecords(const model::NameIndex& index,
+                                const model::OneBased<Record>& records) {
   // Numbers may be out of date when the index is; such records need not be there.
   if (index.stale()) return;
   for (std::size_t i = 0; i < long_count_; ++i) {
@@ -97,4 +98,4 @@ void BatchKeys::PrefetchRecords(const NameIndex& index, const OneBased<Record>& 
   }
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

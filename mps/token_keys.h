@@ -22,47 +22,47 @@
 #include "mps/line_batch.h"
 #include "mps/section.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 // What is known of the tokens of one line.
 class TokenKeys {
  public:
   // The key of that token, null when it has not been made.
-  const NameKey* Find(std::size_t token) const {
+  const model::NameKey* Find(std::size_t token) const {
     return (known_ >> token & 1) != 0 ? &keys_[token - 1] : nullptr;
   }
   // True when the first token is that of the line before.
   bool goes_on() const { return (known_ & 1) != 0; }
 
   void Clear(bool goes_on) { known_ = unsigned{goes_on}; }
-  void Set(std::size_t token, const NameKey& key) {
+  void Set(std::size_t token, const model::NameKey& key) {
     known_ |= 1u << token;
     keys_[token - 1] = key;
   }
 
  private:
-  std::array<NameKey, TokenList::kKept> keys_;
+  std::array<model::NameKey, TokenList::kKept> keys_;
   unsigned known_ = 0;  // bit i stands for token i
 };
 
 class BatchKeys {
  public:
   // Makes the keys of a batch that stands in that section and prefetches what they lead to.
-  void Make(const LineBatch& batch, Section section, const ModelFill& fill);
+  void Make(const LineBatch& batch, Section section, const model::ModelFill& fill);
 
   const TokenKeys& operator[](std::size_t line) const { return keys_[line]; }
 
  private:
-  void MakeRowKeys(const LineBatch& batch, const NameIndex& rows);
-  void MakeColumnKeys(const LineBatch& batch, const NameIndex& columns);
+  void MakeRowKeys(const LineBatch& batch, const model::NameIndex& rows);
+  void MakeColumnKeys(const LineBatch& batch, const model::NameIndex& columns);
   void MakeKey(std::size_t line, const TokenList& tokens, std::size_t token,
-               const NameIndex& index);
+               const model::NameIndex& index);
   template <class Record>
-  void PrefetchRecords(const NameIndex& index, const OneBased<Record>& records);
+  void PrefetchRecords(const model::NameIndex& index, const model::OneBased<Record>& records);
 
   // A key that is compared with a record, and that record's name once it is known.
   struct LongName {
-    NameKey key;
+    model::NameKey key;
     std::size_t size = 0;
     const std::string* found = nullptr;
   };
@@ -72,4 +72,4 @@ class BatchKeys {
   std::size_t long_count_ = 0;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -7,7 +7,7 @@
 #include "text/byte_block.h"
 #include "text/upper_case.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 // As many bytes as a mask has bits.
@@ -71,4 +71,4 @@ void Tokens::SplitUpperCase(char* text, std::size_t size) {
   if (token != nullptr) Keep(token, text + size);
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -11,7 +11,7 @@
 
 #include "mps/line_reader.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 // Maximal runs of characters other than the space character (code 32), in order; tabs and every
 // other character are token text. A line of spaces only gives none. The case is left alone.
@@ -64,4 +64,4 @@ class Tokens : public TokenList {
   std::string upper_case_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

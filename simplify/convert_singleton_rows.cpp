@@ -8,7 +8,7 @@
 #include "platform/desktop.h"
 #include "simplify/simplifier.h"
 
-namespace quarvel {
+namespace quarvel::simplify {
 
 // The question about a row that clashes with its column's bounds. Which answers count as a change
 // differs between the two questions, and hosts know them this way.
@@ -36,7 +36,7 @@ struct Implied {
 // The first rule of a row's type whose test holds is applied: its bounds are taken over and the row
 // is deleted, or its question is asked.
 struct ConversionRule {
-  RowType type;
+  model::RowType type;
   bool (*holds)(const Implied&);
   unsigned taken_bounds;
   std::string_view log_before_name;
@@ -94,25 +94,25 @@ bool LowerIsTighter(const Implied& i) { return i.lower > i.column_lower; }
 // The last two rules move the bound that the row does not tighten. Models simplified so are in use:
 // keep them.
 constexpr std::array<ConversionRule, 8> kRules = {{
-    {RowType::kGreater, RaisesLower, kLower, kConverted, kIntoBound, nullptr},
-    {RowType::kLess, CutsUpper, kUpper, kConverted, kIntoBound, nullptr},
-    {RowType::kEqual, LiesWithin, kBoth, kConverted, kIntoBound, nullptr},
-    {RowType::kEqual, Always, 0, "", "", &kEqualityQuestion},
-    {RowType::kRanged, Encloses, 0, "", "", &kRangeQuestion},
-    {RowType::kRanged, LiesWithin, kBoth, "Range ", " had both bounds converted to column bounds",
-     nullptr},
-    {RowType::kRanged, LowerIsTighter, kUpper, "Range ",
+    {model::RowType::kGreater, RaisesLower, kLower, kConverted, kIntoBound, nullptr},
+    {model::RowType::kLess, CutsUpper, kUpper, kConverted, kIntoBound, nullptr},
+    {model::RowType::kEqual, LiesWithin, kBoth, kConverted, kIntoBound, nullptr},
+    {model::RowType::kEqual, Always, 0, "", "", &kEqualityQuestion},
+    {model::RowType::kRanged, Encloses, 0, "", "", &kRangeQuestion},
+    {model::RowType::kRanged, LiesWithin, kBoth, "Range ",
+     " had both bounds converted to column bounds", nullptr},
+    {model::RowType::kRanged, LowerIsTighter, kUpper, "Range ",
      " had upper bound converted to column bound", nullptr},
-    {RowType::kRanged, Always, kLower, "Range ", " had lower bound converted to column bound",
-     nullptr},
+    {model::RowType::kRanged, Always, kLower, "Range ",
+     " had lower bound converted to column bound", nullptr},
 }};
 
-bool HasRules(RowType type) {
+bool HasRules(model::RowType type) {
   return std::any_of(kRules.begin(), kRules.end(),
                      [type](const ConversionRule& rule) { return rule.type == type; });
 }
 
-const ConversionRule* FindRule(RowType type, const Implied& implied) {
+const ConversionRule* FindRule(model::RowType type, const Implied& implied) {
   for (const ConversionRule& rule : kRules) {
     if (rule.type == type && rule.holds(implied)) return &rule;
   }
@@ -156,11 +156,11 @@ void Simplifier::ConvertSingletonRows() {
 }
 
 Simplifier::RowFate Simplifier::ConvertRow(std::int32_t i) {
-  const RowRecord& row = store_.Row(i);
+  const model::RowRecord& row = store_.Row(i);
   if (row.ElementCount() != 1 || !HasRules(row.Type)) return RowFate::kKept;
-  const ElementEntry& element = row.Elements[1];
-  const Bounds& column = store_.ColumnBoundsAt(element);
-  const RowTypeTraits& type = TraitsOf(row.Type);
+  const model::ElementEntry& element = row.Elements[1];
+  const model::Bounds& column = store_.ColumnBoundsAt(element);
+  const model::RowTypeTraits& type = model::TraitsOf(row.Type);
   Implied implied = {0, 0, column.LowerBound, column.UpperBound};
   if (type.has_lower) implied.lower = Divide(row.LowerBound, element.Value);
   if (type.has_upper) implied.upper = Divide(row.UpperBound, element.Value);
@@ -206,11 +206,11 @@ void Simplifier::ConvertAndDelete(std::int32_t i, unsigned taken_bounds, double 
                                   double upper) {
   // A host may have taken the element out while it was asked.
   if (store_.Row(i).ElementCount() > 0) {
-    Bounds& column = store_.ColumnBoundsAt(store_.Row(i).Elements[1]);
+    model::Bounds& column = store_.ColumnBoundsAt(store_.Row(i).Elements[1]);
     if ((taken_bounds & kLower) != 0) column.LowerBound = lower;
     if ((taken_bounds & kUpper) != 0) column.UpperBound = upper;
   }
   store_.RemoveRow(i);
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::simplify

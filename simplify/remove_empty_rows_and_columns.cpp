@@ -2,7 +2,7 @@
 
 #include "simplify/simplifier.h"
 
-namespace quarvel {
+namespace quarvel::simplify {
 namespace {
 
 // No blank before the parenthesis, unlike pass 1.
@@ -20,11 +20,11 @@ bool Simplifier::RemoveEmptyColumns() {
   for (std::int32_t j = 1; j <= limit; ++j) {
     if (StoppedAfterSteps(1, kInterval, kCaption)) return false;
     if (j > store_.NumberOfColumns()) return true;  // a host that was called back has deleted some
-    const ColumnRecord& column = store_.Column(j);
+    const model::ColumnRecord& column = store_.Column(j);
     if (column.ElementCount() == 0) {
       log_.Append("Removed empty column:  " + column.Name);
       changed_ = true;
-      store_.RemoveColumn(j, [this](const RowRecord& row) { log_.AppendEmptyRow(row); });
+      store_.RemoveColumn(j, [this](const model::RowRecord& row) { log_.AppendEmptyRow(row); });
       --j;  // what has moved into this place comes next
     }
     if (j == store_.NumberOfColumns()) return true;
@@ -37,7 +37,7 @@ bool Simplifier::RemoveEmptyRows() {
   for (std::int32_t i = 1; i <= limit; ++i) {
     if (StoppedAfterSteps(1, kInterval, kCaption)) return false;
     if (i > store_.NumberOfRows()) return true;
-    const RowRecord& row = store_.Row(i);
+    const model::RowRecord& row = store_.Row(i);
     if (row.ElementCount() == 0) {
       log_.AppendEmptyRow(row);
       changed_ = true;
@@ -49,4 +49,4 @@ bool Simplifier::RemoveEmptyRows() {
   return true;
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::simplify

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace quarvel {
+namespace quarvel::simplify {
 namespace {
 
 constexpr int kExtensionCharacters = 4;
@@ -50,8 +50,8 @@ void SimplificationLog::Append(std::string_view line) {
   file_->Write("\r\n");
 }
 
-void SimplificationLog::AppendEmptyRow(const RowRecord& row) {
-  if (is_open()) Append("Removed empty row:  " + TypeText(row.Type) + " " + row.Name);
+void SimplificationLog::AppendEmptyRow(const model::RowRecord& row) {
+  if (is_open()) Append("Removed empty row:  " + model::TypeText(row.Type) + " " + row.Name);
 }
 
 void SimplificationLog::Close() {
@@ -65,4 +65,4 @@ void SimplificationLog::Abandon() {
   file_.reset();
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::simplify

@@ -9,7 +9,7 @@
 #include "model/model_store.h"
 #include "platform/files.h"
 
-namespace quarvel {
+namespace quarvel::simplify {
 
 // `path` with its last four characters replaced by ".log": the extension is taken to be a point and
 // three letters, so that "model.data" gives "model..log". A shorter path gives ".log".
@@ -28,22 +28,22 @@ std::string LogHeading(std::string_view file_location);
 class SimplificationLog {
  public:
   // The store outlives the log.
-  explicit SimplificationLog(ModelStore& store) : store_(store) {}
+  explicit SimplificationLog(model::ModelStore& store) : store_(store) {}
 
   bool is_open() const { return store_.settings().LogFileNumber != 0; }
   // Empties or makes the file. Raises what the system says.
   void Open(const std::string& path);
   // Adds a line; nothing while no log is open. Raises what the system says.
   void Append(std::string_view line);
-  void AppendEmptyRow(const RowRecord& row);
+  void AppendEmptyRow(const model::RowRecord& row);
   // Raises what the system says of the file, which is closed all the same.
   void Close();
   // Closes ignoring failures; nothing while no log is open.
   void Abandon();
 
  private:
-  ModelStore& store_;
+  model::ModelStore& store_;
   std::unique_ptr<platform::OutputFile> file_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::simplify

@@ -8,7 +8,7 @@
 #include "platform/files.h"
 #include "text/picture.h"
 
-namespace quarvel {
+namespace quarvel::simplify {
 namespace {
 
 using platform::MsgBoxResult;
@@ -21,7 +21,7 @@ constexpr std::string_view kLogQuestion =
 constexpr std::string_view kNothingDone = "No simplifications were made.";
 
 // The user's model must not be emptied for a log, whichever name it goes by.
-bool IsModelFile(const ModelSettings& settings, const std::string& path) {
+bool IsModelFile(const model::ModelSettings& settings, const std::string& path) {
   const std::array<const std::string*, 2> model_files = {&settings.FileLocation,
                                                          &settings.strMPSFile};
   return std::any_of(model_files.begin(), model_files.end(), [&path](const std::string* file) {
@@ -40,7 +40,7 @@ Simplifier::Simplifier(const SimplifyJob& job)
 
 void Simplifier::Run() {
   if (log_.is_open()) RaiseRunTimeError(RunTimeError::kFileAlreadyOpen);
-  const ViewPause pause(view_);
+  const model::ViewPause pause(view_);
   try {
     RunInWindow();
   } catch (...) {
@@ -128,4 +128,4 @@ bool Simplifier::StoppedAfterSteps(std::int64_t steps, std::int64_t interval,
   return window_.StopRequested;
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::simplify

@@ -20,17 +20,17 @@
 #include "platform/desktop.h"
 #include "simplify/simplification_log.h"
 
-namespace quarvel {
+namespace quarvel::simplify {
 
 struct ConversionRule;
 
 // What a simplification works on. Everything outlives it.
 struct SimplifyJob {
-  ModelStore& store;
+  model::ModelStore& store;
   platform::Desktop& desktop;
-  ViewLink& view;
+  model::ViewLink& view;
   SimplificationLog& log;
-  frmProgress& window;
+  mps::frmProgress& window;
 };
 
 class Simplifier {
@@ -68,11 +68,11 @@ class Simplifier {
   bool RemoveEmptyColumns();
   bool RemoveEmptyRows();
 
-  ModelStore& store_;
+  model::ModelStore& store_;
   platform::Desktop& desktop_;
-  ViewLink& view_;
+  model::ViewLink& view_;
   SimplificationLog& log_;  // closed by a host that makes a new model meanwhile
-  frmProgress& window_;
+  mps::frmProgress& window_;
   std::string file_location_;  // as it was when the log was opened
   std::string log_name_;
   bool owns_log_ = false;
@@ -81,4 +81,4 @@ class Simplifier {
   std::int64_t steps_total_ = 0;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::simplify

@@ -50,12 +50,12 @@ void BoundBoxes::Reverse() {
 }
 
 void BoundBoxes::HoldWithinLimit() {
-  if (Get(txtUprBnd) > BoundLimit) {
-    Put(txtUprBnd, BoundLimit);
+  if (Get(txtUprBnd) > model::BoundLimit) {
+    Put(txtUprBnd, model::BoundLimit);
     Say(Note("Upper Bound set to limit of 1E+10"));
   }
-  if (Get(txtLwrBnd) < -BoundLimit) {
-    Put(txtLwrBnd, -BoundLimit);
+  if (Get(txtLwrBnd) < -model::BoundLimit) {
+    Put(txtLwrBnd, -model::BoundLimit);
     Say(Note("Lower Bound set to limit of -1E+10"));
   }
 }

@@ -37,9 +37,9 @@ void CommandDesk::Refill() const {
 }
 
 void CommandDesk::WarnOfLongName(std::string_view name) {
-  if (long_name_warned_ || !IsLongName(name)) return;
+  if (long_name_warned_ || !model::IsLongName(name)) return;
   long_name_warned_ = true;
-  desktop().MsgBox(platform::Note(kLongNameWarning));
+  desktop().MsgBox(platform::Note(model::kLongNameWarning));
 }
 
 void CommandDesk::CloseDialogs() {

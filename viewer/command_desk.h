@@ -28,7 +28,7 @@ class CommandDesk {
   platform::Desktop& desktop() const { return window_.desktop(); }
   ViewerContents& contents() const { return contents_; }
   // For commands, which run only while there is one.
-  ModelInterface& model() const { return *viewed_.model; }
+  model::ModelInterface& model() const { return *viewed_.model; }
   bool IsReady() const { return viewed_.IsReady(); }
   bool editing() const { return viewed_.editing; }
 

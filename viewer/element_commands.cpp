@@ -19,17 +19,17 @@ constexpr std::string_view kNoElementOfColumn =
 
 void ElementCommands::AddToRow() {
   const auto row = desk_.contents().rows.SelectedRecord();
-  if (!row) return desk_.Say(NoneSelectedText(kRowKind));
+  if (!row) return desk_.Say(NoneSelectedText(model::kRowKind));
   desk_.add_elements.Begin(row->number, desk_.model());
   desk_.Refill();
 }
 
-void ElementCommands::DeleteFromRow() { Delete(kRowKind, kNoElementOfRow); }
+void ElementCommands::DeleteFromRow() { Delete(model::kRowKind, kNoElementOfRow); }
 
-void ElementCommands::DeleteFromColumn() { Delete(kColumnKind, kNoElementOfColumn); }
+void ElementCommands::DeleteFromColumn() { Delete(model::kColumnKind, kNoElementOfColumn); }
 
-void ElementCommands::Delete(const RecordKind& kind, std::string_view none_selected) {
-  ModelInterface& model = desk_.model();
+void ElementCommands::Delete(const model::RecordKind& kind, std::string_view none_selected) {
+  model::ModelInterface& model = desk_.model();
   const auto element = desk_.contents().PageOf(kind).SelectedElement();
   if (!element) return desk_.Say(none_selected);
   const NamedRecord& from = element->Of(kind);
@@ -66,7 +66,7 @@ void ElementCommands::ChangeInRow() {
 }
 
 void ElementCommands::ChangeInColumn() {
-  const ModelInterface& model = desk_.model();
+  const model::ModelInterface& model = desk_.model();
   const auto element = desk_.contents().columns.SelectedElement();
   if (!element) return desk_.Say(kNoElementOfRow);
   const std::string entered = AskValue(*element, "");
@@ -84,7 +84,7 @@ void ElementCommands::ChangeInColumn() {
 
 void ElementCommands::Store(const NamedElement& element, double value) {
   if (!desk_.IsReady()) return;
-  ModelInterface& model = desk_.model();
+  model::ModelInterface& model = desk_.model();
   if (!element.IsIn(model)) return desk_.GiveUp(kNoElementOfRow);
   model.SetRowElementValue(element.row.number, element.place, value);
   desk_.contents().Refill();

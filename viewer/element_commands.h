@@ -4,9 +4,11 @@
 #include <string>
 #include <string_view>
 
-namespace quarvel {
+namespace quarvel::model {
 struct RecordKind;
-}
+}  // namespace quarvel::model
+
+namespace quarvel {}
 
 namespace quarvel::viewer {
 
@@ -29,7 +31,7 @@ class ElementCommands {
  private:
   // What the user enters for an element; empty also when the window is not ready afterwards.
   std::string AskValue(const NamedElement& element, std::string_view remark) const;
-  void Delete(const RecordKind& kind, std::string_view none_selected);
+  void Delete(const model::RecordKind& kind, std::string_view none_selected);
   void Store(const NamedElement& element, double value);
 
   CommandDesk& desk_;

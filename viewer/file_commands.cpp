@@ -39,7 +39,7 @@ bool FileCommands::HasElementsToSave() {
 }
 
 bool FileCommands::WriteModel() {
-  ModelInterface& model = desk_.model();
+  model::ModelInterface& model = desk_.model();
   if (!HasElementsToSave() || !desk_.IsReady()) return false;
   const ViewerContents& contents = desk_.contents();
   if (contents.boxes_filled()) {
@@ -61,7 +61,7 @@ void FileCommands::New() {
 }
 
 void FileCommands::Open() {
-  ModelInterface& model = desk_.model();
+  model::ModelInterface& model = desk_.model();
   if (!OfferToSave()) return;
   desk_.contents().Empty();
   // Whatever comes of it: the boxes for name and description must not stay empty, or the next save
@@ -78,7 +78,7 @@ void FileCommands::Open() {
 void FileCommands::Save() { WriteModel(); }
 
 void FileCommands::SaveAs() {
-  ModelInterface& model = desk_.model();
+  model::ModelInterface& model = desk_.model();
   if (!HasElementsToSave() || !desk_.IsReady()) return;
   Simplify();
   if (!desk_.IsReady()) return;
@@ -88,9 +88,9 @@ void FileCommands::SaveAs() {
 void FileCommands::Exit() { desk_.window().Unload(); }
 
 void FileCommands::Simplify() {
-  ModelInterface& model = desk_.model();
+  model::ModelInterface& model = desk_.model();
   const MsgBoxResult answer =
-      desk_.desktop().MsgBox(Question(BoxKind::kOfferToSimplify, kSimplifyQuestion));
+      desk_.desktop().MsgBox(Question(BoxKind::kOfferToSimplify, mps::kSimplifyQuestion));
   if (answer != MsgBoxResult::kYes || !desk_.IsReady()) return;
   try {
     model.SimplifyMPSModel();

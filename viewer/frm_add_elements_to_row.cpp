@@ -36,14 +36,14 @@ frmAddElementsToRow::frmAddElementsToRow(platform::Desktop& desktop)
   cmdCancel.on_click = [this] { Unload(); };
 }
 
-void frmAddElementsToRow::Begin(std::int32_t row, ModelInterface& model) {
+void frmAddElementsToRow::Begin(std::int32_t row, model::ModelInterface& model) {
   if (IsShowing()) RaiseRunTimeError(RunTimeError::kFormAlreadyDisplayed);
   if (model.NumberOfColumns() == 0) {
     desktop().MsgBox(Refusal("Error: No column has been added yet. Please add columns first"));
     return;
   }
   model_ = &model;
-  row_ = NamedRecord::Of(model, kRowKind, row);
+  row_ = NamedRecord::Of(model, model::kRowKind, row);
   FindAbsentColumns();
   fgrdCols.set_rows(static_cast<int>(absent_.size()) + 1);
   set_caption("Add Elements to Row " + row_.name);
@@ -78,21 +78,21 @@ std::string frmAddElementsToRow::Cell(int line, int column) const {
 
 std::optional<std::int32_t> frmAddElementsToRow::ChosenColumn() const {
   const int line = fgrdCols.current_row();
-  if (line < 1 || !HasRecord(*model_, kRowKind, row_.number)) return std::nullopt;
+  if (line < 1 || !HasRecord(*model_, model::kRowKind, row_.number)) return std::nullopt;
   const std::int32_t column = absent_[static_cast<std::size_t>(line) - 1];
-  if (!HasRecord(*model_, kColumnKind, column)) return std::nullopt;
+  if (!HasRecord(*model_, model::kColumnKind, column)) return std::nullopt;
   return column;
 }
 
 void frmAddElementsToRow::Accept() {
   if (model_ == nullptr) return;
-  ModelInterface& model = *model_;
+  model::ModelInterface& model = *model_;
   const auto column = ChosenColumn();
   if (!column) {
     desktop().MsgBox(Refusal("Please select a column"));
     return;
   }
-  const NamedRecord named = NamedRecord::Of(model, kColumnKind, *column);
+  const NamedRecord named = NamedRecord::Of(model, model::kColumnKind, *column);
   const auto value = AskValue(named);
   if (!value || model_ == nullptr) return;
   WarnOfLongValue(desktop(), *value);

@@ -20,7 +20,7 @@ class frmAddElementsToRow : public platform::Form {
 
   // Lists the columns that the row of that public number does not have and shows the dialog
   // modally. A model without columns is one box, and no dialog.
-  void Begin(std::int32_t row, ModelInterface& model);
+  void Begin(std::int32_t row, model::ModelInterface& model);
 
   platform::Label lblSelect;
   platform::Grid fgrdCols;  // a header, then a line for each column: its number and its name
@@ -41,7 +41,7 @@ class frmAddElementsToRow : public platform::Form {
   // What the user enters for that column; nothing after a refusal or when cancelled.
   std::optional<double> AskValue(const NamedRecord& column);
 
-  ModelInterface* model_ = nullptr;
+  model::ModelInterface* model_ = nullptr;
   NamedRecord row_;
   std::vector<std::int32_t> absent_;  // public numbers, by lines below the header
 };

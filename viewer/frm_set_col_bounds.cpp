@@ -6,13 +6,16 @@ namespace quarvel::viewer {
 namespace {
 
 constexpr SetBoundsForm::TypeOption kOptions[] = {
-    {TraitsOf(ColumnType::kContinuous).letter, "optR", "Real", 'R'},
-    {TraitsOf(ColumnType::kInteger).letter, "optI", "Integer", 'I'},
+    {model::TraitsOf(model::ColumnType::kContinuous).letter, "optR", "Real", 'R'},
+    {model::TraitsOf(model::ColumnType::kInteger).letter, "optI", "Integer", 'I'},
 };
 
-const SetBoundsForm::Design kDesign = {
-    kColumnKind, "frmSetColBounds", "lblColumn", "Column Type", "Invalid Column Type specified",
-    kOptions};
+const SetBoundsForm::Design kDesign = {model::kColumnKind,
+                                       "frmSetColBounds",
+                                       "lblColumn",
+                                       "Column Type",
+                                       "Invalid Column Type specified",
+                                       kOptions};
 
 }  // namespace
 

@@ -7,36 +7,37 @@
 namespace quarvel::viewer {
 namespace {
 
-constexpr std::string_view RowLetter(RowType type) { return TraitsOf(type).letter; }
+constexpr std::string_view RowLetter(model::RowType type) { return model::TraitsOf(type).letter; }
 
 // The open side of an inequality gets the limit of the other sign; models have been written with
 // these values and are to stay as they are.
 constexpr SetBoundsForm::TypeOption kOptions[] = {
-    {RowLetter(RowType::kFree), "optN", "Non-Binding/Objective", 'N'},
-    {RowLetter(RowType::kRanged), "optR", "Range", 'R'},
-    {RowLetter(RowType::kEqual), "optE", "Equality", 'E',
+    {RowLetter(model::RowType::kFree), "optN", "Non-Binding/Objective", 'N'},
+    {RowLetter(model::RowType::kRanged), "optR", "Range", 'R'},
+    {RowLetter(model::RowType::kEqual), "optE", "Equality", 'E',
      [](BoundBoxes& bounds) { bounds.txtLwrBnd.set_text(bounds.txtUprBnd.text()); }},
-    {RowLetter(RowType::kGreater), "optGT", "Greater Than or Equal To", 'G',
-     [](BoundBoxes& bounds) { BoundBoxes::Put(bounds.txtUprBnd, -BoundLimit); }},
-    {RowLetter(RowType::kLess), "optLT", "Less Than or Equal To", 'L',
-     [](BoundBoxes& bounds) { BoundBoxes::Put(bounds.txtLwrBnd, BoundLimit); }},
+    {RowLetter(model::RowType::kGreater), "optGT", "Greater Than or Equal To", 'G',
+     [](BoundBoxes& bounds) { BoundBoxes::Put(bounds.txtUprBnd, -model::BoundLimit); }},
+    {RowLetter(model::RowType::kLess), "optLT", "Less Than or Equal To", 'L',
+     [](BoundBoxes& bounds) { BoundBoxes::Put(bounds.txtLwrBnd, model::BoundLimit); }},
 };
 
 const SetBoundsForm::Design kDesign = {
-    kRowKind, "frmSetRowBounds", "lblRow", "Bound Type", "Invalid Bound Type specified", kOptions};
+    model::kRowKind, "frmSetRowBounds", "lblRow", "Bound Type", "Invalid Bound Type specified",
+    kOptions};
 
 }  // namespace
 
 frmSetRowBounds::frmSetRowBounds(platform::Desktop& desktop) : SetBoundsForm(desktop, kDesign) {}
 
 void frmSetRowBounds::OrderBounds() {
-  if (!Option(RowLetter(RowType::kRanged))->value()) return;
+  if (!Option(RowLetter(model::RowType::kRanged))->value()) return;
   const double lower = BoundBoxes::Get(bounds.txtLwrBnd);
   const double upper = BoundBoxes::Get(bounds.txtUprBnd);
   if (lower > upper) {
     bounds.Reverse();
   } else if (lower == upper) {
-    Option(RowLetter(RowType::kEqual))->set_value(true);
+    Option(RowLetter(model::RowType::kEqual))->set_value(true);
     desktop().MsgBox(platform::Note("Bounds were identical.  Bound type changed to equality"));
   }
 }

@@ -5,7 +5,7 @@
 namespace quarvel::viewer {
 
 frmViewEquations::frmViewEquations(platform::Desktop& desktop)
-    : ModelView(desktop, "frmViewEquations"),
+    : model::ModelView(desktop, "frmViewEquations"),
       menu(*this),
       contents(*this, viewed_),
       desk(*this, viewed_, contents),
@@ -91,7 +91,7 @@ bool frmViewEquations::OnQueryUnload(platform::UnloadReason) {
 }
 
 void frmViewEquations::OnUnload() {
-  ModelInterface* const model = std::exchange(viewed_.model, nullptr);
+  model::ModelInterface* const model = std::exchange(viewed_.model, nullptr);
   contents.TakeWantedRefresh();
   desk.CloseDialogs();
   contents.Empty();

@@ -16,12 +16,12 @@
 
 namespace quarvel::viewer {
 
-class frmViewEquations : public ModelView {
+class frmViewEquations : public model::ModelView {
  public:
   explicit frmViewEquations(platform::Desktop& desktop);
 
   // The model that is shown and changed; to be set before the window is.
-  void Parent(ModelInterface& model) { viewed_.model = &model; }
+  void Parent(model::ModelInterface& model) { viewed_.model = &model; }
   // Whether the commands that change the model are there.
   void EditMode(bool editing);
   // Shows the window modally, or brings it to the front when it is open.

@@ -21,51 +21,53 @@ constexpr Follow kRightMiddle{50, 60, 100, 60};
 
 constexpr Place kListGrid{34, 186, 320, 320, kLeftFull};
 
-std::string RowTypeWord(const ModelQueries& model, std::int32_t row, std::int32_t) {
-  return std::string(TraitsOf(RowTypeOf(model.RowType(row))).word);
+std::string RowTypeWord(const model::ModelQueries& model, std::int32_t row, std::int32_t) {
+  return std::string(model::TraitsOf(model::RowTypeOf(model.RowType(row))).word);
 }
 
-std::string ColumnTypeWord(const ModelQueries& model, std::int32_t column, std::int32_t) {
-  return std::string(TraitsOf(ColumnTypeOf(model.ColType(column))).word);
+std::string ColumnTypeWord(const model::ModelQueries& model, std::int32_t column, std::int32_t) {
+  return std::string(model::TraitsOf(model::ColumnTypeOf(model.ColType(column))).word);
 }
 
-std::string RelationText(const ModelQueries& model, std::int32_t row, std::int32_t) {
-  const RowType type = RowTypeOf(model.RowType(row));
-  const RowTypeTraits& traits = TraitsOf(type);
+std::string RelationText(const model::ModelQueries& model, std::int32_t row, std::int32_t) {
+  const model::RowType type = model::RowTypeOf(model.RowType(row));
+  const model::RowTypeTraits& traits = model::TraitsOf(type);
   const std::string lower = RoundTripText(model.RowLowerBound(row));
   const std::string upper = RoundTripText(model.RowUpperBound(row));
-  if (type == RowType::kFree) return "Objective";
-  if (type == RowType::kRanged) return lower + " <= " + model.RowName(row) + " <= " + upper;
+  if (type == model::RowType::kFree) return "Objective";
+  if (type == model::RowType::kRanged) return lower + " <= " + model.RowName(row) + " <= " + upper;
   if (traits.sign.empty()) return "";
   return std::string(traits.sign) + "  " + (traits.has_upper ? upper : lower);
 }
 
 constexpr GridColumn kRowList[] = {
-    {128, [](const ModelQueries& model, std::int32_t i, std::int32_t) { return model.RowName(i); }},
+    {128, [](const model::ModelQueries& model, std::int32_t i,
+             std::int32_t) { return model.RowName(i); }},
     {72, RowTypeWord},
 };
 constexpr GridColumn kRowElements[] = {
-    {120, [](const ModelQueries& model, std::int32_t i,
+    {120, [](const model::ModelQueries& model, std::int32_t i,
              std::int32_t k) { return model.ColName(model.RowElementCol(i, k)); }},
-    {88, [](const ModelQueries& model, std::int32_t i,
+    {88, [](const model::ModelQueries& model, std::int32_t i,
             std::int32_t k) { return RoundTripText(model.RowElementValue(i, k)); }},
 };
 constexpr GridColumn kRowBounds[] = {{340, RelationText}};
 
 constexpr GridColumn kColumnList[] = {
-    {190, [](const ModelQueries& model, std::int32_t j, std::int32_t) { return model.ColName(j); }},
+    {190, [](const model::ModelQueries& model, std::int32_t j,
+             std::int32_t) { return model.ColName(j); }},
     {64, ColumnTypeWord},
 };
 constexpr GridColumn kColumnElements[] = {
-    {152, [](const ModelQueries& model, std::int32_t j,
+    {152, [](const model::ModelQueries& model, std::int32_t j,
              std::int32_t k) { return model.RowName(model.ColElementrow(j, k)); }},
 };
 constexpr GridColumn kColumnBounds[] = {
-    {104, [](const ModelQueries& model, std::int32_t j,
+    {104, [](const model::ModelQueries& model, std::int32_t j,
              std::int32_t) { return RoundTripText(model.ColLowerBound(j)); }},
-    {88, [](const ModelQueries& model, std::int32_t j,
+    {88, [](const model::ModelQueries& model, std::int32_t j,
             std::int32_t) { return "<= " + model.ColName(j) + " <="; }},
-    {148, [](const ModelQueries& model, std::int32_t j,
+    {148, [](const model::ModelQueries& model, std::int32_t j,
              std::int32_t) { return RoundTripText(model.ColUpperBound(j)); }},
 };
 
@@ -81,7 +83,7 @@ std::string AppearancesCaption(const std::string& column, std::int32_t elements)
 }  // namespace
 
 const PageDesign kRowsPage = {
-    .kind = kRowKind,
+    .kind = model::kRowKind,
     .number = 1,
     .controls = "Rows",
     .menu = "mnuEditRow",
@@ -100,7 +102,7 @@ const PageDesign kRowsPage = {
 };
 
 const PageDesign kColumnsPage = {
-    .kind = kColumnKind,
+    .kind = model::kColumnKind,
     .number = 0,
     .controls = "Cols",
     .menu = "mnuEditCol",

@@ -16,7 +16,7 @@ namespace quarvel::viewer {
 // of a record's elements line k is its element k, and its bounds are one line.
 struct GridColumn {
   int width;
-  std::string (*text)(const ModelQueries& model, std::int32_t number, std::int32_t line);
+  std::string (*text)(const model::ModelQueries& model, std::int32_t number, std::int32_t line);
 };
 
 struct GridDesign {
@@ -26,7 +26,7 @@ struct GridDesign {
 };
 
 struct PageDesign {
-  const RecordKind& kind;
+  const model::RecordKind& kind;
   int number;            // of the page
   const char* controls;  // "Rows": the filter's controls are cboRowsShowOnly, chkRowsInvert ...
   const char* menu;      // the item of the menu with the commands on such records

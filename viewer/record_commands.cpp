@@ -6,7 +6,8 @@
 
 namespace quarvel::viewer {
 
-RecordCommands::RecordCommands(CommandDesk& desk, const RecordKind& kind, SetBoundsForm& bounds)
+RecordCommands::RecordCommands(CommandDesk& desk, const model::RecordKind& kind,
+                               SetBoundsForm& bounds)
     : desk_(desk), kind_(kind), bounds_(bounds) {}
 
 RecordPage& RecordCommands::page() const { return desk_.contents().PageOf(kind_); }
@@ -29,7 +30,7 @@ std::optional<NamedRecord> RecordCommands::Selected() const {
 }
 
 void RecordCommands::Add() {
-  ModelInterface& model = desk_.model();
+  model::ModelInterface& model = desk_.model();
   const std::string name = AskNewName();
   if (!desk_.IsReady() || (model.*kind_.add)(name) == 0 || !desk_.IsReady()) return;
   const std::int32_t number = (model.*kind_.count)() - 1;
@@ -42,7 +43,7 @@ void RecordCommands::Add() {
 }
 
 void RecordCommands::Rename() {
-  ModelInterface& model = desk_.model();
+  model::ModelInterface& model = desk_.model();
   const auto record = Selected();
   if (!record) return;
   const std::string name = desk_.desktop().InputBox(
@@ -55,7 +56,7 @@ void RecordCommands::Rename() {
 }
 
 void RecordCommands::Delete() {
-  ModelInterface& model = desk_.model();
+  model::ModelInterface& model = desk_.model();
   const auto record = Selected();
   if (!record || !desk_.ConfirmDeletion(std::string(kind_.noun) + ' ' + record->name)) return;
   if (!record->IsIn(model)) return desk_.GiveUp(NoneSelectedText(kind_));

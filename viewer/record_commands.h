@@ -15,7 +15,7 @@ class SetBoundsForm;
 class RecordCommands {
  public:
   // `bounds` is the dialog for records of that kind. All three outlive the object.
-  RecordCommands(CommandDesk& desk, const RecordKind& kind, SetBoundsForm& bounds);
+  RecordCommands(CommandDesk& desk, const model::RecordKind& kind, SetBoundsForm& bounds);
 
   void Add();
   void Rename();
@@ -30,7 +30,7 @@ class RecordCommands {
   std::optional<NamedRecord> Selected() const;
 
   CommandDesk& desk_;
-  const RecordKind& kind_;
+  const model::RecordKind& kind_;
   SetBoundsForm& bounds_;
 };
 

@@ -8,35 +8,37 @@
 namespace quarvel::viewer {
 namespace {
 
-bool KeepsAll(const ModelQueries&, std::int32_t) { return true; }
+bool KeepsAll(const model::ModelQueries&, std::int32_t) { return true; }
 
-template <RowType kType>
-bool IsRow(const ModelQueries& model, std::int32_t i) {
-  return RowTypeOf(model.RowType(i)) == kType;
+template <model::RowType kType>
+bool IsRow(const model::ModelQueries& model, std::int32_t i) {
+  return model::RowTypeOf(model.RowType(i)) == kType;
 }
 
-template <ColumnType kType>
-bool IsColumn(const ModelQueries& model, std::int32_t j) {
-  return ColumnTypeOf(model.ColType(j)) == kType;
+template <model::ColumnType kType>
+bool IsColumn(const model::ModelQueries& model, std::int32_t j) {
+  return model::ColumnTypeOf(model.ColType(j)) == kType;
 }
 
 constexpr FilterEntry kRowEntries[] = {
     {"show all", KeepsAll},
-    {"non-binding/objectives", IsRow<RowType::kFree>},
-    {"constraints", [](const ModelQueries& model,
-                       std::int32_t i) { return TraitsOf(RowTypeOf(model.RowType(i))).binds; }},
-    {"less than", IsRow<RowType::kLess>},
-    {"greater than", IsRow<RowType::kGreater>},
-    {"ranges", IsRow<RowType::kRanged>},
-    {"equalities", IsRow<RowType::kEqual>},
+    {"non-binding/objectives", IsRow<model::RowType::kFree>},
+    {"constraints",
+     [](const model::ModelQueries& model, std::int32_t i) {
+       return model::TraitsOf(model::RowTypeOf(model.RowType(i))).binds;
+     }},
+    {"less than", IsRow<model::RowType::kLess>},
+    {"greater than", IsRow<model::RowType::kGreater>},
+    {"ranges", IsRow<model::RowType::kRanged>},
+    {"equalities", IsRow<model::RowType::kEqual>},
 };
 
 constexpr FilterEntry kColumnEntries[] = {
     {"show all", KeepsAll},
-    {"real", IsColumn<ColumnType::kContinuous>},
-    {"integer", IsColumn<ColumnType::kInteger>},
+    {"real", IsColumn<model::ColumnType::kContinuous>},
+    {"integer", IsColumn<model::ColumnType::kInteger>},
     // Not offered; binary columns have their position all the same.
-    {nullptr, IsColumn<ColumnType::kBinary>},
+    {nullptr, IsColumn<model::ColumnType::kBinary>},
 };
 
 }  // namespace
@@ -44,7 +46,8 @@ constexpr FilterEntry kColumnEntries[] = {
 const FilterEntries kRowFilters = kRowEntries;
 const FilterEntries kColumnFilters = kColumnEntries;
 
-bool Keeps(FilterEntries entries, int position, const ModelQueries& model, std::int32_t number) {
+bool Keeps(FilterEntries entries, int position, const model::ModelQueries& model,
+           std::int32_t number) {
   if (position < 0 || position >= static_cast<int>(entries.size())) return false;
   return entries[static_cast<std::size_t>(position)].keeps(model, number);
 }

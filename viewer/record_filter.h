@@ -15,7 +15,7 @@ namespace quarvel::viewer {
 // One entry of the filter box.
 struct FilterEntry {
   const char* caption;  // null for an entry that the box does not offer; such stand last
-  bool (*keeps)(const ModelQueries& model, std::int32_t number);
+  bool (*keeps)(const model::ModelQueries& model, std::int32_t number);
 };
 // The entries of a box by their positions.
 using FilterEntries = std::span<const FilterEntry>;
@@ -27,7 +27,8 @@ inline constexpr int kShowAll = 0;
 
 // Whether the entry at that position keeps a record. No entry, and a position that the box does not
 // have, keeps nothing.
-bool Keeps(FilterEntries entries, int position, const ModelQueries& model, std::int32_t number);
+bool Keeps(FilterEntries entries, int position, const model::ModelQueries& model,
+           std::int32_t number);
 
 class RecordFilter {
  public:

@@ -102,7 +102,7 @@ void RecordPage::Prepare() {
 }
 
 void RecordPage::Fill() {
-  const ModelQueries& model = *viewed_.model;
+  const model::ModelQueries& model = *viewed_.model;
   const std::int32_t count = (model.*design_.kind.count)();
   const int position = cboShowOnly.list_index();
   filter.Run(count, chkInvert.checked(),
@@ -139,7 +139,7 @@ void RecordPage::ShowList(std::int32_t count) {
 
 void RecordPage::ShowDetails() {
   if (const auto record = Selected()) {
-    const ModelQueries& model = *viewed_.model;
+    const model::ModelQueries& model = *viewed_.model;
     const std::int32_t count = (model.*design_.kind.elements)(*record);
     const bool same = std::exchange(detail_, *record) == *record;
     fraElements.set_caption(design_.frame_caption((model.*design_.kind.name)(*record), count));

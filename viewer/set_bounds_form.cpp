@@ -68,9 +68,9 @@ OptionButton* SetBoundsForm::Option(std::string_view type) const {
   return nullptr;
 }
 
-void SetBoundsForm::ShowBounds(ModelInterface& model, std::int32_t number) {
+void SetBoundsForm::ShowBounds(model::ModelInterface& model, std::int32_t number) {
   if (IsShowing()) RaiseRunTimeError(RunTimeError::kFormAlreadyDisplayed);
-  const RecordKind& kind = design_.kind;
+  const model::RecordKind& kind = design_.kind;
   OptionButton* const option = Option((model.*kind.type)(number));
   if (option == nullptr) {
     desktop().MsgBox(Refusal(design_.unknown_type));
@@ -88,7 +88,7 @@ void SetBoundsForm::ShowBounds(ModelInterface& model, std::int32_t number) {
 
 void SetBoundsForm::Accept() {
   if (model_ == nullptr) return;
-  ModelInterface& model = *model_;
+  model::ModelInterface& model = *model_;
   if (!bounds.BothAreNumbers()) return;
   OrderBounds();
   if (!StoreType()) return;

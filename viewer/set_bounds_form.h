@@ -27,7 +27,7 @@ class SetBoundsForm : public platform::Form {
     void (*fit)(BoundBoxes& bounds) = nullptr;
   };
   struct Design {
-    const RecordKind& kind;
+    const model::RecordKind& kind;
     const char* form_name;
     const char* label_name;
     const char* type_caption;
@@ -37,7 +37,7 @@ class SetBoundsForm : public platform::Form {
 
   // Fills the dialog with the record of that public number and shows it modally. A record of a type
   // that is not offered is one box, and no dialog.
-  void ShowBounds(ModelInterface& model, std::int32_t number);
+  void ShowBounds(model::ModelInterface& model, std::int32_t number);
   // The button of a type; null for a type that is not offered.
   platform::OptionButton* Option(std::string_view type) const;
 
@@ -68,7 +68,7 @@ class SetBoundsForm : public platform::Form {
   const TypeOption& Chosen() const;
 
   const Design& design_;
-  ModelInterface* model_ = nullptr;
+  model::ModelInterface* model_ = nullptr;
   NamedRecord record_;
 };
 

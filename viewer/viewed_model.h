@@ -4,9 +4,11 @@
 #include <functional>
 #include <utility>
 
-namespace quarvel {
+namespace quarvel::model {
 class ModelInterface;
-}
+}  // namespace quarvel::model
+
+namespace quarvel {}
 
 namespace quarvel::viewer {
 
@@ -20,8 +22,8 @@ struct ViewedModel {
     };
   }
 
-  ModelInterface* model = nullptr;  // null unless the window is open
-  bool editing = false;             // the commands that change the model are there
+  model::ModelInterface* model = nullptr;  // null unless the window is open
+  bool editing = false;                    // the commands that change the model are there
   int pauses = 0;
 };
 

@@ -12,8 +12,8 @@ struct ViewerCommands {
   explicit ViewerCommands(CommandDesk& its_desk)
       : desk(its_desk),
         file(desk),
-        rows(desk, kRowKind, desk.row_bounds),
-        columns(desk, kColumnKind, desk.col_bounds),
+        rows(desk, model::kRowKind, desk.row_bounds),
+        columns(desk, model::kColumnKind, desk.col_bounds),
         elements(desk) {}
 
   CommandDesk& desk;

@@ -51,7 +51,7 @@ void ViewerContents::Load() {
     refresh_wanted_ = true;
     return;
   }
-  const ModelInterface& model = *viewed_.model;
+  const model::ModelInterface& model = *viewed_.model;
   rows.Prepare();
   columns.Prepare();
   if (model.NumberOfRows() >= 1 && model.NumberOfColumns() > 0) {

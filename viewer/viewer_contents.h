@@ -38,7 +38,9 @@ class ViewerContents {
   // Turns to a page and a line of its list, lets events run.
   void TurnTo(RecordPage& page, int line);
 
-  RecordPage& PageOf(const RecordKind& kind) { return &kind == &kRowKind ? rows : columns; }
+  RecordPage& PageOf(const model::RecordKind& kind) {
+    return &kind == &model::kRowKind ? rows : columns;
+  }
   // The page that the tab strip shows now.
   RecordPage& current_page() {
     return sstViewEqns.current() == rows.design().number ? rows : columns;

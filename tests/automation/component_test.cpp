@@ -94,7 +94,7 @@ TEST(Component, TellsItsVersionAndThatItRegistersItself) {
 
 TEST(Component, StandsBesideAProgramOfTheProductsVersion) {
   const std::wstring folder = ComponentFile().substr(0, ComponentFile().find_last_of(L'\\') + 1);
-  EXPECT_EQ(VersionText(folder + L"quarvel.exe", L"FileVersion"), ProductVersion());
+  EXPECT_EQ(VersionText(folder + L"quarvel.exe", L"FileVersion"), model::ProductVersion());
   EXPECT_EQ(VersionText(folder + L"quarvel.exe", L"ProductName"), "Quarvel");
 }
 

@@ -163,7 +163,7 @@ TEST_F(EarlyBound, JobsShowTheirWindowsAndBoxes) {
   Put(&_LPModel::put_strMPSFile, Bstr(path).get());
   EXPECT_EQ(Get<SHORT>(&_LPModel::StartFileReding), -1);
   Put(&_LPModel::SimplifyMPSModel);
-  EXPECT_EQ(Boxes().front(), AboutText());
+  EXPECT_EQ(Boxes().front(), model::AboutText());
   EXPECT_EQ(Boxes().back(), "No simplifications were made.");
 }
 

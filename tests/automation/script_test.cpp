@@ -98,7 +98,7 @@ const std::vector<std::string>& BoxesOfMembers() {
       "Invalid Row Type",
       "Invalid Row number when attempting to SetRowLowerBound()",
       "Invalid Row number when attempting to SetRowUpperBound()",
-      AboutText(),
+      model::AboutText(),
       "Do you want to simplify the model?\r\nThis will remove empty rows and columns, and will "
       "convert any rows with just one element into equivalent column bounds",
       "Quarvel.dll error: row 9 is out of range.  \r\nRows range from 0 to 1.",

@@ -70,7 +70,7 @@ TEST_F(Adding, TheFirstRowOfANewModelTakesOverTheHiddenOne) {
 
 TEST_F(Adding, TheFirstColumnOfANewModelKeepsTheHiddenLowerBound) {
   model.MakeNewModel();
-  ChangeFields(model, [&](ModelData& data) { data.Columns[1].LowerBound = 3; });
+  ChangeFields(model, [&](model::ModelData& data) { data.Columns[1].LowerBound = 3; });
   model.AddColumn("FIRST");
   model.AddColumn("SECOND");
   EXPECT_EQ(model.ColLowerBound(0), 3);
@@ -153,7 +153,7 @@ TEST_F(Adding, ACoefficientStandsInBothLists) {
   EXPECT_EQ(model.ColElementrow(1, 0), 0);
   EXPECT_EQ(model.ColElementvalue(1, 0), -2.5);
   EXPECT_EQ(model.NumberOfElements(), 1);
-  EXPECT_EQ(CheckModelData(model.store()), "");
+  EXPECT_EQ(model::CheckModelData(model.store()), "");
 }
 
 TEST_F(Adding, ARepeatedCoefficientIsASecondOne) {

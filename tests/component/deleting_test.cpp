@@ -86,7 +86,7 @@ TEST_F(Deleting, ARowTakesItsCoefficientsAndItsNumberWithIt) {
   EXPECT_EQ(model.ColElementvalue(0, 0), 2);
   EXPECT_EQ(model.NumberOfNonBindingRows(), 0);
   EXPECT_EQ(model.store().data().BindingRows.store(), (std::vector{1, 2}));
-  EXPECT_EQ(CheckModelData(model.store()), "");
+  EXPECT_EQ(model::CheckModelData(model.store()), "");
 }
 
 TEST_F(Deleting, AColumnThatARowEmptiesStays) {
@@ -103,7 +103,7 @@ TEST_F(Deleting, ARowThatAColumnEmptiesGoesToo) {
   EXPECT_EQ(ColumnNames(), (Texts{"Y", "Z"}));
   EXPECT_EQ(model.NumberOfElements(), 3);
   EXPECT_EQ(model.store().data().BindingRows.store(), std::vector{2});
-  EXPECT_EQ(CheckModelData(model.store()), "");
+  EXPECT_EQ(model::CheckModelData(model.store()), "");
 }
 
 TEST_F(Deleting, ARowThatWasEmptyBeforeStaysWhenAColumnGoes) {
@@ -115,7 +115,7 @@ TEST_F(Deleting, ARowThatWasEmptyBeforeStaysWhenAColumnGoes) {
 
 TEST_F(Deleting, AColumnThatEmptiesNoRowLeavesTheRowIndexesAlone) {
   BuildSmall();
-  ChangeFields(model, [](ModelData& data) {
+  ChangeFields(model, [](model::ModelData& data) {
     data.BindingRows.Release();
     data.NumberOfBindingRows = 0;
   });
@@ -168,7 +168,7 @@ TEST_F(Deleting, AnElementGoesFromBothLists) {
   EXPECT_EQ(model.RowNumberElements(0), 1);
   EXPECT_EQ(model.RowElementCol(0, 0), 1);
   EXPECT_EQ(model.ColNumberElements(0), 1);
-  EXPECT_EQ(CheckModelData(model.store()), "");
+  EXPECT_EQ(model::CheckModelData(model.store()), "");
 }
 
 TEST_F(Deleting, AColumnThatLosesItsLastElementStays) {
@@ -241,16 +241,17 @@ TEST_F(Deleting, OfRepeatedCoefficientsAColumnTakesOnlyTheFirstOfEachRow) {
 
 TEST_F(Deleting, AnElementWhoseColumnIsNotThereRaises) {
   BuildSmall();
-  ChangeFields(model, [&](ModelData& data) { data.Rows[1].Elements[1].Index = 77; });
+  ChangeFields(model, [&](model::ModelData& data) { data.Rows[1].Elements[1].Index = 77; });
   EXPECT_EQ(ErrorOfDeleteElement(0, 0), 9);
   EXPECT_EQ(model.RowNumberElements(0), 2);
 }
 
 TEST_F(Deleting, ModelsWhoseListsDisagreeAreDeletedFromWithoutHarm) {
   BuildSmall();
-  ChangeFields(model, [&](ModelData& data) { data.Rows[1].Elements[1].Index = 77; });
-  ChangeFields(model, [&](ModelData& data) { data.Columns[2].Elements[2].Index = -5; });
-  ChangeFields(model, [&](ModelData& data) { data.Columns[3].Elements[1].Index = kGreatest; });
+  ChangeFields(model, [&](model::ModelData& data) { data.Rows[1].Elements[1].Index = 77; });
+  ChangeFields(model, [&](model::ModelData& data) { data.Columns[2].Elements[2].Index = -5; });
+  ChangeFields(model,
+               [&](model::ModelData& data) { data.Columns[3].Elements[1].Index = kGreatest; });
   EXPECT_EQ(model.DeleteRow(2), -1);
   EXPECT_EQ(model.DeleteColumn(0), -1);
   EXPECT_EQ(model.DeleteRow(0), -1);
@@ -266,7 +267,7 @@ TEST_F(Deleting, DeletionsInARowAreDeferredUntilSomebodyLooks) {
   EXPECT_EQ(model.RowName(0), "R2");
   EXPECT_EQ(model.RowName(399), "R800");
   EXPECT_EQ(model.NumberOfElements(), 1100);
-  EXPECT_EQ(CheckModelData(model.store()), "");
+  EXPECT_EQ(model::CheckModelData(model.store()), "");
 }
 
 TEST_F(Deleting, DeletionsFromTheEndBackwardsAreDeferredToo) {
@@ -275,7 +276,7 @@ TEST_F(Deleting, DeletionsFromTheEndBackwardsAreDeferredToo) {
   EXPECT_EQ(model.NumberOfRows(), 10);
   EXPECT_EQ(model.RowName(9), "R10");
   EXPECT_EQ(model.NumberOfElements(), 13);
-  EXPECT_EQ(CheckModelData(model.store()), "");
+  EXPECT_EQ(model::CheckModelData(model.store()), "");
 }
 
 // A loop that looks at rows and deletes some of them stays cheap.
@@ -341,7 +342,7 @@ TEST_F(Deleting, AColumnThatEmptiesManyRowsTakesThemInOneGo) {
   EXPECT_EQ(model.RowName(0), "R4");
   EXPECT_EQ(model.RowName(24999), "R100000");
   EXPECT_EQ(model.RowElementCol(24999, 0), 0);
-  EXPECT_EQ(CheckModelData(model.store()), "");
+  EXPECT_EQ(model::CheckModelData(model.store()), "");
 }
 
 TEST_F(Deleting, NamesOfDeletedRowsAreFreeAndTheOthersAreStillFound) {

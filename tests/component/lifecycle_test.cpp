@@ -53,7 +53,7 @@ TEST(MakeNewModel, LeavesOneHiddenRecordOfEachKind) {
   q.model.strMPSFile("old.mps");
   q.model.store().settings().LogFileNumber = 1;
   q.model.MakeNewModel();
-  const ModelData& data = q.model.store().data();
+  const model::ModelData& data = q.model.store().data();
   EXPECT_EQ(q.model.NumberOfRows(), 0);
   EXPECT_EQ(q.model.NumberOfColumns(), 0);
   EXPECT_EQ(q.model.NumberOfElements(), 0);
@@ -64,13 +64,13 @@ TEST(MakeNewModel, LeavesOneHiddenRecordOfEachKind) {
   EXPECT_EQ(data.LogFileNumber, 0);
   ASSERT_EQ(data.Rows.size(), 1);
   EXPECT_EQ(data.Rows[1].Name, "ROW1");
-  EXPECT_EQ(data.Rows[1].Type, RowType::kLess);
+  EXPECT_EQ(data.Rows[1].Type, model::RowType::kLess);
   EXPECT_EQ(data.Rows[1].LowerBound, 0);
   EXPECT_EQ(data.Rows[1].UpperBound, 1e10);
   EXPECT_EQ(data.Rows[1].ElementCount(), 0);
   ASSERT_EQ(data.Columns.size(), 1);
   EXPECT_EQ(data.Columns[1].Name, "COL1");
-  EXPECT_EQ(data.Columns[1].Type, ColumnType::kContinuous);
+  EXPECT_EQ(data.Columns[1].Type, model::ColumnType::kContinuous);
   EXPECT_EQ(data.Columns[1].LowerBound, 0);
   EXPECT_EQ(data.Columns[1].UpperBound, 1e10);
   EXPECT_EQ(data.Columns[1].ElementCount(), 0);
@@ -109,19 +109,19 @@ TEST(ClearingAStore, EmptiesTheModelAndKeepsTheRowIndexes) {
 
 TEST(CheckModelData, FindsADifferenceBetweenTheLists) {
   QueryModel q;
-  EXPECT_EQ(CheckModelData(q.model.store()), "");
-  ChangeFields(q.model, [&](ModelData& data) { data.Rows[1].Elements[1].Value = 99; });
-  EXPECT_NE(CheckModelData(q.model.store()), "");
+  EXPECT_EQ(model::CheckModelData(q.model.store()), "");
+  ChangeFields(q.model, [&](model::ModelData& data) { data.Rows[1].Elements[1].Value = 99; });
+  EXPECT_NE(model::CheckModelData(q.model.store()), "");
 }
 
 TEST(CheckModelData, FindsWrongCountsAndNumbers) {
   QueryModel counts;
-  ChangeFields(counts.model, [&](ModelData& data) { ++data.NumberOfElements; });
-  EXPECT_NE(CheckModelData(counts.model.store()), "");
+  ChangeFields(counts.model, [&](model::ModelData& data) { ++data.NumberOfElements; });
+  EXPECT_NE(model::CheckModelData(counts.model.store()), "");
   QueryModel numbers;
-  ChangeFields(numbers.model, [&](ModelData& data) { data.Rows[2].Elements[1].Index = 6; });
-  ChangeFields(numbers.model, [&](ModelData& data) { data.Columns[3].Elements.Release(); });
-  EXPECT_NE(CheckModelData(numbers.model.store()), "");
+  ChangeFields(numbers.model, [&](model::ModelData& data) { data.Rows[2].Elements[1].Index = 6; });
+  ChangeFields(numbers.model, [&](model::ModelData& data) { data.Columns[3].Elements.Release(); });
+  EXPECT_NE(model::CheckModelData(numbers.model.store()), "");
 }
 
 }  // namespace

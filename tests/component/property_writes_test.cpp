@@ -89,7 +89,7 @@ TEST_F(PropertyWrites, BadNumbersAreReportedBeforeTheValueIsLookedAt) {
       {"Column number when attempting to SetColUpperBound()",
        [](auto& m) { m.SetColUpperBound(99, "abc"); }},
       {"Column number when attempting to SetColName()",
-       [](auto& m) { m.SetColName(3, Variant::Null{}); }},
+       [](auto& m) { m.SetColName(3, model::Variant::Null{}); }},
       {"Row number when attempting to SetRowName()", [](auto& m) { m.SetRowName(2, "A B"); }},
       {"Element number when attempting to SetRowElementValue()",
        [](auto& m) { m.SetRowElementValue(0, 0, "abc"); }},
@@ -104,16 +104,16 @@ TEST_F(PropertyWrites, BadNumbersAreReportedBeforeTheValueIsLookedAt) {
 TEST_F(PropertyWrites, ValuesThatCannotBeConvertedRaiseTypeMismatchAndChangeNothing) {
   const std::vector<Write> writes = {
       [](auto& m) { m.SetColUpperBound(0, "abc"); },
-      [](auto& m) { m.SetColLowerBound(0, Variant::Null{}); },
+      [](auto& m) { m.SetColLowerBound(0, model::Variant::Null{}); },
       [](auto& m) { m.SetRowUpperBound(1, ""); },
       [](auto& m) { m.SetRowLowerBound(1, "1,5"); },
       [](auto& m) { m.SetRowElementValue(1, 0, "0x10"); },
-      [](auto& m) { m.SetColName(0, Variant::Null{}); },
-      [](auto& m) { m.SetRowName(0, Variant::Null{}); },
-      [](auto& m) { m.SetColType(0, Variant::Null{}); },
-      [](auto& m) { m.SetRowType(0, Variant::Null{}); },
-      [](auto& m) { m.SetModelName(Variant::Null{}); },
-      [](auto& m) { m.SetModelDescription(Variant::Null{}); },
+      [](auto& m) { m.SetColName(0, model::Variant::Null{}); },
+      [](auto& m) { m.SetRowName(0, model::Variant::Null{}); },
+      [](auto& m) { m.SetColType(0, model::Variant::Null{}); },
+      [](auto& m) { m.SetRowType(0, model::Variant::Null{}); },
+      [](auto& m) { m.SetModelName(model::Variant::Null{}); },
+      [](auto& m) { m.SetModelDescription(model::Variant::Null{}); },
   };
   for (const Write& write : writes) EXPECT_EQ(ErrorOf(model, write), 13);
   EXPECT_TRUE(desktop.boxes().empty());
@@ -123,8 +123,8 @@ TEST_F(PropertyWrites, ValuesThatCannotBeConvertedRaiseTypeMismatchAndChangeNoth
 }
 
 TEST_F(PropertyWrites, BoundsTakeEveryKindOfValue) {
-  const std::vector<std::pair<Variant, double>> cases = {
-      {Variant(), 0},         {true, -1}, {false, 0},      {7, 7},
+  const std::vector<std::pair<model::Variant, double>> cases = {
+      {model::Variant(), 0},  {true, -1}, {false, 0},      {7, 7},
       {std::int64_t{-3}, -3}, {2.5, 2.5}, {" 1E3 ", 1000},
   };
   for (const auto& [value, number] : cases) {
@@ -147,7 +147,7 @@ TEST_F(PropertyWrites, BoundsMayBeReversedAndLeaveTheTypeAlone) {
 
 TEST_F(PropertyWrites, NamesAreRefusedByTheFirstRuleThatFails) {
   struct Case {
-    Variant name;
+    model::Variant name;
     std::string row_text;
     std::string column_text;
   };
@@ -155,7 +155,7 @@ TEST_F(PropertyWrites, NamesAreRefusedByTheFirstRuleThatFails) {
       {"A B", "Spaces are not allowed in row names", "Spaces are not allowed in column names"},
       {" ", "Spaces are not allowed in row names", "Spaces are not allowed in column names"},
       {"", "Invalid Name", "Invalid Name"},
-      {Variant(), "Invalid Name", "Invalid Name"},
+      {model::Variant(), "Invalid Name", "Invalid Name"},
   };
   for (const Case& c : cases) {
     desktop.Clear();
@@ -210,15 +210,15 @@ TEST_F(PropertyWrites, ModelNameAndDescriptionTakeAnyText) {
   model.SetModelDescription(3);
   EXPECT_EQ(model.ModelName(), "a b");
   EXPECT_EQ(model.ModelDescription(), "3");
-  model.SetModelName(Variant());
+  model.SetModelName(model::Variant());
   EXPECT_EQ(model.ModelName(), "");
 }
 
 TEST_F(PropertyWrites, ColumnTypesAreRealOrIntegerOnly) {
   model.SetColType(0, "I");
   EXPECT_EQ(model.ColType(0), "I");
-  const std::vector<Variant> refused = {"r", "B", "", "RR", "i", 1, true};
-  for (const Variant& type : refused) {
+  const std::vector<model::Variant> refused = {"r", "B", "", "RR", "i", 1, true};
+  for (const model::Variant& type : refused) {
     desktop.Clear();
     model.SetColType(0, type);
     EXPECT_EQ(desktop.boxes(), std::vector{PlainBox("Invalid Column Type")});
@@ -233,8 +233,8 @@ TEST_F(PropertyWrites, RowTypesAreTheFiveLetters) {
     model.SetRowType(1, type);
     EXPECT_EQ(model.RowType(1), type);
   }
-  const std::vector<Variant> refused = {"n", "I", "", "NN", 0, Variant()};
-  for (const Variant& type : refused) {
+  const std::vector<model::Variant> refused = {"n", "I", "", "NN", 0, model::Variant()};
+  for (const model::Variant& type : refused) {
     desktop.Clear();
     model.SetRowType(1, type);
     EXPECT_EQ(desktop.boxes(), std::vector{PlainBox("Invalid Row Type")});
@@ -251,7 +251,7 @@ TEST_F(PropertyWrites, SetRowTypeRaisesForRowsThatAreNotStored) {
 
 TEST_F(PropertyWrites, SetRowTypeRefusesTheHiddenRowOfANewModel) {
   model.MakeNewModel();
-  model.SetRowType(0, Variant::Null{});
+  model.SetRowType(0, model::Variant::Null{});
   const auto box = PlainBox("Invalid Row number when attempting to SetRowType()");
   EXPECT_EQ(desktop.boxes(), std::vector{box});
   EXPECT_EQ(ErrorOf(model, [](auto& m) { m.SetRowType(1, "N"); }), 9);
@@ -289,7 +289,7 @@ TEST_F(PropertyWrites, CoefficientsChangeInBothLists) {
   model.SetRowElementValue(1, 1, "-7.5");
   EXPECT_EQ(model.RowElementValue(1, 1), -7.5);
   EXPECT_EQ(model.ColElementvalue(1, 0), -7.5);
-  EXPECT_EQ(CheckModelData(model.store()), "");
+  EXPECT_EQ(model::CheckModelData(model.store()), "");
 }
 
 TEST_F(PropertyWrites, ACoefficientOfZeroStays) {
@@ -309,7 +309,7 @@ TEST_F(PropertyWrites, OfRepeatedCoefficientsTheColumnsFirstOneChanges) {
 }
 
 TEST_F(PropertyWrites, AnElementThatNamesNoColumnRaises) {
-  ChangeFields(model, [&](ModelData& data) { data.Rows[2].Elements[1].Index = 44; });
+  ChangeFields(model, [&](model::ModelData& data) { data.Rows[2].Elements[1].Index = 44; });
   EXPECT_EQ(ErrorOf(model, [](auto& m) { m.SetRowElementValue(1, 0, 1); }), 9);
 }
 

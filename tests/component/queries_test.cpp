@@ -135,7 +135,7 @@ TEST(ColumnQueries, GiveWhatIsStored) {
 
 TEST(RowQueries, GiveWhatIsStored) {
   QueryModel q;
-  q.SetRow(3, RowType::kRanged, -1, 6);
+  q.SetRow(3, model::RowType::kRanged, -1, 6);
   EXPECT_EQ(q.model.RowName(2), "R3");
   EXPECT_EQ(q.model.RowType(2), "R");
   EXPECT_EQ(q.model.RowLowerBound(2), -1);
@@ -165,7 +165,7 @@ TEST(ElementValue, GivesTheFirstOfARepeatedPair) {
 
 TEST(ElementValue, LooksIntoTheRowsListOnly) {
   QueryModel q;
-  ChangeFields(q.model, [&](ModelData& data) { data.Columns[2].Elements.Release(); });
+  ChangeFields(q.model, [&](model::ModelData& data) { data.Columns[2].Elements.Release(); });
   EXPECT_EQ(q.model.ElementValue(0, 1), -3.5);
 }
 

@@ -18,8 +18,8 @@ QueryModel::QueryModel() {
   model.AddElement(2, 4, 5);
 }
 
-void QueryModel::SetRow(std::int32_t r, RowType type, double lower, double upper) {
-  ChangeFields(model, [&](ModelData& data) { data.Rows[r].Type = type; });
+void QueryModel::SetRow(std::int32_t r, model::RowType type, double lower, double upper) {
+  ChangeFields(model, [&](model::ModelData& data) { data.Rows[r].Type = type; });
   model.store().RowBounds(r) = {lower, upper};
 }
 

@@ -42,7 +42,7 @@ class QueryModel {
   QueryModel();
 
   // 1-based. Sets type and bounds without asking any rule.
-  void SetRow(std::int32_t r, RowType type, double lower, double upper);
+  void SetRow(std::int32_t r, model::RowType type, double lower, double upper);
 
   platform::ScriptedDesktop desktop;
   LPModel model{desktop};

@@ -25,7 +25,7 @@ class RecordKindTest : public ::testing::Test {
   }
 
   // "NAME type lower upper elements".
-  std::string Text(const RecordKind& kind, std::int32_t i) {
+  std::string Text(const model::RecordKind& kind, std::int32_t i) {
     return (model_.*kind.name)(i) + ' ' + (model_.*kind.type)(i) + ' ' +
            std::to_string((model_.*kind.lower)(i)) + ' ' + std::to_string((model_.*kind.upper)(i)) +
            ' ' + std::to_string((model_.*kind.elements)(i));
@@ -36,23 +36,23 @@ class RecordKindTest : public ::testing::Test {
 };
 
 TEST_F(RecordKindTest, AsksForRows) {
-  EXPECT_EQ((model_.*kRowKind.count)(), 2);
-  EXPECT_EQ(Text(kRowKind, 1), "RNG R 2.000000 8.000000 2");
-  EXPECT_EQ((model_.*kRowKind.element_at)(1, 1), 1);
-  EXPECT_EQ((model_.*kRowKind.element_value)(1, 1), 4);
-  EXPECT_EQ(kRowKind.find(model_.store(), "RNG"), 2);
+  EXPECT_EQ((model_.*model::kRowKind.count)(), 2);
+  EXPECT_EQ(Text(model::kRowKind, 1), "RNG R 2.000000 8.000000 2");
+  EXPECT_EQ((model_.*model::kRowKind.element_at)(1, 1), 1);
+  EXPECT_EQ((model_.*model::kRowKind.element_value)(1, 1), 4);
+  EXPECT_EQ(model::kRowKind.find(model_.store(), "RNG"), 2);
 }
 
 TEST_F(RecordKindTest, AsksForColumns) {
-  EXPECT_EQ((model_.*kColumnKind.count)(), 3);
-  EXPECT_EQ(Text(kColumnKind, 1), "Y I 1.000000 10.000000 1");
-  EXPECT_EQ((model_.*kColumnKind.element_at)(1, 0), 1);
-  EXPECT_EQ((model_.*kColumnKind.element_value)(1, 0), 4);
-  EXPECT_EQ(kColumnKind.find(model_.store(), "Z"), 3);
+  EXPECT_EQ((model_.*model::kColumnKind.count)(), 3);
+  EXPECT_EQ(Text(model::kColumnKind, 1), "Y I 1.000000 10.000000 1");
+  EXPECT_EQ((model_.*model::kColumnKind.element_at)(1, 0), 1);
+  EXPECT_EQ((model_.*model::kColumnKind.element_value)(1, 0), 4);
+  EXPECT_EQ(model::kColumnKind.find(model_.store(), "Z"), 3);
 }
 
 TEST_F(RecordKindTest, EachChangesItsOwn) {
-  for (const RecordKind* kind : {&kRowKind, &kColumnKind}) {
+  for (const model::RecordKind* kind : {&model::kRowKind, &model::kColumnKind}) {
     const std::int32_t number = (model_.*kind->count)();
     EXPECT_EQ((model_.*kind->add)("NEW"), -1);
     ASSERT_EQ((model_.*kind->count)(), number + 1);
@@ -66,13 +66,13 @@ TEST_F(RecordKindTest, EachChangesItsOwn) {
     EXPECT_FALSE(HasRecord(model_, *kind, number));
     EXPECT_TRUE(HasRecord(model_, *kind, number - 1));
   }
-  EXPECT_FALSE(HasRecord(model_, kRowKind, -1));
+  EXPECT_FALSE(HasRecord(model_, model::kRowKind, -1));
   EXPECT_EQ(desktop_.boxes().size(), 0u);
 }
 
 TEST(RecordKinds, StandAtEachOther) {
-  EXPECT_EQ(&kRowKind.other, &kColumnKind);
-  EXPECT_EQ(&kColumnKind.other, &kRowKind);
+  EXPECT_EQ(&model::kRowKind.other, &model::kColumnKind);
+  EXPECT_EQ(&model::kColumnKind.other, &model::kRowKind);
 }
 
 }  // namespace

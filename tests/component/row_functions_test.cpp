@@ -14,7 +14,7 @@ namespace quarvel {
 namespace {
 
 struct EquationCase {
-  RowType type;
+  model::RowType type;
   double lower, upper;
   std::string with_elements;
   std::string without_elements;
@@ -35,45 +35,47 @@ INSTANTIATE_TEST_SUITE_P(
     RowEquation, RowEquations,
     ::testing::Values(
         EquationCase{
-            RowType::kLess, -1e10, 10, " + 2*X1 - 3.5*X2  <=  10",
+            model::RowType::kLess, -1e10, 10, " + 2*X1 - 3.5*X2  <=  10",
             "This row has no elements.  It is a less-than constraint row with upper bound 10."},
         EquationCase{
-            RowType::kGreater, 1.5, 1e10, " + 2*X1 - 3.5*X2  >=  1.5",
+            model::RowType::kGreater, 1.5, 1e10, " + 2*X1 - 3.5*X2  >=  1.5",
             "This row has no elements.  It is a greater-than constraint row with lower bound "
             "1.5."},
-        EquationCase{RowType::kEqual, 4, 4, " + 2*X1 - 3.5*X2  =  4",
+        EquationCase{model::RowType::kEqual, 4, 4, " + 2*X1 - 3.5*X2  =  4",
                      "This row has no elements.  It is an equality constraint row equal to 4."},
         EquationCase{
-            RowType::kRanged, -1, 1e10, "-1  >=   + 2*X1 - 3.5*X2  <=  10000000000",
+            model::RowType::kRanged, -1, 1e10, "-1  >=   + 2*X1 - 3.5*X2  <=  10000000000",
             "This row has no elements.  It is a ranged constraint row with lower bound -1 and "
             "upper bound 10000000000."},
-        EquationCase{RowType::kFree, -1e10, 1e10, " + 2*X1 - 3.5*X2  (non-binding/objective)",
+        EquationCase{model::RowType::kFree, -1e10, 1e10,
+                     " + 2*X1 - 3.5*X2  (non-binding/objective)",
                      "This row has no elements.  It is a non-binding/objective row."},
-        EquationCase{RowType::kNone, 0, 0, " + 2*X1 - 3.5*X2", "This row has no elements.  "}));
+        EquationCase{model::RowType::kNone, 0, 0, " + 2*X1 - 3.5*X2",
+                     "This row has no elements.  "}));
 
 TEST(RowEquation, WritesOneForAnObjectiveOfOneColumn) {
   QueryModel q;
-  q.SetRow(2, RowType::kFree, -1e10, 1e10);
+  q.SetRow(2, model::RowType::kFree, -1e10, 1e10);
   EXPECT_EQ(q.model.RowEquation(1), " + 1*X3  (non-binding/objective)");
 }
 
 TEST(RowEquation, WritesZeroWithAPlus) {
   QueryModel q;
   q.model.SetRowElementValue(1, 0, 0);
-  q.SetRow(2, RowType::kLess, 0, 0);
+  q.SetRow(2, model::RowType::kLess, 0, 0);
   EXPECT_EQ(q.model.RowEquation(1), " + 0*X3  <=  0");
 }
 
 TEST(RowEquation, RaisesForARowOutOfRange) {
   QueryModel q;
   EXPECT_EQ(RaisedBy([&] { q.model.RowEquation(4); }),
-            Raised(kRowOutOfRange, "LPModel.PropertyGetRow()",
+            Raised(model::kRowOutOfRange, "LPModel.PropertyGetRow()",
                    "Quarvel.dll error: row 4 is out of range.  \r\nRows range from 0 to 3."));
 }
 
 TEST(RowEquation, RaisesNineForAnElementOfNoColumn) {
   QueryModel q;
-  ChangeFields(q.model, [&](ModelData& data) { data.Rows[1].Elements[1].Index = 99; });
+  ChangeFields(q.model, [&](model::ModelData& data) { data.Rows[1].Elements[1].Index = 99; });
   EXPECT_EQ(RaisedBy([&] { q.model.RowEquation(0); }), Raised(9, "", "Subscript out of range"));
 }
 
@@ -136,7 +138,7 @@ TEST(RowGradient, RaisesNineForARowThatIsNotStoredAfterZeroing) {
 
 TEST(RowGradient, TellsAModelErrorAndGoesOnWithTheAssignment) {
   QueryModel q;
-  ChangeFields(q.model, [&](ModelData& data) { data.Rows[1].Elements[1].Index = 7; });
+  ChangeFields(q.model, [&](model::ModelData& data) { data.Rows[1].Elements[1].Index = 7; });
   std::array<double, 8> gradient = {};
   EXPECT_EQ(q.model.RowGradient(0, gradient), 1);
   const platform::ShownBox expected = {"Error in Quarvel.dll model", platform::MsgBoxStyle::kOk,
@@ -148,7 +150,7 @@ TEST(RowGradient, TellsAModelErrorAndGoesOnWithTheAssignment) {
 
 TEST(RowGradient, ReturnsZeroWhenAnElementLiesBeyondTheArray) {
   QueryModel q;
-  ChangeFields(q.model, [&](ModelData& data) { data.Rows[1].Elements[2].Index = 9; });
+  ChangeFields(q.model, [&](model::ModelData& data) { data.Rows[1].Elements[2].Index = 9; });
   std::array<double, 5> gradient = {};
   EXPECT_EQ(q.model.RowGradient(0, gradient), 0);
   EXPECT_EQ(gradient[0], 2);  // what was written stays
@@ -193,14 +195,14 @@ TEST(RowBodyValue, CountsRepeatedElementsEachTime) {
 
 TEST(RowBodyValue, RaisesForAnElementBeyondTheColumnsKeepingTheSumSoFar) {
   QueryModel q;
-  ChangeFields(q.model, [&](ModelData& data) { data.Rows[1].Elements[2].Index = 6; });
+  ChangeFields(q.model, [&](model::ModelData& data) { data.Rows[1].Elements[2].Index = 6; });
   const std::array<double, 9> point = {3, 3, 3, 3, 3, 3, 3, 3, 3};
   double answer = 77;
-  EXPECT_EQ(
-      RaisedBy([&] { q.model.RowBodyValue(0, point, answer); }),
-      Raised(kTooFewElementsInPoint, "LPModel.rowBodyValue", "Too few elements in input point"));
+  EXPECT_EQ(RaisedBy([&] { q.model.RowBodyValue(0, point, answer); }),
+            Raised(model::kTooFewElementsInPoint, "LPModel.rowBodyValue",
+                   "Too few elements in input point"));
   EXPECT_EQ(answer, 6);
-  EXPECT_EQ(kTooFewElementsInPoint, -2147220991);
+  EXPECT_EQ(model::kTooFewElementsInPoint, -2147220991);
 }
 
 TEST(RowBodyValue, RaisesNineForAPointTooShort) {

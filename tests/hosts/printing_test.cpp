@@ -33,8 +33,8 @@ TEST(Columns, LeaveLongTextWhole) {
 }
 
 TEST(BoundText, SaysWhereThereIsNone) {
-  EXPECT_EQ(BoundText(BoundLimit), "inf");
-  EXPECT_EQ(BoundText(-BoundLimit), "-inf");
+  EXPECT_EQ(BoundText(model::BoundLimit), "inf");
+  EXPECT_EQ(BoundText(-model::BoundLimit), "-inf");
   EXPECT_EQ(BoundText(9999999999.0), "9999999999");
   EXPECT_EQ(BoundText(1e15), "1E+15");
 }

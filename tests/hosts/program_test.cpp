@@ -12,7 +12,7 @@ namespace {
 TEST(Program, PrintsItsVersion) {
   const Outcome run = RunQuarvel({"--version"});
   EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(run.out, "quarvel " + std::string(ProductVersion()) + "\n");
+  EXPECT_EQ(run.out, "quarvel " + std::string(model::ProductVersion()) + "\n");
   EXPECT_EQ(run.err, "");
 }
 

@@ -9,7 +9,7 @@
 #include "model/model_data.h"
 #include "model/one_based.h"
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 std::vector<std::int32_t> Indexes(const ElementStore& list) {
@@ -154,4 +154,4 @@ TEST(ElementArena, MovesALentListThatIsResized) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::model

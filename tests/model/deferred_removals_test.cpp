@@ -8,7 +8,7 @@
 
 #include "model/stored_model.h"
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 using Kind = DeferredRemovals::Kind;
@@ -182,4 +182,4 @@ TEST(CloseGaps, NothingDeferredChangesNothing) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -8,7 +8,7 @@
 
 #include "model/model_data.h"
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 // A model and what is known of its lists, with the counter of changes that a store keeps.
@@ -259,4 +259,4 @@ TEST(ListAgreement, RaisesWhenFewerRowsAreStoredThanCounted) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -10,7 +10,7 @@
 
 #include "model/model_check.h"
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 std::int32_t AddRow(ModelStore& store, const std::string& name) {
@@ -168,4 +168,4 @@ TEST(ModelStore, DefersRandomRemovalsWithoutATrace) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::model

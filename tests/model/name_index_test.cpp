@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 // Names by number, as records hold them.
@@ -138,4 +138,4 @@ TEST(NameIndex, AgreesWithAScanThroughRandomChanges) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::model

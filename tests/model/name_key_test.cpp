@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 // Names of every length that differ from each other in one byte, with NULs and high bytes too.
@@ -65,4 +65,4 @@ TEST(NameKey, ComparesNamesInTheirBuffers) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -7,7 +7,7 @@
 
 #include "model/element_store.h"
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 TEST(PackedDouble, GivesBackEveryKindOfDouble) {
@@ -30,4 +30,4 @@ TEST(PackedDouble, ComparesAsADoubleInAnEntry) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::model

@@ -8,7 +8,7 @@
 #include "model/bound_code.h"
 #include "model/model_data.h"
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 using Bounds = std::pair<double, double>;
@@ -140,4 +140,4 @@ TEST(BoundCodes, NeedAValueExactlyWhenABoundTakesIt) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::model

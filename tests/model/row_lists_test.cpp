@@ -10,7 +10,7 @@
 
 #include "model/stored_model.h"
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 using List = std::vector<std::pair<std::int32_t, double>>;
@@ -104,4 +104,4 @@ TEST(RowLists, TheLastRowsMayBeEmpty) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::model

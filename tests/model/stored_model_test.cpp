@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 using Numbers = std::vector<std::int32_t>;
@@ -57,4 +57,4 @@ TEST(RebuildRowIndexes, CountsARowWithoutATypeAsBinding) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::model

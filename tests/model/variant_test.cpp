@@ -4,7 +4,7 @@
 
 #include "platform/automation_error.h"
 
-namespace quarvel {
+namespace quarvel::model {
 namespace {
 
 TEST(Variant, ConvertsToANumber) {
@@ -49,4 +49,4 @@ TEST(Variant, RaisesThirteenForWhatCannotBeConverted) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::model

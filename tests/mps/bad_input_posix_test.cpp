@@ -18,7 +18,7 @@
 #include "tests/mps/read_helpers.h"
 #include "tests/support/shown_form.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -142,6 +142,6 @@ TEST(BadInputPosix, FromAPipeIsReadWithProgressOfNothing) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps
 
 #endif  // _WIN32

@@ -12,7 +12,7 @@
 #include "tests/support/read_comparison.h"
 #include "tests/support/test_paths.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -98,7 +98,7 @@ TEST(BadInput, OfNoiseEndsAtTheFirstNo) {
     EXPECT_EQ(session.Read(file), 0);
     EXPECT_EQ(session.desktop.boxes().size(), 1u);
     EXPECT_TRUE(session.desktop.shown().empty());
-    EXPECT_EQ(CheckModelData(session.model.store()), "");
+    EXPECT_EQ(model::CheckModelData(session.model.store()), "");
   }
 }
 
@@ -131,4 +131,4 @@ TEST(BadInput, WithTheSameNameForEverythingIsRead) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -5,7 +5,7 @@
 
 #include "tests/support/test_paths.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 namespace fs = std::filesystem;
@@ -46,4 +46,4 @@ Questions KindsOf(const std::vector<std::string>& problems) {
   return kinds;
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

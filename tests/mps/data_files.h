@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace quarvel {
+namespace quarvel::mps {
 
 // "folder/name" of every file, sorted.
 std::vector<std::string> DataFiles();
@@ -24,4 +24,4 @@ inline constexpr const char* kNoColumn = "MPS file read error: no match for vari
 inline constexpr const char* kTokens = "MPS file read error: improper number of tokens (line ";
 inline constexpr const char* kTooFew = "MPS file error: too few tokens (line ";
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -30,14 +30,14 @@
 #include "text/numbers.h"
 #include "text/picture.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 double Reread(const std::string& number) { return text::ParseNumber(number).value(); }
 double AsElement(double value) { return Reread(text::PictureText(value, text::Picture::kElement)); }
 
 // The value of a LO or FX record.
-double AsBound(const ColumnRecord& column, double value) {
+double AsBound(const model::ColumnRecord& column, double value) {
   const std::string narrow = text::PictureText(value, text::Picture::kBound);
   const bool fits = text::CharacterCount(column.Name) <= 8 && narrow.size() <= 12;
   return Reread(fits ? narrow : text::GeneralText(value));
@@ -47,47 +47,47 @@ struct Limits {
   double lower, upper;
 };
 
-Limits LimitsWhenReadAgain(const ColumnRecord& column) {
+Limits LimitsWhenReadAgain(const model::ColumnRecord& column) {
   const double lower = column.LowerBound;
   const double upper = column.UpperBound;
   if (lower == upper) return {AsBound(column, upper), AsBound(column, upper)};
-  if (lower == -BoundLimit && upper == BoundLimit) return {lower, upper};
-  return {
-      lower == -BoundLimit ? 0 : AsBound(column, lower),
-      upper == BoundLimit ? upper : Reread(text::PictureText(upper, text::Picture::kWideBound))};
+  if (lower == -model::BoundLimit && upper == model::BoundLimit) return {lower, upper};
+  return {lower == -model::BoundLimit ? 0 : AsBound(column, lower),
+          upper == model::BoundLimit ? upper
+                                     : Reread(text::PictureText(upper, text::Picture::kWideBound))};
 }
 
-Limits LimitsWhenReadAgain(const RowRecord& row) {
+Limits LimitsWhenReadAgain(const model::RowRecord& row) {
   const double lower = AsElement(row.LowerBound);
   switch (row.Type) {
-    case RowType::kGreater:
-      return {lower, BoundLimit};
-    case RowType::kLess:
-      return {-BoundLimit, AsElement(row.UpperBound)};
-    case RowType::kEqual:
+    case model::RowType::kGreater:
+      return {lower, model::BoundLimit};
+    case model::RowType::kLess:
+      return {-model::BoundLimit, AsElement(row.UpperBound)};
+    case model::RowType::kEqual:
       return {lower, lower};
-    case RowType::kRanged:
+    case model::RowType::kRanged:
       return {lower, lower + AsElement(row.UpperBound - row.LowerBound)};
     default:
-      return {-BoundLimit, BoundLimit};
+      return {-model::BoundLimit, model::BoundLimit};
   }
 }
 
-std::vector<const RowRecord*> RowsWritten(const ModelData& data) {
-  std::vector<const RowRecord*> rows;
-  for (const RowRecord& row : data.Rows) {
+std::vector<const model::RowRecord*> RowsWritten(const model::ModelData& data) {
+  std::vector<const model::RowRecord*> rows;
+  for (const model::RowRecord& row : data.Rows) {
     if (row.ElementCount() > 0) rows.push_back(&row);
   }
   return rows;
 }
 
-std::vector<const ColumnRecord*> ColumnsWritten(const ModelData& data) {
-  std::vector<const ColumnRecord*> columns;
-  for (const ColumnRecord& column : data.Columns) {
+std::vector<const model::ColumnRecord*> ColumnsWritten(const model::ModelData& data) {
+  std::vector<const model::ColumnRecord*> columns;
+  for (const model::ColumnRecord& column : data.Columns) {
     if (column.ElementCount() > 0) columns.push_back(&column);
   }
-  std::stable_partition(columns.begin(), columns.end(), [](const ColumnRecord* column) {
-    return column->Type != ColumnType::kInteger;
+  std::stable_partition(columns.begin(), columns.end(), [](const model::ColumnRecord* column) {
+    return column->Type != model::ColumnType::kInteger;
   });
   return columns;
 }
@@ -96,29 +96,32 @@ template <class Record>
 void ExpectSameHead(const Record& before, const Record& again, const std::string& file) {
   const Limits limits = LimitsWhenReadAgain(before);
   EXPECT_EQ(again.Name, before.Name) << file;
-  EXPECT_EQ(TypeText(again.Type), TypeText(before.Type)) << file << " " << before.Name;
+  EXPECT_EQ(model::TypeText(again.Type), model::TypeText(before.Type))
+      << file << " " << before.Name;
   EXPECT_EQ(again.LowerBound, limits.lower) << file << " " << before.Name;
   EXPECT_EQ(again.UpperBound, limits.upper) << file << " " << before.Name;
 }
 
-void ExpectSameRows(const ModelData& before, const ModelData& again, const std::string& file) {
-  const std::vector<const RowRecord*> rows = RowsWritten(before);
+void ExpectSameRows(const model::ModelData& before, const model::ModelData& again,
+                    const std::string& file) {
+  const std::vector<const model::RowRecord*> rows = RowsWritten(before);
   ASSERT_EQ(static_cast<std::size_t>(again.NumberOfRows), rows.size()) << file;
   std::int32_t i = 0;
-  for (const RowRecord* row : rows) ExpectSameHead(*row, again.Rows[++i], file);
+  for (const model::RowRecord* row : rows) ExpectSameHead(*row, again.Rows[++i], file);
 }
 
 // The lists of the rows follow from those of the columns: both agree in each model.
-void ExpectSameColumns(const ModelData& before, const ModelData& again, const std::string& file) {
-  const std::vector<const ColumnRecord*> columns = ColumnsWritten(before);
+void ExpectSameColumns(const model::ModelData& before, const model::ModelData& again,
+                       const std::string& file) {
+  const std::vector<const model::ColumnRecord*> columns = ColumnsWritten(before);
   ASSERT_EQ(static_cast<std::size_t>(again.NumberOfColumns), columns.size()) << file;
   std::int32_t j = 0;
-  for (const ColumnRecord* column : columns) {
-    const ColumnRecord& other = again.Columns[++j];
+  for (const model::ColumnRecord* column : columns) {
+    const model::ColumnRecord& other = again.Columns[++j];
     ExpectSameHead(*column, other, file);
     ASSERT_EQ(other.ElementCount(), column->ElementCount()) << file << " " << column->Name;
     for (std::int32_t k = 1; k <= other.ElementCount(); ++k) {
-      const ElementEntry& element = column->Elements[k];
+      const model::ElementEntry& element = column->Elements[k];
       EXPECT_EQ(again.Rows[other.Elements[k].Index].Name, before.Rows[element.Index].Name)
           << file << " " << column->Name;
       EXPECT_EQ(other.Elements[k].Value, AsElement(element.Value)) << file << " " << column->Name;
@@ -133,15 +136,16 @@ std::string WithoutBlankEnd(std::string text) {
 
 // The questions about entries in RHS, RANGES and BOUNDS of rows and columns that are left out, and
 // about columns whose bounds a simplification has reversed.
-Questions QuestionsWhenReadAgain(const ModelData& data) {
+Questions QuestionsWhenReadAgain(const model::ModelData& data) {
   Questions questions;
-  for (const RowRecord& row : data.Rows) {
+  for (const model::RowRecord& row : data.Rows) {
     if (row.ElementCount() > 0) continue;
-    const double right_hand_side = row.Type == RowType::kLess ? row.UpperBound : row.LowerBound;
-    if (row.Type != RowType::kFree && right_hand_side != 0) ++questions[kNoRow];
-    if (row.Type == RowType::kRanged) ++questions[kNoRow];
+    const double right_hand_side =
+        row.Type == model::RowType::kLess ? row.UpperBound : row.LowerBound;
+    if (row.Type != model::RowType::kFree && right_hand_side != 0) ++questions[kNoRow];
+    if (row.Type == model::RowType::kRanged) ++questions[kNoRow];
   }
-  for (const ColumnRecord& column : data.Columns) {
+  for (const model::ColumnRecord& column : data.Columns) {
     if (column.ElementCount() > 0) {
       const Limits limits = LimitsWhenReadAgain(column);
       const bool reversed = limits.lower > limits.upper;
@@ -150,10 +154,10 @@ Questions QuestionsWhenReadAgain(const ModelData& data) {
     }
     const Limits limits = {column.LowerBound, column.UpperBound};
     const bool fixed = limits.lower == limits.upper;
-    const bool has_lower = limits.lower != 0 && limits.lower != -BoundLimit;
-    const bool free = limits.lower == -BoundLimit && limits.upper == BoundLimit;
+    const bool has_lower = limits.lower != 0 && limits.lower != -model::BoundLimit;
+    const bool free = limits.lower == -model::BoundLimit && limits.upper == model::BoundLimit;
     if (has_lower && !fixed) ++questions[kNoColumn];
-    if (fixed || free || limits.upper != BoundLimit) ++questions[kNoColumn];
+    if (fixed || free || limits.upper != model::BoundLimit) ++questions[kNoColumn];
   }
   return questions;
 }
@@ -165,14 +169,14 @@ void ExpectToComeBack(ReadSession& first, const std::string& file) {
   ReadSession second;
   ASSERT_EQ(second.ReadFile(copy), -1) << file;
 
-  const ModelData& before = first.model.store().data();
-  const ModelData& again = second.model.store().data();
+  const model::ModelData& before = first.model.store().data();
+  const model::ModelData& again = second.model.store().data();
   EXPECT_EQ(again.ModelName, before.ModelName) << file;
   EXPECT_EQ(again.ModelDescription, WithoutBlankEnd(before.ModelDescription)) << file;
   EXPECT_EQ(again.NumberOfElements, before.NumberOfElements) << file;
   ExpectSameRows(before, again, file);
   ExpectSameColumns(before, again, file);
-  EXPECT_EQ(CheckModelData(second.model.store()), "") << file;
+  EXPECT_EQ(model::CheckModelData(second.model.store()), "") << file;
   EXPECT_EQ(KindsOf(second.Problems()), QuestionsWhenReadAgain(before)) << file;
 }
 
@@ -199,7 +203,7 @@ TEST_F(SimplifiedDataFiles, ComeBackWhenReadAgain) {
       return box.style == platform::MsgBoxStyle::kYesNoCancelExclamation ? kNo : answer(box);
     };
     session.Read(ReadWholeFile(PathOf(file)));  // a copy: the log goes beside it
-    ASSERT_EQ(CheckModelData(session.model.store()), "") << file;
+    ASSERT_EQ(model::CheckModelData(session.model.store()), "") << file;
     ExpectToComeBack(session, file);
   }
   EXPECT_GT(simplified, 10);
@@ -207,7 +211,7 @@ TEST_F(SimplifiedDataFiles, ComeBackWhenReadAgain) {
 
 // The lines of a file, but for those in RHS and RANGES of rows that the model does not have.
 std::vector<std::string> LinesWithoutLeftOutRows(const std::string& written,
-                                                 const ModelStore& store) {
+                                                 const model::ModelStore& store) {
   std::vector<std::string> lines;
   for (const testing::NaiveLine& line : testing::SplitIntoLines(written)) {
     const bool is_entry =
@@ -218,10 +222,10 @@ std::vector<std::string> LinesWithoutLeftOutRows(const std::string& written,
   return lines;
 }
 
-bool HasIntegerColumnsBeforeOthers(const ModelData& data) {
+bool HasIntegerColumnsBeforeOthers(const model::ModelData& data) {
   return !std::is_partitioned(
       data.Columns.begin(), data.Columns.end(),
-      [](const ColumnRecord& column) { return column.Type != ColumnType::kInteger; });
+      [](const model::ColumnRecord& column) { return column.Type != model::ColumnType::kInteger; });
 }
 
 TEST_F(WrittenDataFiles, AreWrittenTheSameAgain) {
@@ -249,4 +253,4 @@ TEST_F(WrittenDataFiles, AreWrittenTheSameAgain) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -17,7 +17,7 @@
 #include "tests/support/real_models.h"
 #include "tests/support/test_paths.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 // What CoinUtils 2.11 (CoinMpsIO::readMps) tells about a file. Its conventions: the first free row
@@ -128,7 +128,7 @@ TEST_F(ReadDataFiles, HaveTheCountsOfAnIndependentReader) {
     const Published& file = name == kForplan.file ? kForplan : published;
     ReadSession session;
     session.ReadFile(PathOf(file.file));
-    const ModelData& data = session.model.store().data();
+    const model::ModelData& data = session.model.store().data();
     // Here the objective is a row and its coefficients are elements like any others.
     EXPECT_EQ(data.NumberOfRows, file.rows + 1) << name;
     EXPECT_EQ(data.NumberOfBindingRows, file.rows) << name;
@@ -136,12 +136,12 @@ TEST_F(ReadDataFiles, HaveTheCountsOfAnIndependentReader) {
     EXPECT_EQ(data.NumberOfColumns, file.columns) << name;
     EXPECT_EQ(data.NumberOfElements, file.elements + file.objective) << name;
     EXPECT_EQ(data.Rows[data.NonBindingRows[1]].ElementCount(), file.objective) << name;
-    EXPECT_EQ(CountType(data.Rows, RowType::kRanged), file.ranged) << name;
+    EXPECT_EQ(CountType(data.Rows, model::RowType::kRanged), file.ranged) << name;
     // The codes BV and UI, which make a column integer there, are refused here.
-    EXPECT_EQ(CountType(data.Columns, ColumnType::kInteger),
+    EXPECT_EQ(CountType(data.Columns, model::ColumnType::kInteger),
               name == "miplib/gesa2" ? 0 : file.integer)
         << name;
-    EXPECT_EQ(CheckModelData(session.model.store()), "") << name;
+    EXPECT_EQ(model::CheckModelData(session.model.store()), "") << name;
   }
 }
 
@@ -154,4 +154,4 @@ TEST_F(ReadDataFiles, AreReadAsThePlainReaderReadsThem) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -8,7 +8,7 @@
 #include "mps/frm_set_default_bounds.h"
 #include "tests/mps/read_helpers.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 using platform::Form;
@@ -191,4 +191,4 @@ TEST(EmptyItemAnsweredNo, LeavesTheWindowUntilTheUserStopsAndClosesIt) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -11,7 +11,7 @@
 #include "tests/support/test_paths.h"
 #include "text/upper_case.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 // A line and its tokens, as far as they are kept.
@@ -146,4 +146,4 @@ TEST_F(LineBatchTest, AgreesWithOneByOneAcrossPiecesOfTheFile) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -11,7 +11,7 @@
 #include "platform/files.h"
 #include "tests/support/test_paths.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 constexpr std::size_t kLongest = LineReader::kLongestLine;
@@ -226,4 +226,4 @@ TEST(LineReader, ReadsSeveralOverlongLinesInARow) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -8,7 +8,7 @@
 #include "model/model_store.h"
 #include "tests/support/test_paths.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 // What a line says, however it came.
@@ -50,14 +50,14 @@ class LineSourceTest : public ::testing::Test {
   }
 
   static void CheckKey(const SourceLine& line, std::size_t token) {
-    const NameKey made = line.Key(token);
-    const NameKey plain = NameKey::Of(line[token]);
+    const model::NameKey made = line.Key(token);
+    const model::NameKey plain = model::NameKey::Of(line[token]);
     EXPECT_TRUE(made.Equals(plain.low, plain.high)) << line[token];
     EXPECT_EQ(made.hash, plain.hash) << line[token];
   }
 
   TemporaryFolder folder_;
-  ModelStore store_;  // of no names
+  model::ModelStore store_;  // of no names
   int goes_on_ = 0;
 };
 
@@ -122,4 +122,4 @@ TEST_F(LineSourceTest, MarksATooLongLineAndNoneAfterIt) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps

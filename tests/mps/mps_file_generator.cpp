@@ -5,7 +5,7 @@
 
 #include "text/upper_case.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 using namespace std::string_literals;
@@ -241,4 +241,4 @@ void MpsFileGenerator::Line(const std::string& text) {
   text_ += text + (line_end_ == 3 ? Pick(kEnds) : kEnds[static_cast<std::size_t>(line_end_)]);
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace quarvel {
+namespace quarvel::mps {
 
 class MpsFileGenerator {
  public:
@@ -55,4 +55,4 @@ class MpsFileGenerator {
   std::string text_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -7,12 +7,12 @@
 
 #include "tests/mps/write_helpers.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
-constexpr double kInfinite = BoundLimit;
+constexpr double kInfinite = model::BoundLimit;
 
-const double kJustBelowLimit = std::nextafter(BoundLimit, 0.0);
+const double kJustBelowLimit = std::nextafter(model::BoundLimit, 0.0);
 
 TEST(MpsRightHandSide, IsTheLimitOfItsTypeUnlessItIsZero) {
   const struct {
@@ -231,4 +231,4 @@ TEST(MpsBounds, StandInColumnOrderLowerBeforeUpper) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -9,7 +9,7 @@
 #include "tests/mps/write_helpers.h"
 #include "tests/support/model_builder.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 class MpsText : public ::testing::Test, protected HandMadeModel {};
@@ -43,7 +43,7 @@ TEST_F(MpsText, HasEverySectionInOrder) {
       .Element("X4", "WINDOW", -4)
       .Element("X4", "COST", 0.5)
       .Element("X5", "BALANCE", -1);
-  EXPECT_EQ(CheckModelData(model.store()), "");
+  EXPECT_EQ(model::CheckModelData(model.store()), "");
   const WrittenModel written = Write();
   EXPECT_EQ(written.text, GoldenFile("every_section.mps"));
   EXPECT_TRUE(written.standard);
@@ -57,8 +57,8 @@ TEST_F(MpsText, LeavesTheFixedColumnsForLongNamesAndValues) {
   build.Column("NINECOLSX", 1, 7.25)
       .Column("EIGHTCOL", -1e20, 123456789012.5)
       .Column("LONGFIXEDX", 0.5, 0.5)
-      .Column("FREE", -BoundLimit, BoundLimit)
-      .Column("NOLOWER", -BoundLimit, 9);
+      .Column("FREE", -model::BoundLimit, model::BoundLimit)
+      .Column("NOLOWER", -model::BoundLimit, 9);
   build.Element("NINECOLSX", "OBJECTIVE", 1)
       .Element("NINECOLSX", "EIGHTROW", -3.5)
       .Element("EIGHTCOL", "EIGHTROW", 1)
@@ -133,7 +133,7 @@ TEST_F(MpsText, IsWholeWhenItIsLongerThanAnyBuffer) {
 
 TEST_F(MpsText, IsRefusedForACoefficientAtARowThatIsNotStored) {
   build.Row("R", 'N').Column("X").Element("X", "R", 1);
-  ChangeFields(model, [&](ModelData& data) { data.Columns[1].Elements[1].Index = 2; });
+  ChangeFields(model, [&](model::ModelData& data) { data.Columns[1].Elements[1].Index = 2; });
   try {
     Write();
     FAIL() << "written";
@@ -207,8 +207,8 @@ TEST_F(MpsText, HasMarkersForIntegerColumnsWithoutElements) {
 }
 
 TEST_F(MpsText, TakesEveryTypeButIntegerAsContinuous) {
-  build.Row("R", 'L').Column("BINARY", 0, BoundLimit, 'B');
-  build.Column("NONE", 0, BoundLimit, ModelBuilder::kNoType);
+  build.Row("R", 'L').Column("BINARY", 0, model::BoundLimit, 'B');
+  build.Column("NONE", 0, model::BoundLimit, ModelBuilder::kNoType);
   build.Element("BINARY", "R", 1).Element("NONE", "R", 2);
   EXPECT_EQ(Write().Section("COLUMNS"), (Lines{"    BINARY    R                   1.",
                                                "    NONE      R                   2."}));
@@ -269,4 +269,4 @@ TEST(MpsElementLine, KeepsFixedColumnsWhereNamesAndValueFit) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -13,7 +13,7 @@
 #include "platform/file_dialog.h"
 #include "tests/mps/read_helpers.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 using platform::Form;
@@ -141,12 +141,12 @@ TEST(ReadCallback, SeesEverythingReadSoFarFromBothSides) {
     ++looks;
     const LPModel& model = session.model;
     EXPECT_EQ(model.RowNumberElements(1), model.NumberOfElements());
-    EXPECT_EQ(CheckModelData(model.store()), "");
+    EXPECT_EQ(model::CheckModelData(model.store()), "");
   };
   session.Read(ManyColumns(450));
   EXPECT_EQ(looks, 4);
   EXPECT_EQ(session.model.NumberOfElements(), 451);
-  EXPECT_EQ(CheckModelData(session.model.store()), "");
+  EXPECT_EQ(model::CheckModelData(session.model.store()), "");
 }
 
 TEST(ReadCallback, MayDeleteAddAndResetInTheMiddle) {
@@ -162,7 +162,7 @@ TEST(ReadCallback, MayDeleteAddAndResetInTheMiddle) {
       if (action == 4) model.AddRow("HOSTROW");
     };
     EXPECT_EQ(session.Read(ManyColumns(600)), -1) << action;
-    EXPECT_EQ(CheckModelData(session.model.store()), "") << action;
+    EXPECT_EQ(model::CheckModelData(session.model.store()), "") << action;
   }
 }
 
@@ -180,7 +180,7 @@ TEST(ReadCallback, MayDeleteColumnsUnderAQuestionInTheMiddleOfALine) {
         "ROWS\n L R1\n L R2\nCOLUMNS\n A R1 1 R2 1\n B R1 1 R2 1\n C R1 1\n"
         " C NOPE 4 R2 5\nENDATA\n");
     const LPModel& model = session.model;
-    EXPECT_EQ(CheckModelData(model.store()), "") << deleted;
+    EXPECT_EQ(model::CheckModelData(model.store()), "") << deleted;
     // The rest of the line goes to its own column, wherever that stands now, or nowhere.
     const std::int32_t column = model.store().FindColumn("C");
     EXPECT_EQ(column, deleted == 2 ? 0 : 2);
@@ -201,7 +201,7 @@ TEST(ReadCallback, MayReadAnotherFileDirectly) {
     session.model.StartFileReding();
   };
   session.Read(ManyColumns(600));
-  EXPECT_EQ(CheckModelData(session.model.store()), "");
+  EXPECT_EQ(model::CheckModelData(session.model.store()), "");
 }
 
 TEST(ReadCallback, RaisesWhenAReadIsStartedInsideARead) {
@@ -268,4 +268,4 @@ TEST(FileDialogHost, IsOneForEachObjectAndStartsEmpty) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -4,7 +4,7 @@
 #include "mps/frm_set_default_bounds.h"
 #include "tests/support/shown_form.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 using platform::MsgBoxResult;
 using platform::ShownBox;
@@ -57,4 +57,4 @@ std::string Question(std::string_view description) {
   return std::string(description) + "\r\nWould you like to continue reading this MPS file?";
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -11,7 +11,7 @@
 #include "platform/scripted/scripted_desktop.h"
 #include "tests/support/test_paths.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 class frmProgress;
 
@@ -51,4 +51,4 @@ frmProgress& Progress(ReadSession& session);
 // "<description>\r\nWould you like to continue reading this MPS file?"
 std::string Question(std::string_view description);
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 TEST(ReadProblem, NamesItsLineItsItemOrItsFailureInWords) {
@@ -25,4 +25,4 @@ TEST(ReadProblem, NamesItsLineItsItemOrItsFailureInWords) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -7,7 +7,7 @@
 #include "model/model_check.h"
 #include "tests/mps/read_helpers.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -38,7 +38,7 @@ TEST(MpsReader, ReadsRowsColumnsAndElementsInBothLists) {
   EXPECT_EQ(model.RowElementValue(3, 1), -1.5);
   EXPECT_EQ(model.ColElementrow(0, 2), 2);
   EXPECT_EQ(model.ColElementvalue(0, 2), 1);
-  EXPECT_EQ(CheckModelData(model.store()), "");
+  EXPECT_EQ(model::CheckModelData(model.store()), "");
 }
 
 TEST(MpsReader, GivesEachRowTypeItsBounds) {
@@ -192,7 +192,7 @@ TEST(MpsReader, AddsToAColumnThatIsTakenUpAgain) {
   EXPECT_EQ(model.RowElementValue(0, 0), 1);
   EXPECT_EQ(model.RowElementValue(0, 1), 2);
   EXPECT_EQ(model.RowElementValue(0, 2), 4);
-  EXPECT_EQ(CheckModelData(model.store()), "");
+  EXPECT_EQ(model::CheckModelData(model.store()), "");
 }
 
 TEST(MpsReader, KeepsARepeatedPairAsASecondElement) {
@@ -225,4 +225,4 @@ TEST(MpsReader, GivesNewColumnsTheChosenDefaultBounds) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -11,7 +11,7 @@
 #include "tests/support/read_comparison.h"
 #include "tests/support/test_paths.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 using testing::ReadComparison;
@@ -152,4 +152,4 @@ TEST(MpsFileGenerator, MakesFilesWithoutProblemsWhenToldSo) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps

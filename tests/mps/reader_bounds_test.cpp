@@ -7,7 +7,7 @@
 
 #include "tests/mps/read_helpers.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -103,4 +103,4 @@ TEST(MpsReader, LeavesANegativeUpperBoundReversed) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -8,7 +8,7 @@
 #include "model/model_check.h"
 #include "tests/mps/read_helpers.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -120,7 +120,7 @@ TEST(MpsReader, ReplacesTheModelBeforeIt) {
   EXPECT_EQ(session.model.ModelDescription(), "");
   EXPECT_EQ(session.model.NumberOfRows(), 2);
   EXPECT_EQ(session.model.RowName(1), "B");
-  EXPECT_EQ(CheckModelData(session.model.store()), "");
+  EXPECT_EQ(model::CheckModelData(session.model.store()), "");
 }
 
 TEST(MpsReader, AsksOnceAboutAFileThatCannotBeOpened) {
@@ -156,7 +156,7 @@ TEST(MpsReader, SurvivesBinaryNoise) {
   ReadSession session;
   EXPECT_EQ(session.Read(noise), -1);
   EXPECT_GT(session.Problems().size(), 100u);
-  EXPECT_EQ(CheckModelData(session.model.store()), "");
+  EXPECT_EQ(model::CheckModelData(session.model.store()), "");
 }
 
 TEST(MpsReader, TakesNulBytesForTokenText) {
@@ -168,4 +168,4 @@ TEST(MpsReader, TakesNulBytesForTokenText) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps

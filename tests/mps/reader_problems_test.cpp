@@ -8,7 +8,7 @@
 #include "mps/line_reader.h"
 #include "tests/mps/read_helpers.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 using Texts = std::vector<std::string>;
@@ -150,4 +150,4 @@ TEST(MpsReader, StopsAtTheSecondPairWhenTheFirstIsAnsweredNo) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps

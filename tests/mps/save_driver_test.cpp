@@ -9,7 +9,7 @@
 #include "platform/files.h"
 #include "tests/mps/saving.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 using platform::FileDialog;
@@ -41,7 +41,7 @@ TEST_F(Saving, LeavesTheModelAsItIs) {
   model.SaveMPSFile(path);
   EXPECT_EQ(model.NumberOfRows(), 2);
   EXPECT_EQ(model.NumberOfColumns(), 2);
-  EXPECT_EQ(CheckModelData(model.store()), "");
+  EXPECT_EQ(model::CheckModelData(model.store()), "");
 }
 
 TEST_F(Saving, DoesNothingWithoutAPath) {
@@ -290,4 +290,4 @@ TEST_F(Saving, AsItsOwnFileKeepsABackupMeanwhile) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -9,7 +9,7 @@
 #include "platform/files.h"
 #include "tests/mps/saving.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 using platform::FileExists;
@@ -136,4 +136,4 @@ TEST_F(Saving, ReportsMemoryThatRanOut) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps

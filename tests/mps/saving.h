@@ -14,7 +14,7 @@
 #include "tests/support/model_builder.h"
 #include "tests/support/test_paths.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 using Boxes = std::vector<platform::ShownBox>;
 
@@ -45,7 +45,7 @@ class Saving : public ::testing::Test, protected HandMadeModel {
   }
   // A save fails in the middle: a coefficient stands at a row that is not there.
   void BreakModel() {
-    ChangeFields(model, [](ModelData& data) { data.Columns[1].Elements[1].Index = 99; });
+    ChangeFields(model, [](model::ModelData& data) { data.Columns[1].Elements[1].Index = 99; });
   }
   void MakeFolder(const std::string& name) {
     ASSERT_TRUE(std::filesystem::create_directory(ToPath(name)));
@@ -61,4 +61,4 @@ class Saving : public ::testing::Test, protected HandMadeModel {
   const std::string backup = folder.File("model.bkp");
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -10,7 +10,7 @@
 #include "tests/support/test_paths.h"
 #include "text/numbers.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 using Events = std::vector<std::string>;
@@ -20,7 +20,7 @@ class NotedSink {
  public:
   struct Record {
     std::string name;
-    RowType Type = RowType::kNone;
+    model::RowType Type = model::RowType::kNone;
     double LowerBound = 0;
     double UpperBound = 0;
   };
@@ -37,13 +37,13 @@ class NotedSink {
     return Find(columns, line[token]);
   }
   std::int32_t TakeUpColumn(const SourceLine& line) { return Find(columns, line[1]); }
-  std::int32_t AddColumn(const SourceLine& line, ColumnType type) {
-    Note("column " + TypeText(type), line[1]);
+  std::int32_t AddColumn(const SourceLine& line, model::ColumnType type) {
+    Note("column " + model::TypeText(type), line[1]);
     columns.push_back({std::string(line[1])});
     return static_cast<std::int32_t>(columns.size());
   }
-  void AddRow(const SourceLine& line, std::size_t token, RowType type) {
-    Note("row " + TypeText(type), line[token]);
+  void AddRow(const SourceLine& line, std::size_t token, model::RowType type) {
+    Note("row " + model::TypeText(type), line[token]);
     rows.push_back({std::string(line[token]), type});
   }
   void AddElement(std::int32_t row, std::int32_t column, double value) {
@@ -78,7 +78,7 @@ class SectionsTest : public ::testing::Test {
 
   Events Read(std::string_view text) {
     WriteWholeFile(folder_.File("lines.mps"), text);
-    ModelStore no_names;
+    model::ModelStore no_names;
     LineSource source(no_names.fill());
     source.Open(folder_.File("lines.mps"));
     const auto ask = [this](const ReadProblem& problem) { return Ask(problem); };
@@ -123,7 +123,7 @@ TEST_F(SectionsTest, ChangeBoundsInTheRecordsOfTheSink) {
     EXPECT_EQ(sink_.rows[i].UpperBound, kBounds[i][1]) << i;
   }
   EXPECT_EQ(sink_.columns[0].LowerBound, -2);
-  EXPECT_EQ(sink_.columns[0].UpperBound, BoundLimit);
+  EXPECT_EQ(sink_.columns[0].UpperBound, model::BoundLimit);
 }
 
 TEST_F(SectionsTest, PutEveryProblemWithItsLineAndPassOverItAfterYes) {
@@ -155,4 +155,4 @@ TEST_F(SectionsTest, TellWhatIsMissingBeforeASection) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps

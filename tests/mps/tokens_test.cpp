@@ -12,7 +12,7 @@
 #include "text/encoding.h"
 #include "text/upper_case.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 namespace {
 
 using Words = std::vector<std::string>;
@@ -157,4 +157,4 @@ TEST(Tokens, AgreeWithThePlainSplittingForRandomLines) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::mps

@@ -6,7 +6,7 @@
 #include "platform/files.h"
 #include "tests/support/test_paths.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 Lines WrittenModel::Section(std::string_view header) const {
   constexpr std::string_view kLineEnd = "\r\n";
@@ -37,4 +37,4 @@ std::string GoldenFile(std::string_view name) {
   return ReadWholeFile(SourceFolder() + "/tests/mps/golden/" + std::string(name));
 }
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

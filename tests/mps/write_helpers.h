@@ -9,7 +9,7 @@
 #include "platform/scripted/scripted_desktop.h"
 #include "tests/support/model_builder.h"
 
-namespace quarvel {
+namespace quarvel::mps {
 
 using Lines = std::vector<std::string>;
 
@@ -35,4 +35,4 @@ struct HandMadeModel {
 // The bytes of a file in tests/mps/golden.
 std::string GoldenFile(std::string_view name);
 
-}  // namespace quarvel
+}  // namespace quarvel::mps

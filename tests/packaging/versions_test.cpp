@@ -46,25 +46,29 @@ std::vector<std::string> ProductFilesWith(std::string_view text) {
   return found;
 }
 
-TEST(Versions, OfTheComponentIsTheOneThatHostsKnow) { EXPECT_EQ(ComponentVersion(), "1.00.0001"); }
+TEST(Versions, OfTheComponentIsTheOneThatHostsKnow) {
+  EXPECT_EQ(model::ComponentVersion(), "1.00.0001");
+}
 
 TEST(Versions, StandInOnePlaceEach) {
-  EXPECT_EQ(ProductFilesWith(ComponentVersion()), std::vector<std::string>{"cmake/version.cmake"});
-  EXPECT_EQ(ProductFilesWith("VERSION " + std::string(ProductVersion())),
+  EXPECT_EQ(ProductFilesWith(model::ComponentVersion()),
+            std::vector<std::string>{"cmake/version.cmake"});
+  EXPECT_EQ(ProductFilesWith("VERSION " + std::string(model::ProductVersion())),
             std::vector<std::string>{"CMakeLists.txt"});
-  EXPECT_EQ(ProductFilesWith('"' + std::string(ProductVersion()) + '"'),
+  EXPECT_EQ(ProductFilesWith('"' + std::string(model::ProductVersion()) + '"'),
             std::vector<std::string>{});
 }
 
 TEST(Versions, AreInTheAboutBox) {
-  EXPECT_TRUE(AboutText().starts_with("Quarvel version " + std::string(ProductVersion()) +
-                                      " (component version 1.00.0001)\r\n"));
+  EXPECT_TRUE(model::AboutText().starts_with("Quarvel version " +
+                                             std::string(model::ProductVersion()) +
+                                             " (component version 1.00.0001)\r\n"));
 }
 
 TEST(Versions, AreInTheReadme) {
   const std::string readme = InOneLine(ProjectFile("README.md"));
-  EXPECT_TRUE(Contains(readme, "This is version " + std::string(ProductVersion()) + ";"));
-  EXPECT_TRUE(Contains(readme, std::string(ComponentVersion())));
+  EXPECT_TRUE(Contains(readme, "This is version " + std::string(model::ProductVersion()) + ";"));
+  EXPECT_TRUE(Contains(readme, std::string(model::ComponentVersion())));
 }
 
 TEST(Versions, OfTheManifestsAreTheComponents) {
@@ -75,9 +79,9 @@ TEST(Versions, OfTheManifestsAreTheComponents) {
 }
 
 TEST(AboutBox, TellsWhereToReportAsTheReadmesDo) {
-  EXPECT_TRUE(AboutText().ends_with(kWhereToReport));
+  EXPECT_TRUE(model::AboutText().ends_with(model::kWhereToReport));
   for (const char* readme : {"README.md", "packaging/quarvel.readme.txt"}) {
-    EXPECT_TRUE(Contains(InOneLine(ProjectFile(readme)), kWhereToReport)) << readme;
+    EXPECT_TRUE(Contains(InOneLine(ProjectFile(readme)), model::kWhereToReport)) << readme;
   }
 }
 

@@ -76,7 +76,7 @@ class Photographer : public platform::User {
 
 // A window in the middle of long work.
 void TakeProgress(Photographer& user, platform::Desktop& desktop) {
-  frmProgress progress(desktop);
+  mps::frmProgress progress(desktop);
   progress.Show();
   progress.set_caption("Progress: Reading MPS File (40%)");
   progress.bar.set_range(0, 100);

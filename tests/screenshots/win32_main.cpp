@@ -147,7 +147,7 @@ void TakeRows(Photographer& camera) {
 }
 
 void TakeProgress(Photographer& camera, Desktop& desktop) {
-  frmProgress progress(desktop);
+  mps::frmProgress progress(desktop);
   progress.Load();
   progress.set_caption("Progress: Reading MPS File (40%)");
   progress.bar.set_range(0, 100);

@@ -7,7 +7,7 @@
 
 #include "tests/simplify/simplify_helpers.h"
 
-namespace quarvel {
+namespace quarvel::simplify {
 namespace {
 
 using platform::MsgBoxResult;
@@ -19,7 +19,7 @@ constexpr MsgBoxResult kYes = MsgBoxResult::kYes;
 constexpr MsgBoxResult kNo = MsgBoxResult::kNo;
 constexpr MsgBoxResult kCancel = MsgBoxResult::kCancel;
 
-constexpr double kInf = BoundLimit;
+constexpr double kInf = model::BoundLimit;
 
 // A row R of one element with coefficient `a` in a column X. An objective holds X and another
 // column, so that nothing is left empty.
@@ -315,4 +315,4 @@ TEST(ConvertSingletonRows, AQuotientBeyondAllNumbersIsAnOverflow) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::simplify

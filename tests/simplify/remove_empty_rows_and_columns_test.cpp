@@ -7,7 +7,7 @@
 
 #include "tests/simplify/simplify_helpers.h"
 
-namespace quarvel {
+namespace quarvel::simplify {
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -132,4 +132,4 @@ TEST(RemoveEmpty, WorksOnAModelWithElementsThatStandTwice) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::simplify

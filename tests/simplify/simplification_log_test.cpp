@@ -7,7 +7,7 @@
 #include "platform/files.h"
 #include "tests/support/test_paths.h"
 
-namespace quarvel {
+namespace quarvel::simplify {
 namespace {
 
 TEST(SimplificationLog, IsNamedByCuttingFourCharacters) {
@@ -59,4 +59,4 @@ TEST(SimplificationLog, OfAnUnsavedModelStandsInTheUsersStateFolder) {
 #endif
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::simplify

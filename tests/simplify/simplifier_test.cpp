@@ -13,7 +13,7 @@
 #include "tests/simplify/simplify_helpers.h"
 #include "tests/support/shown_form.h"
 
-namespace quarvel {
+namespace quarvel::simplify {
 namespace {
 
 using platform::MsgBoxResult;
@@ -171,7 +171,7 @@ TEST(Simplifier, PreparesTheWindowBeforeItIsShown) {
   int asked = 0;
   session.on_shown = [&](const ShownBox&) {
     ++asked;
-    frmProgress& window = ShownForm<frmProgress>(session.desktop);
+    mps::frmProgress& window = ShownForm<mps::frmProgress>(session.desktop);
     EXPECT_EQ(window.caption(), "Progress: Simplifying MPS Model");
     EXPECT_EQ(window.bar.min(), 0);
     EXPECT_EQ(window.bar.max(), 3 * 2 + 3);  // before the row and the column went
@@ -256,8 +256,8 @@ TEST(Simplifier, TheWindowCannotBeClosedWhileItWorks) {
   SimplifySession session;
   BuildRows(session, 50);
   session.desktop.on_events = [&](std::int64_t) {
-    ShownForm<frmProgress>(session.desktop).RequestClose();
-    EXPECT_TRUE(ShownForm<frmProgress>(session.desktop).IsShowing());
+    ShownForm<mps::frmProgress>(session.desktop).RequestClose();
+    EXPECT_TRUE(ShownForm<mps::frmProgress>(session.desktop).IsShowing());
   };
   session.Simplify();
   EXPECT_EQ(session.desktop.event_count(), 1);
@@ -376,4 +376,4 @@ TEST(Simplifier, FailingInsideAReadBecomesTheReadersQuestion) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::simplify

@@ -10,7 +10,7 @@
 #include "tests/simplify/simplify_helpers.h"
 #include "tests/support/shown_form.h"
 
-namespace quarvel {
+namespace quarvel::simplify {
 namespace {
 
 using platform::MsgBoxResult;
@@ -56,7 +56,7 @@ TEST(SimplifyCallbacks, SeeTheModelAsItIsAtThatPoint) {
     EXPECT_EQ(session.model.NumBindingRows(), 12);
     EXPECT_EQ(session.model.BindingRowIndex(11), 12);
     EXPECT_EQ(session.model.ColUpperBound(0), 1000 - 48);
-    EXPECT_EQ(CheckModelData(session.model.store()), "");
+    EXPECT_EQ(model::CheckModelData(session.model.store()), "");
   };
   session.Simplify();
   EXPECT_EQ(session.desktop.event_count(), 1);
@@ -177,8 +177,8 @@ TEST(SimplifyCallbacks, ASecondSimplificationIsRefusedWhileOneRuns) {
     } catch (const AutomationError& error) {
       number = error.number();
     }
-    EXPECT_TRUE(ShownForm<frmProgress>(session.desktop).IsShowing());
-    EXPECT_FALSE(ShownForm<frmProgress>(session.desktop).StopRequested);
+    EXPECT_TRUE(ShownForm<mps::frmProgress>(session.desktop).IsShowing());
+    EXPECT_FALSE(ShownForm<mps::frmProgress>(session.desktop).StopRequested);
   };
   session.Simplify();
   EXPECT_EQ(number, 55);
@@ -266,4 +266,4 @@ TEST(SimplifyCallbacks, AnAnswerFollowsItsRowToAnotherColumnNumber) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::simplify

@@ -9,7 +9,7 @@
 #include "model/model_check.h"
 #include "tests/simplify/simplify_helpers.h"
 
-namespace quarvel {
+namespace quarvel::simplify {
 namespace {
 
 void BuildBulk(SimplifySession& session, int size) {
@@ -34,7 +34,7 @@ double SecondsToSimplify(int size) {
   EXPECT_EQ(session.model.NumberOfColumns(), size + 1);
   EXPECT_EQ(session.model.ColUpperBound(size), 5);
   EXPECT_EQ(session.LogLines().size(), 2u * static_cast<unsigned>(size));
-  EXPECT_EQ(CheckModelData(session.model.store()), "");
+  EXPECT_EQ(model::CheckModelData(session.model.store()), "");
   return taken.count();
 }
 
@@ -53,4 +53,4 @@ TEST(SimplifyCost, GrowsWithTheModelAndNotWithItsSquare) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::simplify

@@ -8,7 +8,7 @@
 #include "platform/files.h"
 #include "tests/support/shown_form.h"
 
-namespace quarvel {
+namespace quarvel::simplify {
 
 using platform::MsgBoxResult;
 using platform::ShownBox;
@@ -35,10 +35,10 @@ MsgBoxResult SimplifySession::Answer(const ShownBox& box) {
 
 void SimplifySession::CheckAfterwards() {
   EXPECT_TRUE(desktop.shown().empty());
-  EXPECT_TRUE(ShownForm<frmProgress>(desktop).StopRequested);
-  EXPECT_FALSE(ShownForm<frmProgress>(desktop).IsLoaded());
+  EXPECT_TRUE(ShownForm<mps::frmProgress>(desktop).StopRequested);
+  EXPECT_FALSE(ShownForm<mps::frmProgress>(desktop).IsLoaded());
   EXPECT_EQ(model.store().settings().LogFileNumber, 0);
-  EXPECT_EQ(CheckModelData(model.store()), "");
+  EXPECT_EQ(model::CheckModelData(model.store()), "");
 }
 
 void SimplifySession::Simplify() {
@@ -90,6 +90,6 @@ std::vector<std::string> SimplifySession::Captions() const {
   return captions;
 }
 
-void SimplifySession::PressStop() { ShownForm<frmProgress>(desktop).cmdStop.Click(); }
+void SimplifySession::PressStop() { ShownForm<mps::frmProgress>(desktop).cmdStop.Click(); }
 
-}  // namespace quarvel
+}  // namespace quarvel::simplify

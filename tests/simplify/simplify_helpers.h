@@ -13,7 +13,7 @@
 #include "tests/support/model_builder.h"
 #include "tests/support/test_paths.h"
 
-namespace quarvel {
+namespace quarvel::simplify {
 
 inline constexpr std::string_view kLogQuestion =
     "Model had simplifications.  Do you wish to see the log file?  If not, it can be viewed later "
@@ -68,4 +68,4 @@ class SimplifySession {
   std::string log_bytes_;
 };
 
-}  // namespace quarvel
+}  // namespace quarvel::simplify

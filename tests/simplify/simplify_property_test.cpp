@@ -14,7 +14,7 @@
 #include "tests/support/model_builder.h"
 #include "tests/support/naive_simplify.h"
 
-namespace quarvel {
+namespace quarvel::simplify {
 namespace {
 
 using platform::MsgBoxResult;
@@ -150,7 +150,7 @@ class Comparison {
     naive_ = RandomModel(dice_);
     naive_.ModelName = "MODEL";
     naive_.FileLocation = session_.folder.File("model.mps");
-    ChangeFields(session_.model, [&](ModelData& data) { Fill(data, naive_); });
+    ChangeFields(session_.model, [&](model::ModelData& data) { Fill(data, naive_); });
     const Plan plan = RandomPlan(dice_);
     RunNaive(plan);
     RunComponent(plan);
@@ -244,4 +244,4 @@ TEST(SimplifyProperty, AgreesWithOneByOneSteps) {
 }
 
 }  // namespace
-}  // namespace quarvel
+}  // namespace quarvel::simplify

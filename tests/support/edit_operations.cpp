@@ -21,7 +21,7 @@ constexpr std::int32_t kGreatest = std::numeric_limits<std::int32_t>::max();
 
 struct NamedVariant {
   std::string text;
-  Variant value;
+  model::Variant value;
 };
 
 // Mostly a number of the model, else one beside its ends, or one of the extremes.
@@ -61,9 +61,9 @@ double ChooseNumber(const Choice& choose) {
 NamedVariant ChooseVariant(const Choice& choose, const std::string& likely) {
   switch (choose(10)) {
     case 0:
-      return {"empty", Variant()};
+      return {"empty", model::Variant()};
     case 1:
-      return {"null", Variant::Null{}};
+      return {"null", model::Variant::Null{}};
     case 2: {
       const bool value = choose(2) == 0;
       return {value ? "true" : "false", value};
@@ -271,7 +271,7 @@ template <class Record>
 void CompareRecord(std::string& faults, const std::string& what, const Record& is,
                    const NaiveRecord& wanted) {
   Compare(faults, what + " Name", is.Name, wanted.Name);
-  Compare(faults, what + " Type", TypeText(is.Type), wanted.Type);
+  Compare(faults, what + " Type", model::TypeText(is.Type), wanted.Type);
   CompareNumber(faults, what + " LowerBound", is.LowerBound, wanted.LowerBound);
   CompareNumber(faults, what + " UpperBound", is.UpperBound, wanted.UpperBound);
   Compare(faults, what + " ElementCount", is.ElementCount(), wanted.ElementCount());
@@ -294,7 +294,7 @@ void CompareRecords(std::string& faults, const std::string& what, const Records&
   }
 }
 
-void CompareNumbers(std::string& faults, const std::string& what, const RowNumbers& is,
+void CompareNumbers(std::string& faults, const std::string& what, const model::RowNumbers& is,
                     const std::vector<std::int32_t>& wanted) {
   if (faults.empty() && is.store() != wanted) faults = what + " differ";
 }
@@ -376,7 +376,7 @@ std::string EditComparison::Apply(const EditOperation& operation) {
 
 std::string EditComparison::CompareState() {
   std::string faults;
-  const ModelData& data = model_.store().data();
+  const model::ModelData& data = model_.store().data();
   Compare(faults, "ModelName", data.ModelName, naive_.ModelName);
   Compare(faults, "ModelDescription", data.ModelDescription, naive_.ModelDescription);
   Compare(faults, "FileLocation", data.FileLocation, naive_.FileLocation);

@@ -18,12 +18,12 @@ Type TypeOfLetter(char letter, Type (*find)(std::string_view)) {
 }  // namespace
 
 ModelBuilder::ModelBuilder(LPModel& model) : store_(model.store()) {
-  const ModelData& stored = store_.data();
+  const model::ModelData& stored = store_.data();
   if (stored.Rows.size() == stored.NumberOfRows &&
       stored.Columns.size() == stored.NumberOfColumns) {
     return;
   }
-  ChangeFields(model, [](ModelData& data) {
+  ChangeFields(model, [](model::ModelData& data) {
     data.Rows.Resize(data.NumberOfRows);
     data.Columns.Resize(data.NumberOfColumns);
   });
@@ -47,11 +47,11 @@ ModelBuilder& ModelBuilder::Location(std::string_view path) {
 ModelBuilder& ModelBuilder::Row(std::string_view name, char type, double right_hand_side) {
   switch (type) {
     case 'N':
-      return RowWithin(name, type, -BoundLimit, BoundLimit);
+      return RowWithin(name, type, -model::BoundLimit, model::BoundLimit);
     case 'G':
-      return RowWithin(name, type, right_hand_side, BoundLimit);
+      return RowWithin(name, type, right_hand_side, model::BoundLimit);
     case 'L':
-      return RowWithin(name, type, -BoundLimit, right_hand_side);
+      return RowWithin(name, type, -model::BoundLimit, right_hand_side);
     case 'E':
       return RowWithin(name, type, right_hand_side, right_hand_side);
     default:
@@ -62,16 +62,16 @@ ModelBuilder& ModelBuilder::Row(std::string_view name, char type, double right_h
 
 ModelBuilder& ModelBuilder::RowWithin(std::string_view name, char type, double lower,
                                       double upper) {
-  const std::int32_t r = store_.AddRow(NameKey::Of(name), name);
+  const std::int32_t r = store_.AddRow(model::NameKey::Of(name), name);
   store_.RowBounds(r) = {lower, upper};
-  store_.SetRowType(r, TypeOfLetter(type, RowTypeOf));
+  store_.SetRowType(r, TypeOfLetter(type, model::RowTypeOf));
   return *this;
 }
 
 ModelBuilder& ModelBuilder::Column(std::string_view name, double lower, double upper, char type) {
-  const std::int32_t c = store_.AddColumn(NameKey::Of(name), name);
+  const std::int32_t c = store_.AddColumn(model::NameKey::Of(name), name);
   store_.ColumnBounds(c) = {lower, upper};
-  store_.SetColumnType(c, TypeOfLetter(type, ColumnTypeOf));
+  store_.SetColumnType(c, TypeOfLetter(type, model::ColumnTypeOf));
   return *this;
 }
 

@@ -14,7 +14,7 @@ namespace quarvel {
 // Changes the stored fields of a model in any way, also one that no operation would.
 template <class Change>
 void ChangeFields(LPModel& model, const Change& change) {
-  ModelData data = model.store().data();
+  model::ModelData data = model.store().data();
   change(data);
   model.store().Take(std::move(data));
 }
@@ -42,9 +42,9 @@ class ModelBuilder {
     return RowWithin(name, 'R', lower, upper);
   }
 
-  ModelBuilder& Column(std::string_view name, double lower = 0, double upper = BoundLimit,
+  ModelBuilder& Column(std::string_view name, double lower = 0, double upper = model::BoundLimit,
                        char type = 'R');
-  ModelBuilder& Integer(std::string_view name, double lower = 0, double upper = BoundLimit) {
+  ModelBuilder& Integer(std::string_view name, double lower = 0, double upper = model::BoundLimit) {
     return Column(name, lower, upper, 'I');
   }
 
@@ -53,7 +53,7 @@ class ModelBuilder {
   ModelBuilder& Element(std::string_view column, std::string_view row, double value);
 
  private:
-  ModelStore& store_;
+  model::ModelStore& store_;
 };
 
 }  // namespace quarvel

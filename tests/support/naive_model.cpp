@@ -97,15 +97,15 @@ bool NaiveModel::RefusesRow(std::int32_t i, const std::string& operation) {
   return true;
 }
 
-void NaiveModel::SetColUpperBound(std::int32_t j, const Variant& value) {
+void NaiveModel::SetColUpperBound(std::int32_t j, const model::Variant& value) {
   if (!RefusesColumn(j, "SetColUpperBound")) At(Columns, j + 1).UpperBound = value.ToDouble();
 }
 
-void NaiveModel::SetColLowerBound(std::int32_t j, const Variant& value) {
+void NaiveModel::SetColLowerBound(std::int32_t j, const model::Variant& value) {
   if (!RefusesColumn(j, "SetColLowerBound")) At(Columns, j + 1).LowerBound = value.ToDouble();
 }
 
-void NaiveModel::SetColName(std::int32_t col, const Variant& value) {
+void NaiveModel::SetColName(std::int32_t col, const model::Variant& value) {
   if (RefusesColumn(col, "SetColName")) return;
   const std::string name = value.ToText();
   if (HasSpace(name)) return Box("Spaces are not allowed in column names");
@@ -114,18 +114,20 @@ void NaiveModel::SetColName(std::int32_t col, const Variant& value) {
   At(Columns, col + 1).Name = name;
 }
 
-void NaiveModel::SetColType(std::int32_t j, const Variant& value) {
+void NaiveModel::SetColType(std::int32_t j, const model::Variant& value) {
   if (RefusesColumn(j, "SetColType")) return;
   const std::string type = value.ToText();
   if (type != "R" && type != "I") return Box("Invalid Column Type");
   At(Columns, j + 1).Type = type;
 }
 
-void NaiveModel::SetModelDescription(const Variant& value) { ModelDescription = value.ToText(); }
+void NaiveModel::SetModelDescription(const model::Variant& value) {
+  ModelDescription = value.ToText();
+}
 
-void NaiveModel::SetModelName(const Variant& value) { ModelName = value.ToText(); }
+void NaiveModel::SetModelName(const model::Variant& value) { ModelName = value.ToText(); }
 
-void NaiveModel::SetRowName(std::int32_t row, const Variant& value) {
+void NaiveModel::SetRowName(std::int32_t row, const model::Variant& value) {
   if (RefusesRow(row, "SetRowName")) return;
   const std::string name = value.ToText();
   if (HasSpace(name)) return Box("Spaces are not allowed in row names");
@@ -134,7 +136,8 @@ void NaiveModel::SetRowName(std::int32_t row, const Variant& value) {
   At(Rows, row + 1).Name = name;
 }
 
-void NaiveModel::SetRowElementValue(std::int32_t row, std::int32_t rowele, const Variant& value) {
+void NaiveModel::SetRowElementValue(std::int32_t row, std::int32_t rowele,
+                                    const model::Variant& value) {
   if (RefusesRow(row, "SetRowElementValue")) return;
   const std::int32_t r = row + 1;
   const std::int64_t k = std::int64_t{rowele} + 1;
@@ -151,7 +154,7 @@ void NaiveModel::SetRowElementValue(std::int32_t row, std::int32_t rowele, const
   }
 }
 
-void NaiveModel::SetRowType(std::int32_t i, const Variant& value) {
+void NaiveModel::SetRowType(std::int32_t i, const model::Variant& value) {
   const std::string old_type = At(Rows, std::int64_t{i} + 1).Type;
   if (RefusesRow(i, "SetRowType")) return;
   const std::string type = value.ToText();
@@ -170,11 +173,11 @@ void NaiveModel::SetRowType(std::int32_t i, const Variant& value) {
   }
 }
 
-void NaiveModel::SetRowLowerBound(std::int32_t i, const Variant& value) {
+void NaiveModel::SetRowLowerBound(std::int32_t i, const model::Variant& value) {
   if (!RefusesRow(i, "SetRowLowerBound")) At(Rows, i + 1).LowerBound = value.ToDouble();
 }
 
-void NaiveModel::SetRowUpperBound(std::int32_t i, const Variant& value) {
+void NaiveModel::SetRowUpperBound(std::int32_t i, const model::Variant& value) {
   if (!RefusesRow(i, "SetRowUpperBound")) At(Rows, i + 1).UpperBound = value.ToDouble();
 }
 

@@ -58,17 +58,17 @@ class NaiveModel {
   void ClearModel();
 
   // --- property writes ---
-  void SetColUpperBound(std::int32_t j, const Variant& value);
-  void SetColLowerBound(std::int32_t j, const Variant& value);
-  void SetColName(std::int32_t col, const Variant& value);
-  void SetColType(std::int32_t j, const Variant& value);
-  void SetModelDescription(const Variant& value);
-  void SetModelName(const Variant& value);
-  void SetRowName(std::int32_t row, const Variant& value);
-  void SetRowElementValue(std::int32_t row, std::int32_t rowele, const Variant& value);
-  void SetRowType(std::int32_t i, const Variant& value);
-  void SetRowLowerBound(std::int32_t i, const Variant& value);
-  void SetRowUpperBound(std::int32_t i, const Variant& value);
+  void SetColUpperBound(std::int32_t j, const model::Variant& value);
+  void SetColLowerBound(std::int32_t j, const model::Variant& value);
+  void SetColName(std::int32_t col, const model::Variant& value);
+  void SetColType(std::int32_t j, const model::Variant& value);
+  void SetModelDescription(const model::Variant& value);
+  void SetModelName(const model::Variant& value);
+  void SetRowName(std::int32_t row, const model::Variant& value);
+  void SetRowElementValue(std::int32_t row, std::int32_t rowele, const model::Variant& value);
+  void SetRowType(std::int32_t i, const model::Variant& value);
+  void SetRowLowerBound(std::int32_t i, const model::Variant& value);
+  void SetRowUpperBound(std::int32_t i, const model::Variant& value);
   void SetDefaultToPlusMinusInfinity(bool val) { DefaultToPlusMinusInfinity = val; }
 
   // --- adding ---

@@ -300,7 +300,7 @@ std::string Number(double value) {
 std::string TypeOf(const NaiveRecord& record) { return record.Type; }
 template <class Record>
 std::string TypeOf(const Record& record) {
-  return TypeText(record.Type);
+  return model::TypeText(record.Type);
 }
 
 template <class Records>
@@ -343,9 +343,11 @@ std::string DumpModel(const Model& model) {
   return out;
 }
 
-void SetType(RowRecord& row, const std::string& letter) { row.Type = RowTypeOf(letter); }
-void SetType(ColumnRecord& column, const std::string& letter) {
-  column.Type = ColumnTypeOf(letter);
+void SetType(model::RowRecord& row, const std::string& letter) {
+  row.Type = model::RowTypeOf(letter);
+}
+void SetType(model::ColumnRecord& column, const std::string& letter) {
+  column.Type = model::ColumnTypeOf(letter);
 }
 
 template <class Record>
@@ -362,20 +364,20 @@ Record ToRecord(const NaiveRecord& naive) {
 }  // namespace
 
 std::string Dump(const NaiveModel& model) { return DumpModel(model); }
-std::string Dump(const ModelData& data) { return DumpModel(data); }
+std::string Dump(const model::ModelData& data) { return DumpModel(data); }
 
-void Fill(ModelData& data, const NaiveModel& model) {
+void Fill(model::ModelData& data, const NaiveModel& model) {
   data.ModelName = model.ModelName;
   data.ModelDescription = model.ModelDescription;
   data.FileLocation = model.FileLocation;
-  for (const NaiveRecord& row : model.Rows) data.Rows.Append(ToRecord<RowRecord>(row));
+  for (const NaiveRecord& row : model.Rows) data.Rows.Append(ToRecord<model::RowRecord>(row));
   for (const NaiveRecord& column : model.Columns) {
-    data.Columns.Append(ToRecord<ColumnRecord>(column));
+    data.Columns.Append(ToRecord<model::ColumnRecord>(column));
   }
   data.NumberOfRows = model.NumberOfRows;
   data.NumberOfColumns = model.NumberOfColumns;
   data.NumberOfElements = model.NumberOfElements;
-  RebuildRowIndexes(data);
+  model::RebuildRowIndexes(data);
 }
 
 }  // namespace quarvel::testing

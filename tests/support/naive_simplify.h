@@ -78,8 +78,8 @@ class NaiveSimplifier {
 
 // All stored fields as text, the same for equal models.
 std::string Dump(const NaiveModel& model);
-std::string Dump(const ModelData& data);
+std::string Dump(const model::ModelData& data);
 // Gives `data`, a fresh model's, the contents of `model`.
-void Fill(ModelData& data, const NaiveModel& model);
+void Fill(model::ModelData& data, const NaiveModel& model);
 
 }  // namespace quarvel::testing

@@ -29,13 +29,13 @@ bool SameBits(double a, double b) {
 template <class Record>
 std::string CompareRecord(const NaiveRecord& naive, const Record& record) {
   if (naive.Name != record.Name) return "name " + record.Name;
-  if (naive.Type != TypeText(record.Type)) return "type " + TypeText(record.Type);
+  if (naive.Type != model::TypeText(record.Type)) return "type " + model::TypeText(record.Type);
   if (!SameBits(naive.LowerBound, record.LowerBound)) return "lower bound";
   if (!SameBits(naive.UpperBound, record.UpperBound)) return "upper bound";
   if (naive.ElementCount() != record.ElementCount()) return "number of elements";
   std::int32_t k = 0;
   for (const NaiveEntry& entry : naive.Elements) {
-    const ElementEntry& other = record.Elements[++k];
+    const model::ElementEntry& other = record.Elements[++k];
     if (entry.Index != other.Index || !SameBits(entry.Value, other.Value)) {
       return "element " + std::to_string(k);
     }
@@ -55,7 +55,7 @@ std::string CompareRecords(const std::string& what, const std::vector<NaiveRecor
   return "";
 }
 
-std::string CompareTexts(const NaiveModel& naive, const ModelData& data) {
+std::string CompareTexts(const NaiveModel& naive, const model::ModelData& data) {
   if (naive.ModelName != data.ModelName) return "ModelName: " + data.ModelName;
   if (naive.ModelDescription != data.ModelDescription) {
     return "ModelDescription: " + data.ModelDescription;
@@ -65,7 +65,7 @@ std::string CompareTexts(const NaiveModel& naive, const ModelData& data) {
   return "";
 }
 
-std::string CompareCounts(const NaiveModel& naive, const ModelData& data) {
+std::string CompareCounts(const NaiveModel& naive, const model::ModelData& data) {
   if (naive.NumberOfRows != data.NumberOfRows) return "NumberOfRows";
   if (naive.NumberOfColumns != data.NumberOfColumns) return "NumberOfColumns";
   if (naive.NumberOfElements != data.NumberOfElements) return "NumberOfElements";
@@ -80,7 +80,7 @@ std::string CompareCounts(const NaiveModel& naive, const ModelData& data) {
 }
 
 // Names of rows and of columns differ among themselves, so each is found where it stands.
-std::string CompareNames(const NaiveModel& naive, const ModelStore& store) {
+std::string CompareNames(const NaiveModel& naive, const model::ModelStore& store) {
   std::int32_t i = 0;
   for (const NaiveRecord& row : naive.Rows) {
     if (store.FindRow(row.Name) != ++i) return "place of row " + row.Name;
@@ -94,8 +94,8 @@ std::string CompareNames(const NaiveModel& naive, const ModelStore& store) {
 
 }  // namespace
 
-std::string CompareModels(const NaiveModel& naive, const ModelStore& store) {
-  const ModelData& data = store.data();
+std::string CompareModels(const NaiveModel& naive, const model::ModelStore& store) {
+  const model::ModelData& data = store.data();
   if (std::string fault = CompareTexts(naive, data); !fault.empty()) return fault;
   if (std::string fault = CompareCounts(naive, data); !fault.empty()) return fault;
   if (std::string fault = CompareRecords("row", naive.Rows, data.Rows); !fault.empty()) {
@@ -105,7 +105,7 @@ std::string CompareModels(const NaiveModel& naive, const ModelStore& store) {
     return fault;
   }
   if (std::string fault = CompareNames(naive, store); !fault.empty()) return fault;
-  return CheckModelData(store);
+  return model::CheckModelData(store);
 }
 
 ReadComparison::ReadComparison(std::string path) : path_(std::move(path)) {
@@ -181,21 +181,21 @@ void ReadComparison::ReadForReal() {
 }
 
 void ReadComparison::LookAtPoint(std::int64_t point) {
-  if (plan_->through_dialogs) captions_.push_back(ShownForm<frmProgress>(desktop_).caption());
+  if (plan_->through_dialogs) captions_.push_back(ShownForm<mps::frmProgress>(desktop_).caption());
   if (fault_.empty() && plan_->looks(point)) {
     const auto index = static_cast<std::size_t>(point - 1);
     fault_ = index < naive_points_.size() ? CompareModels(naive_points_[index], model_.store())
                                           : "more points";
     if (!fault_.empty()) fault_ += " at point " + std::to_string(point);
   }
-  if (point == plan_->stop_point) ShownForm<frmProgress>(desktop_).cmdStop.Click();
+  if (point == plan_->stop_point) ShownForm<mps::frmProgress>(desktop_).cmdStop.Click();
 }
 
 void ReadComparison::DriveForm(platform::Form& form) {
-  if (auto* dialog = dynamic_cast<frmSetDefaultBounds*>(&form)) {
+  if (auto* dialog = dynamic_cast<mps::frmSetDefaultBounds*>(&form)) {
     if (plan_->lower_bounds_absent) dialog->optLimitToLimit.Click();
     dialog->cmdOK.Click();
-  } else if (auto* window = dynamic_cast<frmProgress*>(&form)) {
+  } else if (auto* window = dynamic_cast<mps::frmProgress*>(&form)) {
     closing_ = true;
     window->cmdStop.Click();
     window->RequestClose();

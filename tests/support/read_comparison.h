@@ -30,7 +30,7 @@ struct ReadPlan {
 
 // Where the stored fields differ, bit by bit; an empty text when they are the same, the names are
 // found where they stand and the invariant holds.
-std::string CompareModels(const NaiveModel& naive, const ModelStore& store);
+std::string CompareModels(const NaiveModel& naive, const model::ModelStore& store);
 
 // Both models side by side. Each read starts from what the last one left.
 class ReadComparison {

@@ -12,7 +12,7 @@ namespace quarvel {
 template <class Window>
 inline constexpr const char* kFormName = nullptr;
 template <>
-inline constexpr const char* kFormName<frmProgress> = "frmProgress";
+inline constexpr const char* kFormName<mps::frmProgress> = "frmProgress";
 template <>
 inline constexpr const char* kFormName<viewer::frmViewEquations> = "frmViewEquations";
 

@@ -25,7 +25,7 @@ class FileCommandsTest : public ViewerTest {
     desktop_.files.push_back(path);
     if (path.empty()) return;
     dialogs_.push_back(
-        [](platform::Form& form) { dynamic_cast<frmSetDefaultBounds&>(form).cmdOK.Click(); });
+        [](platform::Form& form) { dynamic_cast<mps::frmSetDefaultBounds&>(form).cmdOK.Click(); });
   }
 };
 

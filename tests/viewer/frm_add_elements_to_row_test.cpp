@@ -78,7 +78,7 @@ TEST_F(AddElementsTest, AddsTheCoefficientOfTheChosenColumn) {
                                   std::string(platform::kDefaultTitle), ""}));
   EXPECT_EQ(model_.ElementValue(1, 3), -2.5);
   EXPECT_EQ(model_.NumberOfElements(), 7);
-  EXPECT_EQ(CheckModelData(model_.store()), "");
+  EXPECT_EQ(model::CheckModelData(model_.store()), "");
   EXPECT_EQ(Boxes(), Texts{});
 }
 

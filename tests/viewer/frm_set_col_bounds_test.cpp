@@ -54,9 +54,9 @@ TEST_F(ColBoundsTest, OpensWithTheTypeAndBoundsOfTheColumn) {
 }
 
 TEST_F(ColBoundsTest, RefusesBinaryColumnsAndThoseWithoutType) {
-  for (const ColumnType type : {ColumnType::kBinary, ColumnType::kNone}) {
+  for (const model::ColumnType type : {model::ColumnType::kBinary, model::ColumnType::kNone}) {
     desktop_.Clear();
-    ChangeFields(model_, [&](ModelData& data) { data.Columns[1].Type = type; });
+    ChangeFields(model_, [&](model::ModelData& data) { data.Columns[1].Type = type; });
     dialog_.ShowBounds(model_, 0);
     EXPECT_EQ(Boxes(), Texts{"Invalid Column Type specified"});
     EXPECT_FALSE(dialog_.IsLoaded());

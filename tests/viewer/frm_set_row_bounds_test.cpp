@@ -78,7 +78,7 @@ TEST_F(RowBoundsTest, OpensWithTheTypeAndBoundsOfTheRow) {
 }
 
 TEST_F(RowBoundsTest, RefusesARowWithoutType) {
-  ChangeFields(model_, [&](ModelData& data) { data.Rows[1].Type = RowType::kNone; });
+  ChangeFields(model_, [&](model::ModelData& data) { data.Rows[1].Type = model::RowType::kNone; });
   dialog_.ShowBounds(model_, 0);
   EXPECT_EQ(Boxes(), Texts{"Invalid Bound Type specified"});
   EXPECT_FALSE(dialog_.IsLoaded());

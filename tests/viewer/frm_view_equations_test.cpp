@@ -39,7 +39,8 @@ TEST_F(ViewerTest, OffersTheFilters) {
 TEST_F(ViewerTest, NamesTheTypesInTheLists) {
   BuildModel();
   model_.AddRow("FRESH");
-  ChangeFields(model_, [&](ModelData& data) { data.Columns[4].Type = ColumnType::kBinary; });
+  ChangeFields(model_,
+               [&](model::ModelData& data) { data.Columns[4].Type = model::ColumnType::kBinary; });
   View([&] {
     EXPECT_EQ(Column(viewer().contents.rows.fgrdList, 1),
               (Texts{"objective", "less than", "greater than", "ranged", "equality", ""}));
@@ -106,7 +107,8 @@ TEST_F(ViewerTest, FiltersColumns) {
       {1, true, {"Y", "W"}},  {2, true, {"X", "Z", "W"}}, {0, false, {"X", "Y", "Z", "W"}},
   };
   BuildModel();
-  ChangeFields(model_, [&](ModelData& data) { data.Columns[4].Type = ColumnType::kBinary; });
+  ChangeFields(model_,
+               [&](model::ModelData& data) { data.Columns[4].Type = model::ColumnType::kBinary; });
   View([&] {
     RecordPage& list = viewer().contents.columns;
     for (const FilterCase& c : cases) {

@@ -27,7 +27,7 @@ class NamedRecordTest : public testing::Test {
 };
 
 TEST_F(NamedRecordTest, IsThereUnderItsNumberAndNameOnly) {
-  const NamedRecord row = NamedRecord::Of(model_, kRowKind, 1);
+  const NamedRecord row = NamedRecord::Of(model_, model::kRowKind, 1);
   EXPECT_EQ(row.name, "B");
   EXPECT_TRUE(row.IsIn(model_));
   model_.SetRowName(1, "C");
@@ -39,24 +39,24 @@ TEST_F(NamedRecordTest, IsThereUnderItsNumberAndNameOnly) {
 }
 
 TEST_F(NamedRecordTest, ElementIsTheSameFromItsRowAndFromItsColumn) {
-  const auto of_row = NamedElement::At(model_, kRowKind, 1, 1);
-  const auto of_column = NamedElement::At(model_, kColumnKind, 1, 0);
+  const auto of_row = NamedElement::At(model_, model::kRowKind, 1, 1);
+  const auto of_column = NamedElement::At(model_, model::kColumnKind, 1, 0);
   for (const auto& element : {of_row, of_column}) {
     ASSERT_TRUE(element);
     EXPECT_EQ(element->row.name, "B");
     EXPECT_EQ(element->column.name, "Y");
     EXPECT_EQ(element->place, 1);
-    EXPECT_EQ(element->Of(kRowKind).name, "B");
-    EXPECT_EQ(element->Of(kColumnKind).name, "Y");
+    EXPECT_EQ(element->Of(model::kRowKind).name, "B");
+    EXPECT_EQ(element->Of(model::kColumnKind).name, "Y");
     EXPECT_TRUE(element->IsIn(model_));
   }
-  EXPECT_FALSE(NamedElement::At(model_, kRowKind, 1, 2));
-  EXPECT_FALSE(NamedElement::At(model_, kRowKind, 1, -1));
+  EXPECT_FALSE(NamedElement::At(model_, model::kRowKind, 1, 2));
+  EXPECT_FALSE(NamedElement::At(model_, model::kRowKind, 1, -1));
 }
 
 TEST_F(NamedRecordTest, ElementIsGoneWhenItsPlaceHoldsAnother) {
-  const auto first = NamedElement::At(model_, kRowKind, 1, 0);
-  const auto last = NamedElement::At(model_, kRowKind, 1, 1);
+  const auto first = NamedElement::At(model_, model::kRowKind, 1, 0);
+  const auto last = NamedElement::At(model_, model::kRowKind, 1, 1);
   model_.DeleteElement(1, 0);
   EXPECT_FALSE(first->IsIn(model_));
   EXPECT_FALSE(last->IsIn(model_));

@@ -151,7 +151,8 @@ TEST_F(ColumnCommandsTest, ChangeTypeAndBoundsOpensTheDialogOfTheColumn) {
 
 TEST_F(ColumnCommandsTest, BinaryColumnIsToldInsteadOfTheDialog) {
   BuildModel();
-  ChangeFields(model_, [&](ModelData& data) { data.Columns[1].Type = ColumnType::kBinary; });
+  ChangeFields(model_,
+               [&](model::ModelData& data) { data.Columns[1].Type = model::ColumnType::kBinary; });
   View([&] {
     Choose("mnuEditColChangeTypeBnd");
     EXPECT_EQ(Boxes(), Texts{"Invalid Column Type specified"});

@@ -23,8 +23,8 @@ class FilterEntriesTest : public testing::Test {
   std::string KeptRows(int position, std::string_view types) {
     std::string kept;
     for (const char type : types) {
-      ChangeFields(model_, [&](ModelData& data) {
-        data.Rows[1].Type = RowTypeOf(std::string_view(&type, 1));
+      ChangeFields(model_, [&](model::ModelData& data) {
+        data.Rows[1].Type = model::RowTypeOf(std::string_view(&type, 1));
       });
       if (Keeps(kRowFilters, position, model_, 0)) kept += type;
     }
@@ -33,8 +33,8 @@ class FilterEntriesTest : public testing::Test {
   std::string KeptColumns(int position, std::string_view types) {
     std::string kept;
     for (const char type : types) {
-      ChangeFields(model_, [&](ModelData& data) {
-        data.Columns[1].Type = ColumnTypeOf(std::string_view(&type, 1));
+      ChangeFields(model_, [&](model::ModelData& data) {
+        data.Columns[1].Type = model::ColumnTypeOf(std::string_view(&type, 1));
       });
       if (Keeps(kColumnFilters, position, model_, 0)) kept += type;
     }

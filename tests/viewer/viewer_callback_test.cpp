@@ -20,7 +20,7 @@ class CallbackTest : public ViewerTest {
   void With(const std::function<void()>& steps) {
     BuildModel();
     View(steps);
-    EXPECT_EQ(CheckModelData(model_.store()), "");
+    EXPECT_EQ(model::CheckModelData(model_.store()), "");
   }
 };
 
@@ -325,11 +325,11 @@ TEST_F(CallbackTest, SimplificationByAHostLeavesTheWindowUsable) {
 // The numbers behind a list are all that it keeps.
 TEST_F(CallbackTest, ListsOfAMillionRowsAskForTheCellsThatAreSeen) {
   constexpr std::int32_t kRows = 1000000;
-  ChangeFields(model_, [](ModelData& data) {
+  ChangeFields(model_, [](model::ModelData& data) {
     data.Rows.Resize(kRows);
     data.NumberOfRows = kRows;
     for (std::int32_t i = 1; i <= kRows; ++i) {
-      data.Rows[i].Type = i % 2 == 0 ? RowType::kGreater : RowType::kLess;
+      data.Rows[i].Type = i % 2 == 0 ? model::RowType::kGreater : model::RowType::kLess;
     }
     data.Columns.Resize(1);
     data.NumberOfColumns = 1;

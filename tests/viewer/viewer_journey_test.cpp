@@ -65,7 +65,7 @@ TEST_F(JourneyTest, ModelBuiltByHandIsSavedAndReadAgain) {
            desktop_.answers = {kNo, kNo, kNo};
            desktop_.files = {path, path};
            dialogs_.push_back([](platform::Form& form) {
-             dynamic_cast<frmSetDefaultBounds&>(form).cmdOK.Click();
+             dynamic_cast<mps::frmSetDefaultBounds&>(form).cmdOK.Click();
            });
            Choose("mnuFileSave");
            Choose("mnuFileOpen");
@@ -80,7 +80,7 @@ TEST_F(JourneyTest, ModelBuiltByHandIsSavedAndReadAgain) {
            SelectRow("LIM");
            EXPECT_EQ(viewer().contents.rows.fgrdBounds.Text(0, 0), "2 <= LIM <= 8");
          });
-  EXPECT_EQ(CheckModelData(model_.store()), "");
+  EXPECT_EQ(model::CheckModelData(model_.store()), "");
 }
 
 }  // namespace

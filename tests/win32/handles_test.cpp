@@ -43,7 +43,7 @@ bool CanStillDraw() {
 
 TEST(Handles, StayFlatOverAThousandShowings) {
   const auto desktop = MakeWin32Desktop(GetModuleHandleW(nullptr));
-  frmSetDefaultBounds dialog(*desktop);
+  mps::frmSetDefaultBounds dialog(*desktop);
   const auto show = [&](int times) {
     for (int i = 0; i < times; ++i) {
       dialog.Show();

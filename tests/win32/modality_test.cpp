@@ -113,7 +113,7 @@ TEST_F(ModalityTest, NothingButTheBoxCanBeClickedUnderAQuestion) {
 }
 
 TEST_F(ModalityTest, StopButtonIsPressedWhileWorkLetsEventsRun) {
-  frmProgress progress(desktop());
+  mps::frmProgress progress(desktop());
   progress.Show();
   progress.set_caption("Progress: Simplifying");
   On(L"Progress: Simplifying",
@@ -128,7 +128,7 @@ TEST_F(ModalityTest, StopButtonIsPressedWhileWorkLetsEventsRun) {
 }
 
 TEST_F(ModalityTest, ProgressWindowCannotBeClosedWhileItsWorkGoesOn) {
-  frmProgress progress(desktop());
+  mps::frmProgress progress(desktop());
   progress.Show();
   progress.set_caption("Progress: Simplifying");
   const HWND window = FindTopWindow(L"Progress: Simplifying");
