@@ -1,5 +1,6 @@
 #include "mps/read_ending.h"
 
+#include "model/simplify_offer.h"
 #include "mps/frm_progress.h"
 #include "platform/box.h"
 #include "platform/desktop.h"
@@ -77,8 +78,7 @@ void ReadEnding::Finish() {
 }
 
 void ReadEnding::OfferToSimplify() {
-  const platform::MsgBoxResult answer =
-      desktop_.MsgBox(Question(platform::BoxKind::kOfferToSimplify, kSimplifyQuestion));
+  const platform::MsgBoxResult answer = desktop_.MsgBox(model::SimplifyOffer());
   if (answer == platform::MsgBoxResult::kYes) host_.SimplifyModel();
 }
 

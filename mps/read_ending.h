@@ -13,11 +13,6 @@ namespace quarvel::mps {
 
 class frmProgress;
 
-// Asked with Yes and No wherever a simplification is offered.
-inline constexpr std::string_view kSimplifyQuestion =
-    "Do you want to simplify the model?\r\nThis will remove empty rows and columns, and will "
-    "convert any rows with just one element into equivalent column bounds";
-
 // What a read asks of the component that owns the model.
 class ReadHost {
  public:

@@ -1,6 +1,6 @@
 #include "viewer/file_commands.h"
 
-#include "mps/read_ending.h"
+#include "model/simplify_offer.h"
 #include "platform/box.h"
 #include "platform/desktop.h"
 #include "platform/files.h"
@@ -89,8 +89,7 @@ void FileCommands::Exit() { desk_.window().Unload(); }
 
 void FileCommands::Simplify() {
   model::ModelInterface& model = desk_.model();
-  const MsgBoxResult answer =
-      desk_.desktop().MsgBox(Question(BoxKind::kOfferToSimplify, mps::kSimplifyQuestion));
+  const MsgBoxResult answer = desk_.desktop().MsgBox(model::SimplifyOffer());
   if (answer != MsgBoxResult::kYes || !desk_.IsReady()) return;
   try {
     model.SimplifyMPSModel();

@@ -1,5 +1,5 @@
-// The interface as it was promised to hosts, member by member, written from its description: what
-// the component's own files are held to.
+// The interface as it was promised to hosts, member by member, typed by hand: what the component's
+// own files are held to.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <filesystem>
 #include <map>
 #include <string>
 #include <vector>
@@ -7,12 +6,10 @@
 #include <gtest/gtest.h>
 
 #include "tests/structure/include_rules.h"
-#include "tests/support/test_paths.h"
+#include "tests/structure/project_sources.h"
 
 namespace quarvel {
 namespace {
-
-namespace fs = std::filesystem;
 
 struct Case {
   const char* path;
@@ -85,36 +82,15 @@ TEST(IncludeRules, FindFilesThatIncludeEachOther) {
   EXPECT_TRUE(IncludeCircles({{"model/a.h", sources.at("model/a.h")}}).empty());
 }
 
-// Every C++ file of the project by its path from the root.
-const std::map<std::string, std::string>& Sources() {
-  static const std::map<std::string, std::string> sources = [] {
-    std::map<std::string, std::string> found;
-    const fs::path root = SourceFolder();
-    std::vector<std::string> folders(Rooms().begin(), Rooms().end());
-    folders.insert(folders.end(), {"tests", "fuzz", "bench"});
-    for (const std::string& folder : folders) {
-      if (!fs::exists(root / folder)) continue;
-      for (const auto& entry : fs::recursive_directory_iterator(root / folder)) {
-        const std::string extension = entry.path().extension().string();
-        if (extension != ".cpp" && extension != ".h") continue;
-        found[fs::relative(entry.path(), root).generic_string()] =
-            ReadWholeFile(entry.path().generic_string());
-      }
-    }
-    return found;
-  }();
-  return sources;
-}
-
 TEST(Structure, HasSourcesInTheLowerRooms) {
   for (const char* room : {"text/", "platform/", "model/", "mps/"}) {
-    const auto first = Sources().lower_bound(room);
-    EXPECT_TRUE(first != Sources().end() && first->first.starts_with(room)) << room;
+    const auto first = ProjectSources().lower_bound(room);
+    EXPECT_TRUE(first != ProjectSources().end() && first->first.starts_with(room)) << room;
   }
 }
 
 TEST(Structure, IncludesGoDownwardsOnly) {
-  for (const auto& [path, source] : Sources()) {
+  for (const auto& [path, source] : ProjectSources()) {
     for (const std::string& violation : IncludeViolations(path, source)) {
       ADD_FAILURE() << violation;
     }
@@ -122,17 +98,17 @@ TEST(Structure, IncludesGoDownwardsOnly) {
 }
 
 TEST(Structure, IncludesDrawNoCircle) {
-  for (const std::string& circle : IncludeCircles(Sources())) ADD_FAILURE() << circle;
+  for (const std::string& circle : IncludeCircles(ProjectSources())) ADD_FAILURE() << circle;
 }
 
 TEST(Structure, KeepsFilesWithinFourHundredLines) {
-  for (const auto& [path, source] : Sources()) {
+  for (const auto& [path, source] : ProjectSources()) {
     EXPECT_LE(std::count(source.begin(), source.end(), '\n'), 400) << path;
   }
 }
 
 TEST(Structure, GuardsEveryHeaderWithPragmaOnce) {
-  for (const auto& [path, source] : Sources()) {
+  for (const auto& [path, source] : ProjectSources()) {
     if (!path.ends_with(".h")) continue;
     EXPECT_NE(source.find("\n#pragma once\n"), std::string::npos) << path;
   }
