@@ -15,7 +15,10 @@
 namespace quarvel::model {
 namespace {
 
-constexpr std::size_t kLookedAtEachTime = 2000;
+// Counted in rows, columns and coefficients: a model of so many is looked at each time, and for a
+// larger one each change pays so much.
+constexpr std::size_t kLookedAtEachTime = 100;
+constexpr std::size_t kPaidByAChange = 10;
 
 std::size_t SizeOf(const ModelData& data) {
   return static_cast<std::size_t>(data.NumberOfRows) +
@@ -37,8 +40,9 @@ bool HasAPairTwice(const ModelData& data) {
 
 void ChangeCheck::After(const StoredModel& model, const DeferredWork& deferred) {
   if (model.row_lists_behind) return;  // a read's next look at them is soon enough
-  credit_ += kLookedAtEachTime;
-  if (credit_ < SizeOf(model.data)) return;
+  const std::size_t size = SizeOf(model.data);
+  credit_ += kPaidByAChange;
+  if (size > kLookedAtEachTime && credit_ < size) return;
   credit_ = 0;
   StoredModel copy;
   copy.data = model.data;
