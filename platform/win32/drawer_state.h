@@ -16,6 +16,9 @@ struct DrawerState {
   // Raises when the class of forms cannot be registered.
   explicit DrawerState(HINSTANCE module);
 
+  // A box that tells of the exception being handled, over that window.
+  void TellFailure(HWND window) const noexcept;
+
   HINSTANCE module;
   ActivationContext common_controls;
   WindowClass form_class;

@@ -11,6 +11,16 @@
 #include "platform/win32/grid_view.h"
 
 namespace quarvel::platform::win32 {
+namespace {
+
+void ClickMenuItem(const Form& form, int command) {
+  const auto index = static_cast<std::size_t>(command - kFirstControlId);
+  if (command < kFirstControlId || index >= form.controls().size()) return;
+  Control* const control = form.controls()[index];
+  if (control->kind() == ControlKind::kMenuItem) static_cast<MenuItem*>(control)->Click();
+}
+
+}  // namespace
 
 LRESULT CALLBACK FormWindow::Receive(HWND window, UINT message, WPARAM w, LPARAM l) noexcept {
   if (message == WM_NCCREATE) {
@@ -61,18 +71,6 @@ std::optional<LRESULT> FormWindow::HandleForm(UINT message, WPARAM w, LPARAM l) 
     case WM_CLOSE:
       form_->RequestClose();
       return 0;
-    case WM_SIZE:
-      Arrange();
-      return std::nullopt;
-    case WM_GETMINMAXINFO:
-      SmallestSize(*reinterpret_cast<MINMAXINFO*>(l));
-      return 0;
-    case WM_DPICHANGED:
-      OnDpiChanged(LOWORD(w), *reinterpret_cast<RECT*>(l));
-      return 0;
-    case WM_SETTINGCHANGE:
-      if (w == SPI_SETNONCLIENTMETRICS) UseFont();
-      return std::nullopt;
     case WM_ACTIVATE:
       if (LOWORD(w) == WA_INACTIVE) SaveFocus();
       return std::nullopt;
@@ -93,6 +91,25 @@ std::optional<LRESULT> FormWindow::HandleForm(UINT message, WPARAM w, LPARAM l) 
       if (ControlView* control = Find(reinterpret_cast<HWND>(l))) control->Synchronize();
       return 0;
     default:
+      return HandleLayout(message, w, l);
+  }
+}
+
+std::optional<LRESULT> FormWindow::HandleLayout(UINT message, WPARAM w, LPARAM l) {
+  switch (message) {
+    case WM_SIZE:
+      Arrange();
+      return std::nullopt;
+    case WM_GETMINMAXINFO:
+      SmallestSize(*reinterpret_cast<MINMAXINFO*>(l));
+      return 0;
+    case WM_DPICHANGED:
+      OnDpiChanged(LOWORD(w), *reinterpret_cast<RECT*>(l));
+      return 0;
+    case WM_SETTINGCHANGE:
+      if (w == SPI_SETNONCLIENTMETRICS) UseFont();
+      return std::nullopt;
+    default:
       return std::nullopt;
   }
 }
@@ -108,15 +125,8 @@ void FormWindow::OnCommand(WPARAM w, LPARAM l) {
   } else if (command == IDCANCEL) {
     form_->PressCancelButton();
   } else {
-    Choose(command);
+    ClickMenuItem(*form_, command);
   }
-}
-
-void FormWindow::Choose(int command) {
-  const auto index = static_cast<std::size_t>(command - kFirstControlId);
-  if (command < kFirstControlId || index >= form_->controls().size()) return;
-  Control* const control = form_->controls()[index];
-  if (control->kind() == ControlKind::kMenuItem) static_cast<MenuItem*>(control)->Click();
 }
 
 std::optional<LRESULT> FormWindow::OnNotify(NMHDR& header) {
@@ -148,7 +158,7 @@ bool FormWindow::OnContextMenu(HWND window, LPARAM place) {
   if (alive()) popup->Open();
   if (!alive()) return true;
   const int command = menus_.PopUp(*popup, handle_, point);
-  if (alive() && command != 0) Choose(command);
+  if (alive() && command != 0) ClickMenuItem(*form_, command);
   return true;
 }
 

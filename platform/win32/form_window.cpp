@@ -4,13 +4,11 @@
 #include <utility>
 
 #include "platform/automation_error.h"
-#include "platform/box.h"
 #include "platform/focus_order.h"
 #include "platform/win32/automation_name.h"
 #include "platform/win32/basic_views.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/form_messages.h"
-#include "platform/win32/pace.h"
 #include "platform/win32/wide_text.h"
 
 namespace quarvel::platform::win32 {
@@ -141,18 +139,6 @@ void FormWindow::Gone() {
   std::erase_if(state_->windows, [this](const auto& window) { return window.get() == this; });
 }
 
-void FormWindow::TellFailure() noexcept {
-  try {
-    const AutomationError error = CurrentError();
-    const ActivationContext::Use use(state_->common_controls);
-    MessageBoxW(handle_, ToWide(error.description()).c_str(), ToWide(kDefaultTitle).c_str(),
-                MB_TASKMODAL);
-  } catch (...) {
-    // Not even memory for a box is left: there is no other way to tell.
-    MessageBeep(MB_ICONERROR);
-  }
-}
-
 ControlView* FormWindow::Find(const Control& control) const {
   const auto found = std::find_if(views_.begin(), views_.end(), [&](const auto& window) {
     return &window->control() == &control;
@@ -170,16 +156,8 @@ ControlView* FormWindow::Find(HWND window) const {
   return nullptr;
 }
 
-void FormWindow::ShowCaption() {
-  caption_stale_ = false;
-  caption_shown_ = std::chrono::steady_clock::now();
-  SetWindowTextTo(handle_, form_->caption());
-}
-
 void FormWindow::CaptionChanged() {
-  if (handle_ == nullptr) return;
-  caption_stale_ = true;
-  if (PaintIsDue(caption_shown_)) ShowCaption();
+  if (handle_ != nullptr) caption_.Change(handle_, form_->caption());
 }
 
 void FormWindow::ControlChanged(const Control& control, Change change) {
@@ -204,7 +182,7 @@ void FormWindow::BringToFront() {
 
 void FormWindow::Flush() {
   if (!alive() || handle_ == nullptr) return;
-  if (caption_stale_) ShowCaption();
+  caption_.Flush(handle_, form_->caption());
   for (const auto& control : views_) control->Flush();
 }
 

@@ -6,7 +6,6 @@
 // event that has run a handler whether there still is a form.
 #pragma once
 
-#include <chrono>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -17,6 +16,7 @@
 #include "platform/win32/drawer_state.h"
 #include "platform/win32/form_menus.h"
 #include "platform/win32/handles.h"
+#include "platform/win32/paced_caption.h"
 #include "platform/win32/thread_windows.h"
 
 namespace quarvel::platform::win32 {
@@ -70,7 +70,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     try {
       action();
     } catch (...) {
-      TellFailure();
+      state_->TellFailure(handle_);
     }
     Left();
   }
@@ -79,13 +79,12 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   void MakeWindow(HWND owner);
   void MakeViews();
   void Show(HWND owner);
-  void TellFailure() noexcept;
   void Left() noexcept;
   void Gone();
   std::optional<LRESULT> Handle(UINT message, WPARAM w, LPARAM l);
   std::optional<LRESULT> HandleForm(UINT message, WPARAM w, LPARAM l);
+  std::optional<LRESULT> HandleLayout(UINT message, WPARAM w, LPARAM l);
   void OnCommand(WPARAM w, LPARAM l);
-  void Choose(int command);
   void OnMenu(HMENU menu);
   std::optional<LRESULT> OnNotify(NMHDR& header);
   bool OnContextMenu(HWND window, LPARAM place);
@@ -96,7 +95,6 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   void LeaveUnusable(const ControlView& control);
   void Arrange();
   void UseFont();
-  void ShowCaption();
 
   std::shared_ptr<DrawerState> state_;
   Form* form_;
@@ -111,8 +109,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   std::vector<std::unique_ptr<ControlView>> views_;
   ControlView* focus_ = nullptr;
   DisabledWindows disabled_;
-  bool caption_stale_ = false;
-  std::chrono::steady_clock::time_point caption_shown_{};
+  PacedCaption caption_;
 };
 
 }  // namespace quarvel::platform::win32

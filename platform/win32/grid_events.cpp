@@ -96,43 +96,49 @@ void GridView::TypeCharacter(wchar_t unit) {
   Own().TypeCharacter(ToUtf8(character));
 }
 
+bool GridView::ShowBorderCursor(HWND window, WORD part) const {
+  if (first() > 0 || part != HTCLIENT || window != handle()) return false;
+  POINT place;
+  GetCursorPos(&place);
+  ScreenToClient(handle(), &place);
+  if (ColumnBorders::At(handle(), place.x) < 0) return false;
+  SetCursor(LoadCursorW(nullptr, IDC_SIZEWE));
+  return true;
+}
+
+bool GridView::DragBorder(UINT message, int x) {
+  if (message == WM_LBUTTONDOWN) {
+    if (first() > 0 || !borders_.Begin(handle(), x)) return false;
+    SetCapture(handle());
+    return true;
+  }
+  if (!borders_.dragging()) return false;
+  if (message == WM_MOUSEMOVE) borders_.Move(handle(), x);
+  if (message == WM_LBUTTONUP) ReleaseCapture();
+  if (message == WM_CAPTURECHANGED) EndDrag();
+  return true;
+}
+
+void GridView::EndDrag() {
+  const int column = borders_.column();
+  borders_.End();
+  KeepWidth(column);
+  FillWidth();
+}
+
 bool GridView::Take(UINT message, WPARAM w, LPARAM l) {
   tips_.Watch(message, w, l);
   switch (message) {
     case WM_CHAR:
       if (w >= L' ' && w != 0x7F) TypeCharacter(static_cast<wchar_t>(w));
       return true;
-    case WM_SETCURSOR: {
-      POINT place;
-      GetCursorPos(&place);
-      ScreenToClient(handle(), &place);
-      if (first() > 0 || LOWORD(l) != HTCLIENT || reinterpret_cast<HWND>(w) != handle() ||
-          ColumnBorders::At(handle(), place.x) < 0) {
-        return false;
-      }
-      SetCursor(LoadCursorW(nullptr, IDC_SIZEWE));
-      return true;
-    }
+    case WM_SETCURSOR:
+      return ShowBorderCursor(reinterpret_cast<HWND>(w), LOWORD(l));
     case WM_LBUTTONDOWN:
-      if (first() > 0 || !borders_.Begin(handle(), GET_X_LPARAM(l))) return false;
-      SetCapture(handle());
-      return true;
     case WM_MOUSEMOVE:
-      if (!borders_.dragging()) return false;
-      borders_.Move(handle(), GET_X_LPARAM(l));
-      return true;
     case WM_LBUTTONUP:
-      if (!borders_.dragging()) return false;
-      ReleaseCapture();
-      return true;
-    case WM_CAPTURECHANGED: {
-      if (!borders_.dragging()) return false;
-      const int column = borders_.column();
-      borders_.End();
-      KeepWidth(column);
-      FillWidth();
-      return true;
-    }
+    case WM_CAPTURECHANGED:
+      return DragBorder(message, GET_X_LPARAM(l));
     case WM_WINDOWPOSCHANGING:
       if ((reinterpret_cast<const WINDOWPOS*>(l)->flags & SWP_NOSIZE) == 0) {
         keeps_row_in_sight_ = CurrentRowShows();

@@ -37,6 +37,9 @@ class GridView : public ViewOf<Grid> {
                                   DWORD_PTR self) noexcept;
   // Whether the message is dealt with.
   bool Take(UINT message, WPARAM w, LPARAM l);
+  bool ShowBorderCursor(HWND window, WORD part) const;
+  bool DragBorder(UINT message, int x);
+  void EndDrag();
   void TypeCharacter(wchar_t unit);
   void ShowColumns();
   void ShowWidths();
