@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstddef>
-#include <string_view>
 
 #include "mps/line_reader.h"
 #include "text/numbers.h"
@@ -15,6 +14,7 @@ enum class Tail { kNothing, kLine, kLineInBrackets, kBareLineInBrackets, kItem, 
 
 struct ProblemWords {
   ReadProblemCode code;
+  std::string_view name;
   std::string_view words;
   Tail tail;
 };
@@ -23,33 +23,39 @@ static_assert(LineReader::kLongestLine == 1048576, "the words say so");
 
 using enum ReadProblemCode;
 constexpr std::array<ProblemWords, 21> kProblems = {{
-    {kLineTooLong, "MPS file read error: a line is longer than 1048576 bytes",
+    {kLineTooLong, "line-too-long", "MPS file read error: a line is longer than 1048576 bytes",
      Tail::kLineInBrackets},
-    {kRowTokens, "MPS file read error: insufficent tokens in line ", Tail::kLine},
-    {kRowType, "MPS file read error: improper row type", Tail::kLineInBrackets},
-    {kRowTwice, "MPS file read error: row name appears for a second time",
+    {kRowTokens, "row-tokens", "MPS file read error: insufficent tokens in line ", Tail::kLine},
+    {kRowType, "row-type", "MPS file read error: improper row type", Tail::kLineInBrackets},
+    {kRowTwice, "row-twice", "MPS file read error: row name appears for a second time",
      Tail::kBareLineInBrackets},
-    {kTokens, "MPS file read error: improper number of tokens", Tail::kLineInBrackets},
-    {kColumnsBeforeRows, "MPS file read error: no rows yet, but reading columns",
+    {kTokens, "tokens", "MPS file read error: improper number of tokens", Tail::kLineInBrackets},
+    {kColumnsBeforeRows, "columns-before-rows",
+     "MPS file read error: no rows yet, but reading columns", Tail::kLineInBrackets},
+    {kRhsBeforeRows, "rhs-before-rows", "MPS file read error: no rows yet, but reading RHSs",
      Tail::kLineInBrackets},
-    {kRhsBeforeRows, "MPS file read error: no rows yet, but reading RHSs", Tail::kLineInBrackets},
-    {kRangesBeforeRows, "MPS file read error: no rows yet, but reading ranges",
+    {kRangesBeforeRows, "ranges-before-rows",
+     "MPS file read error: no rows yet, but reading ranges", Tail::kLineInBrackets},
+    {kNotNumeric, "not-numeric", "MPS file read error: needs numeric value", Tail::kLineInBrackets},
+    {kNoSuchRow, "no-such-row", "MPS file read error: no match for row name",
      Tail::kLineInBrackets},
-    {kNotNumeric, "MPS file read error: needs numeric value", Tail::kLineInBrackets},
-    {kNoSuchRow, "MPS file read error: no match for row name", Tail::kLineInBrackets},
-    {kBoundsBeforeColumns, "MPS file read error: no variables yet, but reading bounds",
+    {kBoundsBeforeColumns, "bounds-before-columns",
+     "MPS file read error: no variables yet, but reading bounds", Tail::kLineInBrackets},
+    {kBoundCode, "bound-code", "MPS file read error: improper bounds code", Tail::kLineInBrackets},
+    {kBoundWithoutValue, "bound-without-value", "MPS file error: too few tokens",
      Tail::kLineInBrackets},
-    {kBoundCode, "MPS file read error: improper bounds code", Tail::kLineInBrackets},
-    {kBoundWithoutValue, "MPS file error: too few tokens", Tail::kLineInBrackets},
-    {kNoSuchColumn, "MPS file read error: no match for variable name", Tail::kLineInBrackets},
-    {kNoRows, "Quarvel.dll error: no rows", Tail::kNothing},
-    {kNoColumns, "Quarvel.dll error: no columns", Tail::kNothing},
-    {kNoElements, "Quarvel.dll error: no elements", Tail::kNothing},
-    {kColumnBoundsReversed, "Quarvel.dll error: bounds reversed on variable ", Tail::kItem},
-    {kRowBoundsReversed, "Quarvel.dll error: bounds reversed on row ", Tail::kItem},
-    {kEmptyItems, "Quarvel.dll error: rows or columns with no elements, as noted in warnings.",
-     Tail::kNothing},
-    {kFailure, "", Tail::kFailure},
+    {kNoSuchColumn, "no-such-column", "MPS file read error: no match for variable name",
+     Tail::kLineInBrackets},
+    {kNoRows, "no-rows", "Quarvel.dll error: no rows", Tail::kNothing},
+    {kNoColumns, "no-columns", "Quarvel.dll error: no columns", Tail::kNothing},
+    {kNoElements, "no-elements", "Quarvel.dll error: no elements", Tail::kNothing},
+    {kColumnBoundsReversed, "column-bounds-reversed",
+     "Quarvel.dll error: bounds reversed on variable ", Tail::kItem},
+    {kRowBoundsReversed, "row-bounds-reversed", "Quarvel.dll error: bounds reversed on row ",
+     Tail::kItem},
+    {kEmptyItems, "empty-items",
+     "Quarvel.dll error: rows or columns with no elements, as noted in warnings.", Tail::kNothing},
+    {kFailure, "failure", "", Tail::kFailure},
 }};
 
 // A code is the place of its line.
@@ -60,6 +66,10 @@ constexpr bool IsInOrder() {
   return true;
 }
 static_assert(IsInOrder());
+
+const ProblemWords& WordsOf(ReadProblemCode code) {
+  return kProblems[static_cast<std::size_t>(code)];
+}
 
 std::string TailOf(const ReadProblem& problem, Tail tail) {
   const std::string line = text::IntegerText(problem.line);
@@ -82,8 +92,10 @@ std::string TailOf(const ReadProblem& problem, Tail tail) {
 
 }  // namespace
 
+std::string_view NameOf(ReadProblemCode code) { return WordsOf(code).name; }
+
 std::string TextOf(const ReadProblem& problem) {
-  const ProblemWords& known = kProblems[static_cast<std::size_t>(problem.code)];
+  const ProblemWords& known = WordsOf(problem.code);
   return std::string(known.words) + TailOf(problem, known.tail);
 }
 

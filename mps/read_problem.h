@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/automation_error.h"
 
@@ -42,6 +43,9 @@ struct ReadProblem {
   std::string item = {};  // the name of the row or column that it is about
   std::optional<AutomationError> failure = {};
 };
+
+// A short name that stays when the words change, such as "no-such-row". Each code has its own.
+std::string_view NameOf(ReadProblemCode code);
 
 // The problem in words, without a question.
 std::string TextOf(const ReadProblem& problem);

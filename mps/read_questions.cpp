@@ -14,6 +14,7 @@ platform::Box BoxOf(const ReadProblem& problem) {
                        .question = "Would you like to continue reading this MPS file?",
                        .style = platform::MsgBoxStyle::kYesNo,
                        .title = "Error.  Continue Reading MPS File?",
+                       .code = NameOf(problem.code),
                        .line = problem.line,
                        .item = problem.item};
   if (problem.failure) box.failure = problem.failure->run_time_error();

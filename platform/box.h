@@ -62,6 +62,9 @@ struct Box {
   MsgBoxStyle style = MsgBoxStyle::kOk;
   std::string title = std::string(kDefaultTitle);
   // Of a problem.
+  // A name of what is wrong that stays when the words change, from the room that asks; its text is a
+  // literal. Empty when the box is no problem.
+  std::string_view code = {};
   std::int64_t line = 0;                               // of the file; 0 when it is about none
   std::string item = {};                               // the name of the row or column it is about
   std::optional<RunTimeError> failure = std::nullopt;  // of the system

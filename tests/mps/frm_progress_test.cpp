@@ -106,7 +106,8 @@ TEST(ReadProgress, IgnoresAStopAfterTheLastPoint) {
   ReadSession session;
   session.desktop.on_box = [&](const ShownBox& box) {
     if (box.text.starts_with("MPS file read error")) Progress(session).cmdStop.Click();
-    return box.text.starts_with("Do you want to simplify") ? kNo : kYes;
+    const platform::BoxKind kind = session.desktop.box_data().back().kind;
+    return kind == platform::BoxKind::kOfferToSimplify ? kNo : kYes;
   };
   EXPECT_EQ(session.Read("ROWS\n L R\nCOLUMNS\n X R 1\n X Q 1\nENDATA\n"), -1);
   EXPECT_EQ(session.model.NumberOfElements(), 1);

@@ -226,8 +226,8 @@ TEST(ReadCallback, RaisesWhenAReadIsStartedInsideARead) {
 
 TEST(FileOfARead, CanBeDeletedWhileTheLastQuestionsAreAsked) {
   ReadSession session;
-  session.desktop.on_box = [&](const ShownBox& box) {
-    if (box.text.starts_with("Do you want to simplify")) {
+  session.desktop.on_box = [&](const ShownBox&) {
+    if (session.desktop.box_data().back().kind == platform::BoxKind::kOfferToSimplify) {
       platform::RemoveFile(session.folder.File("model.mps"));
     }
     return kNo;

@@ -6,13 +6,14 @@
 
 namespace quarvel::mps {
 
+using platform::BoxKind;
 using platform::MsgBoxResult;
 using platform::ShownBox;
 
 ReadSession::ReadSession() {
   desktop.on_box = [this](const ShownBox& box) {
     if (box.style == platform::MsgBoxStyle::kOk) return MsgBoxResult::kOk;
-    if (box.text.starts_with("Do you want to simplify the model?")) return simplify;
+    if (desktop.box_data().back().kind == BoxKind::kOfferToSimplify) return simplify;
     if (problem_answers.empty()) return otherwise;
     const MsgBoxResult answer = problem_answers.front();
     problem_answers.pop_front();
@@ -39,8 +40,8 @@ std::int16_t ReadSession::ReadFile(const std::string& path) {
 
 std::vector<std::string> ReadSession::Problems() const {
   std::vector<std::string> problems;
-  for (const ShownBox& box : desktop.boxes()) {
-    if (!box.text.starts_with("Do you want to simplify the model?")) problems.push_back(box.text);
+  for (const platform::Box& box : desktop.box_data()) {
+    if (box.kind != BoxKind::kOfferToSimplify) problems.push_back(box.text());
   }
   return problems;
 }

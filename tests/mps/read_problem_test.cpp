@@ -1,5 +1,8 @@
 #include "mps/read_problem.h"
 
+#include <set>
+#include <string_view>
+
 #include <gtest/gtest.h>
 
 namespace quarvel::mps {
@@ -22,6 +25,15 @@ TEST(ReadProblem, NamesItsLineItsItemOrItsFailureInWords) {
        "Out of memory"},
   };
   for (const auto& c : cases) EXPECT_EQ(TextOf(c.problem), c.text);
+}
+
+TEST(ReadProblem, HasANameOfItsOwnForEachCode) {
+  constexpr auto kCodes = static_cast<int>(ReadProblemCode::kFailure) + 1;
+  std::set<std::string_view> names;
+  for (int code = 0; code < kCodes; ++code)
+    names.insert(NameOf(static_cast<ReadProblemCode>(code)));
+  EXPECT_EQ(names.size(), std::size_t{kCodes});
+  EXPECT_FALSE(names.contains(""));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The checks at the end of a read, and its ways out.
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -58,13 +59,17 @@ TEST(MpsReader, AsksReversedAndEmptyForTheSameItemInTurn) {
                    Question("Quarvel.dll error: rows or columns with no elements, as noted in "
                             "warnings.")}));
   using enum platform::BoxKind;
-  const std::pair<platform::BoxKind, std::string> expected[] = {
-      {kReadProblem, "Y"}, {kEmptyItem, "Y"}, {kReadProblem, "B"},
-      {kEmptyItem, "B"},   {kEmptyItem, ""},  {kOfferToSimplify, ""}};
+  const std::tuple<platform::BoxKind, std::string, std::string> expected[] = {
+      {kReadProblem, "Y", "column-bounds-reversed"},
+      {kEmptyItem, "Y", ""},
+      {kReadProblem, "B", "row-bounds-reversed"},
+      {kEmptyItem, "B", ""},
+      {kEmptyItem, "", "empty-items"},
+      {kOfferToSimplify, "", ""}};
   ASSERT_EQ(session.desktop.box_data().size(), std::size(expected));
   for (std::size_t i = 0; i < std::size(expected); ++i) {
     const platform::Box& box = session.desktop.box_data()[i];
-    EXPECT_EQ(std::pair(box.kind, box.item), expected[i]) << i;
+    EXPECT_EQ(std::tuple(box.kind, box.item, std::string(box.code)), expected[i]) << i;
     EXPECT_EQ(box.line, 0) << i;
   }
 }

@@ -102,12 +102,46 @@ INSTANTIATE_TEST_SUITE_P(
         LineCase{"ROWS\n L A\nCOLUMNS\n X A 1\nBOUNDS\n FR S Z\n",
                  "MPS file read error: no match for variable name (line 6)"}));
 
+struct CodeCase {
+  std::string text;  // the whole file
+  std::string code;  // of the first question
+};
+
+const CodeCase kCodeCases[] = {
+    {"ROWS\n L\n", "row-tokens"},
+    {"ROWS\n R A\n", "row-type"},
+    {"ROWS\n L A\n G A\n", "row-twice"},
+    {"ROWS\n L A\nCOLUMNS\n X A\n", "tokens"},
+    {"COLUMNS\n X A 1\n", "columns-before-rows"},
+    {"RHS\n S A 1\n", "rhs-before-rows"},
+    {"RANGES\n S A 1\n", "ranges-before-rows"},
+    {"ROWS\n L A\nCOLUMNS\n X A one\n", "not-numeric"},
+    {"ROWS\n L A\nCOLUMNS\n X B 1\n", "no-such-row"},
+    {"BOUNDS\n UP S X 1\n", "bounds-before-columns"},
+    {"ROWS\n L A\nCOLUMNS\n X A 1\nBOUNDS\n BV S X\n", "bound-code"},
+    {"ROWS\n L A\nCOLUMNS\n X A 1\nBOUNDS\n UP S X\n", "bound-without-value"},
+    {"ROWS\n L A\nCOLUMNS\n X A 1\nBOUNDS\n UP S Z 1\n", "no-such-column"},
+    {"", "no-rows"},
+    {"ROWS\n L A\n", "no-columns"},
+    {"ROWS\n L A\nCOLUMNS\n X A 1\nBOUNDS\n UP S X -1\n", "column-bounds-reversed"},
+};
+
+TEST(MpsReader, AsksAboutEachProblemWithItsCode) {
+  for (const CodeCase& c : kCodeCases) {
+    ReadSession session;
+    session.Read(c.text);
+    ASSERT_FALSE(session.desktop.box_data().empty()) << c.code;
+    EXPECT_EQ(session.desktop.box_data()[0].code, c.code) << c.text;
+  }
+}
+
 TEST(MpsReader, AsksAboutAnOverlongLineWithoutKeepingIt) {
   ReadSession session;
   session.Read("ROWS\n L R\n" + std::string(LineReader::kLongestLine + 1, 'x') +
                "\nCOLUMNS\n X R 1\nENDATA\n");
   EXPECT_EQ(session.Problems(),
             Texts{Question("MPS file read error: a line is longer than 1048576 bytes (line 3)")});
+  EXPECT_EQ(session.desktop.box_data()[0].code, "line-too-long");
   EXPECT_EQ(session.model.NumberOfElements(), 1);
 }
 

@@ -295,8 +295,8 @@ TEST_F(CallbackTest, FailingCommandIsOneBoxAndTheWindowGoesOn) {
 TEST_F(CallbackTest, WindowIsPausedWhileTheModelIsSimplified) {
   With([&] {
     Texts seen;
-    on_shown_ = [&](const platform::ShownBox& box) {
-      if (!box.text.starts_with("Model had simplifications")) return;
+    on_shown_ = [&](const platform::ShownBox&) {
+      if (desktop_.box_data().back().kind != platform::BoxKind::kOfferLog) return;
       seen = ColumnNames();
       EXPECT_FALSE(viewer().contents.columns.fgrdList.redraw());
     };
