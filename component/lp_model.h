@@ -40,6 +40,8 @@ namespace viewer {
 class frmViewEquations;
 }
 
+// It is final, and nobody owns it through its base.
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor)
 class LPModel final : public model::ModelInterface {
  public:
   // All fields zero and empty. `desktop` must outlive the object.

@@ -110,10 +110,10 @@ class NameIndex {
     std::array<Slot, kSlots> entries;
 
    private:
-    template <std::size_t place>
+    template <std::size_t kPlace>
     unsigned Same(const NameKey& key) const {
-      const Slot& slot = entries[place];
-      return unsigned{((slot.low ^ key.low) | (slot.high ^ key.high)) == 0} << place;
+      const Slot& slot = entries[kPlace];
+      return unsigned{((slot.low ^ key.low) | (slot.high ^ key.high)) == 0} << kPlace;
     }
   };
 

@@ -10,7 +10,7 @@ const TokenKeys kNoKeys;
 void SourceLine::Split() {
   if (is_split()) return;
   tokens_.Split(read_);
-  alone_.tokens = tokens_;
+  alone_.tokens = static_cast<const TokenList&>(tokens_);
   alone_is_split_ = true;
 }
 

@@ -16,14 +16,12 @@ class frmProgress;
 // What a read asks of the component that owns the model.
 class ReadHost {
  public:
+  virtual ~ReadHost() = default;
   // Empties the model, with its texts and its log.
   virtual void DropModel() = 0;
   virtual void SimplifyModel() = 0;
   // The model is complete: an open viewer shows it again.
   virtual void ShowModel() = 0;
-
- protected:
-  ~ReadHost() = default;
 };
 
 class ReadEnding {

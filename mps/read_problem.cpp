@@ -72,7 +72,7 @@ const ProblemWords& WordsOf(ReadProblemCode code) {
 }
 
 std::string TailOf(const ReadProblem& problem, Tail tail) {
-  const std::string line = text::IntegerText(problem.line);
+  std::string line = text::IntegerText(problem.line);
   switch (tail) {
     case Tail::kNothing:
       return {};

@@ -134,10 +134,10 @@ class Sections {
         UseColumn(line);
         break;
       case Section::kRhs:
-        UsePairs(line, ReadProblemCode::kRhsBeforeRows, ApplyRightHandSide);
+        UsePairs(line, ReadProblemCode::kRhsBeforeRows, kApplyRightHandSide);
         break;
       case Section::kRanges:
-        UsePairs(line, ReadProblemCode::kRangesBeforeRows, ApplyRange);
+        UsePairs(line, ReadProblemCode::kRangesBeforeRows, kApplyRange);
         break;
       case Section::kBounds:
         UseBound(line);
@@ -205,11 +205,11 @@ class Sections {
     }
   }
 
-  static constexpr auto ApplyRightHandSide = [](auto&& row, double value) {
+  static constexpr auto kApplyRightHandSide = [](auto&& row, double value) {
     model::TraitsOf(row.Type).right_hand_side.Apply(row, value);
   };
 
-  static constexpr auto ApplyRange = [](auto&& row, double range) {
+  static constexpr auto kApplyRange = [](auto&& row, double range) {
     switch (model::TraitsOf(row.Type).range) {
       case model::RangeEffect::kNothing:
         break;
