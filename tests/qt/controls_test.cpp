@@ -63,7 +63,7 @@ class frmControls : public Form {
 
 class QtControls : public QtTest {
  protected:
-  QtControls() { form_.Show(); }
+  QtControls() { ShowActive(form_); }
 
   template <typename Widget>
   Widget& The(std::string_view name) {
@@ -218,7 +218,7 @@ TEST_F(QtControls, FocusGoesWhereTheFormWantsIt) {
   form_.cboKind.Focus();
   EXPECT_TRUE(The<QComboBox>("cboKind").hasFocus());
   form_.Unload();
-  form_.Show();
+  ShowActive(form_);
   EXPECT_TRUE(The<QComboBox>("cboKind").hasFocus());
 }
 

@@ -67,7 +67,7 @@ class QtFocus : public QtTest {
 
 TEST_F(QtFocus, GoesToTheTabStripWhenATurnHidesItsList) {
   frmPages form(*desktop_);
-  form.Show();
+  ShowActive(form);
   form.grdFirst.Focus();
   auto& bar = *Part<QTabBar>(WindowNamed("frmPages"), "");
   ClickIn(bar, bar.tabRect(1).center());
@@ -79,7 +79,7 @@ TEST_F(QtFocus, GoesToTheTabStripWhenATurnHidesItsList) {
 
 TEST_F(QtFocus, GoesOnPastBoxesToTypeInWhenAControlIsDisabledOrHidden) {
   frmPages form(*desktop_);
-  form.Show();
+  ShowActive(form);
   for (const bool hide : {false, true}) {
     form.sstPages.set_enabled(true);
     form.sstPages.Focus();
@@ -98,7 +98,7 @@ TEST_F(QtFocus, GoesOnPastBoxesToTypeInWhenAControlIsDisabledOrHidden) {
 
 TEST_F(QtFocus, StaysWhenAnotherControlGoes) {
   frmPages form(*desktop_);
-  form.Show();
+  ShowActive(form);
   form.txtName.Focus();
   form.sstPages.set_current(1);
   form.cmdOK.set_enabled(false);
@@ -107,7 +107,7 @@ TEST_F(QtFocus, StaysWhenAnotherControlGoes) {
 
 TEST_F(QtFocus, TabWithCtrlTurnsPagesAllAroundFromAnyControl) {
   frmPages form(*desktop_);
-  form.Show();
+  ShowActive(form);
   for (Control* control :
        {static_cast<Control*>(&form.grdFirst), static_cast<Control*>(&form.txtName),
         static_cast<Control*>(&form.cmdOK)}) {
@@ -126,7 +126,7 @@ TEST_F(QtFocus, TabWithCtrlTurnsPagesAllAroundFromAnyControl) {
 
 TEST_F(QtFocus, TabWithCtrlTurnsFromATextOfManyLines) {
   frmPages form(*desktop_);
-  form.Show();
+  ShowActive(form);
   form.sstPages.set_current(1);
   form.txtEquation.Focus();
   Press("frmPages", Qt::Key_Tab, Qt::ControlModifier);
@@ -135,11 +135,11 @@ TEST_F(QtFocus, TabWithCtrlTurnsFromATextOfManyLines) {
 
 TEST_F(QtFocus, BeginsAtTheSelectedOptionOrTheFirst) {
   frmOptions form(*desktop_);
-  form.Show();
+  ShowActive(form);
   EXPECT_EQ(Holder("frmOptions"), "optA");
   form.Unload();
   form.optB.set_value(true);
-  form.Show();
+  ShowActive(form);
   EXPECT_EQ(Holder("frmOptions"), "optB");
   Press("frmOptions", Qt::Key_Space);
   EXPECT_TRUE(form.optB.value());
@@ -147,19 +147,19 @@ TEST_F(QtFocus, BeginsAtTheSelectedOptionOrTheFirst) {
 
 TEST_F(QtFocus, BeginsAtTheSelectedOptionAlsoWhereAnotherHadItBefore) {
   frmOptions form(*desktop_);
-  form.Show();
+  ShowActive(form);
   Press("frmOptions", Qt::Key_Down);
   EXPECT_TRUE(form.optB.value());
   form.Unload();
   form.optC.set_value(true);
-  form.Show();
+  ShowActive(form);
   EXPECT_EQ(Holder("frmOptions"), "optC");
 }
 
 TEST_F(QtFocus, TabTakesAGroupAsOneStop) {
   frmOptions form(*desktop_);
   form.optB.set_value(true);
-  form.Show();
+  ShowActive(form);
   std::vector<std::string> order;
   for (const int key :
        {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Backtab, Qt::Key_Backtab}) {
@@ -174,7 +174,7 @@ TEST_F(QtFocus, TabTakesAGroupAsOneStop) {
 TEST_F(QtFocus, TabLeavesAGroupWhoseSelectionHasMovedAway) {
   frmOptions form(*desktop_);
   form.optA.set_value(true);
-  form.Show();
+  ShowActive(form);
   form.optC.set_value(true);
   Press("frmOptions", Qt::Key_Tab);
   EXPECT_EQ(Holder("frmOptions"), "txtBound");
@@ -186,7 +186,7 @@ TEST_F(QtFocus, TabLeavesAGroupWhoseSelectionHasMovedAway) {
 TEST_F(QtFocus, ArrowsSelectInAGroupAllAround) {
   frmOptions form(*desktop_);
   form.optB.set_value(true);
-  form.Show();
+  ShowActive(form);
   Press("frmOptions", Qt::Key_Down);
   EXPECT_TRUE(form.optC.value());
   Press("frmOptions", Qt::Key_Right);
@@ -200,7 +200,7 @@ TEST_F(QtFocus, OfAnOptionIsSeenAtOpening) {
   frmOptions form(*desktop_);
   form.optB.set_caption("Range");
   form.optB.set_value(true);
-  form.Show();
+  ShowActive(form);
   auto& option = *Part<QRadioButton>(WindowNamed("frmOptions"), "optB");
   ASSERT_TRUE(option.hasFocus());
   const QImage focused = option.grab().toImage();
@@ -210,7 +210,7 @@ TEST_F(QtFocus, OfAnOptionIsSeenAtOpening) {
 
 TEST_F(QtFocus, OfListsAndTextsIsAFrameAroundThem) {
   frmPages form(*desktop_);
-  form.Show();
+  ShowActive(form);
   form.sstPages.set_current(1);
   auto& window = *WindowNamed("frmPages");
   for (const char* name : {"grdSecond", "txtEquation"}) {

@@ -45,7 +45,7 @@ class frmMenus : public Form {
 
 class QtMenus : public QtTest {
  protected:
-  QtMenus() { form_.Show(); }
+  QtMenus() { ShowActive(form_); }
 
   QWidget& Window() { return *WindowNamed("frmMenus"); }
   QLineEdit& Box() { return *Part<QLineEdit>(&Window(), "txtName"); }
