@@ -42,6 +42,10 @@ mount_all() {
     mounted "$root$folder" || mount --bind "$folder" "$root$folder" || return 1
     mount -o remount,bind,ro "$root$folder" || return 1
   done
+  # The component keeps files of its own beside itself.
+  folder="$project/build/windows-x86"
+  mkdir -p "$folder"
+  mounted "$root$folder" || mount --bind "$folder" "$root$folder"
 }
 
 # The last one mounted first, as one may stand inside another.
