@@ -44,7 +44,7 @@ struct Session {
     desktop.file = path;
     const double seconds = SecondsOf([this] {
       Require(model.ReadMPSFile() == -1, "the file was not read");
-      model.NumberOfBindingRows();  // the row lists, where they are put off
+      model.NumberOfBindingRows();  // the row lists, where they are deferred
     });
     return seconds;
   }

@@ -48,7 +48,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   EditComparison models;
   std::string history;
   for (int step = 0; step < 400 && !bytes.at_end(); ++step) {
-    // Looking completes what was put off, so not every step is looked at.
+    // Looking completes what was deferred, so not every step is looked at.
     const std::uint32_t kind = choose(8);
     const EditOperation operation = kind < 2 ? ChooseDeletion(choose, models.naive())
                                              : ChooseOperation(choose, models.naive(), style);

@@ -97,7 +97,7 @@ class CheckView : public ClickView {
   CheckBox& Own() const { return static_cast<CheckBox&>(control()); }
 };
 
-// Shows at most about eight values a second: what comes between is put off until Flush.
+// Shows at most about eight values a second: what comes between is deferred until Flush.
 class ProgressView : public ViewOf<ProgressBar> {
  public:
   using ViewOf::ViewOf;

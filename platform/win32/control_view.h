@@ -56,7 +56,7 @@ class ControlView {
   virtual LRESULT OnNotify(NMHDR&) { return 0; }
   // Shows again what the control holds, after the window went its own way.
   virtual void Synchronize() {}
-  // Shows what was put off for the sake of speed.
+  // Shows what was deferred for the sake of speed.
   virtual void Flush() {}
 
  protected:

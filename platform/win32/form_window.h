@@ -52,7 +52,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
   void CaptionChanged();
   void ControlChanged(const Control& control, Change change);
   void BringToFront();
-  // Shows what was put off for the sake of speed.
+  // Shows what was deferred for the sake of speed.
   void Flush();
   // Gives the keyboard to a control, now or when the window becomes active.
   void Focus(ControlView& control);

@@ -12,7 +12,7 @@ class PacedCaption {
  public:
   // Shows the new caption, or puts that off when the last one has only just been shown.
   void Change(HWND window, std::string_view caption);
-  // Shows `caption`, the present one, if that was put off.
+  // Shows `caption`, the present one, if that was deferred.
   void Flush(HWND window, std::string_view caption);
 
  private:

@@ -97,7 +97,7 @@ NaiveModel RandomModel(Dice& dice) {
 }
 
 // What the host does at a moment, with what it saw there. `looks` decides whether it looks at the
-// whole model, which completes what was put off; otherwise it only edits.
+// whole model, which completes what was deferred; otherwise it only edits.
 struct Visit {
   bool looks = false;
   std::string seen;

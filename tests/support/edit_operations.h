@@ -43,7 +43,7 @@ class EditComparison {
   const NaiveModel& naive() const { return naive_; }
 
   // Runs the operation on both. An empty text when result, failure, boxes and counts agree, else
-  // what differs. Nothing that was put off is completed by comparing.
+  // what differs. Nothing that was deferred is completed by comparing.
   std::string Apply(const EditOperation& operation);
   // The same for all stored fields, the names found by the indexes included. Completes what was put
   // off.

@@ -1,5 +1,5 @@
 // What the component must do, as plainly as it can be said: lists in std::vector, every step one by
-// one, nothing cached, nothing put off, names looked up by walking. Slow on purpose; compared with
+// one, nothing cached, nothing deferred, names looked up by walking. Slow on purpose; compared with
 // LPModel by the property tests and the fuzzers.
 //
 // Boxes and log lines are collected in order. A failure is raised as an AutomationError, as LPModel

@@ -1,5 +1,5 @@
 // What reading must do, as plainly as it can be said: the whole text in memory, every line a string
-// of its own, lists in std::vector, every problem raised where it is found, nothing put off.
+// of its own, lists in std::vector, every problem raised where it is found, nothing deferred.
 // Compared with LPModel by the agreement test, the test of real files and the fuzzer.
 #pragma once
 

@@ -1,5 +1,5 @@
 // What simplifying must do, on the naive model: every row and column is deleted as soon as it is
-// decided on, nothing is put off. Compared with LPModel by the property test.
+// decided on, nothing is deferred. Compared with LPModel by the property test.
 #pragma once
 
 #include <cstdint>
