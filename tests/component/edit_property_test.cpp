@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/edit_operations.h"
+#include "tests/support/test_length.h"
 
 namespace quarvel {
 namespace {
@@ -51,7 +52,8 @@ std::string RunEdits(std::uint32_t seed, int steps, const EditRun& run) {
 
 // Many short lives of a model rather than one long one: most of them start from nothing.
 void ExpectAgreement(std::uint32_t first_seed, int runs, int steps, const EditRun& run) {
-  for (int i = 0; i < runs; ++i) {
+  const int length = TestLength(runs);
+  for (int i = 0; i < length; ++i) {
     const std::string fault = RunEdits(first_seed + static_cast<std::uint32_t>(i), steps, run);
     ASSERT_EQ(fault, "");
   }

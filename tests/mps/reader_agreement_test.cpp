@@ -9,6 +9,7 @@
 
 #include "tests/mps/mps_file_generator.h"
 #include "tests/support/read_comparison.h"
+#include "tests/support/test_length.h"
 #include "tests/support/test_paths.h"
 
 namespace quarvel::mps {
@@ -64,7 +65,8 @@ TEST(ReaderAgreement, HoldsForEveryFieldBoxAndResult) {
   const TemporaryFolder folder;
   ReadComparison readers(folder.File("model.mps"));
   MpsFileGenerator generator(20240601);
-  for (int i = 0; i < 3000; ++i) {
+  const int files = TestLength(3000);
+  for (int i = 0; i < files; ++i) {
     const std::string file =
         generator.Make(static_cast<int>(generator.Below(20)), SomeRate(generator));
     ReadPlan plan;
@@ -78,7 +80,8 @@ TEST(ReaderAgreement, HoldsThroughTheDialogsWithStop) {
   const TemporaryFolder folder;
   ReadComparison readers(folder.File("model.mps"));
   MpsFileGenerator generator(7);
-  for (int i = 0; i < 400; ++i) {
+  const int files = TestLength(400);
+  for (int i = 0; i < files; ++i) {
     const std::string file =
         generator.Make(static_cast<int>(generator.Below(200)), SomeRate(generator));
     ReadPlan plan;
@@ -94,7 +97,8 @@ TEST(ReaderAgreement, HoldsInTheMiddleForAHostThatLooks) {
   const TemporaryFolder folder;
   ReadComparison readers(folder.File("model.mps"));
   MpsFileGenerator generator(11);
-  for (int i = 0; i < 250; ++i) {
+  const int files = TestLength(250);
+  for (int i = 0; i < files; ++i) {
     const std::string file =
         generator.Make(static_cast<int>(100 + generator.Below(200)), SomeRate(generator));
     ReadPlan plan;
@@ -110,7 +114,8 @@ TEST(ReaderAgreement, HoldsForFilesWithSingleBytesChanged) {
   ReadComparison readers(folder.File("model.mps"));
   MpsFileGenerator generator(13);
   std::string original;
-  for (int i = 0; i < 2000; ++i) {
+  const int files = TestLength(2000);
+  for (int i = 0; i < files; ++i) {
     if (i % 20 == 0) original = generator.Make(8, 0);
     std::string file = original;
     for (std::uint32_t k = generator.Below(4) + 1; k > 0; --k) {
