@@ -18,9 +18,9 @@ std::size_t InputFile::Read(char* buffer, std::size_t capacity) {
   return capacity == 0 ? 0 : file_.Read(buffer, capacity);
 }
 
-OutputFile::OutputFile(const std::string& path) : file_(SystemFile::OpenForWriting(path)) {
-  buffer_.reserve(kBufferSize);
-}
+OutputFile::OutputFile(const std::string& path) : OutputFile(SystemFile::OpenForWriting(path)) {}
+
+OutputFile::OutputFile(SystemFile file) : file_(std::move(file)) { buffer_.reserve(kBufferSize); }
 
 OutputFile::~OutputFile() {
   try {

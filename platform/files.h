@@ -39,6 +39,8 @@ class InputFile {
 class OutputFile {
  public:
   explicit OutputFile(const std::string& path);
+  // Goes on with a file that is open for writing.
+  explicit OutputFile(SystemFile file);
   ~OutputFile();
   OutputFile(OutputFile&&) noexcept = default;
   OutputFile& operator=(OutputFile&& other) noexcept;

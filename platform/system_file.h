@@ -1,5 +1,5 @@
 // The thin layer between files.cpp and the operating system: one open file, and the few questions
-// about names that only the system can answer. For files.cpp alone.
+// about names that only the system can answer. For files.cpp and log_file alone.
 #pragma once
 
 #include <cstddef>
@@ -21,6 +21,8 @@ class SystemFile {
   static SystemFile OpenForReading(const std::string& path);
   // Creates the file or empties it.
   static SystemFile OpenForWriting(const std::string& path);
+  // Takes over an open file descriptor, or a Windows handle.
+  static SystemFile Own(std::intptr_t handle) { return SystemFile(handle); }
 
   bool IsOpen() const { return handle_ != kClosed; }
   // The size in bytes; 0 for what has none (a pipe).

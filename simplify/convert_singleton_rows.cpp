@@ -143,7 +143,6 @@ platform::Box ConflictBox(const ConflictQuestion& question, const std::string& n
 }  // namespace
 
 void Simplifier::ConvertSingletonRows() {
-  steps_done_ -= steps_done_ % 2;
   const std::int32_t limit = store_.NumberOfRows();
   for (std::int32_t i = 1; i <= limit; ++i) {
     if (StoppedAfterSteps(2, kInterval, kCaption)) return;

@@ -2,10 +2,13 @@
 
 #include <utility>
 
+#include "platform/log_file.h"
+
 namespace quarvel::simplify {
 namespace {
 
 constexpr int kExtensionCharacters = 4;
+constexpr std::string_view kHeadingStart = "Log file for simplification";
 
 #ifdef _WIN32
 constexpr std::string_view kUnsavedLog = "\\newmodel.log";
@@ -35,12 +38,16 @@ std::string LogFileName(std::string_view file_location) {
 }
 
 std::string LogHeading(std::string_view file_location) {
-  if (file_location.empty()) return "Log file for simplifications of unsaved model";
-  return "Log file for simplification of " + std::string(file_location);
+  if (file_location.empty()) return std::string(kHeadingStart) + "s of unsaved model";
+  return std::string(kHeadingStart) + " of " + std::string(file_location);
 }
 
-void SimplificationLog::Open(const std::string& path) {
-  file_ = std::make_unique<platform::OutputFile>(path);
+void SimplificationLog::Open(const std::string& path, const std::string& file_location) {
+  const bool beside =
+      file_location.empty() || platform::FolderOf(path) == platform::FolderOf(file_location);
+  const std::string_view replaces = beside ? std::string_view() : kHeadingStart;
+  file_ =
+      std::make_unique<platform::OutputFile>(platform::OpenLog({path, file_location, replaces}));
   store_.settings().LogFileNumber = 1;
 }
 

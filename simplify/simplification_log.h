@@ -12,7 +12,8 @@
 namespace quarvel::simplify {
 
 // `path` with its last four characters replaced by ".log": the extension is taken to be a point and
-// three letters, so that "model.data" gives "model..log". A shorter path gives ".log".
+// three letters, so that "model.data" gives "model..log". A shorter path gives ".log", and a short
+// name without an extension one outside of its folder: "d/q" gives ".log", "/d/abc" gives "/d.log".
 std::string BesideModel(std::string_view path);
 
 // Where the log of a model stored at `file_location` goes. A model without a file has its log in a
@@ -31,8 +32,10 @@ class SimplificationLog {
   explicit SimplificationLog(model::ModelStore& store) : store_(store) {}
 
   bool is_open() const { return store_.settings().LogFileNumber != 0; }
-  // Empties or makes the file. Raises what the system says.
-  void Open(const std::string& path);
+  // Empties or makes the file, readable for nobody who may not read the model's file. Raises what
+  // the system says, and kPathFileAccessError where a link, a pipe or a device stands, or, outside
+  // of the model's folder, a file that is no log.
+  void Open(const std::string& path, const std::string& file_location);
   // Adds a line; nothing while no log is open. Raises what the system says.
   void Append(std::string_view line);
   void AppendEmptyRow(const model::RowRecord& row);

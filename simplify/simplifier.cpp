@@ -74,7 +74,7 @@ void Simplifier::OpenLog() {
   if (IsModelFile(store_.settings(), log_name_)) {
     RaiseRunTimeError(RunTimeError::kPathFileAccessError);
   }
-  log_.Open(log_name_);
+  log_.Open(log_name_, file_location_);
   owns_log_ = true;
   log_.Append(LogHeading(file_location_));
 }

@@ -16,6 +16,7 @@
 #include "platform/automation_error.h"
 #include "platform/files.h"
 #include "platform/system_file.h"
+#include "platform/win32/system_path.h"
 #include "text/encoding.h"
 
 namespace quarvel::platform {
@@ -36,23 +37,6 @@ std::wstring ToWide(std::string_view utf8) {
 
 std::string ToUtf8(std::wstring_view wide) {
   return text::Utf16ToUtf8(std::u16string(wide.begin(), wide.end()));
-}
-
-// Absolute, with backslashes, in the long form when it is long.
-std::wstring SystemPath(const std::string& path) {
-  const std::wstring given = ToWide(path);
-  if (given.starts_with(LR"(\\?\)")) return given;
-  std::wstring full(MAX_PATH, L'\0');
-  for (;;) {
-    const DWORD count =
-        GetFullPathNameW(given.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
-    if (count == 0) return given;
-    const bool fits = count < full.size();
-    full.resize(count);
-    if (fits) break;
-  }
-  if (full.size() < kLongestPlainPath || full.starts_with(LR"(\\.\)")) return full;
-  return full.starts_with(LR"(\\)") ? LR"(\\?\UNC)" + full.substr(1) : LR"(\\?\)" + full;
 }
 
 HANDLE ToHandle(std::intptr_t handle) { return reinterpret_cast<HANDLE>(handle); }
@@ -128,6 +112,22 @@ std::optional<FileIdentity> IdentityOf(const std::string& path) {
 }
 
 }  // namespace
+
+std::wstring SystemPath(const std::string& path) {
+  const std::wstring given = ToWide(path);
+  if (given.starts_with(LR"(\\?\)")) return given;
+  std::wstring full(MAX_PATH, L'\0');
+  for (;;) {
+    const DWORD count =
+        GetFullPathNameW(given.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+    if (count == 0) return given;
+    const bool fits = count < full.size();
+    full.resize(count);
+    if (fits) break;
+  }
+  if (full.size() < kLongestPlainPath || full.starts_with(LR"(\\.\)")) return full;
+  return full.starts_with(LR"(\\)") ? LR"(\\?\UNC)" + full.substr(1) : LR"(\\?\)" + full;
+}
 
 void RaiseSystemError(const std::string& path) { RaiseRunTimeError(ErrorOf(GetLastError(), path)); }
 

@@ -319,16 +319,6 @@ TEST(Simplifier, SparesTheFileThatWasReadAsWell) {
   EXPECT_EQ(session.FailureOfSimplify(), 75);
 }
 
-#ifndef _WIN32
-TEST(Simplifier, HearsOfALogThatCouldNotBeWritten) {
-  SimplifySession session;
-  BuildSimplifiable(session);
-  std::filesystem::create_symlink("/dev/full", session.log_name);
-  EXPECT_EQ(session.FailureOfSimplify(), 61);
-  EXPECT_TRUE(session.desktop.boxes().empty());
-}
-#endif
-
 TEST(Simplifier, RaisesWhenAnUnwantedLogCannotBeDeleted) {
   SimplifySession session;
   BuildRows(session, 1);
