@@ -21,6 +21,16 @@ void NameIndex::Grow(std::size_t count) {
   }
 }
 
+std::size_t NameIndex::CountDetours() const {
+  std::size_t detours = 0;
+  for (std::size_t i = 0; i < buckets_.size(); ++i) {
+    for (const Slot& slot : buckets_[i].entries) {
+      if (slot.number != 0) detours += (i - Home(slot)) & mask_;
+    }
+  }
+  return detours;
+}
+
 NameIndex::Slot& NameIndex::FreeSlot(std::size_t bucket) {
   while (buckets_[bucket].IsFull()) bucket = (bucket + 1) & mask_;
   Slot* slot = buckets_[bucket].entries.data();

@@ -1,6 +1,6 @@
 // What stands for a name in a NameIndex: the name itself when it has up to 12 bytes, otherwise 64
-// bits of a hash. It depends on the name alone, so a reader can make the keys of many lines at
-// once.
+// bits of a hash. Within a process it depends on the name alone, so a reader can make the keys of
+// many lines at once.
 #pragma once
 
 #include <array>
@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <cstring>
 #include <string_view>
+
+#include "model/name_hash.h"
 
 namespace quarvel::model {
 
@@ -45,7 +47,7 @@ struct NameKey {
   }
 
   static NameKey OfParts(std::uint64_t low, std::uint32_t high) {
-    return {low, high, Mix(low, high)};
+    return {low, high, NameHash::OfProcess().Place(low, high)};
   }
 
  private:
@@ -58,11 +60,6 @@ struct NameKey {
     const Words words(p);
     const Mask& mask = kMasks[size];
     return OfParts(words.low & mask.low, words.high & mask.high);
-  }
-  static std::uint32_t Mix(std::uint64_t low, std::uint32_t high) {
-    std::uint64_t hash = (low ^ 0x9E3779B97F4A7C15ull) * 0xD6E8FEB86659FD93ull;
-    hash = ((hash ^ (hash >> 32)) + high) * 0x9E3779B97F4A7C15ull;
-    return static_cast<std::uint32_t>(hash ^ (hash >> 32));
   }
 
   struct Words {
