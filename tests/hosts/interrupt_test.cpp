@@ -9,6 +9,7 @@
 
 #include "hosts/program.h"
 #include "tests/hosts/run_quarvel.h"
+#include "tests/support/default_interrupt.h"
 
 namespace quarvel {
 namespace {
@@ -33,43 +34,48 @@ std::string LongModel() {
   return model + "COLUMNS\n X R1 1\nENDATA\n";
 }
 
-TEST(Interrupt, StopsARead) {
-  const HostFolder folder;
+class Interrupt : public ::testing::Test {
+ protected:
+  const HostFolder folder_;
+
+ private:
+  const DefaultInterrupt interrupt_;
+};
+
+TEST_F(Interrupt, StopsARead) {
   PressingBuffer err_buffer;
   std::ostream err(&err_buffer);
   std::ostringstream out;
-  const std::vector<std::string> words = {"info", folder.Write("a.mps", LongModel()), "--on-error",
+  const std::vector<std::string> words = {"info", folder_.Write("a.mps", LongModel()), "--on-error",
                                           "continue"};
   EXPECT_EQ(hosts::RunProgram(words, {[] { return std::nullopt; }, out, err, false}), 130);
   EXPECT_EQ(out.str(), "");
   EXPECT_EQ(err_buffer.str(),
-            folder.Expand("quarvel: @a.mps: MPS file read error: improper row type (line 2)\n"
-                          "quarvel: stopped\n"));
+            folder_.Expand("quarvel: @a.mps: MPS file read error: improper row type (line 2)\n"
+                           "quarvel: stopped\n"));
 }
 
-TEST(Interrupt, StopsAList) {
-  const HostFolder folder;
+TEST_F(Interrupt, StopsAList) {
   PressingBuffer out_buffer;
   std::ostream out(&out_buffer);
   std::ostringstream err;
-  const std::vector<std::string> words = {"rows", folder.Example("transport.mps")};
+  const std::vector<std::string> words = {"rows", folder_.Example("transport.mps")};
   EXPECT_EQ(hosts::RunProgram(words, {[] { return std::nullopt; }, out, err, false}), 130);
   EXPECT_EQ(out_buffer.str(), "Index  Name     Type            Lower            Upper  Elements\n");
   EXPECT_EQ(err.str(), "quarvel: stopped\n");
 }
 
-TEST(Interrupt, KeepsAnEditFromWriting) {
-  const HostFolder folder;
+TEST_F(Interrupt, KeepsAnEditFromWriting) {
   std::ostringstream out;
   std::ostringstream err;
   const auto read_line = []() -> std::optional<std::string> {
     std::raise(SIGINT);
     return std::nullopt;
   };
-  const std::vector<std::string> words = {"edit", folder.Write("a.mps", kSmallModel),
-                                          folder.Path("b.mps")};
+  const std::vector<std::string> words = {"edit", folder_.Write("a.mps", kSmallModel),
+                                          folder_.Path("b.mps")};
   EXPECT_EQ(hosts::RunProgram(words, {read_line, out, err, false}), 130);
-  EXPECT_FALSE(folder.Has("b.mps"));
+  EXPECT_FALSE(folder_.Has("b.mps"));
   EXPECT_EQ(err.str(), "quarvel: stopped\n");
 }
 

@@ -13,6 +13,7 @@
 #include "platform/console/console_system.h"
 #include "tests/support/any_box.h"
 #include "tests/support/console_fixture.h"
+#include "tests/support/default_interrupt.h"
 
 namespace quarvel::platform {
 namespace {
@@ -237,6 +238,7 @@ TEST_F(ConsoleFormsTest, CtrlCBelongsToTheDesktopOfItsTime) {
 }
 
 TEST(ConsoleDesktopDeathTest, SecondCtrlCEndsTheProgram) {
+  const DefaultInterrupt interrupt;
   EXPECT_EXIT(
       {
         FakeAnswers answers;
@@ -248,6 +250,7 @@ TEST(ConsoleDesktopDeathTest, SecondCtrlCEndsTheProgram) {
 }
 
 TEST(ConsoleDesktop, LeavesCtrlCAsItWas) {
+  const DefaultInterrupt interrupt;
   {
     FakeAnswers answers;
     const ConsoleDesktop desktop(answers);
@@ -258,6 +261,7 @@ TEST(ConsoleDesktop, LeavesCtrlCAsItWas) {
 }
 
 TEST(ConsoleDesktop, GoesOnIgnoringCtrlCWhereItWasIgnored) {
+  const DefaultInterrupt interrupt;
   std::signal(SIGINT, SIG_IGN);
   {
     FakeAnswers answers;
@@ -265,7 +269,6 @@ TEST(ConsoleDesktop, GoesOnIgnoringCtrlCWhereItWasIgnored) {
     std::raise(SIGINT);
     EXPECT_FALSE(desktop.interrupted());
   }
-  std::signal(SIGINT, SIG_DFL);
 }
 
 TEST(ReadInputLine, ReadsStandardInputAfterItsEndToo) {

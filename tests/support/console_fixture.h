@@ -12,6 +12,7 @@
 
 #include "platform/console/console_desktop.h"
 #include "tests/support/any_box.h"
+#include "tests/support/default_interrupt.h"
 
 namespace quarvel::platform {
 
@@ -61,6 +62,7 @@ class ConsoleDesktopTest : public ::testing::Test {
     return desktop_.MsgBox(AnyBox("Go on?", style, "Confirm"));
   }
 
+  const DefaultInterrupt interrupt_;
   FakeAnswers answers_;
   ConsoleDesktop desktop_{answers_};
   std::deque<std::string> typed_;
