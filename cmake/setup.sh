@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing from Debian's packages:
-# cmake/setup.sh native|format|display|checks|windows|wine32|peers|counts ...
+# cmake/setup.sh native|format|display|checks|coverage|windows|wine32|peers|counts ...
 # Asks nothing. Packages that are installed already cost one look at the package database.
 set -eu
 
@@ -12,6 +12,8 @@ format=(clang-format python3)
 display=(xvfb xdotool)
 # clang's sanitizers, fuzzer and checker.
 checks=(clang libclang-rt-dev clang-tidy)
+# What reads clang's source coverage.
+coverage=(llvm)
 # Cross-building for Windows, and running what was built.
 windows=(g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-win32 mingw-w64-tools libwine-dev libwine
   googletest wine wine64 xvfb)
@@ -28,6 +30,7 @@ for part in "$@"; do
     format) wanted+=("${format[@]}") ;;
     display) wanted+=("${display[@]}") ;;
     checks) wanted+=("${checks[@]}") ;;
+    coverage) wanted+=("${coverage[@]}") ;;
     windows) wanted+=("${windows[@]}") ;;
     wine32) wanted+=("${wine32[@]}") ;;
     peers) wanted+=("${peers[@]}") ;;

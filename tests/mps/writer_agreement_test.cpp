@@ -6,8 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/naive_simplify.h"
 #include "tests/support/save_comparison.h"
+#include "tests/support/test_length.h"
 
 namespace quarvel::mps {
 namespace {
@@ -16,8 +16,9 @@ using namespace quarvel::testing;
 
 TEST(WriterAgreement, SavesAndReadsBackAsTheNaiveWriterSays) {
   SaveComparison files;
-  for (std::uint32_t seed = 1; seed <= 1000; ++seed) {
-    std::mt19937 random(seed);
+  const int count = TestLength(1000);
+  for (int seed = 1; seed <= count; ++seed) {
+    std::mt19937 random(static_cast<std::uint32_t>(seed));
     const auto choose = [&random](std::uint32_t bound) { return random() % bound; };
     const bool is_kept = seed % 2 == 0;
     const SavePlan plan = ChooseSavePlan(choose);

@@ -1,0 +1,318 @@
+// Command lines, files and standard input chosen by the input, given to the program in a folder of
+// its own. Whatever they are, the program ends with a status that its help tells of, prints nothing
+// that could steer a terminal, prints whole JSON where it was asked for, changes nothing outside its
+// folder, and leaves the file that it read as it was when it fails. Lines of the edit language are
+// also carried out on the naive model: what is written must be that model's file, and nothing when
+// a line is refused.
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "fuzz/choices.h"
+#include "fuzz/folder.h"
+#include "fuzz/json_text.h"
+#include "hosts/program.h"
+#include "tests/support/naive_edit_language.h"
+#include "tests/support/naive_reader.h"
+#include "tests/support/naive_simplify.h"
+#include "tests/support/naive_writer.h"
+#include "tests/support/save_comparison.h"
+
+namespace {
+
+using namespace quarvel::testing;
+using quarvel::ReadWholeFile;
+using quarvel::WriteWholeFile;
+using quarvel::fuzz::Choices;
+using quarvel::fuzz::Require;
+using Words = std::vector<std::string>;
+namespace fs = std::filesystem;
+
+constexpr std::string_view kSmallModel =
+    "* small\nNAME SMALL\nROWS\n N R1\n L R2\n E R3\nCOLUMNS\n X R1 1 R2 2\n Y R1 -3.5 R3 1\n"
+    "RHS\n RHS R2 8 R3 4\nBOUNDS\n UP BOUND X 10\n UP BOUND Y 3\nENDATA\n";
+
+// The program's current folder: "in" of a folder that must hold nothing else.
+class Workplace {
+ public:
+  Workplace() {
+    fs::create_directory(Inside());
+    fs::current_path(Inside());
+  }
+  void Empty() const { quarvel::fuzz::EmptyFolder(Inside()); }
+  std::string Fault() const {
+    const auto count = std::distance(fs::directory_iterator(Outside()), fs::directory_iterator());
+    return count == 1 ? "" : "something was written outside the folder";
+  }
+
+ private:
+  fs::path Outside() const { return quarvel::fuzz::PathOf(folder_); }
+  fs::path Inside() const { return Outside() / "in"; }
+
+  quarvel::TemporaryFolder folder_;
+};
+
+struct Result {
+  int status = 0;
+  std::string out;
+  std::string err;
+};
+
+Result RunProgram(const Words& words, const std::string& input) {
+  std::istringstream in(input);
+  std::ostringstream out;
+  std::ostringstream err;
+  const auto read_line = [&in]() -> std::optional<std::string> {
+    std::string line;
+    if (!std::getline(in, line)) return std::nullopt;
+    return line;
+  };
+  const int status = quarvel::hosts::RunProgram(words, {read_line, out, err, false});
+  return {status, out.str(), err.str()};
+}
+
+std::string Told(const Words& words, const Result& result) {
+  std::string told = "quarvel";
+  for (const std::string& word : words) told += " [" + word + "]";
+  return told + "\nstatus " + std::to_string(result.status) + "\nout:\n" + result.out + "\nerr:\n" +
+         result.err + "\n";
+}
+
+// Control characters but for line ends, as ASCII and as UTF-8 of U+0080 to U+009F.
+bool SteersTerminal(std::string_view text) {
+  constexpr unsigned char kBlank = 0x20;
+  constexpr unsigned char kDelete = 0x7F;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(text[i]);
+    const auto next = static_cast<unsigned char>(i + 1 < text.size() ? text[i + 1] : ' ');
+    if ((byte < kBlank && byte != '\n') || byte == kDelete) return true;
+    if (byte == 0xC2 && next >= 0x80 && next < 0xA0) return true;
+  }
+  return false;
+}
+
+bool Has(const Words& words, std::string_view start) {
+  return std::any_of(words.begin(), words.end(),
+                     [start](const std::string& word) { return word.starts_with(start); });
+}
+
+// What holds of every run.
+std::string FaultOf(const Words& words, const Result& result) {
+  if (result.status < 0 || result.status > 2) return "no such exit status";
+  if (SteersTerminal(result.out)) return "standard output has control characters";
+  if (SteersTerminal(result.err)) return "standard error has control characters";
+  const bool wants_json = Has(words, "--json") && !Has(words, "--help") && !Has(words, "-h") &&
+                          !Has(words, "--version") && result.status == 0;
+  const bool prints_json =
+      wants_json && (result.out.starts_with('{') || result.out.starts_with('['));
+  if (prints_json && !quarvel::fuzz::JsonText::IsValid(result.out)) return "no JSON";
+  return "";
+}
+
+// --- any command line ---
+
+std::string ChooseWord(Choices& choose) {
+  static const std::array<const char*, 60> kWords = {"a.mps",
+                                                     "b.mps",
+                                                     "point.txt",
+                                                     "missing",
+                                                     "info",
+                                                     "rows",
+                                                     "columns",
+                                                     "row",
+                                                     "column",
+                                                     "evaluate",
+                                                     "check",
+                                                     "convert",
+                                                     "simplify",
+                                                     "edit",
+                                                     "view",
+                                                     "--json",
+                                                     "--limit",
+                                                     "--limit=1",
+                                                     "0",
+                                                     "1",
+                                                     "inf",
+                                                     "--equations",
+                                                     "--point",
+                                                     "--point=point.txt",
+                                                     "-c",
+                                                     "--command",
+                                                     "--edit",
+                                                     "--help",
+                                                     "-h",
+                                                     "--version",
+                                                     "--log",
+                                                     "--log=l.log",
+                                                     "--on-error",
+                                                     "continue",
+                                                     "--on-error=continue",
+                                                     "stop",
+                                                     "--simplify",
+                                                     "--on-conflict",
+                                                     "remove",
+                                                     "--on-conflict=remove",
+                                                     "keep",
+                                                     "--on-conflict=reset",
+                                                     "reset",
+                                                     "--default-bounds",
+                                                     "--default-bounds=inf",
+                                                     "--",
+                                                     "-",
+                                                     "R1",
+                                                     "R2",
+                                                     "x",
+                                                     "Y",
+                                                     "X=2",
+                                                     "Y=-1.5",
+                                                     "R1=1",
+                                                     "-1",
+                                                     "999",
+                                                     "",
+                                                     "--on-error=stop",
+                                                     "set-name A",
+                                                     "delete-row R1"};
+  const std::uint32_t kind = choose(80);
+  if (kind < kWords.size()) return kWords[kind];
+  if (kind < 70) return ChooseEditLine([&choose](std::uint32_t n) { return choose(n); }, {}).text;
+  std::string bytes = choose.Until(0);
+  // No path leads away.
+  std::replace(bytes.begin(), bytes.end(), '/', '_');
+  return bytes;
+}
+
+std::string ChooseFile(Choices& choose) {
+  switch (choose(4)) {
+    case 0:
+      return std::string(kSmallModel);
+    case 1: {
+      const auto number = [&choose](std::uint32_t n) { return choose(n); };
+      return WriteNaively(choose(2) == 0 ? ChooseKeptModel(number) : ChooseAnyModel(number)).text;
+    }
+    default:
+      return choose.Until(0);
+  }
+}
+
+Words ChooseCommandLine(Choices& choose) {
+  static const std::array<const char*, 11> kCommands = {
+      "info",  "rows",    "columns",  "row",  "column", "evaluate",
+      "check", "convert", "simplify", "edit", "view"};
+  Words words;
+  // Mostly a command and its files stand where they must.
+  const std::uint32_t command = choose(16);
+  if (command < kCommands.size()) {
+    words = {kCommands[command], "a.mps"};
+    if (command == 3 || command == 4) words.push_back("0");
+    if (command == 5) words.push_back("R1");
+    if (command >= 7 && command < 10) words.push_back("b.mps");
+  }
+  for (std::uint32_t more = choose(6); more > 0; --more) words.push_back(ChooseWord(choose));
+  return words;
+}
+
+void RunAnything(const Workplace& workplace, Choices& choose) {
+  const Words words = ChooseCommandLine(choose);
+  const std::string model = ChooseFile(choose);
+  WriteWholeFile("a.mps", model);
+  if (choose(3) == 0) WriteWholeFile("b.mps", kSmallModel);
+  if (choose(3) == 0) WriteWholeFile("point.txt", choose.Until(0));
+  const Result result = RunProgram(words, choose.Rest());
+  Require(FaultOf(words, result), Told(words, result));
+  Require(workplace.Fault(), Told(words, result));
+  // A log goes where it is told to.
+  const bool changed = ReadWholeFile("a.mps") != model;
+  const bool may_change = result.status == 0 || Has(words, "--log");
+  Require(changed && !may_change ? "the model's file was changed" : "", Told(words, result));
+}
+
+// --- lines of the edit language ---
+
+// Whether the model's file is read as that model, so that there is no reason to refuse to write it.
+bool IsKept(const NaiveModel& model) {
+  NaiveModel read;
+  const auto yes = [](const quarvel::platform::ShownBox&) {
+    return quarvel::platform::MsgBoxResult::kYes;
+  };
+  NaiveReader reader(read, yes);
+  reader.Read(WriteNaively(model).text);
+  NaiveModel expected = AsReadBack(model);
+  expected.FileLocation = "";
+  expected.LongNameWarningShown = false;
+  return Dump(read) == Dump(expected);
+}
+
+struct Session {
+  NaiveModel model;
+  Words lines;
+  bool good = true;
+};
+
+Session ChooseSession(Choices& choose, const NaiveModel& start) {
+  const auto number = [&choose](std::uint32_t n) { return choose(n); };
+  Session session = {.model = AsReadBack(start)};
+  for (int i = 0; i < 60 && session.good && !choose.at_end(); ++i) {
+    const NaiveEditLine line = ChooseEditLine(number, session.model);
+    session.lines.push_back(line.text);
+    session.good = line.apply(session.model);
+  }
+  return session;
+}
+
+std::string CompareFile(const Session& session, const Result& result, const std::string& written) {
+  const bool writes = session.good && session.model.NumberOfElements > 0;
+  if (result.status == 0) {
+    if (!writes) return "a refused line was passed over";
+    return written == WriteNaively(session.model).text ? "" : "the file is not the model's";
+  }
+  if (result.status != 1) return "no such exit status of edit";
+  return writes && IsKept(session.model) ? "good lines were refused" : "";
+}
+
+void RunEdits(Choices& choose) {
+  const bool in_place = choose(2) == 1;
+  const bool from_input = choose(2) == 1;
+  const auto number = [&choose](std::uint32_t n) { return choose(n); };
+  const NaiveModel start = ChooseKeptModel(number);
+  const std::string before = WriteNaively(start).text;
+  const Session session = ChooseSession(choose, start);
+  // Without a command they would be read from standard input.
+  Words words = {"edit", "a.mps", in_place ? "a.mps" : "b.mps"};
+  std::string input;
+  for (const std::string& line : session.lines) {
+    if (from_input) input += line + "\n";
+    if (!from_input) words.insert(words.end(), {"-c", line});
+  }
+  WriteWholeFile("a.mps", before);
+  const Result result = RunProgram(words, input);
+  const std::string told = input + Told(words, result);
+  Require(FaultOf(words, result), told);
+  const bool is_there = fs::exists(words[2]);
+  Require(is_there == (in_place || result.status == 0) ? "" : "which file is there", told);
+  const std::string written = is_there ? ReadWholeFile(words[2]) : "";
+  Require(CompareFile(session, result, written), told + written);
+  const bool keeps_old = !in_place || result.status != 0;
+  Require(keeps_old && ReadWholeFile("a.mps") != before ? "the old file was changed" : "", told);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static const Workplace workplace;
+  workplace.Empty();
+  Choices choose(data, size);
+  if (choose(2) == 0) {
+    RunAnything(workplace, choose);
+  } else {
+    RunEdits(choose);
+  }
+  return 0;
+}
