@@ -1,5 +1,8 @@
 #include <ostream>
 
+#ifdef _WIN32
+#include "hosts/library_search.h"
+#endif
 #include "hosts/program.h"
 #include "hosts/standard_output.h"
 #include "platform/console/console_system.h"
@@ -16,6 +19,9 @@ hosts::WriteResult WriteStandardError(std::string_view bytes) {
 }  // namespace
 
 int main(int argc, char** argv) {
+#ifdef _WIN32
+  hosts::RestrictLibrarySearch();
+#endif
   hosts::PrepareStandardOutput();
   hosts::OutputBuffer out_buffer(hosts::WriteStandardOutput);
   hosts::OutputBuffer err_buffer(WriteStandardError);

@@ -4,12 +4,13 @@
 #include <QClipboard>
 #include <QFileInfo>
 #include <QProcess>
-#include <QStandardPaths>
+#include <QProcessEnvironment>
 #include <string>
 
 #include "platform/box.h"
 #include "platform/form.h"
 #include "platform/input_box.h"
+#include "platform/program_search.h"
 #include "platform/qt/boxes.h"
 #include "platform/qt/display_probe.h"
 #include "platform/qt/drawer_state.h"
@@ -110,11 +111,15 @@ void QtDesktop::SetMousePointer(MousePointer pointer) {
 }
 
 bool QtDesktop::OpenInEditor(const std::string& path) {
-  const QString opener = QStandardPaths::findExecutable("xdg-open");
-  if (opener.isEmpty() || !QFileInfo(qt::ToQt(path)).isFile()) return false;
+  const std::string opener = FindProgram("xdg-open");
+  if (opener.empty() || !QFileInfo(qt::ToQt(path)).isFile()) return false;
   QProcess process;
-  process.setProgram(opener);
+  process.setProgram(qt::ToQt(opener));
   process.setArguments({qt::ToQt(path)});
+  // It is a script, which looks for programs in its turn.
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert("PATH", qt::ToQt(SearchedFolders()));
+  process.setProcessEnvironment(environment);
   process.setStandardOutputFile(QProcess::nullDevice());
   process.setStandardErrorFile(QProcess::nullDevice());
   return process.startDetached();

@@ -10,6 +10,7 @@
 #include "platform/form.h"
 #include "platform/input_box.h"
 #include "platform/win32/clipboard.h"
+#include "platform/win32/editor.h"
 #include "platform/win32/event_pump.h"
 #include "platform/win32/file_dialogs.h"
 #include "platform/win32/fitted_words.h"
@@ -37,7 +38,7 @@ class Win32Desktop : public Desktop {
   void CopyToClipboard(std::string_view text) override { SetClipboardText(text); }
   void Beep() override { MessageBeep(MB_OK); }
   void SetMousePointer(MousePointer pointer) override;
-  bool OpenInEditor(const std::string& path) override;
+  bool OpenInEditor(const std::string& path) override { return StartEditor(path); }
   std::unique_ptr<FormPeer> Draw(Form& form, bool modal) override;
   void PumpUntilClosed(const Showing& showing) override;
 
@@ -99,23 +100,6 @@ void Win32Desktop::DoEvents() {
 void Win32Desktop::SetMousePointer(MousePointer pointer) {
   state_->pointer = pointer;
   ShowPointer(pointer);
-}
-
-bool Win32Desktop::OpenInEditor(const std::string& path) {
-  std::wstring command = L"notepad \"" + ToWide(path) + L"\"";
-  STARTUPINFOW start = {};
-  start.cb = sizeof(start);
-  start.dwFlags = STARTF_USESHOWWINDOW;
-  start.wShowWindow = SW_SHOWNORMAL;
-  PROCESS_INFORMATION process = {};
-  if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
-                      &process)) {
-    return false;
-  }
-  AllowSetForegroundWindow(process.dwProcessId);
-  CloseHandle(process.hThread);
-  CloseHandle(process.hProcess);
-  return true;
 }
 
 std::unique_ptr<FormPeer> Win32Desktop::Draw(Form& form, bool modal) {
