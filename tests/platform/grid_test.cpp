@@ -139,6 +139,17 @@ TEST_F(GridTest, AnswersWhatItAnsweredBeforeWhileNotRedrawn) {
   EXPECT_EQ(grid_.Text(0, 0), "x");
 }
 
+TEST_F(GridTest, ARefreshWhileNotRedrawnForgetsNothing) {
+  Fill({"a", "b"});
+  EXPECT_EQ(grid_.Text(0, 0), "a");
+  grid_.set_redraw(false);
+  texts_ = {"x", "y"};
+  grid_.Refresh();
+  EXPECT_EQ(grid_.Text(0, 0), "a");
+  grid_.set_redraw(true);
+  EXPECT_EQ(grid_.Text(0, 0), "x");
+}
+
 TEST_F(GridTest, RemembersNoMoreThanAFewScreens) {
   constexpr int kRows = 100000;
   grid_.cell = [](int row, int) { return std::to_string(row); };

@@ -12,6 +12,16 @@ TEST_F(ViewerTest, KeyboardBeginsInTheListOfTheTab) {
          [&] { EXPECT_EQ(viewer().focus(), &viewer().contents.rows.fgrdList); });
 }
 
+TEST_F(ViewerTest, CountsNothingWhereRowsOrColumnsAreMissing) {
+  model_.AddColumn("X");
+  model_.AddColumn("Y");
+  View([&] {
+    EXPECT_EQ(viewer().contents.columns.fraList.caption(), "Columns (0)");
+    EXPECT_EQ(viewer().contents.rows.fraList.caption(), "Rows (0)");
+    EXPECT_EQ(ColumnNames(), Texts{});
+  });
+}
+
 TEST_F(ViewerTest, ShrinksToItsSmallestSizeWithEveryControlInside) {
   View([&] {
     const frmViewEquations& form = viewer();
