@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/automation_error.h"
+#include "tests/support/model_builder.h"
 #include "text/numbers.h"
 
 namespace quarvel::testing {
@@ -209,16 +210,13 @@ EditOperation ChooseAddition(const Choice& choose) {
   return Make("AddColumn(\"" + name + "\")", [name](auto& m) { return m.AddColumn(name); });
 }
 
-void Clear(LPModel& model) { model.store().Clear(); }
-void Clear(NaiveModel& model) { model.ClearModel(); }
-
 EditOperation ChooseRest(const Choice& choose, const EditStyle& style) {
   const std::uint32_t kind = choose(12);
   if (kind == 0 && style.new_models) {
     return Make("MakeNewModel()", [](auto& m) { m.MakeNewModel(); });
   }
   if (kind == 1 && style.new_models) {
-    return Make("ClearModel()", [](auto& m) { Clear(m); });
+    return Make("ClearModel()", [](auto& m) { ClearModel(m); });
   }
   const bool value = kind % 2 == 0;
   return Make(

@@ -19,6 +19,12 @@ void ChangeFields(LPModel& model, const Change& change) {
   model.store().Take(std::move(data));
 }
 
+// As a failed read leaves a model: also the log of a simplification that goes on is closed.
+inline void ClearModel(LPModel& model) {
+  model.store().Clear();
+  model.store().settings().LogFileNumber = 0;
+}
+
 class ModelBuilder {
  public:
   // Adds to what `model` holds; hidden placeholder records are dropped. The model must outlive the

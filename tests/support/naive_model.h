@@ -95,4 +95,6 @@ class NaiveModel {
   void WarnOfLongName(const std::string& name);
 };
 
+inline void ClearModel(NaiveModel& model) { model.ClearModel(); }
+
 }  // namespace quarvel::testing
