@@ -3,6 +3,8 @@
 #include <string_view>
 #include <utility>
 
+#include "bench/edit_jobs.h"
+
 namespace quarvel::bench {
 namespace {
 
@@ -10,6 +12,7 @@ constexpr std::int64_t kRows = 200'000;
 constexpr std::int64_t kColumns = 500'000;
 constexpr std::int64_t kPerColumn = 7;
 constexpr std::int64_t kRowDeletions = 1'000;
+constexpr std::int64_t kEdits = 100'000;
 // Doubling the model may multiply a time by 2.3.
 constexpr double kDoublingRatio = 1 / 2.3;
 
@@ -228,6 +231,19 @@ class JobLister {
     AddDoubled("query", file, half);
     AddDoubled("simplify", Singletons(times), Singletons(times / 2));
     AddDoubled("delete-rows", file, half, {std::to_string(kRowDeletions)});
+    for (const char* job : kEditJobs) AddDoubledEdits(job, times);
+  }
+
+  // Without a file: such a job builds its model itself.
+  void AddDoubledEdits(const std::string& name, std::int64_t times) {
+    const std::int64_t edits = Scaled(kEdits) * times;
+    Job job;
+    job.name = name + ", doubled";
+    job.size = std::to_string(edits) + " edits";
+    job.command = Ours({name, std::to_string(edits)});
+    job.contenders = {Other("half as many", {name, std::to_string(edits / 2)})};
+    job.least_ratio = kDoublingRatio;
+    jobs_.push_back(std::move(job));
   }
 
   const Plan& plan_;

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "bench/bench_desktop.h"
+#include "bench/edit_jobs.h"
 #include "bench/stopwatch.h"
 #include "component/lp_model.h"
 
@@ -296,6 +297,7 @@ int RunJob(Arguments arguments) {
     job.run(arguments.subspan(1));
     return 0;
   }
+  if (arguments.size() == 2 && RunEditJob(name, Number(arguments[1]))) return 0;
   std::fputs(
       "usage: bench_quarvel read|query|loop|simplify FILE\n"
       "       bench_quarvel write FILE OUT\n"
@@ -303,6 +305,7 @@ int RunJob(Arguments arguments) {
       "       bench_quarvel delete-rows-looking-at-rows|delete-rows-looking-at-columns FILE ROWS\n"
       "       bench_quarvel add-rows ROWS\n",
       stderr);
+  for (const char* job : kEditJobs) std::fprintf(stderr, "       bench_quarvel %s SIZE\n", job);
   return 2;
 }
 

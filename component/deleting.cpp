@@ -27,12 +27,12 @@ std::int16_t LPModel::DeleteColumn(std::int32_t col) {
 }
 
 std::int16_t LPModel::DeleteElement(std::int32_t row, std::int32_t ele) {
-  const model::ModelData& data = store_.data();
-  if (!model::InRange(row, data.NumberOfRows)) return Number(EditResult::kRefused);
+  if (!model::InRange(row, NumberOfRows())) return Number(EditResult::kRefused);
   // No result says that the element number is bad: a host hears of it as a failure. A row may not
   // lose its last element and stay, so that the whole row goes then.
-  if (!model::InRange(ele, data.Rows[model::Stored(row)].ElementCount()))
+  if (!model::InRange(ele, store_.ElementsInRow(model::Stored(row)))) {
     model::RaiseSubscriptOutOfRange();
+  }
   store_.RemoveElement(model::Stored(row), model::Stored(ele));
   return Number(EditResult::kDone);
 }

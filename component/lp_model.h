@@ -102,7 +102,9 @@ class LPModel final : public model::ModelInterface {
   double RowElementValue(std::int32_t i, std::int32_t k) const override {
     return RowElement(i, k).Value;
   }
-  std::int32_t RowNumberElements(std::int32_t i) const override { return Row(i).ElementCount(); }
+  std::int32_t RowNumberElements(std::int32_t i) const override {
+    return store_.ElementsInRow(model::CheckRow(i, store_.NumberOfRows()));
+  }
   double RowUpperBound(std::int32_t i) const override;
   double RowLowerBound(std::int32_t i) const override;
   std::string RowName(std::int32_t i) const override;

@@ -82,7 +82,7 @@ void LPModel::SetRowElementValue(std::int32_t row, std::int32_t rowele,
   if (!model::InRange(row, NumberOfRows())) {
     return Refuse("Invalid Row number when attempting to SetRowElementValue()");
   }
-  if (!model::InRange(rowele, store_.data().Rows[model::Stored(row)].ElementCount())) {
+  if (!model::InRange(rowele, store_.ElementsInRow(model::Stored(row)))) {
     return Refuse("Invalid Element number when attempting to SetRowElementValue()");
   }
   store_.SetElementValue(model::Stored(row), model::Stored(rowele), value.ToDouble());
@@ -90,7 +90,7 @@ void LPModel::SetRowElementValue(std::int32_t row, std::int32_t rowele,
 
 void LPModel::SetRowType(std::int32_t i, const model::Variant& value) {
   // Only the hidden row of a new model is stored but not counted.
-  if (!model::InRange(i, store_.data().Rows.size())) model::RaiseSubscriptOutOfRange();
+  if (!model::InRange(i, store_.StoredRows())) model::RaiseSubscriptOutOfRange();
   if (!model::InRange(i, NumberOfRows())) {
     return Refuse("Invalid Row number when attempting to SetRowType()");
   }

@@ -1,18 +1,32 @@
 #include "model/deferred_work.h"
 
-#include <algorithm>
 #include <utility>
 
-#include "model/immediate_removal.h"
 #include "model/row_lists.h"
-#include "model/stored_model.h"
 
 namespace quarvel::model {
+namespace {
+
+// The record at a position as it is seen without gaps of the other kind.
+template <class Record>
+void ShowWithoutGaps(const Record& stored, const Gaps& others, Record& seen) {
+  static_cast<Bounds&>(seen) = stored;
+  seen.Name = stored.Name;
+  seen.Type = stored.Type;
+  seen.Elements.Release();
+  for (const ElementEntry& entry : stored.Elements) {
+    if (others.IsGone(entry.Index)) continue;
+    seen.Elements.Append({others.NumberOf(entry.Index), entry.Value});
+  }
+}
+
+}  // namespace
 
 DeferredWork::DeferredWork(StoredModel& model, const DeferredWork& other)
     : model_(model),
       empty_(other.empty_),
       removals_(other.removals_),
+      row_indexes_(other.row_indexes_),
       changes_(other.changes_),
       agreement_(other.agreement_) {}
 
@@ -21,16 +35,21 @@ void DeferredWork::DeferRowLists() {
   empty_ = false;
 }
 
+void DeferredWork::Settle() {
+  FillRowListsIfBehind();
+  CloseAllGaps();
+  row_indexes_.CatchUp(model_.data);
+  empty_ = true;
+}
+
 // Walking the columns in order meets the coefficients in the order in which a read appended them,
 // as long as no column was taken up again; a read settles the row lists then and keeps them up to
 // date itself.
-void DeferredWork::Settle() {
-  if (std::exchange(model_.row_lists_behind, false)) {
-    FillRowLists(model_);
-    agreement_.NoteFilled(++changes_);
-  }
-  CloseAllGaps();
-  empty_ = true;
+void DeferredWork::FillRowListsIfBehind() {
+  if (!model_.row_lists_behind) return;
+  FillRowLists(model_);
+  model_.row_lists_behind = false;
+  agreement_.NoteFilled(++changes_);
 }
 
 // What disagrees is marked by position, and what lists say of numbers that are not there may come
@@ -38,6 +57,7 @@ void DeferredWork::Settle() {
 void DeferredWork::CloseAllGaps() {
   if (removals_.empty()) return;
   CloseGaps(model_, removals_);
+  paid_ = 0;
   if (agreement_.everywhere()) {
     NoteAgreeingChange();
   } else {
@@ -47,80 +67,56 @@ void DeferredWork::CloseAllGaps() {
 
 // The row indexes outlive the rows, so they still hear of the gaps.
 void DeferredWork::NoteEmptied() {
-  model_.row_lists_behind = false;
   CloseAllGaps();
+  row_indexes_.CatchUp(model_.data);
+  model_.row_lists_behind = false;
   empty_ = true;
   agreement_.NoteFilled(++changes_);
 }
 
-void DeferredWork::NoteAdding(std::int32_t r, std::int32_t c) {
-  if (agreement_.WillSurvive(model_.data, r, c)) {
-    NoteAgreeingChange();
-  } else {
-    NoteChange();
-  }
+// An eighth of a pass: copies of lists cost more than a pass does for each coefficient.
+bool DeferredWork::LooksHavePaid(std::int32_t elements) {
+  constexpr std::int64_t kLook = 8;
+  paid_ += kLook + elements;
+  const ModelData& data = model_.data;
+  const std::int64_t pass =
+      std::int64_t{data.Rows.size()} + data.Columns.size() + data.NumberOfElements;
+  return paid_ > pass / 8;
 }
 
-std::int32_t DeferredWork::Position(Kind kind, std::int32_t number) {
-  if (model_.row_lists_behind || removals_.HasOther(kind)) Settle();
-  return removals_.Position(kind, number);
-}
-
-// Settles what must not be deferred while a record of that kind is: removals of the other kind, and
-// so many removals behind this one that closing their gaps is no dearer than moving them. The
-// agreement of the lists is known afterwards.
-std::int32_t DeferredWork::PositionToRemove(Kind kind, std::int32_t number) {
-  if (removals_.IsCostly(Position(kind, number))) Settle();
-  if (!agreement_.Known(changes_)) {
+const RowRecord& DeferredWork::Row(std::int32_t number) {
+  FillRowListsIfBehind();
+  const RowRecord& stored = model_.data.Rows[RowPosition(number)];
+  if (!removals_.columns.open()) return stored;
+  if (LooksHavePaid(stored.ElementCount())) {
     Settle();
-    agreement_.Examine(model_.data, changes_);
+    return model_.data.Rows[number];
   }
-  return removals_.Position(kind, number);
+  ShowWithoutGaps(stored, removals_.columns, seen_row_);
+  return seen_row_;
 }
 
-void DeferredWork::Note(Kind kind, std::int32_t position, std::int32_t elements) {
-  removals_.Note(kind, position);
-  empty_ = false;
-  model_.data.NumberOfElements -= elements;
-  NoteAgreeingChange();
-}
-
-void DeferredWork::RemoveRow(std::int32_t number) {
-  const std::int32_t position = PositionToRemove(Kind::kRows, number);
-  if (agreement_.RowAgrees(position)) {
-    Note(Kind::kRows, position, model_.data.Rows[position].ElementCount());
-    --model_.data.NumberOfRows;
-  } else {
+const ColumnRecord& DeferredWork::Column(std::int32_t number) {
+  FillRowListsIfBehind();
+  const ColumnRecord& stored = model_.data.Columns[ColumnPosition(number)];
+  if (!removals_.rows.open()) return stored;
+  if (LooksHavePaid(stored.ElementCount())) {
     Settle();
-    NoteChange();
-    RemoveRowNow(model_, number);
+    return model_.data.Columns[number];
   }
+  ShowWithoutGaps(stored, removals_.rows, seen_column_);
+  return seen_column_;
 }
 
-std::vector<std::int32_t> DeferredWork::RemoveColumn(std::int32_t number) {
-  const std::int32_t position = PositionToRemove(Kind::kColumns, number);
-  if (agreement_.ColumnAgrees(position)) return NoteColumn(position);
-  Settle();
-  NoteChange();
-  return RemoveColumnNow(model_, number);
+std::int32_t DeferredWork::StoredRows() const {
+  return removals_.rows.open() ? model_.data.NumberOfRows : model_.data.Rows.size();
 }
 
-std::vector<std::int32_t> DeferredWork::NoteColumn(std::int32_t position) {
-  ModelData& data = model_.data;
-  const ElementList& list = data.Columns[position].Elements;
-  OneBased<std::int32_t>& left = removals_.elements_left();
-  if (left.empty() && !list.empty()) {
-    left.Resize(data.NumberOfRows);
-    for (std::int32_t r = 1; r <= data.NumberOfRows; ++r) left[r] = data.Rows[r].ElementCount();
-  }
-  std::vector<std::int32_t> emptied;
-  for (const ElementEntry& entry : list) {
-    if (--left[entry.Index] == 0) emptied.push_back(entry.Index);
-  }
-  Note(Kind::kColumns, position, list.size());
-  --data.NumberOfColumns;
-  std::sort(emptied.begin(), emptied.end());
-  return emptied;
+std::int32_t DeferredWork::ElementsInRow(std::int32_t number) {
+  FillRowListsIfBehind();
+  const std::int32_t position = RowPosition(number);
+  return removals_.columns.open() ? removals_.elements_left[position]
+                                  : model_.data.Rows[position].ElementCount();
 }
 
 }  // namespace quarvel::model

@@ -1,24 +1,31 @@
 // What a store has not done yet, so that its cost is that of one pass over the model however many
 // small steps ask for it:
 //   - the row lists of a read that goes on: made at once from the column lists when it ends;
-//   - closing the gaps that removed rows or columns leave, which renumbers every list.
-// Both are done (Settle) before anybody looks at what they change, so nobody can tell. Removals are
+//   - closing the gaps that removed rows and columns leave, which renumbers every list;
+//   - making the lists of binding and non-binding rows anew.
+// All are done (Settle) before anybody looks at what they change, so nobody can tell. Removals are
 // deferred only where the order in which they are carried out does not matter, which ListAgreement
 // knows; elsewhere they are carried out at once.
+//
+// While there are gaps, a loop of removals may go on with anything that concerns one record: it is
+// found by number or name, looked at, changed, or added, all by its position (model/gaps.h). A
+// record whose list may hold entries that are gone is shown as a copy. Such looks are paid for: as
+// soon as they have cost a part of what a pass over the model does, all gaps are closed.
 //
 // Everything that changes lists or numbers counts as a change here (NoteChange). Part of a
 // ModelStore, whose parts it settles.
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
 #include "model/deferred_removals.h"
+#include "model/deferred_row_indexes.h"
 #include "model/list_agreement.h"
+#include "model/stored_model.h"
 
 namespace quarvel::model {
-
-struct StoredModel;
 
 class DeferredWork {
  public:
@@ -30,47 +37,76 @@ class DeferredWork {
 
   // Every look at the store asks.
   bool empty() const { return empty_; }
+  // When memory runs out, everybody still sees the same.
   void Settle();
 
   // A read begins or goes on: until the next look only column lists are kept.
   void DeferRowLists();
-
-  // Whether removals are deferred; names and numbers are current without.
+  // Whether there are gaps; positions are numbers without.
   bool removals() const { return !removals_.empty(); }
-  StoredModel& model() { return model_; }
-  // Where what is now number `number` is stored. Settles all but removals of that same kind, which
-  // do not change what other records of the kind hold.
-  std::int32_t RowPosition(std::int32_t number) { return Position(Kind::kRows, number); }
-  std::int32_t ColumnPosition(std::int32_t number) { return Position(Kind::kColumns, number); }
 
-  // By current number, which must be one of a row or column.
+  // --- looking; numbers of none raise 9 ---
+  // Where what is now number `number` is stored.
+  std::int32_t RowPosition(std::int32_t number) const { return removals_.rows.PositionOf(number); }
+  std::int32_t ColumnPosition(std::int32_t number) const {
+    return removals_.columns.PositionOf(number);
+  }
+  // One record as it is seen without gaps; valid until the next look.
+  const RowRecord& Row(std::int32_t number);
+  const ColumnRecord& Column(std::int32_t number);
+  // How many rows are stored, hidden ones included.
+  std::int32_t StoredRows() const;
+  // How many coefficients are left in a row.
+  std::int32_t ElementsInRow(std::int32_t number);
+  // The number of what has that name; 0 when there is none.
+  std::int32_t FindRow(const NameKey& key, std::string_view name);
+  std::int32_t FindColumn(const NameKey& key, std::string_view name);
+
+  // --- changing, by current numbers, which must be those of records ---
   void RemoveRow(std::int32_t number);
   // Gives the rows that are emptied by it, ascending; they stay.
   std::vector<std::int32_t> RemoveColumn(std::int32_t number);
+  // A record behind the counted ones, with a name that is not in the index yet; gives its position.
+  std::int32_t AppendRow(const NameKey& key, std::string_view name);
+  std::int32_t AppendColumn(const NameKey& key, std::string_view name);
+  void RenameRow(std::int32_t number, std::string_view name);
+  void RenameColumn(std::int32_t number, std::string_view name);
+  void SetRowType(std::int32_t number, RowType type);
+  void AddElement(std::int32_t r, std::int32_t c, double value);
+  void SetElementValue(std::int32_t r, std::int32_t k, double value);
+  // Entry k of a row that has others too.
+  void RemoveElement(std::int32_t r, std::int32_t k);
 
+  // --- what others change ---
   // Lists or numbers are changed in a way that may make them disagree.
   void NoteChange() { ++changes_; }
   // Lists are changed, and agree as far as they did.
   void NoteAgreeingChange() { agreement_.Follow(++changes_); }
-  // A coefficient is going to be appended to both of its lists.
-  void NoteAdding(std::int32_t r, std::int32_t c);
   // All lists are gone.
   void NoteEmptied();
 
  private:
-  using Kind = DeferredRemovals::Kind;
-
-  std::int32_t Position(Kind kind, std::int32_t number);
-  std::int32_t PositionToRemove(Kind kind, std::int32_t number);
+  void FillRowListsIfBehind();
   void CloseAllGaps();
-  void Note(Kind kind, std::int32_t position, std::int32_t elements);
-  std::vector<std::int32_t> NoteColumn(std::int32_t position);
+  bool LooksHavePaid(std::int32_t elements);
+  void ReadyForRemoval();
+  void OpenRows();
+  void OpenColumns();
+  void CountElementsLeft();
+  // The place in its list of the k-th entry of a row that is not gone.
+  std::int32_t PlaceInRow(std::int32_t position, std::int32_t k) const;
+  std::vector<std::int32_t> RemoveAgreeingColumn(std::int32_t position);
 
   StoredModel& model_;
-  bool empty_ = true;  // neither removals nor row lists are deferred
+  bool empty_ = true;  // nothing is deferred
   DeferredRemovals removals_;
+  DeferredRowIndexes row_indexes_;
   ListAgreement::Changes changes_ = 0;
   ListAgreement agreement_;
+  std::int64_t paid_ = 0;  // by looks since gaps were last closed
+  // What was looked at last behind gaps.
+  RowRecord seen_row_;
+  ColumnRecord seen_column_;
 };
 
 }  // namespace quarvel::model

@@ -7,10 +7,11 @@
 // above.
 //
 // References that a look gives are valid until the next operation that is not const, and the next
-// look at other things than records of that kind.
+// look.
 //
-// Cost: constant time, but for one pass over the model where deferred work is caught up on, and for
-// what is said below. A loop that removes records one by one costs one pass in all.
+// Cost: constant time, or that of a logarithm after removals, but for one pass over the model where deferred
+// work is caught up on, and for what is said below. A loop that removes records one by one, and
+// finds, looks at, changes and adds others in between, costs a few passes in all.
 #pragma once
 
 #include <cstdint>
@@ -40,8 +41,7 @@ class ModelStore {
   std::int32_t NumberOfRows() const { return model_.data.NumberOfRows; }
   std::int32_t NumberOfColumns() const { return model_.data.NumberOfColumns; }
   std::int32_t NumberOfElements() const { return model_.data.NumberOfElements; }
-  // One record with its list. Records of the same kind may be removed in between without a pass
-  // over the model at every turn.
+  // One record with its list.
   const RowRecord& Row(std::int32_t r) const {
     if (!deferred_.empty()) [[unlikely]]
       return RowBehindGaps(r);
@@ -52,6 +52,10 @@ class ModelStore {
       return ColumnBehindGaps(c);
     return model_.data.Columns[c];
   }
+  // How many coefficients stand in a row's list.
+  std::int32_t ElementsInRow(std::int32_t r) const { return deferred_.ElementsInRow(r); }
+  // How many rows are stored, with a hidden one that is not counted.
+  std::int32_t StoredRows() const { return deferred_.StoredRows(); }
   // The first of that name, 0 when there is none. Exact comparison.
   std::int32_t FindRow(std::string_view name) const { return FindRow(NameKey::Of(name), name); }
   std::int32_t FindRow(const NameKey& key, std::string_view name) const;
@@ -62,15 +66,15 @@ class ModelStore {
 
   // Whether work is deferred, which makes no difference to what is seen; for tests of the cost.
   bool has_deferred_work() const { return !deferred_.empty(); }
+  bool has_gaps() const { return deferred_.removals(); }
 
   // --- what nothing else depends on: for setting too ---
   ModelSettings& settings() { return model_.data; }
   const ModelSettings& settings() const { return model_.data; }
   Bounds& RowBounds(std::int32_t r) { return model_.data.Rows[deferred_.RowPosition(r)]; }
   Bounds& ColumnBounds(std::int32_t c) { return model_.data.Columns[deferred_.ColumnPosition(c)]; }
-  // The bounds of the column that an entry of a row's list names, with removals of rows left
-  // deferred: they move no column.
-  Bounds& ColumnBoundsAt(const ElementEntry& entry) { return model_.data.Columns[entry.Index]; }
+  // The bounds of the column that an entry of a row's list names.
+  Bounds& ColumnBoundsAt(const ElementEntry& entry) { return ColumnBounds(entry.Index); }
 
   // --- changing ---
   void RenameRow(std::int32_t r, std::string_view name);

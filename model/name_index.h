@@ -77,6 +77,8 @@ class NameIndex {
   // Numbers have moved: the next use must rebuild.
   void MarkStale() { stale_ = true; }
   bool stale() const { return stale_; }
+  // A name was added that another number had already.
+  bool has_duplicates() const { return has_duplicates_; }
 
   // Builds the index anew for numbers 1..count.
   template <class NameOf>

@@ -1,5 +1,7 @@
 #include "model/stored_model.h"
 
+#include <utility>
+
 namespace quarvel::model {
 
 const NameIndex& RebuiltRowNames(StoredModel& model) {
@@ -12,20 +14,16 @@ const NameIndex& RebuiltColumnNames(StoredModel& model) {
   return model.column_names;
 }
 
-void RebuildRowIndexes(ModelData& data) {
-  data.NumberOfBindingRows = 0;
-  data.NumberOfNonBindingRows = 0;
-  data.BindingRows.Release();
-  data.NonBindingRows.Release();
-  for (std::int32_t i = 1; i <= data.NumberOfRows; ++i) {
-    if (TraitsOf(data.Rows[i].Type).binds) {
-      ++data.NumberOfBindingRows;
-      data.BindingRows.Append(i);
-    } else {
-      ++data.NumberOfNonBindingRows;
-      data.NonBindingRows.Append(i);
-    }
+void RebuildRowIndexes(ModelData& data, std::int32_t rows) {
+  RowNumbers binding;
+  RowNumbers others;
+  for (std::int32_t i = 1; i <= rows; ++i) {
+    (TraitsOf(data.Rows[i].Type).binds ? binding : others).Append(i);
   }
+  data.NumberOfBindingRows = binding.size();
+  data.NumberOfNonBindingRows = others.size();
+  std::swap(data.BindingRows, binding);
+  std::swap(data.NonBindingRows, others);
 }
 
 void ReleaseRecords(StoredModel& model) {

@@ -40,8 +40,10 @@ inline std::int32_t FindColumn(StoredModel& model, const NameKey& key, std::stri
   return names.Find(key, name, NamesOf(model.data.Columns));
 }
 
-// Recomputes both row indexes and their counts from the row types.
-void RebuildRowIndexes(ModelData& data);
+// Recomputes both row indexes and their counts from the types of rows 1..rows. When memory runs out
+// nothing has changed.
+void RebuildRowIndexes(ModelData& data, std::int32_t rows);
+inline void RebuildRowIndexes(ModelData& data) { RebuildRowIndexes(data, data.NumberOfRows); }
 
 // Drops all rows and columns with their lists, names and memory; counts of rows, columns and
 // elements 0. The binding-row indexes are not touched.

@@ -142,6 +142,60 @@ TEST(ModelStore, FillsRowListsWhenSomebodyLooks) {
   EXPECT_EQ(CheckModelData(store), "");
 }
 
+// What stands in a loop between removals closes no gap, so that the loop costs one pass in all.
+TEST(ModelStore, KeepsGapsOpenForWhateverConcernsOneRecord) {
+  constexpr std::int32_t kSize = 300;
+  ModelStore store;
+  Build(store, kSize, kSize, 100);
+  for (std::int32_t n = 1; n <= kSize / 3; ++n) {
+    store.RemoveRow(store.FindRow("R" + std::to_string(2 * n)));
+    store.RemoveColumn(store.FindColumn("C" + std::to_string(2 * n + 1)));
+    const std::int32_t r = AddRow(store, "NEW" + std::to_string(n));
+    store.SetRowType(r, n % 2 == 0 ? RowType::kFree : RowType::kLess);
+    store.SetRowType(n, RowType::kFree);
+    store.AddElement(r, n, n);
+    store.SetElementValue(r, 1, 2 * n);
+    store.RenameRow(r, "OTHER" + std::to_string(n));
+    store.RenameColumn(n, "OTHER" + std::to_string(n));
+    ASSERT_TRUE(store.has_deferred_work()) << n;
+    ASSERT_TRUE(store.has_gaps()) << n;
+  }
+  EXPECT_EQ(CheckModelData(store), "");
+  EXPECT_EQ(store.FindRow("OTHER7"), kSize - kSize / 3 + 7);
+  EXPECT_EQ(store.FindRow("R6"), 0);
+}
+
+// Looks at lists that gaps of the other kind run through are paid for: so many of them close the
+// gaps that all together cost no more than some passes.
+TEST(ModelStore, ClosesGapsWhenLooksHaveCostAPartOfAPass) {
+  constexpr std::int32_t kSize = 1000;
+  ModelStore store;
+  Build(store, kSize, kSize, 500);
+  int closed = 0;
+  for (std::int32_t n = 1; n <= kSize / 2; ++n) {
+    store.RemoveRow(store.NumberOfRows() / 2);
+    ASSERT_GT(store.Column(n).ElementCount(), 0);
+    if (!store.has_gaps()) ++closed;
+  }
+  EXPECT_GT(closed, 0);
+  EXPECT_LT(closed, 20);
+}
+
+TEST(ModelStore, GivesANameThatIsFreeAgainToANewRecord) {
+  ModelStore store;
+  Build(store, 4, 4, 2);
+  store.RemoveRow(2);
+  EXPECT_EQ(store.FindRow("R2"), 0);
+  EXPECT_EQ(AddRow(store, "R2"), 4);
+  EXPECT_EQ(store.FindRow("R2"), 4);
+  store.RemoveRow(1);
+  store.RenameRow(1, "R1");
+  EXPECT_EQ(store.FindRow("R1"), 1);
+  EXPECT_TRUE(store.has_gaps());
+  EXPECT_EQ(CheckModelData(store), "");
+  EXPECT_EQ(NamesOfRows(store), "R1 R4 R2 ");
+}
+
 // Removals in any order, looked at now and then, leave what they leave one by one.
 TEST(ModelStore, DefersRandomRemovalsWithoutATrace) {
   std::mt19937 random(11);

@@ -28,11 +28,11 @@ struct EditStyle {
   bool new_models = true;  // MakeNewModel and ClearModel in between
 };
 
-// An operation with valid, invalid and boundary arguments for the state of `model`.
+// An operation, or a question about one record or name, with valid, invalid and boundary arguments for the state of `model`.
 EditOperation ChooseOperation(const Choice& choose, const NaiveModel& model,
                               const EditStyle& style);
 
-// DeleteRow, DeleteColumn or DeleteElement.
+// DeleteRow, DeleteColumn or DeleteElement, with questions in between.
 EditOperation ChooseDeletion(const Choice& choose, const NaiveModel& model);
 
 // Both models side by side, starting as fresh objects.
