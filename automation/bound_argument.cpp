@@ -39,6 +39,13 @@ std::size_t PlainSize(VARTYPE type) {
   }
 }
 
+// The system has more names for what it cannot convert than a caller is to be told.
+HRESULT AsRefusal(HRESULT bound) {
+  const bool is_told = SUCCEEDED(bound) || bound == DISP_E_OVERFLOW || bound == E_OUTOFMEMORY ||
+                       bound == E_UNEXPECTED;
+  return is_told ? bound : DISP_E_TYPEMISMATCH;
+}
+
 // Puts a number into a caller's variable of plain type, keeping that type.
 HRESULT WritePlain(double number, VARIANT& variable) {
   const auto type = static_cast<VARTYPE>(V_VT(&variable) & ~VT_BYREF);
@@ -73,7 +80,11 @@ HRESULT BoundArgument::Bind(ArgumentKind kind, VARIANT& given) {
   const VARIANT* const inner = Dereference(&given);
   if (inner == nullptr) return DISP_E_TYPEMISMATCH;
   if (IsMissing(*inner)) return DISP_E_PARAMNOTOPTIONAL;
-  switch (kind) {
+  return AsRefusal(BindKind());
+}
+
+HRESULT BoundArgument::BindKind() {
+  switch (kind_) {
     case ArgumentKind::kLong:
       return BindValue(VT_I4, false);
     case ArgumentKind::kShort:

@@ -29,6 +29,7 @@ class BoundArgument {
   HRESULT WriteBack();
 
  private:
+  HRESULT BindKind();
   HRESULT BindValue(VARTYPE type, bool by_address);
   HRESULT BindVariant(bool by_address);
   void BindWrittenDouble();

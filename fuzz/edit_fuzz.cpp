@@ -6,6 +6,7 @@
 
 #include "fuzz/choices.h"
 #include "tests/support/edit_operations.h"
+#include "tests/support/query_comparison.h"
 
 namespace {
 
@@ -13,6 +14,7 @@ using quarvel::fuzz::Choices;
 using quarvel::fuzz::Require;
 using quarvel::testing::ChooseDeletion;
 using quarvel::testing::ChooseOperation;
+using quarvel::testing::CompareQueries;
 using quarvel::testing::EditComparison;
 using quarvel::testing::EditOperation;
 using quarvel::testing::EditStyle;
@@ -32,6 +34,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                                              : ChooseOperation(choose, models.naive(), style);
     history += operation.text + "\n";
     Require(models.Apply(operation), history);
+    if (kind == 6) Require(CompareQueries(models.model(), models.naive(), choose), history);
     if (kind == 7) Require(models.CompareState(), history);
   }
   Require(models.CompareState(), history);

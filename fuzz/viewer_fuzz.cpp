@@ -12,16 +12,20 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "component/lp_model.h"
 #include "fuzz/choices.h"
 #include "fuzz/folder.h"
+#include "fuzz/form_faults.h"
 #include "fuzz/viewer_faults.h"
 #include "platform/automation_error.h"
 #include "platform/basic_controls.h"
+#include "platform/focus_order.h"
 #include "platform/grid.h"
+#include "platform/input_box.h"
 #include "platform/input_controls.h"
 #include "platform/menu.h"
 #include "platform/scripted/scripted_desktop.h"
@@ -64,9 +68,19 @@ class Play : public ScriptedDesktop {
     model_.reset();
   }
 
-  std::string InputBox(std::string_view, std::string_view, std::string_view) override {
+  // As a drawer with windows asks, or answered at once.
+  std::string InputBox(std::string_view prompt, std::string_view title,
+                       std::string_view default_text) override {
     HostStep();
-    return Text();
+    if (IsOver() || choose_(2) == 0) return Text();
+    const auto height_of = [](std::string_view words, int width) {
+      constexpr int kLetter = 7;
+      constexpr int kLine = 15;
+      return kLine * (1 + static_cast<int>(words.size()) * kLetter / std::max(width, kLetter));
+    };
+    const WordsOnScreen screen = {300 + static_cast<int>(choose_(900)),
+                                  200 + static_cast<int>(choose_(700)), height_of};
+    return AskLine(*this, screen, prompt, title, default_text);
   }
   std::string ShowFileDialog(const FileDialog&) override {
     HostStep();
@@ -208,8 +222,17 @@ class Play : public ScriptedDesktop {
     return has_no ? MsgBoxResult::kNo : buttons.back();
   }
 
-  void Turn(Form& top) {
-    if (IsOver()) return top.RequestClose();
+  // Dialogs keep the user out of the viewer, also when a host brings it to the front.
+  Form& UsableForm(Form& top) const {
+    for (Form* const form : shown()) {
+      if (form->name() != "frmViewEquations") return *form;
+    }
+    return top;
+  }
+
+  void Turn(Form& front) {
+    Form& top = UsableForm(front);
+    if (IsOver()) return Leave(top);
     ++steps_;
     Note("user at " + top.name());
     // What a handler raises reaches whoever shows the form.
@@ -217,6 +240,15 @@ class Play : public ScriptedDesktop {
     HostStep();
     CheckWindows();
     CheckModel();
+  }
+
+  // A window that shows work is left by stopping the work.
+  static void Leave(Form& top) {
+    for (Control* const control : top.controls()) {
+      auto* const button = dynamic_cast<Button*>(control);
+      if (button != nullptr && button->is_stop) button->Click();
+    }
+    top.RequestClose();
   }
 
   void UserStep(Form& top) {
@@ -229,12 +261,25 @@ class Play : public ScriptedDesktop {
         return static_cast<void>(top.PressEscape());
       case 3:
         return static_cast<void>(PressShortcut(top, Keys()));
+      case 7:
+        return PressArrows(top);
       case 4:
       case 5:
       case 6:
         return ChooseFromMenu(top);
       default:
         return Use(*top.controls()[choose_(static_cast<std::uint32_t>(top.controls().size()))]);
+    }
+  }
+
+  void PressArrows(Form& top) {
+    Note("arrows");
+    if (choose_(2) == 0) return static_cast<void>(TurnPage(top, choose_(2) == 0));
+    for (Control* const control : top.controls()) {
+      auto* const option = dynamic_cast<OptionButton*>(control);
+      if (option != nullptr && CanHaveFocus(*option)) {
+        return GoInGroup(*option, choose_(2) == 0 ? 1 : -1);
+      }
     }
   }
 
@@ -309,12 +354,22 @@ class Play : public ScriptedDesktop {
       for (const Control* const control : form->controls()) {
         Require(fuzz::FaultOf(*control), history_);
       }
+      CheckForm(*form);
     }
     auto* const window = dynamic_cast<viewer::frmViewEquations*>(LastShown("frmViewEquations"));
     if (window == nullptr || !window->IsShowing()) return;
     Require(fuzz::FaultOf(window->contents.rows), history_);
     Require(fuzz::FaultOf(window->contents.columns), history_);
     if (choose_(4) == 0) Refresh(*window);
+  }
+
+  void CheckForm(const Form& form) {
+    const bool grows = form.resizable();
+    const int width =
+        grows ? form.smallest_width() + static_cast<int>(choose_(1000)) : form.width();
+    const int height =
+        grows ? form.smallest_height() + static_cast<int>(choose_(1000)) : form.height();
+    Require(fuzz::FaultOfForm(form, width, height), history_);
   }
 
   // A window that was just filled shows the model that there is.

@@ -41,6 +41,7 @@ class EditComparison {
   EditComparison() : model_(desktop_) {}
 
   const NaiveModel& naive() const { return naive_; }
+  const LPModel& model() const { return model_; }
 
   // Runs the operation on both. An empty text when result, failure, boxes and counts agree, else
   // what differs. Nothing that was deferred is completed by comparing.
