@@ -7,6 +7,7 @@
 #include "platform/console/console_controls.h"
 #include "platform/console/console_text.h"
 #include "platform/file_dialog.h"
+#include "text/visible_text.h"
 
 namespace quarvel::platform {
 namespace {
@@ -64,7 +65,7 @@ MsgBoxResult ConsoleDesktop::MsgBox(const Box& box) {
   const bool ask = look.asks() && !answer && user_.present();
   if (print || ask) {
     if (look.asks() || box.title != kDefaultTitle) WriteError(AsLines(box.title));
-    WriteError(AsLines(box.text()));
+    WriteError(console::BoxLines(box));
   }
   if (!look.asks()) return MsgBoxResult::kOk;
   if (ask) return user_.AskButton(look);
@@ -76,7 +77,7 @@ MsgBoxResult ConsoleDesktop::MsgBox(const Box& box) {
 std::string ConsoleDesktop::InputBox(std::string_view prompt, std::string_view title,
                                      std::string_view default_text) {
   std::string question = AsLines(title) + AsLines(prompt);
-  if (!default_text.empty()) question += '[' + std::string(default_text) + "] ";
+  if (!default_text.empty()) question += '[' + text::VisibleText(default_text) + "] ";
   const auto line = user_.Ask(question + "> ");
   if (!line) return {};
   return line->empty() ? std::string(default_text) : *line;
@@ -84,7 +85,7 @@ std::string ConsoleDesktop::InputBox(std::string_view prompt, std::string_view t
 
 std::string ConsoleDesktop::ShowFileDialog(const FileDialog& dialog) {
   if (auto path = answers_.AnswerFile(dialog)) return *std::move(path);
-  const auto line = user_.Ask(dialog.title + "\n> ");
+  const auto line = user_.Ask(AsLines(dialog.title) + "> ");
   std::string name(console::Trimmed(line.value_or("")));
   // Only a new file gets the extension: an existing one is called what it is called.
   const bool saving = dialog.kind == FileDialog::Kind::kSave;
@@ -119,7 +120,7 @@ void ConsoleDesktop::Beep() {
 
 bool ConsoleDesktop::OpenInEditor(const std::string& path) {
   progress_.Erase();
-  WriteError("See " + path + '\n');
+  WriteError("See " + text::VisibleText(path) + '\n');
   return true;
 }
 

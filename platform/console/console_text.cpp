@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "text/visible_text.h"
+
 namespace quarvel::platform::console {
 namespace {
 
@@ -10,13 +12,22 @@ char AsciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A
 }  // namespace
 
 std::string AsLines(std::string_view text) {
-  std::string lines;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool pair = text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n';
-    if (!pair) lines += text[i] == '\r' ? '\n' : text[i];
-  }
+  std::string lines = text::VisibleText(text, text::LineEnds::kKept);
   if (!lines.ends_with('\n')) lines += '\n';
   return lines;
+}
+
+std::string BoxLines(const Box& box) { return AsLines(WithNameOnOneLine(box.text(), box.item)); }
+
+std::string WithNameOnOneLine(std::string_view words, std::string_view name) {
+  std::string line(words);
+  if (name.find_first_of("\r\n") == std::string_view::npos) return line;
+  const std::string shown = text::VisibleText(name);
+  for (std::size_t at = line.find(name); at != std::string::npos;
+       at = line.find(name, at + shown.size())) {
+    line.replace(at, name.size(), shown);
+  }
+  return line;
 }
 
 std::string PlainCaption(std::string_view caption) {

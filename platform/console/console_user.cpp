@@ -7,6 +7,7 @@
 
 #include "platform/console/console_controls.h"
 #include "platform/console/console_text.h"
+#include "text/visible_text.h"
 
 namespace quarvel::platform::console {
 namespace {
@@ -41,7 +42,8 @@ std::string OptionsText(const Form& form, const std::vector<OptionButton*>& opti
   }
   for (std::size_t i = 0; i < options.size(); ++i) {
     text += options[i]->value() ? "* " : "  ";
-    text += std::to_string(i + 1) + ". " + PlainCaption(options[i]->caption()) + '\n';
+    text += std::to_string(i + 1) + ". " + text::VisibleText(PlainCaption(options[i]->caption())) +
+            '\n';
   }
   return text;
 }

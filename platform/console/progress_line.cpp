@@ -8,6 +8,7 @@
 #include "platform/console/console_system.h"
 #include "platform/console/console_text.h"
 #include "text/encoding.h"
+#include "text/visible_text.h"
 
 namespace quarvel::platform::console {
 namespace {
@@ -39,8 +40,8 @@ void ProgressLine::Draw(std::span<Form* const> shown) {
   const auto drawn = std::find_if(shown.rbegin(), shown.rend(),
                                   [](const Form* form) { return VisibleBar(*form) != nullptr; });
   if (drawn == shown.rend()) return;
-  const std::string line =
-      FirstCharacters((*drawn)->caption() + ' ' + BarText(*VisibleBar(**drawn)), kColumns);
+  const std::string words = text::VisibleText((*drawn)->caption());
+  const std::string line = FirstCharacters(words + ' ' + BarText(*VisibleBar(**drawn)), kColumns);
   const std::size_t columns = text::CharacterCount(line);
   const std::size_t left_over = columns_on_screen_ > columns ? columns_on_screen_ - columns : 0;
   WriteError('\r' + line + std::string(left_over, ' '));
