@@ -44,6 +44,8 @@ struct ModelSettings {
   std::int16_t LogFileNumber = 0;           // 0 when no simplification log is open
   bool DefaultToPlusMinusInfinity = false;  // new columns of a read get lower bound -1E+10
   bool LongNameWarningShown = false;        // never reset
+  bool EndLineMissing = false;              // the last read came to the file's end before ENDATA
+  std::int64_t LinesRead = 0;               // by that read, when it came to an end of either kind
 };
 
 struct ModelData : ModelSettings {

@@ -20,6 +20,8 @@ ReadRun::ReadRun(model::ModelStore& store, platform::Desktop& desktop, ReadHost&
 
 void ReadRun::Run() {
   settings_.ReadMPSFileErr = -1;
+  settings_.EndLineMissing = false;
+  settings_.LinesRead = 0;
   sink_.DropRecords();
   // Answered Yes, a file that cannot be opened is read as an empty one.
   questions_.Guarded([this] { source_.Open(settings_.strMPSFile); });
@@ -47,7 +49,10 @@ void ReadRun::ReadLines() {
     }
     if (!sections_.Use(line)) break;
   }
-  if (IsReading()) questions_.set_state(ReadState::kDone);
+  if (!IsReading()) return;
+  settings_.EndLineMissing = !sections_.has_ended();
+  settings_.LinesRead = line.number();
+  questions_.set_state(ReadState::kDone);
 }
 
 void ReadRun::ReportProgress() {

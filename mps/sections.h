@@ -82,6 +82,8 @@ class Sections {
 
   // The section that the next line stands in.
   Section section() const { return section_; }
+  // An ENDATA line was used.
+  bool has_ended() const { return has_ended_; }
 
   // Uses a line; false when the file ends with it or a problem was answered No.
   bool Use(SourceLine& line) {
@@ -160,7 +162,10 @@ class Sections {
       sink_.BeginSection();
       return Header::kUsedUp;
     }
-    if (keyword == "ENDATA") return Header::kEnd;
+    if (keyword == "ENDATA") {
+      has_ended_ = true;
+      return Header::kEnd;
+    }
     // A NAME line goes on as a data line of its section, which before ROWS means nothing.
     if (keyword == "NAME" && line.token_count() > 1) sink_.SetModelName(line[2]);
     return Header::kNone;
@@ -272,6 +277,7 @@ class Sections {
   Ask ask_;
   Section section_ = Section::kStart;
   model::ColumnType column_type_ = model::ColumnType::kContinuous;
+  bool has_ended_ = false;
   bool goes_on_ = true;  // false once a problem was answered No
 };
 

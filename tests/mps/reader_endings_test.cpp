@@ -33,6 +33,37 @@ TEST(MpsReader, ChecksAFileWithoutEndata) {
   EXPECT_EQ(session.model.NumberOfBindingRows(), 3);
 }
 
+TEST(MpsReader, KnowsWhetherItSawEndata) {
+  const struct {
+    std::string text;
+    bool missing;
+    std::int64_t lines;
+  } cases[] = {
+      {kFileWithoutEnd + "ENDATA\n", false, 10},
+      {kFileWithoutEnd + "ENDATA", false, 10},
+      {kFileWithoutEnd + "endata of it\nmore\n", false, 10},
+      {kFileWithoutEnd, true, 9},
+      {kFileWithoutEnd + "ENDAT", true, 10},
+      {kFileWithoutEnd + " ENDATA\n\n", true, 11},
+      {"", true, 0},
+  };
+  ReadSession session;
+  for (const auto& c : cases) {
+    session.Read(c.text);
+    EXPECT_EQ(session.model.store().settings().EndLineMissing, c.missing) << c.text;
+    EXPECT_EQ(session.model.store().settings().LinesRead, c.lines) << c.text;
+  }
+}
+
+TEST(MpsReader, MissesNoEndataOfAFileItDidNotReadToItsEnd) {
+  ReadSession session;
+  session.Read("");
+  session.otherwise = kNo;
+  session.Read("ROWS\n X BAD\n");
+  EXPECT_FALSE(session.model.store().settings().EndLineMissing);
+  EXPECT_EQ(session.model.store().settings().LinesRead, 0);
+}
+
 TEST(MpsReader, StopsReadingAtEndata) {
   ReadSession session;
   session.Read(kFileWithoutEnd + "ENDATA\nROWS\n nonsense here at all\n");
