@@ -205,6 +205,8 @@ class LPModel final : public model::ModelInterface {
   model::ModelStore& store() { return store_; }
   const model::ModelStore& store() const { return store_; }
   platform::Desktop& desktop() const { return desktop_; }
+  // Logs of simplifications go to `text`, no longer to files: simplify/simplification_log.h.
+  void KeepLogIn(std::string* text) { log_.KeepIn(text); }
 
  private:
   // What stands at 0-based numbers, which are checked.

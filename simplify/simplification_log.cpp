@@ -43,18 +43,27 @@ std::string LogHeading(std::string_view file_location) {
 }
 
 void SimplificationLog::Open(const std::string& path, const std::string& file_location) {
-  const bool beside =
-      file_location.empty() || platform::FolderOf(path) == platform::FolderOf(file_location);
-  const std::string_view replaces = beside ? std::string_view() : kHeadingStart;
-  file_ =
-      std::make_unique<platform::OutputFile>(platform::OpenLog({path, file_location, replaces}));
+  if (has_file()) {
+    const bool beside =
+        file_location.empty() || platform::FolderOf(path) == platform::FolderOf(file_location);
+    const std::string_view replaces = beside ? std::string_view() : kHeadingStart;
+    file_ =
+        std::make_unique<platform::OutputFile>(platform::OpenLog({path, file_location, replaces}));
+  } else {
+    DropKept();
+  }
   store_.settings().LogFileNumber = 1;
 }
 
 void SimplificationLog::Append(std::string_view line) {
   if (!is_open()) return;
-  file_->Write(line);
-  file_->Write("\r\n");
+  constexpr std::string_view kLineEnd = "\r\n";
+  if (has_file()) {
+    file_->Write(line);
+    file_->Write(kLineEnd);
+  } else {
+    kept_->append(line).append(kLineEnd);
+  }
 }
 
 void SimplificationLog::AppendEmptyRow(const model::RowRecord& row) {

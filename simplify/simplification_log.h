@@ -31,6 +31,13 @@ class SimplificationLog {
   // The store outlives the log.
   explicit SimplificationLog(model::ModelStore& store) : store_(store) {}
 
+  // From here on logs go to `text` in the place of a file: each begins an empty text, and a
+  // simplification without anything to tell leaves it empty. The text outlives the log.
+  void KeepIn(std::string* text) { kept_ = text; }
+  bool has_file() const { return kept_ == nullptr; }
+  // Empties the text.
+  void DropKept() { kept_->clear(); }
+
   bool is_open() const { return store_.settings().LogFileNumber != 0; }
   // Empties or makes the file, readable for nobody who may not read the model's file. Raises what
   // the system says, and kPathFileAccessError where a link, a pipe or a device stands, or, outside
@@ -47,6 +54,7 @@ class SimplificationLog {
  private:
   model::ModelStore& store_;
   std::unique_ptr<platform::OutputFile> file_;
+  std::string* kept_ = nullptr;  // null where logs are files
 };
 
 }  // namespace quarvel::simplify

@@ -70,7 +70,7 @@ void Simplifier::ShowWindow() {
 
 void Simplifier::OpenLog() {
   file_location_ = store_.settings().FileLocation;
-  log_name_ = LogFileName(file_location_);
+  log_name_ = log_.has_file() ? LogFileName(file_location_) : std::string();
   if (IsModelFile(store_.settings(), log_name_)) {
     RaiseRunTimeError(RunTimeError::kPathFileAccessError);
   }
@@ -95,7 +95,7 @@ void Simplifier::TellOutcome() {
 
 void Simplifier::OfferLog() {
   const MsgBoxResult answer = desktop_.MsgBox(Question(platform::BoxKind::kOfferLog, kLogQuestion));
-  if (answer != MsgBoxResult::kYes) return;
+  if (answer != MsgBoxResult::kYes || !log_.has_file()) return;
   if (desktop_.OpenInEditor(log_name_)) return;
   // Also for a model without a file, whose log stands elsewhere.
   desktop_.MsgBox(
@@ -107,6 +107,7 @@ void Simplifier::OfferLog() {
 // like every other failure of the log. A host may have saved the model under the log's name
 // meanwhile: that file stays.
 void Simplifier::DeleteLog() {
+  if (!log_.has_file()) return log_.DropKept();
   if (IsModelFile(store_.settings(), log_name_)) return;
   try {
     platform::RemoveFile(log_name_);

@@ -347,6 +347,24 @@ TEST(Simplifier, CleansUpWhenABoxFails) {
   EXPECT_EQ(session.RowNames(), (Lines{"OBJ", "EQUAL"}));
 }
 
+TEST(Simplifier, KeepsItsLogInATextWhereThatIsWanted) {
+  SimplifySession session;
+  std::string log = "old";
+  session.model.KeepLogIn(&log);
+  BuildSimplifiable(session);
+  WriteWholeFile(session.log_name, "the user's own");
+  session.see_log = MsgBoxResult::kYes;
+  session.model.SimplifyMPSModel();
+  EXPECT_TRUE(log.starts_with("Log file for simplification of " + session.folder.File("model.mps") +
+                              "\r\n"))
+      << log;
+  EXPECT_GT(log.size(), log.find('\n') + 1);
+  EXPECT_EQ(session.desktop.opened_in_editor(), std::vector<std::string>());
+  session.model.SimplifyMPSModel();
+  EXPECT_EQ(log, "") << "nothing was left to do";
+  EXPECT_EQ(ReadWholeFile(session.log_name), "the user's own");
+}
+
 TEST(Simplifier, FailingInsideAReadBecomesTheReadersQuestion) {
   SimplifySession session;
   const std::string file = session.folder.File("model.log");
