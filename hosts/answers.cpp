@@ -1,8 +1,9 @@
 #include "hosts/answers.h"
 
-#include "hosts/printing.h"
 #include "mps/frm_set_default_bounds.h"
 #include "platform/automation_error.h"
+#include "platform/console/console_text.h"
+#include "text/visible_text.h"
 
 namespace quarvel::hosts {
 namespace {
@@ -45,7 +46,7 @@ bool IsFileFailure(const Box& problem) {
 std::string Answers::Told(const Box& box, const QuestionOption& option,
                           const GivenAnswer& given) const {
   std::string text = option.of_file ? file + ": " : "";
-  text += box.statement;
+  text += platform::console::WithNameOnOneLine(box.statement, box.item);
   if (!given.outcome.empty()) text.append("  ").append(given.outcome);
   return text;
 }
@@ -58,7 +59,7 @@ std::optional<MsgBoxResult> Answers::AnswerBox(const Box& box, bool& print) {
       on_note(box.statement);
       return MsgBoxResult::kOk;
     case Manner::kKept:
-      refusals.emplace_back(OneLine(box.statement));
+      refusals.emplace_back(text::OneLine(box.statement));
       return MsgBoxResult::kOk;
     case Manner::kAnswered:
       return AnswerQuestion(box, *decision.option);

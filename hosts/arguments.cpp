@@ -51,6 +51,10 @@ bool Choose(Target& target, const Words& words, std::string_view value) {
 }
 
 bool SetLimit(Arguments& arguments, std::string_view value) {
+  if (value == "all") {
+    arguments.limit = Arguments::kAll;
+    return true;
+  }
   std::int64_t limit = 0;
   const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), limit);
   if (error != std::errc() || end != value.data() + value.size() || limit < 0) return false;
@@ -72,11 +76,11 @@ constexpr Option kFirstOptions[] = {
 };
 
 constexpr Option kMoreOptions[] = {
-    {kLog, "--log", "", "FILE", "copy the log of the simplification to FILE",
+    {kLog, "--log", "", "FILE", "list in FILE what a simplification did",
      [](Arguments& a, std::string_view v) { return SetPath(a.log, v); }},
     {kJson, "--json", "", "", "print JSON",
      [](Arguments& a, std::string_view) { return a.json = true; }},
-    {kLimit, "--limit", "", "N", "print at most N of them",
+    {kLimit, "--limit", "", "N|all", "print at most N of them; all: every one",
      [](Arguments& a, std::string_view v) { return SetLimit(a, v); }},
     {kEquations, "--equations", "", "", "print each row as an equation",
      [](Arguments& a, std::string_view) { return a.equations = true; }},
@@ -89,6 +93,8 @@ constexpr Option kMoreOptions[] = {
      }},
     {kEdit, "--edit", "", "", "allow changes; without FILE, start a new model",
      [](Arguments& a, std::string_view) { return a.edit = true; }},
+    {kMissingEndata, "--allow-missing-endata", "", "", "write also what a file without ENDATA held",
+     [](Arguments& a, std::string_view) { return a.allow_missing_endata = true; }},
     {0, "--help", "-h", "", "print this help",
      [](Arguments& a, std::string_view) { return a.help = true; }},
     {0, "--version", "", "", "print the version",

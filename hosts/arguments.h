@@ -27,6 +27,7 @@ inline constexpr OptionSet kEquations = 1U << 4;
 inline constexpr OptionSet kPoint = 1U << 5;
 inline constexpr OptionSet kCommand = 1U << 6;
 inline constexpr OptionSet kEdit = 1U << 7;
+inline constexpr OptionSet kMissingEndata = 1U << 8;
 // The options that answer questions (questions.h), and those of them that a command may refuse.
 inline constexpr OptionSet kQuestions = 0xFFFFU << 16;
 inline constexpr OptionSet kOnError = 1U << 16;
@@ -36,6 +37,8 @@ inline constexpr OptionSet kOnConflict = 1U << 18;
 struct GivenAnswer;
 
 struct Arguments {
+  static constexpr std::int64_t kAll = std::numeric_limits<std::int64_t>::max();
+
   std::string command;
   std::vector<std::string> operands;
   OptionSet used = 0;
@@ -44,11 +47,12 @@ struct Arguments {
   std::map<OptionSet, const GivenAnswer*> answers;  // of the options that answer questions
   std::string log;
   bool json = false;
-  std::int64_t limit = std::numeric_limits<std::int64_t>::max();
+  std::int64_t limit = kAll;
   bool equations = false;
   std::string point;
   std::vector<std::string> edit_commands;
   bool edit = false;
+  bool allow_missing_endata = false;
 
   bool help = false;
   bool version = false;

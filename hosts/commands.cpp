@@ -8,6 +8,7 @@ namespace quarvel::hosts {
 namespace {
 
 constexpr OptionSet kReadings = kDefaultBounds | kQuestions | kLog;
+constexpr OptionSet kWritings = kReadings | kMissingEndata;
 
 std::string EvaluateHelp() {
   return "Columns that are not given are 0. A value on the command line replaces one of the "
@@ -17,13 +18,13 @@ std::string EvaluateHelp() {
 }
 
 std::string CheckHelp() {
-  return "The exit status is 1 when there is one, 0 when there is none.\n";
+  return "Without --limit the first 1000 are listed; all are counted.\n"
+         "The exit status is 1 when there is one, 0 when there is none.\n";
 }
 
 std::string SimplifyHelp() {
-  return "Rows of one element become bounds of their column, and empty rows and columns go. What "
-         "was "
-         "done is\nlisted in a log beside IN.\n";
+  return "Rows of one element become bounds of their column, and empty rows and columns go. --log "
+         "FILE\nlists what was done.\n";
 }
 
 std::string ViewHelp() {
@@ -44,10 +45,10 @@ constexpr Command kCommands[] = {
      "print a row's activity at a point", EvaluateHelp, RunEvaluate},
     {"check", "FILE", 1, 1, (kReadings & ~kOnError) | kJson | kLimit,
      "list every problem in the file", CheckHelp, RunCheck},
-    {"convert", "IN OUT", 2, 2, kReadings, "read a file and write it anew", nullptr, RunConvert},
-    {"simplify", "IN OUT", 2, 2, kReadings & ~kSimplify, "simplify a model and write it",
+    {"convert", "IN OUT", 2, 2, kWritings, "read a file and write it anew", nullptr, RunConvert},
+    {"simplify", "IN OUT", 2, 2, kWritings & ~kSimplify, "simplify a model and write it",
      SimplifyHelp, RunSimplify},
-    {"edit", "IN OUT", 2, 2, kReadings | kCommand, "change a model by commands and write it",
+    {"edit", "IN OUT", 2, 2, kWritings | kCommand, "change a model by commands and write it",
      EditHelp, RunEdit},
     {"view", "[FILE]", 0, 1, kEdit, "show a model in a window", ViewHelp, RunView},
 };

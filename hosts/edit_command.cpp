@@ -41,7 +41,7 @@ void RunStandardInput(Session& session) {
 
 int RunEdit(Session& session) {
   const Arguments& arguments = session.arguments;
-  session.Read(arguments.operands[0]);
+  session.ReadToWrite(arguments.operands[0]);
   if (arguments.edit_commands.empty()) {
     RunStandardInput(session);
   } else {

@@ -9,13 +9,15 @@
 namespace quarvel::hosts {
 namespace {
 
-std::string ActivityJson(const LPModel& model, std::int32_t row, double activity) {
+std::string ActivityJson(Session& session, std::int32_t row, double activity) {
+  const LPModel& model = session.model();
   std::string json = "{";
   AppendJsonMember(json, "index", row);
   AppendJsonMember(json, "name", model.RowName(row));
   AppendJsonMember(json, "lowerBound", model.RowLowerBound(row));
   AppendJsonMember(json, "upperBound", model.RowUpperBound(row));
   AppendJsonMember(json, "activity", activity);
+  AppendJsonMember(json, "hasEndata", !session.may_be_cut_off());
   return json + "}\n";
 }
 
@@ -33,7 +35,7 @@ int RunEvaluate(Session& session) {
   }
   double activity = 0;
   model.RowBodyValue(row, point.values(), activity);
-  session.streams.out << (arguments.json ? ActivityJson(model, row, activity)
+  session.streams.out << (arguments.json ? ActivityJson(session, row, activity)
                                          : text::GeneralText(activity) + '\n');
   return kGood;
 }

@@ -1,6 +1,7 @@
 #include "hosts/help.h"
 
 #include "hosts/printing.h"
+#include "text/visible_text.h"
 
 namespace quarvel::hosts {
 namespace {
@@ -34,7 +35,7 @@ std::string ProgramHelp() {
 std::string CommandHelp(const Command& command) {
   std::string help = "Usage: quarvel ";
   help.append(command.name).append(" ").append(command.operands).append(" [OPTION ...]\n\n");
-  help.append(OneLine(command.summary)).append("\n");
+  help.append(text::OneLine(command.summary)).append("\n");
   if (command.details != nullptr) help.append("\n").append(command.details());
   help += "\nOptions:\n" + DescribeOptions(command.options);
   return help.append(kNames).append(kStatuses);

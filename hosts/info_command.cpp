@@ -3,6 +3,7 @@
 #include "hosts/commands.h"
 #include "hosts/printing.h"
 #include "text/numbers.h"
+#include "text/visible_text.h"
 
 namespace quarvel::hosts {
 namespace {
@@ -15,7 +16,7 @@ std::int32_t IntegerColumns(const LPModel& model) {
   return count;
 }
 
-std::string InfoJson(const LPModel& model) {
+std::string InfoJson(const Session& session, const LPModel& model) {
   std::string json = "{";
   AppendJsonMember(json, "name", model.ModelName());
   AppendJsonMember(json, "description", model.ModelDescription());
@@ -26,6 +27,7 @@ std::string InfoJson(const LPModel& model) {
   AppendJsonMember(json, "bindingRows", model.NumberOfBindingRows());
   AppendJsonMember(json, "nonBindingRows", model.NumberOfNonBindingRows());
   AppendJsonMember(json, "integerColumns", IntegerColumns(model));
+  AppendJsonMember(json, "hasEndata", !session.may_be_cut_off());
   return json + "}\n";
 }
 
@@ -33,7 +35,7 @@ void AppendFact(std::string& text, std::string_view what, std::string_view fact)
   constexpr std::size_t kWidth = 18;
   if (fact.empty()) return;
   AppendLeft(text, what, kWidth);
-  text += OneLine(fact) + '\n';
+  text += text::VisibleText(fact) + '\n';
 }
 
 void AppendDescription(std::string& text, std::string_view description) {
@@ -65,7 +67,7 @@ std::string InfoText(const LPModel& model) {
 int RunInfo(Session& session) {
   session.Read(session.arguments.operands[0]);
   const LPModel& model = session.model();
-  session.streams.out << (session.arguments.json ? InfoJson(model) : InfoText(model));
+  session.streams.out << (session.arguments.json ? InfoJson(session, model) : InfoText(model));
   return kGood;
 }
 

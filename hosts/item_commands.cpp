@@ -7,6 +7,7 @@
 #include "hosts/printing.h"
 #include "text/encoding.h"
 #include "text/numbers.h"
+#include "text/visible_text.h"
 
 namespace quarvel::hosts {
 namespace {
@@ -33,7 +34,7 @@ struct Item {
 
 void AppendFact(std::string& text, std::string_view what, std::string_view fact) {
   AppendLeft(text, what, kFactWidth);
-  text += OneLine(fact) + '\n';
+  text += text::VisibleText(fact) + '\n';
 }
 
 std::string ItemHeading(const Item& item) {
@@ -52,12 +53,12 @@ void PrintItemText(const Item& item) {
   item.session.streams.out << ItemHeading(item);
   std::size_t width = 0;
   for (std::int32_t k = 0; k < item.shown; ++k) {
-    width = std::max(width, text::CharacterCount(item.OtherName(k)));
+    width = std::max(width, text::CharacterCount(text::VisibleText(item.OtherName(k))));
   }
   std::string line;
   for (std::int32_t k = 0; k < item.shown && item.session.KeepPrinting(); ++k) {
     line.assign(kFactWidth, ' ');
-    AppendLeft(line, OneLine(item.OtherName(k)), width);
+    AppendLeft(line, text::VisibleText(item.OtherName(k)), width);
     line += "  " + text::GeneralText(item.Value(k)) + '\n';
     item.session.streams.out << line;
   }
@@ -85,7 +86,8 @@ void PrintItemJson(const Item& item) {
     item.session.streams.out << json + '}';
   }
   item.session.StopIfInterrupted();
-  item.session.streams.out << "]}\n";
+  item.session.streams.out << "],\"hasEndata\":";
+  item.session.streams.out << (item.session.may_be_cut_off() ? "false}\n" : "true}\n");
 }
 
 int PrintItem(Session& session, const model::RecordKind& kind) {

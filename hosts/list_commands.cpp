@@ -8,6 +8,7 @@
 #include "model/record_kind.h"
 #include "text/encoding.h"
 #include "text/numbers.h"
+#include "text/visible_text.h"
 
 namespace quarvel::hosts {
 namespace {
@@ -52,7 +53,8 @@ class Lister {
 void Lister::MeasureNames() {
   index_width_ = std::max(index_width_, text::IntegerText(shown_).size());
   for (std::int32_t i = 0; i < shown_; ++i) {
-    name_width_ = std::max(name_width_, text::CharacterCount((model_.*kind_.name)(i)));
+    name_width_ =
+        std::max(name_width_, text::CharacterCount(text::VisibleText((model_.*kind_.name)(i))));
   }
 }
 
@@ -73,10 +75,10 @@ std::string Lister::Heading() const {
 void Lister::AppendTextLine(std::string& line, std::int32_t i) const {
   AppendRight(line, text::IntegerText(i), index_width_);
   line += kGap;
-  AppendLeft(line, OneLine((model_.*kind_.name)(i)), name_width_);
+  AppendLeft(line, text::VisibleText((model_.*kind_.name)(i)), name_width_);
   line += kGap;
   if (equations_) {
-    line += OneLine(model_.RowEquation(i));
+    line += text::VisibleText(model_.RowEquation(i));
   } else {
     AppendLeft(line, (model_.*kind_.type)(i), kTypeWidth);
     AppendRight(line, BoundText((model_.*kind_.lower)(i)), kBoundWidth);

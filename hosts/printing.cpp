@@ -6,19 +6,10 @@
 #include "model/model_data.h"
 #include "text/encoding.h"
 #include "text/numbers.h"
+#include "text/visible_text.h"
 
 namespace quarvel::hosts {
 namespace {
-
-constexpr bool IsControl(char c) {
-  const auto code = static_cast<unsigned char>(c);
-  return code < 0x20 || code == 0x7F;
-}
-
-// The control characters beyond ASCII, U+0080 to U+009F.
-bool StartsHighControl(std::string_view text) {
-  return text.size() >= 2 && text[0] == '\xC2' && static_cast<unsigned char>(text[1]) <= 0x9F;
-}
 
 std::size_t BlanksFor(std::string_view text, std::size_t width) {
   const std::size_t characters = text::CharacterCount(text);
@@ -32,40 +23,25 @@ struct Escape {
 constexpr Escape kEscapes[] = {{'"', "\\\""}, {'\\', "\\\\"}, {'\n', "\\n"}, {'\r', "\\r"},
                                {'\t', "\\t"}, {'\b', "\\b"},  {'\f', "\\f"}};
 
-void AppendEscaped(std::string& json, char c) {
-  constexpr std::string_view kHex = "0123456789abcdef";
-  const auto* const escape = std::find_if(std::begin(kEscapes), std::end(kEscapes),
-                                          [c](const Escape& known) { return known.c == c; });
+// Appends what stands at the front of valid UTF-8 and gives its size.
+std::size_t AppendEscaped(std::string& json, std::string_view text) {
+  const auto* const escape =
+      std::find_if(std::begin(kEscapes), std::end(kEscapes),
+                   [&text](const Escape& known) { return known.c == text.front(); });
   if (escape != std::end(kEscapes)) {
     json += escape->escaped;
-  } else if (IsControl(c)) {
-    json += "\\u00";
-    json += kHex[static_cast<unsigned char>(c) >> 4];
-    json += kHex[static_cast<unsigned char>(c) & 0xF];
-  } else {
-    json += c;
+    return 1;
   }
+  const text::Character character = text::FirstCharacter(text);
+  if (text::IsSteering(character.code)) {
+    text::AppendCodeEscape(json, character.code);
+  } else {
+    json += text.substr(0, character.size);
+  }
+  return character.size;
 }
 
 }  // namespace
-
-std::string OneLine(std::string_view text) {
-  std::string line;
-  line.reserve(text.size());
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const char c = text[i];
-    if (c == '\r' || c == '\n') {
-      if (c == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
-      line += ' ';
-    } else if (StartsHighControl(text.substr(i))) {
-      line += '?';
-      ++i;
-    } else {
-      line += IsControl(c) ? '?' : c;
-    }
-  }
-  return line;
-}
 
 void AppendLeft(std::string& line, std::string_view text, std::size_t width) {
   line += text;
@@ -92,7 +68,7 @@ std::string Counted(std::int64_t count, std::string_view noun) {
 void AppendJson(std::string& json, std::string_view text) {
   if (!text::IsValidUtf8(text)) return AppendJson(json, text::Windows1252ToUtf8(text));
   json += '"';
-  for (const char c : text) AppendEscaped(json, c);
+  while (!text.empty()) text.remove_prefix(AppendEscaped(json, text));
   json += '"';
 }
 

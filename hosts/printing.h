@@ -1,16 +1,13 @@
 // Texts as the program prints them.
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace quarvel::hosts {
-
-// `text` on one line of a terminal: line ends become one blank, other control characters "?". What
-// stands in a file must not be able to steer the terminal it is shown on.
-std::string OneLine(std::string_view text);
 
 // Appends `text` and blanks up to `width` characters, or blanks before it.
 void AppendLeft(std::string& line, std::string_view text, std::size_t width);
@@ -22,11 +19,16 @@ std::string BoundText(double bound);
 // "1 row", "28 rows".
 std::string Counted(std::int64_t count, std::string_view noun);
 
-// A value of JSON. Text is quoted and escaped; text that is not UTF-8 (a path may be anything) is
-// taken as Windows-1252. A number is its general text, null when it is not finite.
+// A value of JSON. Text is quoted and escaped, which includes every character that a terminal would
+// not show (text/visible_text.h); text that is not UTF-8 (a path may be anything) is taken as
+// Windows-1252. A number is its general text, null when it is not finite.
 void AppendJson(std::string& json, std::string_view text);
 void AppendJson(std::string& json, double number);
 void AppendJson(std::string& json, std::int32_t number);
+// Nothing else becomes one by itself.
+void AppendJson(std::string& json, std::same_as<bool> auto truth) {
+  json += truth ? "true" : "false";
+}
 
 // A member of an object with the comma that sets it off from the one before.
 template <class Value>

@@ -5,11 +5,11 @@
 #include "hosts/arguments.h"
 #include "hosts/commands.h"
 #include "hosts/help.h"
-#include "hosts/printing.h"
 #include "hosts/session.h"
 #include "model/about.h"
 #include "platform/automation_error.h"
 #include "platform/files.h"
+#include "text/visible_text.h"
 
 namespace quarvel::hosts {
 namespace {
@@ -65,7 +65,7 @@ int Run(std::span<const std::string> words, const Streams& streams, std::string&
 }
 
 void Complain(const Streams& streams, std::string_view text) {
-  streams.err << "quarvel: " + OneLine(text) + '\n';
+  streams.err << "quarvel: " + text::OneLine(text) + '\n';
 }
 
 }  // namespace

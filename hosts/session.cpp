@@ -1,10 +1,13 @@
 #include "hosts/session.h"
 
+#include <utility>
+
 #include "hosts/printing.h"
 #include "hosts/questions.h"
 #include "platform/automation_error.h"
 #include "platform/box.h"
 #include "platform/files.h"
+#include "text/visible_text.h"
 
 namespace quarvel::hosts {
 namespace {
@@ -21,23 +24,20 @@ Session::Session(const Arguments& arguments_given, const Streams& streams_given)
     : arguments(arguments_given),
       streams(streams_given),
       answers_(arguments),
-      desktop_(answers_, *this),
+      desktop_(answers_),
       model_(desktop_) {
   if (!streams.terminal) {
     desktop_.set_interactive(false);
     desktop_.set_shows_progress(false);
   }
+  model_.KeepLogIn(&log_);
   answers_.can_ask = desktop_.interactive();
   answers_.on_note = [this](std::string_view text) { Note(text); };
 }
 
-bool Session::HostDesktop::OpenInEditor(const std::string& path) {
-  session_.log_ = path;
-  session_.Note("the simplifications are listed in " + path);
-  return true;
+void Session::Note(std::string_view text) {
+  streams.err << "quarvel: " + text::OneLine(text) + '\n';
 }
-
-void Session::Note(std::string_view text) { streams.err << "quarvel: " + OneLine(text) + '\n'; }
 
 void Session::StopIfInterrupted() const {
   if (desktop_.interrupted()) throw CommandError(kInterrupted, "stopped");
@@ -46,7 +46,7 @@ void Session::StopIfInterrupted() const {
 void Session::StopIfUnanswered() const {
   if (!answers_.unanswered) return;
   throw CommandError(kProblem, "there is no answer on the command line to the question: " +
-                                   OneLine(answers_.unanswered->text()));
+                                   text::OneLine(answers_.unanswered->text()));
 }
 
 bool Session::KeepPrinting() const { return streams.out.good() && !desktop_.interrupted(); }
@@ -56,7 +56,8 @@ void Session::Read(const std::string& path) {
   const std::int16_t result = model_.ReadMPSFile();
   StopIfInterrupted();
   StopIfUnanswered();
-  if (result == kComponentGood) return CopyLog();
+  if (may_be_cut_off()) Note(MissingEndText(path));
+  if (result == kComponentGood) return TakeLog();
   std::string text = path + " was not read";
   const bool passes_over =
       AnswerTo(platform::BoxKind::kReadProblem, arguments).answer == platform::MsgBoxResult::kYes;
@@ -66,17 +67,26 @@ void Session::Read(const std::string& path) {
   throw CommandError(kProblem, text);
 }
 
+void Session::ReadToWrite(const std::string& path) {
+  Read(path);
+  if (!may_be_cut_off() || arguments.allow_missing_endata) return;
+  throw CommandError(kProblem, "nothing was written; --allow-missing-endata goes on");
+}
+
+bool Session::may_be_cut_off() const {
+  return model_.store().settings().EndLineMissing && !answers_.file_failed;
+}
+
 std::int16_t Session::ReadPassingOver(const std::string& path) {
   answers_.file = path;
   const std::int16_t result = model_.ReadMPSFile();
   StopIfInterrupted();
   StopIfUnanswered();
-  CopyLog();
+  TakeLog();
   return result;
 }
 
 void Session::Simplify() {
-  log_.clear();
   try {
     model_.SimplifyMPSModel();
   } catch (const AutomationError& error) {
@@ -84,16 +94,22 @@ void Session::Simplify() {
   }
   StopIfInterrupted();
   StopIfUnanswered();
-  CopyLog();
+  TakeLog();
 }
 
-void Session::CopyLog() {
-  if (arguments.log.empty() || log_.empty() || IsSame(arguments.log, log_)) return;
+void Session::TakeLog() {
+  if (log_.empty()) return;
+  logs_ += std::exchange(log_, {});
+  if (arguments.log.empty())
+    return Note("the model was simplified; --log FILE lists what was done");
   try {
-    platform::CopyFileContents(log_, arguments.log);
+    platform::OutputFile file(arguments.log);
+    file.Write(logs_);
+    file.Close();
   } catch (const AutomationError& error) {
     throw CommandError(kProblem, arguments.log + ": " + error.description());
   }
+  Note("the simplifications are listed in " + arguments.log);
 }
 
 void Session::Write(const std::string& path) {
@@ -112,8 +128,10 @@ void Session::Write(const std::string& path) {
     for (const std::string& refusal : answers_.refusals) Note(prefix + refusal);
     throw CommandError(kProblem, path + " was not written");
   }
-  streams.out << OneLine(path) << ": " << SizeText(model_) << '\n';
+  streams.out << text::OneLine(path) << ": " << SizeText(model_) << '\n';
 }
+
+std::string MissingEndText(const std::string& path) { return (path + ": ").append(kMissingEnd); }
 
 std::string SizeText(const LPModel& model) {
   std::string text = Counted(model.NumberOfRows(), "row");

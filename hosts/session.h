@@ -25,15 +25,19 @@ class Session {
 
   // Reads the file as the options say. Raises a CommandError when it was not read or Ctrl-C came.
   void Read(const std::string& path);
+  // Reads what is to be written: a file that may be cut off raises a CommandError too, unless
+  // --allow-missing-endata is given.
+  void ReadToWrite(const std::string& path);
   // Reads it with every problem passed over but a failure of the file itself; -1 as ReadMPSFile
   // gives it when the model was read.
   std::int16_t ReadPassingOver(const std::string& path);
   // Simplifies the model. Raises what stops that, and a CommandError for Ctrl-C.
   void Simplify();
-  // Copies the log of the last simplification to where --log says.
-  void CopyLog();
   // Writes the model and says so. Raises a CommandError when it was not written.
   void Write(const std::string& path);
+
+  // The file that was read came to its end before an ENDATA line.
+  bool may_be_cut_off() const;
 
   // Raises a CommandError after a Ctrl-C.
   void StopIfInterrupted() const;
@@ -46,21 +50,19 @@ class Session {
   void Note(std::string_view text);
 
  private:
-  // Prints where a log is instead of opening it, and remembers that.
-  class HostDesktop : public platform::ConsoleDesktop {
-   public:
-    HostDesktop(Answers& answers, Session& session) : ConsoleDesktop(answers), session_(session) {}
-    bool OpenInEditor(const std::string& path) override;
-
-   private:
-    Session& session_;
-  };
+  // Writes what the last simplification did to where --log says, and says so.
+  void TakeLog();
 
   Answers answers_;
-  HostDesktop desktop_;
+  platform::ConsoleDesktop desktop_;
+  std::string log_;   // of the last simplification, in the place of a file beside the model
+  std::string logs_;  // of all of them
   LPModel model_;
-  std::string log_;  // of the last simplification that left one
 };
+
+// What the user is told about a file without ENDATA, and what is wrong with it.
+std::string MissingEndText(const std::string& path);
+inline constexpr std::string_view kMissingEnd = "no ENDATA line: the file may be cut off";
 
 // "28 rows, 32 columns, 88 elements".
 std::string SizeText(const LPModel& model);

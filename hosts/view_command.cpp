@@ -16,12 +16,13 @@ void ViewNew(platform::Desktop& desktop) {
   model.NewMPSModel();
 }
 
-void ViewFile(platform::Desktop& desktop, const std::string& path, bool edit) {
+void ViewFile(Session& session, platform::Desktop& desktop, const std::string& path, bool edit) {
   OpeningDesktop opening(desktop, path);
   LPModel model(opening);
   if (model.ReadMPSFile() != kComponentGood) {
     throw CommandError(kProblem, path + " was not read");
   }
+  if (model.store().settings().EndLineMissing) session.Note(MissingEndText(path));
   model.ViewEquations(edit);
 }
 
@@ -40,7 +41,7 @@ int RunView(Session& session) {
   if (arguments.operands.empty()) {
     ViewNew(*desktop);
   } else {
-    ViewFile(*desktop, arguments.operands.front(), arguments.edit);
+    ViewFile(session, *desktop, arguments.operands.front(), arguments.edit);
   }
   return kGood;
 }

@@ -6,14 +6,14 @@ namespace quarvel::hosts {
 
 int RunConvert(Session& session) {
   const auto& operands = session.arguments.operands;
-  session.Read(operands[0]);
+  session.ReadToWrite(operands[0]);
   session.Write(operands[1]);
   return kGood;
 }
 
 int RunSimplify(Session& session) {
   const auto& operands = session.arguments.operands;
-  session.Read(operands[0]);
+  session.ReadToWrite(operands[0]);
   session.Simplify();
   session.Write(operands[1]);
   return kGood;

@@ -208,12 +208,23 @@ TEST_F(EditTest, LeavesItsOwnFileAloneAtABadCommand) {
 }
 
 TEST_F(EditTest, FailsWithASimplificationThatFails) {
-  const std::string model = folder_.Write("a.log", kSmallModel);
-  const Outcome run = RunQuarvel({"edit", model, folder_.Path("b.mps"), "-c", "simplify"});
+  const Outcome run = Edit({"set-element R2 X 0", "simplify"});
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.err,
-            "quarvel: command 1 (simplify): the simplification failed: Path/File access error\n");
+            "quarvel: command 2 (simplify): the simplification failed: Division by zero\n");
   EXPECT_FALSE(folder_.Has("b.mps"));
+}
+
+TEST_F(EditTest, ListsWhatEachOfItsSimplificationsDid) {
+  const Outcome run =
+      RunQuarvel({"edit", folder_.Write("a.mps", kSmallModel), folder_.Path("b.mps"), "--log",
+                  folder_.Path("all.log"), "-c", "simplify", "-c", "simplify", "-c", "add-row R3 L",
+                  "-c", "simplify"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(folder_.Read("all.log"), folder_.Expand("Log file for simplification of @a.mps\r\n"
+                                                    "Converted row R2 into variable bound\r\n"
+                                                    "Log file for simplification of @a.mps\r\n"
+                                                    "Removed empty row:  L R3\r\n"));
 }
 
 TEST(SplitWords, KnowsBlanksAndQuotes) {

@@ -28,12 +28,14 @@ TEST(Info, PrintsJson) {
   const HostFolder folder;
   const Outcome run = RunQuarvel({"info", "--json", folder.Example("knapsack.mps")});
   EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(run.out,
-            folder.Expand("{\"name\":\"KNAPSACK\",\"description\":\"Six things to take along or "
-                          "leave, worth as much as possible within a weight limit.\\r\\nThe worth "
-                          "is negated, so that less is better; SLACK is the weight left over.\","
-                          "\"file\":\"@knapsack.mps\",\"rows\":2,\"columns\":7,\"elements\":13,"
-                          "\"bindingRows\":1,\"nonBindingRows\":1,\"integerColumns\":6}\n"));
+  EXPECT_EQ(
+      run.out,
+      folder.Expand(
+          "{\"name\":\"KNAPSACK\",\"description\":\"Six things to take along or "
+          "leave, worth as much as possible within a weight limit.\\r\\nThe worth "
+          "is negated, so that less is better; SLACK is the weight left over.\","
+          "\"file\":\"@knapsack.mps\",\"rows\":2,\"columns\":7,\"elements\":13,"
+          "\"bindingRows\":1,\"nonBindingRows\":1,\"integerColumns\":6,\"hasEndata\":true}\n"));
 }
 
 TEST(Info, EscapesTextInJson) {
@@ -143,7 +145,66 @@ TEST(Reading, SimplifiesWhenToldTo) {
   const Outcome run = RunQuarvel({"info", model, "--simplify"});
   EXPECT_EQ(run.status, 0);
   EXPECT_NE(run.out.find("1 row, 2 columns, 2 elements"), std::string::npos) << run.out;
-  EXPECT_EQ(run.err, folder.Expand("quarvel: the simplifications are listed in @a.log\n"));
+  EXPECT_EQ(run.err, "quarvel: the model was simplified; --log FILE lists what was done\n");
+  EXPECT_FALSE(folder.Has("a.log"));
+}
+
+TEST(Reading, TellsEachTimeOfAFileWithoutEndata) {
+  const HostFolder folder;
+  const std::string cut(kSmallModel.substr(0, kSmallModel.rfind("ENDATA")));
+  const std::string model = folder.Write("a.mps", cut);
+  const std::vector<std::vector<std::string>> cases = {
+      {"info", model},
+      {"rows", model},
+      {"columns", model},
+      {"row", model, "R1"},
+      {"column", model, "X"},
+      {"evaluate", model, "R1"},
+      {"rows", model, "--equations"},
+  };
+  for (std::vector<std::string> words : cases) {
+    for (const bool json : {false, true}) {
+      if (json) words.emplace_back("--json");
+      const Outcome run = RunQuarvel(words);
+      EXPECT_EQ(run.status, 0) << words[0];
+      EXPECT_EQ(run.err,
+                folder.Expand("quarvel: @a.mps: no ENDATA line: the file may be cut off\n"))
+          << words[0];
+      const bool is_array = run.out.starts_with('[');
+      const bool told = run.out.find("\"hasEndata\":false}\n") != std::string::npos;
+      EXPECT_EQ(told, json && !is_array) << run.out;
+    }
+  }
+}
+
+TEST(Reading, TellsOfAMissingEndataAlsoWhereTheFileIsNotRead) {
+  const HostFolder folder;
+  const Outcome run = RunQuarvel({"info", folder.Write("a.mps", "ROWS\n L R1\n")});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(run.err.starts_with(
+      folder.Expand("quarvel: @a.mps: Quarvel.dll error: no columns\n"
+                    "quarvel: @a.mps: no ENDATA line: the file may be cut off\n")))
+      << run.err;
+}
+
+TEST(Reading, OverwritesNoFileForALog) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", kSmallModel);
+  folder.Write("a.log", "precious");
+  const std::vector<std::vector<std::string>> cases = {
+      {"info", model, "--simplify"},
+      {"check", model, "--simplify"},
+      {"convert", model, folder.Path("b.mps"), "--simplify"},
+      {"simplify", model, folder.Path("b.mps")},
+      {"simplify", folder.Example("transport.mps"), folder.Path("b.mps")},
+      {"edit", model, folder.Path("b.mps"), "-c", "simplify"},
+  };
+  folder.Write("transport.log", "precious");
+  for (const auto& words : cases) {
+    EXPECT_EQ(RunQuarvel(words).status, 0) << words[0];
+    EXPECT_EQ(folder.Read("a.log"), "precious") << words[0];
+    EXPECT_EQ(folder.Read("transport.log"), "precious") << words[0];
+  }
 }
 
 }  // namespace

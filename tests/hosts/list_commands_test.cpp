@@ -93,10 +93,59 @@ TEST(Columns, WidenForLongNames) {
 
 TEST(Columns, CannotSteerTheTerminal) {
   const HostFolder folder;
-  const std::string model = folder.Write("a.mps", "ROWS\n L R1\nCOLUMNS\n \x1b[7m R1 1\nENDATA\n");
-  const std::string out = RunQuarvel({"columns", model}).out;
-  EXPECT_EQ(out.find('\x1b'), std::string::npos);
-  EXPECT_NE(out.find("    0  ?[7M"), std::string::npos) << out;
+  const std::string model =
+      folder.Write("a.mps", "ROWS\n L R1\nCOLUMNS\n \x1b[7m R1 1\n Y R1 1\nENDATA\n");
+  EXPECT_EQ(RunQuarvel({"columns", model}).out,
+            "Index  Name     Type            Lower            Upper  Elements\n"
+            "    0  \\x1B[7M  R                   0              inf         1\n"
+            "    1  Y        R                   0              inf         1\n");
+}
+
+// Names, texts and words of the user, through every door.
+TEST(Commands, CannotSteerTheTerminal) {
+  const HostFolder folder;
+  const std::string bad =
+      "\x1b]0;T\a\xC2\x9B"
+      "31M\xE2\x80\xAE";
+  const std::string model =
+      folder.Write("a.mps", "* " + bad + "\nNAME " + bad + "\nROWS\n L " + bad + "\nCOLUMNS\n " +
+                                bad + " " + bad + " 1\nENDATA\n");
+  const std::vector<std::vector<std::string>> cases = {
+      {"info", model},
+      {"rows", model},
+      {"rows", model, "--equations"},
+      {"columns", model},
+      {"row", model, bad},
+      {"column", model, bad},
+      {"row", model, bad + bad},
+      {"evaluate", model, bad, bad},
+      {"evaluate", model, bad, bad + "=" + bad},
+      {"check", folder.Write("b.mps", "ROWS\n L " + bad + "\n L " + bad + "\nCOLUMNS\n X " + bad +
+                                          " 0\nENDATA\n")},
+      {"info", folder.Path("b.mps"), "--on-error", "continue"},
+      {"info", folder.Path(bad)},
+      {"simplify", model, folder.Path("c.mps"), "--log", folder.Path(bad)},
+      {"edit", model, folder.Path("c.mps"), "-c", "add-row " + bad + " L"},
+      {"edit", model, folder.Path(bad + "c"), "-c", "set-name " + bad},
+      {"convert", model, folder.Path(bad + "/c")},
+      {bad},
+      {"--" + bad},
+      {"info", model, "--on-error", bad},
+  };
+  for (std::vector<std::string> words : cases) {
+    for (const bool json : {false, true}) {
+      if (json) words.emplace_back("--json");
+      const Outcome run = RunQuarvel(words);
+      for (const std::string& shown : {run.out, run.err}) {
+        EXPECT_EQ(shown.find('\x1b'), std::string::npos) << words[0];
+        EXPECT_EQ(shown.find('\a'), std::string::npos) << words[0];
+        EXPECT_EQ(shown.find("\xC2\x9B"), std::string::npos) << words[0];
+        EXPECT_EQ(shown.find("\xE2\x80\xAE"), std::string::npos) << words[0];
+      }
+      const bool shows = (run.out + run.err).find("]0;T") != std::string::npos;
+      EXPECT_TRUE(json || shows) << words[0];
+    }
+  }
 }
 
 TEST(Row, IsPrintedWithItsElements) {
@@ -125,7 +174,7 @@ TEST(Row, IsPrintedAsJson) {
             "{\"index\":0,\"name\":\"R1\",\"type\":\"N\",\"lowerBound\":-10000000000,"
             "\"upperBound\":10000000000,\"equation\":\" + 1*X - 3.5*Y  (non-binding/objective)\","
             "\"elements\":[{\"column\":\"X\",\"index\":0,\"value\":1},"
-            "{\"column\":\"Y\",\"index\":1,\"value\":-3.5}]}\n");
+            "{\"column\":\"Y\",\"index\":1,\"value\":-3.5}],\"hasEndata\":true}\n");
 }
 
 TEST(Column, IsPrintedWithItsElements) {
@@ -145,7 +194,7 @@ TEST(Column, IsPrintedAsJson) {
   EXPECT_EQ(RunQuarvel({"column", folder.Write("a.mps", kSmallModel), "X", "--json"}).out,
             "{\"index\":0,\"name\":\"X\",\"type\":\"R\",\"lowerBound\":0,\"upperBound\":10,"
             "\"elements\":[{\"row\":\"R1\",\"index\":0,\"value\":1},"
-            "{\"row\":\"R2\",\"index\":1,\"value\":2}]}\n");
+            "{\"row\":\"R2\",\"index\":1,\"value\":2}],\"hasEndata\":true}\n");
 }
 
 TEST(Names, AreFoundExactlyThenInUpperCaseThenAsNumbers) {

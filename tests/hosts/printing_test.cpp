@@ -9,15 +9,6 @@
 namespace quarvel::hosts {
 namespace {
 
-TEST(OneLine, KeepsTheTerminalFromBeingSteered) {
-  EXPECT_EQ(OneLine("a\r\nb\nc\rd"), "a b c d");
-  EXPECT_EQ(OneLine("\x1b[31m\x7f\t"), "?[31m??");
-  EXPECT_EQ(OneLine("\xC2\x9B"
-                    "31m \xC2\xA7"),
-            "?31m \xC2\xA7");
-  EXPECT_EQ(OneLine(std::string_view("a\0b", 3)), "a?b");
-}
-
 TEST(Columns, CountCharactersNotBytes) {
   std::string line;
   AppendLeft(line, "\xC3\x84", 3);
@@ -54,8 +45,22 @@ std::string Json(const Value& value) {
 
 TEST(Json, EscapesText) {
   EXPECT_EQ(Json(std::string_view("a\"b\\c\r\n\t\b\f\x01\x1f/")),
-            "\"a\\\"b\\\\c\\r\\n\\t\\b\\f\\u0001\\u001f/\"");
+            "\"a\\\"b\\\\c\\r\\n\\t\\b\\f\\u0001\\u001F/\"");
   EXPECT_EQ(Json(std::string_view("\xC3\x84")), "\"\xC3\x84\"");
+}
+
+TEST(Json, EscapesWhatATerminalWouldNotShow) {
+  EXPECT_EQ(Json(std::string_view("\x7f|\xC2\x80|\xC2\x9B|\xC2\xA0|\xD8\x9C")),
+            "\"\\u007F|\\u0080|\\u009B|\xC2\xA0|\\u061C\"");
+  EXPECT_EQ(Json(std::string_view("\xE2\x80\x8E\xE2\x80\xA8\xE2\x80\xAE\xE2\x81\xA9")),
+            "\"\\u200E\\u2028\\u202E\\u2069\"");
+  EXPECT_EQ(Json(std::string_view("\x9B")), "\"\xE2\x80\xBA\"") << "Windows-1252";
+  EXPECT_EQ(Json(std::string_view("\x81")), "\"\\u0081\"") << "undefined in Windows-1252";
+}
+
+TEST(Json, HasTruths) {
+  EXPECT_EQ(Json(true), "true");
+  EXPECT_EQ(Json(false), "false");
 }
 
 TEST(Json, IsUtf8WhateverTheTextIs) { EXPECT_EQ(Json(std::string_view("\xE4")), "\"\xC3\xA4\""); }
