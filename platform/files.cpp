@@ -9,6 +9,12 @@ namespace {
 
 constexpr std::size_t kBufferSize = std::size_t{128} * 1024;
 
+std::string NewBuffer() {
+  std::string buffer;
+  buffer.reserve(kBufferSize);
+  return buffer;
+}
+
 }  // namespace
 
 InputFile::InputFile(const std::string& path)
@@ -18,9 +24,10 @@ std::size_t InputFile::Read(char* buffer, std::size_t capacity) {
   return capacity == 0 ? 0 : file_.Read(buffer, capacity);
 }
 
-OutputFile::OutputFile(const std::string& path) : OutputFile(SystemFile::OpenForWriting(path)) {}
+OutputFile::OutputFile(const std::string& path)
+    : buffer_(NewBuffer()), file_(SystemFile::OpenForWriting(path)) {}
 
-OutputFile::OutputFile(SystemFile file) : file_(std::move(file)) { buffer_.reserve(kBufferSize); }
+OutputFile::OutputFile(SystemFile file) : buffer_(NewBuffer()), file_(std::move(file)) {}
 
 OutputFile::~OutputFile() {
   try {
@@ -36,6 +43,7 @@ OutputFile& OutputFile::operator=(OutputFile&& other) noexcept {
     const OutputFile old(std::move(*this));
     file_ = std::move(other.file_);
     buffer_ = std::move(other.buffer_);
+    written_ = other.written_;
     failure_ = std::move(other.failure_);
   }
   return *this;
@@ -60,6 +68,7 @@ void OutputFile::FlushBuffer() {
 
 void OutputFile::Write(std::string_view bytes) {
   Guard([this, bytes] {
+    written_ += bytes.size();
     if (buffer_.size() + bytes.size() > kBufferSize) FlushBuffer();
     if (bytes.size() >= kBufferSize) {
       file_.Write(bytes);
@@ -71,6 +80,13 @@ void OutputFile::Write(std::string_view bytes) {
 
 void OutputFile::Flush() {
   Guard([this] { FlushBuffer(); });
+}
+
+void OutputFile::FlushToDisk() {
+  Guard([this] {
+    FlushBuffer();
+    file_.FlushToDisk();
+  });
 }
 
 void OutputFile::Close() {
@@ -101,18 +117,41 @@ std::uint64_t FileLength(const std::string& path) {
 void CopyFileContents(const std::string& from, const std::string& to) {
   if (IsSameFile(from, to)) RaiseRunTimeError(RunTimeError::kPermissionDenied);
   // In this order, so that a missing source does not empty the target.
-  InputFile input(from);
+  SystemFile input = SystemFile::OpenForReading(from);
+  const std::uint64_t size = input.Size();
   OutputFile output(to);
-  std::vector<char> piece(kBufferSize);
-  // As many bytes as the file had when it was opened: a device that never ends would fill the disk.
-  for (std::uint64_t left = input.size(); left > 0;) {
-    const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(left, piece.size()));
-    const std::size_t count = input.Read(piece.data(), wanted);
-    if (count == 0) break;
-    output.Write({piece.data(), count});
-    left -= count;
-  }
+  CopyBytes(input, size, output);
   output.Close();
+}
+
+void CopyBytes(SystemFile& from, std::uint64_t size, OutputFile& to) {
+  std::vector<char> piece(kBufferSize);
+  while (size > 0) {
+    const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(size, piece.size()));
+    const std::size_t count = from.Read(piece.data(), wanted);
+    if (count == 0) RaiseRunTimeError(RunTimeError::kDeviceIoError);
+    to.Write({piece.data(), count});
+    size -= count;
+  }
+}
+
+std::string LastBytes(const std::string& path, std::uint64_t count) {
+  SystemFile file = SystemFile::OpenForReading(path);
+  return LastBytes(file, count);
+}
+
+std::string LastBytes(SystemFile& file, std::uint64_t count) {
+  const std::uint64_t size = file.Size();
+  std::string bytes(static_cast<std::size_t>(std::min(size, count)), '\0');
+  file.MoveTo(size - bytes.size());
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const std::size_t read = file.Read(bytes.data() + done, bytes.size() - done);
+    if (read == 0) break;
+    done += read;
+  }
+  bytes.resize(done);
+  return bytes;
 }
 
 }  // namespace quarvel::platform

@@ -48,8 +48,14 @@ class OutputFile {
   void Write(std::string_view bytes);
   // Hands everything written so far to the system.
   void Flush();
+  // The same, and has the system bring it to the disk.
+  void FlushToDisk();
   // Flushes and closes; raises when any byte could not be written. A second call does nothing.
   void Close();
+
+  // The number of bytes given to Write.
+  std::uint64_t written() const { return written_; }
+  SystemFile& system_file() { return file_; }
 
  private:
   // Runs `step`, after which a failure of it is known to all later calls.
@@ -57,8 +63,9 @@ class OutputFile {
   void Guard(Step step);
   void FlushBuffer();
 
+  std::string buffer_;  // allocated before the file is touched
   SystemFile file_;
-  std::string buffer_;
+  std::uint64_t written_ = 0;
   std::optional<AutomationError> failure_;
 };
 
@@ -68,6 +75,11 @@ bool FileExists(const std::string& path);
 std::uint64_t FileLength(const std::string& path);
 // Copies the contents, replacing `to`. A file copied to itself is 70, and stays as it is.
 void CopyFileContents(const std::string& from, const std::string& to);
+// Copies the next `size` bytes; raises 57 where `from` ends before.
+void CopyBytes(SystemFile& from, std::uint64_t size, OutputFile& to);
+// At most `count` bytes from the end of a file.
+std::string LastBytes(const std::string& path, std::uint64_t count);
+std::string LastBytes(SystemFile& file, std::uint64_t count);
 // Deletes a file; raises 53 when there is none.
 void RemoveFile(const std::string& path);
 // True when both names lead to one existing file (links and letter case of the system considered).

@@ -7,6 +7,14 @@
 
 namespace quarvel::platform {
 
+SystemFile::SystemFile(std::string path) : path_(std::move(path)) {}
+
+SystemFile SystemFile::Own(std::intptr_t handle) {
+  SystemFile file;
+  file.handle_ = handle;
+  return file;
+}
+
 SystemFile::~SystemFile() {
   try {
     Close();
@@ -16,10 +24,11 @@ SystemFile::~SystemFile() {
 }
 
 SystemFile::SystemFile(SystemFile&& other) noexcept
-    : handle_(std::exchange(other.handle_, kClosed)) {}
+    : path_(std::move(other.path_)), handle_(std::exchange(other.handle_, kClosed)) {}
 
 SystemFile& SystemFile::operator=(SystemFile&& other) noexcept {
   const SystemFile old(std::move(*this));
+  path_ = std::move(other.path_);
   handle_ = std::exchange(other.handle_, kClosed);
   return *this;
 }

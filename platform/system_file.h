@@ -1,5 +1,5 @@
-// The thin layer between files.cpp and the operating system: one open file, and the few questions
-// about names that only the system can answer. For files.cpp and log_file alone.
+// The thin layer between the files of this room and the operating system: one open file, and the
+// few questions about names that only the system can answer. For platform/ alone.
 #pragma once
 
 #include <cstddef>
@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "platform/file_traits.h"
 
 namespace quarvel::platform {
 
@@ -19,10 +21,21 @@ class SystemFile {
   SystemFile& operator=(SystemFile&& other) noexcept;
 
   static SystemFile OpenForReading(const std::string& path);
+  // The same where nobody writes in place meanwhile; else 70.
+  static SystemFile OpenUndisturbed(const std::string& path);
   // Creates the file or empties it.
   static SystemFile OpenForWriting(const std::string& path);
+  // For writing over what a file holds, which stays until then.
+  static SystemFile OpenExisting(const std::string& path);
+  // The same where nobody else does so meanwhile; else 70.
+  static SystemFile OpenInPlace(const std::string& path);
+  // A new file for reading and writing, which nobody else can write or take for abandoned while it
+  // is open. With `like`, no other user can read it before it gets those traits. Nothing when the
+  // name is taken, by whatever it be.
+  static std::optional<SystemFile> CreateNew(const std::string& path, const FileTraits* like);
+
   // Takes over an open file descriptor, or a Windows handle.
-  static SystemFile Own(std::intptr_t handle) { return SystemFile(handle); }
+  static SystemFile Own(std::intptr_t handle);
 
   bool IsOpen() const { return handle_ != kClosed; }
   // The size in bytes; 0 for what has none (a pipe).
@@ -31,13 +44,27 @@ class SystemFile {
   std::size_t Read(char* buffer, std::size_t capacity);
   // All of `bytes`, or an error.
   void Write(std::string_view bytes);
+  // The next byte read or written is this one.
+  void MoveTo(std::uint64_t position);
+  // Claims the room on the disk for so many bytes, where the system can; the contents stay.
+  void Reserve(std::uint64_t size);
+  void CutOff(std::uint64_t size);
+  // Has the contents on the disk. No error where the file system cannot do so.
+  void FlushToDisk();
   // Raises what the system found only now. The file is closed in any case.
   void Close();
 
+  FileTraits Traits() const;
+  // Gives the file those traits; false when not all of them can be given.
+  bool TakeTraits(const FileTraits& like);
+  // Deletes its name, while it is open, of a file that CreateNew made.
+  void RemoveName();
+
  private:
   static constexpr std::intptr_t kClosed = -1;
-  explicit SystemFile(std::intptr_t handle) : handle_(handle) {}
+  explicit SystemFile(std::string path);
 
+  std::string path_;  // under which it was opened
   // A file descriptor, or a Windows handle; both have -1 for none.
   std::intptr_t handle_ = kClosed;
 };

@@ -1,35 +1,21 @@
-// Files on POSIX systems that have 64 bits wide file offsets.
-#include <algorithm>
+// Names of files and folders on POSIX systems.
 #include <cerrno>
 #include <cstdlib>
 #include <string>
-#include <utility>
 
-#include <fcntl.h>
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "platform/automation_error.h"
 #include "platform/files.h"
+#include "platform/posix/posix_calls.h"
 #include "platform/system_file.h"
 
 namespace quarvel::platform {
 namespace {
 
-static_assert(sizeof(off_t) == 8);
-
 using enum RunTimeError;
-
-// The system takes no more in one call than a signed 32-bit count.
-constexpr std::size_t kLargestTransfer = std::size_t{1} << 30;
-
-template <typename Call>
-auto RetryInterrupted(Call call) {
-  auto result = call();
-  while (result == -1 && errno == EINTR) result = call();
-  return result;
-}
 
 bool IsFolder(const std::string& path) {
   const auto info = AskSystemAbout(path);
@@ -66,21 +52,6 @@ RunTimeError ErrorOf(int code, const std::string& path) {
   }
 }
 
-int Open(const std::string& path, int flags) {
-  CheckFileName(path);
-  constexpr mode_t kReadableByAll = 0666;
-  const int descriptor = RetryInterrupted(
-      [&] { return open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, kReadableByAll); });
-  if (descriptor == -1) RaiseSystemError(path);
-  return descriptor;
-}
-
-struct stat StatusOf(std::intptr_t handle) {
-  struct stat status = {};
-  if (fstat(static_cast<int>(handle), &status) == -1) RaiseSystemError({});
-  return status;
-}
-
 std::string HomeFolder() {
   if (const char* home = std::getenv("HOME"); home != nullptr && *home == '/') return home;
   const passwd* user = getpwuid(getuid());
@@ -103,67 +74,41 @@ void CreateFolders(const std::string& path) {
 
 void RaiseSystemError(const std::string& path) { RaiseRunTimeError(ErrorOf(errno, path)); }
 
+void SetSystemError(FileFault fault) {
+  switch (fault) {
+    case FileFault::kDiskFull:
+      errno = ENOSPC;
+      return;
+    case FileFault::kNotPermitted:
+      errno = EACCES;
+      return;
+    default:
+      errno = EIO;
+  }
+}
+
 std::optional<SystemFileInfo> AskSystemAbout(const std::string& path) {
   struct stat status = {};
-  if (path.find('\0') != std::string::npos || stat(path.c_str(), &status) == -1) {
-    return std::nullopt;
-  }
+  if (path.find('\0') != std::string::npos) return std::nullopt;
+  const auto ask = [&] { return stat(path.c_str(), &status); };
+  if (MakeCall(FileCall::kAsk, path, ask) == -1) return std::nullopt;
   const bool has_size = S_ISREG(status.st_mode);
   return SystemFileInfo{S_ISDIR(status.st_mode) != 0,
                         has_size ? static_cast<std::uint64_t>(status.st_size) : 0};
 }
 
-SystemFile SystemFile::OpenForReading(const std::string& path) {
-  SystemFile file(Open(path, O_RDONLY));
-  // The system opens a folder without a word and fails only when it is read.
-  if (S_ISDIR(StatusOf(file.handle_).st_mode)) RaiseRunTimeError(kPathFileAccessError);
-  return file;
-}
-
-SystemFile SystemFile::OpenForWriting(const std::string& path) {
-  return SystemFile(Open(path, O_WRONLY | O_CREAT | O_TRUNC));
-}
-
-std::uint64_t SystemFile::Size() const {
-  const struct stat status = StatusOf(handle_);
-  return S_ISREG(status.st_mode) ? static_cast<std::uint64_t>(status.st_size) : 0;
-}
-
-std::size_t SystemFile::Read(char* buffer, std::size_t capacity) {
-  const std::size_t wanted = std::min(capacity, kLargestTransfer);
-  const ssize_t count =
-      RetryInterrupted([&] { return read(static_cast<int>(handle_), buffer, wanted); });
-  if (count == -1) RaiseSystemError({});
-  return static_cast<std::size_t>(count);
-}
-
-void SystemFile::Write(std::string_view bytes) {
-  while (!bytes.empty()) {
-    const std::size_t wanted = std::min(bytes.size(), kLargestTransfer);
-    const ssize_t count =
-        RetryInterrupted([&] { return write(static_cast<int>(handle_), bytes.data(), wanted); });
-    if (count == -1) RaiseSystemError({});
-    bytes.remove_prefix(static_cast<std::size_t>(count));
-  }
-}
-
-void SystemFile::Close() {
-  if (!IsOpen()) return;
-  // Interrupted or not, the descriptor is gone afterwards, so this call is never repeated.
-  const int result = close(static_cast<int>(std::exchange(handle_, kClosed)));
-  if (result == -1 && errno != EINTR) RaiseSystemError({});
-}
-
 void RemoveFile(const std::string& path) {
   CheckFileName(path);
-  if (unlink(path.c_str()) == -1) RaiseSystemError(path);
+  const auto remove = [&] { return unlink(path.c_str()); };
+  if (MakeCall(FileCall::kRemove, path, remove) == -1) RaiseSystemError(path);
 }
 
 bool IsSameFile(const std::string& a, const std::string& b) {
   struct stat first = {};
   struct stat second = {};
   if (a.find('\0') != std::string::npos || b.find('\0') != std::string::npos) return false;
-  if (stat(a.c_str(), &first) == -1 || stat(b.c_str(), &second) == -1) return false;
+  if (MakeCall(FileCall::kAsk, a, [&] { return stat(a.c_str(), &first); }) == -1) return false;
+  if (MakeCall(FileCall::kAsk, b, [&] { return stat(b.c_str(), &second); }) == -1) return false;
   return first.st_dev == second.st_dev && first.st_ino == second.st_ino;
 }
 

@@ -39,6 +39,14 @@ std::optional<std::string> FolderOfEnvironment(const char* variable) {
   return path;
 }
 
+fs::path FolderAt(TemporaryFolder::Place place) {
+  const fs::path memory = "/dev/shm";
+  std::error_code ignored;
+  const bool in_memory =
+      place == TemporaryFolder::Place::kInMemory && fs::is_directory(memory, ignored);
+  return in_memory ? memory : fs::temp_directory_path();
+}
+
 }  // namespace
 
 std::string SourceFolder() {
@@ -73,14 +81,14 @@ void WriteWholeFile(const std::string& path, std::string_view bytes) {
   if (!file) throw std::runtime_error("cannot write " + path);
 }
 
-TemporaryFolder::TemporaryFolder() {
+TemporaryFolder::TemporaryFolder(Place place) {
   static std::atomic<unsigned> count = 0;
   // The clock tells test programs apart that run at the same time; creating the folder decides.
   for (;;) {
     const auto now = std::chrono::system_clock::now().time_since_epoch().count();
     const std::string name =
         "quarvel t\u00e9st " + std::to_string(now) + "-" + std::to_string(++count);
-    const fs::path folder = fs::temp_directory_path() / ToPath(name);
+    const fs::path folder = FolderAt(place) / ToPath(name);
     if (!fs::create_directory(folder)) continue;
     path_ = ToText(folder);
     return;

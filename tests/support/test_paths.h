@@ -34,7 +34,9 @@ void WriteWholeFile(const std::string& path, std::string_view bytes);
 // and a letter beyond ASCII, as a user's folder may.
 class TemporaryFolder {
  public:
-  TemporaryFolder();
+  // In memory where the system has such a folder: for tests that flush thousands of files.
+  enum class Place { kUsual, kInMemory };
+  explicit TemporaryFolder(Place place = Place::kUsual);
   ~TemporaryFolder();
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;

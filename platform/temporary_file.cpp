@@ -1,0 +1,115 @@
+#include "platform/temporary_file.h"
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+#include "platform/automation_error.h"
+#include "platform/system_file.h"
+#include "platform/system_names.h"
+
+namespace quarvel::platform {
+namespace {
+
+// So many saves of one file at a time, and what else stands in the way.
+constexpr int kMostSlots = 1000;
+// With what stands around it, shorter than any file system's limit.
+constexpr std::size_t kLongestName = 100;
+// Another process may clear the same name at the same time.
+constexpr int kMostTries = 5;
+
+// Cut where a character begins.
+std::string Shortened(std::string name) {
+  if (name.size() <= kLongestName) return name;
+  std::size_t end = kLongestName;
+  while ((static_cast<unsigned char>(name[end]) & 0xC0U) == 0x80U) --end;
+  name.resize(end);
+  return name;
+}
+
+// Temporary names without their number.
+std::string Stem(const std::string& beside, const std::string& named_after) {
+  const std::string name = Shortened(named_after.substr(NameStart(named_after)));
+  return beside.substr(0, NameStart(beside)) + "." + name + ".quarvel-";
+}
+
+std::string Slot(const std::string& stem, int number) {
+  return stem + std::to_string(number) + "~";
+}
+
+// Creates the file, after deleting an abandoned one. Nothing when the name is not to be had.
+std::optional<SystemFile> TakeSlot(const std::string& slot, const FileTraits* like) {
+  for (int tries = 0; tries < kMostTries; ++tries) {
+    if (auto file = SystemFile::CreateNew(slot, like)) return file;
+    if (RemoveAbandoned(slot) == Abandoned::kStays) return std::nullopt;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+TemporaryFile::TemporaryFile(const std::string& beside, const std::string& named_after,
+                             const FileTraits* like) {
+  const std::string stem = Stem(beside, named_after);
+  int number = 0;
+  for (; number < kMostSlots && !output_; ++number) {
+    path_ = Slot(stem, number);
+    if (auto file = TakeSlot(path_, like)) output_.emplace(std::move(*file));
+  }
+  if (!output_) RaiseRunTimeError(RunTimeError::kFileAlreadyExists);
+  while (number < kMostSlots && RemoveAbandoned(Slot(stem, number)) != Abandoned::kNone) ++number;
+}
+
+TemporaryFile::~TemporaryFile() {
+  if (is_renamed_ || is_kept_) return;
+  try {
+    output_->system_file().RemoveName();
+  } catch (const std::exception&) {
+    // The next file made for the same name deletes it.
+  }
+}
+
+bool TemporaryFile::TakeTraits(const FileTraits& like) {
+  return output_->system_file().TakeTraits(like);
+}
+
+void TemporaryFile::Complete() {
+  output_->FlushToDisk();
+  if (output_->system_file().Size() != output_->written()) {
+    RaiseRunTimeError(RunTimeError::kDeviceIoError);
+  }
+}
+
+std::string TemporaryFile::LastBytes(std::uint64_t count) {
+  return platform::LastBytes(output_->system_file(), count);
+}
+
+bool TemporaryFile::TakeName(const std::string& name) {
+  if (!RenameOver(path_, name)) return false;
+  Renamed(name);
+  return true;
+}
+
+bool TemporaryFile::TakeFreeName(const std::string& name) {
+  if (!RenameToFree(path_, name)) return false;
+  Renamed(name);
+  return true;
+}
+
+void TemporaryFile::Renamed(const std::string& name) {
+  is_renamed_ = true;
+  FlushFolderOf(name);
+  output_->Close();
+}
+
+std::unique_ptr<TemporaryFile> CopyBeside(const std::string& file, const std::string& name) {
+  SystemFile input = SystemFile::OpenUndisturbed(file);
+  const FileTraits traits = input.Traits();
+  auto copy = std::make_unique<TemporaryFile>(name, file, &traits);
+  CopyBytes(input, input.Size(), copy->output());
+  static_cast<void>(copy->TakeTraits(traits));
+  copy->Complete();
+  return copy;
+}
+
+}  // namespace quarvel::platform

@@ -1,0 +1,62 @@
+// A new file under a temporary name, which takes another name once it is complete. Whatever happens
+// before, also the end of the process, nothing but this file is left incomplete.
+//
+// Temporary names stand beside the name to be taken: ".model.mps.quarvel-0~" for "model.mps", the
+// number being the first whose name is free. A name is never written to or followed when something
+// stands there already. A process that ends leaves its file; the next file that is made for the
+// same name deletes it first, while the file of a process that still runs stays.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/file_traits.h"
+#include "platform/files.h"
+
+namespace quarvel::platform {
+
+class TemporaryFile {
+ public:
+  // Stands in the folder of `beside` and is named after the file name of `named_after`. With
+  // `like`, nobody else can read it before it has those traits.
+  TemporaryFile(const std::string& beside, const std::string& named_after, const FileTraits* like);
+  // Deletes the file unless it was renamed or kept. Silent.
+  ~TemporaryFile();
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+  const std::string& path() const { return path_; }
+  OutputFile& output() { return *output_; }
+
+  // False when not all of the traits can be given to it.
+  bool TakeTraits(const FileTraits& like);
+  // Brings the file to the disk; raises unless every byte arrived.
+  void Complete();
+  // At most `count` bytes from the end of a complete file.
+  std::string LastBytes(std::uint64_t count);
+
+  // Takes the name in place of what has it, and has the disk know it. False when the system does
+  // not let this name be taken so: the file is still here.
+  bool TakeName(const std::string& name);
+  // False when something has that name.
+  bool TakeFreeName(const std::string& name);
+  bool is_renamed() const { return is_renamed_; }
+  // The file stays under its temporary name.
+  void Keep() { is_kept_ = true; }
+
+ private:
+  void Renamed(const std::string& name);
+
+  std::string path_;
+  std::optional<OutputFile> output_;
+  bool is_renamed_ = false;
+  bool is_kept_ = false;
+};
+
+// A complete copy of the file, beside `name`. As readable as the file, or by this user alone where
+// not all of its traits can be kept. Raises 70 where somebody is writing the file in place.
+std::unique_ptr<TemporaryFile> CopyBeside(const std::string& file, const std::string& name);
+
+}  // namespace quarvel::platform

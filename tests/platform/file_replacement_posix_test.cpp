@@ -1,0 +1,218 @@
+// What replacing a file keeps on a POSIX system, and what it does not follow.
+#ifndef _WIN32
+
+#include <filesystem>
+#include <set>
+#include <string>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include "platform/file_replacement.h"
+#include "platform/system_file.h"
+#include "platform/temporary_file.h"
+#include "tests/support/file_faults.h"
+#include "tests/support/form_fixture.h"
+#include "tests/support/test_paths.h"
+
+namespace quarvel::platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct stat StatusUnder(const std::string& path) {
+  struct stat status = {};
+  EXPECT_EQ(lstat(path.c_str(), &status), 0) << path;
+  return status;
+}
+
+unsigned ModeUnder(const std::string& path) { return StatusUnder(path).st_mode & 07777U; }
+
+std::size_t CountNames(const TemporaryFolder& folder) {
+  return static_cast<std::size_t>(
+      std::distance(fs::directory_iterator(folder.path()), fs::directory_iterator()));
+}
+
+void Rewrite(const std::string& path) {
+  FileReplacement replacement(path);
+  replacement.output().Write("new");
+  replacement.Commit();
+}
+
+TEST(FileReplacementPosix, KeepsModeOwnerAndAttributes) {
+  const TemporaryFolder folder;
+  const std::string path = folder.File("model.mps");
+  for (const unsigned mode : {0600U, 0640U, 0664U, 0755U, 02775U}) {
+    WriteWholeFile(path, "old");
+    if (geteuid() == 0) {
+      ASSERT_EQ(chown(path.c_str(), 1234, 4321), 0);
+    }
+    ASSERT_EQ(chmod(path.c_str(), mode), 0);
+    const bool has_attributes = setxattr(path.c_str(), "user.note", "kept", 4, 0) == 0;
+    const struct stat before = StatusUnder(path);
+    Rewrite(path);
+    const struct stat after = StatusUnder(path);
+    EXPECT_NE(after.st_ino, before.st_ino);
+    EXPECT_EQ(after.st_mode, before.st_mode);
+    EXPECT_EQ(after.st_uid, before.st_uid);
+    EXPECT_EQ(after.st_gid, before.st_gid);
+    char value[8] = {};
+    const ssize_t size = getxattr(path.c_str(), "user.note", value, sizeof value);
+    EXPECT_EQ(std::string(value), has_attributes ? "kept" : "");
+    EXPECT_EQ(size > 0, has_attributes);
+  }
+}
+
+TEST(FileReplacementPosix, GivesANewFileTheModeThatTheUserWants) {
+  const TemporaryFolder folder;
+  const mode_t before = umask(027);
+  Rewrite(folder.File("model.mps"));
+  umask(before);
+  EXPECT_EQ(ModeUnder(folder.File("model.mps")), 0640U);
+}
+
+TEST(FileReplacementPosix, LetsNobodyElseReadTheTemporaryFileOfAnExistingOne) {
+  const TemporaryFolder folder;
+  WriteWholeFile(folder.File("model.mps"), "old");
+  ASSERT_EQ(chmod(folder.File("model.mps").c_str(), 0666), 0);
+  const FileReplacement replacement(folder.File("model.mps"));
+  EXPECT_EQ(ModeUnder(folder.File(".model.mps.quarvel-0~")), 0600U);
+}
+
+TEST(FileReplacementPosix, ReplacesWhatAChainOfLinksLeadsTo) {
+  const TemporaryFolder folder;
+  fs::create_directory(folder.File("sub"));
+  WriteWholeFile(folder.File("sub/real.mps"), "old");
+  fs::create_symlink("sub/second", folder.File("first"));
+  fs::create_symlink("real.mps", folder.File("sub/second"));
+  Rewrite(folder.File("first"));
+  EXPECT_TRUE(fs::is_symlink(folder.File("first")));
+  EXPECT_TRUE(fs::is_symlink(folder.File("sub/second")));
+  EXPECT_FALSE(fs::is_symlink(folder.File("sub/real.mps")));
+  EXPECT_EQ(ReadWholeFile(folder.File("sub/real.mps")), "new");
+}
+
+TEST(FileReplacementPosix, MakesWhatALinkLeadsTo) {
+  const TemporaryFolder folder;
+  fs::create_symlink(folder.File("real.mps"), folder.File("link"));
+  Rewrite(folder.File("link"));
+  EXPECT_TRUE(fs::is_symlink(folder.File("link")));
+  EXPECT_EQ(ReadWholeFile(folder.File("real.mps")), "new");
+}
+
+TEST(FileReplacementPosix, RefusesLinksInACircleAndNamesOfFolders) {
+  const TemporaryFolder folder;
+  fs::create_symlink(folder.File("loop"), folder.File("loop"));
+  EXPECT_EQ(FailureOf([&] { Rewrite(folder.File("loop")); }), 75);
+  EXPECT_EQ(FailureOf([&] { Rewrite(folder.File("new/")); }), 75);
+  EXPECT_EQ(FailureOf([&] { Rewrite(folder.File(std::string(300, 'x'))); }), 75);
+  EXPECT_EQ(CountNames(folder), 1u);
+}
+
+TEST(FileReplacementPosix, WritesADeviceItself) {
+  Rewrite("/dev/null");
+  EXPECT_TRUE(S_ISCHR(StatusUnder("/dev/null").st_mode));
+  EXPECT_EQ(FailureOf([] { Rewrite("/dev/full"); }), 61);
+}
+
+TEST(FileReplacementPosix, FollowsNoPlantedNames) {
+  const TemporaryFolder folder;
+  WriteWholeFile(folder.File("victim"), "the user's");
+  WriteWholeFile(folder.File("other"), "the user's");
+  fs::create_symlink(folder.File("victim"), folder.File(".model.mps.quarvel-0~"));
+  fs::create_symlink(folder.File("nowhere"), folder.File(".model.mps.quarvel-1~"));
+  fs::create_hard_link(folder.File("other"), folder.File(".model.mps.quarvel-2~"));
+  ASSERT_EQ(mkfifo(folder.File(".model.mps.quarvel-3~").c_str(), 0600), 0);
+  WriteWholeFile(folder.File("model.mps"), "old");
+  Rewrite(folder.File("model.mps"));
+  EXPECT_EQ(ReadWholeFile(folder.File("model.mps")), "new");
+  EXPECT_EQ(ReadWholeFile(folder.File("victim")), "the user's");
+  EXPECT_EQ(ReadWholeFile(folder.File("other")), "the user's");
+  EXPECT_FALSE(fs::exists(folder.File("nowhere")));
+  EXPECT_EQ(CountNames(folder), 7u);
+}
+
+TEST(FileReplacementPosix, ClearsNothingThatAnotherUserMade) {
+  if (geteuid() != 0) GTEST_SKIP() << "needs two users";
+  const TemporaryFolder folder;
+  fs::permissions(folder.path(), fs::perms::all);
+  WriteWholeFile(folder.File(".model.mps.quarvel-0~"), "another's");
+  ASSERT_EQ(chmod(folder.File(".model.mps.quarvel-0~").c_str(), 0666), 0);
+  constexpr uid_t kNobody = 65534;
+  ASSERT_EQ(seteuid(kNobody), 0);
+  const int failure = FailureOf([&] { Rewrite(folder.File("model.mps")); });
+  ASSERT_EQ(seteuid(0), 0);
+  EXPECT_EQ(failure, 0);
+  EXPECT_EQ(ReadWholeFile(folder.File(".model.mps.quarvel-0~")), "another's");
+}
+
+TEST(FileReplacementPosix, WritesInPlaceWhatAnotherUserOwns) {
+  if (geteuid() != 0) GTEST_SKIP() << "needs two users";
+  const TemporaryFolder folder;
+  const std::string path = folder.File("model.mps");
+  fs::permissions(folder.path(), fs::perms::all);
+  WriteWholeFile(path, "a longer old text");
+  ASSERT_EQ(chmod(path.c_str(), 0666), 0);
+  const struct stat before = StatusUnder(path);
+  constexpr uid_t kNobody = 65534;
+  ASSERT_EQ(seteuid(kNobody), 0);
+  const int failure = FailureOf([&] { Rewrite(path); });
+  ASSERT_EQ(seteuid(0), 0);
+  EXPECT_EQ(failure, 0);
+  EXPECT_EQ(StatusUnder(path).st_ino, before.st_ino);
+  EXPECT_EQ(StatusUnder(path).st_uid, before.st_uid);
+  EXPECT_EQ(ReadWholeFile(path), "new");
+  EXPECT_EQ(CountNames(folder), 1u);
+}
+
+TEST(FileReplacementPosix, WritesInPlaceWhereTheFolderTakesNoFile) {
+  if (geteuid() != 0) GTEST_SKIP() << "needs two users";
+  const TemporaryFolder folder;
+  const std::string path = folder.File("model.mps");
+  WriteWholeFile(path, "a longer old text");
+  ASSERT_EQ(chmod(path.c_str(), 0666), 0);
+  fs::permissions(folder.path(), fs::perms(0755));
+  constexpr uid_t kNobody = 65534;
+  ASSERT_EQ(seteuid(kNobody), 0);
+  const int failure = FailureOf([&] { Rewrite(path); });
+  const int failure_of_new = FailureOf([&] { Rewrite(folder.File("new.mps")); });
+  ASSERT_EQ(seteuid(0), 0);
+  EXPECT_EQ(failure, 0);
+  EXPECT_EQ(failure_of_new, 70);
+  EXPECT_EQ(ReadWholeFile(path), "new");
+}
+
+TEST(FileReplacementPosix, WritesInPlaceAloneOrNotAtAll) {
+  const TemporaryFolder folder;
+  const std::string path = folder.File("model.mps");
+  WriteWholeFile(path, "old");
+  fs::create_hard_link(path, folder.File("second"));
+  const int other = open(path.c_str(), O_RDWR | O_CLOEXEC);
+  ASSERT_EQ(flock(other, LOCK_EX), 0);
+  EXPECT_EQ(FailureOf([&] { Rewrite(path); }), 70);
+  EXPECT_EQ(FailureOf([&] { CopyBeside(path, folder.File("model.bkp")); }), 70);
+  close(other);
+  EXPECT_EQ(ReadWholeFile(path), "old");
+  EXPECT_EQ(CountNames(folder), 2u);
+  EXPECT_EQ(FailureOf([&] { Rewrite(path); }), 0);
+}
+
+TEST(CopyBesidePosix, IsNoMoreReadableThanTheFile) {
+  const TemporaryFolder folder;
+  WriteWholeFile(folder.File("model.mps"), "text");
+  for (const unsigned mode : {0600U, 0644U, 0440U}) {
+    ASSERT_EQ(chmod(folder.File("model.mps").c_str(), mode), 0);
+    const auto copy = CopyBeside(folder.File("model.mps"), folder.File("model.bkp"));
+    EXPECT_EQ(ModeUnder(copy->path()), mode);
+    EXPECT_EQ(ReadWholeFile(copy->path()), "text");
+  }
+}
+
+}  // namespace
+}  // namespace quarvel::platform
+
+#endif
