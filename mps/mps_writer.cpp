@@ -16,6 +16,8 @@ constexpr std::size_t kNameWidth = 10;
 constexpr std::size_t kValueWidth = 12;
 constexpr std::size_t kHandOverSize = std::size_t{1} << 18;
 constexpr std::int32_t kRowsPrefetchedAhead = 8;
+// The largest number has 309 digits before its point.
+constexpr std::size_t kLongestValue = 400;
 
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kGap = "  ";  // around what left the fixed columns
@@ -91,12 +93,14 @@ MpsWriter::NameField::NameField(std::string_view text, std::size_t characters)
       fits(characters <= kLongestFixedName),
       blanks(fits ? kNameWidth - characters : 0) {}
 
-MpsWriter::MpsWriter(const model::ModelData& data, platform::OutputFile& file)
-    : data_(data), file_(file) {
+MpsWriter::MpsWriter(const model::ModelData& data) : data_(data) {
   lines_.reserve(kHandOverSize + kHandOverSize / 4);
+  value_.reserve(kLongestValue);
+  BuildRowLabels();
 }
 
-void MpsWriter::Write() {
+void MpsWriter::Write(platform::OutputFile& file) {
+  file_ = &file;
   if (!data_.ModelName.empty()) WriteName();
   if (!data_.ModelDescription.empty()) WriteDescription();
   if (data_.NumberOfRows >= 1) WriteRows();
@@ -133,7 +137,6 @@ void MpsWriter::WriteRows() {
 
 void MpsWriter::WriteColumns() {
   WriteLine(kColumns);
-  BuildRowLabels();
   std::int32_t integers = 0;
   for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) {
     const model::ColumnRecord& column = data_.Columns[j];
@@ -358,7 +361,7 @@ void MpsWriter::EndLine() {
 }
 
 void MpsWriter::HandOver() {
-  file_.Write(lines_);
+  file_->Write(lines_);
   lines_.clear();
 }
 

@@ -47,12 +47,13 @@ class MpsWriter {
   // Names of more characters do not fit the fixed columns.
   static constexpr std::size_t kLongestFixedName = 8;
 
-  // Both must outlive the writer; the data must be settled and stay as it is.
-  MpsWriter(const model::ModelData& data, platform::OutputFile& file);
+  // The data must outlive the writer, be settled and stay as it is. What memory writing needs is
+  // taken here, but for lines of a length beyond reason.
+  explicit MpsWriter(const model::ModelData& data);
 
   // Writes everything; closing the file is left to its owner. Raises when the file cannot take it,
   // and 9 for a coefficient at a row that is not stored.
-  void Write();
+  void Write(platform::OutputFile& file);
 
   // False when a name, a value or a kind of record does not belong in a standard file.
   bool standard() const { return standard_; }
@@ -106,7 +107,7 @@ class MpsWriter {
   void HandOver();
 
   const model::ModelData& data_;
-  platform::OutputFile& file_;
+  platform::OutputFile* file_ = nullptr;
   model::OneBased<RowLabel> row_labels_;
   std::string lines_;  // not yet handed to the file
   std::string value_;

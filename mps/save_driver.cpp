@@ -6,88 +6,134 @@
 #include <string_view>
 #include <utility>
 
+#include "mps/backup.h"
 #include "mps/frm_mps_file_open.h"
 #include "mps/mps_writer.h"
 #include "platform/automation_error.h"
 #include "platform/box.h"
 #include "platform/desktop.h"
 #include "platform/file_dialog.h"
+#include "platform/file_replacement.h"
 #include "platform/files.h"
+#include "platform/system_names.h"
 
 namespace quarvel::mps {
 namespace {
+
+using Contents = platform::FileReplacement::Contents;
 
 constexpr std::string_view kNoElements = "No elements in the model.  Aborting save.";
 constexpr std::string_view kNotStandard =
     "The file written is not a standard MPS file, since at least one of the row or column names or "
     "element values was too long";
 
-// The last extension becomes "bkp"; a point in a folder's name is taken as well.
-std::string BackupName(const std::string& path) {
-  const std::size_t point = path.rfind('.');
-  return (point == std::string::npos ? path : path.substr(0, point + 1)) + "bkp";
+// What the box of a failure adds where it is so, each on a line of its own; those about another file
+// end with its name.
+constexpr std::string_view kNotRestored = "\r\nWhat the file held before could not be restored.";
+constexpr std::string_view kSavedByOthers =
+    "\r\nThe file has been saved by another program meanwhile and is left as it is.";
+constexpr std::string_view kIncomplete = "\r\nThe file is incomplete.";
+constexpr std::string_view kOldContents = "\r\nWhat it held before is in ";
+constexpr std::string_view kNewContents = "\r\nWhat it was to hold is in ";
+constexpr std::string_view kOlderBackup = "\r\nAn older backup is kept as ";
+
+void RemoveSilently(const std::string& path) {
+  try {
+    platform::RemoveFile(path);
+  } catch (const AutomationError&) {
+    // It does no harm: the next save of that file removes it.
+  }
 }
 
-// A copy of the model's own file, kept beside it while that file is overwritten.
-class Backup {
+// One save, and what becomes of it when it fails.
+class SaveJob {
  public:
-  explicit Backup(std::string path) : path_(std::move(path)), name_(BackupName(path_)) {}
+  SaveJob(model::ModelStore& store, platform::Desktop& desktop, const std::string& path)
+      : store_(store), desktop_(desktop), path_(path) {}
 
-  // Makes no copy where the backup would be the very file that it is to protect.
-  void Make() {
-    if (name_ == path_ || platform::IsSameFile(name_, path_)) return;
-    if (platform::FileExists(name_)) platform::RemoveFile(name_);
-    platform::CopyFileContents(path_, name_);
-    complete_ = true;
-  }
-
-  void Delete() {
-    if (complete_ && platform::FileExists(name_)) platform::RemoveFile(name_);
-  }
-
-  // Only a whole copy is put back; the backup stays. A failure here is not reported: what the user
-  // must hear of is the failure that led here.
-  void Restore() noexcept {
-    if (!complete_) return;
-    try {
-      platform::CopyFileContents(name_, path_);
-    } catch (...) {
-    }
-  }
+  void Run();
+  // After a failure: puts the file back to what it was where the order of steps asks for it, and
+  // says what went wrong.
+  void Fail(const AutomationError& failure);
 
  private:
+  std::optional<bool> WriteFile(std::optional<MpsWriter> writer);
+  void Restore();
+  bool RestoreOwnFile();
+  void AddNote(std::string_view note, const std::string& name);
+
+  model::ModelStore& store_;
+  platform::Desktop& desktop_;
   std::string path_;
-  std::string name_;
-  bool complete_ = false;
+  std::optional<Backup> backup_;
+  std::optional<platform::FileReplacement> replacement_;
+  std::optional<platform::FileStamp> written_;
+  std::string notes_;  // for who hears of the failure
 };
 
-// Writes and closes the file; nothing when the model has no elements (the file is empty then), else
-// whether it is a standard one.
-std::optional<bool> WriteFile(const model::ModelData& data, const std::string& path) {
-  platform::OutputFile file(path);
-  std::optional<bool> standard;
-  if (data.NumberOfElements != 0) {
-    MpsWriter writer(data, file);
-    writer.Write();
-    standard = writer.standard();
-  }
-  file.Flush();
-  file.Close();
-  return standard;
-}
-
-void Save(model::ModelStore& store, platform::Desktop& desktop, const std::string& path,
-          std::optional<Backup>& backup) {
-  const model::ModelData& data = store.data();
-  if (path == data.FileLocation) backup.emplace(path).Make();
-  const std::optional<bool> standard = WriteFile(data, path);
+void SaveJob::Run() {
+  const model::ModelData& data = store_.data();
+  // Its memory is taken before any file is touched.
+  std::optional<MpsWriter> writer;
+  if (data.NumberOfElements != 0) writer.emplace(data);
+  if (path_ == data.FileLocation) backup_.emplace(path_).Make();
+  const std::optional<bool> standard = WriteFile(std::move(writer));
   if (!standard) {
-    desktop.MsgBox(platform::Refusal(kNoElements));
+    desktop_.MsgBox(platform::Refusal(kNoElements));
     return;
   }
-  if (!*standard) desktop.MsgBox(platform::Note(kNotStandard));
-  if (backup) backup->Delete();
-  store.settings().FileLocation = path;
+  if (!*standard) desktop_.MsgBox(platform::Note(kNotStandard));
+  if (backup_) backup_->Delete();
+  store_.settings().FileLocation = std::move(path_);
+}
+
+// Nothing when the model has no elements (the file is empty then), else whether it is a standard
+// one.
+std::optional<bool> SaveJob::WriteFile(std::optional<MpsWriter> writer) {
+  replacement_.emplace(path_);
+  if (writer) writer->Write(replacement_->output());
+  replacement_->Commit();
+  written_ = platform::StampUnder(replacement_->target());
+  return writer ? std::optional(writer->standard()) : std::nullopt;
+}
+
+void SaveJob::Fail(const AutomationError& failure) {
+  try {
+    Restore();
+  } catch (const std::bad_alloc&) {
+    // The failure itself is told all the same.
+  }
+  platform::Box box = platform::Failure(failure);
+  box.statement += notes_;
+  desktop_.MsgBox(box);
+}
+
+void SaveJob::Restore() {
+  if (replacement_ && replacement_->contents() != Contents::kOld) {
+    const bool is_restored = backup_ && RestoreOwnFile();
+    const std::string kept = replacement_->kept();
+    if (!is_restored) {
+      if (replacement_->contents() == Contents::kIncomplete) notes_ += kIncomplete;
+      if (!kept.empty()) AddNote(kNewContents, kept);
+    } else if (!kept.empty()) {
+      replacement_.reset();
+      RemoveSilently(kept);
+    }
+  }
+  if (backup_ && !backup_->kept().empty()) AddNote(kOlderBackup, backup_->kept());
+}
+
+bool SaveJob::RestoreOwnFile() {
+  const bool is_others = written_ && platform::StampUnder(replacement_->target()) != written_;
+  if (!is_others && backup_->Restore()) return true;
+  notes_ += is_others ? kSavedByOthers : kNotRestored;
+  if (backup_->IsThere()) AddNote(kOldContents, backup_->name());
+  return false;
+}
+
+void SaveJob::AddNote(std::string_view note, const std::string& name) {
+  notes_ += note;
+  notes_ += name;
 }
 
 }  // namespace
@@ -95,18 +141,17 @@ void Save(model::ModelStore& store, platform::Desktop& desktop, const std::strin
 SaveResult SaveModel(model::ModelStore& store, platform::Desktop& desktop,
                      const std::string& path) {
   if (path.empty()) return SaveResult::kNotSaved;
-  std::optional<Backup> backup;
+  SaveJob job(store, desktop, path);
   std::optional<AutomationError> failure;
   try {
-    Save(store, desktop, path, backup);
+    job.Run();
   } catch (const AutomationError& error) {
     failure = error;
   } catch (const std::bad_alloc&) {
     failure = CurrentError();
   }
   if (!failure) return SaveResult::kSaved;
-  if (backup) backup->Restore();
-  desktop.MsgBox(platform::Failure(*failure));
+  job.Fail(*failure);
   return SaveResult::kNotSaved;
 }
 

@@ -208,11 +208,20 @@ TEST_F(Saving, AppendsToAPathWithoutAPointForTheBackup) {
   EXPECT_EQ(ReadWholeFile("modelbkp"), kOldText);
 }
 
-TEST_F(Saving, MakesNoBackupWhereItWouldBeTheFileItself) {
+TEST_F(Saving, BacksAFileOfABackupsNameUpUnderANumber) {
   OwnFile(backup);
+  WriteWholeFile(backup + ".1", "the user's");
+  build.Row("NINEROWSX", 'L');
+  std::string copy;
+  desktop.on_box = [&](const ShownBox&) {
+    copy = ReadWholeFile(backup + ".2");
+    return MsgBoxResult::kOk;
+  };
   EXPECT_EQ(model.SaveMPSFile(backup), kSaved);
   EXPECT_EQ(ReadWholeFile(backup), kSmallModel);
-  EXPECT_EQ(desktop.transcript(), std::vector<std::string>());
+  EXPECT_EQ(copy, kOldText);
+  EXPECT_FALSE(FileExists(backup + ".2"));
+  EXPECT_EQ(ReadWholeFile(backup + ".1"), "the user's");
 }
 
 TEST_F(Saving, CreatesAFileOfItsOwnBackupName) {
@@ -222,14 +231,97 @@ TEST_F(Saving, CreatesAFileOfItsOwnBackupName) {
 }
 
 #ifndef _WIN32
-TEST_F(Saving, MakesNoBackupWhereTheOwnFileIsALinkToIt) {
+TEST_F(Saving, BacksAFileThatIsALinkToABackupUpUnderANumber) {
   WriteWholeFile(backup, kOldText);
   std::filesystem::create_symlink(ToPath(backup), ToPath(path));
   build.Location(path);
+  desktop.on_box = [&](const ShownBox&) {
+    EXPECT_EQ(ReadWholeFile(backup + ".1"), kOldText);
+    return MsgBoxResult::kOk;
+  };
+  build.Row("NINEROWSX", 'L');
   EXPECT_EQ(model.SaveMPSFile(path), kSaved);
+  EXPECT_EQ(desktop.boxes().size(), 1u);
   EXPECT_EQ(ReadWholeFile(backup), kSmallModel);
+  EXPECT_TRUE(std::filesystem::is_symlink(ToPath(path)));
+  EXPECT_FALSE(FileExists(backup + ".1"));
+}
+
+TEST_F(Saving, ReplacesAPlantedLinkOfTheBackupsNameAndFollowsItNowhere) {
+  OwnFile(path);
+  const std::string victim = folder.File("victim");
+  WriteWholeFile(victim, "the user's");
+  std::filesystem::create_symlink(ToPath(victim), ToPath(backup));
+  BreakModel();
+  EXPECT_EQ(model.SaveMPSFile(path), kNotSaved);
+  EXPECT_EQ(ReadWholeFile(victim), "the user's");
+  EXPECT_FALSE(std::filesystem::is_symlink(ToPath(backup)));
+  EXPECT_EQ(ReadWholeFile(backup), kOldText);
+}
+
+TEST_F(Saving, KeepsTheBackupOfAPrivateFilePrivate) {
+  OwnFile(path);
+  std::filesystem::permissions(ToPath(path), std::filesystem::perms(0640));
+  BreakModel();
+  EXPECT_EQ(model.SaveMPSFile(path), kNotSaved);
+  EXPECT_EQ(std::filesystem::status(ToPath(backup)).permissions(), std::filesystem::perms(0640));
+  EXPECT_EQ(std::filesystem::status(ToPath(path)).permissions(), std::filesystem::perms(0640));
 }
 #endif
+
+// --- backups that are better than the file ---
+
+TEST_F(Saving, KeepsAGoodBackupWhenTheFileIsEmpty) {
+  model.MakeNewModel();
+  OwnFile(path);
+  EXPECT_EQ(model.SaveMPSFile(path), kSaved);
+  EXPECT_EQ(model.SaveMPSFile(path), kSaved);
+  EXPECT_EQ(model.SaveMPSFile(path), kSaved);
+  EXPECT_EQ(ReadWholeFile(path), "");
+  EXPECT_EQ(ReadWholeFile(backup), "");
+  EXPECT_EQ(ReadWholeFile(backup + ".1"), kOldText);
+  EXPECT_FALSE(FileExists(backup + ".2"));
+}
+
+TEST_F(Saving, KeepsABackupThatEndsAsAModelWhenTheFileDoesNot) {
+  const struct {
+    std::string_view own;
+    std::string_view old_backup;
+    bool kept;
+  } cases[] = {
+      {"ROWS\r\n N  CO", kSmallModel, true},
+      {"ROWS\r\n N  CO", "ROWS\n  endata  \nrest", true},
+      {"ROWS\r\n N  CO", "ROWS\r\n", false},
+      {"ROWS\r\n N  ENDATA\r\n", kSmallModel, true},
+      {"ROWS\r\nENDATA1\r\n", kSmallModel, true},
+      {"NAME\nENDATA", kSmallModel, false},
+      {kSmallModel, kSmallModel, false},
+      {"", "", false},
+  };
+  for (const auto& [own, old_backup, kept] : cases) {
+    WriteWholeFile(path, own);
+    WriteWholeFile(backup, old_backup);
+    build.Location(path);
+    EXPECT_EQ(model.SaveMPSFile(path), kSaved) << own;
+    EXPECT_FALSE(FileExists(backup)) << own;
+    ASSERT_EQ(FileExists(backup + ".1"), kept) << own;
+    if (!kept) continue;
+    EXPECT_EQ(ReadWholeFile(backup + ".1"), old_backup);
+    platform::RemoveFile(backup + ".1");
+  }
+}
+
+TEST_F(Saving, DeletesNoBackupThatAnotherProcessMadeMeanwhile) {
+  OwnFile(path);
+  build.Row("NINEROWSX", 'L');
+  desktop.on_box = [&](const ShownBox&) {
+    WriteWholeFile(folder.File("other"), "another's backup");
+    std::filesystem::rename(ToPath(folder.File("other")), ToPath(backup));
+    return MsgBoxResult::kOk;
+  };
+  EXPECT_EQ(model.SaveMPSFile(path), kSaved);
+  EXPECT_EQ(ReadWholeFile(backup), "another's backup");
+}
 
 // --- SaveAsMPSFile ---
 

@@ -46,7 +46,7 @@ TEST_F(Saving, RestoresFromNoBackupOfAnotherSave) {
   WriteWholeFile(folder.File("other.bkp"), "the user's");
   EXPECT_EQ(model.SaveMPSFile(other), kNotSaved);
   EXPECT_EQ(desktop.boxes(), Box(RunTimeError::kSubscriptOutOfRange));
-  EXPECT_NE(ReadWholeFile(other), "the user's");
+  EXPECT_FALSE(FileExists(other));
   EXPECT_EQ(ReadWholeFile(folder.File("other.bkp")), "the user's");
   EXPECT_EQ(model.FileLocation(), path);
 }
@@ -106,7 +106,46 @@ TEST_F(Saving, RestoresTheOwnFileWhenAHostFailsInTheBox) {
   EXPECT_EQ(ReadWholeFile(path), kOldText);
 }
 
-TEST_F(Saving, ReportsTheFirstFailureWhenRestoringFailsToo) {
+TEST_F(Saving, LeavesAnotherFileAsItWasWhenItFails) {
+  const std::string other = folder.File("other.mps");
+  WriteWholeFile(other, kOldText);
+  BreakModel();
+  EXPECT_EQ(model.SaveMPSFile(other), kNotSaved);
+  EXPECT_EQ(ReadWholeFile(other), kOldText);
+}
+
+TEST_F(Saving, SaysWhereAnOlderBackupIsKeptWhenItFails) {
+  WriteWholeFile(path, "");
+  WriteWholeFile(backup, kSmallModel);
+  build.Location(path);
+  BreakModel();
+  EXPECT_EQ(model.SaveMPSFile(path), kNotSaved);
+  EXPECT_EQ(desktop.boxes(), Box(std::string(Describe(RunTimeError::kSubscriptOutOfRange)) +
+                                 "\r\nAn older backup is kept as " + backup + ".1"));
+  EXPECT_EQ(ReadWholeFile(backup + ".1"), kSmallModel);
+}
+
+TEST_F(Saving, LeavesWhatAnotherProcessSavedMeanwhile) {
+  OwnFile(path);
+  build.Row("NINEROWSX", 'L');
+  desktop.on_box = [&](const ShownBox& box) {
+    if (box.text == kNotStandard) {
+      WriteWholeFile(folder.File("other"), "another's model");
+      std::filesystem::rename(ToPath(folder.File("other")), ToPath(path));
+      RaiseRunTimeError(RunTimeError::kDeviceIoError);
+    }
+    return MsgBoxResult::kOk;
+  };
+  EXPECT_EQ(model.SaveMPSFile(path), kNotSaved);
+  ASSERT_EQ(desktop.boxes().size(), 2u);
+  EXPECT_EQ(desktop.boxes()[1].text,
+            std::string(Describe(RunTimeError::kDeviceIoError)) +
+                "\r\nThe file has been saved by another program meanwhile and is left as it is." +
+                "\r\nWhat it held before is in " + backup);
+  EXPECT_EQ(ReadWholeFile(path), "another's model");
+}
+
+TEST_F(Saving, SaysWhenItCannotRestoreTheFile) {
   OwnFile(path);
   build.Row("NINEROWSX", 'L');
   desktop.on_box = [&](const ShownBox& box) {
@@ -118,7 +157,8 @@ TEST_F(Saving, ReportsTheFirstFailureWhenRestoringFailsToo) {
   };
   EXPECT_EQ(model.SaveMPSFile(path), kNotSaved);
   ASSERT_EQ(desktop.boxes().size(), 2u);
-  EXPECT_EQ(desktop.boxes()[1].text, Describe(RunTimeError::kDeviceIoError));
+  EXPECT_EQ(desktop.boxes()[1].text, std::string(Describe(RunTimeError::kDeviceIoError)) +
+                                         "\r\nWhat the file held before could not be restored.");
   EXPECT_EQ(ReadWholeFile(path), kSmallModel);
 }
 

@@ -27,8 +27,8 @@ WrittenModel HandMadeModel::Write() const {
   const TemporaryFolder folder;
   const std::string path = folder.File("written.mps");
   platform::OutputFile file(path);
-  MpsWriter writer(model.store().data(), file);
-  writer.Write();
+  MpsWriter writer(model.store().data());
+  writer.Write(file);
   file.Close();
   return {ReadWholeFile(path), writer.standard()};
 }
