@@ -95,6 +95,8 @@ constexpr Option kMoreOptions[] = {
      [](Arguments& a, std::string_view) { return a.edit = true; }},
     {kMissingEndata, "--allow-missing-endata", "", "", "write also what a file without ENDATA held",
      [](Arguments& a, std::string_view) { return a.allow_missing_endata = true; }},
+    {kLoss, "--allow-loss", "", "", "write also limits and bounds that read back as others",
+     [](Arguments& a, std::string_view) { return a.allow_loss = true; }},
     {0, "--help", "-h", "", "print this help",
      [](Arguments& a, std::string_view) { return a.help = true; }},
     {0, "--version", "", "", "print the version",

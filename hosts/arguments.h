@@ -28,6 +28,7 @@ inline constexpr OptionSet kPoint = 1U << 5;
 inline constexpr OptionSet kCommand = 1U << 6;
 inline constexpr OptionSet kEdit = 1U << 7;
 inline constexpr OptionSet kMissingEndata = 1U << 8;
+inline constexpr OptionSet kLoss = 1U << 9;
 // The options that answer questions (questions.h), and those of them that a command may refuse.
 inline constexpr OptionSet kQuestions = 0xFFFFU << 16;
 inline constexpr OptionSet kOnError = 1U << 16;
@@ -53,6 +54,7 @@ struct Arguments {
   std::vector<std::string> edit_commands;
   bool edit = false;
   bool allow_missing_endata = false;
+  bool allow_loss = false;
 
   bool help = false;
   bool version = false;

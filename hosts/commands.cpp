@@ -8,7 +8,7 @@ namespace quarvel::hosts {
 namespace {
 
 constexpr OptionSet kReadings = kDefaultBounds | kQuestions | kLog;
-constexpr OptionSet kWritings = kReadings | kMissingEndata;
+constexpr OptionSet kWritings = kReadings | kMissingEndata | kLoss;
 
 std::string EvaluateHelp() {
   return "Columns that are not given are 0. A value on the command line replaces one of the "
@@ -25,6 +25,11 @@ std::string CheckHelp() {
 std::string SimplifyHelp() {
   return "Rows of one element become bounds of their column, and empty rows and columns go. --log "
          "FILE\nlists what was done.\n";
+}
+
+std::string ConvertHelp() {
+  return "What a file would give back as another model is refused; what it leaves out or shortens is "
+         "noted.\n";
 }
 
 std::string ViewHelp() {
@@ -45,7 +50,8 @@ constexpr Command kCommands[] = {
      "print a row's activity at a point", EvaluateHelp, RunEvaluate},
     {"check", "FILE", 1, 1, (kReadings & ~kOnError) | kJson | kLimit,
      "list every problem in the file", CheckHelp, RunCheck},
-    {"convert", "IN OUT", 2, 2, kWritings, "read a file and write it anew", nullptr, RunConvert},
+    {"convert", "IN OUT", 2, 2, kWritings, "read a file and write it anew", ConvertHelp,
+     RunConvert},
     {"simplify", "IN OUT", 2, 2, kWritings & ~kSimplify, "simplify a model and write it",
      SimplifyHelp, RunSimplify},
     {"edit", "IN OUT", 2, 2, kWritings | kCommand, "change a model by commands and write it",

@@ -2,8 +2,10 @@
 
 #include <utility>
 
+#include "hosts/loss_report.h"
 #include "hosts/printing.h"
 #include "hosts/questions.h"
+#include "mps/unwritable.h"
 #include "platform/automation_error.h"
 #include "platform/box.h"
 #include "platform/files.h"
@@ -119,6 +121,8 @@ void Session::Write(const std::string& path) {
   if (model_.NumberOfElements() == 0) {
     throw CommandError(kProblem, "the model has no elements; " + path + " was not written");
   }
+  const mps::Losses losses = mps::LossesOf(model_.store());
+  StopAtLosses(losses, path);
   // Under the name it was read from, the component keeps a backup while it overwrites the file.
   const std::string own = model_.FileLocation();
   const bool overwrites = platform::FileExists(path) && IsSame(path, own);
@@ -128,7 +132,26 @@ void Session::Write(const std::string& path) {
     for (const std::string& refusal : answers_.refusals) Note(prefix + refusal);
     throw CommandError(kProblem, path + " was not written");
   }
+  NoteLosses(losses, mps::LossWeight::kChanges, path);
+  NoteLosses(losses, mps::LossWeight::kNoted, path);
   streams.out << text::OneLine(path) << ": " << SizeText(model_) << '\n';
+}
+
+void Session::StopAtLosses(const mps::Losses& losses, const std::string& path) {
+  using enum mps::LossWeight;
+  const bool breaks = losses.Has(kBreaks);
+  const bool changes = losses.Has(kChanges) && !arguments.allow_loss;
+  if (!breaks && !changes) return;
+  NoteLosses(losses, kBreaks, path);
+  if (changes) NoteLosses(losses, kChanges, path);
+  const std::string_view way_out = breaks ? "" : "; --allow-loss writes it all the same";
+  throw CommandError(kProblem, (path + " was not written").append(way_out));
+}
+
+void Session::NoteLosses(const mps::Losses& losses, mps::LossWeight weight,
+                         const std::string& path) {
+  const std::string prefix = path + ": ";
+  for (const std::string& line : LossLines(losses, weight)) Note(prefix + line);
 }
 
 std::string MissingEndText(const std::string& path) { return (path + ": ").append(kMissingEnd); }

@@ -9,6 +9,7 @@
 #include "hosts/answers.h"
 #include "hosts/arguments.h"
 #include "hosts/streams.h"
+#include "mps/loss.h"
 #include "platform/console/console_desktop.h"
 
 namespace quarvel::hosts {
@@ -33,7 +34,8 @@ class Session {
   std::int16_t ReadPassingOver(const std::string& path);
   // Simplifies the model. Raises what stops that, and a CommandError for Ctrl-C.
   void Simplify();
-  // Writes the model and says so. Raises a CommandError when it was not written.
+  // Writes the model and says so, and what the file does not keep of it. Raises a CommandError when
+  // it was not written, as one that would read back as another model is not.
   void Write(const std::string& path);
 
   // The file that was read came to its end before an ENDATA line.
@@ -50,6 +52,10 @@ class Session {
   void Note(std::string_view text);
 
  private:
+  // Raises a CommandError for what a file cannot keep, after a note of what that is.
+  void StopAtLosses(const mps::Losses& losses, const std::string& path);
+  // Notes on the losses of that weight.
+  void NoteLosses(const mps::Losses& losses, mps::LossWeight weight, const std::string& path);
   // Writes what the last simplification did to where --log says, and says so.
   void TakeLog();
 

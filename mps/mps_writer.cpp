@@ -4,7 +4,6 @@
 #include <array>
 #include <cstdint>
 #include <cstring>
-#include <optional>
 
 #include "text/encoding.h"
 #include "text/numbers.h"
@@ -46,14 +45,6 @@ bool IsBlank(std::string_view lines) {
   return lines.find_first_not_of(" \r\n") == std::string_view::npos;
 }
 
-// What the RHS section says of a row; nothing for a limit that reads back without a line.
-std::optional<double> RightHandSideOf(const model::RowRecord& row) {
-  const model::RowTypeTraits& type = model::TraitsOf(row.Type);
-  if (!type.has_lower && !type.has_upper) return std::nullopt;
-  const double limit = type.has_lower ? row.LowerBound : row.UpperBound;
-  return limit != 0 ? std::optional(limit) : std::nullopt;
-}
-
 // The element lines of one column whose fields all fit: its name is put in place once, then only
 // row and value change. MpsWriter::WriteElement is the plain way and gives the same lines:
 // MpsElementLine in tests/mps/mps_writer_test.cpp.
@@ -85,6 +76,13 @@ class ElementLine {
 };
 
 }  // namespace
+
+std::optional<double> RightHandSideOf(const model::RowRecord& row) {
+  const model::RowTypeTraits& type = model::TraitsOf(row.Type);
+  if (!type.has_lower && !type.has_upper) return std::nullopt;
+  const double limit = type.has_lower ? row.LowerBound : row.UpperBound;
+  return limit != 0 ? std::optional(limit) : std::nullopt;
+}
 
 MpsWriter::NameField::NameField(std::string_view text) : NameField(text, CharactersOf(text)) {}
 

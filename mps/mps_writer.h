@@ -31,6 +31,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -41,6 +42,9 @@
 #include "text/picture.h"
 
 namespace quarvel::mps {
+
+// What the RHS section says of a row; nothing for a limit that reads back without a line.
+std::optional<double> RightHandSideOf(const model::RowRecord& row);
 
 class MpsWriter {
  public:

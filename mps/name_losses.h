@@ -1,0 +1,18 @@
+// The losses of the names of rows and columns: what the words of a line cannot be, names that are
+// not told apart, and names that read as something else.
+#pragma once
+
+#include <string_view>
+
+#include "model/model_store.h"
+#include "mps/loss.h"
+
+namespace quarvel::mps {
+
+// Of those that the file names.
+void AddNameLosses(const model::ModelStore& store, Losses& losses);
+
+// Of ASCII or beyond it; valid UTF-8.
+bool HasControlCharacter(std::string_view text);
+
+}  // namespace quarvel::mps

@@ -1,0 +1,11 @@
+// The losses of a model's own texts: its name and its description.
+#pragma once
+
+#include "model/model_data.h"
+#include "mps/loss.h"
+
+namespace quarvel::mps {
+
+void AddTextLosses(const model::ModelSettings& model, Losses& losses);
+
+}  // namespace quarvel::mps
