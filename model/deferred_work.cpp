@@ -10,7 +10,8 @@ namespace {
 // The record at a position as it is seen without gaps of the other kind.
 template <class Record>
 void ShowWithoutGaps(const Record& stored, const Gaps& others, Record& seen) {
-  static_cast<Bounds&>(seen) = stored;
+  seen.LowerBound = stored.LowerBound;
+  seen.UpperBound = stored.UpperBound;
   seen.Name = stored.Name;
   seen.Type = stored.Type;
   seen.Elements.Release();

@@ -52,7 +52,7 @@ struct SipState {
 
 }  // namespace
 
-const NameHash NameHash::of_process_{Draw()};
+const NameHash NameHash::kOfProcess{Draw()};
 
 // A system without random numbers at hand still gives what nobody who wrote a file before can know.
 NameHash::Secrets NameHash::Draw() {

@@ -32,7 +32,7 @@ class NameHash {
   // That of this process. Its numbers are drawn from the system when the program or the component
   // is loaded, so that no look-up has to ask whether there are any; nothing that is made as early
   // may hash names.
-  static const NameHash& OfProcess() { return of_process_; }
+  static const NameHash& OfProcess() { return kOfProcess; }
 
   // Where in a table those 96 bits belong. The last step moves none to where another one is: it
   // only scatters names that differ in a counter, whose sums lie at even distances.
@@ -54,7 +54,7 @@ class NameHash {
   std::uint64_t Sum(std::string_view name) const;
   std::uint64_t SipHash(std::string_view name) const;
 
-  static const NameHash of_process_;
+  static const NameHash kOfProcess;
 
   Secrets secrets_;
 };
