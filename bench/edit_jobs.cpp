@@ -105,10 +105,54 @@ void ChangeRowTypes(std::int32_t size) {
   });
 }
 
+// A row and a column with a coefficient for each of the others.
+void FillDense(Built& built, std::int32_t size) {
+  for (std::int32_t n = 1; n < size; ++n) {
+    built.model.AddElement(0, n, 1);
+    built.model.AddElement(n, 0, 1);
+  }
+}
+
+void SetDenseColumn(std::int32_t size) {
+  Built built(size, size);
+  FillDense(built, size);
+  Time(built, [&] {
+    for (std::int32_t i = 1; i < size; ++i) built.model.SetRowElementValue(i, 0, i);
+  });
+}
+
+void DeleteFromDenseRow(std::int32_t size) {
+  Built built(size, size);
+  FillDense(built, size);
+  Time(built, [&] {
+    for (std::int32_t j = 1; j + 1 < size; ++j) {
+      const std::int32_t k = built.model.store().FindElement(1, built.Column(j) + 1);
+      built.model.DeleteElement(0, k - 1);
+    }
+  });
+}
+
+// Each deletion wants to know whether the lists agree.
+void AddToDenseLists(std::int32_t size) {
+  Built built(size, size);
+  LPModel& model = built.model;
+  FillDense(built, size);
+  Time(built, [&] {
+    for (std::int32_t n = 1; n < size; ++n) {
+      model.AddColumn("NEW" + ColumnName(n));
+      model.AddElement(0, model.NumberOfColumns() - 1, 1);
+      model.DeleteRow(model.NumberOfRows() - 1);
+      model.AddRow("NEW" + RowName(n));
+      model.AddElement(model.NumberOfRows() - 1, 0, 1);
+    }
+  });
+}
+
 // In the order of their names.
 constexpr std::array kRuns = {
     DeleteRowsByName,     DeleteColumnsByName,          DeleteAndAdd,
     DeleteRowsAndColumns, DeleteRowsAskingAboutColumns, ChangeRowTypes,
+    SetDenseColumn,       DeleteFromDenseRow,           AddToDenseLists,
 };
 static_assert(kRuns.size() == kEditJobs.size());
 

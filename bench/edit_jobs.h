@@ -9,8 +9,15 @@
 namespace quarvel::bench {
 
 inline constexpr std::array kEditJobs = {
-    "delete-rows-by-name",     "delete-columns-by-name",           "delete-and-add",
-    "delete-rows-and-columns", "delete-rows-asking-about-columns", "change-row-types",
+    "delete-rows-by-name",
+    "delete-columns-by-name",
+    "delete-and-add",
+    "delete-rows-and-columns",
+    "delete-rows-asking-about-columns",
+    "change-row-types",
+    "set-dense-column",
+    "delete-from-dense-row",
+    "add-to-dense-lists",
 };
 
 // Makes about `size` edits of a model of about `size` rows, and prints the seconds they took. False

@@ -21,13 +21,8 @@ std::string LPModel::RowName(std::int32_t i) const { return Row(i).Name; }
 std::string LPModel::RowType(std::int32_t i) const { return model::TypeText(Row(i).Type); }
 
 double LPModel::ElementValue(std::int32_t i, std::int32_t j) const {
-  const model::ModelData& data = store_.data();
-  const model::RowRecord& row = data.Rows[model::CheckRowOfPair(i, data.NumberOfRows)];
-  const std::int32_t c = model::CheckColumnOfPair(j, data.NumberOfColumns);
-  for (const model::ElementEntry& entry : row.Elements) {
-    if (entry.Index == c) return entry.Value;
-  }
-  return 0;
+  const std::int32_t r = model::CheckRowOfPair(i, NumberOfRows());
+  return store_.ElementValue(r, model::CheckColumnOfPair(j, NumberOfColumns()));
 }
 
 std::int32_t LPModel::BindingRowIndex(std::int32_t i) const {

@@ -7,6 +7,7 @@
 #include "hosts/printing.h"
 #include "hosts/streams.h"
 #include "model/bound_code.h"
+#include "model/record_number.h"
 #include "text/numbers.h"
 #include "text/upper_case.h"
 
@@ -45,11 +46,10 @@ std::int32_t NumberOf(Session& session, const std::string& word) {
   return FindRecord(session.model(), kKind, word);
 }
 
-// The number of the element within its row. Walks the row.
+// The number of the element within its row.
 std::int32_t ElementOf(const LPModel& model, std::int32_t row, std::int32_t column) {
-  for (std::int32_t k = 0; k < model.RowNumberElements(row); ++k) {
-    if (model.RowElementCol(row, k) == column) return k;
-  }
+  const std::int32_t found = model.store().FindElement(model::Stored(row), model::Stored(column));
+  if (found != 0) return model::Public(found);
   RaiseBad("row " + model.RowName(row) + " has no element at column " + model.ColName(column));
 }
 

@@ -74,39 +74,18 @@ void DeferredWork::ReadyForRemoval() {
   agreement_.Examine(model_.data, changes_);
 }
 
-// Hidden records give way.
-void DeferredWork::OpenRows() {
-  if (removals_.rows.open()) return;
-  removals_.rows.Open(model_.data.NumberOfRows);
-  model_.data.Rows.Resize(model_.data.NumberOfRows);
-  empty_ = false;
-}
-
-void DeferredWork::OpenColumns() {
-  if (removals_.columns.open()) return;
-  CountElementsLeft();
-  removals_.columns.Open(model_.data.NumberOfColumns);
-  model_.data.Columns.Resize(model_.data.NumberOfColumns);
-  empty_ = false;
-}
-
-void DeferredWork::CountElementsLeft() {
-  const ModelData& data = model_.data;
-  OneBased<std::int32_t>& left = removals_.elements_left;
-  left.Resize(data.Rows.size());
-  for (std::int32_t r = 1; r <= left.size(); ++r) left[r] = data.Rows[r].ElementCount();
-}
-
 void DeferredWork::RemoveRow(std::int32_t number) {
   ReadyForRemoval();
   const std::int32_t position = RowPosition(number);
   if (!agreement_.RowAgrees(position)) {
     Settle();
+    long_.Clear();
     NoteChange();
     RemoveRowNow(model_, number);
     return;
   }
-  OpenRows();
+  removals_.OpenRows(model_);
+  empty_ = false;
   ModelData& data = model_.data;
   data.NumberOfElements -= ElementsInRow(number);
   --data.NumberOfRows;
@@ -120,12 +99,14 @@ std::vector<std::int32_t> DeferredWork::RemoveColumn(std::int32_t number) {
   const std::int32_t position = ColumnPosition(number);
   if (agreement_.ColumnAgrees(position)) return RemoveAgreeingColumn(position);
   Settle();
+  long_.Clear();
   NoteChange();
   return RemoveColumnNow(model_, number);
 }
 
 std::vector<std::int32_t> DeferredWork::RemoveAgreeingColumn(std::int32_t position) {
-  OpenColumns();
+  removals_.OpenColumns(model_);
+  empty_ = false;
   ModelData& data = model_.data;
   OneBased<std::int32_t>& left = removals_.elements_left;
   const ElementList& list = data.Columns[position].Elements;
@@ -139,6 +120,8 @@ std::vector<std::int32_t> DeferredWork::RemoveAgreeingColumn(std::int32_t positi
     if (removals_.rows.IsGone(entry.Index)) continue;
     --left[entry.Index];
     --data.NumberOfElements;
+    ListPlaces* const places = long_.rows.Known(entry.Index);
+    if (places != nullptr) places->Remove(places->First(position), position);
   }
   --data.NumberOfColumns;
   removals_.columns.Note(position);
@@ -191,60 +174,6 @@ void DeferredWork::SetRowType(std::int32_t number, RowType type) {
     AppendToRowIndex(data, data.NumberOfRows, binds);
   }
   data.Rows[RowPosition(number)].Type = type;
-}
-
-void DeferredWork::AddElement(std::int32_t r, std::int32_t c, double value) {
-  FillRowListsIfBehind();
-  ModelData& data = model_.data;
-  const std::int32_t row = RowPosition(r);
-  const std::int32_t column = ColumnPosition(c);
-  const bool agrees = agreement_.WillSurvive(data, row, column);
-  data.Rows[row].Elements.Append({column, value});
-  data.Columns[column].Elements.Append({row, value});
-  if (removals_.columns.open()) ++removals_.elements_left[row];
-  ++data.NumberOfElements;
-  if (agrees) {
-    NoteAgreeingChange();
-  } else {
-    NoteChange();
-  }
-}
-
-std::int32_t DeferredWork::PlaceInRow(std::int32_t position, std::int32_t k) const {
-  const Gaps& columns = removals_.columns;
-  if (!columns.open()) return k;
-  const ElementList& list = model_.data.Rows[position].Elements;
-  std::int32_t place = 0;
-  while (k > 0 && place < list.size()) {
-    if (!columns.IsGone(list[++place].Index)) --k;
-  }
-  return k == 0 ? place : 0;
-}
-
-void DeferredWork::SetElementValue(std::int32_t r, std::int32_t k, double value) {
-  FillRowListsIfBehind();
-  ModelData& data = model_.data;
-  const std::int32_t row = RowPosition(r);
-  ElementEntry& element = data.Rows[row].Elements[PlaceInRow(row, k)];
-  element.Value = value;
-  for (ElementEntry& entry : data.Columns[element.Index].Elements) {
-    if (entry.Index != row) continue;
-    entry.Value = value;
-    break;
-  }
-}
-
-void DeferredWork::RemoveElement(std::int32_t r, std::int32_t k) {
-  FillRowListsIfBehind();
-  ModelData& data = model_.data;
-  const std::int32_t row = RowPosition(r);
-  const std::int32_t place = PlaceInRow(row, k);
-  ElementList& list = data.Rows[row].Elements;
-  DropFirst(data.Columns[list[place].Index].Elements, row);
-  list.Remove(place);
-  if (removals_.columns.open()) --removals_.elements_left[row];
-  --data.NumberOfElements;
-  NoteAgreeingChange();
 }
 
 }  // namespace quarvel::model

@@ -29,6 +29,7 @@ class NewNumbers {
 
   // 0 for what is gone. A number beyond what is stored moves down past every gap.
   std::int32_t Of(std::int32_t position) const {
+    if (position == Gaps::kNowhere) return 0;
     if (position < 1) return position;
     const std::size_t offset = Offset(position);
     if (offset >= within_.size()) return position - gone_;
@@ -89,13 +90,31 @@ void Renumber(ElementList& list, const NewNumbers& numbers) {
 template <class Record, class Other>
 void CloseGapsOf(OneBased<Record>& records, std::int32_t left, NameIndex& names,
                  OneBased<Other>& others, const Gaps& gaps, const NewNumbers& numbers) {
-  if (gaps.gone() == 0) return;
-  RemoveNames(records, gaps, left, names);
-  CloseRecords(records, gaps, left);
+  if (!gaps.open()) return;
+  if (gaps.gone() > 0) {
+    RemoveNames(records, gaps, left, names);
+    CloseRecords(records, gaps, left);
+  }
   for (Other& other : others) Renumber(other.Elements, numbers);
 }
 
 }  // namespace
+
+void DeferredRemovals::OpenRows(StoredModel& model) {
+  if (rows.open()) return;
+  rows.Open(model.data.NumberOfRows);
+  model.data.Rows.Resize(model.data.NumberOfRows);
+}
+
+void DeferredRemovals::OpenColumns(StoredModel& model) {
+  if (columns.open()) return;
+  elements_left.Resize(model.data.Rows.size());
+  for (std::int32_t r = 1; r <= elements_left.size(); ++r) {
+    elements_left[r] = model.data.Rows[r].ElementCount();
+  }
+  columns.Open(model.data.NumberOfColumns);
+  model.data.Columns.Resize(model.data.NumberOfColumns);
+}
 
 void CloseGaps(StoredModel& model, DeferredRemovals& removals) {
   if (removals.empty()) return;

@@ -14,6 +14,8 @@
 
 namespace quarvel::model {
 
+struct StoredModel;
+
 struct DeferredRemovals {
   bool empty() const { return !rows.open() && !columns.open(); }
   void Clear() {
@@ -22,13 +24,16 @@ struct DeferredRemovals {
     elements_left.Release();
   }
 
+  // Positions and numbers of that kind are told apart from now on. Hidden records give way. When
+  // memory runs out nothing has changed.
+  void OpenRows(StoredModel& model);
+  void OpenColumns(StoredModel& model);
+
   Gaps rows;
   Gaps columns;
   // While gaps of columns are open: how many coefficients are left in the row at a position.
   OneBased<std::int32_t> elements_left;
 };
-
-struct StoredModel;
 
 // Closes all gaps and forgets them: records, lists, numbers in lists and names; the row indexes are
 // not touched. The counts say already what is left. One pass over the model; nothing to do when

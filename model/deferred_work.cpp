@@ -50,7 +50,13 @@ void DeferredWork::FillRowListsIfBehind() {
   if (!model_.row_lists_behind) return;
   FillRowLists(model_);
   model_.row_lists_behind = false;
+  long_.Clear();
   agreement_.NoteFilled(++changes_);
+}
+
+void DeferredWork::HandOver() {
+  if (removals()) Settle();
+  long_.Clear();
 }
 
 // What disagrees is marked by position, and what lists say of numbers that are not there may come
@@ -58,6 +64,7 @@ void DeferredWork::FillRowListsIfBehind() {
 void DeferredWork::CloseAllGaps() {
   if (removals_.empty()) return;
   CloseGaps(model_, removals_);
+  long_.Clear();
   paid_ = 0;
   if (agreement_.everywhere()) {
     NoteAgreeingChange();
@@ -70,6 +77,7 @@ void DeferredWork::CloseAllGaps() {
 void DeferredWork::NoteEmptied() {
   CloseAllGaps();
   row_indexes_.CatchUp(model_.data);
+  long_.Clear();
   model_.row_lists_behind = false;
   empty_ = true;
   agreement_.NoteFilled(++changes_);

@@ -12,6 +12,8 @@
 // record whose list may hold entries that are gone is shown as a copy. Such looks are paid for: as
 // soon as they have cost a part of what a pass over the model does, all gaps are closed.
 //
+// Long lists that are walked often are looked up and thinned out through model/list_places.h.
+//
 // Everything that changes lists or numbers counts as a change here (NoteChange). Part of a
 // ModelStore, whose parts it settles.
 #pragma once
@@ -23,6 +25,7 @@
 #include "model/deferred_removals.h"
 #include "model/deferred_row_indexes.h"
 #include "model/list_agreement.h"
+#include "model/list_places.h"
 #include "model/stored_model.h"
 
 namespace quarvel::model {
@@ -58,6 +61,9 @@ class DeferredWork {
   std::int32_t StoredRows() const;
   // How many coefficients are left in a row.
   std::int32_t ElementsInRow(std::int32_t number);
+  // Which entry of row r is the first that names column c, and its value; 0 when there is none.
+  std::int32_t FindElement(std::int32_t r, std::int32_t c);
+  double ElementValue(std::int32_t r, std::int32_t c);
   // The number of what has that name; 0 when there is none.
   std::int32_t FindRow(const NameKey& key, std::string_view name);
   std::int32_t FindColumn(const NameKey& key, std::string_view name);
@@ -84,17 +90,21 @@ class DeferredWork {
   void NoteAgreeingChange() { agreement_.Follow(++changes_); }
   // All lists are gone.
   void NoteEmptied();
+  // Lists are going to be changed elsewhere, by number.
+  void HandOver();
 
  private:
   void FillRowListsIfBehind();
   void CloseAllGaps();
   bool LooksHavePaid(std::int32_t elements);
   void ReadyForRemoval();
-  void OpenRows();
-  void OpenColumns();
-  void CountElementsLeft();
+  // By position: the first place in one's list that names the other, 0 when none does.
+  std::int32_t FirstInRow(std::int32_t row, std::int32_t column);
+  std::int32_t FirstInColumn(std::int32_t column, std::int32_t row);
+  bool HasPair(std::int32_t row, std::int32_t column);
   // The place in its list of the k-th entry of a row that is not gone.
-  std::int32_t PlaceInRow(std::int32_t position, std::int32_t k) const;
+  std::int32_t PlaceInRow(std::int32_t position, std::int32_t k);
+  void NotePlacesOfNew(std::int32_t row, std::int32_t column);
   std::vector<std::int32_t> RemoveAgreeingColumn(std::int32_t position);
 
   StoredModel& model_;
@@ -103,6 +113,7 @@ class DeferredWork {
   DeferredRowIndexes row_indexes_;
   ListAgreement::Changes changes_ = 0;
   ListAgreement agreement_;
+  LongListsOfBoth long_;
   std::int64_t paid_ = 0;  // by looks since gaps were last closed
   // What was looked at last behind gaps.
   RowRecord seen_row_;

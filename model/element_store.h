@@ -46,6 +46,10 @@ class ElementStore {
     if (size_ >= capacity_) Grow(size_ + 1u);  // a lent list has capacity 0 and moves
     data_[size_++] = entry;
   }
+  // Has the next push_back find room.
+  void MakeRoom() {
+    if (size_ >= capacity_) Grow(size_ + 1u);
+  }
   void erase(iterator position);
   void resize(std::size_t size);
 

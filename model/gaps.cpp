@@ -56,4 +56,11 @@ void Gaps::Append() {
   left_.push_back(left);
 }
 
+void Gaps::TakeBackAppend() noexcept {
+  if (is_gone_.back()) --gone_;
+  is_gone_.pop_back();
+  left_.pop_back();
+  if (first_gone_ > stored()) first_gone_ = 0;
+}
+
 }  // namespace quarvel::model

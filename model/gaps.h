@@ -12,12 +12,16 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <vector>
 
 namespace quarvel::model {
 
 class Gaps {
  public:
+  // A position that is always gone, of what an entry that was taken out of its list names.
+  static constexpr std::int32_t kNowhere = std::numeric_limits<std::int32_t>::min();
+
   // Whether positions and numbers are told apart. All that follows is for open gaps but where it
   // says otherwise.
   bool open() const { return !left_.empty(); }
@@ -30,7 +34,8 @@ class Gaps {
   // The first that is gone; 0 when none is.
   std::int32_t first_gone() const { return first_gone_; }
   bool IsGone(std::int32_t position) const {
-    return position >= 1 && position <= stored() && is_gone_[Offset(position)];
+    return position == kNowhere ||
+           (position >= 1 && position <= stored() && is_gone_[Offset(position)]);
   }
 
   // The position of what is left as that number. The number itself while gaps are closed.
@@ -46,6 +51,8 @@ class Gaps {
   void Note(std::int32_t position) noexcept;
   // One more position, at the end. What was there stays as it was when memory runs out.
   void Append();
+  // That was not so. Only for the last position.
+  void TakeBackAppend() noexcept;
 
  private:
   static std::size_t Offset(std::int32_t position) {

@@ -118,20 +118,6 @@ void ListAgreement::NoteFilled(Changes now) {
   as_of_ = now;
 }
 
-// Looking through long lists at every addition would cost more than an examination.
-bool ListAgreement::WillSurvive(const ModelData& data, std::int32_t r, std::int32_t c) const {
-  constexpr std::int32_t kLongest = 32;
-  if (!everywhere()) return false;  // numbers that are not there may come true
-  const ElementList& row = data.Rows[r].Elements;
-  const ElementList& column = data.Columns[c].Elements;
-  const auto names = [](const ElementList& list, std::int32_t number) {
-    return list.size() > kLongest ||
-           std::any_of(list.begin(), list.end(),
-                       [number](const ElementEntry& entry) { return entry.Index == number; });
-  };
-  return row.size() <= column.size() ? !names(row, c) : !names(column, r);
-}
-
 void ListAgreement::Examine(const ModelData& data, Changes now) {
   const bool only_pairs = extent_ == Extent::kAllButPairs && as_of_ == now;
   Forget();

@@ -36,9 +36,9 @@ class ListAgreement {
   void Follow(Changes now) {
     if (as_of_ + 1 == now) as_of_ = now;
   }
-  // True when appending a coefficient to both of its lists will leave what is known as it is. May
-  // be false where a longer look would find nothing in the way.
-  bool WillSurvive(const ModelData& data, std::int32_t r, std::int32_t c) const;
+  // True when appending a coefficient to both of its lists will leave what is known as it is, when
+  // neither names the other yet. Numbers that are not there may come true.
+  bool WillSurviveNewPair() const { return everywhere(); }
   // True when Examine found no disagreement at all, or has not looked.
   bool everywhere() const { return odd_rows_.empty(); }
 

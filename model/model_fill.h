@@ -74,9 +74,7 @@ class ModelFill {
     if (model_.row_lists_behind) deferred_.Settle();
   }
   // A host may have removed something: the numbers of what is left become current.
-  void AfterCallback() {
-    if (deferred_.removals()) deferred_.Settle();
-  }
+  void AfterCallback() { deferred_.HandOver(); }
 
  private:
   StoredModel& model_;

@@ -12,12 +12,6 @@ void CheckNumber(std::int32_t number, std::int32_t count) {
 
 }  // namespace
 
-const RowRecord& ModelStore::RowBehindGaps(std::int32_t r) const { return deferred_.Row(r); }
-
-const ColumnRecord& ModelStore::ColumnBehindGaps(std::int32_t c) const {
-  return deferred_.Column(c);
-}
-
 std::int32_t ModelStore::FindRow(const NameKey& key, std::string_view name) const {
   return deferred_.FindRow(key, name);
 }

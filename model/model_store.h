@@ -44,16 +44,21 @@ class ModelStore {
   // One record with its list.
   const RowRecord& Row(std::int32_t r) const {
     if (!deferred_.empty()) [[unlikely]]
-      return RowBehindGaps(r);
+      return deferred_.Row(r);
     return model_.data.Rows[r];
   }
   const ColumnRecord& Column(std::int32_t c) const {
     if (!deferred_.empty()) [[unlikely]]
-      return ColumnBehindGaps(c);
+      return deferred_.Column(c);
     return model_.data.Columns[c];
   }
   // How many coefficients stand in a row's list.
   std::int32_t ElementsInRow(std::int32_t r) const { return deferred_.ElementsInRow(r); }
+  // Which entry of a row's list is the first that names column c, and its value; 0 when there is none.
+  std::int32_t FindElement(std::int32_t r, std::int32_t c) const {
+    return deferred_.FindElement(r, c);
+  }
+  double ElementValue(std::int32_t r, std::int32_t c) const { return deferred_.ElementValue(r, c); }
   // How many rows are stored, with a hidden one that is not counted.
   std::int32_t StoredRows() const { return deferred_.StoredRows(); }
   // The first of that name, 0 when there is none. Exact comparison.
@@ -117,8 +122,6 @@ class ModelStore {
   void Take(ModelData data);
 
  private:
-  const RowRecord& RowBehindGaps(std::int32_t r) const;
-  const ColumnRecord& ColumnBehindGaps(std::int32_t c) const;
   // The fields with nothing deferred, for changing them.
   ModelData& Settled() {
     if (!deferred_.empty()) deferred_.Settle();

@@ -181,6 +181,43 @@ TEST(ModelStore, ClosesGapsWhenLooksHaveCostAPartOfAPass) {
   EXPECT_LT(closed, 20);
 }
 
+// One row and one column with an entry for each of the others: after some walks entries are found
+// and taken out of both where they are, and nobody can tell.
+TEST(ModelStore, ThinsOutLongListsAsIfTheyWereShort) {
+  constexpr std::int32_t kSize = 400;
+  ModelStore store;
+  Build(store, kSize, kSize, kSize);
+  for (std::int32_t n = 2; n <= kSize; ++n) {
+    store.AddElement(1, n, n);
+    store.AddElement(n, 1, n);
+  }
+  std::vector<double> row;
+  for (const ElementEntry& entry : store.Row(1).Elements) row.push_back(entry.Value);
+  store.RemoveRow(2);
+  std::mt19937 random(5);
+  for (int step = 0; step < 300; ++step) {
+    const auto at = static_cast<std::ptrdiff_t>(random() % row.size());
+    const auto k = static_cast<std::int32_t>(at) + 1;
+    if (step % 3 == 0) {
+      store.SetElementValue(1, k, step);
+      row[static_cast<std::size_t>(at)] = step;
+    } else {
+      store.RemoveElement(1, k);
+      row.erase(row.begin() + at);
+    }
+    // The dense column loses one too.
+    const std::int32_t r = store.NumberOfRows() - step;
+    ASSERT_EQ(store.ElementValue(r, 1), store.FindElement(r, 1) == 0 ? 0 : r + 1);
+    if (store.ElementsInRow(r) > 1) store.RemoveElement(r, store.FindElement(r, 1));
+    ASSERT_TRUE(store.has_gaps());
+  }
+  ASSERT_EQ(store.Row(1).ElementCount(), static_cast<std::int32_t>(row.size()));
+  for (std::size_t i = 0; i < row.size(); ++i) {
+    ASSERT_EQ(store.Row(1).Elements[static_cast<std::int32_t>(i) + 1].Value, row[i]);
+  }
+  EXPECT_EQ(CheckModelData(store), "");
+}
+
 TEST(ModelStore, GivesANameThatIsFreeAgainToANewRecord) {
   ModelStore store;
   Build(store, 4, 4, 2);
