@@ -19,6 +19,7 @@
 #include "fuzz/choices.h"
 #include "fuzz/folder.h"
 #include "fuzz/json_text.h"
+#include "fuzz/printed_text.h"
 #include "hosts/program.h"
 #include "tests/support/naive_edit_language.h"
 #include "tests/support/naive_reader.h"
@@ -88,19 +89,6 @@ std::string Told(const Words& words, const Result& result) {
          result.err + "\n";
 }
 
-// Control characters but for line ends, as ASCII and as UTF-8 of U+0080 to U+009F.
-bool SteersTerminal(std::string_view text) {
-  constexpr unsigned char kBlank = 0x20;
-  constexpr unsigned char kDelete = 0x7F;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const auto byte = static_cast<unsigned char>(text[i]);
-    const auto next = static_cast<unsigned char>(i + 1 < text.size() ? text[i + 1] : ' ');
-    if ((byte < kBlank && byte != '\n') || byte == kDelete) return true;
-    if (byte == 0xC2 && next >= 0x80 && next < 0xA0) return true;
-  }
-  return false;
-}
-
 bool Has(const Words& words, std::string_view start) {
   return std::any_of(words.begin(), words.end(),
                      [start](const std::string& word) { return word.starts_with(start); });
@@ -109,8 +97,10 @@ bool Has(const Words& words, std::string_view start) {
 // What holds of every run.
 std::string FaultOf(const Words& words, const Result& result) {
   if (result.status < 0 || result.status > 2) return "no such exit status";
-  if (SteersTerminal(result.out)) return "standard output has control characters";
-  if (SteersTerminal(result.err)) return "standard error has control characters";
+  if (quarvel::fuzz::SteersTerminal(result.out, "\n"))
+    return "standard output has control characters";
+  if (quarvel::fuzz::SteersTerminal(result.err, "\n"))
+    return "standard error has control characters";
   const bool wants_json = Has(words, "--json") && !Has(words, "--help") && !Has(words, "-h") &&
                           !Has(words, "--version") && result.status == 0;
   const bool prints_json =
