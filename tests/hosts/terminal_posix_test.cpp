@@ -1,0 +1,108 @@
+// The program on a terminal of its own: what it asks there, with names that try to steer it.
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "hosts/program.h"
+#include "platform/console/console_system.h"
+#include "tests/hosts/run_quarvel.h"
+
+namespace quarvel {
+namespace {
+
+// Runs the program in a process of its own, whose terminal the test holds the other end of.
+class OnTerminal {
+ public:
+  explicit OnTerminal(const std::vector<std::string>& words)
+      : master_(posix_openpt(O_RDWR | O_NOCTTY)) {
+    if (grantpt(master_) != 0 || unlockpt(master_) != 0) return;
+    const std::string slave = ptsname(master_);
+    std::fflush(nullptr);  // or the child shows once more what waits in the test's own buffers
+    child_ = fork();
+    if (child_ == 0) RunChild(slave, words);
+  }
+  ~OnTerminal() { close(master_); }
+  OnTerminal(const OnTerminal&) = delete;
+  OnTerminal& operator=(const OnTerminal&) = delete;
+
+  bool started() const { return child_ > 0; }
+  const std::string& shown() const { return shown_; }
+
+  // Waits until the screen ends in `prompt`; false when it never does.
+  bool WaitFor(std::string_view prompt) {
+    while (!shown_.ends_with(prompt)) {
+      if (!ReadMore()) return false;
+    }
+    return true;
+  }
+  void Type(std::string_view text) {
+    EXPECT_EQ(write(master_, text.data(), text.size()), static_cast<ssize_t>(text.size()));
+  }
+  // The exit status, after all that is still shown.
+  int Finish() {
+    while (ReadMore()) {
+    }
+    int status = 0;
+    waitpid(child_, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+
+ private:
+  static constexpr int kPatienceMs = 60'000;
+
+  [[noreturn]] static void RunChild(const std::string& slave,
+                                    const std::vector<std::string>& words) {
+    setsid();
+    const int terminal = open(slave.c_str(), O_RDWR);
+    for (const int standard : {0, 1, 2}) dup2(terminal, standard);
+    const hosts::Streams streams = {platform::console::ReadInputLine, std::cout, std::cerr, true};
+    const int status = hosts::RunProgram(words, streams);
+    std::cout.flush();
+    _exit(status);
+  }
+
+  // False at the end, and after a long time without anything.
+  bool ReadMore() {
+    pollfd waiting = {master_, POLLIN, 0};
+    if (poll(&waiting, 1, kPatienceMs) <= 0) return false;
+    char buffer[4096];
+    const ssize_t count = read(master_, buffer, sizeof(buffer));
+    if (count <= 0) return false;
+    shown_.append(buffer, static_cast<std::size_t>(count));
+    return true;
+  }
+
+  int master_;
+  pid_t child_ = -1;
+  std::string shown_;
+};
+
+TEST(Terminal, IsNotSteeredByTheNamesInItsQuestions) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps",
+                                         "ROWS\n L R1\nCOLUMNS\n X R1 1\n \x1b]0;T\a\xC2\x9B"
+                                         "J\xE2\x80\xAE R1 0\nENDATA\n");
+  OnTerminal terminal({"info", model, "--default-bounds", "0"});
+  if (!terminal.started()) GTEST_SKIP() << "no terminal to be had";
+  ASSERT_TRUE(terminal.WaitFor("[y/n] ")) << terminal.shown();
+  terminal.Type("n\n");
+  EXPECT_EQ(terminal.Finish(), 1) << terminal.shown();
+  const std::string& shown = terminal.shown();
+  EXPECT_NE(shown.find("Warning: no elements for column \\x1B]0;T\\x07\\u009BJ\\u202E\r\n"),
+            std::string::npos)
+      << shown;
+  for (const char* const raw : {"\x1b", "\a", "\xC2\x9B", "\xE2\x80\xAE"}) {
+    EXPECT_EQ(shown.find(raw), std::string::npos) << shown;
+  }
+}
+
+}  // namespace
+}  // namespace quarvel
