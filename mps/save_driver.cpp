@@ -49,7 +49,7 @@ void RemoveSilently(const std::string& path) {
 class SaveJob {
  public:
   SaveJob(model::ModelStore& store, platform::Desktop& desktop, const std::string& path)
-      : store_(store), desktop_(desktop), path_(path) {}
+      : store_(store), desktop_(desktop), given_path_(path) {}
 
   void Run();
   // After a failure: puts the file back to what it was where the order of steps asks for it, and
@@ -64,7 +64,8 @@ class SaveJob {
 
   model::ModelStore& store_;
   platform::Desktop& desktop_;
-  std::string path_;
+  const std::string& given_path_;
+  std::string path_;  // a copy, as a host may do anything while a box is shown
   std::optional<Backup> backup_;
   std::optional<platform::FileReplacement> replacement_;
   std::optional<platform::FileStamp> written_;
@@ -73,6 +74,7 @@ class SaveJob {
 
 void SaveJob::Run() {
   const model::ModelData& data = store_.data();
+  path_ = given_path_;
   // Its memory is taken before any file is touched.
   std::optional<MpsWriter> writer;
   if (data.NumberOfElements != 0) writer.emplace(data);

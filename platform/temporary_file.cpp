@@ -98,8 +98,9 @@ bool TemporaryFile::TakeFreeName(const std::string& name) {
 
 void TemporaryFile::Renamed(const std::string& name) {
   is_renamed_ = true;
-  FlushFolderOf(name);
+  // Whoever opens the file by its new name does not find it in use.
   output_->Close();
+  FlushFolderOf(name);
 }
 
 std::unique_ptr<TemporaryFile> CopyBeside(const std::string& file, const std::string& name) {

@@ -1,6 +1,7 @@
 // Open files on POSIX systems that have 64 bits wide file offsets.
 #include <algorithm>
 #include <cerrno>
+#include <ctime>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -36,9 +37,14 @@ struct stat StatusOf(std::intptr_t handle, const std::string& path) {
   return status;
 }
 
+// A file that has just taken its name is in use for one more moment; so this is tried for a while.
 void LockAgainstOthers(std::intptr_t handle, int lock, const std::string& path) {
-  if (TryLock(ToDescriptor(handle), lock, path) == LockAnswer::kHeldByAnother) {
-    RaiseRunTimeError(RunTimeError::kPermissionDenied);
+  constexpr int kMostTries = 40;
+  constexpr timespec kPause = {0, 5'000'000};
+  for (int tries = 1; TryLock(ToDescriptor(handle), lock, path) == LockAnswer::kHeldByAnother;
+       ++tries) {
+    if (tries == kMostTries) RaiseRunTimeError(RunTimeError::kPermissionDenied);
+    nanosleep(&kPause, nullptr);
   }
 }
 

@@ -18,14 +18,36 @@ constexpr DWORD kGivenAttributes = FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_ENCRY
                                    FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED |
                                    FILE_ATTRIBUTE_SYSTEM;
 
-std::intptr_t Open(const std::string& path, DWORD access, DWORD share, DWORD creation) {
+// A file that has just taken its name is in use for one more moment; so this is tried for a while.
+HANDLE OpenExistingName(const std::wstring& name, DWORD access, DWORD share) {
+  constexpr int kMostTries = 40;
+  constexpr DWORD kPause = 5;  // milliseconds
+  for (int tries = 1;; ++tries) {
+    const HANDLE handle = CreateFileW(name.c_str(), access, share, nullptr, OPEN_EXISTING,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr);
+    const bool is_in_use =
+        handle == INVALID_HANDLE_VALUE && GetLastError() == ERROR_SHARING_VIOLATION;
+    if (!is_in_use || tries == kMostTries) return handle;
+    Sleep(kPause);
+  }
+}
+
+std::intptr_t OpenWhatIsThere(const std::string& path, DWORD access, DWORD share) {
   CheckFileName(path);
   const std::wstring name = SystemPath(path);
-  const auto kind = creation == OPEN_EXISTING ? FileCall::kOpen : FileCall::kCreate;
-  const HANDLE handle = IsRefused(kind, path)
+  const HANDLE handle = IsRefused(FileCall::kOpen, path) ? INVALID_HANDLE_VALUE
+                                                         : OpenExistingName(name, access, share);
+  if (handle == INVALID_HANDLE_VALUE) RaiseSystemError(path);
+  return reinterpret_cast<std::intptr_t>(handle);
+}
+
+std::intptr_t OpenEmptied(const std::string& path) {
+  CheckFileName(path);
+  const std::wstring name = SystemPath(path);
+  const HANDLE handle = IsRefused(FileCall::kCreate, path)
                             ? INVALID_HANDLE_VALUE
-                            : CreateFileW(name.c_str(), access, share, nullptr, creation,
-                                          FILE_ATTRIBUTE_NORMAL, nullptr);
+                            : CreateFileW(name.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                          CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (handle == INVALID_HANDLE_VALUE) RaiseSystemError(path);
   return reinterpret_cast<std::intptr_t>(handle);
 }
@@ -56,25 +78,25 @@ bool IsTaken(const std::wstring& name, DWORD error) {
 
 SystemFile SystemFile::OpenForReading(const std::string& path) {
   SystemFile file(path);
-  file.handle_ = Open(path, GENERIC_READ, kShareAll, OPEN_EXISTING);
+  file.handle_ = OpenWhatIsThere(path, GENERIC_READ, kShareAll);
   return file;
 }
 
 SystemFile SystemFile::OpenUndisturbed(const std::string& path) {
   SystemFile file(path);
-  file.handle_ = Open(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, OPEN_EXISTING);
+  file.handle_ = OpenWhatIsThere(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE);
   return file;
 }
 
 SystemFile SystemFile::OpenForWriting(const std::string& path) {
   SystemFile file(path);
-  file.handle_ = Open(path, GENERIC_WRITE, FILE_SHARE_READ, CREATE_ALWAYS);
+  file.handle_ = OpenEmptied(path);
   return file;
 }
 
 SystemFile SystemFile::OpenExisting(const std::string& path) {
   SystemFile file(path);
-  file.handle_ = Open(path, GENERIC_WRITE, FILE_SHARE_READ, OPEN_EXISTING);
+  file.handle_ = OpenWhatIsThere(path, GENERIC_WRITE, FILE_SHARE_READ);
   return file;
 }
 

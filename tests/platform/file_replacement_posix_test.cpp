@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
@@ -199,6 +200,23 @@ TEST(FileReplacementPosix, WritesInPlaceAloneOrNotAtAll) {
   EXPECT_EQ(ReadWholeFile(path), "old");
   EXPECT_EQ(CountNames(folder), 2u);
   EXPECT_EQ(FailureOf([&] { Rewrite(path); }), 0);
+}
+
+TEST(CopyBesidePosix, WaitsForAFileThatIsInUseForAMoment) {
+  const TemporaryFolder folder;
+  const std::string path = folder.File("model.mps");
+  WriteWholeFile(path, "text");
+  const int used = open(path.c_str(), O_RDWR | O_CLOEXEC);
+  ASSERT_EQ(flock(used, LOCK_EX), 0);
+  // The lock belongs to both processes until the child, too, has closed the file.
+  const pid_t child = fork();
+  if (child == 0) {
+    usleep(30'000);
+    _exit(0);
+  }
+  close(used);
+  EXPECT_EQ(FailureOf([&] { CopyBeside(path, folder.File("model.bkp")); }), 0);
+  EXPECT_EQ(waitpid(child, nullptr, 0), child);
 }
 
 TEST(CopyBesidePosix, IsNoMoreReadableThanTheFile) {
