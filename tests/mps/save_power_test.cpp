@@ -1,6 +1,6 @@
-// A loss of power at every moment of a save: of what the system was told, only what was flushed is
-// sure to remain. A name may lead to what it led to when its folder was flushed last, or to
-// anything it has led to since.
+// A loss of power at every moment of a save: of what the system was told, only
+// what was flushed is sure to remain. A name may lead to what it led to when
+// its folder was flushed last, or to anything it has led to since.
 #include <filesystem>
 #include <map>
 #include <set>
@@ -18,8 +18,8 @@ namespace {
 using platform::FileCall;
 using platform::FileFault;
 
-// What would be on the disk after a loss of power, as one save goes on. Files are told apart by a
-// number; what one holds is known when it is flushed.
+// What would be on the disk after a loss of power, as one save goes on. Files
+// are told apart by a number; what one holds is known when it is flushed.
 class Disk : public platform::FileWatch {
  public:
   Disk(const SaveCase& save, const std::string& target) : save_(save), target_(target) {
@@ -39,7 +39,8 @@ class Disk : public platform::FileWatch {
     to_ = to;
     return FileFault::kNone;
   }
-  // The last call was made: sees what it changed, and whether a loss of power does harm now.
+  // The last call was made: sees what it changed, and whether a loss of power
+  // does harm now.
   void Done() {
     Apply();
     call_ = FileCall::kAsk;
@@ -102,14 +103,19 @@ class Disk : public platform::FileWatch {
       return;
     }
     File& file = files_.at(names_.at(name));
-    // Where a file in use cannot be read, its length has to do.
-    const auto text = SaveCase::TextOf(PathOf(name));
-    const bool is_whole =
-        text ? *text == save_.new_text() || text == save_.old_text()
-             : std::filesystem::file_size(ToPath(PathOf(name))) == save_.new_text().size();
-    if (text) file.text = *text;
-    if (!text && is_whole) file.text = save_.new_text();
+    file.text = FlushedText(name);
     file.is_flushed = true;
+#ifdef _WIN32
+    flushed_names_[name] = names_.at(name);  // the system flushes a file with its name
+#endif
+  }
+
+  // Where a file in use cannot be read, its length has to do.
+  std::string FlushedText(const std::string& name) const {
+    if (const auto text = SaveCase::TextOf(PathOf(name))) return *text;
+    const auto size = std::filesystem::file_size(ToPath(PathOf(name)));
+    if (size == save_.new_text().size()) return save_.new_text();
+    return save_.old_text() && size == save_.old_text()->size() ? *save_.old_text() : "unknown";
   }
 
   void Rename(const std::string& from, const std::string& to) {
@@ -123,7 +129,8 @@ class Disk : public platform::FileWatch {
   bool IsWhole(const File& file) const {
     return file.is_flushed && (file.text == save_.new_text() || file.text == save_.old_text());
   }
-  // One of the two is there whole: under the file's name, unless that is being written in place.
+  // One of the two is there whole: under the file's name, unless that is being
+  // written in place.
   bool IsSafe(const NamesOfFiles& names) const {
     const auto found = names.find(target_);
     if (found == names.end()) return !save_.old_text();
