@@ -48,12 +48,16 @@ void Gaps::Note(std::int32_t position) noexcept {
 }
 
 void Gaps::Append() {
-  left_.reserve(left_.size() + 1);
-  is_gone_.push_back(false);
   const std::size_t place = left_.size();
   std::int32_t left = 1;
   for (std::size_t part = 1; part < RangeOf(place); part *= 2) left += left_[place - part];
   left_.push_back(left);
+  try {
+    is_gone_.push_back(false);
+  } catch (...) {
+    left_.pop_back();
+    throw;
+  }
 }
 
 void Gaps::TakeBackAppend() noexcept {
