@@ -33,6 +33,8 @@ constexpr std::string_view kNotRestored = "\r\nWhat the file held before could n
 constexpr std::string_view kSavedByOthers =
     "\r\nThe file has been saved by another program meanwhile and is left as it is.";
 constexpr std::string_view kIncomplete = "\r\nThe file is incomplete.";
+constexpr std::string_view kHasNew =
+    "\r\nThe file has the new contents, which a loss of power may undo.";
 constexpr std::string_view kOldContents = "\r\nWhat it held before is in ";
 constexpr std::string_view kNewContents = "\r\nWhat it was to hold is in ";
 constexpr std::string_view kOlderBackup = "\r\nAn older backup is kept as ";
@@ -59,6 +61,8 @@ class SaveJob {
  private:
   std::optional<bool> WriteFile(std::optional<MpsWriter> writer);
   void Restore();
+  // Whether another process has saved the file after this one.
+  bool IsOthers() const;
   bool RestoreOwnFile();
   void AddNote(std::string_view note, const std::string& name);
 
@@ -116,6 +120,7 @@ void SaveJob::Restore() {
     const std::string kept = replacement_->kept();
     if (!is_restored) {
       if (replacement_->contents() == Contents::kIncomplete) notes_ += kIncomplete;
+      if (replacement_->contents() == Contents::kNew && !IsOthers()) notes_ += kHasNew;
       if (!kept.empty()) AddNote(kNewContents, kept);
     } else if (!kept.empty()) {
       replacement_.reset();
@@ -125,8 +130,12 @@ void SaveJob::Restore() {
   if (backup_ && !backup_->kept().empty()) AddNote(kOlderBackup, backup_->kept());
 }
 
+bool SaveJob::IsOthers() const {
+  return written_ && platform::StampUnder(replacement_->target()) != written_;
+}
+
 bool SaveJob::RestoreOwnFile() {
-  const bool is_others = written_ && platform::StampUnder(replacement_->target()) != written_;
+  const bool is_others = IsOthers();
   if (!is_others && backup_->Restore()) return true;
   notes_ += is_others ? kSavedByOthers : kNotRestored;
   if (backup_->IsThere()) AddNote(kOldContents, backup_->name());

@@ -35,12 +35,15 @@ FileReplacement::FileReplacement(const std::string& path, const FileTraits* when
 bool FileReplacement::OpenTemporary() {
   try {
     temporary_.emplace(target_, target_, to_have_ ? &*to_have_ : nullptr);
-    return true;
   } catch (const AutomationError& error) {
     // Writing to the file itself then works, or says what is wrong with it.
     if (!SpeaksOfFolder(error)) throw;
     return false;
   }
+  // Where a file is written in place, an abandoned one may be all that is whole of it.
+  clears_late_ = old_ && (old_->links > 1 || !temporary_->HasOwnerOf(*old_));
+  if (!clears_late_) temporary_->ClearAbandoned();
+  return true;
 }
 
 void FileReplacement::OpenDirectly(const std::string& path) {
@@ -70,7 +73,10 @@ bool FileReplacement::TakePlace() {
   temporary_->Complete();
   if (!is_alike) return false;
   try {
-    if (temporary_->TakeName(target_)) return true;
+    if (temporary_->TakeName(target_)) {
+      if (clears_late_) temporary_->ClearAbandoned();
+      return true;
+    }
   } catch (...) {
     if (temporary_->is_renamed()) contents_ = Contents::kNew;
     throw;
@@ -91,9 +97,10 @@ void FileReplacement::WriteInPlace() {
   target.system_file().Reserve(size);
   contents_ = Contents::kIncomplete;
   try {
+    // A first part of the new contents alone is seen to be incomplete; before a rest of the old ones
+    // it would pass for a whole file.
+    target.system_file().CutOff(0);
     CopyBytes(contents, size, target);
-    target.Flush();
-    target.system_file().CutOff(size);
     target.FlushToDisk();
     target.Close();
   } catch (...) {
@@ -101,6 +108,7 @@ void FileReplacement::WriteInPlace() {
     kept_ = std::move(name);
     throw;
   }
+  temporary_->ClearAbandoned();
   temporary_.reset();
 }
 

@@ -52,6 +52,7 @@ class FileReplacement {
   std::optional<FileTraits> old_;      // of the file, where there is one
   std::optional<FileTraits> to_have_;  // that the new contents get
   std::optional<TemporaryFile> temporary_;
+  bool clears_late_ = false;  // what others have abandoned, once the file is whole
   std::optional<OutputFile> direct_;
   std::string kept_;
   Contents contents_ = Contents::kOld;

@@ -20,6 +20,7 @@ class SystemFile {
   SystemFile(SystemFile&& other) noexcept;
   SystemFile& operator=(SystemFile&& other) noexcept;
 
+  // Raises 70 where somebody writes it in place, as far as the system lets that be seen.
   static SystemFile OpenForReading(const std::string& path);
   // The same where nobody writes in place meanwhile; else 70.
   static SystemFile OpenUndisturbed(const std::string& path);

@@ -15,8 +15,6 @@ namespace {
 constexpr int kMostSlots = 1000;
 // With what stands around it, shorter than any file system's limit.
 constexpr std::size_t kLongestName = 100;
-// Another process may clear the same name at the same time.
-constexpr int kMostTries = 5;
 
 // Cut where a character begins.
 std::string Shortened(std::string name) {
@@ -37,27 +35,16 @@ std::string Slot(const std::string& stem, int number) {
   return stem + std::to_string(number) + "~";
 }
 
-// Creates the file, after deleting an abandoned one. Nothing when the name is not to be had.
-std::optional<SystemFile> TakeSlot(const std::string& slot, const FileTraits* like) {
-  for (int tries = 0; tries < kMostTries; ++tries) {
-    if (auto file = SystemFile::CreateNew(slot, like)) return file;
-    if (RemoveAbandoned(slot) == Abandoned::kStays) return std::nullopt;
-  }
-  return std::nullopt;
-}
-
 }  // namespace
 
 TemporaryFile::TemporaryFile(const std::string& beside, const std::string& named_after,
-                             const FileTraits* like) {
-  const std::string stem = Stem(beside, named_after);
-  int number = 0;
-  for (; number < kMostSlots && !output_; ++number) {
-    path_ = Slot(stem, number);
-    if (auto file = TakeSlot(path_, like)) output_.emplace(std::move(*file));
+                             const FileTraits* like)
+    : stem_(Stem(beside, named_after)) {
+  for (int number = 0; number < kMostSlots && !output_; ++number) {
+    path_ = Slot(stem_, number);
+    if (auto file = SystemFile::CreateNew(path_, like)) output_.emplace(std::move(*file));
   }
   if (!output_) RaiseRunTimeError(RunTimeError::kFileAlreadyExists);
-  while (number < kMostSlots && RemoveAbandoned(Slot(stem, number)) != Abandoned::kNone) ++number;
 }
 
 TemporaryFile::~TemporaryFile() {
@@ -67,6 +54,17 @@ TemporaryFile::~TemporaryFile() {
   } catch (const std::exception&) {
     // The next file made for the same name deletes it.
   }
+}
+
+bool TemporaryFile::HasOwnerOf(const FileTraits& file) {
+  const FileTraits own = output_->system_file().Traits();
+  return own.owner == file.owner && own.group == file.group;
+}
+
+void TemporaryFile::ClearAbandoned() const {
+  // Its own is in use and stays.
+  int number = 0;
+  while (number < kMostSlots && RemoveAbandoned(Slot(stem_, number)) != Abandoned::kNone) ++number;
 }
 
 bool TemporaryFile::TakeTraits(const FileTraits& like) {
@@ -99,7 +97,12 @@ bool TemporaryFile::TakeFreeName(const std::string& name) {
 void TemporaryFile::Renamed(const std::string& name) {
   is_renamed_ = true;
   // Whoever opens the file by its new name does not find it in use.
-  output_->Close();
+  try {
+    output_->Close();
+  } catch (const AutomationError&) {
+    // Every byte is on the disk already.
+  }
+  FlushFolderOf(name);
   FlushFolderOf(name);
 }
 
@@ -107,6 +110,7 @@ std::unique_ptr<TemporaryFile> CopyBeside(const std::string& file, const std::st
   SystemFile input = SystemFile::OpenUndisturbed(file);
   const FileTraits traits = input.Traits();
   auto copy = std::make_unique<TemporaryFile>(name, file, &traits);
+  copy->ClearAbandoned();
   CopyBytes(input, input.Size(), copy->output());
   static_cast<void>(copy->TakeTraits(traits));
   copy->Complete();

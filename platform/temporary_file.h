@@ -3,8 +3,8 @@
 //
 // Temporary names stand beside the name to be taken: ".model.mps.quarvel-0~" for "model.mps", the
 // number being the first whose name is free. A name is never written to or followed when something
-// stands there already. A process that ends leaves its file; the next file that is made for the
-// same name deletes it first, while the file of a process that still runs stays.
+// stands there already. A process that ends leaves its file; ClearAbandoned of the next file that is
+// made for the same name deletes it, while the file of a process that still runs stays.
 #pragma once
 
 #include <cstdint>
@@ -37,6 +37,10 @@ class TemporaryFile {
   // At most `count` bytes from the end of a complete file.
   std::string LastBytes(std::uint64_t count);
 
+  bool HasOwnerOf(const FileTraits& file);
+  // Deletes what processes that have ended left for the same name.
+  void ClearAbandoned() const;
+
   // Takes the name in place of what has it, and has the disk know it. False when the system does
   // not let this name be taken so: the file is still here.
   bool TakeName(const std::string& name);
@@ -49,6 +53,7 @@ class TemporaryFile {
  private:
   void Renamed(const std::string& name);
 
+  std::string stem_;
   std::string path_;
   std::optional<OutputFile> output_;
   bool is_renamed_ = false;

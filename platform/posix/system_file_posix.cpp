@@ -124,14 +124,12 @@ SystemFile SystemFile::OpenForReading(const std::string& path) {
   if (S_ISDIR(StatusOf(file.handle_, path).st_mode)) {
     RaiseRunTimeError(RunTimeError::kPathFileAccessError);
   }
-  return file;
-}
-
-SystemFile SystemFile::OpenUndisturbed(const std::string& path) {
-  SystemFile file = OpenForReading(path);
+  // Part of one model and part of another would be read where somebody writes in place meanwhile.
   LockAgainstOthers(file.handle_, LOCK_SH, path);
   return file;
 }
+
+SystemFile SystemFile::OpenUndisturbed(const std::string& path) { return OpenForReading(path); }
 
 SystemFile SystemFile::OpenForWriting(const std::string& path) {
   SystemFile file(path);

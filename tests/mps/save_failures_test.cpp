@@ -158,7 +158,9 @@ TEST_F(Saving, SaysWhenItCannotRestoreTheFile) {
   EXPECT_EQ(model.SaveMPSFile(path), kNotSaved);
   ASSERT_EQ(desktop.boxes().size(), 2u);
   EXPECT_EQ(desktop.boxes()[1].text, std::string(Describe(RunTimeError::kDeviceIoError)) +
-                                         "\r\nWhat the file held before could not be restored.");
+                                         "\r\nWhat the file held before could not be restored."
+                                         "\r\nThe file has the new contents, which a loss of "
+                                         "power may undo.");
   EXPECT_EQ(ReadWholeFile(path), kSmallModel);
 }
 

@@ -132,11 +132,11 @@ TEST(FileReplacement, ClearsWhatEndedProcessesLeftButNothingElse) {
   fs::create_directory(AsPath(folder.File(".model.mps.quarvel-0~")));
   WriteWholeFile(folder.File(".model.mps.quarvel-1~"), "left");
   WriteWholeFile(folder.File(".model.mps.quarvel-2~"), "left");
-  WriteWholeFile(folder.File(".model.mps.quarvel-4~"), "after a gap");
+  WriteWholeFile(folder.File(".model.mps.quarvel-5~"), "after a gap");
   WriteWholeFile(folder.File(".other.mps.quarvel-0~"), "another's");
   Replace(path, "new");
   EXPECT_EQ(NamesIn(folder), (FileNames{"model.mps", ".model.mps.quarvel-0~",
-                                        ".model.mps.quarvel-4~", ".other.mps.quarvel-0~"}));
+                                        ".model.mps.quarvel-5~", ".other.mps.quarvel-0~"}));
   EXPECT_EQ(ReadWholeFile(path), "new");
 }
 
