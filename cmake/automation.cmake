@@ -43,6 +43,7 @@ add_library(Quarvel SHARED automation/main.cpp automation/quarvel.def automation
                            platform/win32/common_controls.rc)
 set_target_properties(Quarvel PROPERTIES PREFIX "" IMPORT_PREFIX "")
 target_link_libraries(Quarvel PRIVATE quarvel_automation quarvel_win32)
+quarvel_harden(Quarvel)
 # The entry points are listed by their plain names, whatever the calling convention adds to them.
 target_link_options(Quarvel PRIVATE -Wl,--enable-stdcall-fixup)
 set_source_files_properties(

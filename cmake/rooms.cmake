@@ -39,6 +39,7 @@ function(quarvel_library name)
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$|platform/win32/[^/]*_win32\\.cpp$")
   add_library(${name} STATIC ${sources})
   quarvel_together(${name})
+  quarvel_harden(${name})
   target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}"
                                 FILES ${headers})
 endfunction()
