@@ -103,7 +103,6 @@ void TemporaryFile::Renamed(const std::string& name) {
     // Every byte is on the disk already.
   }
   FlushFolderOf(name);
-  FlushFolderOf(name);
 }
 
 std::unique_ptr<TemporaryFile> CopyBeside(const std::string& file, const std::string& name) {
