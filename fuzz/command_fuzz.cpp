@@ -46,10 +46,8 @@ const std::string kPoint = "# a point\nX 2\n\n Y = -1.5\nC0 = 3\nC1 1e3\n";
 // The program's current folder: "in" of a folder that must hold nothing else.
 class Workplace {
  public:
-  Workplace() {
-    fs::create_directory(Inside());
-    fs::current_path(Inside());
-  }
+  Workplace() { fs::create_directory(Inside()); }
+  fs::path Inside() const { return Outside() / "in"; }
   void Empty() const { quarvel::fuzz::EmptyFolder(Inside()); }
   std::string Fault() const {
     const auto count = std::distance(fs::directory_iterator(Outside()), fs::directory_iterator());
@@ -58,7 +56,6 @@ class Workplace {
 
  private:
   fs::path Outside() const { return quarvel::fuzz::PathOf(folder_); }
-  fs::path Inside() const { return Outside() / "in"; }
 
   quarvel::TemporaryFolder folder_;
 };
@@ -175,10 +172,7 @@ std::string ChooseWord(Choices& choose) {
   const std::uint32_t kind = choose(80);
   if (kind < kWords.size()) return kWords[kind];
   if (kind < 70) return ChooseEditLine([&choose](std::uint32_t n) { return choose(n); }, {}).text;
-  std::string bytes = choose.Until(0);
-  // No path leads away.
-  std::replace(bytes.begin(), bytes.end(), '/', '_');
-  return bytes;
+  return quarvel::fuzz::WithoutFolders(choose.Until(0));
 }
 
 std::string ChooseFile(Choices& choose) {
@@ -323,6 +317,7 @@ void RunEdits(Choices& choose) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const Workplace workplace;
   workplace.Empty();
+  const quarvel::fuzz::InFolder inside(workplace.Inside());
   Choices choose(data, size);
   if (choose(2) == 0) {
     RunAnything(workplace, choose);

@@ -109,7 +109,8 @@ class Terminal {
     if (kind < kLines.size()) return kLines[kind];
     if (kind == 16) return folder_.File("a.mps");
     if (kind == 17) return folder_.File("b.mps");
-    return kind == 18 ? choose_.Until(0) : std::optional<std::string>();
+    if (kind == 18) return fuzz::WithoutFolders(choose_.Until(0));
+    return std::nullopt;
   }
 
   void Step() {
@@ -171,6 +172,7 @@ class Terminal {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const TemporaryFolder folder;
   fuzz::EmptyFolder(folder);
+  const fuzz::InFolder inside(fuzz::PathOf(folder));  // what is typed may be a file's name
   Choices choose(data, size);
   CaughtErrors errors;
   std::string fault = Terminal(choose, folder).Run();
