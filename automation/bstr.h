@@ -20,6 +20,7 @@ class Bstr {
   // Raises std::bad_alloc when there is no memory.
   explicit Bstr(std::string_view utf8) {
     const std::u16string units = text::Utf8ToUtf16(utf8);
+    if (units.size() > kLongest) throw std::bad_alloc();
     text_ = SysAllocStringLen(reinterpret_cast<const OLECHAR*>(units.data()),
                               static_cast<UINT>(units.size()));
     if (text_ == nullptr) throw std::bad_alloc();
@@ -42,6 +43,9 @@ class Bstr {
   BSTR Detach() { return std::exchange(text_, nullptr); }
 
  private:
+  // The length of a longer one, counted in bytes, has more than 31 bits.
+  static constexpr std::size_t kLongest = 0x3FFFFFF0;
+
   BSTR text_ = nullptr;
 };
 

@@ -53,7 +53,7 @@ HRESULT ReportCurrentError() noexcept {
     try {
       return ReportAutomationError();
     } catch (...) {
-      return E_OUTOFMEMORY;
+      return ResultCode(static_cast<std::int32_t>(RunTimeError::kOutOfMemory));
     }
   }
 }

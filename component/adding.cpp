@@ -1,4 +1,5 @@
 #include <cstdint>
+#include <new>
 #include <string_view>
 
 #include "component/lp_model.h"
@@ -38,44 +39,55 @@ std::string_view RefusalOf(std::string_view name, const NameRefusals& refusals, 
 
 }  // namespace
 
+// The record stands: a warning that there is no memory for is given with the next long name.
 void LPModel::WarnOnceOfLongName(std::string_view name) {
   if (store_.settings().LongNameWarningShown || !model::IsLongName(name)) return;
-  desktop_.MsgBox(platform::Note(model::kLongNameWarning));
+  try {
+    desktop_.MsgBox(platform::Note(model::kLongNameWarning));
+  } catch (const std::bad_alloc&) {
+    return;
+  }
   store_.settings().LongNameWarningShown = true;
 }
 
 void LPModel::AddElement(std::int32_t row, std::int32_t col, double val) {
-  if (!model::InRange(row, NumberOfRows()) || !model::InRange(col, NumberOfColumns())) {
-    Refuse("Invalid row or column given when attempting to AddElement()");
-    return;
-  }
-  store_.AddElement(model::Stored(row), model::Stored(col), val);
+  Guarded([&] {
+    if (!model::InRange(row, NumberOfRows()) || !model::InRange(col, NumberOfColumns())) {
+      Refuse("Invalid row or column given when attempting to AddElement()");
+      return;
+    }
+    store_.AddElement(model::Stored(row), model::Stored(col), val);
+  });
 }
 
 std::int16_t LPModel::AddRow(std::string_view RowName) {
-  const model::NameKey key = model::NameKey::Of(RowName);
-  const bool in_use = store_.FindRow(key, RowName) != 0;
-  if (const auto refusal = RefusalOf(RowName, kRowRefusals, in_use); !refusal.empty()) {
-    Refuse(refusal);
-    return Number(EditResult::kRefused);
-  }
-  store_.AddRow(key, RowName);
-  WarnOnceOfLongName(RowName);
-  return Number(EditResult::kDone);
+  return Guarded([&] {
+    const model::NameKey key = model::NameKey::Of(RowName);
+    const bool in_use = store_.FindRow(key, RowName) != 0;
+    if (const auto refusal = RefusalOf(RowName, kRowRefusals, in_use); !refusal.empty()) {
+      Refuse(refusal);
+      return Number(EditResult::kRefused);
+    }
+    store_.AddRow(key, RowName);
+    WarnOnceOfLongName(RowName);
+    return Number(EditResult::kDone);
+  });
 }
 
 std::int16_t LPModel::AddColumn(std::string_view ColName) {
-  const model::NameKey key = model::NameKey::Of(ColName);
-  const bool in_use = store_.FindColumn(key, ColName) != 0;
-  if (const auto refusal = RefusalOf(ColName, kColumnRefusals, in_use); !refusal.empty()) {
-    Refuse(refusal);
-    return Number(EditResult::kRefused);
-  }
-  const std::int32_t c = store_.AddColumn(key, ColName);
-  store_.ColumnBounds(c).UpperBound = model::BoundLimit;
-  store_.SetColumnType(c, model::ColumnType::kContinuous);
-  WarnOnceOfLongName(ColName);
-  return Number(EditResult::kDone);
+  return Guarded([&] {
+    const model::NameKey key = model::NameKey::Of(ColName);
+    const bool in_use = store_.FindColumn(key, ColName) != 0;
+    if (const auto refusal = RefusalOf(ColName, kColumnRefusals, in_use); !refusal.empty()) {
+      Refuse(refusal);
+      return Number(EditResult::kRefused);
+    }
+    const std::int32_t c = store_.AddColumn(key, ColName);
+    store_.ColumnBounds(c).UpperBound = model::BoundLimit;
+    store_.SetColumnType(c, model::ColumnType::kContinuous);
+    WarnOnceOfLongName(ColName);
+    return Number(EditResult::kDone);
+  });
 }
 
 }  // namespace quarvel

@@ -38,29 +38,39 @@ class ModelOfRead : public mps::ReadHost {
 }  // namespace
 
 std::int16_t LPModel::ReadMPSFile() {
-  const mps::ReadWindows windows = {windows_->file_open(), windows_->default_bounds(),
-                                    windows_->progress()};
-  return Number(mps::ChooseAndRead(store_, windows, [this] { StartFileReding(); }));
+  return Guarded([&] {
+    const mps::ReadWindows windows = {windows_->file_open(), windows_->default_bounds(),
+                                      windows_->progress()};
+    return Number(mps::ChooseAndRead(store_, windows, [this] { StartFileReding(); }));
+  });
 }
 
 std::int16_t LPModel::StartFileReding() {
-  ModelOfRead owner(*this, log_, view_);
-  return Number(mps::ReadInto(store_, desktop_, owner, windows_->progress()));
+  return Guarded([&] {
+    ModelOfRead owner(*this, log_, view_);
+    return Number(mps::ReadInto(store_, desktop_, owner, windows_->progress()));
+  });
 }
 
 std::int16_t LPModel::SaveMPSFile(const std::string& FileLoc) {
-  // A host that is called back from a box may change its own text.
-  const std::string path = FileLoc;  // NOLINT(performance-unnecessary-copy-initialization)
-  return Number(mps::SaveModel(store_, desktop_, path));
+  return Guarded([&] {
+    // A host that is called back from a box may change its own text.
+    const std::string path = FileLoc;  // NOLINT(performance-unnecessary-copy-initialization)
+    return Number(mps::SaveModel(store_, desktop_, path));
+  });
 }
 
 std::int16_t LPModel::SaveAsMPSFile() {
-  const std::string path = mps::ChoosePathToSave(store_, windows_->file_open());
-  return path.empty() ? Number(mps::SaveResult::kCancelled) : SaveMPSFile(path);
+  return Guarded([&] {
+    const std::string path = mps::ChoosePathToSave(store_, windows_->file_open());
+    return path.empty() ? Number(mps::SaveResult::kCancelled) : SaveMPSFile(path);
+  });
 }
 
 void LPModel::SimplifyMPSModel() {
-  simplify::Simplifier({store_, desktop_, view_, log_, windows_->progress()}).Run();
+  Guarded([&] {
+    simplify::Simplifier({store_, desktop_, view_, log_, windows_->progress()}).Run();
+  });
 }
 
 }  // namespace quarvel

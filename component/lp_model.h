@@ -8,7 +8,9 @@
 //   model/error_reports.h);
 //   - a write or edit that is refused shows one plain OK box and changes nothing.
 // A value that cannot be converted raises 13; a number no check of the operation's own covers
-// raises 9. 16-bit results: -1 success, 0 failure or cancelled, 1 no file chosen or an error.
+// raises 9; a row, column or coefficient too many raises 6. An operation that cannot have the memory
+// it takes raises 7 (Guarded); an edit has changed nothing then, and can be repeated. 16-bit results:
+// -1 success, 0 failure or cancelled, 1 no file chosen or an error.
 //
 // One thread. Operations that show boxes or let events run may be called back into; the object must
 // outlive each of its calls. Two objects share nothing.
@@ -30,6 +32,7 @@
 #include "model/model_store.h"
 #include "model/model_view.h"
 #include "model/variant.h"
+#include "platform/automation_error.h"
 #include "platform/form.h"
 #include "simplify/simplification_log.h"
 
@@ -51,8 +54,12 @@ class LPModel final : public model::ModelInterface {
   LPModel& operator=(const LPModel&) = delete;
 
   // --- public variables ---
-  std::string strMPSFile() const { return store_.settings().strMPSFile; }
-  void strMPSFile(std::string_view value) { store_.settings().strMPSFile = value; }
+  std::string strMPSFile() const {
+    return Guarded([&] { return store_.settings().strMPSFile; });
+  }
+  void strMPSFile(std::string_view value) {
+    Guarded([&] { store_.settings().strMPSFile = value; });
+  }
   std::int16_t ReadMPSFileErr() const { return store_.settings().ReadMPSFileErr; }
   void ReadMPSFileErr(std::int16_t value) { store_.settings().ReadMPSFileErr = value; }
   bool frmViewEquationsIsShowing() const { return store_.settings().frmViewEquationsIsShowing; }
@@ -70,26 +77,36 @@ class LPModel final : public model::ModelInterface {
   std::int32_t NumberOfRows() const override { return store_.NumberOfRows(); }
   std::int32_t NumberOfColumns() const override { return store_.NumberOfColumns(); }
   std::int32_t NumberOfElements() const override { return store_.NumberOfElements(); }
-  std::int32_t NumberOfBindingRows() const override { return store_.data().NumberOfBindingRows; }
+  std::int32_t NumberOfBindingRows() const override {
+    return Guarded([&] { return store_.data().NumberOfBindingRows; });
+  }
   std::int32_t NumberOfNonBindingRows() const override {
-    return store_.data().NumberOfNonBindingRows;
+    return Guarded([&] { return store_.data().NumberOfNonBindingRows; });
   }
   std::int32_t NumBindingRows() const { return NumberOfBindingRows(); }
   std::int32_t NumNonBindingRows() const { return NumberOfNonBindingRows(); }
-  std::string ModelName() const override { return store_.settings().ModelName; }
+  std::string ModelName() const override {
+    return Guarded([&] { return store_.settings().ModelName; });
+  }
   // Lines joined by CR LF.
-  std::string ModelDescription() const override { return store_.settings().ModelDescription; }
+  std::string ModelDescription() const override {
+    return Guarded([&] { return store_.settings().ModelDescription; });
+  }
   // The path chosen in the last file dialog or saved to; empty when there is none.
-  std::string FileLocation() const override { return store_.settings().FileLocation; }
+  std::string FileLocation() const override {
+    return Guarded([&] { return store_.settings().FileLocation; });
+  }
 
   // --- columns (queries.cpp) ---
   std::int32_t ColElementrow(std::int32_t j, std::int32_t k) const override {
-    return model::Public(ColumnElement(j, k).Index);
+    return Guarded([&] { return model::Public(ColumnElement(j, k).Index); });
   }
   double ColElementvalue(std::int32_t j, std::int32_t k) const override {
-    return ColumnElement(j, k).Value;
+    return Guarded([&] { return double{ColumnElement(j, k).Value}; });
   }
-  std::int32_t ColNumberElements(std::int32_t j) const override { return Column(j).ElementCount(); }
+  std::int32_t ColNumberElements(std::int32_t j) const override {
+    return Guarded([&] { return Column(j).ElementCount(); });
+  }
   double ColUpperBound(std::int32_t j) const override;
   double ColLowerBound(std::int32_t j) const override;
   std::string ColName(std::int32_t j) const override;
@@ -97,13 +114,13 @@ class LPModel final : public model::ModelInterface {
 
   // --- rows (queries.cpp) ---
   std::int32_t RowElementCol(std::int32_t i, std::int32_t k) const override {
-    return model::Public(RowElement(i, k).Index);
+    return Guarded([&] { return model::Public(RowElement(i, k).Index); });
   }
   double RowElementValue(std::int32_t i, std::int32_t k) const override {
-    return RowElement(i, k).Value;
+    return Guarded([&] { return double{RowElement(i, k).Value}; });
   }
   std::int32_t RowNumberElements(std::int32_t i) const override {
-    return store_.ElementsInRow(model::CheckRow(i, store_.NumberOfRows()));
+    return Guarded([&] { return store_.ElementsInRow(model::CheckRow(i, store_.NumberOfRows())); });
   }
   double RowUpperBound(std::int32_t i) const override;
   double RowLowerBound(std::int32_t i) const override;

@@ -1,4 +1,5 @@
 #include <cmath>
+#include <exception>
 
 #include "component/lp_model.h"
 #include "component/results.h"
@@ -67,47 +68,53 @@ void AppendRelation(std::string& text, const model::RowRecord& row) {
 }  // namespace
 
 std::string LPModel::RowEquation(std::int32_t i) const {
-  const model::ModelData& data = store_.data();
-  const model::RowRecord& row = data.Rows[model::CheckRow(i, data.NumberOfRows)];
-  if (row.ElementCount() == 0) return EmptyRowText(row);
-  std::string text;
-  // The first sign of a ranged row points this way for every host that parses the text.
-  if (row.Type == model::RowType::kRanged) text = GeneralText(row.LowerBound) + "  >=  ";
-  AppendTerms(text, data, row);
-  AppendRelation(text, row);
-  return text;
+  return Guarded([&] {
+    const model::ModelData& data = store_.data();
+    const model::RowRecord& row = data.Rows[model::CheckRow(i, data.NumberOfRows)];
+    if (row.ElementCount() == 0) return EmptyRowText(row);
+    std::string text;
+    // The first sign of a ranged row points this way for every host that parses the text.
+    if (row.Type == model::RowType::kRanged) text = GeneralText(row.LowerBound) + "  >=  ";
+    AppendTerms(text, data, row);
+    AppendRelation(text, row);
+    return text;
+  });
 }
 
 std::int16_t LPModel::RowGradient(std::int32_t RowNum, std::span<double> Gradient,
                                   std::int32_t lower_bound) const {
-  GradientResult result = GradientResult::kDone;
-  for (std::int32_t c = 1; c <= NumberOfColumns(); ++c) Slot(Gradient, lower_bound, c) = 0;
-  const std::int32_t count = StoredRow(store_.data(), RowNum).ElementCount();
-  try {
-    for (std::int32_t k = 1; k <= count; ++k) {
-      // A copy, and the row looked up anew each time: the box lets a host's events run.
-      const model::ElementEntry entry = StoredRow(store_.data(), RowNum).Elements[k];
-      if (entry.Index > NumberOfColumns()) {
-        Refuse("Error in Quarvel.dll model");
-        result = GradientResult::kBeyondColumns;
+  return Guarded([&] {
+    GradientResult result = GradientResult::kDone;
+    for (std::int32_t c = 1; c <= NumberOfColumns(); ++c) Slot(Gradient, lower_bound, c) = 0;
+    const std::int32_t count = StoredRow(store_.data(), RowNum).ElementCount();
+    try {
+      for (std::int32_t k = 1; k <= count; ++k) {
+        // A copy, and the row looked up anew each time: the box lets a host's events run.
+        const model::ElementEntry entry = StoredRow(store_.data(), RowNum).Elements[k];
+        if (entry.Index > NumberOfColumns()) {
+          Refuse("Error in Quarvel.dll model");
+          result = GradientResult::kBeyondColumns;
+        }
+        Slot(Gradient, lower_bound, entry.Index) = entry.Value;
       }
-      Slot(Gradient, lower_bound, entry.Index) = entry.Value;
+    } catch (const std::exception&) {
+      return Number(GradientResult::kFailed);
     }
-  } catch (const AutomationError&) {
-    return Number(GradientResult::kFailed);
-  }
-  return Number(result);
+    return Number(result);
+  });
 }
 
 std::int16_t LPModel::RowBodyValue(std::int32_t RowNum, std::span<const double> Point,
                                    double& Answer, std::int32_t lower_bound) const {
-  const model::ModelData& data = store_.data();
-  Answer = 0;
-  for (const model::ElementEntry& entry : StoredRow(data, RowNum).Elements) {
-    if (entry.Index > data.NumberOfColumns) model::RaiseTooFewElementsInPoint();
-    Answer += entry.Value * Slot(Point, lower_bound, entry.Index);
-  }
-  return Number(EditResult::kDone);
+  return Guarded([&] {
+    const model::ModelData& data = store_.data();
+    Answer = 0;
+    for (const model::ElementEntry& entry : StoredRow(data, RowNum).Elements) {
+      if (entry.Index > data.NumberOfColumns) model::RaiseTooFewElementsInPoint();
+      Answer += entry.Value * Slot(Point, lower_bound, entry.Index);
+    }
+    return Number(EditResult::kDone);
+  });
 }
 
 }  // namespace quarvel

@@ -43,47 +43,59 @@ void LPModel::RefuseRow(std::string_view text) {
 }
 
 void LPModel::ViewEquations(bool EditingIsEnabled) {
-  View(EditingIsEnabled, [](viewer::frmViewEquations& viewer) { viewer.ShowWindow(); });
+  Guarded([&] {
+    View(EditingIsEnabled, [](viewer::frmViewEquations& viewer) { viewer.ShowWindow(); });
+  });
 }
 
 void LPModel::ViewCol(std::int32_t ColNum, bool EditingIsEnabled) {
-  if (!model::InRange(ColNum, NumberOfColumns())) {
-    Refuse(model::ColumnRangeText(ColNum, NumberOfColumns()));
-    return;
-  }
-  View(EditingIsEnabled,
-       [ColNum](viewer::frmViewEquations& viewer) { viewer.ShowCol(model::Stored(ColNum)); });
+  Guarded([&] {
+    if (!model::InRange(ColNum, NumberOfColumns())) {
+      Refuse(model::ColumnRangeText(ColNum, NumberOfColumns()));
+      return;
+    }
+    View(EditingIsEnabled,
+         [ColNum](viewer::frmViewEquations& viewer) { viewer.ShowCol(model::Stored(ColNum)); });
+  });
 }
 
 void LPModel::ViewRow(std::int32_t RowNum, bool EditingIsEnabled) {
-  if (!model::InRange(RowNum, NumberOfRows())) {
-    RefuseRow(model::RowRangeText(RowNum, NumberOfRows()));
-    return;
-  }
-  ViewRowNumber(RowNum, EditingIsEnabled);
+  Guarded([&] {
+    if (!model::InRange(RowNum, NumberOfRows())) {
+      RefuseRow(model::RowRangeText(RowNum, NumberOfRows()));
+      return;
+    }
+    ViewRowNumber(RowNum, EditingIsEnabled);
+  });
 }
 
 void LPModel::ViewNonBindingRow(std::int32_t RowNum, bool EditingIsEnabled) {
-  if (!model::InRange(RowNum, NumberOfNonBindingRows())) {
-    RefuseRow(KindRangeText(RowNum, "Non-Binding Rows", NumberOfNonBindingRows()));
-    return;
-  }
-  ViewRowNumber(NonBindingRowIndex(RowNum), EditingIsEnabled);
+  Guarded([&] {
+    if (!model::InRange(RowNum, NumberOfNonBindingRows())) {
+      RefuseRow(KindRangeText(RowNum, "Non-Binding Rows", NumberOfNonBindingRows()));
+      return;
+    }
+    ViewRowNumber(NonBindingRowIndex(RowNum), EditingIsEnabled);
+  });
 }
 
 void LPModel::ViewBindingRow(std::int32_t RowNum, bool EditingIsEnabled) {
-  if (!model::InRange(RowNum, NumberOfBindingRows())) {
-    RefuseRow(KindRangeText(RowNum, "Binding rows", NumberOfBindingRows()));
-    return;
-  }
-  ViewRowNumber(BindingRowIndex(RowNum), EditingIsEnabled);
+  Guarded([&] {
+    if (!model::InRange(RowNum, NumberOfBindingRows())) {
+      RefuseRow(KindRangeText(RowNum, "Binding rows", NumberOfBindingRows()));
+      return;
+    }
+    ViewRowNumber(BindingRowIndex(RowNum), EditingIsEnabled);
+  });
 }
 
 void LPModel::NewMPSModel() {
-  MakeNewModel();
-  // A window that is open already shows the old model.
-  if (model::ModelView* view = view_.open()) view->RefreshForm();
-  ViewEquations(true);
+  Guarded([&] {
+    MakeNewModel();
+    // A window that is open already shows the old model.
+    if (model::ModelView* view = view_.open()) view->RefreshForm();
+    ViewEquations(true);
+  });
 }
 
 }  // namespace quarvel

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <new>
 #include <set>
 #include <string>
 
@@ -44,6 +45,14 @@ void ChangeCheck::After(const StoredModel& model, const DeferredWork& deferred) 
   credit_ += kPaidByAChange;
   if (size > kLookedAtEachTime && credit_ < size) return;
   credit_ = 0;
+  try {
+    Look(model, deferred);
+  } catch (const std::bad_alloc&) {
+    // What there is no memory to look at now is looked at after the next change.
+  }
+}
+
+void ChangeCheck::Look(const StoredModel& model, const DeferredWork& deferred) {
   StoredModel copy;
   copy.data = model.data;
   copy.row_names = model.row_names;

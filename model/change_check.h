@@ -22,6 +22,8 @@ class ChangeCheck {
   void Forget() { was_whole_ = false; }
 
  private:
+  void Look(const StoredModel& model, const DeferredWork& deferred);
+
   bool was_whole_ = true;
   std::size_t credit_ = 0;
 };

@@ -1,6 +1,8 @@
 // Changes of a model in which there may be gaps, by position.
 
 #include <algorithm>
+#include <string>
+#include <utility>
 
 #include "model/deferred_work.h"
 #include "model/immediate_removal.h"
@@ -35,8 +37,11 @@ template <class Record>
 std::int32_t AppendNamed(OneBased<Record>& records, std::int32_t& count, Gaps& gaps,
                          NameIndex& names, const NameKey& key, std::string_view name) {
   const std::int32_t position = gaps.PositionOf(count + 1);
+  std::string made(name);
+  names.MakeRoom();
+  if (gaps.open()) gaps.MakeRoom();
   records.Resize(position);
-  records[position].Name = name;
+  records[position].Name = std::move(made);
   if (gaps.open()) gaps.Append();
   ++count;
   AddName(names, gaps, key, name, position, records);
@@ -47,9 +52,38 @@ template <class Record>
 void RenameAt(OneBased<Record>& records, std::int32_t position, const Gaps& gaps, NameIndex& names,
               std::string_view name) {
   Record& record = records[position];
+  std::string made(name);
+  names.MakeRoom();
   names.Remove(record.Name, position);
-  record.Name = name;
-  AddName(names, gaps, NameKey::Of(name), name, position, records);
+  record.Name = std::move(made);
+  AddName(names, gaps, NameKey::Of(record.Name), record.Name, position, records);
+}
+
+// Ascending.
+std::vector<std::int32_t> RowsWithOnly(const ModelData& data, std::int32_t column) {
+  std::vector<std::int32_t> rows;
+  for (std::int32_t r = 1; r <= data.NumberOfRows; ++r) {
+    const ElementList& list = data.Rows[r].Elements;
+    if (list.size() == 1 && list[1].Index == column) rows.push_back(r);
+  }
+  return rows;
+}
+
+// By their positions, ascending: what a column whose list agrees with theirs leaves empty.
+std::vector<std::int32_t> RowsEmptiedBy(const ModelData& data, const DeferredRemovals& removals,
+                                        std::int32_t column) {
+  std::vector<std::int32_t> rows;
+  for (const ElementEntry& entry : data.Columns[column].Elements) {
+    const std::int32_t row = entry.Index;
+    if (!removals.rows.IsGone(row) && removals.elements_left[row] == 1) rows.push_back(row);
+  }
+  std::sort(rows.begin(), rows.end());
+  return rows;
+}
+
+bool AllAgree(const ListAgreement& agreement, const std::vector<std::int32_t>& rows) {
+  return std::all_of(rows.begin(), rows.end(),
+                     [&](std::int32_t row) { return agreement.RowAgrees(row); });
 }
 
 }  // namespace
@@ -77,16 +111,18 @@ void DeferredWork::ReadyForRemoval() {
 void DeferredWork::RemoveRow(std::int32_t number) {
   ReadyForRemoval();
   const std::int32_t position = RowPosition(number);
+  ModelData& data = model_.data;
   if (!agreement_.RowAgrees(position)) {
     Settle();
     long_.Clear();
     NoteChange();
     RemoveRowNow(model_, number);
+    row_indexes_.Rebuild(data.NumberOfRows);
+    empty_ = row_indexes_.TryToCatchUp(data);
     return;
   }
   removals_.OpenRows(model_);
   empty_ = false;
-  ModelData& data = model_.data;
   data.NumberOfElements -= ElementsInRow(number);
   --data.NumberOfRows;
   removals_.rows.Note(position);
@@ -94,57 +130,72 @@ void DeferredWork::RemoveRow(std::int32_t number) {
   NoteAgreeingChange();
 }
 
-std::vector<std::int32_t> DeferredWork::RemoveColumn(std::int32_t number) {
+// Rows go with the column as one change, so all that may fail comes before it.
+void DeferredWork::RemoveColumn(std::int32_t number, const RowNotice& before) {
   ReadyForRemoval();
   const std::int32_t position = ColumnPosition(number);
-  if (agreement_.ColumnAgrees(position)) return RemoveAgreeingColumn(position);
-  Settle();
-  long_.Clear();
-  NoteChange();
-  return RemoveColumnNow(model_, number);
-}
-
-std::vector<std::int32_t> DeferredWork::RemoveAgreeingColumn(std::int32_t position) {
-  removals_.OpenColumns(model_);
-  empty_ = false;
-  ModelData& data = model_.data;
-  OneBased<std::int32_t>& left = removals_.elements_left;
-  const ElementList& list = data.Columns[position].Elements;
-  std::vector<std::int32_t> emptied;
-  for (const ElementEntry& entry : list) {
-    if (!removals_.rows.IsGone(entry.Index) && left[entry.Index] == 1) {
-      emptied.push_back(removals_.rows.NumberOf(entry.Index));
-    }
+  bool notes = agreement_.ColumnAgrees(position);
+  if (notes) {
+    removals_.OpenColumns(model_);
+    empty_ = false;
+  } else {
+    Settle();
   }
-  for (const ElementEntry& entry : list) {
+  std::vector<std::int32_t> rows =
+      notes ? RowsEmptiedBy(model_.data, removals_, position) : RowsWithOnly(model_.data, number);
+  if (before) {
+    for (const std::int32_t row : rows) before(model_.data.Rows[row]);
+  }
+  notes = notes && AllAgree(agreement_, rows);
+  if (!notes) return RemoveColumnAtOnce(number);
+  if (!rows.empty()) removals_.OpenRows(model_);
+  ModelData& data = model_.data;
+  for (const ElementEntry& entry : data.Columns[position].Elements) {
     if (removals_.rows.IsGone(entry.Index)) continue;
-    --left[entry.Index];
+    --removals_.elements_left[entry.Index];
     --data.NumberOfElements;
     ListPlaces* const places = long_.rows.Known(entry.Index);
     if (places != nullptr) places->Remove(places->First(position), position);
   }
   --data.NumberOfColumns;
   removals_.columns.Note(position);
+  for (const std::int32_t row : rows) removals_.rows.Note(row);
+  data.NumberOfRows -= static_cast<std::int32_t>(rows.size());
+  if (!rows.empty()) row_indexes_.Rebuild(data.NumberOfRows);
   NoteAgreeingChange();
-  std::sort(emptied.begin(), emptied.end());
-  return emptied;
+}
+
+// One by one, each of the rows takes a pass over the model: this is for lists that disagree.
+void DeferredWork::RemoveColumnAtOnce(std::int32_t number) {
+  Settle();
+  const std::vector<std::int32_t> rows = RowsWithOnly(model_.data, number);
+  long_.Clear();
+  NoteChange();
+  RemoveColumnNow(model_, number);
+  std::int32_t gone = 0;
+  for (const std::int32_t row : rows) RemoveRowNow(model_, row - gone++);
+  if (rows.empty()) return;
+  row_indexes_.Rebuild(model_.data.NumberOfRows);
+  empty_ = row_indexes_.TryToCatchUp(model_.data);
 }
 
 // Where something disagrees, the number of the new record may be in a list already.
 std::int32_t DeferredWork::AppendRow(const NameKey& key, std::string_view name) {
+  ModelData& data = model_.data;
+  CheckOneMore(data.NumberOfRows);
   FillRowListsIfBehind();
   if (!agreement_.everywhere()) NoteChange();
-  ModelData& data = model_.data;
-  const std::int32_t position =
-      AppendNamed(data.Rows, data.NumberOfRows, removals_.rows, model_.row_names, key, name);
-  if (removals_.columns.open()) removals_.elements_left.Resize(position);
-  return position;
+  if (removals_.columns.open()) {
+    removals_.elements_left.Resize(removals_.rows.PositionOf(data.NumberOfRows + 1));
+  }
+  return AppendNamed(data.Rows, data.NumberOfRows, removals_.rows, model_.row_names, key, name);
 }
 
 std::int32_t DeferredWork::AppendColumn(const NameKey& key, std::string_view name) {
+  ModelData& data = model_.data;
+  CheckOneMore(data.NumberOfColumns);
   FillRowListsIfBehind();
   if (!agreement_.everywhere()) NoteChange();
-  ModelData& data = model_.data;
   return AppendNamed(data.Columns, data.NumberOfColumns, removals_.columns, model_.column_names,
                      key, name);
 }

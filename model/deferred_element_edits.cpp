@@ -93,6 +93,7 @@ void DeferredWork::NotePlacesOfNew(std::int32_t row, std::int32_t column) {
 }
 
 void DeferredWork::AddElement(std::int32_t r, std::int32_t c, double value) {
+  CheckOneMore(model_.data.NumberOfElements);
   FillRowListsIfBehind();
   ModelData& data = model_.data;
   const std::int32_t row = RowPosition(r);
@@ -100,8 +101,8 @@ void DeferredWork::AddElement(std::int32_t r, std::int32_t c, double value) {
   const bool agrees = agreement_.WillSurviveNewPair() && !HasPair(row, column);
   ElementList& row_list = data.Rows[row].Elements;
   ElementList& column_list = data.Columns[column].Elements;
-  row_list.store().MakeRoom();
-  column_list.store().MakeRoom();
+  row_list.MakeRoom();
+  column_list.MakeRoom();
   NotePlacesOfNew(row, column);
   row_list.Append({column, value});
   column_list.Append({row, value});

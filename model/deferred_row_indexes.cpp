@@ -1,5 +1,7 @@
 #include "model/deferred_row_indexes.h"
 
+#include <new>
+
 #include "model/stored_model.h"
 
 namespace quarvel::model {
@@ -17,6 +19,15 @@ void DeferredRowIndexes::CatchUp(ModelData& data) {
   for (const Appended& row : appended_) AppendToRowIndex(data, row.row, row.binds);
   due_ = false;
   appended_.clear();
+}
+
+bool DeferredRowIndexes::TryToCatchUp(ModelData& data) noexcept {
+  try {
+    CatchUp(data);
+    return true;
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
 }
 
 void AppendToRowIndex(ModelData& data, std::int32_t last, bool binds) {

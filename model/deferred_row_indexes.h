@@ -27,8 +27,15 @@ class DeferredRowIndexes {
   // lists have to be made before: the row is listed by what it was without a type.
   bool Append(std::int32_t number, std::int32_t last, RowType type);
 
+  // Nothing is due; the lists stay as they are.
+  void Forget() noexcept {
+    due_ = false;
+    appended_.clear();
+  }
   // Makes the lists, of data without gaps. Nothing is due then.
   void CatchUp(ModelData& data);
+  // The same; false when there is no memory for it, and they are due still.
+  bool TryToCatchUp(ModelData& data) noexcept;
 
  private:
   struct Appended {

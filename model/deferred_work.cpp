@@ -39,7 +39,6 @@ void DeferredWork::DeferRowLists() {
 void DeferredWork::Settle() {
   FillRowListsIfBehind();
   CloseAllGaps();
-  row_indexes_.CatchUp(model_.data);
   empty_ = true;
 }
 
@@ -62,21 +61,23 @@ void DeferredWork::HandOver() {
 // What disagrees is marked by position, and what lists say of numbers that are not there may come
 // true once the gaps are closed.
 void DeferredWork::CloseAllGaps() {
-  if (removals_.empty()) return;
-  CloseGaps(model_, removals_);
-  long_.Clear();
-  paid_ = 0;
-  if (agreement_.everywhere()) {
-    NoteAgreeingChange();
-  } else {
-    NoteChange();
+  if (!removals_.empty()) {
+    CloseGaps(model_, removals_);
+    long_.Clear();
+    paid_ = 0;
+    if (agreement_.everywhere()) {
+      NoteAgreeingChange();
+    } else {
+      NoteChange();
+    }
   }
+  row_indexes_.CatchUp(model_.data);
 }
 
-// The row indexes outlive the rows, so they still hear of the gaps.
 void DeferredWork::NoteEmptied() {
-  CloseAllGaps();
-  row_indexes_.CatchUp(model_.data);
+  removals_.Clear();
+  row_indexes_.Forget();
+  paid_ = 0;
   long_.Clear();
   model_.row_lists_behind = false;
   empty_ = true;

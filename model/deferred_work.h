@@ -19,6 +19,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -69,9 +70,11 @@ class DeferredWork {
   std::int32_t FindColumn(const NameKey& key, std::string_view name);
 
   // --- changing, by current numbers, which must be those of records ---
+  // Whatever may fail comes before the first change.
   void RemoveRow(std::int32_t number);
-  // Gives the rows that are emptied by it, ascending; they stay.
-  std::vector<std::int32_t> RemoveColumn(std::int32_t number);
+  // As ModelStore::RemoveColumn.
+  using RowNotice = std::function<void(const RowRecord&)>;
+  void RemoveColumn(std::int32_t number, const RowNotice& before);
   // A record behind the counted ones, with a name that is not in the index yet; gives its position.
   std::int32_t AppendRow(const NameKey& key, std::string_view name);
   std::int32_t AppendColumn(const NameKey& key, std::string_view name);
@@ -88,14 +91,15 @@ class DeferredWork {
   void NoteChange() { ++changes_; }
   // Lists are changed, and agree as far as they did.
   void NoteAgreeingChange() { agreement_.Follow(++changes_); }
-  // All lists are gone.
+  // Does what outlives the records: closes all gaps and catches up on the row indexes.
+  void CloseAllGaps();
+  // All records are going, with what is deferred for them. Cannot fail.
   void NoteEmptied();
   // Lists are going to be changed elsewhere, by number.
   void HandOver();
 
  private:
   void FillRowListsIfBehind();
-  void CloseAllGaps();
   bool LooksHavePaid(std::int32_t elements);
   void ReadyForRemoval();
   // By position: the first place in one's list that names the other, 0 when none does.
@@ -105,7 +109,7 @@ class DeferredWork {
   // The place in its list of the k-th entry of a row that is not gone.
   std::int32_t PlaceInRow(std::int32_t position, std::int32_t k);
   void NotePlacesOfNew(std::int32_t row, std::int32_t column);
-  std::vector<std::int32_t> RemoveAgreeingColumn(std::int32_t position);
+  void RemoveColumnAtOnce(std::int32_t number);
 
   StoredModel& model_;
   bool empty_ = true;  // nothing is deferred

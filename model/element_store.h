@@ -43,12 +43,12 @@ class ElementStore {
   const_iterator end() const { return data_ + size_; }
 
   void push_back(const ElementEntry& entry) {
-    if (size_ >= capacity_) Grow(size_ + 1u);  // a lent list has capacity 0 and moves
+    MakeRoom();
     data_[size_++] = entry;
   }
-  // Has the next push_back find room.
+  // The next push_back cannot fail.
   void MakeRoom() {
-    if (size_ >= capacity_) Grow(size_ + 1u);
+    if (size_ >= capacity_) Grow(size_ + 1u);  // a lent list has capacity 0 and moves
   }
   void erase(iterator position);
   void resize(std::size_t size);

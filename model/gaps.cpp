@@ -47,6 +47,11 @@ void Gaps::Note(std::int32_t position) noexcept {
   if (first_gone_ == 0 || position < first_gone_) first_gone_ = position;
 }
 
+void Gaps::MakeRoom() {
+  if (left_.size() == left_.capacity()) left_.reserve(2 * left_.size());
+  if (is_gone_.size() == is_gone_.capacity()) is_gone_.reserve(2 * is_gone_.size() + 1);
+}
+
 void Gaps::Append() {
   const std::size_t place = left_.size();
   std::int32_t left = 1;

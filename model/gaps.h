@@ -51,6 +51,8 @@ class Gaps {
   void Note(std::int32_t position) noexcept;
   // One more position, at the end. What was there stays as it was when memory runs out.
   void Append();
+  // The next Append cannot fail.
+  void MakeRoom();
   // That was not so. Only for the last position.
   void TakeBackAppend() noexcept;
 

@@ -36,23 +36,17 @@ void RemoveRowNow(StoredModel& model, std::int32_t r) {
     if (DropFirst(list, r)) --data.NumberOfElements;
     LowerAbove(list, r);
   }
-  RebuildRowIndexes(data);
 }
 
-std::vector<std::int32_t> RemoveColumnNow(StoredModel& model, std::int32_t c) {
+void RemoveColumnNow(StoredModel& model, std::int32_t c) {
   ModelData& data = model.data;
   RemoveRecord(data.Columns, c, data.NumberOfColumns);
   model.column_names.MarkStale();
-  std::vector<std::int32_t> emptied;
   for (std::int32_t r = 1; r <= data.NumberOfRows; ++r) {
     ElementList& list = data.Rows[r].Elements;
-    if (DropFirst(list, c)) {
-      --data.NumberOfElements;
-      if (list.empty()) emptied.push_back(r);
-    }
+    if (DropFirst(list, c)) --data.NumberOfElements;
     LowerAbove(list, c);
   }
-  return emptied;
 }
 
 }  // namespace quarvel::model

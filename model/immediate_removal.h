@@ -1,10 +1,9 @@
 // Removals carried out at once, whatever the lists say of each other: the definition of what any
-// removal leaves. Each takes a pass over the lists of the other kind. Nothing may be deferred.
+// removal leaves. They cannot fail. Each takes a pass over the lists of the other kind. Nothing may be deferred.
 // 1-based numbers.
 #pragma once
 
 #include <cstdint>
-#include <vector>
 
 #include "model/stored_model.h"
 
@@ -13,10 +12,9 @@ namespace quarvel::model {
 // Drops the first entry of the list that names `number`. False when none does.
 bool DropFirst(ElementList& list, std::int32_t number);
 
-// Every column loses its first coefficient in the row.
+// Every column loses its first coefficient in the row. The row indexes are to be made anew.
 void RemoveRowNow(StoredModel& model, std::int32_t r);
-// Every row loses its first coefficient in the column. Gives the rows that are emptied by it,
-// ascending; they stay.
-std::vector<std::int32_t> RemoveColumnNow(StoredModel& model, std::int32_t c);
+// Every row loses its first coefficient in the column. Rows that are emptied by it stay.
+void RemoveColumnNow(StoredModel& model, std::int32_t c);
 
 }  // namespace quarvel::model

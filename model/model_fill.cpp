@@ -1,17 +1,21 @@
 #include "model/model_fill.h"
 
 #include <string>
+#include <utility>
 
 namespace quarvel::model {
 namespace {
 
 template <class Record>
 Record& AppendRecord(OneBased<Record>& records, std::int32_t& count, std::string_view name,
-                     Bounds bounds) {
+                     Bounds bounds, NameIndex& names) {
+  CheckOneMore(count);
   if (records.size() != count) records.Resize(count);
+  names.MakeRoom();
+  std::string made(name);  // made anew, it has no more room than it needs
   Record& record = records.AppendFresh();
-  ++count;                          // not before there is one
-  record.Name = std::string(name);  // made anew, it has no more room than it needs
+  ++count;  // not before there is one
+  record.Name = std::move(made);
   static_cast<Bounds&>(record) = bounds;
   return record;
 }
@@ -28,7 +32,7 @@ void ModelFill::Begin() {
 std::int32_t ModelFill::AppendRow(const NameKey& key, std::string_view name, RowType type,
                                   Bounds bounds) {
   ModelData& data = model_.data;
-  AppendRecord(data.Rows, data.NumberOfRows, name, bounds).Type = type;
+  AppendRecord(data.Rows, data.NumberOfRows, name, bounds, model_.row_names).Type = type;
   model_.row_names.Add(key, name, data.NumberOfRows, NamesOf(data.Rows));
   return data.NumberOfRows;
 }
@@ -36,9 +40,18 @@ std::int32_t ModelFill::AppendRow(const NameKey& key, std::string_view name, Row
 std::int32_t ModelFill::AppendColumn(const NameKey& key, std::string_view name, ColumnType type,
                                      Bounds bounds) {
   ModelData& data = model_.data;
-  AppendRecord(data.Columns, data.NumberOfColumns, name, bounds).Type = type;
+  AppendRecord(data.Columns, data.NumberOfColumns, name, bounds, model_.column_names).Type = type;
   model_.column_names.Add(key, name, data.NumberOfColumns, NamesOf(data.Columns));
   return data.NumberOfColumns;
+}
+
+void ModelFill::AppendToBoth(std::int32_t r, std::int32_t c, double value) {
+  ElementList& row = model_.data.Rows[r].Elements;
+  row.MakeRoom();
+  model_.column_arena.Append(model_.data.Columns[c].Elements.store(), {r, value});
+  row.Append({c, value});
+  ++model_.data.NumberOfElements;
+  deferred_.NoteChange();
 }
 
 }  // namespace quarvel::model

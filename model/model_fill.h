@@ -2,6 +2,8 @@
 // with row lists deferred and nothing allocated for a coefficient. A handle that the store gives out,
 // valid as long as that; 1-based numbers.
 //
+// A call that raises, or for which there is no memory, changes nothing; the fill can go on.
+//
 // While events run, anybody may look at the store and change it, and the fill goes on with what is
 // there then. It only must be told (AfterCallback), as it does not look whether numbers are current.
 #pragma once
@@ -26,7 +28,7 @@ class ModelFill {
   // For the store.
   ModelFill(StoredModel& model, DeferredWork& deferred) : model_(model), deferred_(deferred) {}
 
-  // Drops all records and row indexes; the settings stay.
+  // Drops all records and row indexes; the settings stay. Cannot fail.
   void Begin();
 
   ModelSettings& settings() { return model_.data; }
@@ -62,11 +64,11 @@ class ModelFill {
 
   // Both numbers must be of records. What stands there already is not looked for.
   void AppendElement(std::int32_t r, std::int32_t c, double value) {
+    CheckOneMore(model_.data.NumberOfElements);
+    if (!model_.row_lists_behind) [[unlikely]]
+      return AppendToBoth(r, c, value);
     model_.column_arena.Append(model_.data.Columns[c].Elements.store(), {r, value});
-    ++model_.data.NumberOfElements;
-    if (model_.row_lists_behind) return;  // making them counts as the change
-    model_.data.Rows[r].Elements.Append({c, value});
-    deferred_.NoteChange();
+    ++model_.data.NumberOfElements;  // making the row lists counts as the change
   }
   // An earlier column gets more coefficients. Row lists keep the order in which coefficients come,
   // which walking the columns no longer gives: from here on they are kept up to date one by one.
@@ -77,6 +79,8 @@ class ModelFill {
   void AfterCallback() { deferred_.HandOver(); }
 
  private:
+  void AppendToBoth(std::int32_t r, std::int32_t c, double value);
+
   StoredModel& model_;
   DeferredWork& deferred_;
 };

@@ -78,12 +78,7 @@ void ModelStore::RemoveRow(std::int32_t r) {
 
 void ModelStore::RemoveColumn(std::int32_t c, const std::function<void(const RowRecord&)>& before) {
   CheckNumber(c, NumberOfColumns());
-  std::int32_t gone = 0;
-  for (const std::int32_t number : deferred_.RemoveColumn(c)) {
-    const std::int32_t r = number - gone++;
-    if (before) before(Row(r));
-    RemoveRow(r);
-  }
+  deferred_.RemoveColumn(c, before);
   CheckChange();
 }
 
@@ -99,22 +94,28 @@ void ModelStore::RemoveElement(std::int32_t r, std::int32_t k) {
 }
 
 void ModelStore::Clear() {
+  DropRecords();
   model_.data.ModelName.clear();
   model_.data.ModelDescription.clear();
   model_.data.FileLocation.clear();
   model_.data.strMPSFile.clear();
-  DropRecords();
 }
 
 void ModelStore::DropRecords() {
+  deferred_.CloseAllGaps();
   deferred_.NoteEmptied();
   ReleaseRecords(model_);
   CheckChange();
 }
 
-void ModelStore::PlaceHidden(RowRecord row, ColumnRecord column) {
-  model_.data.Rows.Append(std::move(row));
-  model_.data.Columns.Append(std::move(column));
+void ModelStore::StartAnew(RowRecord row, ColumnRecord column) {
+  OneBased<RowRecord> rows;
+  OneBased<ColumnRecord> columns;
+  rows.Append(std::move(row));
+  columns.Append(std::move(column));
+  Clear();
+  model_.data.Rows = std::move(rows);
+  model_.data.Columns = std::move(columns);
 }
 
 void ModelStore::Take(ModelData data) {

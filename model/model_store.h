@@ -3,8 +3,11 @@
 // what is deferred and whether the lists of rows and columns agree is nobody else's business.
 //
 // Rows, columns and entries of lists are numbered from 1; a number of none raises 9 (subscript out
-// of range) and changes nothing. Operations take any text and value: what a host may set is checked
-// above.
+// of range), one record or coefficient too many 6 (overflow). Operations take any text and value:
+// what a host may set is checked above.
+//
+// An operation that raises, or for which there is no memory (std::bad_alloc), changes nothing and can
+// be repeated: whatever may fail comes before the first change. What is deferred stays so then.
 //
 // References that a look gives are valid until the next operation that is not const, and the next
 // look.
@@ -87,7 +90,8 @@ class ModelStore {
   // The row indexes follow. A row that gets its first type is taken for the last one there.
   void SetRowType(std::int32_t r, RowType type);
   void SetColumnType(std::int32_t c, ColumnType type);
-  // Gives every row the type that its bounds make it.
+  // Gives every row the type that its bounds make it. Without memory for the row indexes the types are
+  // changed all the same, and it is to be repeated.
   void DeriveRowTypes();
   // Entry k of the row's list, and the first that names the row in its column's list. Walks that
   // list.
@@ -104,8 +108,8 @@ class ModelStore {
   // Coefficients go with their row or column. Where a pair was added twice, only the first entry of
   // the other list goes, and the removal is a pass over the model.
   void RemoveRow(std::int32_t r);
-  // Rows that lose their last coefficient by it go too, in ascending order; `before` is called with
-  // each of them before it goes, and must not change the store.
+  // Rows that lose their last coefficient by it go too; `before` is called with each of them, in
+  // ascending order, before anything goes, for its name and type; it must not change the store.
   void RemoveColumn(std::int32_t c, const std::function<void(const RowRecord&)>& before = nullptr);
   // Entry k of the row's list; a row whose only one it is goes.
   void RemoveElement(std::int32_t r, std::int32_t k);
@@ -114,8 +118,8 @@ class ModelStore {
   // Drops all records with their lists and memory, and the texts that tell of the model: its name,
   // description and files. The row indexes and all other settings stay.
   void Clear();
-  // One record of each kind that is stored but not counted, in an empty store.
-  void PlaceHidden(RowRecord row, ColumnRecord column);
+  // As Clear; then one record of each kind is stored but not counted.
+  void StartAnew(RowRecord row, ColumnRecord column);
   // What a reader fills the store through.
   ModelFill fill() { return {model_, deferred_}; }
   // Takes over any fields, settings too. Lists and counts may disagree in any way.

@@ -58,7 +58,7 @@ class NameIndex {
   }
   template <class NameOf>
   void Add(const NameKey& key, std::string_view name, std::int32_t number, const NameOf& name_of) {
-    Reserve(size_ + 1);
+    MakeRoom();
     if (Find(key, name, name_of) != 0) {
       has_duplicates_ = true;
       return;
@@ -84,16 +84,20 @@ class NameIndex {
   template <class NameOf>
   void Rebuild(std::int32_t count, const NameOf& name_of) {
     Clear();
+    stale_ = true;  // as long as it is not made
     Reserve(static_cast<std::size_t>(count));
     for (std::int32_t number = 1; number <= count; ++number) {
       Add(name_of(number), number, name_of);
     }
+    stale_ = false;
   }
 
   // How many buckets look-ups of all names visit beside the first; for tests of the cost. A pass.
   std::size_t CountDetours() const;
 
   void Clear();
+  // Makes room for one entry more, so that the next Add cannot fail.
+  void MakeRoom() { Reserve(size_ + 1); }
   // Makes room for `count` entries in all.
   void Reserve(std::size_t count) {
     if (count > most_) Grow(count);

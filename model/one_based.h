@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -16,6 +17,16 @@ namespace quarvel::model {
 
 [[noreturn]] inline void RaiseSubscriptOutOfRange() {
   RaiseRunTimeError(RunTimeError::kSubscriptOutOfRange);
+}
+
+// How many of anything a model may count: one less than a number can say, so that the counter of a
+// loop over all of them does not wrap behind the last.
+inline constexpr std::int32_t kMostCounted = std::numeric_limits<std::int32_t>::max() - 1;
+
+// Call before one more is counted: raises 6 (overflow) when there may be no more.
+inline void CheckOneMore(std::int32_t count) {
+  if (count >= kMostCounted) [[unlikely]]
+    RaiseRunTimeError(RunTimeError::kOverflow);
 }
 
 template <class T, class Store = std::vector<T, platform::TableAllocator<T>>>
@@ -34,6 +45,8 @@ class OneBased {
   T& AppendFresh() { return store_.emplace_back(); }
   // True when appending moves all entries to a larger room.
   bool IsFull() const { return store_.size() == store_.capacity(); }
+  // Makes room for one entry more, so that the next Append cannot fail.
+  void MakeRoom() { store_.MakeRoom(); }
   // Makes room for so many entries in all; nothing when there is as much already.
   void Reserve(std::int32_t size) {
     if (size <= 0 || static_cast<std::size_t>(size) <= store_.capacity()) return;

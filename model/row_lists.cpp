@@ -54,7 +54,7 @@ class RowLists {
         arena_(model.row_arena),
         places_(static_cast<std::size_t>(data_.Rows.size()) + 1, 0) {
     CountElements();
-    Lend();
+    FindPlaces();
   }
 
   void Fill() {
@@ -65,6 +65,7 @@ class RowLists {
     constexpr int kLeastRowBits = 6;
     const GroupedIndex index(data_.Columns.size(), kRowBits);
     if (data_.Rows.size() <= kFewRows || index.row_bits() < kLeastRowBits) {
+      Lend();
       FillDirectly();
       return;
     }
@@ -77,11 +78,15 @@ class RowLists {
       largest = std::max(largest, End(groups, g) - groups[g]);
     }
     if (largest > total_ / 2) {
+      Lend();
       FillDirectly();
       return;
     }
-    FillGroups(index, groups);
-    OrderGroups(index, groups, largest);
+    Places next = groups;
+    const platform::Table<ElementEntry> group = platform::MakeTable<ElementEntry>(largest);
+    Lend();
+    FillGroups(index, next);
+    OrderGroups(index, groups, group.get());
   }
 
  private:
@@ -95,16 +100,23 @@ class RowLists {
     for (const std::uint32_t count : places_) total_ += count;
   }
 
-  // Lends each row room for its coefficients, and turns the counts into where each row's room
-  // begins.
+  // Turns the counts into where each row's room begins.
+  void FindPlaces() {
+    std::uint32_t next = 0;
+    for (std::uint32_t& place : places_) {
+      const std::uint32_t count = std::exchange(place, next);
+      next += count;
+    }
+  }
+
+  // Lends each row room for its coefficients. Nothing fails from here on.
   void Lend() {
     entries_ = arena_.Take(total_);
-    std::uint32_t next = 0;
     for (std::int32_t r = 1; r <= data_.Rows.size(); ++r) {
-      std::uint32_t& place = places_[static_cast<std::size_t>(r)];
-      const std::uint32_t count = std::exchange(place, next);
-      if (count > 0) data_.Rows[r].Elements.store().Lend(entries_ + next, count);
-      next += count;
+      const auto place = static_cast<std::size_t>(r);
+      const std::size_t end = place + 1 < places_.size() ? places_[place + 1] : total_;
+      const std::size_t count = end - places_[place];
+      if (count > 0) data_.Rows[r].Elements.store().Lend(entries_ + places_[place], count);
     }
   }
 
@@ -127,18 +139,18 @@ class RowLists {
     });
   }
 
-  void FillGroups(const GroupedIndex& index, const Places& groups) {
-    Places next = groups;
+  // `next`: where each group's next entry goes.
+  void FillGroups(const GroupedIndex& index, Places& next) {
     ForEachElement([&](const ElementEntry& entry, std::int32_t c) {
       Put(entries_[next[index.Group(entry.Index)]++], index.Pack(entry.Index, c), entry.Value);
     });
   }
 
-  void OrderGroups(const GroupedIndex& index, const Places& groups, std::size_t largest) {
-    const platform::Table<ElementEntry> group = platform::MakeTable<ElementEntry>(largest);
+  // `group`: room for the largest.
+  void OrderGroups(const GroupedIndex& index, const Places& groups, ElementEntry* group) {
     for (std::size_t g = 0; g < groups.size(); ++g) {
       const std::size_t size = End(groups, g) - groups[g];
-      std::copy_n(entries_ + groups[g], size, group.get());
+      std::copy_n(entries_ + groups[g], size, group);
       std::uint32_t* const places = places_.data() + index.FirstRow(g);
       for (std::size_t i = 0; i < size; ++i) {
         const ElementEntry& entry = group[i];

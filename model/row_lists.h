@@ -6,7 +6,8 @@ namespace quarvel::model {
 struct StoredModel;
 
 // Gives every row, which must have an empty list, the coefficients that the columns name it in,
-// column by column. Every index must be that of a row.
+// column by column. Every index must be that of a row. Changes nothing when there is no memory for
+// it.
 //
 // Rows come in any order, and writing each coefficient where its row's list goes on would wait for
 // memory at every one. Large models are therefore sorted twice: first the coefficients go to the

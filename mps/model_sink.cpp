@@ -18,8 +18,8 @@ void ModelSink::AfterCallback() {
 
 void ModelSink::AddDescription(std::string_view line) {
   std::string& description = fill_.settings().ModelDescription;
-  if (!description.empty()) description += "\r\n";
-  description += line;
+  std::string added(description.empty() ? "" : "\r\n");
+  description += added.append(line);  // all of it or nothing
 }
 
 std::int32_t ModelSink::FindRow(const SourceLine& line, std::size_t token) const {
@@ -71,7 +71,8 @@ std::int32_t ModelSink::ExpectedCount(std::int32_t count, std::size_t bytes_each
   const auto most =
       static_cast<double>(std::min(kMostRoom / bytes_each, 8 * static_cast<std::size_t>(count)));
   const auto enough = static_cast<double>(count) / 16;
-  return count + static_cast<std::int32_t>(std::min(more + enough, most));
+  const double room = static_cast<double>(model::kMostCounted) - static_cast<double>(count);
+  return count + static_cast<std::int32_t>(std::min({more + enough, most, room}));
 }
 
 }  // namespace quarvel::mps

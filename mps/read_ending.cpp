@@ -8,6 +8,7 @@
 namespace quarvel::mps {
 
 void ReadEnding::Run() {
+  Insist([this] { store_.data(); });
   if (IsDone()) questions_.Guarded([this] { CheckModel(); });
   if (IsDone()) questions_.Guarded([this] { Finish(); });
   if (questions_.state() == ReadState::kStopped) {
@@ -18,8 +19,28 @@ void ReadEnding::Run() {
   if (questions_.state() == ReadState::kFailed) EndAsFailed();
 }
 
+void ReadEnding::GiveUp() {
+  if (!is_whole_) {
+    store_.settings().ReadMPSFileErr = 0;
+    store_.fill().Begin();  // with what a host has deferred, which takes memory to carry out
+    host_.DropModel();
+  }
+  CloseWindow();
+}
+
+template <class Step>
+void ReadEnding::Insist(const Step& step) {
+  for (bool taken = false; IsDone() && !taken;) {
+    questions_.Guarded([&] {
+      step();
+      taken = true;
+    });
+  }
+}
+
 void ReadEnding::Check(bool good, ReadProblemCode code) {
-  if (IsDone() && !good) questions_.GoesOnAfter({code});
+  if (!IsDone() || good) return;
+  questions_.Guarded([&] { questions_.GoesOnAfter({code}); });
 }
 
 void ReadEnding::CheckModel() {
@@ -41,16 +62,26 @@ bool ReadEnding::CheckRecords(const Records& records, const std::int32_t& count,
   bool accepted_empty = false;
   for (std::int32_t number = 1; number <= count; ++number) {
     const auto& record = records[number];
-    const bool is_empty = record.ElementCount() == 0;
-    const bool is_reversed = record.LowerBound > record.UpperBound;
-    if (!is_empty && !is_reversed) continue;
-    const std::string name = record.Name;
-    if (is_reversed && !questions_.GoesOnAfter({.code = reversed, .item = name})) break;
-    if (is_empty && !AcceptsEmpty(what, name)) break;
-    accepted_empty = accepted_empty || is_empty;
-    store_.data();  // settles what a host has deferred
+    if (record.ElementCount() != 0 && !(record.LowerBound > record.UpperBound)) continue;
+    questions_.Guarded([&] {
+      if (AsksAndAcceptsEmpty(record, what, reversed)) accepted_empty = true;
+    });
+    if (!IsDone()) break;
+    Insist([this] { store_.data(); });  // settles what a host has deferred
   }
   return accepted_empty;
+}
+
+template <class Record>
+bool ReadEnding::AsksAndAcceptsEmpty(const Record& record, std::string_view what,
+                                     ReadProblemCode reversed) {
+  const bool is_empty = record.ElementCount() == 0;
+  const std::string name = record.Name;
+  if (record.LowerBound > record.UpperBound &&
+      !questions_.GoesOnAfter({.code = reversed, .item = name})) {
+    return false;
+  }
+  return is_empty && AcceptsEmpty(what, name);
 }
 
 // No ends the read, and alone of all endings leaves the progress window on the screen.
@@ -70,7 +101,9 @@ bool ReadEnding::AcceptsEmpty(std::string_view what, const std::string& name) {
 }
 
 void ReadEnding::Finish() {
-  store_.DeriveRowTypes();
+  Insist([this] { store_.DeriveRowTypes(); });
+  if (!IsDone()) return;
+  is_whole_ = true;
   CloseWindow();
   questions_.Guarded([this] { OfferToSimplify(); });
   if (IsDone()) questions_.Guarded([this] { host_.ShowModel(); });

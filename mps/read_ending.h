@@ -33,15 +33,24 @@ class ReadEnding {
 
   // Ends a read that is done, stopped or failed. Raises nothing that the model causes.
   void Run();
+  // Ends a read that cannot go on: the model is empty unless it is whole already. Cannot fail.
+  void GiveUp();
 
  private:
   bool IsDone() const { return questions_.state() == ReadState::kDone; }
+  // Takes a step that the model is not whole without: a failure is asked about until it succeeds.
+  template <class Step>
+  void Insist(const Step& step);
   void Check(bool good, ReadProblemCode code);
   void CheckModel();
   // Each record for bounds and elements; true when a record without elements was accepted.
   template <class Records>
   bool CheckRecords(const Records& records, const std::int32_t& count, std::string_view what,
                     ReadProblemCode reversed);
+  // Asks about a record that has no elements or whose bounds are reversed; true when it has none and
+  // was accepted.
+  template <class Record>
+  bool AsksAndAcceptsEmpty(const Record& record, std::string_view what, ReadProblemCode reversed);
   bool AcceptsEmpty(std::string_view what, const std::string& name);
   void Finish();
   void OfferToSimplify();
@@ -53,6 +62,7 @@ class ReadEnding {
   ReadHost& host_;
   frmProgress* window_;
   ReadQuestions& questions_;
+  bool is_whole_ = false;  // the model, but for what the user wants to do with it next
 };
 
 }  // namespace quarvel::mps

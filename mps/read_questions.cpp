@@ -25,10 +25,10 @@ platform::Box BoxOf(const ReadProblem& problem) {
 
 bool ReadQuestions::GoesOnAfter(const ReadProblem& problem) {
   const platform::MsgBoxResult answer = desktop_.MsgBox(BoxOf(problem));
+  const bool goes_on = answer == platform::MsgBoxResult::kYes;
+  if (!goes_on) state_ = ReadState::kFailed;
   sink_.AfterCallback();
-  if (answer == platform::MsgBoxResult::kYes) return true;
-  state_ = ReadState::kFailed;
-  return false;
+  return goes_on;
 }
 
 }  // namespace quarvel::mps

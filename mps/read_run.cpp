@@ -23,6 +23,15 @@ void ReadRun::Run() {
   settings_.EndLineMissing = false;
   settings_.LinesRead = 0;
   sink_.DropRecords();
+  try {
+    ReadAll();
+  } catch (...) {
+    ending_.GiveUp();
+    throw;
+  }
+}
+
+void ReadRun::ReadAll() {
   // Answered Yes, a file that cannot be opened is read as an empty one.
   questions_.Guarded([this] { source_.Open(settings_.strMPSFile); });
   if (IsReading()) Begin();
@@ -44,7 +53,7 @@ void ReadRun::ReadLines() {
   while (source_.Next(sections_.section())) {
     if (line.number() == next_event_) {
       next_event_ += kLinesBetweenEvents;
-      ReportProgress();
+      questions_.Guarded([this] { ReportProgress(); });  // the line is not lost by it
       if (!IsReading()) return;
     }
     if (!sections_.Use(line)) break;

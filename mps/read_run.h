@@ -29,6 +29,8 @@ class ReadRun {
           frmProgress* window);
 
   // Reads the file strMPSFile. Raises nothing that the file causes; the outcome is ReadMPSFileErr.
+  // What could not even be asked about, for lack of memory, is raised: the read has failed then, and
+  // the model is empty.
   void Run();
 
  private:
@@ -40,6 +42,7 @@ class ReadRun {
   };
 
   bool IsReading() const { return questions_.state() == ReadState::kReading; }
+  void ReadAll();
   void Begin();
   void ReadLines();
   void ReportProgress();

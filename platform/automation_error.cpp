@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <new>
 #include <utility>
 
 namespace quarvel {
@@ -36,6 +35,23 @@ AutomationError MakeRunTimeError(RunTimeError number) {
   return AutomationError(static_cast<std::int32_t>(number), "", std::string(Describe(number)));
 }
 
+// Its texts stand in the error itself, so that it can be raised when there is no memory at all.
+AutomationError MakeOutOfMemory() { return MakeRunTimeError(kOutOfMemory); }
+
+AutomationError CopyOfCurrentError() {
+  try {
+    throw;
+  } catch (const AutomationError& error) {
+    return error;
+  } catch (const std::bad_alloc&) {
+    return MakeOutOfMemory();
+  } catch (const std::length_error&) {
+    return MakeOutOfMemory();
+  } catch (...) {
+    return MakeRunTimeError(kInternalError);
+  }
+}
+
 }  // namespace
 
 AutomationError::AutomationError(std::int32_t number, std::string source, std::string description)
@@ -61,13 +77,9 @@ void RaiseRunTimeError(RunTimeError number) { throw MakeRunTimeError(number); }
 
 AutomationError CurrentError() {
   try {
-    throw;
-  } catch (const AutomationError& error) {
-    return error;
+    return CopyOfCurrentError();
   } catch (const std::bad_alloc&) {
-    return MakeRunTimeError(kOutOfMemory);
-  } catch (...) {
-    return MakeRunTimeError(kInternalError);
+    return MakeOutOfMemory();
   }
 }
 

@@ -8,8 +8,10 @@
 
 #include <cstdint>
 #include <exception>
+#include <new>
 #include <optional>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -72,7 +74,21 @@ std::string_view Describe(RunTimeError number);
 [[noreturn]] void RaiseRunTimeError(RunTimeError number);
 
 // The exception being handled as an AutomationError: itself, or kOutOfMemory for a failed
-// allocation, or kInternalError for anything else. Call only inside a catch block.
+// allocation, or kInternalError for anything else. Without memory for that it is kOutOfMemory. Call
+// only inside a catch block.
 AutomationError CurrentError();
+
+// Runs an operation of the component and gives its result; what it cannot have the memory for leaves
+// it as kOutOfMemory. Costs nothing where nothing fails.
+template <class Operation>
+auto Guarded(const Operation& operation) {
+  try {
+    return operation();
+  } catch (const std::bad_alloc&) {
+    RaiseRunTimeError(RunTimeError::kOutOfMemory);
+  } catch (const std::length_error&) {  // a text or an array larger than any memory
+    RaiseRunTimeError(RunTimeError::kOutOfMemory);
+  }
+}
 
 }  // namespace quarvel

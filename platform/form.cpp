@@ -1,6 +1,7 @@
 #include "platform/form.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "platform/automation_error.h"
@@ -39,6 +40,15 @@ bool Press(const std::vector<Control*>& controls, Wanted wanted) {
     return true;
   }
   return false;
+}
+
+// A failure that there is no memory to tell of in a box is told by a sound.
+void Tell(Desktop& desktop, const AutomationError& failure) {
+  try {
+    desktop.MsgBox(Failure(failure));
+  } catch (const std::bad_alloc&) {
+    desktop.Beep();
+  }
 }
 
 // Off the screen: whoever waits for this showing sees it closed before the window goes.
@@ -163,7 +173,7 @@ void Form::Dispatch(const std::function<void()>& handler) {
     handler();
   } catch (...) {
     if (!showing->modal || (!showing->closed && survives_failures_)) {
-      desktop.MsgBox(Failure(CurrentError()));
+      Tell(desktop, CurrentError());
       return;
     }
     if (!showing->failure) showing->failure = std::current_exception();

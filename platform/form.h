@@ -95,8 +95,8 @@ class Form {
 
   // For drawers: runs a handler of this form. A failure that leaves it closes a modal showing
   // without asking and is raised by ShowModal; a form shown by Show, or one that survives failures,
-  // stays, and the failure is one plain box. A form that is not showing has nobody to keep the
-  // failure for: it leaves this call.
+  // stays, and the failure is one plain box, or a beep where there is no memory for one. A form that
+  // is not showing has nobody to keep the failure for: it leaves this call.
   void Dispatch(const std::function<void()>& handler);
   // For drawers: the user wants the window closed.
   void RequestClose();

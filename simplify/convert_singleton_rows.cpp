@@ -204,12 +204,13 @@ Simplifier::RowFate Simplifier::AskAboutRow(std::int32_t i, const ConversionRule
 void Simplifier::ConvertAndDelete(std::int32_t i, unsigned taken_bounds, double lower,
                                   double upper) {
   // A host may have taken the element out while it was asked.
-  if (store_.Row(i).ElementCount() > 0) {
-    model::Bounds& column = store_.ColumnBoundsAt(store_.Row(i).Elements[1]);
-    if ((taken_bounds & kLower) != 0) column.LowerBound = lower;
-    if ((taken_bounds & kUpper) != 0) column.UpperBound = upper;
-  }
+  if (store_.Row(i).ElementCount() == 0) return store_.RemoveRow(i);
+  const model::ElementEntry element = store_.Row(i).Elements[1];
+  store_.ColumnBoundsAt(element);  // raises now if there is no such column
   store_.RemoveRow(i);
+  model::Bounds& column = store_.ColumnBoundsAt(element);
+  if ((taken_bounds & kLower) != 0) column.LowerBound = lower;
+  if ((taken_bounds & kUpper) != 0) column.UpperBound = upper;
 }
 
 }  // namespace quarvel::simplify

@@ -92,10 +92,10 @@ bool frmViewEquations::OnQueryUnload(platform::UnloadReason) {
 
 void frmViewEquations::OnUnload() {
   model::ModelInterface* const model = std::exchange(viewed_.model, nullptr);
+  if (model != nullptr) model->frmViewEquationsIsShowing(false);  // whatever the rest comes to
   contents.TakeWantedRefresh();
   desk.CloseDialogs();
   contents.Empty();
-  if (model != nullptr) model->frmViewEquationsIsShowing(false);
 }
 
 }  // namespace quarvel::viewer

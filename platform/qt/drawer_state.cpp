@@ -28,8 +28,13 @@ void DrawerState::DestroyRetiredSoon() {
       &later_, [this] { DestroyRetired(); }, Qt::QueuedConnection);
 }
 
-void DrawerState::TellFailure() const {
-  if (on_failure) on_failure(CurrentError().description());
+void DrawerState::TellFailure() const noexcept {
+  try {
+    if (on_failure) on_failure(CurrentError().description());
+  } catch (...) {
+    // Not even memory for a box is left: there is no other way to tell.
+    QApplication::beep();
+  }
 }
 
 }  // namespace quarvel::platform::qt

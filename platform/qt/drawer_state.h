@@ -58,7 +58,7 @@ class DrawerState {
   };
 
   void DestroyRetiredSoon();
-  void TellFailure() const;
+  void TellFailure() const noexcept;
 
   std::vector<QWidget*> shown_;  // the topmost last
   std::vector<std::shared_ptr<QWidget>> retired_;

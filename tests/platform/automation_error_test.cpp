@@ -110,5 +110,27 @@ TEST(CurrentError, IsInternalErrorForAnythingElse) {
   EXPECT_EQ(Caught([] { throw 5; }).number(), 51);
 }
 
+TEST(CurrentError, TakesALengthBeyondAllMemoryForALackOfIt) {
+  const AutomationError error = Caught([] { throw std::length_error("a text too long"); });
+  EXPECT_EQ(error.run_time_error(), kOutOfMemory);
+}
+
+TEST(Guarded, GivesWhatTheOperationGives) {
+  EXPECT_EQ(Guarded([] { return 5; }), 5);
+  int calls = 0;
+  Guarded([&] { ++calls; });
+  EXPECT_EQ(calls, 1);
+}
+
+TEST(Guarded, RaisesALackOfMemoryAsAnErrorOfOurs) {
+  EXPECT_EQ(Caught([] { Guarded([]() -> int { throw std::bad_alloc(); }); }).number(), 7);
+  EXPECT_EQ(Caught([] { Guarded([] { throw std::length_error("too long"); }); }).number(), 7);
+}
+
+TEST(Guarded, LetsEveryOtherFailurePass) {
+  EXPECT_EQ(Caught([] { Guarded([] { RaiseRunTimeError(kTypeMismatch); }); }).number(), 13);
+  EXPECT_THROW(Guarded([] { throw std::logic_error("a mistake of ours"); }), std::logic_error);
+}
+
 }  // namespace
 }  // namespace quarvel
