@@ -82,7 +82,7 @@ std::string ChooseDescription(const Choice& choose, bool kept) {
   std::string description;
   for (std::uint32_t lines = choose(4); lines > 0; --lines) {
     if (!description.empty()) description += "\r\n";
-    description += kLines[choose(kept ? 3 : kLines.size())];
+    description += kLines[choose(kept ? 3U : static_cast<std::uint32_t>(kLines.size()))];
   }
   return description;
 }
