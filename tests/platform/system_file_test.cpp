@@ -26,10 +26,9 @@ class SystemFileTest : public testing::Test {
   bool IsOpen() const {
     const fs::path path(std::u8string(path_.begin(), path_.end()));
 #ifdef _WIN32
-    // Nobody may delete it while it is.
-    constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    // Nobody may have it for himself while it is.
     const HANDLE handle =
-        CreateFileW(path.c_str(), DELETE, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr);
+        CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     if (handle == INVALID_HANDLE_VALUE) return true;
     CloseHandle(handle);
 #else
