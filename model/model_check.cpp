@@ -1,6 +1,7 @@
 #include "model/model_check.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <string_view>
 #include <tuple>
@@ -12,7 +13,7 @@
 namespace quarvel::model {
 namespace {
 
-using Coefficient = std::tuple<std::int32_t, std::int32_t, double>;  // row, column, value
+using Coefficient = std::tuple<std::int32_t, std::int32_t, std::uint64_t>;  // row, column, bits
 
 std::string Label(std::string_view what, std::int64_t number) {
   return std::string(what) + " " + text::IntegerText(number);
@@ -28,6 +29,11 @@ std::string CheckCounts(const ModelData& data) {
   return {};
 }
 
+// Also what is no number equals itself then.
+std::uint64_t BitsOf(const ElementEntry& entry) {
+  return std::bit_cast<std::uint64_t>(double{entry.Value});
+}
+
 // Sorted, so that both views of the same coefficients compare equal whatever their order.
 template <class Records, class Make>
 std::vector<Coefficient> Collect(const Records& records, std::int32_t count, const Make& make) {
@@ -41,11 +47,11 @@ std::vector<Coefficient> Collect(const Records& records, std::int32_t count, con
 
 std::string CheckCoefficients(const ModelData& data) {
   const auto by_row = Collect(data.Rows, data.NumberOfRows, [](auto r, const ElementEntry& e) {
-    return Coefficient(r, e.Index, e.Value);
+    return Coefficient(r, e.Index, BitsOf(e));
   });
   const auto by_column =
       Collect(data.Columns, data.NumberOfColumns,
-              [](auto c, const ElementEntry& e) { return Coefficient(e.Index, c, e.Value); });
+              [](auto c, const ElementEntry& e) { return Coefficient(e.Index, c, BitsOf(e)); });
   if (by_row != by_column) return "row lists and column lists hold different coefficients";
   if (static_cast<std::int64_t>(by_row.size()) != data.NumberOfElements) {
     return Label("elements counted wrongly:", data.NumberOfElements);

@@ -95,7 +95,7 @@ std::string FinalName(const std::string& path) {
       return name;
     }
     const std::string next = target.substr(0, static_cast<std::size_t>(size));
-    name = next.starts_with('/') ? next : FolderOf(name) + "/" + next;
+    name = next.starts_with('/') ? next : FolderOf(name).append("/").append(next);
   }
   errno = ELOOP;
   RaiseSystemError(path);
