@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
+#include <stdexcept>
 #include <utility>
 
 namespace quarvel {
@@ -74,6 +76,16 @@ std::string_view Describe(RunTimeError number) {
 }
 
 void RaiseRunTimeError(RunTimeError number) { throw MakeRunTimeError(number); }
+
+void RaiseGuarded() {
+  try {
+    throw;
+  } catch (const std::bad_alloc&) {
+    throw MakeOutOfMemory();
+  } catch (const std::length_error&) {
+    throw MakeOutOfMemory();
+  }
+}
 
 AutomationError CurrentError() {
   try {
