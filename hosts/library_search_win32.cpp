@@ -1,12 +1,5 @@
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
-#include <windows.h>
-
 #include "hosts/library_search.h"
+#include "platform/win32/win32.h"
 
 namespace quarvel::hosts {
 

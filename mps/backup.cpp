@@ -10,6 +10,7 @@
 #include "platform/automation_error.h"
 #include "platform/file_replacement.h"
 #include "platform/files.h"
+#include "text/upper_case.h"
 
 namespace quarvel::mps {
 namespace {
@@ -30,7 +31,7 @@ bool EndsModel(std::string_view line) {
   line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
   if (line.size() < kEnd.size()) return false;
   for (std::size_t i = 0; i < kEnd.size(); ++i) {
-    if ((line[i] & ~0x20) != kEnd[i]) return false;
+    if (text::UpperCaseAscii(line[i]) != kEnd[i]) return false;
   }
   return line.size() == kEnd.size() || line[kEnd.size()] == ' ';
 }

@@ -1,13 +1,5 @@
-#ifndef NOMINMAX
-#define NOMINMAX
-#endif
-#ifndef WIN32_LEAN_AND_MEAN
-#define WIN32_LEAN_AND_MEAN
-#endif
 #include <string>
 #include <utility>
-
-#include <windows.h>
 
 #include "platform/automation_error.h"
 #include "platform/log_file.h"
