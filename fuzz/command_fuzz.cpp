@@ -10,8 +10,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
-#include <optional>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,17 +18,19 @@
 #include "fuzz/folder.h"
 #include "fuzz/json_text.h"
 #include "fuzz/printed_text.h"
-#include "hosts/program.h"
 #include "tests/support/naive_edit_language.h"
 #include "tests/support/naive_reader.h"
 #include "tests/support/naive_simplify.h"
 #include "tests/support/naive_writer.h"
+#include "tests/support/run_quarvel.h"
 #include "tests/support/save_comparison.h"
 
 namespace {
 
 using namespace quarvel::testing;
+using quarvel::Outcome;
 using quarvel::ReadWholeFile;
+using quarvel::RunQuarvel;
 using quarvel::WriteWholeFile;
 using quarvel::fuzz::Choices;
 using quarvel::fuzz::Require;
@@ -60,26 +60,7 @@ class Workplace {
   quarvel::TemporaryFolder folder_;
 };
 
-struct Result {
-  int status = 0;
-  std::string out;
-  std::string err;
-};
-
-Result RunProgram(const Words& words, const std::string& input) {
-  std::istringstream in(input);
-  std::ostringstream out;
-  std::ostringstream err;
-  const auto read_line = [&in]() -> std::optional<std::string> {
-    std::string line;
-    if (!std::getline(in, line)) return std::nullopt;
-    return line;
-  };
-  const int status = quarvel::hosts::RunProgram(words, {read_line, out, err, false});
-  return {status, out.str(), err.str()};
-}
-
-std::string Told(const Words& words, const Result& result) {
+std::string Told(const Words& words, const Outcome& result) {
   std::string told = "quarvel";
   for (const std::string& word : words) told += " [" + word + "]";
   return told + "\nstatus " + std::to_string(result.status) + "\nout:\n" + result.out + "\nerr:\n" +
@@ -92,7 +73,7 @@ bool Has(const Words& words, std::string_view start) {
 }
 
 // What holds of every run.
-std::string FaultOf(const Words& words, const Result& result) {
+std::string FaultOf(const Words& words, const Outcome& result) {
   if (result.status < 0 || result.status > 2) return "no such exit status";
   if (quarvel::fuzz::SteersTerminal(result.out, "\n"))
     return "standard output has control characters";
@@ -212,7 +193,7 @@ void RunAnything(const Workplace& workplace, Choices& choose) {
   WriteWholeFile("a.mps", model);
   if (choose(3) == 0) WriteWholeFile("b.mps", kSmallModel);
   if (choose(2) == 0) WriteWholeFile("point.txt", choose(2) == 0 ? kPoint : choose.Until(0));
-  const Result result = RunProgram(words, choose.Rest());
+  const Outcome result = RunQuarvel(words, choose.Rest());
   Require(FaultOf(words, result), Told(words, result));
   Require(workplace.Fault(), Told(words, result));
   // A log goes where it is told to.
@@ -275,7 +256,7 @@ Session ChooseSession(Choices& choose, const NaiveModel& start) {
   return session;
 }
 
-std::string CompareFile(const Session& session, const Result& result, const std::string& written) {
+std::string CompareFile(const Session& session, const Outcome& result, const std::string& written) {
   const bool writes = session.good && IsWritable(session.model);
   if (result.status == 0) {
     if (!writes) return "a refused line was passed over";
@@ -301,7 +282,7 @@ void RunEdits(Choices& choose) {
     if (!from_input) words.insert(words.end(), {"-c", line});
   }
   WriteWholeFile("a.mps", before);
-  const Result result = RunProgram(words, input);
+  const Outcome result = RunQuarvel(words, input);
   const std::string told = input + Told(words, result);
   Require(FaultOf(words, result), told);
   const bool is_there = fs::exists(words[2]);

@@ -2,7 +2,7 @@
 
 #include "hosts/edit_language.h"
 #include "hosts/streams.h"
-#include "tests/hosts/run_quarvel.h"
+#include "tests/support/run_quarvel.h"
 
 namespace quarvel {
 namespace {

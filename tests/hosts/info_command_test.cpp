@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tests/hosts/run_quarvel.h"
+#include "tests/support/run_quarvel.h"
 
 namespace quarvel {
 namespace {

@@ -8,8 +8,8 @@
 #include <gtest/gtest.h>
 
 #include "hosts/program.h"
-#include "tests/hosts/run_quarvel.h"
 #include "tests/support/default_interrupt.h"
+#include "tests/support/run_quarvel.h"
 
 namespace quarvel {
 namespace {

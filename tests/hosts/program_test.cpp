@@ -4,7 +4,7 @@
 
 #include "hosts/commands.h"
 #include "model/about.h"
-#include "tests/hosts/run_quarvel.h"
+#include "tests/support/run_quarvel.h"
 
 namespace quarvel {
 namespace {

@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/hosts/run_quarvel.h"
+#include "tests/support/run_quarvel.h"
 
 // The main() of README's program, compiled under this name.
 int ReadmeExample();

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/hosts/run_quarvel.h"
+#include "tests/support/run_quarvel.h"
 
 namespace quarvel::hosts {
 namespace {

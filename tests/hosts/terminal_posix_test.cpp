@@ -13,7 +13,7 @@
 
 #include "hosts/program.h"
 #include "platform/console/console_system.h"
-#include "tests/hosts/run_quarvel.h"
+#include "tests/support/run_quarvel.h"
 
 namespace quarvel {
 namespace {

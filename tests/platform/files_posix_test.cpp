@@ -16,6 +16,7 @@
 
 #include "platform/files.h"
 #include "tests/platform/file_failures.h"
+#include "tests/platform/ordinary_user.h"
 #include "tests/support/test_paths.h"
 
 namespace quarvel::platform {
@@ -45,23 +46,6 @@ class ScopedVariable {
 
   const char* name_;
   std::optional<std::string> before_;
-};
-
-// The rights of an ordinary user for a scope, also where the tests run as root.
-class OrdinaryUser {
- public:
-  OrdinaryUser() {
-    constexpr uid_t kNobody = 65534;
-    if (before_ == 0 && seteuid(kNobody) != 0) ADD_FAILURE() << "still root";
-  }
-  ~OrdinaryUser() {
-    if (before_ == 0 && seteuid(before_) != 0) ADD_FAILURE() << "no longer root";
-  }
-  OrdinaryUser(const OrdinaryUser&) = delete;
-  OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-
- private:
-  const uid_t before_ = geteuid();
 };
 
 TEST(FilesPosix, AFullDeviceIsDiskFullWhenFlushed) {

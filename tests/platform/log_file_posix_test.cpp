@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include "platform/log_file.h"
+#include "tests/platform/ordinary_user.h"
 #include "tests/support/form_fixture.h"
 #include "tests/support/test_paths.h"
 
@@ -120,7 +121,6 @@ TEST_F(LogFilePosix, AnOlderLogIsNotOpenedWiderThanItWas) {
 
 TEST_F(LogFilePosix, AnotherUsersFileIsReplacedAndNotWrittenTo) {
   if (geteuid() != 0) GTEST_SKIP() << "only root can give files away";
-  constexpr uid_t kNobody = 65534;
   ASSERT_EQ(chmod(model_.c_str(), 0600), 0);
   WriteWholeFile(log_, "planted");
   ASSERT_EQ(chown(log_.c_str(), kNobody, kNobody), 0);
@@ -133,8 +133,8 @@ TEST_F(LogFilePosix, AnotherUsersFileIsReplacedAndNotWrittenTo) {
 
 TEST_F(LogFilePosix, AnotherGroupMayOnlyWhatEverybodyMay) {
   if (geteuid() != 0) GTEST_SKIP() << "only root can give files away";
-  constexpr gid_t kNobody = 65534;
-  ASSERT_EQ(chown(model_.c_str(), geteuid(), kNobody), 0);
+  constexpr gid_t kNoGroup = 65534;
+  ASSERT_EQ(chown(model_.c_str(), geteuid(), kNoGroup), 0);
   ASSERT_EQ(chmod(model_.c_str(), 0660), 0);
   umask(0);
   Write();
@@ -145,15 +145,10 @@ TEST_F(LogFilePosix, ALogThatMayNotBeWrittenStays) {
   WriteWholeFile(log_, "protected");
   ASSERT_EQ(chmod(log_.c_str(), 0400), 0);
   fs::permissions(folder_.path(), fs::perms::all);
-  const bool root = geteuid() == 0;
-  if (root) {
-    ASSERT_EQ(seteuid(65534), 0);
+  {
+    const OrdinaryUser user;
+    EXPECT_EQ(FailureOf([this] { OpenLog({log_, model_, {}}); }), 70);
   }
-  const int failure = FailureOf([this] { OpenLog({log_, model_, {}}); });
-  if (root) {
-    ASSERT_EQ(seteuid(0), 0);
-  }
-  EXPECT_EQ(failure, 70);
   EXPECT_EQ(ReadWholeFile(log_), "protected");
 }
 

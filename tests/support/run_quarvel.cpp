@@ -1,4 +1,4 @@
-#include "tests/hosts/run_quarvel.h"
+#include "tests/support/run_quarvel.h"
 
 #include <optional>
 #include <sstream>
