@@ -24,12 +24,19 @@ std::int32_t NumberOfNamed(const NameIndex& names, const Gaps& gaps, const Find&
   return find();
 }
 
-// Makes room in the index for a name whose last bearer is gone.
+// A name that the index has may be that of a record that is gone, which gives way to the new one.
+template <class Record>
+void MakeWay(NameIndex& names, const Gaps& gaps, const NameKey& key, std::string_view name,
+             const OneBased<Record>& records) {
+  if (!gaps.open()) return;
+  const std::int32_t bearer = names.Find(key, name, NamesOf(records));
+  if (bearer != 0 && gaps.IsGone(bearer)) names.Remove(name, bearer);
+}
+
 template <class Record>
 void AddName(NameIndex& names, const Gaps& gaps, const NameKey& key, std::string_view name,
              std::int32_t position, const OneBased<Record>& records) {
-  const std::int32_t bearer = gaps.open() ? names.Find(key, name, NamesOf(records)) : 0;
-  if (bearer != 0 && gaps.IsGone(bearer)) names.Remove(name, bearer);
+  MakeWay(names, gaps, key, name, records);
   names.Add(key, name, position, NamesOf(records));
 }
 
@@ -37,14 +44,20 @@ template <class Record>
 std::int32_t AppendNamed(OneBased<Record>& records, std::int32_t& count, Gaps& gaps,
                          NameIndex& names, const NameKey& key, std::string_view name) {
   const std::int32_t position = gaps.PositionOf(count + 1);
-  std::string made(name);
   names.MakeRoom();
   if (gaps.open()) gaps.MakeRoom();
+  const std::int32_t stored = records.size();
   records.Resize(position);
-  records[position].Name = std::move(made);
+  try {
+    records[position].Name = name;
+  } catch (...) {
+    records.Resize(stored);
+    throw;
+  }
   if (gaps.open()) gaps.Append();
   ++count;
-  AddName(names, gaps, key, name, position, records);
+  MakeWay(names, gaps, key, name, records);
+  names.AddNew(key, position);
   return position;
 }
 

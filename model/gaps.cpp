@@ -10,6 +10,7 @@ void Gaps::Open(std::int32_t stored) {
   is_gone_.swap(is_gone);
   gone_ = 0;
   first_gone_ = 0;
+  last_ = {};
 }
 
 void Gaps::Close() {
@@ -17,11 +18,18 @@ void Gaps::Close() {
   is_gone_ = std::vector<bool>();
   gone_ = 0;
   first_gone_ = 0;
+  last_ = {};
+}
+
+std::int32_t Gaps::FindPosition(std::int32_t number) const {
+  if (number < 1 || number > stored() - gone_) return number < 1 ? number : number + gone_;
+  const bool is_next = number == last_.number + 1 && IsLeft(last_.position + 1);
+  last_ = {number, is_next ? last_.position + 1 : SearchPosition(number)};
+  return last_.position;
 }
 
 // The first position up to which as many are left.
-std::int32_t Gaps::FindPosition(std::int32_t number) const {
-  if (number < 1 || number > stored() - gone_) return number < 1 ? number : number + gone_;
+std::int32_t Gaps::SearchPosition(std::int32_t number) const {
   std::size_t before = 0;
   for (std::size_t range = std::bit_floor(left_.size() - 1); range > 0; range /= 2) {
     const std::size_t end = before + range;
@@ -45,6 +53,19 @@ void Gaps::Note(std::int32_t position) noexcept {
   for (auto i = static_cast<std::size_t>(position); i < left_.size(); i += RangeOf(i)) --left_[i];
   ++gone_;
   if (first_gone_ == 0 || position < first_gone_) first_gone_ = position;
+  MoveLast(position);
+}
+
+// Only one position further is looked at: behind many that are gone it is better searched.
+void Gaps::MoveLast(std::int32_t gone_position) noexcept {
+  if (gone_position > last_.position) return;
+  if (gone_position < last_.position) {
+    --last_.number;
+  } else if (IsLeft(last_.position + 1)) {
+    ++last_.position;
+  } else {
+    last_ = {};
+  }
 }
 
 void Gaps::MakeRoom() {
@@ -70,6 +91,7 @@ void Gaps::TakeBackAppend() noexcept {
   is_gone_.pop_back();
   left_.pop_back();
   if (first_gone_ > stored()) first_gone_ = 0;
+  if (last_.position > stored()) last_ = {};
 }
 
 }  // namespace quarvel::model

@@ -4,7 +4,8 @@
 // A record is **stored** at a position, from 1 on; its number counts only those before it that are
 // left. One goes to the other in the time of a logarithm, whatever has been removed in whichever
 // order: how many are left of each of nested ranges of positions is kept in a tree (Fenwick's),
-// which needs one number a position and no memory when a record is removed.
+// which needs one number a position and no memory when a record is removed. What was found last, and
+// what comes next, is found at once.
 //
 // Positions behind the last one stand for records that are not there yet: all of them are left.
 #pragma once
@@ -40,7 +41,8 @@ class Gaps {
 
   // The position of what is left as that number. The number itself while gaps are closed.
   std::int32_t PositionOf(std::int32_t number) const {
-    return open() ? FindPosition(number) : number;
+    if (!open()) return number;
+    return number == last_.number ? last_.position : FindPosition(number);
   }
   // The number of what is left at that position. The position itself while gaps are closed.
   std::int32_t NumberOf(std::int32_t position) const {
@@ -63,6 +65,11 @@ class Gaps {
   // How many positions the entry at that place counts.
   static std::size_t RangeOf(std::size_t place) { return place & (~place + 1); }
   std::int32_t FindPosition(std::int32_t number) const;
+  std::int32_t SearchPosition(std::int32_t number) const;
+  bool IsLeft(std::int32_t position) const {
+    return position <= stored() && !is_gone_[Offset(position)];
+  }
+  void MoveLast(std::int32_t gone_position) noexcept;
   std::int32_t FindNumber(std::int32_t position) const;
 
   // left_[i]: how many are left of the RangeOf(i) positions up to i. left_[0] is not used.
@@ -70,6 +77,12 @@ class Gaps {
   std::vector<bool> is_gone_;
   std::int32_t gone_ = 0;
   std::int32_t first_gone_ = 0;
+  // What was found last: a loop asks for one record many times, then for the next. 0: nothing.
+  struct Found {
+    std::int32_t number = 0;
+    std::int32_t position = 0;
+  };
+  mutable Found last_;
 };
 
 }  // namespace quarvel::model

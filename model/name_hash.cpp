@@ -9,22 +9,6 @@
 namespace quarvel::model {
 namespace {
 
-constexpr std::size_t kSumSecrets = 4;
-constexpr std::size_t kWordSecrets = kSumSecrets + 2;
-
-std::uint64_t Load(const char* p) {
-  std::uint64_t word;
-  std::memcpy(&word, p, sizeof word);
-  return word;
-}
-
-// The bytes that are left over behind whole words, and the length above them.
-std::uint64_t LastWord(std::string_view name) {
-  std::uint64_t word = 0;
-  std::memcpy(&word, name.data() + (name.size() & ~std::size_t{7}), name.size() & 7);
-  return word | std::uint64_t{name.size()} << 56;
-}
-
 struct SipState {
   std::uint64_t v0;
   std::uint64_t v1;
@@ -69,21 +53,10 @@ NameHash::Secrets NameHash::Draw() {
   return secrets;
 }
 
-std::uint64_t NameHash::Sum(std::string_view name) const {
-  const std::uint64_t* secret = secrets_.data() + kWordSecrets;
-  std::uint64_t sum = secrets_[kSumSecrets] + secrets_[kSumSecrets + 1] * name.size();
-  const auto add = [&sum, &secret](std::uint64_t word) {
-    sum += (secret[0] + (word >> 32)) * (secret[1] + (word & 0xFFFFFFFFu));
-    secret += 2;
-  };
-  if (name.size() < sizeof(std::uint64_t)) {
-    add(LastWord(name));
-    return sum;
-  }
-  const char* const last = name.data() + name.size() - sizeof(std::uint64_t);
-  for (const char* p = name.data(); p < last; p += sizeof(std::uint64_t)) add(Load(p));
-  add(Load(last));  // may take some bytes twice
-  return sum;
+std::uint64_t NameHash::LastWord(std::string_view name) {
+  std::uint64_t word = 0;
+  std::memcpy(&word, name.data() + (name.size() & ~std::size_t{7}), name.size() & 7);
+  return word | std::uint64_t{name.size()} << 56;
 }
 
 std::uint64_t NameHash::SipHash(std::string_view name) const {
@@ -91,7 +64,7 @@ std::uint64_t NameHash::SipHash(std::string_view name) const {
   const std::uint64_t key1 = secrets_[kSecrets - 1];
   SipState state{key0 ^ 0x736F6D6570736575ull, key1 ^ 0x646F72616E646F6Dull,
                  key0 ^ 0x6C7967656E657261ull, key1 ^ 0x7465646279746573ull};
-  for (std::size_t at = 0; at + 8 <= name.size(); at += 8) state.Take(Load(name.data() + at));
+  for (std::size_t at = 0; at + 8 <= name.size(); at += 8) state.Take(Word(name.data() + at));
   state.Take(LastWord(name));
   state.v2 ^= 0xFF;
   for (int i = 0; i < 3; ++i) state.Round();

@@ -15,6 +15,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 
 namespace quarvel::model {
@@ -50,8 +51,33 @@ class NameHash {
   }
 
  private:
+  static constexpr std::size_t kSumSecrets = 4;
+  static constexpr std::size_t kWordSecrets = kSumSecrets + 2;
+
   static Secrets Draw();
-  std::uint64_t Sum(std::string_view name) const;
+  std::uint64_t Sum(std::string_view name) const {
+    const std::uint64_t* secret = secrets_.data() + kWordSecrets;
+    std::uint64_t sum = secrets_[kSumSecrets] + secrets_[kSumSecrets + 1] * name.size();
+    const auto add = [&sum, &secret](std::uint64_t word) {
+      sum += (secret[0] + (word >> 32)) * (secret[1] + (word & 0xFFFFFFFFu));
+      secret += 2;
+    };
+    if (name.size() < sizeof(std::uint64_t)) {
+      add(LastWord(name));
+      return sum;
+    }
+    const char* const last = name.data() + name.size() - sizeof(std::uint64_t);
+    for (const char* p = name.data(); p < last; p += sizeof(std::uint64_t)) add(Word(p));
+    add(Word(last));  // may take some bytes twice
+    return sum;
+  }
+  static std::uint64_t Word(const char* p) {
+    std::uint64_t word;
+    std::memcpy(&word, p, sizeof word);
+    return word;
+  }
+  // The bytes that are left over behind whole words, and the length above them.
+  static std::uint64_t LastWord(std::string_view name);
   std::uint64_t SipHash(std::string_view name) const;
 
   static const NameHash kOfProcess;

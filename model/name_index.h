@@ -58,11 +58,15 @@ class NameIndex {
   }
   template <class NameOf>
   void Add(const NameKey& key, std::string_view name, std::int32_t number, const NameOf& name_of) {
-    MakeRoom();
     if (Find(key, name, name_of) != 0) {
       has_duplicates_ = true;
       return;
     }
+    AddNew(key, number);
+  }
+  // The same for a name that is known not to be there.
+  void AddNew(const NameKey& key, std::int32_t number) {
+    MakeRoom();
     // Part by part: copied as a whole, a slot that was just put together is waited for.
     Slot& slot = FreeSlot(Home(key));
     slot.low = key.low;

@@ -17,6 +17,7 @@ void Simplifier::RemoveEmptyRowsAndColumns() {
 
 bool Simplifier::RemoveEmptyColumns() {
   const std::int32_t limit = store_.NumberOfColumns();
+  store_.data();  // nothing stays deferred: every column is looked at
   for (std::int32_t j = 1; j <= limit; ++j) {
     if (StoppedAfterSteps(1, kInterval, kCaption)) return false;
     if (j > store_.NumberOfColumns()) return true;  // a host that was called back has deleted some
@@ -37,9 +38,8 @@ bool Simplifier::RemoveEmptyRows() {
   for (std::int32_t i = 1; i <= limit; ++i) {
     if (StoppedAfterSteps(1, kInterval, kCaption)) return false;
     if (i > store_.NumberOfRows()) return true;
-    const model::RowRecord& row = store_.Row(i);
-    if (row.ElementCount() == 0) {
-      log_.AppendEmptyRow(row);
+    if (store_.ElementsInRow(i) == 0) {
+      log_.AppendEmptyRow(store_.Row(i));
       changed_ = true;
       store_.RemoveRow(i);
       --i;
