@@ -89,7 +89,7 @@ bool FileReplacement::TakePlace() {
 void FileReplacement::WriteInPlace() {
   std::string name = temporary_->path();
   // From now on the new contents outlive all that can happen to the file.
-  FlushFolderOf(name);
+  temporary_->FlushName();
   SystemFile& contents = temporary_->output().system_file();
   const std::uint64_t size = contents.Size();
   contents.MoveTo(0);
@@ -100,7 +100,7 @@ void FileReplacement::WriteInPlace() {
     // A first part of the new contents alone is seen to be incomplete; before a rest of the old ones
     // it would pass for a whole file.
     target.system_file().CutOff(0);
-    CopyBytes(contents, size, target);
+    target.Append(contents, size);
     target.FlushToDisk();
     target.Close();
   } catch (...) {
@@ -116,7 +116,7 @@ void ReplaceByCopy(const std::string& from, const std::string& to) {
   SystemFile input = SystemFile::OpenUndisturbed(from);
   const FileTraits traits = input.Traits();
   FileReplacement replacement(to, &traits);
-  CopyBytes(input, input.Size(), replacement.output());
+  replacement.output().Append(input, input.Size());
   replacement.Commit();
 }
 

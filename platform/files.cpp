@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <utility>
-#include <vector>
 
 namespace quarvel::platform {
 namespace {
@@ -78,6 +77,20 @@ void OutputFile::Write(std::string_view bytes) {
   });
 }
 
+void OutputFile::Append(SystemFile& from, std::uint64_t size) {
+  Guard([&] {
+    while (size > 0) {
+      FlushBuffer();
+      buffer_.resize(static_cast<std::size_t>(std::min<std::uint64_t>(size, kBufferSize)));
+      const std::size_t count = from.Read(buffer_.data(), buffer_.size());
+      if (count == 0) RaiseRunTimeError(RunTimeError::kDeviceIoError);
+      buffer_.resize(count);
+      written_ += count;
+      size -= count;
+    }
+  });
+}
+
 void OutputFile::Flush() {
   Guard([this] { FlushBuffer(); });
 }
@@ -120,19 +133,8 @@ void CopyFileContents(const std::string& from, const std::string& to) {
   SystemFile input = SystemFile::OpenForReading(from);
   const std::uint64_t size = input.Size();
   OutputFile output(to);
-  CopyBytes(input, size, output);
+  output.Append(input, size);
   output.Close();
-}
-
-void CopyBytes(SystemFile& from, std::uint64_t size, OutputFile& to) {
-  std::vector<char> piece(kBufferSize);
-  while (size > 0) {
-    const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(size, piece.size()));
-    const std::size_t count = from.Read(piece.data(), wanted);
-    if (count == 0) RaiseRunTimeError(RunTimeError::kDeviceIoError);
-    to.Write({piece.data(), count});
-    size -= count;
-  }
 }
 
 std::string LastBytes(const std::string& path, std::uint64_t count) {

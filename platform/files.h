@@ -46,6 +46,8 @@ class OutputFile {
   OutputFile& operator=(OutputFile&& other) noexcept;
 
   void Write(std::string_view bytes);
+  // Writes the next `size` bytes of another file; raises 57 where that ends before. Takes no memory.
+  void Append(SystemFile& from, std::uint64_t size);
   // Hands everything written so far to the system.
   void Flush();
   // The same, and has the system bring it to the disk.
@@ -75,8 +77,6 @@ bool FileExists(const std::string& path);
 std::uint64_t FileLength(const std::string& path);
 // Copies the contents, replacing `to`. A file copied to itself is 70, and stays as it is.
 void CopyFileContents(const std::string& from, const std::string& to);
-// Copies the next `size` bytes; raises 57 where `from` ends before.
-void CopyBytes(SystemFile& from, std::uint64_t size, OutputFile& to);
 // At most `count` bytes from the end of a file.
 std::string LastBytes(const std::string& path, std::uint64_t count);
 std::string LastBytes(SystemFile& file, std::uint64_t count);

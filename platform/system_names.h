@@ -55,7 +55,7 @@ enum class Abandoned { kNone, kRemoved, kStays };
 // where it is in use, and where it can be no such file (a link, a folder, another user's).
 Abandoned RemoveAbandoned(const std::string& path);
 
-// Has the names in the folder of that file on the disk, where the system can.
-void FlushFolderOf(const std::string& path);
+// Has the names in that folder on the disk, where the system can. Takes no memory.
+void FlushFolder(const std::string& folder);
 
 }  // namespace quarvel::platform

@@ -39,7 +39,7 @@ std::string Slot(const std::string& stem, int number) {
 
 TemporaryFile::TemporaryFile(const std::string& beside, const std::string& named_after,
                              const FileTraits* like)
-    : stem_(Stem(beside, named_after)) {
+    : stem_(Stem(beside, named_after)), folder_(FolderOf(beside)) {
   for (int number = 0; number < kMostSlots && !output_; ++number) {
     path_ = Slot(stem_, number);
     if (auto file = SystemFile::CreateNew(path_, like)) output_.emplace(std::move(*file));
@@ -61,10 +61,15 @@ bool TemporaryFile::HasOwnerOf(const FileTraits& file) {
   return own.owner == file.owner && own.group == file.group;
 }
 
-void TemporaryFile::ClearAbandoned() const {
+void TemporaryFile::ClearAbandoned() const noexcept {
   // Its own is in use and stays.
   int number = 0;
-  while (number < kMostSlots && RemoveAbandoned(Slot(stem_, number)) != Abandoned::kNone) ++number;
+  const auto removes = [&] { return RemoveAbandoned(Slot(stem_, number)) != Abandoned::kNone; };
+  try {
+    while (number < kMostSlots && removes()) ++number;
+  } catch (const std::exception&) {
+    // A good save stays good.
+  }
 }
 
 bool TemporaryFile::TakeTraits(const FileTraits& like) {
@@ -84,17 +89,17 @@ std::string TemporaryFile::LastBytes(std::uint64_t count) {
 
 bool TemporaryFile::TakeName(const std::string& name) {
   if (!RenameOver(path_, name)) return false;
-  Renamed(name);
+  Renamed();
   return true;
 }
 
 bool TemporaryFile::TakeFreeName(const std::string& name) {
   if (!RenameToFree(path_, name)) return false;
-  Renamed(name);
+  Renamed();
   return true;
 }
 
-void TemporaryFile::Renamed(const std::string& name) {
+void TemporaryFile::Renamed() {
   is_renamed_ = true;
   // Whoever opens the file by its new name does not find it in use.
   try {
@@ -102,15 +107,17 @@ void TemporaryFile::Renamed(const std::string& name) {
   } catch (const AutomationError&) {
     // Every byte is on the disk already.
   }
-  FlushFolderOf(name);
+  FlushName();
 }
+
+void TemporaryFile::FlushName() const { FlushFolder(folder_); }
 
 std::unique_ptr<TemporaryFile> CopyBeside(const std::string& file, const std::string& name) {
   SystemFile input = SystemFile::OpenUndisturbed(file);
   const FileTraits traits = input.Traits();
   auto copy = std::make_unique<TemporaryFile>(name, file, &traits);
   copy->ClearAbandoned();
-  CopyBytes(input, input.Size(), copy->output());
+  copy->output().Append(input, input.Size());
   static_cast<void>(copy->TakeTraits(traits));
   copy->Complete();
   return copy;

@@ -38,22 +38,27 @@ class TemporaryFile {
   std::string LastBytes(std::uint64_t count);
 
   bool HasOwnerOf(const FileTraits& file);
-  // Deletes what processes that have ended left for the same name.
-  void ClearAbandoned() const;
+  // Deletes what processes that have ended left for the same name. What it cannot is left to the next
+  // file that is made for it.
+  void ClearAbandoned() const noexcept;
 
-  // Takes the name in place of what has it, and has the disk know it. False when the system does
-  // not let this name be taken so: the file is still here.
+  // Takes the name in place of what has it, and has the disk know it; once it has the name, no
+  // memory is needed. False when the system does not let this name be taken so: the file is still
+  // here.
   bool TakeName(const std::string& name);
   // False when something has that name.
   bool TakeFreeName(const std::string& name);
   bool is_renamed() const { return is_renamed_; }
   // The file stays under its temporary name.
   void Keep() { is_kept_ = true; }
+  // Has the disk know that name.
+  void FlushName() const;
 
  private:
-  void Renamed(const std::string& name);
+  void Renamed();
 
   std::string stem_;
+  std::string folder_;
   std::string path_;
   std::optional<OutputFile> output_;
   bool is_renamed_ = false;

@@ -143,8 +143,7 @@ Abandoned RemoveAbandoned(const std::string& path) {
   return MakeCall(FileCall::kRemove, path, remove) == 0 ? Abandoned::kRemoved : Abandoned::kStays;
 }
 
-void FlushFolderOf(const std::string& path) {
-  const std::string folder = FolderOf(path);
+void FlushFolder(const std::string& folder) {
   constexpr int kLook = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
   const ScopedDescriptor opened(
       MakeCall(FileCall::kOpen, folder, [&] { return open(folder.c_str(), kLook); }));

@@ -146,6 +146,6 @@ Abandoned RemoveAbandoned(const std::string& path) {
 }
 
 // Renaming has written the names through.
-void FlushFolderOf(const std::string&) {}
+void FlushFolder(const std::string&) {}
 
 }  // namespace quarvel::platform

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <utility>
 
 #include "tests/mps/saving.h"
 
@@ -42,8 +43,10 @@ constexpr auto kWays = std::to_array<SaveWay>({
 
 std::span<const SaveWay> SaveWays() { return kWays; }
 
-SaveCase::SaveCase(const SaveWay& way)
-    : way_(way), path_(folder_.File(way.is_link ? "link.mps" : way.file)) {
+SaveCase::SaveCase(const SaveWay& way, OwnDesktop on)
+    : HandMadeModel(std::move(on)),
+      way_(way),
+      path_(folder_.File(way.is_link ? "link.mps" : way.file)) {
   MakeModel();
   MakeFiles();
   if (way.is_own) build.Location(path_);

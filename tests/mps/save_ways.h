@@ -2,6 +2,7 @@
 // what the file is to hold afterwards.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -32,7 +33,8 @@ std::span<const SaveWay> SaveWays();
 // One save in a folder of its own.
 class SaveCase : public HandMadeModel {
  public:
-  explicit SaveCase(const SaveWay& way);
+  explicit SaveCase(const SaveWay& way,
+                    OwnDesktop on = std::make_unique<platform::ScriptedDesktop>());
 
   // Saves in this way; the result is that of SaveMPSFile.
   int Save();

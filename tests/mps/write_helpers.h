@@ -1,8 +1,10 @@
 // What the tests of writing share: a model's text as the writer makes it, and its sections.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "component/lp_model.h"
@@ -22,9 +24,14 @@ struct WrittenModel {
   Lines Section(std::string_view header) const;
 };
 
-// An empty model with its desktop and builder.
+// An empty model with its builder, on a scripted desktop of any kind.
 struct HandMadeModel {
-  platform::ScriptedDesktop desktop;
+  using OwnDesktop = std::unique_ptr<platform::ScriptedDesktop>;
+  explicit HandMadeModel(OwnDesktop on = std::make_unique<platform::ScriptedDesktop>())
+      : own_desktop(std::move(on)) {}
+
+  OwnDesktop own_desktop;
+  platform::ScriptedDesktop& desktop = *own_desktop;
   LPModel model{desktop};
   ModelBuilder build{model};
 
