@@ -17,23 +17,23 @@
 namespace quarvel::hosts {
 
 // Which options a command takes, or a command line has.
-using OptionSet = std::uint32_t;
+using OptionSet = std::uint64_t;
 
-inline constexpr OptionSet kDefaultBounds = 1U << 0;
-inline constexpr OptionSet kLog = 1U << 1;
-inline constexpr OptionSet kJson = 1U << 2;
-inline constexpr OptionSet kLimit = 1U << 3;
-inline constexpr OptionSet kEquations = 1U << 4;
-inline constexpr OptionSet kPoint = 1U << 5;
-inline constexpr OptionSet kCommand = 1U << 6;
-inline constexpr OptionSet kEdit = 1U << 7;
-inline constexpr OptionSet kMissingEndata = 1U << 8;
-inline constexpr OptionSet kLoss = 1U << 9;
+inline constexpr OptionSet kDefaultBounds = OptionSet{1} << 0;
+inline constexpr OptionSet kLog = OptionSet{1} << 1;
+inline constexpr OptionSet kJson = OptionSet{1} << 2;
+inline constexpr OptionSet kLimit = OptionSet{1} << 3;
+inline constexpr OptionSet kEquations = OptionSet{1} << 4;
+inline constexpr OptionSet kPoint = OptionSet{1} << 5;
+inline constexpr OptionSet kCommand = OptionSet{1} << 6;
+inline constexpr OptionSet kEdit = OptionSet{1} << 7;
+inline constexpr OptionSet kMissingEndata = OptionSet{1} << 8;
+inline constexpr OptionSet kLoss = OptionSet{1} << 9;
 // The options that answer questions (questions.h), and those of them that a command may refuse.
-inline constexpr OptionSet kQuestions = 0xFFFFU << 16;
-inline constexpr OptionSet kOnError = 1U << 16;
-inline constexpr OptionSet kSimplify = 1U << 17;
-inline constexpr OptionSet kOnConflict = 1U << 18;
+inline constexpr OptionSet kQuestions = OptionSet{0xFFFF} << 16;
+inline constexpr OptionSet kOnError = OptionSet{1} << 16;
+inline constexpr OptionSet kSimplify = OptionSet{1} << 17;
+inline constexpr OptionSet kOnConflict = OptionSet{1} << 18;
 
 struct GivenAnswer;
 

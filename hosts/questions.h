@@ -22,7 +22,7 @@ struct GivenAnswer {
 };
 
 struct QuestionOption {
-  std::uint32_t id;         // an OptionSet of one, among kQuestions; 0 for what no option changes
+  std::uint64_t id;         // an OptionSet of one, among kQuestions; 0 for what no option changes
   std::string_view name;    // "--on-error"
   std::string_view values;  // the words of the answers; empty for an option without a value
   std::string_view help;
