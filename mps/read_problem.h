@@ -1,6 +1,7 @@
 // What can be wrong with a file, as data, and the one place that puts it into words.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -42,6 +43,7 @@ struct ReadProblem {
   std::int64_t line = 0;  // counted from 1; 0 for a problem of no line
   std::string item = {};  // the name of the row or column that it is about
   std::optional<AutomationError> failure = {};
+  std::size_t token = 0;  // which one of the line is meant, from 1; 0: the line as a whole
 };
 
 // A short name that stays when the words change, such as "no-such-row". Each code has its own.

@@ -174,8 +174,8 @@ class Sections {
   void UseRow(const SourceLine& line) {
     if (line.token_count() != 2) return Report(line, ReadProblemCode::kRowTokens);
     const model::RowType type = model::RowTypeOf(line[1]);
-    if (!model::TraitsOf(type).in_files()) return Report(line, ReadProblemCode::kRowType);
-    if (sink_.FindRow(line, 2) != 0) return Report(line, ReadProblemCode::kRowTwice, line[2]);
+    if (!model::TraitsOf(type).in_files()) return Report(line, ReadProblemCode::kRowType, 1);
+    if (sink_.FindRow(line, 2) != 0) return Report(line, ReadProblemCode::kRowTwice, 2, line[2]);
     sink_.AddRow(line, 2, type);
   }
 
@@ -238,16 +238,16 @@ class Sections {
     if (!sink_.HasColumns()) return Report(line, ReadProblemCode::kBoundsBeforeColumns);
     if (line.token_count() < 3) return Report(line, ReadProblemCode::kTokens);
     const model::BoundCodeTraits* const code = model::FindBoundCode(line[1]);
-    if (code == nullptr) return Report(line, ReadProblemCode::kBoundCode);
+    if (code == nullptr) return Report(line, ReadProblemCode::kBoundCode, 1);
     double value = 0;
     if (code->needs_value) {
       if (line.token_count() != 4) return Report(line, ReadProblemCode::kBoundWithoutValue);
       if (!text::ParsePaddedNumber(line[4], value)) {
-        return Report(line, ReadProblemCode::kNotNumeric);
+        return Report(line, ReadProblemCode::kNotNumeric, 4);
       }
     }
     const std::int32_t column = sink_.FindColumn(line, 3);
-    if (column == 0) return Report(line, ReadProblemCode::kNoSuchColumn, line[3]);
+    if (column == 0) return Report(line, ReadProblemCode::kNoSuchColumn, 3, line[3]);
     code->change.Apply(sink_.Column(column), value);
   }
 
@@ -261,16 +261,17 @@ class Sections {
   Pair ReadPair(const SourceLine& line, std::size_t first_token) {
     double value;
     if (!text::ParsePaddedNumber(line[first_token + 1], value)) {
-      Report(line, ReadProblemCode::kNotNumeric);
+      Report(line, ReadProblemCode::kNotNumeric, first_token + 1);
       return {};
     }
     const std::int32_t row = sink_.FindRow(line, first_token);
-    if (row == 0) Report(line, ReadProblemCode::kNoSuchRow, line[first_token]);
+    if (row == 0) Report(line, ReadProblemCode::kNoSuchRow, first_token, line[first_token]);
     return {row, value};
   }
 
-  void Report(const SourceLine& line, ReadProblemCode code, std::string_view item = {}) {
-    goes_on_ = ask_(ReadProblem{code, line.number(), std::string(item), std::nullopt});
+  void Report(const SourceLine& line, ReadProblemCode code, std::size_t token = 0,
+              std::string_view item = {}) {
+    goes_on_ = ask_(ReadProblem{code, line.number(), std::string(item), std::nullopt, token});
   }
 
   Sink& sink_;

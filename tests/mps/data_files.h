@@ -15,13 +15,15 @@ std::string PathOf(const std::string& data_file);
 using Questions = std::map<std::string, int>;
 Questions KindsOf(const std::vector<std::string>& problems);
 
-inline constexpr const char* kEmptyRow = "Warning: no elements for row ";
-inline constexpr const char* kEmptyColumn = "Warning: no elements for column ";
-inline constexpr const char* kEmptyItems =
+inline constexpr const char* kTextEmptyRow = "Warning: no elements for row ";
+inline constexpr const char* kTextEmptyColumn = "Warning: no elements for column ";
+inline constexpr const char* kTextEmptyItems =
     "Quarvel.dll error: rows or columns with no elements, as noted in warnings.";
-inline constexpr const char* kNoRow = "MPS file read error: no match for row name (line ";
-inline constexpr const char* kNoColumn = "MPS file read error: no match for variable name (line ";
-inline constexpr const char* kTokens = "MPS file read error: improper number of tokens (line ";
-inline constexpr const char* kTooFew = "MPS file error: too few tokens (line ";
+inline constexpr const char* kTextNoRow = "MPS file read error: no match for row name (line ";
+inline constexpr const char* kTextNoColumn =
+    "MPS file read error: no match for variable name (line ";
+inline constexpr const char* kTextWrongTokens =
+    "MPS file read error: improper number of tokens (line ";
+inline constexpr const char* kTextTooFew = "MPS file error: too few tokens (line ";
 
 }  // namespace quarvel::mps

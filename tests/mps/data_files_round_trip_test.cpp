@@ -142,8 +142,8 @@ Questions QuestionsWhenReadAgain(const model::ModelData& data) {
     if (row.ElementCount() > 0) continue;
     const double right_hand_side =
         row.Type == model::RowType::kLess ? row.UpperBound : row.LowerBound;
-    if (row.Type != model::RowType::kFree && right_hand_side != 0) ++questions[kNoRow];
-    if (row.Type == model::RowType::kRanged) ++questions[kNoRow];
+    if (row.Type != model::RowType::kFree && right_hand_side != 0) ++questions[kTextNoRow];
+    if (row.Type == model::RowType::kRanged) ++questions[kTextNoRow];
   }
   for (const model::ColumnRecord& column : data.Columns) {
     if (column.ElementCount() > 0) {
@@ -156,8 +156,8 @@ Questions QuestionsWhenReadAgain(const model::ModelData& data) {
     const bool fixed = limits.lower == limits.upper;
     const bool has_lower = limits.lower != 0 && limits.lower != -model::BoundLimit;
     const bool free = limits.lower == -model::BoundLimit && limits.upper == model::BoundLimit;
-    if (has_lower && !fixed) ++questions[kNoColumn];
-    if (fixed || free || limits.upper != model::BoundLimit) ++questions[kNoColumn];
+    if (has_lower && !fixed) ++questions[kTextNoColumn];
+    if (fixed || free || limits.upper != model::BoundLimit) ++questions[kTextNoColumn];
   }
   return questions;
 }

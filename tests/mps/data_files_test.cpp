@@ -74,27 +74,27 @@ const std::map<std::string, Questions> kQuestions = {
     // dialect.
     {"miplib/gesa2", {{"MPS file read error: improper bounds code (line ", 408}}},
     // Rows that are declared and never used.
-    {"netlib/25fv47", {{kEmptyRow, 1}, {kEmptyItems, 1}}},
-    {"netlib/80bau3b", {{kEmptyRow, 25}, {kEmptyItems, 1}}},
-    {"netlib/boeing1", {{kEmptyRow, 3}, {kEmptyItems, 1}}},
-    {"netlib/boeing2", {{kEmptyRow, 26}, {kEmptyItems, 1}}},
-    {"netlib/brandy", {{kEmptyRow, 38}, {kEmptyItems, 1}}},
-    {"netlib/greenbea", {{kEmptyRow, 3}, {kEmptyItems, 1}}},
-    {"netlib/maros", {{kEmptyRow, 1}, {kEmptyItems, 1}}},
-    {"netlib/sc50a", {{kEmptyRow, 1}, {kEmptyItems, 1}}},
+    {"netlib/25fv47", {{kTextEmptyRow, 1}, {kTextEmptyItems, 1}}},
+    {"netlib/80bau3b", {{kTextEmptyRow, 25}, {kTextEmptyItems, 1}}},
+    {"netlib/boeing1", {{kTextEmptyRow, 3}, {kTextEmptyItems, 1}}},
+    {"netlib/boeing2", {{kTextEmptyRow, 26}, {kTextEmptyItems, 1}}},
+    {"netlib/brandy", {{kTextEmptyRow, 38}, {kTextEmptyItems, 1}}},
+    {"netlib/greenbea", {{kTextEmptyRow, 3}, {kTextEmptyItems, 1}}},
+    {"netlib/maros", {{kTextEmptyRow, 1}, {kTextEmptyItems, 1}}},
+    {"netlib/sc50a", {{kTextEmptyRow, 1}, {kTextEmptyItems, 1}}},
     // The set names of RHS and BOUNDS are left blank: each line has a token too few.
-    {"netlib/blend", {{kTokens, 4}}},
-    {"netlib/gfrd-pnc", {{kTokens, 34}, {kTooFew, 260}}},
+    {"netlib/blend", {{kTextWrongTokens, 4}}},
+    {"netlib/gfrd-pnc", {{kTextWrongTokens, 34}, {kTextTooFew, 260}}},
     // Names with blanks in them.
     {"netlib/forplan",
      {{"MPS file read error: insufficent tokens in line ", 123},
-      {kTokens, 2418},
+      {kTextWrongTokens, 2418},
       {"MPS file read error: needs numeric value (line ", 116},
-      {kNoRow, 116},
-      {kTooFew, 18},
-      {kEmptyColumn, 17},
-      {kEmptyRow, 20},
-      {kEmptyItems, 1}}},
+      {kTextNoRow, 116},
+      {kTextTooFew, 18},
+      {kTextEmptyColumn, 17},
+      {kTextEmptyRow, 20},
+      {kTextEmptyItems, 1}}},
 };
 
 template <class Records, class Type>

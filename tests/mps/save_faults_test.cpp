@@ -22,7 +22,7 @@ bool IsFailureText(std::string_view text) {
 }
 
 // The names of the folder's files that a text speaks of.
-bool Names(const std::string& text, const std::vector<std::string>& files) {
+bool NamesAll(const std::string& text, const std::vector<std::string>& files) {
   return std::any_of(files.begin(), files.end(),
                      [&](const auto& file) { return text.find(file) != text.npos; });
 }
@@ -52,7 +52,7 @@ class Outcome {
     const auto news = save_.OthersWith(save_.new_text());
     const auto olds = save_.OthersWith(save_.old_text().value_or(""));
     EXPECT_FALSE(news.empty() && olds.empty());
-    const bool is_told = Names(LastBox(), news) || Names(LastBox(), olds);
+    const bool is_told = NamesAll(LastBox(), news) || NamesAll(LastBox(), olds);
     EXPECT_TRUE(ended_ || is_told) << LastBox();
   }
 

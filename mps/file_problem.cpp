@@ -1,0 +1,112 @@
+#include "mps/file_problem.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quarvel::mps {
+namespace {
+
+using enum FileProblemCode;
+
+constexpr FileProblemTraits kTable[] = {
+    {kLineTooLong, "E101", "line-too-long", "a line too long to be read", "at most 1048576 bytes"},
+    {kRowTokens, "E102", "row-tokens", "a line of ROWS that is not two words", "type name"},
+    {kRowType, "E103", "row-type", "no type of a row", "E, G, L or N"},
+    {kRowTwice, "E104", "row-twice", "a row of this name stands above",
+     "a name that no row has yet"},
+    {kTokens, "E105", "tokens", "a wrong number of words", "name, row and value, or two pairs"},
+    {kColumnsBeforeRows, "E106", "columns-before-rows", "COLUMNS before any row",
+     "the section ROWS above"},
+    {kRhsBeforeRows, "E107", "rhs-before-rows", "RHS before any row", "the section ROWS above"},
+    {kRangesBeforeRows, "E108", "ranges-before-rows", "RANGES before any row",
+     "the section ROWS above"},
+    {kNotNumeric, "E109", "not-numeric", "not a number", "a number such as 12, -0.5 or 1e-6"},
+    {kNoSuchRow, "E110", "no-such-row", "no row of this name", "a name of the section ROWS"},
+    {kBoundsBeforeColumns, "E111", "bounds-before-columns", "BOUNDS before any column",
+     "the section COLUMNS above"},
+    {kBoundCode, "E112", "bound-code", "no code of a bound", "LO, UP, FX, FR, MI or PL"},
+    {kBoundWithoutValue, "E113", "bound-without-value", "a bound without its value",
+     "code, set, column and value"},
+    {kNoSuchColumn, "E114", "no-such-column", "no column of this name",
+     "a name of the section COLUMNS"},
+    {kNoRows, "E201", "no-rows", "the model has no rows", "a section ROWS with a line"},
+    {kNoColumns, "E202", "no-columns", "the model has no columns", "a section COLUMNS with a line"},
+    {kNoElements, "E203", "no-elements", "the model has no coefficients",
+     "a coefficient other than 0"},
+    {kColumnBoundsReversed, "E204", "column-bounds-reversed",
+     "the lower bound of the column is above the upper", "lower <= upper"},
+    {kRowBoundsReversed, "E205", "row-bounds-reversed",
+     "the lower limit of the row is above the upper", "lower <= upper"},
+    {kFailure, "E901", "failure", "the file cannot be read", ""},
+    {kMissingEndata, "W401", "missing-endata", "no ENDATA line: the file may be cut off", "ENDATA"},
+    {kEmptyRow, "W501", "empty-row", "the row has no coefficients", ""},
+    {kEmptyColumn, "W502", "empty-column", "the column has no coefficients", ""},
+};
+
+// A code is the place of its line.
+constexpr bool IsInOrder() {
+  for (std::size_t i = 0; i < std::size(kTable); ++i) {
+    if (static_cast<std::size_t>(kTable[i].code) != i) return false;
+  }
+  return true;
+}
+static_assert(IsInOrder());
+
+constexpr auto kEmptyItems = static_cast<std::size_t>(ReadProblemCode::kEmptyItems);
+static_assert(static_cast<std::size_t>(ReadProblemCode::kRowBoundsReversed) ==
+              static_cast<std::size_t>(kRowBoundsReversed));
+static_assert(static_cast<std::size_t>(ReadProblemCode::kFailure) == kEmptyItems + 1 &&
+              static_cast<std::size_t>(kFailure) == kEmptyItems);
+
+}  // namespace
+
+ProblemWeight FileProblemTraits::weight() const {
+  if (id.starts_with('E')) return ProblemWeight::kError;
+  return id.starts_with('A') ? ProblemWeight::kAdapted : ProblemWeight::kWarning;
+}
+
+const FileProblemTraits& TraitsOf(FileProblemCode code) {
+  return kTable[static_cast<std::size_t>(code)];
+}
+
+std::span<const FileProblemTraits> FileProblemTable() { return kTable; }
+
+const FileProblemTraits* FindFileProblem(std::string_view id_or_name) {
+  const auto* const found =
+      std::find_if(std::begin(kTable), std::end(kTable), [&](const FileProblemTraits& traits) {
+        return traits.id == id_or_name || traits.name == id_or_name;
+      });
+  return found == std::end(kTable) ? nullptr : found;
+}
+
+// Empty records are problems of their own here.
+FileProblemCode CodeOf(ReadProblemCode code) {
+  if (code == ReadProblemCode::kEmptyItems) return kEmptyRow;
+  if (code == ReadProblemCode::kFailure) return FileProblemCode::kFailure;
+  return static_cast<FileProblemCode>(code);
+}
+
+std::string SentenceOf(const FileProblem& problem) {
+  std::string text(TraitsOf(problem.code).words);
+  const std::string& named = problem.item.empty() ? problem.read : problem.item;
+  if (!named.empty()) text.append(": ").append(named);
+  if (problem.failure) text.append(": ").append(problem.failure->description());
+  if (!problem.made.empty()) text.append("; ").append(problem.made);
+  return text;
+}
+
+void FileProblems::Add(FileProblem problem) {
+  const bool keeps = WillKeep(problem.code);
+  ++counts_[static_cast<std::size_t>(problem.code)];
+  if (keeps) kept_.push_back(std::move(problem));
+}
+
+std::int64_t FileProblems::CountOf(ProblemWeight weight) const {
+  std::int64_t count = 0;
+  for (const FileProblemTraits& traits : kTable) {
+    if (traits.weight() == weight) count += CountOf(traits.code);
+  }
+  return count;
+}
+
+}  // namespace quarvel::mps

@@ -1,0 +1,78 @@
+#include "mps/line_texts.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "mps/line_reader.h"
+#include "platform/automation_error.h"
+#include "platform/files.h"
+
+namespace quarvel::mps {
+namespace {
+
+bool IsTrail(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
+std::vector<FileProblem*> InOrderOfLines(FileProblems& problems) {
+  std::vector<FileProblem*> shown;
+  for (FileProblem& problem : problems.kept()) {
+    if (problem.line > 0) shown.push_back(&problem);
+  }
+  std::stable_sort(shown.begin(), shown.end(),
+                   [](const FileProblem* a, const FileProblem* b) { return a->line < b->line; });
+  return shown;
+}
+
+// Where that many characters end, or the end.
+std::size_t OffsetOf(std::string_view line, std::int32_t characters) {
+  std::size_t offset = 0;
+  for (; characters > 0 && offset < line.size(); --characters) {
+    ++offset;
+    while (offset < line.size() && IsTrail(line[offset])) ++offset;
+  }
+  return offset;
+}
+
+void Show(const Line& line, FileProblem& problem) {
+  if (line.too_long) return;
+  const std::string_view whole = line.view();
+  problem.text = ShownOf(whole);
+  if (problem.column == 0 || problem.length == 0) return;
+  const std::size_t begin = OffsetOf(whole, problem.column - 1);
+  const std::size_t end = OffsetOf(whole, problem.column - 1 + problem.length);
+  problem.read = ShownOf(whole.substr(begin, end - begin));
+}
+
+void ReadLines(LineReader& reader, const std::vector<FileProblem*>& shown) {
+  Line line;
+  std::int64_t number = 0;
+  auto next = shown.begin();
+  while (next != shown.end() && reader.Next(line)) {
+    ++number;
+    for (; next != shown.end() && (*next)->line == number; ++next) Show(line, **next);
+  }
+}
+
+}  // namespace
+
+std::string_view ShownOf(std::string_view line) {
+  constexpr std::size_t kMost = 400;
+  if (line.size() <= kMost) return line;
+  std::size_t size = kMost;
+  while (size > 0 && IsTrail(line[size])) --size;
+  return line.substr(0, size);
+}
+
+void ShowLines(const std::string& path, FileProblems& problems) {
+  const std::vector<FileProblem*> shown = InOrderOfLines(problems);
+  if (shown.empty()) return;
+  try {
+    LineReader reader{platform::InputFile(path)};
+    ReadLines(reader, shown);
+  } catch (const AutomationError&) {
+    return;
+  }
+}
+
+}  // namespace quarvel::mps

@@ -1,0 +1,177 @@
+#include "mps/read_file.h"
+
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "mps/line_source.h"
+#include "mps/line_texts.h"
+#include "mps/model_sink.h"
+#include "mps/sections.h"
+#include "mps/tokens.h"
+#include "text/encoding.h"
+
+namespace quarvel::mps {
+namespace {
+
+class FileRun {
+ public:
+  FileRun(const std::string& path, const ReadOptions& options, model::ModelStore& store)
+      : path_(path),
+        options_(options),
+        store_(store),
+        source_(store.fill()),
+        sink_(store.fill(), source_),
+        sections_(sink_, Hear{*this}) {
+    read_.problems = FileProblems(options.kept_of_each);
+  }
+
+  FileRead Run() {
+    Begin();
+    try {
+      ReadLines();
+      if (goes_on_) Check();
+    } catch (...) {
+      NoteFailure();
+    }
+    End();
+    return std::move(read_);
+  }
+
+ private:
+  static constexpr std::int64_t kLinesBetweenCalls = 4096;
+
+  struct Hear {
+    FileRun& run;
+    bool operator()(const ReadProblem& problem) const { return run.Hears(problem); }
+  };
+
+  void Begin() {
+    model::ModelSettings& settings = store_.settings();
+    settings.strMPSFile = path_;
+    settings.ReadMPSFileErr = 0;
+    settings.EndLineMissing = false;
+    settings.LinesRead = 0;
+    settings.DefaultToPlusMinusInfinity = options_.infinite_default_bounds;
+    sink_.DropRecords();
+    sink_.DropTexts();
+    read_.outcome = ReadOutcome::kRead;
+  }
+
+  void ReadLines() {
+    source_.Open(path_);
+    SourceLine& line = source_.line();
+    while (goes_on_ && source_.Next(sections_.section())) {
+      if (line.number() % kLinesBetweenCalls == 0 && !Progress()) break;
+      if (!sections_.Use(line)) break;
+    }
+    source_.Close();
+    read_.facts.lines = line.number();
+    read_.facts.has_endata = sections_.has_ended();
+    if (!read_.facts.has_endata) Tell({FileProblemCode::kMissingEndata, line.number()});
+  }
+
+  bool Progress() {
+    if (!options_.on_progress || options_.on_progress(source_.bytes_read(), source_.file_size())) {
+      return true;
+    }
+    goes_on_ = false;
+    read_.outcome = ReadOutcome::kStopped;
+    return false;
+  }
+
+  bool Hears(const ReadProblem& problem) {
+    FileProblem told{.code = CodeOf(problem.code), .line = problem.line, .item = problem.item};
+    if (problem.line != 0 && (options_.on_problem || read_.problems.WillKeep(told.code))) {
+      ShowPlace(problem.token, told);
+    }
+    return Tell(std::move(told));
+  }
+
+  void ShowPlace(std::size_t token, FileProblem& told) {
+    const SourceLine& line = source_.line();
+    if (line.too_long()) return;
+    told.text = ShownOf(line.text());
+    const std::vector<std::string_view> tokens = SplitLine(line.text());
+    if (token == 0 || token > tokens.size()) return;
+    const std::string_view read = tokens[token - 1];
+    const auto begin = static_cast<std::size_t>(read.data() - line.text().data());
+    told.column = static_cast<std::int32_t>(text::CharacterCount(line.text().substr(0, begin))) + 1;
+    told.length = static_cast<std::int32_t>(text::CharacterCount(read));
+    told.read = ShownOf(read);
+  }
+
+  bool Tell(FileProblem problem) {
+    if (goes_on_ && options_.on_problem && !options_.on_problem(problem)) {
+      goes_on_ = false;
+      read_.outcome = ReadOutcome::kRefused;
+    }
+    read_.problems.Add(std::move(problem));
+    return goes_on_;
+  }
+
+  void Check() {
+    using enum FileProblemCode;
+    const model::ModelData& data = store_.data();
+    if (data.NumberOfRows == 0) Tell({kNoRows});
+    if (data.NumberOfColumns == 0) Tell({kNoColumns});
+    if (data.NumberOfElements == 0) Tell({kNoElements});
+    CheckRecords(data.Columns, data.NumberOfColumns, kColumnBoundsReversed, kEmptyColumn);
+    CheckRecords(data.Rows, data.NumberOfRows, kRowBoundsReversed, kEmptyRow);
+    for (std::int32_t r = data.NumberOfRows; r >= 1; --r) {
+      if (data.Rows[r].Type == model::RowType::kFree) read_.facts.objective = data.Rows[r].Name;
+    }
+    if (goes_on_) store_.DeriveRowTypes();
+  }
+
+  template <class Records>
+  void CheckRecords(const Records& records, std::int32_t count, FileProblemCode reversed,
+                    FileProblemCode empty) {
+    for (std::int32_t number = 1; number <= count && goes_on_; ++number) {
+      const auto& record = records[number];
+      if (record.LowerBound > record.UpperBound) Tell({.code = reversed, .item = record.Name});
+      if (record.ElementCount() == 0) Tell({.code = empty, .item = record.Name});
+    }
+  }
+
+  // Without memory nothing can be told as data.
+  void NoteFailure() {
+    store_.fill().Begin();
+    store_.Clear();
+    const AutomationError error = CurrentError();
+    if (error.run_time_error() == RunTimeError::kOutOfMemory) throw error;
+    goes_on_ = false;
+    Tell({.code = FileProblemCode::kFailure, .item = path_, .failure = error});
+    read_.outcome = ReadOutcome::kFailed;
+  }
+
+  void End() {
+    model::ModelSettings& settings = store_.settings();
+    settings.EndLineMissing = !read_.facts.has_endata;
+    settings.LinesRead = read_.facts.lines;
+    if (read_.outcome != ReadOutcome::kRead) {
+      store_.Clear();
+    } else {
+      settings.ReadMPSFileErr = -1;
+    }
+    // What has no size may be no file that can be read again.
+    if (source_.file_size() > 0) ShowLines(path_, read_.problems);
+  }
+
+  const std::string& path_;
+  const ReadOptions& options_;
+  model::ModelStore& store_;
+  FileRead read_;
+  bool goes_on_ = true;
+  LineSource source_;
+  ModelSink sink_;
+  Sections<ModelSink, Hear> sections_;
+};
+
+}  // namespace
+
+FileRead ReadFile(const std::string& path, const ReadOptions& options, model::ModelStore& store) {
+  return FileRun(path, options, store).Run();
+}
+
+}  // namespace quarvel::mps

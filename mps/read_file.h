@@ -1,0 +1,50 @@
+// Reads a file into a store without a desktop, a box or a question: what there is to say comes back as
+// data. The component's own read, which asks, is read_driver.h.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "model/model_store.h"
+#include "mps/file_facts.h"
+#include "mps/file_problem.h"
+
+namespace quarvel::mps {
+
+struct ReadOptions {
+  // Columns that the file gives no lower bound have none, instead of 0.
+  bool infinite_default_bounds = false;
+  // How many problems of each code come back as data; all are counted.
+  std::size_t kept_of_each = FileProblems::kUsuallyKept;
+  // Hears each problem as it is met, with the line as the reader has it (maybe in upper case); false
+  // ends the read. It must not touch the store.
+  std::function<bool(const FileProblem&)> on_problem = {};
+  // Called now and then with the bytes that are done and those of the file; false ends the read. It
+  // must not touch the store.
+  std::function<bool(std::uint64_t done, std::uint64_t all)> on_progress = {};
+};
+
+enum class ReadOutcome : std::uint8_t {
+  kRead,     // to its end; with problems, the model is what the other lines say
+  kFailed,   // the file could not be opened or read
+  kRefused,  // on_problem ended it
+  kStopped,  // on_progress ended it
+};
+
+struct FileRead {
+  ReadOutcome outcome = ReadOutcome::kFailed;
+  FileFacts facts;
+  FileProblems problems;
+};
+
+// Reads the file at `path` in place of what the store holds; its settings strMPSFile, ReadMPSFileErr,
+// EndLineMissing, LinesRead and DefaultToPlusMinusInfinity are those of this read, FileLocation stays. A
+// line with an error is passed over, or that pair of it. When the outcome is not kRead the store is
+// empty. Raises 7 without memory; the store is empty then.
+//
+// Cost: one pass over the bytes; a second one, over the lines only, when there are problems to show.
+FileRead ReadFile(const std::string& path, const ReadOptions& options, model::ModelStore& store);
+
+}  // namespace quarvel::mps

@@ -1,0 +1,132 @@
+#include "mps/read_file.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/test_paths.h"
+
+namespace quarvel::mps {
+namespace {
+
+constexpr std::string_view kGood =
+    "NAME          small\nROWS\n N  cost\n L  lim\nCOLUMNS\n    x  cost  1  lim  2\n"
+    "    y  lim  3\nRHS\n    RHS  lim  4\nBOUNDS\n UP BND  x  9\nENDATA\n";
+
+class ReadFileTest : public ::testing::Test {
+ protected:
+  FileRead Read(std::string_view text, const ReadOptions& options = {}) {
+    path_ = folder_.File("m.mps");
+    WriteWholeFile(path_, text);
+    return ReadFile(path_, options, store_);
+  }
+
+  TemporaryFolder folder_;
+  std::string path_;
+  model::ModelStore store_;
+};
+
+TEST_F(ReadFileTest, ReadsAModelAndWhatTheFileSaysBesideIt) {
+  const FileRead read = Read(kGood);
+  EXPECT_EQ(read.outcome, ReadOutcome::kRead);
+  EXPECT_EQ(read.problems.kept().size(), 0U);
+  EXPECT_EQ(read.facts.objective, "COST");
+  EXPECT_TRUE(read.facts.has_endata);
+  EXPECT_EQ(read.facts.lines, 12);
+  ASSERT_EQ(store_.NumberOfRows(), 2);
+  EXPECT_EQ(store_.Row(2).Type, model::RowType::kLess);
+  EXPECT_EQ(store_.Row(2).UpperBound, 4);
+  ASSERT_EQ(store_.NumberOfColumns(), 2);
+  EXPECT_EQ(store_.Column(1).UpperBound, 9);
+  EXPECT_EQ(store_.Column(2).LowerBound, 0);
+  EXPECT_EQ(store_.settings().ModelName, "SMALL");
+  EXPECT_EQ(store_.settings().ReadMPSFileErr, -1);
+  EXPECT_EQ(store_.data().NumberOfBindingRows, 1);
+}
+
+TEST_F(ReadFileTest, GivesColumnsNoLowerBoundWhenToldSo) {
+  Read(kGood, {.infinite_default_bounds = true});
+  EXPECT_EQ(store_.Column(2).LowerBound, -model::BoundLimit);
+}
+
+TEST_F(ReadFileTest, NamesEachProblemWithItsPlaceAndGoesOn) {
+  const FileRead read = Read(
+      "ROWS\n N  cost\n L  lim\n Q  odd\nCOLUMNS\n    x  cost  1  lmi  2\n    y  lim  1,5\n"
+      "    y  cost  2\n");
+  EXPECT_EQ(read.outcome, ReadOutcome::kRead);
+  const auto& kept = read.problems.kept();
+  ASSERT_EQ(kept.size(), 5U);
+  EXPECT_EQ(kept[0].code, FileProblemCode::kRowType);
+  EXPECT_EQ(kept[0].line, 4);
+  EXPECT_EQ(kept[0].column, 2);
+  EXPECT_EQ(kept[0].text, " Q  odd");
+  EXPECT_EQ(kept[1].code, FileProblemCode::kNoSuchRow);
+  EXPECT_EQ(kept[1].item, "LMI");
+  EXPECT_EQ(kept[1].read, "lmi");
+  EXPECT_EQ(kept[1].column, 17);
+  EXPECT_EQ(kept[1].length, 3);
+  EXPECT_EQ(kept[2].code, FileProblemCode::kNotNumeric);
+  EXPECT_EQ(kept[2].read, "1,5");
+  EXPECT_EQ(kept[2].column, 13);
+  EXPECT_EQ(kept[3].code, FileProblemCode::kMissingEndata);
+  EXPECT_EQ(kept[3].line, 8);
+  EXPECT_EQ(kept[4].code, FileProblemCode::kEmptyRow);
+  EXPECT_EQ(kept[4].item, "LIM");
+  EXPECT_TRUE(read.problems.HasErrors());
+  EXPECT_EQ(store_.NumberOfElements(), 2);
+}
+
+TEST_F(ReadFileTest, TellsWhatIsWrongWithTheModelAsAWhole) {
+  EXPECT_EQ(Read("ENDATA\n").problems.CountOf(ProblemWeight::kError), 3);
+  const FileRead read =
+      Read("ROWS\n N  c\nCOLUMNS\n  x c 1\n  e c 0\nBOUNDS\n LO B x 5\n UP B x 4\nENDATA\n");
+  EXPECT_EQ(read.problems.CountOf(FileProblemCode::kColumnBoundsReversed), 1);
+  EXPECT_EQ(read.problems.CountOf(FileProblemCode::kEmptyColumn), 1);
+}
+
+TEST_F(ReadFileTest, EndsWhereItIsToldTo) {
+  std::vector<std::int64_t> heard;
+  const FileRead refused =
+      Read("ROWS\n Q  a\n Q  b\nENDATA\n", {.on_problem = [&heard](const FileProblem& problem) {
+             heard.push_back(problem.line);
+             return false;
+           }});
+  EXPECT_EQ(refused.outcome, ReadOutcome::kRefused);
+  EXPECT_EQ(heard, std::vector<std::int64_t>{2});
+  EXPECT_EQ(store_.NumberOfRows(), 0);
+
+  std::string many = "ROWS\n N  c\n";
+  for (int i = 0; i < 5000; ++i) many += " L  r" + std::to_string(i) + "\n";
+  int calls = 0;
+  const FileRead stopped = Read(many, {.on_progress = [&calls](std::uint64_t, std::uint64_t all) {
+                                  ++calls;
+                                  return all == 0;
+                                }});
+  EXPECT_EQ(stopped.outcome, ReadOutcome::kStopped);
+  EXPECT_EQ(calls, 1);
+  EXPECT_EQ(store_.NumberOfRows(), 0);
+  EXPECT_EQ(store_.settings().ReadMPSFileErr, 0);
+}
+
+TEST_F(ReadFileTest, TellsAFileThatCannotBeReadAsAProblem) {
+  Read(kGood);
+  const FileRead read = ReadFile(folder_.File("none.mps"), {}, store_);
+  EXPECT_EQ(read.outcome, ReadOutcome::kFailed);
+  ASSERT_EQ(read.problems.kept().size(), 1U);
+  EXPECT_EQ(read.problems.kept()[0].code, FileProblemCode::kFailure);
+  EXPECT_EQ(read.problems.kept()[0].failure->number(), 53);
+  EXPECT_EQ(store_.NumberOfRows(), 0);
+}
+
+TEST_F(ReadFileTest, KeepsFewOfManyProblems) {
+  std::string text = "ROWS\n N  c\n";
+  for (int i = 0; i < 3000; ++i) text += " Q  r\n";
+  const FileRead read = Read(text, {.kept_of_each = 7});
+  EXPECT_EQ(read.problems.CountOf(FileProblemCode::kRowType), 3000);
+  EXPECT_EQ(read.problems.kept().size(), 7U + 4U);
+}
+
+}  // namespace
+}  // namespace quarvel::mps
