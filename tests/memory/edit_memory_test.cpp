@@ -11,6 +11,7 @@
 
 #include "tests/memory/described_model.h"
 #include "tests/memory/memory_states.h"
+#include "tests/memory/operation_names.h"
 #include "tests/memory/trials.h"
 
 namespace quarvel::testing {
@@ -71,6 +72,12 @@ const std::vector<NamedEdit>& Edits() {
       {"SetModelName", [](LPModel& m) { return m.SetModelName(LongName()), 0; }},
       {"SetModelDescription", [](LPModel& m) { return m.SetModelDescription(LongName()), 0; }},
       {"strMPSFile", [](LPModel& m) { return m.strMPSFile(kLongName), 0; }},
+      {"ReadMPSFileErr", [](LPModel& m) { return m.ReadMPSFileErr(1), 0; }},
+      {"frmViewEquationsIsShowing",
+       [](LPModel& m) { return m.frmViewEquationsIsShowing(false), 0; }},
+      {"showFrm", [](LPModel& m) { return m.showFrm({}), 0; }},
+      {"SetDefaultToPlusMinusInfinity",
+       [](LPModel& m) { return m.SetDefaultToPlusMinusInfinity(true), 0; }},
       {"MakeNewModel", [](LPModel& m) { return m.MakeNewModel(), 0; }},
   };
   return edits;
@@ -133,6 +140,19 @@ TEST(EditMemory, ModelIsAsBeforeAtEveryFailedAllocationAndTheEditCanBeRepeated) 
   trials.Expect(1000);
 }
 
+TEST(EditMemory, ModelThatCannotBeMadeIsALackOfMemory) {
+  ScarceDesktop desktop;
+  Trials trials;
+  trials.Run("LPModel", [&](std::int64_t n, Shortage shortage) -> std::optional<std::string> {
+    const FailingAllocation failing(n, shortage);
+    const Outcome outcome = OutcomeOf([&] { return LPModel(desktop).NumberOfRows(); });
+    if (!failing.happened()) return std::nullopt;
+    const EnoughMemory enough;
+    return outcome.error == kOutOfMemory ? "" : Text(outcome);
+  });
+  trials.Expect(2);
+}
+
 // The row stands whatever becomes of the warning.
 TEST(EditMemory, WarningThatThereIsNoMemoryForIsGivenWithTheNextLongName) {
   bool found = false;
@@ -155,4 +175,7 @@ TEST(EditMemory, WarningThatThereIsNoMemoryForIsGivenWithTheNextLongName) {
 }
 
 }  // namespace
+
+std::vector<std::string> NamesOfEdits() { return OperationsIn(Edits()); }
+
 }  // namespace quarvel::testing

@@ -12,6 +12,7 @@
 
 #include "tests/memory/described_model.h"
 #include "tests/memory/memory_states.h"
+#include "tests/memory/operation_names.h"
 #include "tests/memory/trials.h"
 
 namespace quarvel::testing {
@@ -50,12 +51,21 @@ double Body(const LPModel& model) {
 const std::vector<NamedQuery>& Queries() {
   static const std::vector<NamedQuery> queries = {
       Query("NumberOfRows", [](const LPModel& m) { return m.NumberOfRows(); }),
+      Query("NumberOfColumns", [](const LPModel& m) { return m.NumberOfColumns(); }),
+      Query("NumberOfElements", [](const LPModel& m) { return m.NumberOfElements(); }),
       Query("NumberOfBindingRows", [](const LPModel& m) { return m.NumberOfBindingRows(); }),
+      Query("NumberOfNonBindingRows", [](const LPModel& m) { return m.NumberOfNonBindingRows(); }),
+      Query("NumBindingRows", [](const LPModel& m) { return m.NumBindingRows(); }),
       Query("NumNonBindingRows", [](const LPModel& m) { return m.NumNonBindingRows(); }),
       Query("ModelName", [](const LPModel& m) { return m.ModelName(); }),
       Query("ModelDescription", [](const LPModel& m) { return m.ModelDescription(); }),
       Query("FileLocation", [](const LPModel& m) { return m.FileLocation(); }),
       Query("strMPSFile", [](const LPModel& m) { return m.strMPSFile(); }),
+      Query("ReadMPSFileErr", [](const LPModel& m) { return m.ReadMPSFileErr(); }),
+      Query("ViewEquationsWindowIsShowing",
+            [](const LPModel& m) { return m.ViewEquationsWindowIsShowing(); }),
+      Query("showFrm", [](const LPModel& m) { return m.showFrm().has_value(); }),
+      Query("DisplayAuthor", [](const LPModel& m) { return m.DisplayAuthor(), 0; }),
       Query("ColElementrow", [](const LPModel& m) { return m.ColElementrow(1, 1); }),
       Query("ColElementvalue", [](const LPModel& m) { return m.ColElementvalue(1, 0); }),
       Query("ColNumberElements", [](const LPModel& m) { return m.ColNumberElements(0); }),
@@ -143,4 +153,7 @@ TEST(QueryMemory, AnswerIsRightOrThereIsNoneAtEveryFailedAllocation) {
 }
 
 }  // namespace
+
+std::vector<std::string> NamesOfQueries() { return OperationsIn(Queries()); }
+
 }  // namespace quarvel::testing

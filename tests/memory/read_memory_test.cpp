@@ -12,6 +12,7 @@
 #include "mps/frm_set_default_bounds.h"
 #include "tests/memory/described_model.h"
 #include "tests/memory/memory_states.h"
+#include "tests/memory/operation_names.h"
 #include "tests/memory/trials.h"
 #include "tests/support/test_paths.h"
 
@@ -214,4 +215,7 @@ TEST(ReadMemory, ModelIsTheOldOneOrEmptyOrWholeAtEveryFailedAllocation) {
 }
 
 }  // namespace
+
+std::vector<std::string> NamesOfReads() { return {"StartFileReding", "ReadMPSFile"}; }
+
 }  // namespace quarvel::testing

@@ -5,11 +5,12 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
+#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "tests/memory/described_model.h"
+#include "tests/memory/operation_names.h"
 #include "tests/memory/scarce_desktop.h"
 #include "tests/memory/trials.h"
 #include "tests/mps/save_ways.h"
@@ -114,4 +115,7 @@ TEST(SaveMemory, FileIsOldOrNewAndTheModelAsBeforeAtEveryFailedAllocation) {
 }
 
 }  // namespace
+
+std::vector<std::string> NamesOfSaves() { return {"SaveMPSFile", "SaveAsMPSFile"}; }
+
 }  // namespace quarvel::testing

@@ -4,12 +4,14 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "model/model_check.h"
 #include "tests/memory/described_model.h"
 #include "tests/memory/memory_states.h"
+#include "tests/memory/operation_names.h"
 #include "tests/memory/trials.h"
 #include "tests/support/model_builder.h"
 #include "tests/support/test_paths.h"
@@ -112,4 +114,7 @@ TEST(SimplifyMemory, WhatWasDoneStaysDoneAtEveryFailedAllocationAndTheRestCanFol
 }
 
 }  // namespace
+
+std::vector<std::string> NamesOfSimplifications() { return {"SimplifyMPSModel"}; }
+
 }  // namespace quarvel::testing

@@ -1,6 +1,7 @@
 // The viewer with its commands, with every allocation failing in turn: the user is told, the model
 // is no broken one, and the window closes and can be shown again.
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -12,6 +13,7 @@
 #include "model/model_check.h"
 #include "tests/memory/described_model.h"
 #include "tests/memory/memory_states.h"
+#include "tests/memory/operation_names.h"
 #include "tests/memory/trials.h"
 #include "viewer/frm_view_equations.h"
 
@@ -27,6 +29,25 @@ struct NamedStep {
   bool changes;  // the model
   void (*run)(frmViewEquations& window);
 };
+
+struct NamedView {
+  const char* name;
+  void (*run)(LPModel& model);
+};
+
+constexpr auto kViews = std::to_array<NamedView>({
+    {"ViewEquations", [](LPModel& m) { m.ViewEquations(true); }},
+    {"ViewCol", [](LPModel& m) { m.ViewCol(2, true); }},
+    {"ViewCol, of none", [](LPModel& m) { m.ViewCol(99, true); }},
+    {"ViewRow", [](LPModel& m) { m.ViewRow(3, true); }},
+    {"ViewRow, of none", [](LPModel& m) { m.ViewRow(-1, true); }},
+    {"ViewNonBindingRow", [](LPModel& m) { m.ViewNonBindingRow(0, true); }},
+    {"ViewNonBindingRow, of none", [](LPModel& m) { m.ViewNonBindingRow(99, true); }},
+    {"ViewBindingRow", [](LPModel& m) { m.ViewBindingRow(1, true); }},
+    {"ViewBindingRow, of none", [](LPModel& m) { m.ViewBindingRow(99, true); }},
+    {"NewMPSModel", [](LPModel& m) { m.NewMPSModel(); }},
+});
+constexpr const NamedView& kViewOfAll = kViews.front();
 
 // As a user does: the page, the record, the menu, the item.
 void Choose(frmViewEquations& window, RecordPage& page, const char* item) {
@@ -67,7 +88,7 @@ const std::vector<NamedStep>& Steps() {
 // gets further than to him.
 class Viewing {
  public:
-  explicit Viewing(const NamedStep& step) : step_(step) {
+  Viewing(const NamedView& view, const NamedStep& step) : view_(view), step_(step) {
     MakeSmall(model());
     desktop().on_box = [](const platform::ShownBox& box) {
       if (box.text.starts_with("Do you want to save")) return MsgBoxResult::kNo;
@@ -83,7 +104,7 @@ class Viewing {
 
   int Show() {
     turns_ = 0;
-    model().ViewEquations(true);
+    view_.run(model());
     return 0;
   }
 
@@ -121,6 +142,7 @@ class Viewing {
     });
   }
 
+  NamedView view_;
   NamedStep step_;
   Subject subject_;
   int turns_ = 0;
@@ -129,16 +151,15 @@ class Viewing {
 
 class ViewerTrial {
  public:
-  explicit ViewerTrial(const NamedStep& step) : step_(step) {
-    Viewing viewing(step);
-    const std::string before = DescribedRecords(viewing.model());
+  ViewerTrial(const NamedView& view, const NamedStep& step) : view_(view), step_(step) {
+    Viewing viewing(view, step);
+    before_ = DescribedRecords(viewing.model());
     viewing.Show();
     after_ = DescribedRecords(viewing.model());
-    EXPECT_EQ(after_ != before, step.changes) << step.name;
   }
 
   std::optional<std::string> operator()(std::int64_t n, Shortage shortage) const {
-    Viewing viewing(step_);
+    Viewing viewing(view_, step_);
     Outcome outcome;
     {
       const FailingAllocation failing(n, shortage);
@@ -147,6 +168,8 @@ class ViewerTrial {
     }
     return FaultOf(viewing, outcome);
   }
+
+  bool changes() const { return after_ != before_; }
 
  private:
   std::string FaultOf(Viewing& viewing, const Outcome& outcome) const {
@@ -162,15 +185,25 @@ class ViewerTrial {
     return again.error == 0 ? "" : "shown again: " + Text(again);
   }
 
+  NamedView view_;
   NamedStep step_;
+  std::string before_;
   std::string after_;
 };
 
 TEST(ViewerMemory, UserIsToldAndTheModelIsNotBrokenAtEveryFailedAllocation) {
   Trials trials;
-  for (const NamedStep& step : Steps()) trials.Run(step.name, ViewerTrial(step));
+  for (const NamedStep& step : Steps()) {
+    const ViewerTrial trial(kViewOfAll, step);
+    EXPECT_EQ(trial.changes(), step.changes) << step.name;
+    trials.Run(step.name, trial);
+  }
+  for (const NamedView& view : kViews) trials.Run(view.name, ViewerTrial(view, Steps().front()));
   trials.Expect(1000);
 }
 
 }  // namespace
+
+std::vector<std::string> NamesOfViews() { return OperationsIn(kViews); }
+
 }  // namespace quarvel::testing
