@@ -43,7 +43,7 @@ step() {
 }
 
 check_format() {
-  find text platform model mps simplify viewer component automation hosts tests fuzz bench \
+  find text platform model mps simplify inspect viewer component automation hosts tests fuzz bench \
     \( -name '*.cpp' -o -name '*.h' \) -print0 2>/dev/null |
     xargs -0 clang-format --dry-run -Werror
 }

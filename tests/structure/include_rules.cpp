@@ -157,7 +157,8 @@ std::vector<std::string> IncludeCircles(const SourceTexts& sources) {
 
 const std::vector<std::string_view>& Rooms() {
   static const std::vector<std::string_view> rooms = {
-      "text", "platform", "model", "mps", "simplify", "viewer", "component", "automation", "hosts"};
+      "text",    "platform", "model",     "mps",        "simplify",
+      "inspect", "viewer",   "component", "automation", "hosts"};
   return rooms;
 }
 

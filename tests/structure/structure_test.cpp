@@ -24,6 +24,8 @@ const Case kCases[] = {
     {"text/a.cpp", "#include \"platform/files.h\"", false},
     {"mps/a.cpp", "#include \"simplify/b.h\"", false},
     {"simplify/a.cpp", "#include \"mps/b.h\"", true},
+    {"inspect/a.cpp", "#include \"mps/b.h\"", true},
+    {"inspect/a.cpp", "#include \"component/b.h\"", false},
     {"viewer/a.cpp", "#include \"hosts/b.h\"", false},
     {"viewer/a.cpp", "#include \"component/b.h\"", false},
     {"component/a.cpp", "#include \"viewer/b.h\"", true},

@@ -1,0 +1,72 @@
+#include "inspect/record_pairing.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "platform/automation_error.h"
+
+namespace quarvel::inspect {
+namespace {
+
+using Names = std::vector<std::string>;
+
+NamedRecords Records(const Names& names) {
+  return {static_cast<std::int32_t>(names.size()),
+          [&names](std::int32_t number) -> std::string_view {
+            return names[static_cast<std::size_t>(number) - 1];
+          },
+          [&names](std::string_view name) {
+            const auto found = std::find(names.begin(), names.end(), name);
+            return found == names.end() ? 0 : static_cast<std::int32_t>(found - names.begin()) + 1;
+          }};
+}
+
+// The partner of each record of A, and of each of B: "2 1 0 | 2 1".
+std::string Partners(const Names& a, const Names& b) {
+  const RecordPairing pairing(Records(a), Records(b));
+  std::string text;
+  for (std::size_t i = 1; i <= a.size(); ++i) {
+    text += std::to_string(pairing.InB(static_cast<std::int32_t>(i))) + " ";
+  }
+  text += "|";
+  for (std::size_t i = 1; i <= b.size(); ++i) {
+    text += " " + std::to_string(pairing.InA(static_cast<std::int32_t>(i)));
+  }
+  return text;
+}
+
+TEST(RecordPairing, PairsRecordsOfOneName) {
+  EXPECT_EQ(Partners({"X", "Y", "Z"}, {"Y", "W", "X"}), "3 1 0 | 2 0 1");
+  EXPECT_EQ(Partners({}, {"X"}), "| 0");
+  EXPECT_EQ(Partners({"X"}, {}), "0 |");
+}
+
+TEST(RecordPairing, PairsTheFirstOfANameWithTheFirstAndTheSecondWithTheSecond) {
+  EXPECT_EQ(Partners({"X", "Y", "X", "X"}, {"Z", "X", "X", "Y"}), "2 4 3 0 | 0 1 3 2");
+  EXPECT_EQ(Partners({"X", "X"}, {"X", "X", "X", "Y", "Y"}), "1 2 | 1 2 0 0 0");
+  EXPECT_EQ(Partners({"", ""}, {"", "A", ""}), "1 3 | 1 0 2");
+}
+
+TEST(RecordPairing, TakesAManifoldNameInLinearTime) {
+  const Names names(200'000, "X");
+  NamedRecords records = Records(names);
+  records.find = [](std::string_view) { return 1; };
+  const RecordPairing pairing(records, records);
+  EXPECT_EQ(pairing.InB(1), 1);
+  EXPECT_EQ(pairing.InB(200'000), 200'000);
+  EXPECT_EQ(pairing.InA(100'000), 100'000);
+}
+
+TEST(RecordPairing, RaisesForANumberOfNoRecord) {
+  const Names names = {"X"};
+  const RecordPairing pairing(Records(names), Records(names));
+  EXPECT_THROW(pairing.InB(2), AutomationError);
+  EXPECT_THROW(pairing.InA(0), AutomationError);
+}
+
+}  // namespace
+}  // namespace quarvel::inspect
