@@ -39,6 +39,7 @@ struct Word {
   Choice choice;
 };
 constexpr Word<bool> kBoundWords[] = {{"0", false}, {"inf", true}};
+constexpr Word<bool> kDialectWords[] = {{"wide", false}, {"component", true}};
 
 template <class Target, class Words>
 bool Choose(Target& target, const Words& words, std::string_view value) {
@@ -68,8 +69,14 @@ bool SetPath(std::string& target, std::string_view value) {
 }
 
 constexpr Option kFirstOptions[] = {
+    {kDialect, "--dialect", "", "wide|component",
+     "how files are read: as this program does (the default), or as\nthe component does, with its "
+     "questions",
+     [](Arguments& a, std::string_view v) {
+       return Choose(a.component_dialect, kDialectWords, v);
+     }},
     {kDefaultBounds, "--default-bounds", "", "0|inf",
-     "lower bound of columns that the file gives none:\n0, or no bound",
+     "lower bound of columns that the file gives none:\n0 (the default), or no bound",
      [](Arguments& a, std::string_view v) {
        return Choose(a.infinite_default_bounds, kBoundWords, v);
      }},

@@ -29,6 +29,7 @@ inline constexpr OptionSet kCommand = OptionSet{1} << 6;
 inline constexpr OptionSet kEdit = OptionSet{1} << 7;
 inline constexpr OptionSet kMissingEndata = OptionSet{1} << 8;
 inline constexpr OptionSet kLoss = OptionSet{1} << 9;
+inline constexpr OptionSet kDialect = OptionSet{1} << 36;
 // The options that answer questions (questions.h), and those of them that a command may refuse.
 inline constexpr OptionSet kQuestions = OptionSet{0xFFFF} << 16;
 inline constexpr OptionSet kOnError = OptionSet{1} << 16;
@@ -44,6 +45,7 @@ struct Arguments {
   std::vector<std::string> operands;
   OptionSet used = 0;
 
+  bool component_dialect = false;  // files are read as the component reads them, with its questions
   std::optional<bool> infinite_default_bounds;
   std::map<OptionSet, const GivenAnswer*> answers;  // of the options that answer questions
   std::string log;

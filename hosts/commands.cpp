@@ -7,7 +7,7 @@
 namespace quarvel::hosts {
 namespace {
 
-constexpr OptionSet kReadings = kDefaultBounds | kQuestions | kLog;
+constexpr OptionSet kReadings = kDialect | kDefaultBounds | kQuestions | kLog;
 constexpr OptionSet kWritings = kReadings | kMissingEndata | kLoss;
 
 std::string EvaluateHelp() {

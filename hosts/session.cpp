@@ -27,7 +27,8 @@ Session::Session(const Arguments& arguments_given, const Streams& streams_given)
       streams(streams_given),
       answers_(arguments),
       desktop_(answers_),
-      model_(desktop_) {
+      model_(desktop_),
+      reading_(arguments, answers_, desktop_, model_) {
   if (!streams.terminal) {
     desktop_.set_interactive(false);
     desktop_.set_shows_progress(false);
@@ -54,12 +55,11 @@ void Session::StopIfUnanswered() const {
 bool Session::KeepPrinting() const { return streams.out.good() && !desktop_.interrupted(); }
 
 void Session::Read(const std::string& path) {
-  answers_.file = path;
-  const std::int16_t result = model_.ReadMPSFile();
+  const bool is_read = arguments.component_dialect ? ReadAsComponent(path)
+                                                   : reading_.Read(path) == mps::ReadOutcome::kRead;
   StopIfInterrupted();
   StopIfUnanswered();
-  if (may_be_cut_off()) Note(MissingEndText(path));
-  if (result == kComponentGood) return TakeLog();
+  if (is_read) return TakeLog();
   std::string text = path + " was not read";
   const bool passes_over =
       AnswerTo(platform::BoxKind::kReadProblem, arguments).answer == platform::MsgBoxResult::kYes;
@@ -67,6 +67,13 @@ void Session::Read(const std::string& path) {
     text += "; \"--on-error continue\" passes over problems, \"quarvel check\" lists them";
   }
   throw CommandError(kProblem, text);
+}
+
+bool Session::ReadAsComponent(const std::string& path) {
+  answers_.file = path;
+  const bool is_read = model_.ReadMPSFile() == kComponentGood;
+  if (may_be_cut_off() && !desktop_.interrupted()) Note(MissingEndText(path));
+  return is_read;
 }
 
 void Session::ReadToWrite(const std::string& path) {

@@ -8,6 +8,7 @@
 #include "component/lp_model.h"
 #include "hosts/answers.h"
 #include "hosts/arguments.h"
+#include "hosts/file_reading.h"
 #include "hosts/streams.h"
 #include "mps/loss.h"
 #include "platform/console/console_desktop.h"
@@ -38,6 +39,8 @@ class Session {
   // it was not written, as one that would read back as another model is not.
   void Write(const std::string& path);
 
+  // What the file that was read says beside its model; not with --dialect component.
+  const mps::FileFacts& facts() const { return reading_.facts(); }
   // The file that was read came to its end before an ENDATA line.
   bool may_be_cut_off() const;
 
@@ -52,6 +55,8 @@ class Session {
   void Note(std::string_view text);
 
  private:
+  // The same with the questions that the component asks; true when the model was read.
+  bool ReadAsComponent(const std::string& path);
   // Raises a CommandError for what a file cannot keep, after a note of what that is.
   void StopAtLosses(const mps::Losses& losses, const std::string& path);
   // Notes on the losses of that weight.
@@ -64,6 +69,7 @@ class Session {
   std::string log_;   // of the last simplification, in the place of a file beside the model
   std::string logs_;  // of all of them
   LPModel model_;
+  FileReading reading_;
 };
 
 // What the user is told about a file without ENDATA, and what is wrong with it.

@@ -31,8 +31,12 @@ class FileRun {
     try {
       ReadLines();
       if (goes_on_) Check();
+    } catch (const AutomationError& error) {
+      Drop();
+      NoteFailure(error);
     } catch (...) {
-      NoteFailure();
+      Drop();
+      RaiseGuarded();
     }
     End();
     return std::move(read_);
@@ -67,6 +71,7 @@ class FileRun {
     }
     source_.Close();
     read_.facts.lines = line.number();
+    if (!goes_on_) return;
     read_.facts.has_endata = sections_.has_ended();
     if (!read_.facts.has_endata) Tell({FileProblemCode::kMissingEndata, line.number()});
   }
@@ -134,14 +139,14 @@ class FileRun {
     }
   }
 
-  // Without memory nothing can be told as data.
-  void NoteFailure() {
+  void Drop() {
     store_.fill().Begin();
     store_.Clear();
-    const AutomationError error = CurrentError();
-    if (error.run_time_error() == RunTimeError::kOutOfMemory) throw error;
-    goes_on_ = false;
+  }
+
+  void NoteFailure(const AutomationError& error) {
     Tell({.code = FileProblemCode::kFailure, .item = path_, .failure = error});
+    goes_on_ = false;
     read_.outcome = ReadOutcome::kFailed;
   }
 

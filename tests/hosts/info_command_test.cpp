@@ -63,7 +63,7 @@ TEST(Reading, StopsAtTheFirstProblemWhereNobodyCanBeAsked) {
   const HostFolder folder;
   const std::string model = folder.Example("mistakes.mps");
   const std::string expected = folder.Expand(
-      "quarvel: @mistakes.mps: MPS file read error: no rows yet, but reading columns (line 5)\n"
+      "quarvel: @mistakes.mps: line 5: COLUMNS before any row\n"
       "quarvel: @mistakes.mps was not read; \"--on-error continue\" passes over problems, "
       "\"quarvel "
       "check\" lists them\n");
@@ -83,21 +83,45 @@ TEST(Reading, PassesOverProblemsWhenToldTo) {
       RunQuarvel({"info", folder.Example("mistakes.mps"), "--on-error", "continue"});
   EXPECT_EQ(run.status, 0);
   EXPECT_NE(run.out.find("\nSummary           4 rows, 4 columns, 5 elements\n"), std::string::npos);
+  EXPECT_NE(run.err.find("mistakes.mps: line 15: no type of a row: X\n"), std::string::npos)
+      << run.err;
+  EXPECT_NE(run.err.find("mistakes.mps: the row has no coefficients: "), std::string::npos)
+      << run.err;
+}
+
+TEST(Reading, AsksWhatTheComponentAsksWhenToldTo) {
+  const HostFolder folder;
+  const std::string model = folder.Example("mistakes.mps");
+  EXPECT_EQ(
+      RunQuarvel({"info", model, "--dialect", "component"}).err,
+      folder.Expand("quarvel: @mistakes.mps: MPS file read error: no rows yet, but reading "
+                    "columns (line 5)\n"
+                    "quarvel: @mistakes.mps was not read; \"--on-error continue\" passes over "
+                    "problems, \"quarvel check\" lists them\n"));
+  const Outcome run =
+      RunQuarvel({"info", model, "--dialect", "component", "--on-error", "continue"});
+  EXPECT_EQ(run.status, 0);
   EXPECT_TRUE(
       run.err.ends_with("mistakes.mps: Quarvel.dll error: rows or columns with no elements, "
                         "as noted in warnings.\n"))
       << run.err;
+  const Outcome empty =
+      RunQuarvel({"info", folder.Write("a.mps", "ROWS\n L R1\nCOLUMNS\n X R1 1\n Y R1 0\nENDATA\n"),
+                  "--dialect", "component"});
+  EXPECT_EQ(empty.status, 1);
+  EXPECT_TRUE(
+      empty.err.starts_with(folder.Expand("quarvel: @a.mps: Warning: no elements for column Y\n")))
+      << empty.err;
 }
 
-TEST(Reading, StopsAtAColumnWithoutElements) {
+TEST(Reading, TellsOfColumnsWithoutElementsAndGoesOn) {
   const HostFolder folder;
   const std::string model =
-      folder.Write("a.mps", "ROWS\n L R1\nCOLUMNS\n X R1 1\n Y R1 0\nENDATA\n");
+      folder.Write("a.mps", "ROWS\n L R1\nCOLUMNS\n X R1 1\n Y R1 0\n Z R1 0\nENDATA\n");
   const Outcome run = RunQuarvel({"info", model});
-  EXPECT_EQ(run.status, 1);
-  EXPECT_TRUE(
-      run.err.starts_with(folder.Expand("quarvel: @a.mps: Warning: no elements for column Y\n")))
-      << run.err;
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err,
+            folder.Expand("quarvel: @a.mps: the column has no coefficients: Y (and 1 more)\n"));
 }
 
 TEST(Reading, EndsWithAFileThatCannotBeRead) {
@@ -167,8 +191,8 @@ TEST(Reading, TellsEachTimeOfAFileWithoutEndata) {
       if (json) words.emplace_back("--json");
       const Outcome run = RunQuarvel(words);
       EXPECT_EQ(run.status, 0) << words[0];
-      EXPECT_EQ(run.err,
-                folder.Expand("quarvel: @a.mps: no ENDATA line: the file may be cut off\n"))
+      EXPECT_EQ(run.err, folder.Expand(
+                             "quarvel: @a.mps: line 12: no ENDATA line: the file may be cut off\n"))
           << words[0];
       const bool is_array = run.out.starts_with('[');
       const bool told = run.out.find("\"hasEndata\":false}\n") != std::string::npos;
@@ -182,8 +206,8 @@ TEST(Reading, TellsOfAMissingEndataAlsoWhereTheFileIsNotRead) {
   const Outcome run = RunQuarvel({"info", folder.Write("a.mps", "ROWS\n L R1\n")});
   EXPECT_EQ(run.status, 1);
   EXPECT_TRUE(run.err.starts_with(
-      folder.Expand("quarvel: @a.mps: Quarvel.dll error: no columns\n"
-                    "quarvel: @a.mps: no ENDATA line: the file may be cut off\n")))
+      folder.Expand("quarvel: @a.mps: the model has no columns\n"
+                    "quarvel: @a.mps: line 2: no ENDATA line: the file may be cut off\n")))
       << run.err;
 }
 

@@ -50,9 +50,8 @@ TEST_F(Interrupt, StopsARead) {
                                           "continue"};
   EXPECT_EQ(hosts::RunProgram(words, {[] { return std::nullopt; }, out, err, false}), 130);
   EXPECT_EQ(out.str(), "");
-  EXPECT_EQ(err_buffer.str(),
-            folder_.Expand("quarvel: @a.mps: MPS file read error: improper row type (line 2)\n"
-                           "quarvel: stopped\n"));
+  EXPECT_EQ(err_buffer.str(), folder_.Expand("quarvel: @a.mps: line 2: no type of a row: X\n"
+                                             "quarvel: stopped\n"));
 }
 
 TEST_F(Interrupt, StopsAList) {

@@ -88,16 +88,15 @@ class OnTerminal {
 TEST(Terminal, IsNotSteeredByTheNamesInItsQuestions) {
   const HostFolder folder;
   const std::string model = folder.Write("a.mps",
-                                         "ROWS\n L R1\nCOLUMNS\n X R1 1\n \x1b]0;T\a\xC2\x9B"
-                                         "J\xE2\x80\xAE R1 0\nENDATA\n");
-  OnTerminal terminal({"info", model, "--default-bounds", "0"});
+                                         "ROWS\n L R1\nCOLUMNS\n X R1 1\n X \x1b]0;T\a\xC2\x9B"
+                                         "J\xE2\x80\xAE 0\nENDATA\n");
+  OnTerminal terminal({"info", model});
   if (!terminal.started()) GTEST_SKIP() << "no terminal to be had";
   ASSERT_TRUE(terminal.WaitFor("[y/n] ")) << terminal.shown();
   terminal.Type("n\n");
   EXPECT_EQ(terminal.Finish(), 1) << terminal.shown();
   const std::string& shown = terminal.shown();
-  EXPECT_NE(shown.find("Warning: no elements for column \\x1B]0;T\\x07\\u009BJ\\u202E\r\n"),
-            std::string::npos)
+  EXPECT_NE(shown.find("no row of this name: \\x1B]0;T\\x07\\u009BJ\\u202E\r\n"), std::string::npos)
       << shown;
   for (const char* const raw : {"\x1b", "\a", "\xC2\x9B", "\xE2\x80\xAE"}) {
     EXPECT_EQ(shown.find(raw), std::string::npos) << shown;

@@ -198,7 +198,7 @@ TEST(Writing, StopsAtAFileWithoutEndataUnlessToldToGoOn) {
     EXPECT_EQ(stopped.status, 1) << words[0];
     EXPECT_EQ(stopped.out, "") << words[0];
     EXPECT_EQ(stopped.err,
-              folder.Expand("quarvel: @a.mps: no ENDATA line: the file may be cut off\n"
+              folder.Expand("quarvel: @a.mps: line 12: no ENDATA line: the file may be cut off\n"
                             "quarvel: nothing was written; --allow-missing-endata goes on\n"));
     EXPECT_EQ(folder.Read("b.mps"), "precious") << words[0];
     EXPECT_EQ(folder.Read("a.mps"), cut) << words[0];
@@ -208,7 +208,7 @@ TEST(Writing, StopsAtAFileWithoutEndataUnlessToldToGoOn) {
     const Outcome run = RunQuarvel(words);
     EXPECT_EQ(run.status, 0) << words[0] << run.err;
     EXPECT_TRUE(run.err.starts_with(
-        folder.Expand("quarvel: @a.mps: no ENDATA line: the file may be cut off\n")));
+        folder.Expand("quarvel: @a.mps: line 12: no ENDATA line: the file may be cut off\n")));
     EXPECT_TRUE(folder.Read("b.mps").ends_with("ENDATA\r\n")) << words[0];
   }
 }

@@ -1,0 +1,94 @@
+#include "hosts/file_reading.h"
+
+#include <set>
+
+#include "hosts/printing.h"
+#include "model/simplify_offer.h"
+#include "mps/frm_progress.h"
+#include "platform/box.h"
+#include "text/numbers.h"
+#include "text/picture.h"
+
+namespace quarvel::hosts {
+namespace {
+
+std::string PlacedSentence(const mps::FileProblem& problem) {
+  std::string text;
+  if (problem.line != 0) text.append("line ").append(text::IntegerText(problem.line)).append(": ");
+  return text + mps::SentenceOf(problem);
+}
+
+platform::Box BoxOf(const mps::FileProblem& problem) {
+  platform::Box box = {.kind = platform::BoxKind::kReadProblem,
+                       .statement = PlacedSentence(problem),
+                       .question = "Go on reading the file?",
+                       .style = platform::MsgBoxStyle::kYesNo,
+                       .title = "A problem in the file",
+                       .code = mps::TraitsOf(problem.code).name,
+                       .line = problem.line,
+                       .item = problem.item};
+  if (!problem.failure) return box;
+  box.statement = problem.failure->description();
+  box.failure = problem.failure->run_time_error();
+  return box;
+}
+
+}  // namespace
+
+mps::ReadOutcome FileReading::Read(const std::string& path) {
+  answers_.file = path;
+  const mps::FileRead read = ReadInWindow(path);
+  facts_ = read.facts;
+  if (read.outcome != mps::ReadOutcome::kStopped) Tell(path, read.problems);
+  if (read.outcome != mps::ReadOutcome::kRead) return read.outcome;
+  model_.store().settings().FileLocation = path;
+  const platform::MsgBoxResult answer = desktop_.MsgBox(model::SimplifyOffer());
+  if (answer == platform::MsgBoxResult::kYes) model_.SimplifyMPSModel();
+  return read.outcome;
+}
+
+mps::FileRead FileReading::ReadInWindow(const std::string& path) {
+  mps::frmProgress window(desktop_);
+  window.Load();
+  window.set_caption("Reading " + path);
+  window.Show();
+  mps::ReadOptions options;
+  options.infinite_default_bounds = arguments_.infinite_default_bounds.value_or(false);
+  options.on_problem = [&](const mps::FileProblem& problem) {
+    return GoesOnAfter(problem, window);
+  };
+  options.on_progress = [&](std::uint64_t done, std::uint64_t all) {
+    window.bar.set_range(0, static_cast<float>(all));
+    window.bar.set_value(static_cast<float>(done));
+    const double part = all == 0 ? 0 : static_cast<double>(done) / static_cast<double>(all);
+    window.set_caption("Reading " + path + " (" + text::PercentText(part) + ")");
+    desktop_.DoEvents();
+    return !window.StopRequested;
+  };
+  mps::FileRead read = mps::ReadFile(path, options, model_.store());
+  window.Finish();
+  return read;
+}
+
+bool FileReading::GoesOnAfter(const mps::FileProblem& problem, const mps::frmProgress& window) {
+  if (mps::TraitsOf(problem.code).weight() != mps::ProblemWeight::kError) return true;
+  if (desktop_.MsgBox(BoxOf(problem)) != platform::MsgBoxResult::kYes) return false;
+  desktop_.DoEvents();
+  return !window.StopRequested;
+}
+
+// The first of each kind, with how many there are.
+void FileReading::Tell(const std::string& path, const mps::FileProblems& problems) {
+  std::set<mps::FileProblemCode> told;
+  for (const mps::FileProblem& problem : problems.kept()) {
+    const mps::FileProblemTraits& traits = mps::TraitsOf(problem.code);
+    if (traits.weight() == mps::ProblemWeight::kError || !told.insert(problem.code).second)
+      continue;
+    std::string line = path + ": " + PlacedSentence(problem);
+    const std::int64_t more = problems.CountOf(problem.code) - 1;
+    if (more > 0) line += " (and " + text::IntegerText(more) + " more)";
+    answers_.on_note(line);
+  }
+}
+
+}  // namespace quarvel::hosts

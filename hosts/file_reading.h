@@ -1,0 +1,45 @@
+// Reads the file of a command as the library does: only real problems are asked about, or answered by
+// the options; what is risky or was adapted is told, a line for each kind.
+#pragma once
+
+#include <string>
+
+#include "component/lp_model.h"
+#include "hosts/answers.h"
+#include "hosts/arguments.h"
+#include "mps/file_facts.h"
+#include "mps/read_file.h"
+#include "platform/desktop.h"
+
+namespace quarvel::mps {
+class frmProgress;
+}  // namespace quarvel::mps
+
+namespace quarvel::hosts {
+
+class FileReading {
+ public:
+  // All must outlive this.
+  FileReading(const Arguments& arguments, Answers& answers, platform::Desktop& desktop,
+              LPModel& model)
+      : arguments_(arguments), answers_(answers), desktop_(desktop), model_(model) {}
+
+  // Reads it into the model, whose file it is from then on, tells what there is to tell, and offers to
+  // simplify the model.
+  mps::ReadOutcome Read(const std::string& path);
+  // What the file says beside its model.
+  const mps::FileFacts& facts() const { return facts_; }
+
+ private:
+  mps::FileRead ReadInWindow(const std::string& path);
+  bool GoesOnAfter(const mps::FileProblem& problem, const mps::frmProgress& window);
+  void Tell(const std::string& path, const mps::FileProblems& problems);
+
+  const Arguments& arguments_;
+  Answers& answers_;
+  platform::Desktop& desktop_;
+  LPModel& model_;
+  mps::FileFacts facts_;
+};
+
+}  // namespace quarvel::hosts

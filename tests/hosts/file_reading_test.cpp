@@ -1,0 +1,70 @@
+#include "hosts/file_reading.h"
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/run_quarvel.h"
+
+namespace quarvel::hosts {
+namespace {
+
+using platform::MsgBoxResult;
+
+// What a user who can be asked is asked, with one answer for everything.
+class AskedUser : public Answers {
+ public:
+  AskedUser(const Arguments& arguments, MsgBoxResult answer) : Answers(arguments), answer_(answer) {
+    on_note = [this](std::string_view text) { notes.emplace_back(text); };
+  }
+  std::optional<MsgBoxResult> AnswerBox(const platform::Box& box, bool& print) override {
+    print = false;
+    asked.push_back(box.text());
+    return box.kind == platform::BoxKind::kReadProblem ? answer_ : MsgBoxResult::kNo;
+  }
+  std::vector<std::string> asked;
+  std::vector<std::string> notes;
+
+ private:
+  MsgBoxResult answer_;
+};
+
+constexpr std::string_view kOneMistake =
+    "ROWS\n L R1\n L R2\nCOLUMNS\n X R1 1\n Y R1 1,5\nENDATA\n";
+
+TEST(FileReading, AsksAboutErrorsAndOffersToSimplify) {
+  const HostFolder folder;
+  const Arguments arguments;
+  AskedUser user(arguments, MsgBoxResult::kYes);
+  platform::ConsoleDesktop desktop(user);
+  LPModel model(desktop);
+  FileReading reading(arguments, user, desktop, model);
+  const std::string path = folder.Write("a.mps", std::string(kOneMistake));
+  EXPECT_EQ(reading.Read(path), mps::ReadOutcome::kRead);
+  ASSERT_EQ(user.asked.size(), 2U);
+  EXPECT_EQ(user.asked[0], "line 6: not a number: 1,5\r\nGo on reading the file?");
+  ASSERT_EQ(user.notes.size(), 2U);
+  EXPECT_EQ(user.notes[0], path + ": the column has no coefficients: Y");
+  EXPECT_EQ(user.notes[1], path + ": the row has no coefficients: R2");
+  EXPECT_EQ(model.NumberOfRows(), 2);
+  EXPECT_EQ(model.FileLocation(), path);
+  EXPECT_EQ(reading.facts().lines, 7);
+}
+
+TEST(FileReading, LeavesNoModelAfterNo) {
+  const HostFolder folder;
+  const Arguments arguments;
+  AskedUser user(arguments, MsgBoxResult::kNo);
+  platform::ConsoleDesktop desktop(user);
+  LPModel model(desktop);
+  FileReading reading(arguments, user, desktop, model);
+  EXPECT_EQ(reading.Read(folder.Write("a.mps", std::string(kOneMistake))),
+            mps::ReadOutcome::kRefused);
+  EXPECT_EQ(user.asked.size(), 1U);
+  EXPECT_EQ(model.NumberOfRows(), 0);
+  EXPECT_EQ(model.FileLocation(), "");
+}
+
+}  // namespace
+}  // namespace quarvel::hosts
