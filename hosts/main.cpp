@@ -29,7 +29,7 @@ int main(int argc, char** argv) {
   std::ostream err(&err_buffer);
   err << std::unitbuf;
   const hosts::Streams streams = {quarvel::platform::console::ReadInputLine, out, err, true};
-  int status = hosts::RunProgram(hosts::CommandLineWords(argc, argv), streams);
+  int status = hosts::RunProgram([&] { return hosts::CommandLineWords(argc, argv); }, streams);
   if (out_buffer.Finish() == hosts::WriteResult::kFailed) {
     err << "quarvel: standard output could not be written\n";
     if (status == hosts::kGood) status = hosts::kProblem;

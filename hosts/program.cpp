@@ -68,9 +68,8 @@ void Complain(const Streams& streams, std::string_view text) {
   streams.err << "quarvel: " + text::OneLine(text) + '\n';
 }
 
-}  // namespace
-
-int RunProgram(std::span<const std::string> words, const Streams& streams) {
+// Whatever fails is told in words of its own, which take memory.
+int RunOrComplain(std::span<const std::string> words, const Streams& streams) {
   std::string command;
   try {
     return Run(words, streams, command);
@@ -83,6 +82,23 @@ int RunProgram(std::span<const std::string> words, const Streams& streams) {
     return error.status();
   } catch (...) {
     Complain(streams, CurrentError().description());
+    return kProblem;
+  }
+}
+
+}  // namespace
+
+int RunProgram(std::span<const std::string> words, const Streams& streams) {
+  return RunProgram([words] { return std::vector<std::string>(words.begin(), words.end()); },
+                    streams);
+}
+
+int RunProgram(const std::function<std::vector<std::string>()>& words, const Streams& streams) {
+  try {
+    return RunOrComplain(words(), streams);
+  } catch (const std::exception&) {
+    // In one piece, and without memory.
+    streams.err << "quarvel: Out of memory\n";
     return kProblem;
   }
 }

@@ -1,15 +1,20 @@
 // The program `quarvel`: reads, queries, edits, simplifies and writes models from the command line.
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "hosts/streams.h"
 
 namespace quarvel::hosts {
 
 // Runs the command line (without the program's name) and gives the exit status. Results go to
-// `streams.out`, everything else to `streams.err`. Raises nothing.
+// `streams.out`, everything else to `streams.err`. Raises nothing: without memory, even for telling
+// what failed, it says so and gives kProblem.
 int RunProgram(std::span<const std::string> words, const Streams& streams);
+// The same; the words are asked for in there, as they take memory too.
+int RunProgram(const std::function<std::vector<std::string>()>& words, const Streams& streams);
 
 }  // namespace quarvel::hosts

@@ -1,5 +1,7 @@
 #include "hosts/standard_output.h"
 
+#include <new>
+
 namespace quarvel::hosts {
 
 OutputBuffer::OutputBuffer(Writer writer) : writer_(writer) {
@@ -21,7 +23,11 @@ int OutputBuffer::sync() { return HandOver() ? 0 : -1; }
 
 bool OutputBuffer::HandOver() {
   const std::string_view bytes(pbase(), static_cast<std::size_t>(pptr() - pbase()));
-  if (result_ == WriteResult::kWritten && !bytes.empty()) result_ = writer_(bytes);
+  try {
+    if (result_ == WriteResult::kWritten && !bytes.empty()) result_ = writer_(bytes);
+  } catch (const std::bad_alloc&) {
+    result_ = WriteResult::kFailed;
+  }
   setp(bytes_.data(), bytes_.data() + bytes_.size());
   return result_ == WriteResult::kWritten;
 }

@@ -16,8 +16,8 @@ enum class WriteResult {
   kFailed,
 };
 
-// A buffer in front of what writes to the system. After a failure nothing more is written, and the
-// stream on top of it goes bad.
+// A buffer in front of what writes to the system. After a failure, which lacking memory is too,
+// nothing more is written, and the stream on top of it goes bad.
 class OutputBuffer : public std::streambuf {
  public:
   using Writer = WriteResult (*)(std::string_view bytes);

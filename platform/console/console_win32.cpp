@@ -10,6 +10,7 @@
 #include <atomic>
 #include <cstdio>
 #include <iostream>
+#include <new>
 
 #include <windows.h>
 
@@ -44,6 +45,13 @@ void WriteToConsole(std::string_view text) {
                 &written, nullptr);
 }
 
+// Without memory for UTF-16; what is told of that lack is ASCII.
+void WriteAsciiToConsole(std::string_view text) {
+  DWORD written = 0;
+  WriteConsoleA(GetStdHandle(STD_ERROR_HANDLE), text.data(), static_cast<DWORD>(text.size()),
+                &written, nullptr);
+}
+
 std::optional<std::string> ReadFromConsole() {
   std::u16string line;
   std::array<wchar_t, 512> piece;
@@ -67,11 +75,15 @@ bool InputIsTerminal() { return IsConsole(STD_INPUT_HANDLE); }
 bool ErrorIsTerminal() { return IsConsole(STD_ERROR_HANDLE); }
 
 void WriteError(std::string_view text) {
-  if (ErrorIsTerminal()) {
-    WriteToConsole(text);
-  } else {
+  if (!ErrorIsTerminal()) {
     std::fwrite(text.data(), 1, text.size(), stderr);
     std::fflush(stderr);
+    return;
+  }
+  try {
+    WriteToConsole(text);
+  } catch (const std::bad_alloc&) {
+    WriteAsciiToConsole(text);
   }
 }
 

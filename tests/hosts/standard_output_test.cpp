@@ -1,5 +1,6 @@
 #include "hosts/standard_output.h"
 
+#include <new>
 #include <ostream>
 #include <string>
 
@@ -60,6 +61,14 @@ TEST(OutputBuffer, StopsAtTheFirstFailureAndKeepsIt) {
     EXPECT_EQ(buffer.Finish(), result);
     EXPECT_EQ(sink.calls, 1);
   }
+}
+
+TEST(OutputBuffer, TakesLackingMemoryForAFailure) {
+  OutputBuffer buffer([](std::string_view) -> WriteResult { throw std::bad_alloc(); });
+  std::ostream out(&buffer);
+  out << "text" << std::flush;
+  EXPECT_FALSE(out.good());
+  EXPECT_EQ(buffer.Finish(), WriteResult::kFailed);
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include "model/model_check.h"
 #include "mps/frm_set_default_bounds.h"
 #include "tests/memory/described_model.h"
 #include "tests/memory/memory_states.h"

@@ -21,6 +21,9 @@ Outcome RunQuarvel(const std::vector<std::string>& words, std::string_view input
 // A folder of its own for a test. In expected texts "@" stands for that folder and a "/".
 class HostFolder {
  public:
+  using Place = TemporaryFolder::Place;
+  explicit HostFolder(Place place = Place::kUsual) : folder_(place) {}
+
   // Copies an example to the folder and gives its path there.
   std::string Example(std::string_view name) const;
   // Writes a file to the folder and gives its path.
