@@ -27,18 +27,14 @@ class FileRun {
   }
 
   FileRead Run() {
-    Begin();
     try {
-      ReadLines();
-      if (goes_on_) Check();
-    } catch (const AutomationError& error) {
-      Drop();
-      NoteFailure(error);
+      Begin();
+      ReadAll();
+      End();
     } catch (...) {
       Drop();
       RaiseGuarded();
     }
-    End();
     return std::move(read_);
   }
 
@@ -60,6 +56,16 @@ class FileRun {
     sink_.DropRecords();
     sink_.DropTexts();
     read_.outcome = ReadOutcome::kRead;
+  }
+
+  void ReadAll() {
+    try {
+      ReadLines();
+      if (goes_on_) Check();
+    } catch (const AutomationError& error) {
+      if (error.run_time_error() == RunTimeError::kOutOfMemory) throw;
+      NoteFailure(error);
+    }
   }
 
   void ReadLines() {
@@ -139,9 +145,11 @@ class FileRun {
     }
   }
 
+  // Cannot fail.
   void Drop() {
     store_.fill().Begin();
     store_.Clear();
+    store_.settings().ReadMPSFileErr = 0;
   }
 
   void NoteFailure(const AutomationError& error) {
@@ -154,13 +162,10 @@ class FileRun {
     model::ModelSettings& settings = store_.settings();
     settings.EndLineMissing = !read_.facts.has_endata;
     settings.LinesRead = read_.facts.lines;
-    if (read_.outcome != ReadOutcome::kRead) {
-      store_.Clear();
-    } else {
-      settings.ReadMPSFileErr = -1;
-    }
+    if (read_.outcome != ReadOutcome::kRead) Drop();
     // What has no size may be no file that can be read again.
     if (source_.file_size() > 0) ShowLines(path_, read_.problems);
+    if (read_.outcome == ReadOutcome::kRead) settings.ReadMPSFileErr = -1;
   }
 
   const std::string& path_;

@@ -42,7 +42,7 @@ struct FileRead {
 // Reads the file at `path` in place of what the store holds; its settings strMPSFile, ReadMPSFileErr,
 // EndLineMissing, LinesRead and DefaultToPlusMinusInfinity are those of this read, FileLocation stays. A
 // line with an error is passed over, or that pair of it. When the outcome is not kRead the store is
-// empty. Raises 7 without memory; the store is empty then.
+// empty. Raises 7 without memory, and what a callback raises; the store is empty then.
 //
 // Cost: one pass over the bytes; a second one, over the lines only, when there are problems to show.
 FileRead ReadFile(const std::string& path, const ReadOptions& options, model::ModelStore& store);
