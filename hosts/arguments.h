@@ -14,10 +14,9 @@
 #include <string_view>
 #include <vector>
 
-namespace quarvel::hosts {
+#include "hosts/option_set.h"
 
-// Which options a command takes, or a command line has.
-using OptionSet = std::uint64_t;
+namespace quarvel::hosts {
 
 inline constexpr OptionSet kDefaultBounds = OptionSet{1} << 0;
 inline constexpr OptionSet kLog = OptionSet{1} << 1;

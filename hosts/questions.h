@@ -3,11 +3,11 @@
 // of the command line and their help are made too.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <span>
 #include <string_view>
 
+#include "hosts/option_set.h"
 #include "platform/box.h"
 
 namespace quarvel::hosts {
@@ -22,7 +22,7 @@ struct GivenAnswer {
 };
 
 struct QuestionOption {
-  std::uint64_t id;         // an OptionSet of one, among kQuestions; 0 for what no option changes
+  OptionSet id;             // one, among kQuestions; 0 for what no option changes
   std::string_view name;    // "--on-error"
   std::string_view values;  // the words of the answers; empty for an option without a value
   std::string_view help;
