@@ -7,6 +7,7 @@
 #include "hosts/printing.h"
 #include "hosts/questions.h"
 #include "hosts/streams.h"
+#include "text/numbers.h"
 
 namespace quarvel::hosts {
 namespace {
@@ -63,6 +64,23 @@ bool SetLimit(Arguments& arguments, std::string_view value) {
   return true;
 }
 
+bool SetTolerance(Arguments& arguments, std::string_view value) {
+  const auto parse = [](std::string_view text) {
+    const std::optional<double> number = text::ParseNumber(text);
+    return number && *number >= 0 ? number : std::nullopt;
+  };
+  const std::size_t comma = value.find(',');
+  const std::optional<double> absolute = parse(value.substr(0, comma));
+  if (!absolute) return false;
+  GivenTolerance tolerance = {.absolute = *absolute, .relative = std::nullopt};
+  if (comma != std::string_view::npos) {
+    tolerance.relative = parse(value.substr(comma + 1));
+    if (!tolerance.relative) return false;
+  }
+  arguments.tolerance = tolerance;
+  return true;
+}
+
 bool SetPath(std::string& target, std::string_view value) {
   target = value;
   return !value.empty();
@@ -91,8 +109,12 @@ constexpr Option kMoreOptions[] = {
      [](Arguments& a, std::string_view v) { return SetLimit(a, v); }},
     {kEquations, "--equations", "", "", "print each row as an equation",
      [](Arguments& a, std::string_view) { return a.equations = true; }},
-    {kPoint, "--point", "", "FILE", "take the point from FILE, a NAME VALUE or NAME=VALUE a line",
+    {kPoint, "--point", "", "FILE",
+     "take the point from FILE: a NAME VALUE or NAME=VALUE\na line, or what a solver wrote",
      [](Arguments& a, std::string_view v) { return SetPath(a.point, v); }},
+    {kTolerance, "--tolerance", "", "ABS[,REL]",
+     "pass over what is off by ABS at most, or by REL\ntimes the number it is compared with",
+     SetTolerance},
     {kCommand, "--command", "-c", "COMMAND", "one edit command; may be given many times",
      [](Arguments& a, std::string_view v) {
        a.edit_commands.emplace_back(v);

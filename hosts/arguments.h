@@ -29,6 +29,7 @@ inline constexpr OptionSet kEdit = OptionSet{1} << 7;
 inline constexpr OptionSet kMissingEndata = OptionSet{1} << 8;
 inline constexpr OptionSet kLoss = OptionSet{1} << 9;
 inline constexpr OptionSet kDialect = OptionSet{1} << 36;
+inline constexpr OptionSet kTolerance = OptionSet{1} << 14;
 // The options that answer questions (questions.h), and those of them that a command may refuse.
 inline constexpr OptionSet kQuestions = OptionSet{0xFFFF} << 16;
 inline constexpr OptionSet kOnError = OptionSet{1} << 16;
@@ -36,6 +37,12 @@ inline constexpr OptionSet kSimplify = OptionSet{1} << 17;
 inline constexpr OptionSet kOnConflict = OptionSet{1} << 18;
 
 struct GivenAnswer;
+
+// --tolerance ABS[,REL].
+struct GivenTolerance {
+  double absolute = 0;
+  std::optional<double> relative;
+};
 
 struct Arguments {
   static constexpr std::int64_t kAll = std::numeric_limits<std::int64_t>::max();
@@ -52,6 +59,7 @@ struct Arguments {
   std::int64_t limit = kAll;
   bool equations = false;
   std::string point;
+  std::optional<GivenTolerance> tolerance;
   std::vector<std::string> edit_commands;
   bool edit = false;
   bool allow_missing_endata = false;

@@ -17,6 +17,16 @@ std::string EvaluateHelp() {
          "In that file empty lines and lines that start with # are passed over.\n";
 }
 
+std::string WhyHelp() {
+  return "Lists rows that are beyond a limit, columns that are beyond a bound, and integer columns that "
+         "are not\nwhole, the worst first: without --limit the first 20, each row with its 12 largest "
+         "terms. POINT is a\nfile of names and values, or what glpsol (-o, -w), lp_solve, cbc or HiGHS "
+         "wrote; columns that it does\nnot give are 0. Without --tolerance, what is off by no more than "
+         "1E-06, or 1E-09 times the limit, is\nwithin it; so is what the digits of a solver's rounded "
+         "values leave open, which is counted.\nThe exit status is 1 when there is a violation, 0 when there "
+         "is none.\n";
+}
+
 std::string CheckHelp() {
   return "Without --limit the first 1000 are listed; all are counted.\n"
          "The exit status is 1 when there is one, 0 when there is none.\n";
@@ -48,6 +58,8 @@ constexpr Command kCommands[] = {
      "print one column with its elements", nullptr, RunColumn},
     {"evaluate", "FILE ROW [NAME=VALUE ...]", 2, kAnyNumber, kReadings | kJson | kPoint,
      "print a row's activity at a point", EvaluateHelp, RunEvaluate},
+    {"why", "FILE POINT", 2, 2, kReadings | kJson | kLimit | kTolerance,
+     "list what a point does not keep of the model", WhyHelp, RunWhy},
     {"check", "FILE", 1, 1, (kReadings & ~kOnError) | kJson | kLimit,
      "list every problem in the file", CheckHelp, RunCheck},
     {"convert", "IN OUT", 2, 2, kWritings, "read a file and write it anew", ConvertHelp,

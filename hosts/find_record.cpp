@@ -1,7 +1,7 @@
 #include "hosts/find_record.h"
 
 #include <charconv>
-#include <optional>
+#include <string>
 
 #include "hosts/streams.h"
 #include "text/upper_case.h"
@@ -19,17 +19,28 @@ std::optional<std::int32_t> ParseIndex(std::string_view text) {
 
 }  // namespace
 
-std::int32_t FindRecord(const LPModel& model, const model::RecordKind& kind,
-                        std::string_view text) {
+std::optional<std::int32_t> LookUpRecord(const LPModel& model, const model::RecordKind& kind,
+                                         std::string_view text, bool may_be_number) {
   std::int32_t number = kind.find(model.store(), text);
   if (number == 0) number = kind.find(model.store(), text::UpperCase(text));
   if (number != 0) return model::Public(number);
-  const std::optional<std::int32_t> index = ParseIndex(text);
-  if (!index) {
-    throw CommandError(kProblem, "there is no " + std::string(kind.noun) + " " + std::string(text));
+  const std::optional<std::int32_t> index = may_be_number ? ParseIndex(text) : std::nullopt;
+  if (!index || !model::HasRecord(model, kind, *index)) return std::nullopt;
+  return index;
+}
+
+std::int32_t FindRecord(const LPModel& model, const model::RecordKind& kind,
+                        std::string_view text) {
+  const std::optional<std::int32_t> record = LookUpRecord(model, kind, text);
+  if (!record) RaiseNoRecord(model, kind, text);
+  return *record;
+}
+
+void RaiseNoRecord(const LPModel& model, const model::RecordKind& kind, std::string_view text) {
+  if (const std::optional<std::int32_t> index = ParseIndex(text)) {
+    (model.*kind.name)(*index);  // raises for a number out of range
   }
-  (model.*kind.name)(*index);  // raises for a number out of range
-  return *index;
+  throw CommandError(kProblem, "there is no " + std::string(kind.noun) + " " + std::string(text));
 }
 
 }  // namespace quarvel::hosts

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "component/lp_model.h"
@@ -10,8 +11,16 @@
 namespace quarvel::hosts {
 
 // The number of the record that `text` means: an exact name, else the name in upper case as every
-// file is read, else a number. Raises a CommandError for no such name and the component's own error
-// for a number out of range. Constant time.
+// file is read, else a number where that may stand for a name. Nothing for no such record. Constant time.
+std::optional<std::int32_t> LookUpRecord(const LPModel& model, const model::RecordKind& kind,
+                                         std::string_view text, bool may_be_number = true);
+
+// The same. Raises a CommandError for no such name and the component's own error for a number out of
+// range.
 std::int32_t FindRecord(const LPModel& model, const model::RecordKind& kind, std::string_view text);
+
+// Raises what FindRecord raises of a record that is not there.
+[[noreturn]] void RaiseNoRecord(const LPModel& model, const model::RecordKind& kind,
+                                std::string_view text);
 
 }  // namespace quarvel::hosts

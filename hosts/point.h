@@ -1,35 +1,64 @@
 // A point: a value for each column of a model, 0 for those that nobody gives.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "component/lp_model.h"
+#include "inspect/solution_file.h"
 
 namespace quarvel::hosts {
 
+// What becomes of a name in a file that the model has no column of.
+enum class UnknownName : std::uint8_t { kRefused, kNoted };
+
 class Point {
  public:
+  // So many names are kept of any kind.
+  static constexpr std::size_t kKeptNames = 10;
+  struct Names {
+    std::int64_t count = 0;
+    std::vector<std::string> first;
+
+    void Add(std::string_view name);
+  };
+
   explicit Point(const LPModel& model);
 
   // "NAME=VALUE"; the last "=" separates, and names may hold others. A later value replaces an
   // earlier one. Raises a CommandError of this status for a text that is none, and for an unknown
   // column.
   void Set(std::string_view pair, int status_of_bad_text);
-  // The lines of a text file, "NAME VALUE" or "NAME=VALUE" each; empty lines and lines that start
-  // with "#" are passed over. Raises a CommandError that names file and line.
-  void SetFromFile(const std::string& path);
+  // The values of a file of any kind that inspect/solution_file.h knows. Columns of names and values are
+  // given as on the command line, those of a solver by their names alone, as they stand there or in
+  // upper case. Raises a CommandError that names file and line.
+  void SetFromFile(const std::string& path, UnknownName unknown = UnknownName::kRefused);
 
   std::span<const double> values() const { return values_; }
+  // Of the last file.
+  inspect::SolutionKind kind() const { return kind_; }
+  // Columns that nobody gave, in the model's order.
+  Names Missing() const;
+  // Of files: names that the model does not have, and those that were given again.
+  const Names& unknown() const { return unknown_; }
+  const Names& repeated() const { return repeated_; }
 
  private:
-  void SetFromLine(std::string_view line);
-  void SetColumn(std::string_view name, std::string_view value, int status_of_bad_text);
+  class FileValues;
+
+  void SetColumn(std::int32_t column, double value);
+  void ForgetAll();
 
   const LPModel& model_;
   std::vector<double> values_;
+  std::vector<bool> given_;
+  inspect::SolutionKind kind_ = inspect::SolutionKind::kPairs;
+  Names unknown_;
+  Names repeated_;
 };
 
 }  // namespace quarvel::hosts

@@ -51,6 +51,18 @@ TEST(Evaluate, LetsTheCommandLineGoOverThePointsFile) {
   EXPECT_EQ(RunQuarvel({"evaluate", model, "R1", "Y=0", "--point", point}).out, "4\n");
 }
 
+TEST(Evaluate, TakesAPointThatASolverWrote) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", kSmallModel);
+  const std::string point =
+      folder.Write("point", "Optimal - objective value 4\n 0 X 4 0\n 1 Y -2 0\n");
+  EXPECT_EQ(RunQuarvel({"evaluate", model, "R1", "--point", point}).out, "11\n");
+  const std::string other =
+      folder.Write("other", "Optimal - objective value 4\n 0 X 4 0\n 1 Z -2 0\n");
+  EXPECT_EQ(RunQuarvel({"evaluate", model, "R1", "--point", other}).err,
+            folder.Expand("quarvel: @other:3: there is no column Z\n"));
+}
+
 TEST(Evaluate, FindsColumnsWithEqualsSignsInTheirNames) {
   const HostFolder folder;
   const std::string model = folder.Write("a.mps", "ROWS\n L R1\nCOLUMNS\n A=B R1 3\nENDATA\n");
