@@ -23,6 +23,7 @@ constexpr std::array<KindTraits, kLossKinds> kKinds = {{
     {kNotUtf8, kBreaks, "not-utf-8"},
     {kNameTwice, kBreaks, "name-twice"},
     {kMarkerName, kBreaks, "marker-name"},
+    {kCommentName, kBreaks, "comment-name"},
     {kNoRowType, kBreaks, "no-row-type"},
     {kNotFinite, kBreaks, "not-finite"},
     {kLongLine, kBreaks, "long-line"},
@@ -32,6 +33,9 @@ constexpr std::array<KindTraits, kLossKinds> kKinds = {{
     {kLimitOfEmpty, kChanges, "limit-of-empty"},
     {kEmptied, kChanges, "emptied"},
     {kColumnType, kChanges, "column-type"},
+    {kSense, kChanges, "sense"},
+    {kConstant, kChanges, "constant"},
+    {kObjective, kChanges, "objective"},
     {kEmptyRow, kNoted, "empty-row"},
     {kEmptyColumn, kNoted, "empty-column"},
     {kVanishes, kNoted, "vanishes"},
@@ -43,8 +47,15 @@ constexpr std::array<KindTraits, kLossKinds> kKinds = {{
     {kNameCase, kNoted, "name-case"},
     {kModelName, kNoted, "model-name"},
     {kDescription, kNoted, "description"},
+    {kSetName, kNoted, "set-name"},
     {kControlCharacter, kNoted, "control-character"},
 }};
+
+std::string BoundWord(double bound) {
+  if (bound == model::BoundLimit) return "inf";
+  if (bound == -model::BoundLimit) return "-inf";
+  return text::RoundTripText(bound);
+}
 
 // A kind is the place of its line.
 constexpr bool IsInOrder() {
@@ -66,6 +77,10 @@ std::string Loss::Sentence() const {
   std::string sentence(what);
   sentence.append(" ").append(name).append(" (number ").append(text::IntegerText(number));
   return sentence.append(") ").append(words);
+}
+
+std::string IntervalText(const model::Bounds& bounds) {
+  return '[' + BoundWord(bounds.LowerBound) + ", " + BoundWord(bounds.UpperBound) + ']';
 }
 
 LossGroup& Losses::GroupOf(LossKind kind) {

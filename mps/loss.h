@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "model/bounds.h"
+
 namespace quarvel::mps {
 
 // What it leads to, the worst first.
@@ -23,6 +25,7 @@ enum class LossKind : std::uint8_t {
   kNotUtf8,
   kNameTwice,
   kMarkerName,
+  kCommentName,
   kNoRowType,
   kNotFinite,
   kLongLine,
@@ -33,6 +36,9 @@ enum class LossKind : std::uint8_t {
   kLimitOfEmpty,
   kEmptied,
   kColumnType,
+  kSense,
+  kConstant,
+  kObjective,
 
   kEmptyRow,
   kEmptyColumn,
@@ -45,6 +51,7 @@ enum class LossKind : std::uint8_t {
   kNameCase,
   kModelName,
   kDescription,
+  kSetName,
   kControlCharacter,
 };
 
@@ -72,6 +79,9 @@ struct LossGroup {
   std::int64_t count = 0;
   std::vector<Loss> named;
 };
+
+// "[0, inf]"
+std::string IntervalText(const model::Bounds& bounds);
 
 class Losses {
  public:

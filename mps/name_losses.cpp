@@ -32,18 +32,32 @@ bool IsPlain(std::string_view name) {
   });
 }
 
+struct NameRules {
+  FileLayout layout;
+  bool blanks_are_kept;
+
+  template <class Record>
+  bool HasLine(const Record& record) const {
+    return layout == FileLayout::kFree || mps::HasLine(record);
+  }
+  bool LosesBlank(const std::string& name) const {
+    if (name.find(' ') == name.npos) return false;
+    return !blanks_are_kept || name.front() == ' ' || name.back() == ' ';
+  }
+};
+
 // The names of all rows, or of all columns.
 template <class Records>
 class NameCheck {
  public:
   // `find` gives the number of the first record of a name.
   template <class Find>
-  NameCheck(std::string_view what, const Records& records, std::int32_t count, Losses& losses,
-            const Find& find)
-      : what_(what), records_(records), losses_(losses) {
+  NameCheck(const NameRules& rules, std::string_view what, const Records& records,
+            std::int32_t count, Losses& losses, const Find& find)
+      : rules_(rules), what_(what), records_(records), losses_(losses) {
     bool plain = true;
     for (std::int32_t number = 1; number <= count; ++number) {
-      if (!HasLine(records_[number])) continue;
+      if (!rules_.HasLine(records_[number])) continue;
       const std::string& name = records_[number].Name;
       longest_ = std::max(longest_, name.size());
       if (name.size() + kBesideNames > LineReader::kLongestLine) {
@@ -71,8 +85,9 @@ class NameCheck {
   bool Check(std::int32_t number) {
     const std::string& name = records_[number].Name;
     if (name.empty()) return Add(LossKind::kEmptyName, number, "has no name"), true;
-    if (name.find(' ') != name.npos) {
-      Add(LossKind::kBlankInName, number, "has a blank in its name");
+    if (rules_.LosesBlank(name)) Add(LossKind::kBlankInName, number, "has a blank in its name");
+    if (name.find('\t') != name.npos) {
+      Add(LossKind::kBlankInName, number, "has a tab in its name, which is read as a blank");
     }
     if (name.find_first_of("\r\n") != name.npos) {
       Add(LossKind::kLineEnd, number, "has a line end in its name");
@@ -91,7 +106,7 @@ class NameCheck {
   void FindTwiceInUpperCase(std::int32_t count) {
     std::vector<std::pair<std::string, std::int32_t>> names;
     for (std::int32_t number = 1; number <= count; ++number) {
-      if (!HasLine(records_[number])) continue;
+      if (!rules_.HasLine(records_[number])) continue;
       names.emplace_back(text::UpperCase(records_[number].Name), number);
     }
     std::sort(names.begin(), names.end());
@@ -103,6 +118,7 @@ class NameCheck {
     }
   }
 
+  const NameRules& rules_;
   std::string_view what_;
   const Records& records_;
   Losses& losses_;
@@ -151,6 +167,15 @@ void CheckMarkers(const ModelData& data, Losses& losses) {
   }
 }
 
+// The exact file has markers of a name that no column has.
+void CheckMarkerRow(const model::ModelStore& store, Losses& losses) {
+  const std::int32_t row = store.FindRow("'MARKER'");
+  if (row == 0) return;
+  losses.Add(LossKind::kMarkerName, [row] {
+    return Loss{"row", model::Public(row), "'MARKER'", "has the name by which markers are known"};
+  });
+}
+
 void CheckElementLines(const ModelData& data, Losses& losses) {
   for (std::int32_t j = 1; j <= data.NumberOfColumns; ++j) {
     const model::ColumnRecord& column = data.Columns[j];
@@ -167,13 +192,19 @@ void CheckElementLines(const ModelData& data, Losses& losses) {
 
 }  // namespace
 
-void AddNameLosses(const model::ModelStore& store, Losses& losses) {
+void AddNameLosses(const model::ModelStore& store, FileLayout layout, Losses& losses,
+                   bool blanks_are_kept) {
   const ModelData& data = store.data();
-  const NameCheck rows("row", data.Rows, data.NumberOfRows, losses,
+  const NameRules rules = {layout, blanks_are_kept};
+  const NameCheck rows(rules, "row", data.Rows, data.NumberOfRows, losses,
                        [&store](const std::string& name) { return store.FindRow(name); });
-  const NameCheck columns("column", data.Columns, data.NumberOfColumns, losses,
+  const NameCheck columns(rules, "column", data.Columns, data.NumberOfColumns, losses,
                           [&store](const std::string& name) { return store.FindColumn(name); });
-  CheckMarkers(data, losses);
+  if (layout == FileLayout::kFixed) {
+    CheckMarkers(data, losses);
+  } else {
+    CheckMarkerRow(store, losses);
+  }
   if (rows.longest() + columns.longest() + kBesideNames > LineReader::kLongestLine) {
     CheckElementLines(data, losses);
   }

@@ -5,12 +5,15 @@
 #include <string_view>
 
 #include "model/model_store.h"
+#include "mps/file_layout.h"
 #include "mps/loss.h"
 
 namespace quarvel::mps {
 
-// Of those that the file names.
-void AddNameLosses(const model::ModelStore& store, Losses& losses);
+// Of those that the file names: all, or with fixed columns those that have a line. Blanks are kept where
+// `blanks_are_kept`, but for those around a name.
+void AddNameLosses(const model::ModelStore& store, FileLayout layout, Losses& losses,
+                   bool blanks_are_kept = false);
 
 // Of ASCII or beyond it; valid UTF-8.
 bool HasControlCharacter(std::string_view text);

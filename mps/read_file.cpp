@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "mps/exact_writer.h"
 #include "mps/line_source.h"
 #include "mps/line_texts.h"
 #include "mps/model_sink.h"
@@ -165,7 +166,9 @@ class FileRun {
     if (read_.outcome != ReadOutcome::kRead) Drop();
     // What has no size may be no file that can be read again.
     if (source_.file_size() > 0) ShowLines(path_, read_.problems);
-    if (read_.outcome == ReadOutcome::kRead) settings.ReadMPSFileErr = -1;
+    if (read_.outcome != ReadOutcome::kRead) return;
+    DropConstantNote(settings.ModelDescription);
+    settings.ReadMPSFileErr = -1;
   }
 
   const std::string& path_;

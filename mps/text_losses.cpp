@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "mps/exact_writer.h"
 #include "mps/line_reader.h"
 #include "mps/name_losses.h"
 #include "mps/tokens.h"
@@ -70,17 +71,19 @@ void CheckName(const std::string& name, Losses& losses) {
   }
 }
 
-// Lines lose the blanks around them, and those without text are lost at either end.
+// Lines lose the blanks around them. Those without text are lost at the start, and fixed columns have none
+// at the end.
 std::string DescriptionReadBack(const std::vector<std::string_view>& lines, std::size_t written) {
   std::string back;
   for (std::size_t i = 0; i < written; ++i) {
     if (!back.empty()) back += kLineEnd;
     back += WithoutSpacesAround(lines[i]);
   }
+  DropConstantNote(back);
   return back;
 }
 
-void CheckDescription(const std::string& description, Losses& losses) {
+void CheckDescription(const std::string& description, FileLayout layout, Losses& losses) {
   if (description.empty()) return;
   const std::vector<std::string_view> lines = LinesOf(description);
   bool good = true;
@@ -89,7 +92,9 @@ void CheckDescription(const std::string& description, Losses& losses) {
   }
   if (!good) return;
   std::size_t written = lines.size();
-  while (written > 1 && WithoutSpacesAround(lines[written - 1]).empty()) --written;
+  if (layout == FileLayout::kFixed) {
+    while (written > 1 && WithoutSpacesAround(lines[written - 1]).empty()) --written;
+  }
   if (DescriptionReadBack(lines, written) != description) {
     Add(losses, LossKind::kDescription,
         "the model's description loses blanks around its lines, or empty lines at its ends");
@@ -98,9 +103,9 @@ void CheckDescription(const std::string& description, Losses& losses) {
 
 }  // namespace
 
-void AddTextLosses(const model::ModelSettings& model, Losses& losses) {
+void AddTextLosses(const model::ModelSettings& model, FileLayout layout, Losses& losses) {
   CheckName(model.ModelName, losses);
-  CheckDescription(model.ModelDescription, losses);
+  CheckDescription(model.ModelDescription, layout, losses);
 }
 
 }  // namespace quarvel::mps

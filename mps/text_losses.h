@@ -2,10 +2,11 @@
 #pragma once
 
 #include "model/model_data.h"
+#include "mps/file_layout.h"
 #include "mps/loss.h"
 
 namespace quarvel::mps {
 
-void AddTextLosses(const model::ModelSettings& model, Losses& losses);
+void AddTextLosses(const model::ModelSettings& model, FileLayout layout, Losses& losses);
 
 }  // namespace quarvel::mps

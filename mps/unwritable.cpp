@@ -1,6 +1,5 @@
 #include "mps/unwritable.h"
 
-#include <algorithm>
 #include <cmath>
 #include <string>
 #include <string_view>
@@ -8,6 +7,7 @@
 
 #include "model/record_number.h"
 #include "mps/name_losses.h"
+#include "mps/order_losses.h"
 #include "mps/read_back.h"
 #include "mps/text_losses.h"
 #include "text/numbers.h"
@@ -40,16 +40,6 @@ bool AreAlike(const Bounds& a, const Bounds& b) {
          b.LowerBound <= b.UpperBound;
 }
 
-std::string BoundWord(double bound) {
-  if (bound == BoundLimit) return "inf";
-  if (bound == -BoundLimit) return "-inf";
-  return text::RoundTripText(bound);
-}
-
-std::string Interval(const Bounds& bounds) {
-  return '[' + BoundWord(bounds.LowerBound) + ", " + BoundWord(bounds.UpperBound) + ']';
-}
-
 // Whether the row has no other limits than those its type speaks of.
 bool TypeSaysItsLimits(const RowRecord& row) {
   switch (row.Type) {
@@ -73,18 +63,15 @@ class LossFinder {
   explicit LossFinder(const model::ModelStore& store) : store_(store), data_(store.data()) {}
 
   Losses Find() {
-    AddTextLosses(data_, losses_);
+    AddTextLosses(data_, FileLayout::kFixed, losses_);
     for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) CheckColumn(j);
     for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) CheckRow(i);
-    CheckColumnOrder();
-    CheckElementOrder();
-    AddNameLosses(store_, losses_);
+    AddOrderLosses(data_, FileLayout::kFixed, losses_);
+    AddNameLosses(store_, FileLayout::kFixed, losses_);
     return std::move(losses_);
   }
 
  private:
-  static bool IsInteger(const ColumnRecord& column) { return column.Type == ColumnType::kInteger; }
-
   void AddRow(LossKind kind, std::int32_t i, const std::string& words) {
     losses_.Add(kind, [&] { return Loss{"row", model::Public(i), data_.Rows[i].Name, words}; });
   }
@@ -101,10 +88,6 @@ class LossFinder {
   void NoteVanished(std::int32_t j, const ElementEntry& element);
   void CheckRow(std::int32_t i);
   void CheckLimits(std::int32_t i);
-  void CheckColumnOrder();
-  void CheckElementOrder();
-  bool MeetsARowTwice() const;
-  std::vector<bool> RowsInAnotherOrder() const;
 
   const model::ModelStore& store_;
   const ModelData& data_;
@@ -118,10 +101,10 @@ void LossFinder::CheckColumn(std::int32_t j) {
     if (!HasBoundLine(column))
       return AddColumn(LossKind::kEmptyColumn, j, "is left out: it has no elements");
     return AddColumn(LossKind::kLimitOfEmpty, j,
-                     "has no elements, so that its bounds " + Interval(column) +
+                     "has no elements, so that its bounds " + IntervalText(column) +
                          " are those of a column that the file does not have");
   }
-  if (!IsInteger(column) && column.Type != ColumnType::kContinuous) {
+  if (column.Type != ColumnType::kInteger && column.Type != ColumnType::kContinuous) {
     AddColumn(LossKind::kColumnType, j, "reads back with type R");
   }
   CheckBounds(j);
@@ -134,12 +117,13 @@ void LossFinder::CheckBounds(std::int32_t j) {
     return AddColumn(LossKind::kNotFinite, j, "has a bound that is no number");
   if (column.LowerBound > column.UpperBound) {
     return AddColumn(LossKind::kReversed, j,
-                     "has the bounds " + Interval(column) + ", which are reversed");
+                     "has the bounds " + IntervalText(column) + ", which are reversed");
   }
   const Bounds back = BoundsReadBack(column);
   if (AreSame(column, back)) return;
-  AddColumn(AreAlike(column, back) ? LossKind::kDigits : LossKind::kColumnBounds, j,
-            "has the bounds " + Interval(column) + ", which read back as " + Interval(back));
+  AddColumn(
+      AreAlike(column, back) ? LossKind::kDigits : LossKind::kColumnBounds, j,
+      "has the bounds " + IntervalText(column) + ", which read back as " + IntervalText(back));
 }
 
 void LossFinder::CheckElements(std::int32_t j) {
@@ -183,7 +167,7 @@ void LossFinder::CheckRow(std::int32_t i) {
     if (!HasLimitLine(row))
       return AddRow(LossKind::kEmptyRow, i, "is left out: it has no elements");
     return AddRow(LossKind::kLimitOfEmpty, i,
-                  "has no elements, so that its limits " + Interval(row) +
+                  "has no elements, so that its limits " + IntervalText(row) +
                       " are those of a row that the file does not have");
   }
   const auto place = static_cast<std::size_t>(i);
@@ -201,8 +185,8 @@ void LossFinder::CheckLimits(std::int32_t i) {
   const RowType type = model::RowTypeOf(back.LowerBound, back.UpperBound);
   if (AreSame(row, back) && type == row.Type && row.LowerBound <= row.UpperBound) return;
   const std::string limits =
-      "of type " + model::TypeText(row.Type) + " has the limits " + Interval(row) + ", which ";
-  const std::string becomes = limits + "read back as " + Interval(back);
+      "of type " + model::TypeText(row.Type) + " has the limits " + IntervalText(row) + ", which ";
+  const std::string becomes = limits + "read back as " + IntervalText(back);
   if (row.Type == RowType::kFree) return AddRow(LossKind::kFreeRowLimits, i, becomes);
   if (row.LowerBound > row.UpperBound) {
     return AddRow(LossKind::kReversed, i, limits + "are reversed");
@@ -214,64 +198,6 @@ void LossFinder::CheckLimits(std::int32_t i) {
   if (type != row.Type) {
     AddRow(LossKind::kRowType, i, limits + "read back as type " + model::TypeText(type));
   }
-}
-
-// Integer columns stand behind all others.
-void LossFinder::CheckColumnOrder() {
-  std::int32_t integers = 0;
-  for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) {
-    const ColumnRecord& column = data_.Columns[j];
-    if (IsInteger(column)) {
-      if (column.ElementCount() > 0) ++integers;
-    } else if (integers > 0 && column.ElementCount() > 0) {
-      AddColumn(LossKind::kColumnOrder, j, "stands before the integer columns in the file");
-    }
-  }
-}
-
-// The file gives the elements of a row in the order of its columns, and those at one column in that
-// column's order.
-void LossFinder::CheckElementOrder() {
-  const std::vector<bool> exact = MeetsARowTwice() ? RowsInAnotherOrder() : std::vector<bool>();
-  for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
-    std::int64_t last = 0;
-    bool moved = !exact.empty() && exact[static_cast<std::size_t>(i)];
-    for (const ElementEntry& element : data_.Rows[i].Elements) {
-      const bool integer = IsInteger(data_.Columns[element.Index]);
-      const std::int64_t place = element.Index + (integer ? std::int64_t{1} << 32 : 0);
-      moved = moved || place < last;
-      last = place;
-    }
-    if (moved) AddRow(LossKind::kElementOrder, i, "reads back with its elements in another order");
-  }
-}
-
-// Whether some row has two different values in a row at one column.
-bool LossFinder::MeetsARowTwice() const {
-  return std::any_of(data_.Rows.begin(), data_.Rows.end(), [](const RowRecord& row) {
-    return std::adjacent_find(row.Elements.begin(), row.Elements.end(),
-                              [](const ElementEntry& a, const ElementEntry& b) {
-                                return a.Index == b.Index && a.Value != b.Value;
-                              }) != row.Elements.end();
-  });
-}
-
-// By row; what stands at one column is compared with that column's list.
-std::vector<bool> LossFinder::RowsInAnotherOrder() const {
-  const auto size = static_cast<std::size_t>(data_.Rows.size()) + 1;
-  std::vector<bool> moved(size);
-  std::vector<std::int32_t> met(size);
-  for (const bool integers : {false, true}) {
-    for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) {
-      if (IsInteger(data_.Columns[j]) != integers) continue;
-      for (const ElementEntry& element : data_.Columns[j].Elements) {
-        const auto row = static_cast<std::size_t>(element.Index);
-        const ElementEntry& there = data_.Rows[element.Index].Elements[++met[row]];
-        if (there.Index != j || there.Value != element.Value) moved[row] = true;
-      }
-    }
-  }
-  return moved;
 }
 
 }  // namespace

@@ -1,0 +1,108 @@
+#include "mps/order_losses.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <vector>
+
+#include "model/record_number.h"
+
+namespace quarvel::mps {
+namespace {
+
+using model::ColumnRecord;
+using model::ElementEntry;
+using model::ModelData;
+using model::RowRecord;
+
+class OrderCheck {
+ public:
+  OrderCheck(const ModelData& data, FileLayout layout, Losses& losses)
+      : data_(data), layout_(layout), losses_(losses) {}
+
+  void CheckColumns();
+  void CheckElements();
+
+ private:
+  // Stands behind all columns that do not.
+  bool IsBehind(const ColumnRecord& column) const {
+    return layout_ == FileLayout::kFixed && column.Type == model::ColumnType::kInteger;
+  }
+  bool MeetsARowTwice() const;
+  std::vector<bool> RowsInAnotherOrder() const;
+
+  const ModelData& data_;
+  FileLayout layout_;
+  Losses& losses_;
+};
+
+void OrderCheck::CheckColumns() {
+  std::int32_t behind = 0;
+  for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) {
+    const ColumnRecord& column = data_.Columns[j];
+    if (IsBehind(column)) {
+      if (column.ElementCount() > 0) ++behind;
+    } else if (behind > 0 && column.ElementCount() > 0) {
+      losses_.Add(LossKind::kColumnOrder, [&] {
+        return Loss{"column", model::Public(j), column.Name,
+                    "stands before the integer columns in the file"};
+      });
+    }
+  }
+}
+
+void OrderCheck::CheckElements() {
+  const std::vector<bool> exact = MeetsARowTwice() ? RowsInAnotherOrder() : std::vector<bool>();
+  for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
+    std::int64_t last = 0;
+    bool moved = !exact.empty() && exact[static_cast<std::size_t>(i)];
+    for (const ElementEntry& element : data_.Rows[i].Elements) {
+      const bool behind = IsBehind(data_.Columns[element.Index]);
+      const std::int64_t place = element.Index + (behind ? std::int64_t{1} << 32 : 0);
+      moved = moved || place < last;
+      last = place;
+    }
+    if (!moved) continue;
+    losses_.Add(LossKind::kElementOrder, [&] {
+      return Loss{"row", model::Public(i), data_.Rows[i].Name,
+                  "reads back with its elements in another order"};
+    });
+  }
+}
+
+// Whether some row has two different values in a row at one column.
+bool OrderCheck::MeetsARowTwice() const {
+  return std::any_of(data_.Rows.begin(), data_.Rows.end(), [](const RowRecord& row) {
+    return std::adjacent_find(row.Elements.begin(), row.Elements.end(),
+                              [](const ElementEntry& a, const ElementEntry& b) {
+                                return a.Index == b.Index && a.Value != b.Value;
+                              }) != row.Elements.end();
+  });
+}
+
+// By row; what stands at one column is compared with that column's list.
+std::vector<bool> OrderCheck::RowsInAnotherOrder() const {
+  const auto size = static_cast<std::size_t>(data_.Rows.size()) + 1;
+  std::vector<bool> moved(size);
+  std::vector<std::int32_t> met(size);
+  for (const bool behind : {false, true}) {
+    for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) {
+      if (IsBehind(data_.Columns[j]) != behind) continue;
+      for (const ElementEntry& element : data_.Columns[j].Elements) {
+        const auto row = static_cast<std::size_t>(element.Index);
+        const ElementEntry& there = data_.Rows[element.Index].Elements[++met[row]];
+        if (there.Index != j || there.Value != element.Value) moved[row] = true;
+      }
+    }
+  }
+  return moved;
+}
+
+}  // namespace
+
+void AddOrderLosses(const ModelData& data, FileLayout layout, Losses& losses) {
+  OrderCheck check(data, layout, losses);
+  check.CheckColumns();
+  check.CheckElements();
+}
+
+}  // namespace quarvel::mps
