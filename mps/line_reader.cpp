@@ -19,7 +19,10 @@ constexpr std::size_t kBufferSize = LineReader::kLongestLine + 2 * kPiece;
 }  // namespace
 
 LineReader::LineReader(platform::InputFile file)
-    : file_(std::move(file)), buffer_(new char[kBufferSize + kPadding]()) {
+    : LineReader(std::make_unique<platform::FileBytes>(std::move(file))) {}
+
+LineReader::LineReader(std::unique_ptr<platform::ByteSource> bytes)
+    : bytes_(std::move(bytes)), buffer_(new char[kBufferSize + kPadding]()) {
   next_ = buffer_.get();
   end_ = buffer_.get();
 }
@@ -68,7 +71,7 @@ bool LineReader::Refill() {
   next_ = buffer_.get();
   end_ = next_ + left;
   at_end_ = true;  // stays so when reading raises
-  const std::size_t count = file_.Read(end_, std::min(kPiece, kBufferSize - left));
+  const std::size_t count = bytes_->Read(end_, std::min(kPiece, kBufferSize - left));
   if (count == 0) return false;
   at_end_ = false;
   end_ += count;

@@ -14,7 +14,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/files.h"
+#include "platform/byte_source.h"
 
 namespace quarvel::mps {
 
@@ -35,9 +35,11 @@ class LineReader {
   static constexpr std::size_t kLongestLine = std::size_t{1} << 20;
   static constexpr std::size_t kPadding = 16;
 
+  explicit LineReader(std::unique_ptr<platform::ByteSource> bytes);
   explicit LineReader(platform::InputFile file);
 
-  std::uint64_t file_size() const { return file_.size(); }
+  // 0 when it is not known.
+  std::uint64_t file_size() const { return bytes_->size(); }
 
   // The bytes behind the last line that are in memory already and that stay there until Next is
   // called. Whoever wants lines without that call takes them out of here, and says with Took up to
@@ -67,7 +69,7 @@ class LineReader {
   void SkipTooLong(Line& line);
   void SkipByteOrderMark();
 
-  platform::InputFile file_;
+  std::unique_ptr<platform::ByteSource> bytes_;
   std::unique_ptr<char[]> buffer_;
   char* next_ = nullptr;  // first byte not handed out yet
   char* end_ = nullptr;   // after the last byte read

@@ -1,5 +1,7 @@
 #include "mps/line_source.h"
 
+#include <utility>
+
 namespace quarvel::mps {
 namespace {
 
@@ -15,7 +17,11 @@ void SourceLine::Split() {
 }
 
 void LineSource::Open(const std::string& path) {
-  reader_ = std::make_unique<LineReader>(platform::InputFile(path));
+  Open(std::make_unique<platform::FileBytes>(platform::InputFile(path)));
+}
+
+void LineSource::Open(std::unique_ptr<platform::ByteSource> bytes) {
+  reader_ = std::make_unique<LineReader>(std::move(bytes));
   file_size_ = reader_->file_size();
 }
 

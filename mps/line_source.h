@@ -66,6 +66,7 @@ class LineSource {
 
   // Raises what opening the file raises; there are no lines then.
   void Open(const std::string& path);
+  void Open(std::unique_ptr<platform::ByteSource> bytes);
   void Close() { reader_.reset(); }
 
   std::uint64_t file_size() const { return file_size_; }

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cstdint>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "mps/line_reader.h"
 #include "platform/automation_error.h"
-#include "platform/files.h"
 
 namespace quarvel::mps {
 namespace {
@@ -64,11 +64,14 @@ std::string_view ShownOf(std::string_view line) {
   return line.substr(0, size);
 }
 
-void ShowLines(const std::string& path, FileProblems& problems) {
+void ShowLines(const std::function<std::unique_ptr<platform::ByteSource>()>& open,
+               FileProblems& problems) {
   const std::vector<FileProblem*> shown = InOrderOfLines(problems);
   if (shown.empty()) return;
   try {
-    LineReader reader{platform::InputFile(path)};
+    std::unique_ptr<platform::ByteSource> bytes = open();
+    if (bytes == nullptr) return;
+    LineReader reader(std::move(bytes));
     ReadLines(reader, shown);
   } catch (const AutomationError&) {
     return;

@@ -1,10 +1,12 @@
 // The lines of a file that problems are about, as they stand there: a read has them in upper case.
 #pragma once
 
-#include <string>
+#include <functional>
+#include <memory>
 #include <string_view>
 
 #include "mps/file_problem.h"
+#include "platform/byte_source.h"
 
 namespace quarvel::mps {
 
@@ -13,8 +15,9 @@ namespace quarvel::mps {
 std::string_view ShownOf(std::string_view line);
 
 // Gives each kept problem of a line that line's text, and the token that it is about as it stands in
-// there. A pass over the lines up to the last of them; nothing when there is none. A file that cannot be
-// read a second time, as a pipe, leaves the texts as they are.
-void ShowLines(const std::string& path, FileProblems& problems);
+// there. A pass over the lines up to the last of them; `open` is not called when there is none. Null from
+// `open`, or a failure, leaves the texts as they are.
+void ShowLines(const std::function<std::unique_ptr<platform::ByteSource>()>& open,
+               FileProblems& problems);
 
 }  // namespace quarvel::mps

@@ -70,7 +70,11 @@ class FileRun {
   }
 
   void ReadLines() {
-    source_.Open(path_);
+    if (options_.open) {
+      source_.Open(options_.open());
+    } else {
+      source_.Open(path_);
+    }
     SourceLine& line = source_.line();
     while (goes_on_ && source_.Next(sections_.section())) {
       if (line.number() % kLinesBetweenCalls == 0 && !Progress()) break;
@@ -159,13 +163,19 @@ class FileRun {
     read_.outcome = ReadOutcome::kFailed;
   }
 
+  // What has no size may be no file that can be read again.
+  std::unique_ptr<platform::ByteSource> OpenAgain() const {
+    if (options_.open) return options_.open();
+    if (source_.file_size() == 0) return nullptr;
+    return std::make_unique<platform::FileBytes>(platform::InputFile(path_));
+  }
+
   void End() {
     model::ModelSettings& settings = store_.settings();
     settings.EndLineMissing = !read_.facts.has_endata;
     settings.LinesRead = read_.facts.lines;
     if (read_.outcome != ReadOutcome::kRead) Drop();
-    // What has no size may be no file that can be read again.
-    if (source_.file_size() > 0) ShowLines(path_, read_.problems);
+    ShowLines([this] { return OpenAgain(); }, read_.problems);
     if (read_.outcome != ReadOutcome::kRead) return;
     DropConstantNote(settings.ModelDescription);
     settings.ReadMPSFileErr = -1;

@@ -5,11 +5,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "model/model_store.h"
 #include "mps/file_facts.h"
 #include "mps/file_problem.h"
+#include "platform/byte_source.h"
 
 namespace quarvel::mps {
 
@@ -18,6 +20,9 @@ struct ReadOptions {
   bool infinite_default_bounds = false;
   // How many problems of each code come back as data; all are counted.
   std::size_t kept_of_each = FileProblems::kUsuallyKept;
+  // Gives the bytes, in place of those of the file at `path`, which is then a name only. Called again
+  // where lines are to be shown, and may then give null. It may raise what opening a file raises.
+  std::function<std::unique_ptr<platform::ByteSource>()> open = {};
   // Hears each problem as it is met, with the line as the reader has it (maybe in upper case); false
   // ends the read. It must not touch the store.
   std::function<bool(const FileProblem&)> on_problem = {};

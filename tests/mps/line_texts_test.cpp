@@ -1,5 +1,6 @@
 #include "mps/line_texts.h"
 
+#include <memory>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -9,6 +10,10 @@
 namespace quarvel::mps {
 namespace {
 
+auto OpenerOf(const std::string& path) {
+  return [path] { return std::make_unique<platform::FileBytes>(platform::InputFile(path)); };
+}
+
 TEST(LineTexts, AreThoseOfTheFileAtItsPlaces) {
   const TemporaryFolder folder;
   WriteWholeFile(folder.File("m.mps"), "first\r\n  x Zeile\xC3\xA4 rest\r\nlast");
@@ -17,7 +22,7 @@ TEST(LineTexts, AreThoseOfTheFileAtItsPlaces) {
   problems.Add({.code = FileProblemCode::kNoSuchRow, .line = 2, .column = 5, .length = 6});
   problems.Add({.code = FileProblemCode::kNoRows});
   problems.Add({.code = FileProblemCode::kTokens, .line = 9});
-  ShowLines(folder.File("m.mps"), problems);
+  ShowLines(OpenerOf(folder.File("m.mps")), problems);
   EXPECT_EQ(problems.kept()[0].text, "last");
   EXPECT_EQ(problems.kept()[1].text, "  x Zeile\xC3\xA4 rest");
   EXPECT_EQ(problems.kept()[1].read, "Zeile\xC3\xA4");
@@ -29,7 +34,8 @@ TEST(LineTexts, StayAsTheyAreWhereTheFileIsGone) {
   const TemporaryFolder folder;
   FileProblems problems;
   problems.Add({.code = FileProblemCode::kTokens, .line = 1, .text = "AS READ"});
-  ShowLines(folder.File("none.mps"), problems);
+  ShowLines(OpenerOf(folder.File("none.mps")), problems);
+  ShowLines([] { return nullptr; }, problems);
   EXPECT_EQ(problems.kept()[0].text, "AS READ");
 }
 
