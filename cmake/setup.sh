@@ -5,7 +5,7 @@
 set -eu
 
 # The program and its native tests.
-native=(cmake ninja-build g++ libgtest-dev qt6-base-dev)
+native=(cmake ninja-build g++ libgtest-dev qt6-base-dev zlib1g-dev libbz2-dev liblzma-dev libzstd-dev)
 # The formatter, and the interpreter of tools/longest.
 format=(clang-format python3)
 # A display that nobody sees, and a user at it.
@@ -16,7 +16,7 @@ checks=(clang libclang-rt-dev clang-tidy)
 coverage=(llvm)
 # Cross-building for Windows, and running what was built.
 windows=(g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-win32 mingw-w64-tools libwine-dev libwine
-  googletest wine wine64 xvfb)
+  googletest libz-mingw-w64-dev wine wine64 xvfb)
 # What makes the 32-bit system of cmake/wine32.sh.
 wine32=(debootstrap)
 # The libraries that the benchmarks compare with, and what counts instructions.

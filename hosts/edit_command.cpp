@@ -6,6 +6,7 @@
 
 #include "hosts/commands.h"
 #include "hosts/edit_language.h"
+#include "hosts/input_bytes.h"
 #include "platform/automation_error.h"
 #include "text/numbers.h"
 
@@ -41,6 +42,11 @@ void RunStandardInput(Session& session) {
 
 int RunEdit(Session& session) {
   const Arguments& arguments = session.arguments;
+  if (arguments.operands[0] == kStandardInput && arguments.edit_commands.empty()) {
+    throw CommandError(kUsage,
+                       "edit reads its commands from standard input: give the model as a file, or "
+                       "the commands by -c");
+  }
   session.ReadToWrite(arguments.operands[0]);
   if (arguments.edit_commands.empty()) {
     RunStandardInput(session);

@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "hosts/input_bytes.h"
 #include "hosts/printing.h"
 #include "model/simplify_offer.h"
 #include "mps/frm_progress.h"
@@ -36,23 +37,25 @@ platform::Box BoxOf(const mps::FileProblem& problem) {
 }  // namespace
 
 mps::ReadOutcome FileReading::Read(const std::string& path) {
-  answers_.file = path;
-  const mps::FileRead read = ReadInWindow(path);
+  const std::string name(path == kStandardInput ? kStandardInputName : path);
+  answers_.file = name;
+  const mps::FileRead read = ReadInWindow(path, name);
   facts_ = read.facts;
-  if (read.outcome != mps::ReadOutcome::kStopped) Tell(path, read.problems);
+  if (read.outcome != mps::ReadOutcome::kStopped) Tell(name, read.problems);
   if (read.outcome != mps::ReadOutcome::kRead) return read.outcome;
-  model_.store().settings().FileLocation = path;
+  model_.store().settings().FileLocation = path == kStandardInput ? "" : path;
   const platform::MsgBoxResult answer = desktop_.MsgBox(model::SimplifyOffer());
   if (answer == platform::MsgBoxResult::kYes) model_.SimplifyMPSModel();
   return read.outcome;
 }
 
-mps::FileRead FileReading::ReadInWindow(const std::string& path) {
+mps::FileRead FileReading::ReadInWindow(const std::string& path, const std::string& name) {
   mps::frmProgress window(desktop_);
   window.Load();
-  window.set_caption("Reading " + path);
+  window.set_caption("Reading " + name);
   window.Show();
   mps::ReadOptions options;
+  options.open = InputOpener(path, streams_);
   options.infinite_default_bounds = arguments_.infinite_default_bounds.value_or(false);
   options.on_problem = [&](const mps::FileProblem& problem) {
     return GoesOnAfter(problem, window);
@@ -61,11 +64,11 @@ mps::FileRead FileReading::ReadInWindow(const std::string& path) {
     window.bar.set_range(0, static_cast<float>(all));
     window.bar.set_value(static_cast<float>(done));
     const double part = all == 0 ? 0 : static_cast<double>(done) / static_cast<double>(all);
-    window.set_caption("Reading " + path + " (" + text::PercentText(part) + ")");
+    window.set_caption("Reading " + name + " (" + text::PercentText(part) + ")");
     desktop_.DoEvents();
     return !window.StopRequested;
   };
-  mps::FileRead read = mps::ReadFile(path, options, model_.store());
+  mps::FileRead read = mps::ReadFile(name, options, model_.store());
   window.Finish();
   return read;
 }
@@ -78,13 +81,13 @@ bool FileReading::GoesOnAfter(const mps::FileProblem& problem, const mps::frmPro
 }
 
 // The first of each kind, with how many there are.
-void FileReading::Tell(const std::string& path, const mps::FileProblems& problems) {
+void FileReading::Tell(const std::string& name, const mps::FileProblems& problems) {
   std::set<mps::FileProblemCode> told;
   for (const mps::FileProblem& problem : problems.kept()) {
     const mps::FileProblemTraits& traits = mps::TraitsOf(problem.code);
     if (traits.weight() == mps::ProblemWeight::kError || !told.insert(problem.code).second)
       continue;
-    std::string line = path + ": " + PlacedSentence(problem);
+    std::string line = name + ": " + PlacedSentence(problem);
     const std::int64_t more = problems.CountOf(problem.code) - 1;
     if (more > 0) line += " (and " + text::IntegerText(more) + " more)";
     answers_.on_note(line);

@@ -7,6 +7,7 @@
 #include "component/lp_model.h"
 #include "hosts/answers.h"
 #include "hosts/arguments.h"
+#include "hosts/streams.h"
 #include "mps/file_facts.h"
 #include "mps/read_file.h"
 #include "platform/desktop.h"
@@ -20,22 +21,27 @@ namespace quarvel::hosts {
 class FileReading {
  public:
   // All must outlive this.
-  FileReading(const Arguments& arguments, Answers& answers, platform::Desktop& desktop,
-              LPModel& model)
-      : arguments_(arguments), answers_(answers), desktop_(desktop), model_(model) {}
+  FileReading(const Arguments& arguments, const Streams& streams, Answers& answers,
+              platform::Desktop& desktop, LPModel& model)
+      : arguments_(arguments),
+        streams_(streams),
+        answers_(answers),
+        desktop_(desktop),
+        model_(model) {}
 
   // Reads it into the model, whose file it is from then on, tells what there is to tell, and offers to
-  // simplify the model.
+  // simplify the model. "-" is standard input, and the model then has no file.
   mps::ReadOutcome Read(const std::string& path);
   // What the file says beside its model.
   const mps::FileFacts& facts() const { return facts_; }
 
  private:
-  mps::FileRead ReadInWindow(const std::string& path);
+  mps::FileRead ReadInWindow(const std::string& path, const std::string& name);
   bool GoesOnAfter(const mps::FileProblem& problem, const mps::frmProgress& window);
-  void Tell(const std::string& path, const mps::FileProblems& problems);
+  void Tell(const std::string& name, const mps::FileProblems& problems);
 
   const Arguments& arguments_;
+  const Streams& streams_;
   Answers& answers_;
   platform::Desktop& desktop_;
   LPModel& model_;

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "hosts/loss_report.h"
+#include "hosts/output_name.h"
 #include "hosts/printing.h"
 #include "hosts/questions.h"
 #include "mps/unwritable.h"
@@ -28,7 +29,7 @@ Session::Session(const Arguments& arguments_given, const Streams& streams_given)
       answers_(arguments),
       desktop_(answers_),
       model_(desktop_),
-      reading_(arguments, answers_, desktop_, model_) {
+      reading_(arguments, streams, answers_, desktop_, model_) {
   if (!streams.terminal) {
     desktop_.set_interactive(false);
     desktop_.set_shows_progress(false);
@@ -77,6 +78,9 @@ bool Session::ReadAsComponent(const std::string& path) {
 }
 
 void Session::ReadToWrite(const std::string& path) {
+  const std::string& output = arguments.operands[1];
+  const std::string objection = ObjectionToOutput(output);
+  if (!objection.empty()) throw CommandError(kUsage, output + ' ' + objection);
   Read(path);
   if (!may_be_cut_off() || arguments.allow_missing_endata) return;
   throw CommandError(kProblem, "nothing was written; --allow-missing-endata goes on");

@@ -1,4 +1,4 @@
-// Standard output, standard error and the command line as the operating system has them, in UTF-8.
+// Standard input and output, standard error and the command line as the operating system has them, in UTF-8.
 #pragma once
 
 #include <array>
@@ -43,6 +43,8 @@ class OutputBuffer : public std::streambuf {
 
 // All of `bytes` to standard output; a Windows console is given UTF-16.
 WriteResult WriteStandardOutput(std::string_view bytes);
+// Up to so many bytes of standard input as they are; 0 at its end. Raises 57 when it cannot be read.
+std::size_t ReadStandardInput(char* buffer, std::size_t capacity);
 // Once, before anything is written: a closed pipe is an error to hear of, not the end of the
 // program.
 void PrepareStandardOutput();

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include "hosts/standard_output.h"
+#include "platform/automation_error.h"
 
 namespace quarvel::hosts {
 
@@ -19,6 +20,15 @@ WriteResult WriteStandardOutput(std::string_view bytes) {
     }
   }
   return WriteResult::kWritten;
+}
+
+std::size_t ReadStandardInput(char* buffer, std::size_t capacity) {
+  ssize_t count = 0;
+  do {
+    count = read(STDIN_FILENO, buffer, capacity);
+  } while (count == -1 && errno == EINTR);
+  if (count == -1) RaiseRunTimeError(RunTimeError::kDeviceIoError);
+  return static_cast<std::size_t>(count);
 }
 
 void PrepareStandardOutput() { std::signal(SIGPIPE, SIG_IGN); }

@@ -57,6 +57,12 @@ bool LineReader::Next(Line& line) {
   }
 }
 
+void LineReader::SkipRest() {
+  do {
+    next_ = end_;
+  } while (Refill());
+}
+
 void LineReader::Took(char* to) {
   if (to == next_) return;
   next_ = to;

@@ -53,6 +53,8 @@ class LineReader {
   // The next line; false at the end of the file. Raises what the file raises, after which it is at
   // its end.
   bool Next(Line& line);
+  // Goes to the end without lines, so that whatever is wrong with the rest of the bytes is raised.
+  void SkipRest();
 
  private:
   bool Refill();

@@ -67,6 +67,11 @@ class LineSource {
   // Raises what opening the file raises; there are no lines then.
   void Open(const std::string& path);
   void Open(std::unique_ptr<platform::ByteSource> bytes);
+  // Raises what is wrong with the bytes behind the last line given out; there are no lines after it.
+  void SkipRest() {
+    used_ = batch_.size();
+    reader_->SkipRest();
+  }
   void Close() { reader_.reset(); }
 
   std::uint64_t file_size() const { return file_size_; }

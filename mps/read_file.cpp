@@ -80,6 +80,8 @@ class FileRun {
       if (line.number() % kLinesBetweenCalls == 0 && !Progress()) break;
       if (!sections_.Use(line)) break;
     }
+    // What is packed tells at its end only whether it was whole.
+    if (goes_on_ && options_.open) source_.SkipRest();
     source_.Close();
     read_.facts.lines = line.number();
     if (!goes_on_) return;

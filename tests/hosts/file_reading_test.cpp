@@ -1,5 +1,6 @@
 #include "hosts/file_reading.h"
 
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -38,8 +39,10 @@ TEST(FileReading, AsksAboutErrorsAndOffersToSimplify) {
   const Arguments arguments;
   AskedUser user(arguments, MsgBoxResult::kYes);
   platform::ConsoleDesktop desktop(user);
+  std::ostringstream text;
+  const Streams streams{[] { return std::nullopt; }, text, text};
   LPModel model(desktop);
-  FileReading reading(arguments, user, desktop, model);
+  FileReading reading(arguments, streams, user, desktop, model);
   const std::string path = folder.Write("a.mps", std::string(kOneMistake));
   EXPECT_EQ(reading.Read(path), mps::ReadOutcome::kRead);
   ASSERT_EQ(user.asked.size(), 2U);
@@ -57,8 +60,10 @@ TEST(FileReading, LeavesNoModelAfterNo) {
   const Arguments arguments;
   AskedUser user(arguments, MsgBoxResult::kNo);
   platform::ConsoleDesktop desktop(user);
+  std::ostringstream text;
+  const Streams streams{[] { return std::nullopt; }, text, text};
   LPModel model(desktop);
-  FileReading reading(arguments, user, desktop, model);
+  FileReading reading(arguments, streams, user, desktop, model);
   EXPECT_EQ(reading.Read(folder.Write("a.mps", std::string(kOneMistake))),
             mps::ReadOutcome::kRefused);
   EXPECT_EQ(user.asked.size(), 1U);

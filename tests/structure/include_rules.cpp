@@ -62,6 +62,11 @@ bool IsProcessorHeader(std::string_view path, std::string_view name) {
   return path == "text/byte_block.h" && name == "emmintrin.h";
 }
 
+// What packs and unpacks files: for the programs only.
+bool IsPackersHeader(std::string_view name) {
+  return name == "zlib.h" || name == "bzlib.h" || name == "lzma.h" || name == "zstd.h";
+}
+
 bool IsQtHeader(std::string_view name) { return name.starts_with("Q"); }
 
 std::string QuotedProblem(std::string_view path, std::string_view name) {
@@ -91,6 +96,8 @@ std::string SystemProblem(std::string_view path, std::string_view name) {
   }
   if (IsQtHeader(name)) return drawer == "platform/qt" ? "" : "names a toolkit outside its drawer";
   if (automation || win32) return "";
+  if (IsPackersHeader(name))
+    return IsHost(path) ? "" : "names a packer's library below the programs";
   if (IsWindowsHeader(name)) return "names Windows outside its drawer";
   return !drawer.empty() || posix ? "" : "is not of the standard library";
 }

@@ -55,6 +55,8 @@ const Case kCases[] = {
     {"automation/a.cpp", "#include <oleauto.h>", true},
     {"automation/a.cpp", "#include \"platform/win32/b.h\"", true},
     {"viewer/a.cpp", "#include <quarvel_idl.h>", false},
+    {"hosts/a.cpp", "#include <zlib.h>", true},
+    {"mps/a.cpp", "#include <zlib.h>", false},
     {"viewer/a.cpp", "#include <QWidget>", false},
     {"platform/qt/a.cpp", "#include <QWidget>", true},
     {"tests/mps/a.cpp", "#include \"platform/scripted/b.h\"", true},

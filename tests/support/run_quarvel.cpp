@@ -17,7 +17,11 @@ Outcome RunQuarvel(const std::vector<std::string>& words, std::string_view input
     if (!std::getline(in, line)) return std::nullopt;
     return line;
   };
-  const int status = hosts::RunProgram(words, {read_line, out, err, false});
+  const auto read_bytes = [&in](char* buffer, std::size_t capacity) {
+    in.read(buffer, static_cast<std::streamsize>(capacity));
+    return static_cast<std::size_t>(in.gcount());
+  };
+  const int status = hosts::RunProgram(words, {read_line, out, err, false, read_bytes});
   return {status, out.str(), err.str()};
 }
 

@@ -1,0 +1,41 @@
+#include "hosts/output_name.h"
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/run_quarvel.h"
+
+namespace quarvel::hosts {
+namespace {
+
+TEST(OutputName, IsRefusedWhereItsSuffixSaysAnotherFormat) {
+  for (const char* const path :
+       {"a.mps", "a", "a.txt", "gz", "a.gz.mps", "dir.lp/a", "a.mps.bak"}) {
+    EXPECT_EQ(ObjectionToOutput(path), "") << path;
+  }
+  EXPECT_EQ(
+      ObjectionToOutput("a.mps.Gz"),
+      "is no name for an MPS file: .Gz is another format; names that end in .mps, or anything "
+      "else, are fine");
+  EXPECT_NE(ObjectionToOutput("a.lp"), "");
+}
+
+TEST(OutputName, IsLookedAtBeforeAnythingIsWritten) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", kSmallModel);
+  for (const std::vector<std::string>& words :
+       {std::vector<std::string>{"convert", model, folder.Path("b.lp")},
+        {"simplify", model, folder.Path("b.lp")},
+        {"edit", model, folder.Path("b.lp"), "-c", "set-bound X UP 7"}}) {
+    const Outcome run = RunQuarvel(words);
+    EXPECT_EQ(run.status, 2) << words[0];
+    EXPECT_TRUE(run.err.starts_with(folder.Expand("quarvel: @b.lp is no name for an MPS file")))
+        << run.err;
+    EXPECT_FALSE(folder.Has("b.lp"));
+  }
+}
+
+}  // namespace
+}  // namespace quarvel::hosts
