@@ -27,8 +27,9 @@ int RunEvaluate(Session& session) {
   const Arguments& arguments = session.arguments;
   session.Read(arguments.operands[0]);
   const LPModel& model = session.model();
-  const std::int32_t row = FindRecord(model, model::kRowKind, arguments.operands[1]);
-  Point point(model);
+  const auto note = [&session](std::string_view text) { session.Note(text); };
+  const std::int32_t row = FindRecord(model, model::kRowKind, arguments.operands[1], note);
+  Point point(model, note);
   if (!arguments.point.empty()) point.SetFromFile(arguments.point);
   for (std::size_t i = 2; i < arguments.operands.size(); ++i) {
     point.Set(arguments.operands[i], kUsage);

@@ -12,7 +12,8 @@ constexpr std::string_view kStatuses =
 
 constexpr std::string_view kNames =
     "\nRows and columns are given by name, or by number from 0. Names are looked up as given, then "
-    "in upper\ncase, as they are read from a file.\n";
+    "in upper\ncase, as they are read from a file. #5 is number 5 also where a name looks like "
+    "one.\n";
 
 }  // namespace
 

@@ -94,7 +94,8 @@ int PrintItem(Session& session, const model::RecordKind& kind) {
   const auto& operands = session.arguments.operands;
   session.Read(operands[0]);
   const LPModel& model = session.model();
-  const std::int32_t index = FindRecord(model, kind, operands[1]);
+  const std::int32_t index = FindRecord(model, kind, operands[1],
+                                        [&session](std::string_view text) { session.Note(text); });
   const std::int64_t elements = (model.*kind.elements)(index);
   const std::int64_t shown = std::min(elements, session.arguments.limit);
   const Item item = {session, model, kind, index, static_cast<std::int32_t>(shown)};

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "hosts/find_record.h"
 #include "hosts/streams.h"
@@ -72,8 +73,9 @@ void Point::Names::Add(std::string_view name) {
   if (++count <= static_cast<std::int64_t>(kKeptNames)) first.emplace_back(name);
 }
 
-Point::Point(const LPModel& model)
+Point::Point(const LPModel& model, std::function<void(std::string_view)> note)
     : model_(model),
+      note_(std::move(note)),
       values_(static_cast<std::size_t>(model.NumberOfColumns()), 0.0),
       given_(values_.size(), false) {}
 
@@ -87,7 +89,8 @@ void Point::Set(std::string_view pair, int status_of_bad_text) {
   if (!number) {
     throw CommandError(status_of_bad_text, "\"" + std::string(value) + "\" is not a number");
   }
-  SetColumn(FindRecord(model_, model::kColumnKind, Trimmed(pair.substr(0, equals))), *number);
+  SetColumn(FindRecord(model_, model::kColumnKind, Trimmed(pair.substr(0, equals)), note_),
+            *number);
 }
 
 void Point::SetFromFile(const std::string& path, UnknownName unknown) {

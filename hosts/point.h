@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -27,7 +28,8 @@ class Point {
     void Add(std::string_view name);
   };
 
-  explicit Point(const LPModel& model);
+  // `note` hears what FindRecord has to say of a column that Set is given.
+  explicit Point(const LPModel& model, std::function<void(std::string_view)> note = {});
 
   // "NAME=VALUE"; the last "=" separates, and names may hold others. A later value replaces an
   // earlier one. Raises a CommandError of this status for a text that is none, and for an unknown
@@ -54,6 +56,7 @@ class Point {
   void ForgetAll();
 
   const LPModel& model_;
+  std::function<void(std::string_view)> note_;
   std::vector<double> values_;
   std::vector<bool> given_;
   inspect::SolutionKind kind_ = inspect::SolutionKind::kPairs;

@@ -159,7 +159,7 @@ TEST_F(EditTest, WritesNothingAtABadCommand) {
       {"rename-row R1 R1", "That name is already in use"},
       {"rename-column X \"\"", "Invalid Name"},
       {"rename-column X \"A B\"", "Spaces are not allowed in column names"},
-      {"delete-row R9", "there is no row R9"},
+      {"delete-row R9", "there is no row R9; did you mean R1 or R2?"},
       {"delete-row 2", "Quarvel.dll error: row 2 is out of range.   Rows range from 0 to 1."},
       {"delete-column -1",
        "Quarvel.dll error: column -1 is out of range.   Columns range from 0 to 1."},
@@ -186,7 +186,8 @@ TEST_F(EditTest, WritesNothingAtABadCommand) {
 TEST_F(EditTest, NamesTheLineOfStandardInput) {
   const Outcome run = EditFromInput("# first\n\nset-bound X UP 7\ndelete-row R7\n");
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.err, "quarvel: line 4 (delete-row R7): there is no row R7\n");
+  EXPECT_EQ(run.err,
+            "quarvel: line 4 (delete-row R7): there is no row R7; did you mean R1 or R2?\n");
   EXPECT_FALSE(folder_.Has("b.mps"));
 }
 

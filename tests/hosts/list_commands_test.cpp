@@ -213,6 +213,33 @@ TEST(Names, AreFoundExactlyThenInUpperCaseThenAsNumbers) {
   }
 }
 
+TEST(Names, ThatLookLikeNumbersAreToldFromThem) {
+  const HostFolder folder;
+  const std::string model = folder.Write(
+      "a.mps",
+      "ROWS\n L A\n L 0\n L #0\n L 7\n L #9\nCOLUMNS\n X A 1 0 1\n 0 #0 1 7 1\n 1 #9 1\nENDATA\n");
+  const struct {
+    const char* given;
+    const char* found;
+    const char* note;
+  } cases[] = {
+      {"0", "0 (number 1)", "quarvel: 0 is taken as a name, that of row #1; #0 is A\n"},
+      {"#0", "A (number 0)", "quarvel: #0 is taken as a number; the row of that name is #2\n"},
+      {"#1", "0 (number 1)", ""},
+      {"2", "#0 (number 2)", ""},
+      {"7", "7 (number 3)", ""},  // there is no row of that number
+      {"#9", "#9 (number 4)", ""},
+  };
+  for (const auto& c : cases) {
+    const Outcome run = RunQuarvel({"row", model, c.given});
+    EXPECT_TRUE(run.out.starts_with(std::string("Row       ") + c.found + "\n")) << c.given;
+    EXPECT_EQ(run.err, c.note) << c.given;
+  }
+  const Outcome run = RunQuarvel({"evaluate", model, "A", "#0=5", "0=9"});
+  EXPECT_EQ(run.out, "5\n");
+  EXPECT_EQ(run.err, "quarvel: 0 is taken as a name, that of column #1; #0 is X\n");
+}
+
 TEST(Names, ThatDoNotExistAreReported) {
   const HostFolder folder;
   const std::string model = folder.Write("a.mps", kSmallModel);
@@ -221,7 +248,11 @@ TEST(Names, ThatDoNotExistAreReported) {
     const char* given;
     const char* complaint;
   } cases[] = {
-      {"row", "R9", "there is no row R9"},
+      {"row", "R9", "there is no row R9; did you mean R1 or R2?"},
+      {"row", "r", "there is no row r; did you mean R1 or R2?"},
+      {"row", "x", "there is no row x; there is a column of that name"},
+      {"row", "#R1", "there is no row #R1; did you mean R1?"},
+      {"row", "#2", "Quarvel.dll error: row 2 is out of range.   Rows range from 0 to 1."},
       {"column", "1.5", "there is no column 1.5"},
       {"row", "2", "Quarvel.dll error: row 2 is out of range.   Rows range from 0 to 1."},
       {"row", "-1", "Quarvel.dll error: row -1 is out of range.   Rows range from 0 to 1."},
