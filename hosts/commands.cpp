@@ -10,6 +10,11 @@ namespace {
 constexpr OptionSet kReadings = kDialect | kDefaultBounds | kQuestions | kLog;
 constexpr OptionSet kWritings = kReadings | kMissingEndata | kLoss;
 
+std::string InfoHelp() {
+  return "Several files make a table of one line each; --json prints one object a line. The exit status "
+         "is 1\nwhen a file was not read.\n";
+}
+
 std::string EvaluateHelp() {
   return "Columns that are not given are 0. A value on the command line replaces one of the "
          "point's "
@@ -47,8 +52,8 @@ std::string ViewHelp() {
 }
 
 constexpr Command kCommands[] = {
-    {"info", "FILE", 1, 1, kReadings | kJson, "print what the file holds, in numbers", nullptr,
-     RunInfo},
+    {"info", "FILE ...", 1, kAnyNumber, kReadings | kJson, "print what each file holds, in numbers",
+     InfoHelp, RunInfo},
     {"rows", "FILE", 1, 1, kReadings | kJson | kLimit | kEquations, "list the rows", nullptr,
      RunRows},
     {"columns", "FILE", 1, 1, kReadings | kJson | kLimit, "list the columns", nullptr, RunColumns},

@@ -1,5 +1,7 @@
 // quarvel info: what the model holds, in numbers.
 
+#include <utility>
+
 #include "hosts/commands.h"
 #include "hosts/printing.h"
 #include "text/numbers.h"
@@ -62,13 +64,76 @@ std::string InfoText(const LPModel& model) {
   return text;
 }
 
+// One file a line.
+class FileTable {
+ public:
+  explicit FileTable(Session& session) : session_(session) {}
+
+  // Prints a line about it; a file that is not read is told about and counted.
+  void Add(const std::string& path) {
+    ++files_;
+    try {
+      session_.Read(path);
+    } catch (const CommandError& error) {
+      if (error.status() == kInterrupted) throw;
+      session_.Note(error.text());
+      ++failed_;
+      return;
+    }
+    session_.streams.out << (session_.arguments.json ? InfoJson(session_, session_.model())
+                                                     : Line(path));
+  }
+
+  int End() {
+    if (!session_.arguments.json) {
+      std::string text = Counted(files_, "file");
+      if (failed_ > 0) text += ", " + text::IntegerText(failed_) + " not read";
+      session_.streams.out << text + '\n';
+    }
+    return failed_ == 0 ? kGood : kProblem;
+  }
+
+ private:
+  static constexpr std::size_t kWidth = 10;
+
+  std::string Line(const std::string& path) {
+    std::string line;
+    if (!std::exchange(has_header_, true)) {
+      for (const std::string_view title : {"Rows", "Columns", "Elements", "Integer"}) {
+        AppendRight(line, title, kWidth);
+      }
+      line += "  File\n";
+    }
+    const LPModel& model = session_.model();
+    for (const std::int32_t count : {model.NumberOfRows(), model.NumberOfColumns(),
+                                     model.NumberOfElements(), IntegerColumns(model)}) {
+      AppendRight(line, text::IntegerText(count), kWidth);
+    }
+    return line + "  " + text::VisibleText(path) + '\n';
+  }
+
+  Session& session_;
+  bool has_header_ = false;
+  std::int64_t files_ = 0;
+  std::int64_t failed_ = 0;
+};
+
 }  // namespace
 
 int RunInfo(Session& session) {
-  session.Read(session.arguments.operands[0]);
-  const LPModel& model = session.model();
-  session.streams.out << (session.arguments.json ? InfoJson(session, model) : InfoText(model));
-  return kGood;
+  const std::vector<std::string>& files = session.arguments.operands;
+  if (files.size() == 1) {
+    session.Read(files[0]);
+    const LPModel& model = session.model();
+    session.streams.out << (session.arguments.json ? InfoJson(session, model) : InfoText(model));
+    return kGood;
+  }
+  FileTable table(session);
+  for (const std::string& file : files) {
+    if (!session.KeepPrinting()) break;
+    table.Add(file);
+  }
+  return table.End();
 }
 
 }  // namespace quarvel::hosts

@@ -56,6 +56,7 @@ void Session::StopIfUnanswered() const {
 bool Session::KeepPrinting() const { return streams.out.good() && !desktop_.interrupted(); }
 
 void Session::Read(const std::string& path) {
+  answers_.file_failed = false;
   const bool is_read = arguments.component_dialect ? ReadAsComponent(path)
                                                    : reading_.Read(path) == mps::ReadOutcome::kRead;
   StopIfInterrupted();

@@ -1,3 +1,7 @@
+#include <algorithm>
+#include <string>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "tests/support/run_quarvel.h"
@@ -36,6 +40,29 @@ TEST(Info, PrintsJson) {
           "is negated, so that less is better; SLACK is the weight left over.\","
           "\"file\":\"@knapsack.mps\",\"rows\":2,\"columns\":7,\"elements\":13,"
           "\"bindingRows\":1,\"nonBindingRows\":1,\"integerColumns\":6,\"hasEndata\":true}\n"));
+}
+
+TEST(Info, ListsSeveralFilesAndGoesOnPastThoseThatAreNotRead) {
+  const HostFolder folder;
+  const std::vector<std::string> files = {folder.Example("diet.mps"), folder.Path("missing.mps"),
+                                          folder.Example("mistakes.mps"),
+                                          folder.Example("knapsack.mps")};
+  std::vector<std::string> words = {"info"};
+  words.insert(words.end(), files.begin(), files.end());
+  const Outcome run = RunQuarvel(words);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, folder.Expand("      Rows   Columns  Elements   Integer  File\n"
+                                   "         5         5        25         0  @diet.mps\n"
+                                   "         2         7        13         6  @knapsack.mps\n"
+                                   "4 files, 2 not read\n"));
+  EXPECT_NE(run.err.find(folder.Expand("quarvel: @missing.mps was not read\n")), std::string::npos);
+  EXPECT_NE(run.err.find(folder.Expand("quarvel: @mistakes.mps was not read; \"--on-error")),
+            std::string::npos);
+  words.emplace_back("--json");
+  const Outcome json = RunQuarvel(words);
+  EXPECT_EQ(json.status, 1);
+  EXPECT_EQ(std::count(json.out.begin(), json.out.end(), '\n'), 2);
+  EXPECT_EQ(RunQuarvel({"info", files[0], files[0]}).status, 0);
 }
 
 TEST(Info, EscapesTextInJson) {

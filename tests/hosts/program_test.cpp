@@ -57,8 +57,8 @@ TEST(Program, RefusesWhatItDoesNotUnderstand) {
   const Misuse cases[] = {
       {{"polish"}, "there is no command polish"},
       {{"--polish"}, "there is no option --polish"},
-      {{"info"}, "info takes FILE"},
-      {{"info", "a", "b"}, "info takes FILE"},
+      {{"info"}, "info takes FILE ..."},
+      {{"rows", "a", "b"}, "rows takes FILE"},
       {{"info", ""}, "info takes no empty words"},
       {{"convert", "a"}, "convert takes IN OUT"},
       {{"row", "a"}, "row takes FILE NAME|INDEX"},
