@@ -22,6 +22,13 @@ std::string EvaluateHelp() {
          "In that file empty lines and lines that start with # are passed over.\n";
 }
 
+std::string ExplainHelp() {
+  return "Each type, bound and coefficient is told with the line that set it and those that it overrode; "
+         "then\nlines that name the row or column and change nothing of it, what was wrong in such lines, and all "
+         "these\nlines as they stand in the file. A row and a column of that name are both explained. Without "
+         "--limit, the\nfirst 10 elements are listed.\n";
+}
+
 std::string WhyHelp() {
   return "Lists rows that are beyond a limit, columns that are beyond a bound, and integer columns that "
          "are not\nwhole, the worst first: without --limit the first 20, each row with its 12 largest "
@@ -63,6 +70,8 @@ constexpr Command kCommands[] = {
      "print one column with its elements", nullptr, RunColumn},
     {"evaluate", "FILE ROW [NAME=VALUE ...]", 2, kAnyNumber, kReadings | kJson | kPoint,
      "print a row's activity at a point", EvaluateHelp, RunEvaluate},
+    {"explain", "FILE NAME|INDEX", 2, 2, kDefaultBounds | kJson | kLimit,
+     "tell which lines made a row or column what it is", ExplainHelp, RunExplain},
     {"why", "FILE POINT", 2, 2, kReadings | kJson | kLimit | kTolerance,
      "list what a point does not keep of the model", WhyHelp, RunWhy},
     {"check", "FILE", 1, 1, (kReadings & ~kOnError) | kJson | kLimit,

@@ -4,6 +4,7 @@
 
 #include "hosts/input_bytes.h"
 #include "hosts/printing.h"
+#include "hosts/streams.h"
 #include "model/simplify_offer.h"
 #include "mps/frm_progress.h"
 #include "platform/box.h"
@@ -36,6 +37,19 @@ platform::Box BoxOf(const mps::FileProblem& problem) {
 
 }  // namespace
 
+mps::ReadOptions ReadOptionsOf(const Arguments& arguments) {
+  mps::ReadOptions options;
+  options.infinite_default_bounds = arguments.infinite_default_bounds.value_or(false);
+  return options;
+}
+
+void RaiseNotRead(const std::string& path, const mps::FileRead& read) {
+  for (const mps::FileProblem& problem : read.problems.kept()) {
+    if (problem.failure) throw CommandError(kProblem, path + ": " + problem.failure->description());
+  }
+  throw CommandError(kProblem, path + " was not read");
+}
+
 mps::ReadOutcome FileReading::Read(const std::string& path) {
   const std::string name(path == kStandardInput ? kStandardInputName : path);
   answers_.file = name;
@@ -54,9 +68,8 @@ mps::FileRead FileReading::ReadInWindow(const std::string& path, const std::stri
   window.Load();
   window.set_caption("Reading " + name);
   window.Show();
-  mps::ReadOptions options;
+  mps::ReadOptions options = ReadOptionsOf(arguments_);
   options.open = InputOpener(path, streams_);
-  options.infinite_default_bounds = arguments_.infinite_default_bounds.value_or(false);
   options.on_problem = [&](const mps::FileProblem& problem) {
     return GoesOnAfter(problem, window);
   };

@@ -18,6 +18,12 @@ class frmProgress;
 
 namespace quarvel::hosts {
 
+// How the command line has files read. Without callbacks.
+mps::ReadOptions ReadOptionsOf(const Arguments& arguments);
+
+// Raises a CommandError for a file that could not be opened or read.
+[[noreturn]] void RaiseNotRead(const std::string& path, const mps::FileRead& read);
+
 class FileReading {
  public:
   // All must outlive this.

@@ -78,7 +78,7 @@ class FileRun {
     SourceLine& line = source_.line();
     while (goes_on_ && source_.Next(sections_.section())) {
       if (line.number() % kLinesBetweenCalls == 0 && !Progress()) break;
-      if (!sections_.Use(line)) break;
+      if (!Use(line)) break;
     }
     // What is packed tells at its end only whether it was whole.
     if (goes_on_ && options_.open) source_.SkipRest();
@@ -87,6 +87,15 @@ class FileRun {
     if (!goes_on_) return;
     read_.facts.has_endata = sections_.has_ended();
     if (!read_.facts.has_endata) Tell({FileProblemCode::kMissingEndata, line.number()});
+  }
+
+  bool Use(SourceLine& line) {
+    if (!options_.on_line) [[likely]]
+      return sections_.Use(line);
+    const Section section = sections_.section();
+    const bool goes_on = sections_.Use(line);
+    options_.on_line(line, section, sections_.section());
+    return goes_on;
   }
 
   bool Progress() {

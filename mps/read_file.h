@@ -11,6 +11,8 @@
 #include "model/model_store.h"
 #include "mps/file_facts.h"
 #include "mps/file_problem.h"
+#include "mps/line_source.h"
+#include "mps/section.h"
 #include "platform/byte_source.h"
 
 namespace quarvel::mps {
@@ -29,6 +31,9 @@ struct ReadOptions {
   // Called now and then with the bytes that are done and those of the file; false ends the read. It
   // must not touch the store.
   std::function<bool(std::uint64_t done, std::uint64_t all)> on_progress = {};
+  // Hears of each line once it is used, as it was used, with the section it stands in and that of the
+  // next line; the store's fill() has what it made. It must not change the store.
+  std::function<void(const SourceLine& line, Section section, Section next)> on_line = {};
 };
 
 enum class ReadOutcome : std::uint8_t {

@@ -110,6 +110,25 @@ TEST_F(ReadFileTest, EndsWhereItIsToldTo) {
   EXPECT_EQ(store_.settings().ReadMPSFileErr, 0);
 }
 
+TEST_F(ReadFileTest, TellsOfEachLineWhatItMade) {
+  std::string heard;
+  ReadOptions options;
+  options.on_line = [&](const SourceLine& line, Section section, Section next) {
+    const model::ModelData& data = store_.fill().data();
+    for (const std::int64_t number :
+         {line.number(), static_cast<std::int64_t>(section), static_cast<std::int64_t>(next),
+          std::int64_t{data.NumberOfRows}, std::int64_t{data.NumberOfElements}}) {
+      heard += std::to_string(number) + ' ';
+    }
+    heard += line.is_split() ? std::string(line[1]) + '\n' : "\n";
+  };
+  Read("* text\nROWS\n N  cost\nCOLUMNS\n x  cost  1\n x  nope  1\nBOUNDS\n UP B x 4\nENDATA\n",
+       options);
+  EXPECT_EQ(heard,
+            "1 0 0 0 0 \n2 0 1 0 0 ROWS\n3 1 1 1 0 N\n4 1 2 1 0 COLUMNS\n5 2 2 1 1 X\n6 2 2 1 1 X\n"
+            "7 2 5 1 1 BOUNDS\n8 5 5 1 1 UP\n9 5 5 1 1 ENDATA\n");
+}
+
 TEST_F(ReadFileTest, TellsAFileThatCannotBeReadAsAProblem) {
   Read(kGood);
   const FileRead read = ReadFile(folder_.File("none.mps"), {}, store_);

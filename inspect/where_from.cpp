@@ -1,0 +1,254 @@
+#include "inspect/where_from.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+#include "model/name_key.h"
+#include "mps/line_source.h"
+#include "mps/section.h"
+
+namespace quarvel::inspect {
+namespace {
+
+using mps::Section;
+
+// The type and bounds of a record when they were last looked at.
+struct Seen {
+  std::string type;
+  model::Bounds bounds;
+};
+
+class OriginWatch {
+ public:
+  OriginWatch(model::ModelStore& store, std::vector<RecordOrigin>& records, std::size_t kept)
+      : fill_(store.fill()), records_(records), kept_(kept), seen_(records.size()) {
+    for (std::size_t i = 0; i < records.size(); ++i) {
+      (records[i].is_row ? rows_ : columns_).emplace(records[i].name, i);
+    }
+  }
+
+  void Hear(const mps::FileProblem& problem) {
+    if (problem.line != 0) return of_this_line_.push_back(problem);
+    for (RecordOrigin& record : records_) {
+      if (record.name == problem.item && MayBeAbout(record, problem)) AddProblem(record, problem);
+    }
+  }
+
+  // A line that was used in that section.
+  void Use(const mps::SourceLine& line, Section section, Section section_after) {
+    const std::int32_t elements = fill_.data().NumberOfElements;
+    added_ = elements - std::exchange(elements_, elements);
+    if (line.is_split() && section == section_after && line.token_count() > 1) {
+      UseTokens(line, section);
+    }
+    of_this_line_.clear();
+  }
+
+  // The types that rows have in the end.
+  void Finish() {
+    for (std::size_t i = 0; i < records_.size(); ++i) {
+      if (records_[i].number != 0) Compare(i, 0);
+    }
+  }
+
+ private:
+  using Names = std::unordered_map<std::string_view, std::size_t>;
+
+  void UseTokens(const mps::SourceLine& line, Section section) {
+    if (section == Section::kColumns && line[2] == "'MARKER'") {
+      marker_line_ = line.number();
+      return;
+    }
+    const std::size_t kept = std::min(line.token_count(), mps::TokenList::kKept);
+    for (std::size_t token = 1; token <= kept; ++token) {
+      if (MayName(line, section, token, true)) Try(rows_, line, token);
+      if (MayName(line, section, token, false)) Try(columns_, line, token);
+    }
+    for (const std::size_t i : touched_) Touch(i, line, section);
+    touched_.clear();
+  }
+
+  // Whether a row's or column's name stands there. In a line of a wrong number of tokens it may stand
+  // anywhere.
+  static bool MayName(const mps::SourceLine& line, Section section, std::size_t token,
+                      bool is_row) {
+    const std::size_t count = line.token_count();
+    const bool is_pair = token == 2 || token == 4;
+    switch (section) {
+      case Section::kStart:
+        return false;
+      case Section::kRows:
+        return is_row && (count != 2 || token == 2);
+      case Section::kColumns:
+        if (count != 3 && count != 5) return true;
+        return is_row ? is_pair : token == 1;
+      case Section::kRhs:
+      case Section::kRanges:
+        return is_row && ((count != 3 && count != 5) || is_pair);
+      case Section::kBounds:
+        return !is_row && (count < 3 || count > 4 || token == 3);
+    }
+    return false;
+  }
+
+  void Try(const Names& names, const mps::SourceLine& line, std::size_t token) {
+    const auto found = names.find(line[token]);
+    if (found == names.end()) return;
+    if (std::find(touched_.begin(), touched_.end(), found->second) == touched_.end()) {
+      touched_.push_back(found->second);
+    }
+  }
+
+  void Touch(std::size_t i, const mps::SourceLine& line, Section section) {
+    RecordOrigin& record = records_[i];
+    const bool is_new = record.number == 0 && FindNew(i);
+    bool changes = is_new || (record.number != 0 && Compare(i, line.number()));
+    if (is_new) Begin(i, line.number());
+    if (section == Section::kColumns && AddCoefficients(record, line)) changes = true;
+    for (const mps::FileProblem& problem : of_this_line_) {
+      // What is said of one row in a line is not said of the other.
+      const bool is_about_another =
+          record.is_row && !problem.item.empty() && problem.item != record.name;
+      if (!is_about_another) AddProblem(record, problem);
+    }
+    if (changes) return;
+    if (record.idle_lines.size() < kept_) record.idle_lines.push_back(line.number());
+    ++record.idle_count;
+  }
+
+  bool FindNew(std::size_t i) {
+    RecordOrigin& record = records_[i];
+    const model::NameKey key = model::NameKey::Of(record.name);
+    record.number =
+        record.is_row ? fill_.FindRow(key, record.name) : fill_.FindColumn(key, record.name);
+    return record.number != 0;
+  }
+
+  Seen Look(const RecordOrigin& record) const {
+    if (record.is_row) {
+      const model::RowRecord& row = fill_.data().Rows[record.number];
+      return {model::TypeText(row.Type), row};
+    }
+    const model::ColumnRecord& column = fill_.data().Columns[record.number];
+    return {model::TypeText(column.Type), column};
+  }
+
+  void Begin(std::size_t i, std::int64_t line) {
+    RecordOrigin& record = records_[i];
+    seen_[i] = Look(record);
+    record.type.Add({.line = line, .type = seen_[i].type}, kept_);
+    const model::Bounds bounds = seen_[i].bounds;
+    const model::Bounds usual = DefaultOf(record);
+    const bool is_usual_lower = bounds.LowerBound == usual.LowerBound;
+    const bool is_usual_upper = bounds.UpperBound == usual.UpperBound;
+    record.lower.Add({.line = is_usual_lower ? 0 : line, .value = bounds.LowerBound}, kept_);
+    record.upper.Add({.line = is_usual_upper ? 0 : line, .value = bounds.UpperBound}, kept_);
+    if (!record.is_row) record.marker_line = marker_line_;
+  }
+
+  model::Bounds DefaultOf(const RecordOrigin& record) const {
+    if (record.is_row) {
+      const model::RowTypeTraits& type = model::TraitsOf(fill_.data().Rows[record.number].Type);
+      return {type.FreshLower(), type.FreshUpper()};
+    }
+    const bool infinite = fill_.data().DefaultToPlusMinusInfinity;
+    return {infinite ? -model::BoundLimit : 0, model::BoundLimit};
+  }
+
+  // True when the record is not what it was.
+  bool Compare(std::size_t i, std::int64_t line) {
+    RecordOrigin& record = records_[i];
+    const Seen before = std::exchange(seen_[i], Look(record));
+    const Seen& now = seen_[i];
+    bool changes = false;
+    if (now.type != before.type) {
+      record.type.Add({.line = line, .type = now.type}, kept_);
+      record.marker_line = 0;
+      changes = true;
+    }
+    changes |= CompareBound(record.lower, before.bounds.LowerBound, now.bounds.LowerBound, line);
+    changes |= CompareBound(record.upper, before.bounds.UpperBound, now.bounds.UpperBound, line);
+    return changes;
+  }
+
+  bool CompareBound(History& history, double before, double now, std::int64_t line) const {
+    if (now == before) return false;
+    history.Add({.line = line, .value = now}, kept_);
+    return true;
+  }
+
+  // Those that the line has added to the last column of a name.
+  bool AddCoefficients(RecordOrigin& record, const mps::SourceLine& line) {
+    if (added_ == 0) return false;
+    const std::int32_t c = fill_.FindColumn(line.Key(1), line[1]);
+    if (c == 0 || (!record.is_row && c != record.number)) return false;
+    const model::ElementList& elements = fill_.data().Columns[c].Elements;
+    bool any = false;
+    for (std::int32_t k = std::max(elements.size() - added_, 0) + 1; k <= elements.size(); ++k) {
+      const model::ElementEntry& entry = elements[k];
+      if (record.is_row && entry.Index != record.number) continue;
+      any = true;
+      if (++record.coefficient_count > static_cast<std::int64_t>(kept_)) continue;
+      const model::ModelData& data = fill_.data();
+      const std::string& other = record.is_row ? data.Columns[c].Name : data.Rows[entry.Index].Name;
+      record.coefficients.push_back({line.number(), other, entry.Value});
+    }
+    return any;
+  }
+
+  // Of a problem of the model: whether it is one of such a record.
+  static bool MayBeAbout(const RecordOrigin& record, const mps::FileProblem& problem) {
+    using enum mps::FileProblemCode;
+    const mps::FileProblemCode code = problem.code;
+    if (code == kRowBoundsReversed || code == kEmptyRow) return record.is_row;
+    if (code == kColumnBoundsReversed || code == kEmptyColumn) return !record.is_row;
+    return true;
+  }
+
+  void AddProblem(RecordOrigin& record, const mps::FileProblem& problem) const {
+    ++record.problem_count;
+    if (record.problems.size() < kept_) record.problems.push_back(problem);
+  }
+
+  model::ModelFill fill_;
+  std::vector<RecordOrigin>& records_;
+  std::size_t kept_;
+  std::vector<Seen> seen_;
+  Names rows_;
+  Names columns_;
+  std::vector<mps::FileProblem> of_this_line_;
+  std::vector<std::size_t> touched_;  // by this line
+  std::int32_t elements_ = 0;         // of the model after the last line
+  std::int32_t added_ = 0;            // by this line
+  std::int64_t marker_line_ = 0;
+};
+
+}  // namespace
+
+void History::Add(Setting setting, std::size_t kept) {
+  ++count;
+  if (!last.empty() && last.size() >= kept) last.erase(last.begin());
+  last.push_back(std::move(setting));
+}
+
+mps::FileRead FindOrigins(const std::string& path, const mps::ReadOptions& options,
+                          model::ModelStore& store, std::vector<RecordOrigin>& records,
+                          std::size_t kept) {
+  OriginWatch watch(store, records, kept);
+  mps::ReadOptions watched = options;
+  watched.on_problem = [&](const mps::FileProblem& problem) {
+    watch.Hear(problem);
+    return !options.on_problem || options.on_problem(problem);
+  };
+  watched.on_line = [&](const mps::SourceLine& line, Section section, Section section_after) {
+    watch.Use(line, section, section_after);
+  };
+  mps::FileRead read = mps::ReadFile(path, watched, store);
+  if (read.outcome == mps::ReadOutcome::kRead) watch.Finish();
+  return read;
+}
+
+}  // namespace quarvel::inspect

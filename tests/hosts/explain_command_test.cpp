@@ -1,0 +1,170 @@
+#include <gtest/gtest.h>
+
+#include "tests/support/run_quarvel.h"
+
+namespace quarvel {
+namespace {
+
+constexpr std::string_view kModel =
+    "ROWS\n N COST\n L LIM\n E X\nCOLUMNS\n X COST 1 LIM 2\n X NONE 1 X 3\n M 'MARKER' 'INTORG'\n"
+    " i lim 5\nRHS\n RHS LIM 4\nRANGES\n RNG LIM 2.5\nBOUNDS\n UP BND X 4\n up bnd x 9\n LO B X 0\n"
+    "ENDATA\n";
+
+TEST(Explain, TellsWhichLinesMadeAColumn) {
+  const HostFolder folder;
+  const Outcome run = RunQuarvel({"explain", folder.Write("a.mps", kModel), "i"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.out,
+            "column I (number 1)\n"
+            "  type      I: line 9, under the marker of line 8\n"
+            "  lower     0: default\n"
+            "  upper     inf: default\n"
+            "  elements  1\n"
+            "            LIM 5: line 9\n"
+            "8 | M 'MARKER' 'INTORG'\n"
+            "9 | i lim 5\n");
+}
+
+TEST(Explain, TellsWhichLinesMadeARow) {
+  const HostFolder folder;
+  EXPECT_EQ(RunQuarvel({"explain", folder.Write("a.mps", kModel), "LIM"}).out,
+            "row LIM (number 1)\n"
+            "  type      R: made of its bounds; line 3 had said L\n"
+            "  lower     1.5: line 13\n"
+            "  upper     4: line 11\n"
+            "  elements  2\n"
+            "            X 2: line 6\n"
+            "            I 5: line 9\n"
+            " 3 | L LIM\n"
+            " 6 | X COST 1 LIM 2\n"
+            " 9 | i lim 5\n"
+            "11 | RHS LIM 4\n"
+            "13 | RNG LIM 2.5\n");
+}
+
+TEST(Explain, TellsWhatWasOverriddenAndOfBothRecordsOfAName) {
+  const HostFolder folder;
+  EXPECT_EQ(RunQuarvel({"explain", folder.Write("a.mps", kModel), "x"}).out,
+            "row X (number 2)\n"
+            "  type      E: line 4\n"
+            "  lower     0: default\n"
+            "  upper     0: default\n"
+            "  elements  1\n"
+            "            X 3: line 7\n"
+            "column X (number 0)\n"
+            "  type      R: line 6\n"
+            "  lower     0: default\n"
+            "  upper     9: line 16; line 15 had said 4\n"
+            "  elements  3\n"
+            "            COST 1: line 6\n"
+            "            LIM 2: line 6\n"
+            "            X 3: line 7\n"
+            "  unused    line 17 names it and changes none of this\n"
+            "  problem   E110, line 7: no row of this name: NONE\n"
+            " 4 | E X\n"
+            " 6 | X COST 1 LIM 2\n"
+            " 7 | X NONE 1 X 3\n"
+            "15 | UP BND X 4\n"
+            "16 | up bnd x 9\n"
+            "17 | LO B X 0\n");
+}
+
+TEST(Explain, TellsOfTheObjective) {
+  const HostFolder folder;
+  EXPECT_NE(RunQuarvel({"explain", folder.Write("a.mps", kModel), "COST"})
+                .out.find("  objective the sense is not said\n"),
+            std::string::npos);
+}
+
+TEST(Explain, TakesNumbersWhereThereIsNoSuchName) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", kModel);
+  const std::string both = RunQuarvel({"explain", model, "1"}).out;
+  EXPECT_TRUE(both.starts_with("row LIM (number 1)\n")) << both;
+  EXPECT_NE(both.find("column I (number 1)\n"), std::string::npos) << both;
+  const std::string row = RunQuarvel({"explain", model, "2"}).out;
+  EXPECT_TRUE(row.starts_with("row X (number 2)\n")) << row;
+  EXPECT_EQ(row.find("column"), std::string::npos) << row;
+  EXPECT_EQ(RunQuarvel({"explain", model, "3"}).status, 1);
+}
+
+TEST(Explain, TellsWhatNamesARecordThatIsNotThere) {
+  const HostFolder folder;
+  const Outcome run = RunQuarvel({"explain", folder.Write("a.mps", kModel), "none"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out,
+            "  unused    line 7 names it and changes none of this\n"
+            "  problem   E110, line 7: no row of this name: NONE\n"
+            "7 | X NONE 1 X 3\n");
+  EXPECT_EQ(run.err, folder.Expand("quarvel: @a.mps: there is no row or column none\n"));
+}
+
+TEST(Explain, ListsTenElementsUnlessItIsToldOtherwise) {
+  const HostFolder folder;
+  std::string text = "ROWS\n L R\nCOLUMNS\n";
+  for (int i = 1; i <= 12; ++i) text += " X" + std::to_string(i) + " R 1\n";
+  const std::string model = folder.Write("a.mps", text + "ENDATA\n");
+  const std::string ten = RunQuarvel({"explain", model, "R"}).out;
+  EXPECT_NE(ten.find("X10 1: line 13\n            (the first 10; --limit all lists them)\n"),
+            std::string::npos)
+      << ten;
+  const std::string all = RunQuarvel({"explain", model, "R", "--limit", "all"}).out;
+  EXPECT_NE(all.find("X12 1: line 15\n 2 | L R\n"), std::string::npos) << all;
+}
+
+TEST(Explain, PrintsJson) {
+  const HostFolder folder;
+  const Outcome run = RunQuarvel({"explain", folder.Write("a.mps", kModel), "I", "--json"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(
+      run.out,
+      folder.Expand(
+          "{\"file\":\"@a.mps\",\"row\":{\"name\":\"I\",\"unused\":{\"count\":0,\"lines\":[]},"
+          "\"problems\":{\"count\":0,\"first\":[]}},\"column\":{\"index\":1,\"name\":\"I\","
+          "\"type\":{\"count\":1,\"settings\":[{\"line\":9,\"value\":\"I\"}]},\"marker\":8,"
+          "\"lowerBound\":{\"count\":1,\"settings\":[{\"value\":0}]},"
+          "\"upperBound\":{\"count\":1,\"settings\":[{\"value\":10000000000}]},"
+          "\"elements\":{\"count\":1,\"first\":[\n{\"line\":9,\"row\":\"LIM\",\"value\":5}]},"
+          "\"unused\":{\"count\":0,\"lines\":[]},\"problems\":{\"count\":0,\"first\":[]}},\"lines\":[\n"
+          "{\"line\":8,\"text\":\" M 'MARKER' 'INTORG'\"},\n{\"line\":9,\"text\":\" i lim 5\"}],"
+          "\"hasEndata\":true}\n"));
+  const std::string objective = RunQuarvel({"explain", folder.Path("a.mps"), "COST", "--json"}).out;
+  EXPECT_NE(objective.find("\"objective\":\"the sense is not said\",\"objectiveConstant\":0,"),
+            std::string::npos)
+      << objective;
+  const std::string both = RunQuarvel({"explain", folder.Path("a.mps"), "X", "--json"}).out;
+  EXPECT_NE(
+      both.find("\"problems\":{\"count\":1,\"first\":[{\"code\":\"E110\",\"line\":7,\"text\":\"no "
+                "row of this name: NONE\"}]}"),
+      std::string::npos)
+      << both;
+}
+
+TEST(Explain, ReadsStandardInput) {
+  const Outcome run = RunQuarvel({"explain", "-", "I"}, kModel);
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_TRUE(run.out.starts_with("column I (number 1)\n")) << run.out;
+  EXPECT_EQ(RunQuarvel({"explain", "-", "1"}, kModel).err,
+            "quarvel: standard input: there is no row or column 1\n");
+}
+
+TEST(Explain, EndsWithAFileThatCannotBeRead) {
+  const HostFolder folder;
+  const Outcome run = RunQuarvel({"explain", folder.Path("missing.mps"), "X"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err, folder.Expand("quarvel: @missing.mps: File not found\n"));
+}
+
+TEST(Explain, LeavesNothingOfNamesThatWouldSteerATerminal) {
+  const HostFolder folder;
+  const std::string model =
+      folder.Write("a.mps", "ROWS\n L R\x1B[2J\nCOLUMNS\n X\x1B[2J R\x1B[2J 1\nENDATA\n");
+  const Outcome run = RunQuarvel({"explain", model, "R\x1B[2J"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out.find('\x1B'), std::string::npos);
+}
+
+}  // namespace
+}  // namespace quarvel
