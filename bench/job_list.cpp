@@ -29,6 +29,7 @@ class JobLister {
 
   std::vector<Job> List() {
     AddReads();
+    AddCheck();
     AddWrite();
     AddQuery();
     AddSimplifications();
@@ -116,6 +117,21 @@ class JobLister {
     AddRead("read, 2 pairs a line", File("pairs2", 1, {0, 0, {"--pairs", "2"}}), "fixed", 4, 0);
     AddRead("read, CR LF", File("crlf", 1, {0, 0, {"--crlf"}}), "fixed", 4, 0);
     AddRead("read, rows in order", File("sorted", 1, {0, 0, {"--order", "sorted"}}), "fixed", 4, 0);
+  }
+
+  void AddCheck() {
+    constexpr double kRatio = 1 / 2.5;
+    constexpr double kMegabytes = 390;  // one and a half times those of a read
+    const ModelFile file = File("base");
+    Job job;
+    job.name = "check";
+    job.files = {file};
+    job.command = Ours({"check", file.path});
+    job.contenders = {Other("read", {"read", file.path})};
+    job.least_ratio = kRatio;
+    job.most_megabytes = kMegabytes;
+    Expect(job, file);
+    jobs_.push_back(std::move(job));
   }
 
   void AddWrite() {

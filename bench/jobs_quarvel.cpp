@@ -18,6 +18,8 @@
 #include "bench/edit_jobs.h"
 #include "bench/stopwatch.h"
 #include "component/lp_model.h"
+#include "inspect/lint.h"
+#include "mps/read_file.h"
 
 namespace quarvel::bench {
 namespace {
@@ -61,6 +63,19 @@ struct Session {
 void Read(Arguments arguments) {
   Session session;
   PrintResult("seconds", session.Read(arguments[0]));
+  session.PrintSize();
+}
+
+// What `quarvel check` does but for printing.
+void Check(Arguments arguments) {
+  Session session;
+  model::ModelStore& store = session.model.store();
+  mps::FileRead read;
+  PrintResult("seconds", SecondsOf([&] {
+                read = mps::ReadFile(arguments[0], {}, store);
+                inspect::Lint(store, read.problems);
+              }));
+  Require(read.outcome == mps::ReadOutcome::kRead, "the file was not read");
   session.PrintSize();
 }
 
@@ -279,6 +294,7 @@ struct Job {
 
 constexpr Job kJobs[] = {
     {"read", 1, Read},
+    {"check", 1, Check},
     {"write", 2, Write},
     {"query", 1, Query},
     {"loop", 1, Loop},
@@ -299,7 +315,7 @@ int RunJob(Arguments arguments) {
   }
   if (arguments.size() == 2 && RunEditJob(name, Number(arguments[1]))) return 0;
   std::fputs(
-      "usage: bench_quarvel read|query|loop|simplify FILE\n"
+      "usage: bench_quarvel read|check|query|loop|simplify FILE\n"
       "       bench_quarvel write FILE OUT\n"
       "       bench_quarvel delete-rows|delete-column FILE ROWS\n"
       "       bench_quarvel delete-rows-looking-at-rows|delete-rows-looking-at-columns FILE ROWS\n"

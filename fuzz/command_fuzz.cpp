@@ -74,13 +74,15 @@ bool Has(const Words& words, std::string_view start) {
 
 // What holds of every run.
 std::string FaultOf(const Words& words, const Outcome& result) {
-  if (result.status < 0 || result.status > 2) return "no such exit status";
+  const int most = Has(words, "check") ? 3 : 2;
+  if (result.status < 0 || result.status > most) return "no such exit status";
   if (quarvel::fuzz::SteersTerminal(result.out, "\n"))
     return "standard output has control characters";
   if (quarvel::fuzz::SteersTerminal(result.err, "\n"))
     return "standard error has control characters";
-  const bool wants_json = Has(words, "--json") && !Has(words, "--help") && !Has(words, "-h") &&
-                          !Has(words, "--version") && result.status == 0;
+  const bool wants_json = (Has(words, "--json") || Has(words, "--sarif")) &&
+                          !Has(words, "--help") && !Has(words, "-h") && !Has(words, "--version") &&
+                          result.status == 0;
   const bool prints_json =
       wants_json && (result.out.starts_with('{') || result.out.starts_with('['));
   if (prints_json && !quarvel::fuzz::JsonText::IsValid(result.out)) return "no JSON";
@@ -90,7 +92,7 @@ std::string FaultOf(const Words& words, const Outcome& result) {
 // --- any command line ---
 
 std::string ChooseWord(Choices& choose) {
-  static const std::array<const char*, 60> kWords = {"a.mps",
+  static const std::array<const char*, 66> kWords = {"a.mps",
                                                      "b.mps",
                                                      "point.txt",
                                                      "missing",
@@ -148,6 +150,12 @@ std::string ChooseWord(Choices& choose) {
                                                      "999",
                                                      "",
                                                      "--on-error=stop",
+                                                     "--only",
+                                                     "--only=E1,W5",
+                                                     "--ignore=W",
+                                                     "not-kept",
+                                                     "--sarif",
+                                                     "--no-lint",
                                                      "set-name A",
                                                      "delete-row R1"};
   const std::uint32_t kind = choose(80);

@@ -73,10 +73,6 @@ std::optional<MsgBoxResult> Answers::AnswerBox(const Box& box, bool& print) {
 std::optional<MsgBoxResult> Answers::AnswerQuestion(const Box& box, const QuestionOption& option) {
   file_failed = file_failed || IsFileFailure(box);
   const bool failed = option.of_file && file_failed;
-  if (option.of_file && on_problem) {
-    on_problem(box);
-    return failed ? MsgBoxResult::kNo : MsgBoxResult::kYes;
-  }
   const GivenAnswer* given = &AnswerTo(box.kind, arguments_);
   if (!given->answer && can_ask && !failed) return std::nullopt;
   if (!given->answer) given = FindAnswer(option, option.unasked);

@@ -22,8 +22,6 @@ class Answers : public platform::ConsoleAnswers {
   std::string file;
   // True when the user can be asked; what is to be asked is then left to the desktop.
   bool can_ask = false;
-  // When set, hears of every problem, which is then passed over; else they go by --on-error.
-  std::function<void(const platform::Box&)> on_problem;
   // Hears of what the user should know, also of each problem that is answered here.
   std::function<void(std::string_view)> on_note;
   // The texts of plain boxes that refuse or report a failure, until they are taken.

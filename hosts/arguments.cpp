@@ -86,6 +86,18 @@ bool SetPath(std::string& target, std::string_view value) {
   return !value.empty();
 }
 
+// Words with commas between them, none of them empty.
+bool AppendWords(std::vector<std::string>& words, std::string_view value) {
+  while (true) {
+    const std::size_t comma = value.find(',');
+    const std::string_view word = value.substr(0, comma);
+    if (word.empty()) return false;
+    words.emplace_back(word);
+    if (comma == std::string_view::npos) return true;
+    value.remove_prefix(comma + 1);
+  }
+}
+
 constexpr Option kFirstOptions[] = {
     {kDialect, "--dialect", "", "wide|component",
      "how files are read: as this program does (the default), or as\nthe component does, with its "
@@ -126,6 +138,16 @@ constexpr Option kMoreOptions[] = {
      [](Arguments& a, std::string_view) { return a.allow_missing_endata = true; }},
     {kLoss, "--allow-loss", "", "", "write also limits and bounds that read back as others",
      [](Arguments& a, std::string_view) { return a.allow_loss = true; }},
+    {kOnly, "--only", "", "CODES",
+     "of these problems only: ids, names or the starts of ids,\n"
+     "as E110,long-names,W; may be given many times",
+     [](Arguments& a, std::string_view v) { return AppendWords(a.only, v); }},
+    {kIgnore, "--ignore", "", "CODES", "of all problems but these",
+     [](Arguments& a, std::string_view v) { return AppendWords(a.ignore, v); }},
+    {kSarif, "--sarif", "", "", "print SARIF 2.1.0, as services that show problems of code take it",
+     [](Arguments& a, std::string_view) { return a.sarif = true; }},
+    {kNoLint, "--no-lint", "", "", "do not look for what is legal and risky in the model",
+     [](Arguments& a, std::string_view) { return a.no_lint = true; }},
     {0, "--help", "-h", "", "print this help",
      [](Arguments& a, std::string_view) { return a.help = true; }},
     {0, "--version", "", "", "print the version",

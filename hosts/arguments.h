@@ -30,6 +30,10 @@ inline constexpr OptionSet kMissingEndata = OptionSet{1} << 8;
 inline constexpr OptionSet kLoss = OptionSet{1} << 9;
 inline constexpr OptionSet kDialect = OptionSet{1} << 36;
 inline constexpr OptionSet kTolerance = OptionSet{1} << 14;
+inline constexpr OptionSet kOnly = OptionSet{1} << 41;
+inline constexpr OptionSet kIgnore = OptionSet{1} << 42;
+inline constexpr OptionSet kSarif = OptionSet{1} << 43;
+inline constexpr OptionSet kNoLint = OptionSet{1} << 44;
 // The options that answer questions (questions.h), and those of them that a command may refuse.
 inline constexpr OptionSet kQuestions = OptionSet{0xFFFF} << 16;
 inline constexpr OptionSet kOnError = OptionSet{1} << 16;
@@ -64,6 +68,10 @@ struct Arguments {
   bool edit = false;
   bool allow_missing_endata = false;
   bool allow_loss = false;
+  std::vector<std::string> only;    // words of problem_filter.h
+  std::vector<std::string> ignore;  // the same
+  bool sarif = false;
+  bool no_lint = false;
 
   bool help = false;
   bool version = false;

@@ -1,130 +1,107 @@
-// quarvel check: every problem of a file, printed as the reader meets it, so that a file of nothing
-// but problems takes no memory.
+// quarvel check: every problem of a file and of its model, printed as it is met, so that a file of
+// nothing but problems takes no memory.
 
-#include <algorithm>
-#include <memory>
+#include <utility>
 
 #include "hosts/commands.h"
-#include "hosts/printing.h"
-#include "text/numbers.h"
-#include "text/visible_text.h"
+#include "hosts/file_reading.h"
+#include "hosts/input_bytes.h"
+#include "hosts/problem_filter.h"
+#include "hosts/problem_report.h"
+#include "inspect/lint.h"
+#include "mps/line_texts.h"
+#include "mps/read_file.h"
 
 namespace quarvel::hosts {
 namespace {
 
-constexpr std::int16_t kRead = -1;
 // A broken file has a problem in each of its lines.
-constexpr std::int64_t kUsualLimit = 1000;
+constexpr std::int64_t kUsualLimit = 20;
 
-// Takes the problems one by one and writes them down in its form.
-class Report {
+std::unique_ptr<ProblemReport> MakeReport(const Arguments& arguments, std::ostream& out) {
+  const std::string file = NameOfInput(arguments.operands[0]);
+  if (arguments.sarif) return MakeSarifReport(file, out);
+  return arguments.json ? MakeJsonReport(file, out) : MakeTextReport(file, out);
+}
+
+class Check {
  public:
-  explicit Report(Session& session)
+  explicit Check(Session& session)
       : session_(session),
-        out_(session.streams.out),
-        limit_((session.arguments.used & kLimit) != 0 ? session.arguments.limit : kUsualLimit) {}
-  virtual ~Report() = default;
-  Report(const Report&) = delete;
-  Report& operator=(const Report&) = delete;
+        file_(session.arguments.operands[0]),
+        filter_(session.arguments),
+        limit_((session.arguments.used & kLimit) != 0 ? session.arguments.limit : kUsualLimit),
+        opener_(file_, session.streams),
+        texts_([this] { return opener_(); }),
+        report_(MakeReport(session.arguments, session.streams.out)) {}
 
-  virtual void Begin() = 0;
-  virtual void End(bool read) = 0;
-  void Add(const platform::Box& problem) {
-    if (++count_ <= limit_) Print(problem);
+  int Run() {
+    report_->Begin();
+    const mps::FileRead read = Read();
+    result_.read = read.outcome == mps::ReadOutcome::kRead;
+    result_.has_endata = read.facts.has_endata;
+    if (result_.read && !session_.arguments.no_lint) Lint();
+    const model::ModelStore& store = session_.model().store();
+    result_.rows = store.NumberOfRows();
+    result_.columns = store.NumberOfColumns();
+    result_.elements = store.NumberOfElements();
+    result_.status = Status();
+    report_->End(result_);
+    return result_.status;
   }
-  std::int64_t count() const { return count_; }
-  // Those that were counted only.
-  std::int64_t unlisted() const { return std::max<std::int64_t>(count_ - limit_, 0); }
-
- protected:
-  virtual void Print(const platform::Box& problem) = 0;
-  const std::string& file() const { return session_.arguments.operands[0]; }
-  const LPModel& model() const { return session_.model(); }
-
-  Session& session_;
-  std::ostream& out_;
 
  private:
+  mps::FileRead Read() {
+    mps::ReadOptions options = ReadOptionsOf(session_.arguments);
+    options.kept_of_each = 0;
+    options.open = [this] { return opener_(); };
+    options.on_problem = [this](const mps::FileProblem& problem) {
+      Hear(problem);
+      return session_.KeepPrinting();
+    };
+    return session_.ReadAsData(file_, options);
+  }
+
+  void Lint() {
+    inspect::Lint(session_.model().store(),
+                  {[this](mps::FileProblemCode code) {
+                     return filter_.Takes(code) && result_.counts.HasRoom(code, limit_);
+                   },
+                   [this](const mps::FileProblem& problem) { Hear(problem); }});
+  }
+
+  void Hear(mps::FileProblem problem) {
+    if (!filter_.Takes(problem.code)) {
+      ++result_.filtered;
+    } else if (result_.counts.Add(problem.code, limit_)) {
+      texts_.Show(problem);
+      report_->Print(problem);
+    }
+  }
+
+  // What was adapted is read as it was meant.
+  int Status() const {
+    if (!result_.read || result_.counts.All(mps::ProblemWeight::kError) > 0) return kProblem;
+    return result_.counts.All(mps::ProblemWeight::kWarning) > 0 ? kWarnings : kGood;
+  }
+
+  Session& session_;
+  const std::string& file_;
+  ProblemFilter filter_;
   std::int64_t limit_;
-  std::int64_t count_ = 0;
+  InputOpener opener_;
+  mps::LineTexts texts_;
+  std::unique_ptr<ProblemReport> report_;
+  CheckResult result_;
 };
-
-class TextReport : public Report {
- public:
-  using Report::Report;
-
-  void Begin() override {}
-
-  void End(bool read) override {
-    if (unlisted() > 0) {
-      out_ << "... " + text::IntegerText(unlisted()) + " more (--limit all lists them)\n";
-    }
-    std::string line = file() + ": " + (count() == 0 ? "no problems" : Counted(count(), "problem"));
-    line += read ? "; " + SizeText(model()) : "; not read";
-    out_ << text::VisibleText(line) + '\n';
-  }
-
- protected:
-  void Print(const platform::Box& problem) override {
-    std::string line = file() + ':';
-    if (problem.line != 0) line += text::IntegerText(problem.line) + ':';
-    out_ << text::VisibleText(line + ' ' + problem.statement) + '\n';
-  }
-};
-
-class JsonReport : public Report {
- public:
-  using Report::Report;
-
-  void Begin() override {
-    std::string json = "{";
-    AppendJsonMember(json, "file", file());
-    out_ << json + ",\"problems\":[";
-  }
-
-  void End(bool read) override {
-    std::string json = "],\"count\":" + text::IntegerText(count());
-    json += ",\"unlisted\":" + text::IntegerText(unlisted());
-    AppendJsonMember(json, "read", read);
-    AppendJsonMember(json, "hasEndata", !session_.may_be_cut_off());
-    AppendJsonMember(json, "rows", model().NumberOfRows());
-    AppendJsonMember(json, "columns", model().NumberOfColumns());
-    AppendJsonMember(json, "elements", model().NumberOfElements());
-    out_ << json + "}\n";
-  }
-
- protected:
-  void Print(const platform::Box& problem) override {
-    std::string json = count() == 1 ? "\n{" : ",\n{";
-    if (problem.line != 0) {
-      json.append("\"line\":").append(text::IntegerText(problem.line)).append(",");
-    }
-    json += "\"text\":";
-    AppendJson(json, problem.statement);
-    out_ << json + '}';
-  }
-};
-
-std::unique_ptr<Report> MakeReport(Session& session) {
-  if (session.arguments.json) return std::make_unique<JsonReport>(session);
-  return std::make_unique<TextReport>(session);
-}
 
 }  // namespace
 
 int RunCheck(Session& session) {
-  const std::unique_ptr<Report> report = MakeReport(session);
-  session.answers().on_problem = [&report](const platform::Box& problem) { report->Add(problem); };
-  report->Begin();
-  const bool read = session.ReadPassingOver(session.arguments.operands[0]) == kRead;
-  if (session.may_be_cut_off()) {
-    report->Add({.kind = platform::BoxKind::kReadProblem,
-                 .statement = std::string(kMissingEnd),
-                 .question = "",
-                 .line = session.model().store().settings().LinesRead});
+  if (session.arguments.json && session.arguments.sarif) {
+    throw CommandError(kUsage, "check takes --json or --sarif, not both");
   }
-  report->End(read);
-  return read && report->count() == 0 ? kGood : kProblem;
+  return Check(session).Run();
 }
 
 }  // namespace quarvel::hosts

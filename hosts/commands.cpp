@@ -40,8 +40,11 @@ std::string WhyHelp() {
 }
 
 std::string CheckHelp() {
-  return "Without --limit the first 1000 are listed; all are counted.\n"
-         "The exit status is 1 when there is one, 0 when there is none.\n";
+  return "Each problem has its place, its line and a code; docs/problems.md explains the codes. "
+         "Letters: E error,\nA adapted (read in spite of the plain dialect), W warning (passed over, "
+         "or legal and risky). Without\n--limit the first 20 of each code are printed; all are "
+         "counted.\nThe exit status is 1 when there is an error, 3 when there are only warnings, 0 "
+         "when there is neither.\n";
 }
 
 std::string SimplifyHelp() {
@@ -74,8 +77,8 @@ constexpr Command kCommands[] = {
      "tell which lines made a row or column what it is", ExplainHelp, RunExplain},
     {"why", "FILE POINT", 2, 2, kReadings | kJson | kLimit | kTolerance,
      "list what a point does not keep of the model", WhyHelp, RunWhy},
-    {"check", "FILE", 1, 1, (kReadings & ~kOnError) | kJson | kLimit,
-     "list every problem in the file", CheckHelp, RunCheck},
+    {"check", "FILE", 1, 1, kDefaultBounds | kJson | kLimit | kOnly | kIgnore | kSarif | kNoLint,
+     "list every problem of a file and of its model", CheckHelp, RunCheck},
     {"convert", "IN OUT", 2, 2, kWritings, "read a file and write it anew", ConvertHelp,
      RunConvert},
     {"simplify", "IN OUT", 2, 2, kWritings & ~kSimplify, "simplify a model and write it",

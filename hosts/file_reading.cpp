@@ -1,6 +1,7 @@
 #include "hosts/file_reading.h"
 
 #include <set>
+#include <utility>
 
 #include "hosts/input_bytes.h"
 #include "hosts/printing.h"
@@ -51,9 +52,11 @@ void RaiseNotRead(const std::string& path, const mps::FileRead& read) {
 }
 
 mps::ReadOutcome FileReading::Read(const std::string& path) {
-  const std::string name(path == kStandardInput ? kStandardInputName : path);
+  const std::string name = NameOfInput(path);
   answers_.file = name;
-  const mps::FileRead read = ReadInWindow(path, name);
+  mps::ReadOptions options = ReadOptionsOf(arguments_);
+  options.on_problem = [this](const mps::FileProblem& problem) { return GoesOnAfter(problem); };
+  const mps::FileRead read = ReadInWindow(path, std::move(options));
   facts_ = read.facts;
   if (read.outcome != mps::ReadOutcome::kStopped) Tell(name, read.problems);
   if (read.outcome != mps::ReadOutcome::kRead) return read.outcome;
@@ -63,15 +66,15 @@ mps::ReadOutcome FileReading::Read(const std::string& path) {
   return read.outcome;
 }
 
-mps::FileRead FileReading::ReadInWindow(const std::string& path, const std::string& name) {
+mps::FileRead FileReading::ReadInWindow(const std::string& path, mps::ReadOptions options) {
+  const std::string name = NameOfInput(path);
   mps::frmProgress window(desktop_);
   window.Load();
   window.set_caption("Reading " + name);
   window.Show();
-  mps::ReadOptions options = ReadOptionsOf(arguments_);
-  options.open = InputOpener(path, streams_);
-  options.on_problem = [&](const mps::FileProblem& problem) {
-    return GoesOnAfter(problem, window);
+  if (!options.open) options.open = InputOpener(path, streams_);
+  options.on_problem = [&, hear = std::move(options.on_problem)](const mps::FileProblem& problem) {
+    return hear(problem) && !window.StopRequested;
   };
   options.on_progress = [&](std::uint64_t done, std::uint64_t all) {
     window.bar.set_range(0, static_cast<float>(all));
@@ -86,11 +89,11 @@ mps::FileRead FileReading::ReadInWindow(const std::string& path, const std::stri
   return read;
 }
 
-bool FileReading::GoesOnAfter(const mps::FileProblem& problem, const mps::frmProgress& window) {
+bool FileReading::GoesOnAfter(const mps::FileProblem& problem) {
   if (mps::TraitsOf(problem.code).weight() != mps::ProblemWeight::kError) return true;
   if (desktop_.MsgBox(BoxOf(problem)) != platform::MsgBoxResult::kYes) return false;
   desktop_.DoEvents();
-  return !window.StopRequested;
+  return true;
 }
 
 // The first of each kind, with how many there are.

@@ -12,10 +12,6 @@
 #include "mps/read_file.h"
 #include "platform/desktop.h"
 
-namespace quarvel::mps {
-class frmProgress;
-}  // namespace quarvel::mps
-
 namespace quarvel::hosts {
 
 // How the command line has files read. Without callbacks.
@@ -38,12 +34,14 @@ class FileReading {
   // Reads it into the model, whose file it is from then on, tells what there is to tell, and offers to
   // simplify the model. "-" is standard input, and the model then has no file.
   mps::ReadOutcome Read(const std::string& path);
+  // The same with a progress window alone; `on_problem` must be set. What gives the bytes, unless it is
+  // set, and `on_progress` are taken care of here.
+  mps::FileRead ReadInWindow(const std::string& path, mps::ReadOptions options);
   // What the file says beside its model.
   const mps::FileFacts& facts() const { return facts_; }
 
  private:
-  mps::FileRead ReadInWindow(const std::string& path, const std::string& name);
-  bool GoesOnAfter(const mps::FileProblem& problem, const mps::frmProgress& window);
+  bool GoesOnAfter(const mps::FileProblem& problem);
   void Tell(const std::string& name, const mps::FileProblems& problems);
 
   const Arguments& arguments_;

@@ -8,7 +8,8 @@ namespace {
 
 constexpr std::string_view kStatuses =
     "\nExit status: 0 good; 1 a problem was found, a file was not read or written, an edit was "
-    "refused;\n2 the command line was not understood; 130 stopped by Ctrl-C.\n";
+    "refused;\n2 the command line was not understood; 3 check found warnings only; 130 stopped by "
+    "Ctrl-C.\n";
 
 constexpr std::string_view kNames =
     "\nRows and columns are given by name, or by number from 0. Names are looked up as given, then "

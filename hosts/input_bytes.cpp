@@ -88,10 +88,13 @@ std::unique_ptr<ByteSource> Unpacked(std::unique_ptr<ByteSource> bytes) {
 }
 
 std::unique_ptr<ByteSource> InputOpener::operator()() {
+  const bool again = std::exchange(is_used_, true);
   if (path_ != kStandardInput) {
+    // What has no size may be a pipe, which nobody may write to any more.
+    if (again && platform::FileLength(path_) == 0) return nullptr;
     return Unpacked(std::make_unique<platform::FileBytes>(platform::InputFile(path_)));
   }
-  if (std::exchange(input_is_used_, true)) return nullptr;
+  if (again) return nullptr;
   return Unpacked(std::make_unique<StandardInput>(streams_));
 }
 

@@ -15,8 +15,13 @@ namespace quarvel::hosts {
 
 inline constexpr std::string_view kStandardInput = "-";
 inline constexpr std::string_view kStandardInputName = "standard input";
+// What the user is told that it is called.
+inline std::string NameOfInput(const std::string& path) {
+  return path == kStandardInput ? std::string(kStandardInputName) : path;
+}
 
-// Opens the file at `path`, or standard input, which can be had once: null when it is asked for again.
+// Opens the file at `path`, or standard input. What has no size, as a pipe, can be had once: null when it is
+// asked for again.
 // Raises what opening raises, and 57 with a description of its own for what is compressed in a way that
 // this build cannot read. Reading raises 57 for compressed data that are damaged or cut off.
 class InputOpener {
@@ -28,7 +33,7 @@ class InputOpener {
  private:
   std::string path_;
   const Streams& streams_;
-  bool input_is_used_ = false;
+  bool is_used_ = false;
 };
 
 // What `bytes` hold when their first ones say that they are compressed, else `bytes` as they are.

@@ -81,5 +81,6 @@ void AppendJson(std::string& json, double number) {
 }
 
 void AppendJson(std::string& json, std::int32_t number) { json += text::IntegerText(number); }
+void AppendJson(std::string& json, std::int64_t number) { json += text::IntegerText(number); }
 
 }  // namespace quarvel::hosts

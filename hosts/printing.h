@@ -25,6 +25,7 @@ std::string Counted(std::int64_t count, std::string_view noun);
 void AppendJson(std::string& json, std::string_view text);
 void AppendJson(std::string& json, double number);
 void AppendJson(std::string& json, std::int32_t number);
+void AppendJson(std::string& json, std::int64_t number);
 // Nothing else becomes one by itself.
 void AppendJson(std::string& json, std::same_as<bool> auto truth) {
   json += truth ? "true" : "false";

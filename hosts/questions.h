@@ -30,7 +30,7 @@ struct QuestionOption {
   std::span<const GivenAnswer> answers;
   // The word that is taken where the user would be asked and nobody is there.
   std::string_view unasked = {};
-  // The question is a problem of the file that is read: `quarvel check` lists it.
+  // The question is a problem of the file that is read.
   bool of_file = false;
 };
 

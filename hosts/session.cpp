@@ -91,13 +91,10 @@ bool Session::may_be_cut_off() const {
   return model_.store().settings().EndLineMissing && !answers_.file_failed;
 }
 
-std::int16_t Session::ReadPassingOver(const std::string& path) {
-  answers_.file = path;
-  const std::int16_t result = model_.ReadMPSFile();
+mps::FileRead Session::ReadAsData(const std::string& path, const mps::ReadOptions& options) {
+  mps::FileRead read = reading_.ReadInWindow(path, options);
   StopIfInterrupted();
-  StopIfUnanswered();
-  TakeLog();
-  return result;
+  return read;
 }
 
 void Session::Simplify() {

@@ -30,9 +30,9 @@ class Session {
   // Reads what is to be written: a file that may be cut off raises a CommandError too, unless
   // --allow-missing-endata is given.
   void ReadToWrite(const std::string& path);
-  // Reads it with every problem passed over but a failure of the file itself; -1 as ReadMPSFile
-  // gives it when the model was read.
-  std::int16_t ReadPassingOver(const std::string& path);
+  // Reads it with the options given, so that the problems go to whoever wants them as data. Raises a
+  // CommandError when Ctrl-C came.
+  mps::FileRead ReadAsData(const std::string& path, const mps::ReadOptions& options);
   // Simplifies the model. Raises what stops that, and a CommandError for Ctrl-C.
   void Simplify();
   // Writes the model and says so, and what the file does not keep of it. Raises a CommandError when

@@ -27,8 +27,9 @@ struct Streams {
 // Exit statuses.
 inline constexpr int kGood = 0;
 inline constexpr int kProblem =
-    1;  // a problem was found, a file not read or written, an edit refused
-inline constexpr int kUsage = 2;          // the command line was not understood
+    1;                            // an error was found, a file not read or written, an edit refused
+inline constexpr int kUsage = 2;  // the command line was not understood
+inline constexpr int kWarnings = 3;       // check found what is risky, and nothing worse
 inline constexpr int kInterrupted = 130;  // stopped by Ctrl-C
 
 // What ends a command before its time: a line for standard error and the exit status.

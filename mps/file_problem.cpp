@@ -41,6 +41,19 @@ constexpr FileProblemTraits kTable[] = {
     {kMissingEndata, "W401", "missing-endata", "no ENDATA line: the file may be cut off", "ENDATA"},
     {kEmptyRow, "W501", "empty-row", "the row has no coefficients", ""},
     {kEmptyColumn, "W502", "empty-column", "the column has no coefficients", ""},
+    {kPairTwice, "W503", "pair-twice", "the column has two coefficients in one row", ""},
+    {kRowTypeLost, "W504", "row-type-lost", "the row's limit counts as none", "less than 1E+10"},
+    {kBeyondLimit, "W505", "beyond-limit", "a bound or limit is beyond 1E+10",
+     "-1E+10 to 1E+10, these for none"},
+    {kIntegerWithoutUpper, "W507", "integer-without-upper", "the integer column has no upper bound",
+     "a line of BOUNDS that says it"},
+    {kLongNames, "W508", "long-names", "names of more than 8 characters", ""},
+    {kRowScale, "W510", "row-scale", "sizes in the row are over 1E+9 apart", ""},
+    {kColumnScale, "W511", "column-scale", "sizes in the column are over 1E+9 apart", ""},
+    {kModelScale, "W512", "model-scale", "sizes in the model are over 1E+9 apart", ""},
+    {kParallelRows, "W513", "parallel-rows", "the row is a multiple of another", ""},
+    {kParallelColumns, "W514", "parallel-columns", "the column is a multiple of another", ""},
+    {kNotKept, "W515", "not-kept", "the fixed layout does not keep this", ""},
 };
 
 // A code is the place of its line.

@@ -48,6 +48,17 @@ enum class FileProblemCode : std::uint8_t {
   kMissingEndata,
   kEmptyRow,
   kEmptyColumn,
+  kPairTwice,
+  kRowTypeLost,
+  kBeyondLimit,
+  kIntegerWithoutUpper,
+  kLongNames,
+  kRowScale,
+  kColumnScale,
+  kModelScale,
+  kParallelRows,
+  kParallelColumns,
+  kNotKept,
 };
 
 struct FileProblemTraits {
@@ -70,13 +81,14 @@ FileProblemCode CodeOf(ReadProblemCode code);
 
 struct FileProblem {
   FileProblemCode code;
-  std::int64_t line = 0;    // counted from 1; 0 for a problem of no line
-  std::int32_t column = 0;  // where in the line, in characters from 1; 0: the whole line
-  std::int32_t length = 0;  // of what is meant there, in characters
-  std::string text = {};    // the line, as far as it is shown
-  std::string item = {};    // the name of the row or column that it is about
-  std::string read = {};    // what was read there
-  std::string made = {};    // what it was read as, or what becomes of it
+  std::int64_t line = 0;         // counted from 1; 0 for a problem of no line
+  std::int32_t column = 0;       // where in the line, in characters from 1; 0: the whole line
+  std::int32_t length = 0;       // of what is meant there, in characters
+  std::string text = {};         // the line, as far as it is shown
+  std::int32_t text_column = 1;  // where in the line `text` begins
+  std::string item = {};         // the name of the row or column that it is about
+  std::string read = {};         // what was read there
+  std::string made = {};         // what it was read as, or what becomes of it
   std::vector<std::int64_t> lines = {};  // others that have to do with it
   std::optional<AutomationError> failure = {};
 };

@@ -34,10 +34,10 @@ std::size_t OffsetOf(std::string_view line, std::int32_t characters) {
   return offset;
 }
 
-void Show(const Line& line, FileProblem& problem) {
+void ShowPlace(const Line& line, FileProblem& problem) {
   if (line.too_long) return;
   const std::string_view whole = line.view();
-  problem.text = ShownOf(whole);
+  ShowPart(whole, problem);
   if (problem.column == 0 || problem.length == 0) return;
   const std::size_t begin = OffsetOf(whole, problem.column - 1);
   const std::size_t end = OffsetOf(whole, problem.column - 1 + problem.length);
@@ -50,7 +50,7 @@ void ReadLines(LineReader& reader, const std::vector<FileProblem*>& shown) {
   auto next = shown.begin();
   while (next != shown.end() && reader.Next(line)) {
     ++number;
-    for (; next != shown.end() && (*next)->line == number; ++next) Show(line, **next);
+    for (; next != shown.end() && (*next)->line == number; ++next) ShowPlace(line, **next);
   }
 }
 
@@ -64,8 +64,39 @@ std::string_view ShownOf(std::string_view line) {
   return line.substr(0, size);
 }
 
-void ShowLines(const std::function<std::unique_ptr<platform::ByteSource>()>& open,
-               FileProblems& problems) {
+void ShowPart(std::string_view line, FileProblem& problem) {
+  constexpr std::int32_t kBefore = 200;
+  problem.text_column = 1;
+  if (problem.column > kBefore) {
+    problem.text_column = problem.column - kBefore / 2;
+    line.remove_prefix(OffsetOf(line, problem.text_column - 1));
+  }
+  problem.text = ShownOf(line);
+}
+
+void LineTexts::Open() {
+  std::unique_ptr<platform::ByteSource> bytes = std::exchange(open_, nullptr)();
+  if (bytes != nullptr) reader_ = std::make_unique<LineReader>(std::move(bytes));
+}
+
+void LineTexts::Show(FileProblem& problem) {
+  if (problem.line <= 0 || problem.line < number_) return;
+  try {
+    if (open_) Open();
+    while (reader_ != nullptr && number_ < problem.line) {
+      if (reader_->Next(line_)) {
+        ++number_;
+      } else {
+        reader_.reset();
+      }
+    }
+  } catch (const AutomationError&) {
+    reader_.reset();
+  }
+  if (reader_ != nullptr) ShowPlace(line_, problem);
+}
+
+void ShowLines(const OpenBytes& open, FileProblems& problems) {
   const std::vector<FileProblem*> shown = InOrderOfLines(problems);
   if (shown.empty()) return;
   try {

@@ -118,14 +118,14 @@ class FileRun {
   void ShowPlace(std::size_t token, FileProblem& told) {
     const SourceLine& line = source_.line();
     if (line.too_long()) return;
-    told.text = ShownOf(line.text());
     const std::vector<std::string_view> tokens = SplitLine(line.text());
-    if (token == 0 || token > tokens.size()) return;
+    if (token == 0 || token > tokens.size()) return ShowPart(line.text(), told);
     const std::string_view read = tokens[token - 1];
     const auto begin = static_cast<std::size_t>(read.data() - line.text().data());
     told.column = static_cast<std::int32_t>(text::CharacterCount(line.text().substr(0, begin))) + 1;
     told.length = static_cast<std::int32_t>(text::CharacterCount(read));
     told.read = ShownOf(read);
+    ShowPart(line.text(), told);
   }
 
   bool Tell(FileProblem problem) {
@@ -148,7 +148,24 @@ class FileRun {
     for (std::int32_t r = data.NumberOfRows; r >= 1; --r) {
       if (data.Rows[r].Type == model::RowType::kFree) read_.facts.objective = data.Rows[r].Name;
     }
+    CheckRowTypes(data);
     if (goes_on_) store_.DeriveRowTypes();
+  }
+
+  // What the limits of a row make of its type; seen while it still has the one that the file gives it.
+  void CheckRowTypes(const model::ModelData& data) {
+    for (std::int32_t r = 1; r <= data.NumberOfRows && goes_on_; ++r) {
+      const model::RowRecord& row = data.Rows[r];
+      const model::RowType type = model::RowTypeOf(row.LowerBound, row.UpperBound);
+      const bool good =
+          type == row.Type || type == model::RowType::kRanged || type == model::RowType::kEqual;
+      if (good) continue;
+      const bool is_free = type == model::RowType::kFree;
+      Tell({.code = FileProblemCode::kRowTypeLost,
+            .item = row.Name,
+            .made = "the type " + model::TypeText(row.Type) + " becomes " + model::TypeText(type) +
+                    (is_free ? ", which limits nothing" : "")});
+    }
   }
 
   template <class Records>

@@ -69,15 +69,6 @@ TEST_F(AnswersTest, LeavesAProblemToAUserWhoCanBeAsked) {
   EXPECT_EQ(notes_, Texts{});
 }
 
-TEST_F(AnswersTest, HandsProblemsOnAsTheyAre) {
-  std::vector<Box> problems;
-  answers_.on_problem = [&](const Box& problem) { problems.push_back(problem); };
-  EXPECT_EQ(Answer(Problem()), MsgBoxResult::kYes);
-  ASSERT_EQ(problems.size(), 1u);
-  EXPECT_EQ(problems[0].statement, "It is bad.");
-  EXPECT_EQ(problems[0].line, 3);
-}
-
 TEST_F(AnswersTest, EndsTheReadOfAFileThatFailsWhateverTheOptionsSay) {
   Give({"--on-error", "continue"});
   EXPECT_EQ(Answer(Problem(RunTimeError::kOverflow)), MsgBoxResult::kYes);

@@ -244,7 +244,6 @@ TEST(Reading, OverwritesNoFileForALog) {
   folder.Write("a.log", "precious");
   const std::vector<std::vector<std::string>> cases = {
       {"info", model, "--simplify"},
-      {"check", model, "--simplify"},
       {"convert", model, folder.Path("b.mps"), "--simplify"},
       {"simplify", model, folder.Path("b.mps")},
       {"simplify", folder.Example("transport.mps"), folder.Path("b.mps")},

@@ -1,0 +1,141 @@
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <tuple>
+#include <vector>
+
+#include "inspect/lint_parts.h"
+#include "text/numbers.h"
+
+namespace quarvel::inspect {
+namespace {
+
+using model::ElementEntry;
+using model::ElementList;
+using mps::FileProblem;
+using mps::FileProblemCode;
+
+// The coefficient of the lowest number, by which the others are divided.
+double LeadingValue(const ElementList& list) {
+  const auto* const leading = std::min_element(
+      list.begin(), list.end(),
+      [](const ElementEntry& a, const ElementEntry& b) { return a.Index < b.Index; });
+  return leading->Value;
+}
+
+// Spreads the bits of a number over all places.
+std::uint64_t Mixed(std::uint64_t bits) {
+  bits = (bits ^ (bits >> 30)) * 0xBF58476D1CE4E5B9U;
+  bits = (bits ^ (bits >> 27)) * 0x94D049BB133111EBU;
+  return bits ^ (bits >> 31);
+}
+
+// Equal for lists that are multiples of one another, in whatever order they stand: of each quotient
+// the last 12 bits are rounded away, which two ways of computing one number do not agree in.
+std::uint64_t Fingerprint(const ElementList& list) {
+  constexpr std::uint64_t kRounded = 0xFFF;
+  const double leading = LeadingValue(list);
+  std::uint64_t sum = static_cast<std::uint64_t>(list.size());
+  for (const ElementEntry& entry : list) {
+    const auto quotient = std::bit_cast<std::uint64_t>(entry.Value / leading);
+    const std::uint64_t rounded = (quotient + kRounded / 2 + 1) & ~kRounded;
+    sum += Mixed(rounded + static_cast<std::uint64_t>(entry.Index) * 0x9E3779B97F4A7C15U);
+  }
+  return sum;
+}
+
+std::vector<ElementEntry> Sorted(const ElementList& list) {
+  std::vector<ElementEntry> sorted(list.begin(), list.end());
+  std::sort(sorted.begin(), sorted.end(), [](const ElementEntry& a, const ElementEntry& b) {
+    return a.Index < b.Index || (a.Index == b.Index && double{a.Value} < double{b.Value});
+  });
+  return sorted;
+}
+
+bool AreParallel(const ElementList& a, const ElementList& b) {
+  constexpr double kTolerance = 1e-11;
+  if (a.size() != b.size()) return false;
+  const double factor = LeadingValue(b) / LeadingValue(a);
+  const std::vector<ElementEntry> first = Sorted(a);
+  const std::vector<ElementEntry> second = Sorted(b);
+  return std::equal(first.begin(), first.end(), second.begin(),
+                    [factor](const ElementEntry& x, const ElementEntry& y) {
+                      const double expected = x.Value * factor;
+                      return x.Index == y.Index &&
+                             std::fabs(y.Value - expected) <= kTolerance * std::fabs(expected);
+                    });
+}
+
+struct Candidate {
+  std::uint64_t fingerprint;
+  std::int32_t number;
+};
+
+// A record that is a multiple of an earlier one.
+struct Multiple {
+  std::int32_t number;
+  std::int32_t of;
+};
+
+bool MayBeParallel(const model::RowRecord& row) {
+  return row.ElementCount() > 1 && model::TraitsOf(row.Type).binds;
+}
+bool MayBeParallel(const model::ColumnRecord& column) { return column.ElementCount() > 1; }
+
+template <class Records>
+std::vector<Candidate> CandidatesOf(const Records& records, std::int32_t count) {
+  std::vector<Candidate> candidates;
+  candidates.reserve(static_cast<std::size_t>(count));
+  for (std::int32_t number = 1; number <= count; ++number) {
+    if (!MayBeParallel(records[number])) continue;
+    candidates.push_back({Fingerprint(records[number].Elements), number});
+  }
+  std::sort(candidates.begin(), candidates.end(), [](const Candidate& a, const Candidate& b) {
+    return std::tie(a.fingerprint, a.number) < std::tie(b.fingerprint, b.number);
+  });
+  return candidates;
+}
+
+// Each candidate is compared with one other at most, whatever their fingerprints are.
+template <class Records>
+std::vector<Multiple> MultiplesOf(const Records& records, std::int32_t count) {
+  const std::vector<Candidate> candidates = CandidatesOf(records, count);
+  std::vector<Multiple> multiples;
+  std::size_t first = 0;
+  for (std::size_t next = 1; next < candidates.size(); ++next) {
+    const Candidate& a = candidates[first];
+    const Candidate& b = candidates[next];
+    if (a.fingerprint == b.fingerprint &&
+        AreParallel(records[a.number].Elements, records[b.number].Elements)) {
+      multiples.push_back({b.number, a.number});
+    } else {
+      first = next;
+    }
+  }
+  std::sort(multiples.begin(), multiples.end(),
+            [](const Multiple& a, const Multiple& b) { return a.number < b.number; });
+  return multiples;
+}
+
+template <class Records>
+void LintRecords(const Records& records, std::int32_t count, FileProblemCode code,
+                 const LintListener& listener) {
+  for (const Multiple& found : MultiplesOf(records, count)) {
+    listener.Tell(code, [&] {
+      const auto& record = records[found.number];
+      const auto& of = records[found.of];
+      const double factor = LeadingValue(record.Elements) / LeadingValue(of.Elements);
+      return FileProblem{
+          .code = {}, .item = record.Name, .made = text::GeneralText(factor) + " times " + of.Name};
+    });
+  }
+}
+
+}  // namespace
+
+void LintParallel(const model::ModelData& data, const LintListener& listener) {
+  LintRecords(data.Rows, data.NumberOfRows, FileProblemCode::kParallelRows, listener);
+  LintRecords(data.Columns, data.NumberOfColumns, FileProblemCode::kParallelColumns, listener);
+}
+
+}  // namespace quarvel::inspect
