@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "hosts/edit_language.h"
+#include "hosts/stats_report.h"
 
 namespace quarvel::hosts {
 namespace {
@@ -64,6 +65,8 @@ std::string ViewHelp() {
 constexpr Command kCommands[] = {
     {"info", "FILE ...", 1, kAnyNumber, kReadings | kJson, "print what each file holds, in numbers",
      InfoHelp, RunInfo},
+    {"stats", "FILE", 1, 1, kReadings | kJson | kLimit,
+     "print sizes, kinds and patterns of names, in numbers", StatsHelp, RunStats},
     {"rows", "FILE", 1, 1, kReadings | kJson | kLimit | kEquations, "list the rows", nullptr,
      RunRows},
     {"columns", "FILE", 1, 1, kReadings | kJson | kLimit, "list the columns", nullptr, RunColumns},

@@ -1,0 +1,36 @@
+// quarvel stats: a model in numbers, and its names as a few patterns.
+
+#include "hosts/commands.h"
+#include "hosts/stats_report.h"
+
+namespace quarvel::hosts {
+namespace {
+
+// Half a million rows are to be a dozen lines.
+constexpr std::int64_t kUsualFamilies = 20;
+
+}  // namespace
+
+std::string StatsHelp() {
+  return "Sizes are those of magnitudes. Names that differ in numbers and index texts alone are one "
+         "pattern:\nFLOW[3,17] is FLOW[#,#]. Without --limit the 20 biggest patterns of rows and of "
+         "columns are listed.\n\n"
+         "Examples:\n"
+         "  quarvel stats plan.mps                 the whole model on a screen\n"
+         "  quarvel stats plan.mps --limit all     every pattern of names\n"
+         "  quarvel stats plan.mps --json          for a program; infinite bounds are null\n";
+}
+
+int RunStats(Session& session) {
+  session.Read(session.arguments.operands[0]);
+  const model::ModelStore& store = session.model().store();
+  const inspect::ModelStats stats = inspect::StatsOf(store);
+  const simplify::Forecast forecast = simplify::ForecastOf(store);
+  const bool is_limited = (session.arguments.used & kLimit) != 0;
+  const StatsReport report = {session.model(), stats, forecast,
+                              is_limited ? session.arguments.limit : kUsualFamilies};
+  session.streams.out << (session.arguments.json ? StatsJson(report) : StatsText(report));
+  return kGood;
+}
+
+}  // namespace quarvel::hosts

@@ -1,0 +1,27 @@
+// A table of texts for people: each column as wide as its widest text.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quarvel::hosts {
+
+class TextTable {
+ public:
+  enum class Align { kLeft, kRight };
+
+  explicit TextTable(std::vector<Align> columns) : columns_(std::move(columns)) {}
+
+  // The texts of one line, at most as many as there are columns. Whatever would steer a terminal is
+  // shown as escapes.
+  void Add(const std::vector<std::string>& texts);
+  // A line each, with `indent` before it and no blanks at its end.
+  std::string Text(std::string_view indent = "") const;
+
+ private:
+  std::vector<Align> columns_;
+  std::vector<std::vector<std::string>> lines_;
+};
+
+}  // namespace quarvel::hosts
