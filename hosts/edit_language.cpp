@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "hosts/edit_words.h"
 #include "hosts/find_record.h"
 #include "hosts/printing.h"
 #include "hosts/streams.h"
@@ -79,6 +80,11 @@ void AddColumn(Session& session, const Words& words) {
 void AddElement(Session& session, const Words& words) {
   const std::int32_t row = NumberOf<model::kRowKind>(session, words[0]);
   const std::int32_t column = NumberOf<model::kColumnKind>(session, words[1]);
+  const LPModel& model = session.model();
+  if (model.store().FindElement(model::Stored(row), model::Stored(column)) != 0) {
+    RaiseBad("row " + model.RowName(row) + " has an element at column " + model.ColName(column) +
+             " already; set-element changes it");
+  }
   session.model().AddElement(row, column, ParseValue(words[2]));
 }
 
@@ -180,44 +186,7 @@ const EditCommand& FindEditCommand(std::string_view name) {
   return *found;
 }
 
-// Appends the rest of a quoted part to `word`; gives the place behind its closing quote.
-std::size_t TakeQuoted(std::string& word, std::string_view line, std::size_t at) {
-  for (; at < line.size() && line[at] != '"'; ++at) {
-    if (line[at] == '\\' && at + 1 < line.size()) {
-      ++at;
-      word += line[at] == 'n' ? '\n' : line[at];
-    } else {
-      word += line[at];
-    }
-  }
-  if (at == line.size()) RaiseBad("a quote is not closed");
-  return at + 1;
-}
-
-constexpr bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
-
 }  // namespace
-
-std::vector<std::string> SplitWords(std::string_view line) {
-  Words words;
-  std::size_t at = 0;
-  const auto skip_blanks = [&line, &at] {
-    while (at < line.size() && IsBlank(line[at])) ++at;
-  };
-  for (skip_blanks(); at < line.size(); skip_blanks()) {
-    if (words.empty() && line[at] == '#') break;
-    std::string word;
-    while (at < line.size() && !IsBlank(line[at])) {
-      if (line[at] == '"') {
-        at = TakeQuoted(word, line, at + 1);
-      } else {
-        word += line[at++];
-      }
-    }
-    words.push_back(std::move(word));
-  }
-  return words;
-}
 
 void RunEditLine(Session& session, std::string_view line) {
   Words words = SplitWords(line);
@@ -249,7 +218,8 @@ std::string EditHelp() {
          "Empty lines and lines that start with # are passed over. Text with blanks stands in "
          "double "
          "quotes;\n"
-         "in them \\\" is a quote, \\\\ a backslash and \\n a new line. New names are kept in "
+         "in them \\\" is a quote, \\\\ a backslash, \\n a new line and \\u and four hexadecimal "
+         "digits\nthe character of that code. New names are kept in "
          "upper "
          "case.\n"
          "Bounds may be -inf and inf. Types and bounds of rows do not follow each other: a range "

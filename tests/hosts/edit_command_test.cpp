@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "hosts/edit_language.h"
-#include "hosts/streams.h"
 #include "tests/support/run_quarvel.h"
 
 namespace quarvel {
@@ -164,6 +162,7 @@ TEST_F(EditTest, WritesNothingAtABadCommand) {
       {"delete-column -1",
        "Quarvel.dll error: column -1 is out of range.   Columns range from 0 to 1."},
       {"delete-element R2 Y", "row R2 has no element at column Y"},
+      {"add-element R2 X 1", "row R2 has an element at column X already; set-element changes it"},
       {"set-element R2 Y 1", "row R2 has no element at column Y"},
       {"add-element R2 Y one", "\"one\" is not a number"},
       {"add-element R2 Y inf", "\"inf\" is not a number"},
@@ -226,29 +225,6 @@ TEST_F(EditTest, ListsWhatEachOfItsSimplificationsDid) {
                                                     "Converted row R2 into variable bound\r\n"
                                                     "Log file for simplification of @a.mps\r\n"
                                                     "Removed empty row:  L R3\r\n"));
-}
-
-TEST(SplitWords, KnowsBlanksAndQuotes) {
-  const struct {
-    const char* line;
-    Words words;
-  } cases[] = {
-      {"", {}},
-      {" \t\r", {}},
-      {"  # all of it \"", {}},
-      {"a #b", {"a", "#b"}},
-      {" a\tb  c\r", {"a", "b", "c"}},
-      {"a \"b c\" \"\"", {"a", "b c", ""}},
-      {"x\"y z\"w", {"xy zw"}},
-      {"\"\\\"\\\\\\n\\x\"", {"\"\\\nx"}},
-      {"a\\b 'c d'", {"a\\b", "'c", "d'"}},
-  };
-  for (const auto& c : cases) EXPECT_EQ(hosts::SplitWords(c.line), c.words) << c.line;
-}
-
-TEST(SplitWords, RefusesAnOpenQuote) {
-  EXPECT_THROW(hosts::SplitWords("a \"b"), hosts::CommandError);
-  EXPECT_THROW(hosts::SplitWords("\"\\"), hosts::CommandError);
 }
 
 }  // namespace

@@ -138,7 +138,7 @@ TEST_F(LossyEdit, NotesWhatReadsBackAnotherWay) {
        "0.12345678912]"},
       {{"-c", "set-column-type X I"},
        "column Y (number 1) stands before the integer columns in the file"},
-      {{"-c", "add-element R2 Y 1", "-c", "add-element R2 X 1"},
+      {{"-c", "add-element R2 Y 1", "-c", "delete-element R2 X", "-c", "add-element R2 X 1"},
        "row R2 (number 1) reads back with its elements in another order"},
       {{"-c", "set-row-type R2 N"},
        "row R2 (number 1) of type N has the limits [-inf, 8], which read back as [-inf, inf]"},

@@ -158,7 +158,7 @@ NaiveEditLine ChooseElementLine(const Choice& choose, const NaiveModel& naive) {
       const std::int32_t i = Find(model.Rows, row);
       const std::int32_t j = Find(model.Columns, column);
       const std::optional<double> value = ValueOf(word);
-      if (i < 0 || j < 0 || !value) return false;
+      if (i < 0 || j < 0 || !value || ElementAt(model, i, j) >= 0) return false;
       return Accepts(model, [&] { model.AddElement(i, j, *value); });
     });
   }
