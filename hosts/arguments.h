@@ -28,6 +28,8 @@ inline constexpr OptionSet kCommand = OptionSet{1} << 6;
 inline constexpr OptionSet kEdit = OptionSet{1} << 7;
 inline constexpr OptionSet kMissingEndata = OptionSet{1} << 8;
 inline constexpr OptionSet kLoss = OptionSet{1} << 9;
+inline constexpr OptionSet kQuiet = OptionSet{1} << 10;
+inline constexpr OptionSet kScript = OptionSet{1} << 12;
 inline constexpr OptionSet kDialect = OptionSet{1} << 36;
 inline constexpr OptionSet kTolerance = OptionSet{1} << 14;
 inline constexpr OptionSet kOnly = OptionSet{1} << 41;
@@ -72,6 +74,8 @@ struct Arguments {
   std::vector<std::string> ignore;  // the same
   bool sarif = false;
   bool no_lint = false;
+  bool quiet = false;
+  bool script = false;
 
   bool help = false;
   bool version = false;

@@ -58,6 +58,15 @@ std::string ConvertHelp() {
          "noted.\n";
 }
 
+std::string DiffHelp() {
+  return "Rows and columns are compared by name, whatever their order. Without --limit the first 20 of each "
+         "kind\nare listed; all are counted. Lines start with - for what only A has, + for what only B has, "
+         "! for what\nboth have differently. What --script prints makes A equal to B: \"quarvel edit A C\" "
+         "takes it on standard\ninput.\n"
+         "The exit status is 0 when there is no difference, 1 when there is one, 2 when a file was not read "
+         "or\nno edit commands make A equal to B.\n";
+}
+
 std::string ViewHelp() {
   return "The dialogs about reading, and its questions, are windows too.\n";
 }
@@ -88,6 +97,10 @@ constexpr Command kCommands[] = {
      SimplifyHelp, RunSimplify},
     {"edit", "IN OUT", 2, 2, kWritings | kCommand, "change a model by commands and write it",
      EditHelp, RunEdit},
+    {"diff", "A B", 2, 2,
+     (kReadings & ~(kLog | kSimplify | kOnConflict)) | kJson | kLimit | kQuiet | kTolerance |
+         kScript,
+     "tell what two models differ in", DiffHelp, RunDiff, kUsage},
     {"view", "[FILE]", 0, 1, kEdit, "show a model in a window", ViewHelp, RunView},
 };
 

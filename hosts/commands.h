@@ -22,6 +22,8 @@ struct Command {
   std::string_view summary;
   std::string (*details)();      // more lines for its own help; null for none
   int (*run)(Session& session);  // gives the exit status; may raise what Session raises
+  // The status of what raises, when 1 tells something else.
+  int failure = kProblem;
 };
 
 std::span<const Command> Commands();
@@ -42,6 +44,7 @@ int RunCheck(Session& session);
 int RunConvert(Session& session);
 int RunSimplify(Session& session);
 int RunEdit(Session& session);
+int RunDiff(Session& session);
 int RunView(Session& session);
 
 }  // namespace quarvel::hosts

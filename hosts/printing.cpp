@@ -59,6 +59,14 @@ std::string BoundText(double bound) {
   return text::GeneralText(bound);
 }
 
+std::string ExactLowerText(double bound) {
+  return bound <= -model::BoundLimit ? "-inf" : text::RoundTripText(bound);
+}
+
+std::string ExactUpperText(double bound) {
+  return bound >= model::BoundLimit ? "inf" : text::RoundTripText(bound);
+}
+
 std::string Counted(std::int64_t count, std::string_view noun) {
   std::string counted = text::IntegerText(count);
   counted.append(" ").append(noun);

@@ -16,6 +16,10 @@ void AppendRight(std::string& line, std::string_view text, std::size_t width);
 // A bound for people: general text, "-inf" and "inf" where there is none.
 std::string BoundText(double bound);
 
+// A bound with all its digits; "-inf" for no lower and "inf" for no upper one.
+std::string ExactLowerText(double bound);
+std::string ExactUpperText(double bound);
+
 // "1 row", "28 rows".
 std::string Counted(std::int64_t count, std::string_view noun);
 

@@ -34,7 +34,7 @@ std::string Objection(const Command& command, const Arguments& arguments) {
   return log_is_model ? "cannot copy the log over a model" : "";
 }
 
-int RunCommand(const Arguments& arguments, const Streams& streams) {
+int RunCommand(const Arguments& arguments, const Streams& streams, int& failure) {
   const Command* const command = FindCommand(arguments.command);
   if (arguments.help || (command == nullptr && arguments.command.empty())) {
     std::ostream& to = arguments.help ? streams.out : streams.err;
@@ -44,6 +44,7 @@ int RunCommand(const Arguments& arguments, const Streams& streams) {
   if (command == nullptr) {
     throw CommandError(kUsage, "there is no command " + arguments.command);
   }
+  failure = command->failure;
   const std::string objection = Objection(*command, arguments);
   if (!objection.empty()) {
     throw CommandError(kUsage, std::string(command->name) + ' ' + objection);
@@ -54,35 +55,37 @@ int RunCommand(const Arguments& arguments, const Streams& streams) {
   return status;
 }
 
-int Run(std::span<const std::string> words, const Streams& streams, std::string& command) {
+int Run(std::span<const std::string> words, const Streams& streams, std::string& command,
+        int& failure) {
   const Arguments arguments = ParseArguments(words);
   command = arguments.command;
   if (arguments.version) {
     streams.out << "quarvel " << model::ProductVersion() << '\n';
     return kGood;
   }
-  return RunCommand(arguments, streams);
+  return RunCommand(arguments, streams, failure);
 }
 
 void Complain(const Streams& streams, std::string_view text) {
   streams.err << "quarvel: " + text::OneLine(text) + '\n';
 }
 
-// Whatever fails is told in words of its own, which take memory.
-int RunOrComplain(std::span<const std::string> words, const Streams& streams) {
+// Whatever fails is told in words of its own, which take memory. `failure` becomes the status of a
+// failure of the command.
+int RunOrComplain(std::span<const std::string> words, const Streams& streams, int& failure) {
   std::string command;
   try {
-    return Run(words, streams, command);
+    return Run(words, streams, command, failure);
   } catch (const CommandError& error) {
     Complain(streams, error.text());
     if (error.status() == kUsage) {
       const std::string known = FindCommand(command) == nullptr ? "" : command + ' ';
       Complain(streams, "\"quarvel " + known + "--help\" tells more");
     }
-    return error.status();
+    return error.status() == kProblem ? failure : error.status();
   } catch (...) {
     Complain(streams, CurrentError().description());
-    return kProblem;
+    return failure;
   }
 }
 
@@ -94,12 +97,13 @@ int RunProgram(std::span<const std::string> words, const Streams& streams) {
 }
 
 int RunProgram(const std::function<std::vector<std::string>()>& words, const Streams& streams) {
+  int failure = kProblem;
   try {
-    return RunOrComplain(words(), streams);
+    return RunOrComplain(words(), streams, failure);
   } catch (const std::exception&) {
     // In one piece, and without memory.
     streams.err << "quarvel: Out of memory\n";
-    return kProblem;
+    return failure;
   }
 }
 

@@ -161,6 +161,18 @@ void Compare(const ModelStore& a, const ModelStore& b, const Tolerance& toleranc
   ModelComparison(a, b, tolerance, visit).Run();
 }
 
+void CompareFacts(const mps::FileFacts& a, const mps::FileFacts& b, const Tolerance& tolerance,
+                  const DifferenceVisitor& visit) {
+  const auto maximizes = [](const mps::FileFacts& facts) {
+    return facts.sense == mps::ObjectiveSense::kMaximize;
+  };
+  if (maximizes(a) != maximizes(b)) visit({kObjectiveSense});
+  if (a.objective != b.objective) visit({kObjective});
+  if (!AreClose(a.objective_constant, b.objective_constant, tolerance)) {
+    visit({kObjectiveConstant, {}, {}, a.objective_constant, b.objective_constant});
+  }
+}
+
 Differences Compare(const ModelStore& a, const ModelStore& b, const Tolerance& tolerance,
                     std::size_t kept_of_each) {
   Differences differences(kept_of_each);

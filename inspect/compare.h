@@ -23,6 +23,7 @@
 
 #include "inspect/difference.h"
 #include "model/model_store.h"
+#include "mps/file_facts.h"
 
 namespace quarvel::inspect {
 
@@ -43,7 +44,12 @@ using DifferenceVisitor = std::function<void(const Difference&)>;
 void Compare(const model::ModelStore& a, const model::ModelStore& b, const Tolerance& tolerance,
              const DifferenceVisitor& visit);
 
-// Counts all of them and keeps the first of each kind.
+// The same of what files say beside their models. A sense that is not said is minimize; the names of sets,
+// and how a file ends, make no difference.
+void CompareFacts(const mps::FileFacts& a, const mps::FileFacts& b, const Tolerance& tolerance,
+                  const DifferenceVisitor& visit);
+
+// Counts all differences of two models and keeps the first of each kind.
 Differences Compare(const model::ModelStore& a, const model::ModelStore& b,
                     const Tolerance& tolerance = {}, std::size_t kept_of_each = 3);
 

@@ -9,28 +9,29 @@ struct KindTraits {
   bool note = false;
 };
 
-// clang-format off
 constexpr std::array<KindTraits, kDifferenceKinds> kKinds = {{
-    {DifferenceKind::kModelName,    "model-name"},
-    {DifferenceKind::kDescription,  "description"},
-    {DifferenceKind::kRowWent,      "row-went"},
-    {DifferenceKind::kRowCame,      "row-came"},
-    {DifferenceKind::kRowType,      "row-type"},
-    {DifferenceKind::kRowLower,     "row-lower"},
-    {DifferenceKind::kRowUpper,     "row-upper"},
-    {DifferenceKind::kColumnWent,   "column-went"},
-    {DifferenceKind::kColumnCame,   "column-came"},
-    {DifferenceKind::kColumnType,   "column-type"},
-    {DifferenceKind::kColumnLower,  "column-lower"},
-    {DifferenceKind::kColumnUpper,  "column-upper"},
-    {DifferenceKind::kElementWent,  "element-went"},
-    {DifferenceKind::kElementCame,  "element-came"},
+    {DifferenceKind::kModelName, "model-name"},
+    {DifferenceKind::kDescription, "description"},
+    {DifferenceKind::kObjectiveSense, "objective-sense"},
+    {DifferenceKind::kObjective, "objective"},
+    {DifferenceKind::kObjectiveConstant, "objective-constant"},
+    {DifferenceKind::kRowWent, "row-went"},
+    {DifferenceKind::kRowCame, "row-came"},
+    {DifferenceKind::kRowType, "row-type"},
+    {DifferenceKind::kRowLower, "row-lower"},
+    {DifferenceKind::kRowUpper, "row-upper"},
+    {DifferenceKind::kColumnWent, "column-went"},
+    {DifferenceKind::kColumnCame, "column-came"},
+    {DifferenceKind::kColumnType, "column-type"},
+    {DifferenceKind::kColumnLower, "column-lower"},
+    {DifferenceKind::kColumnUpper, "column-upper"},
+    {DifferenceKind::kElementWent, "element-went"},
+    {DifferenceKind::kElementCame, "element-came"},
     {DifferenceKind::kElementValue, "element-value"},
-    {DifferenceKind::kRowOrder,     "row-order",     true},
-    {DifferenceKind::kColumnOrder,  "column-order",  true},
+    {DifferenceKind::kRowOrder, "row-order", true},
+    {DifferenceKind::kColumnOrder, "column-order", true},
     {DifferenceKind::kElementOrder, "element-order", true},
 }};
-// clang-format on
 
 const KindTraits& TraitsOf(DifferenceKind kind) { return kKinds[static_cast<std::size_t>(kind)]; }
 

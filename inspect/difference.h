@@ -14,6 +14,9 @@ namespace quarvel::inspect {
 enum class DifferenceKind : std::uint8_t {
   kModelName,
   kDescription,
+  kObjectiveSense,
+  kObjective,  // another row is it
+  kObjectiveConstant,
 
   kRowWent,  // A has it, B has not
   kRowCame,  // B has it, A has not
@@ -56,7 +59,7 @@ struct Difference {
   // Of what differs: a row, a column, or both for a coefficient.
   RecordPair row = {};
   RecordPair column = {};
-  // The bound or coefficient in A and in B, 0 where there is none. Types and names stand in the models.
+  // The number in A and in B, 0 where there is none. Types and texts stand in the models and facts.
   double before = 0;
   double after = 0;
   bool operator==(const Difference&) const = default;

@@ -233,6 +233,29 @@ TEST(Compare, KnowsWhatIsNotFiniteByItself) {
   EXPECT_EQ(LinesOfBounds(nan, 1, -BoundLimit, 1).size(), 1u);
 }
 
+TEST(Compare, TellsWhatFilesSayBesideTheirModels) {
+  const auto lines = [](const mps::FileFacts& a, const mps::FileFacts& b, Tolerance tolerance) {
+    Lines told;
+    CompareFacts(a, b, tolerance, [&told](const Difference& d) {
+      told.push_back(std::string(NameOf(d.kind)) + " " + text::RoundTripText(d.before) + " " +
+                     text::RoundTripText(d.after));
+    });
+    return told;
+  };
+  mps::FileFacts a;
+  mps::FileFacts b;
+  b.sense = mps::ObjectiveSense::kMinimize;
+  b.rhs_set = "RHS";
+  b.has_endata = false;
+  EXPECT_EQ(lines(a, b, {}), Lines{});
+  b.sense = mps::ObjectiveSense::kMaximize;
+  b.objective = "PROFIT";
+  b.objective_constant = 2;
+  EXPECT_EQ(lines(a, b, {}),
+            (Lines{"objective-sense 0 0", "objective 0 0", "objective-constant 0 2"}));
+  EXPECT_EQ(lines(b, a, {2, 0}), (Lines{"objective-sense 0 0", "objective 0 0"}));
+}
+
 TEST(Compare, CountsAndKeepsTheFirst) {
   TestModel a;
   TestModel b;
