@@ -23,6 +23,12 @@ std::string EvaluateHelp() {
          "In that file empty lines and lines that start with # are passed over.\n";
 }
 
+std::string DialectsHelp() {
+  return "Each thing is printed with the first 5 lines where it stands, unless --limit says otherwise, and "
+         "with\nwhat quarvel, glpsol 5.0, lp_solve 5.5.2.5 and cbc 2.10.8 make of it, which was found out by "
+         "runs of them.\nThe exit status is 1 when there is one, 0 when there is none.\n";
+}
+
 std::string ExplainHelp() {
   return "Each type, bound and coefficient is told with the line that set it and those that it overrode; "
          "then\nlines that name the row or column and change nothing of it, what was wrong in such lines, and all "
@@ -85,6 +91,8 @@ constexpr Command kCommands[] = {
      "print one column with its elements", nullptr, RunColumn},
     {"evaluate", "FILE ROW [NAME=VALUE ...]", 2, kAnyNumber, kReadings | kJson | kPoint,
      "print a row's activity at a point", EvaluateHelp, RunEvaluate},
+    {"dialects", "FILE", 1, 1, kDefaultBounds | kJson | kLimit,
+     "list what readers in use make different models of", DialectsHelp, RunDialects},
     {"explain", "FILE NAME|INDEX", 2, 2, kDefaultBounds | kJson | kLimit,
      "tell which lines made a row or column what it is", ExplainHelp, RunExplain},
     {"why", "FILE POINT", 2, 2, kReadings | kJson | kLimit | kTolerance,

@@ -38,6 +38,7 @@ int RunColumns(Session& session);
 int RunRow(Session& session);
 int RunColumn(Session& session);
 int RunEvaluate(Session& session);
+int RunDialects(Session& session);
 int RunExplain(Session& session);
 int RunWhy(Session& session);
 int RunCheck(Session& session);

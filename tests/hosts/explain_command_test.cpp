@@ -5,14 +5,14 @@
 namespace quarvel {
 namespace {
 
-constexpr std::string_view kModel =
+constexpr std::string_view kExplainedModel =
     "ROWS\n N COST\n L LIM\n E X\nCOLUMNS\n X COST 1 LIM 2\n X NONE 1 X 3\n M 'MARKER' 'INTORG'\n"
     " i lim 5\nRHS\n RHS LIM 4\nRANGES\n RNG LIM 2.5\nBOUNDS\n UP BND X 4\n up bnd x 9\n LO B X 0\n"
     "ENDATA\n";
 
 TEST(Explain, TellsWhichLinesMadeAColumn) {
   const HostFolder folder;
-  const Outcome run = RunQuarvel({"explain", folder.Write("a.mps", kModel), "i"});
+  const Outcome run = RunQuarvel({"explain", folder.Write("a.mps", kExplainedModel), "i"});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "");
   EXPECT_EQ(run.out,
@@ -28,7 +28,7 @@ TEST(Explain, TellsWhichLinesMadeAColumn) {
 
 TEST(Explain, TellsWhichLinesMadeARow) {
   const HostFolder folder;
-  EXPECT_EQ(RunQuarvel({"explain", folder.Write("a.mps", kModel), "LIM"}).out,
+  EXPECT_EQ(RunQuarvel({"explain", folder.Write("a.mps", kExplainedModel), "LIM"}).out,
             "row LIM (number 1)\n"
             "  type      R: made of its bounds; line 3 had said L\n"
             "  lower     1.5: line 13\n"
@@ -45,7 +45,7 @@ TEST(Explain, TellsWhichLinesMadeARow) {
 
 TEST(Explain, TellsWhatWasOverriddenAndOfBothRecordsOfAName) {
   const HostFolder folder;
-  EXPECT_EQ(RunQuarvel({"explain", folder.Write("a.mps", kModel), "x"}).out,
+  EXPECT_EQ(RunQuarvel({"explain", folder.Write("a.mps", kExplainedModel), "x"}).out,
             "row X (number 2)\n"
             "  type      E: line 4\n"
             "  lower     0: default\n"
@@ -72,14 +72,14 @@ TEST(Explain, TellsWhatWasOverriddenAndOfBothRecordsOfAName) {
 
 TEST(Explain, TellsOfTheObjective) {
   const HostFolder folder;
-  EXPECT_NE(RunQuarvel({"explain", folder.Write("a.mps", kModel), "COST"})
+  EXPECT_NE(RunQuarvel({"explain", folder.Write("a.mps", kExplainedModel), "COST"})
                 .out.find("  objective the sense is not said\n"),
             std::string::npos);
 }
 
 TEST(Explain, TakesNumbersWhereThereIsNoSuchName) {
   const HostFolder folder;
-  const std::string model = folder.Write("a.mps", kModel);
+  const std::string model = folder.Write("a.mps", kExplainedModel);
   const std::string both = RunQuarvel({"explain", model, "1"}).out;
   EXPECT_TRUE(both.starts_with("row LIM (number 1)\n")) << both;
   EXPECT_NE(both.find("column I (number 1)\n"), std::string::npos) << both;
@@ -91,7 +91,7 @@ TEST(Explain, TakesNumbersWhereThereIsNoSuchName) {
 
 TEST(Explain, TellsWhatNamesARecordThatIsNotThere) {
   const HostFolder folder;
-  const Outcome run = RunQuarvel({"explain", folder.Write("a.mps", kModel), "none"});
+  const Outcome run = RunQuarvel({"explain", folder.Write("a.mps", kExplainedModel), "none"});
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out,
             "  unused    line 7 names it and changes none of this\n"
@@ -115,7 +115,8 @@ TEST(Explain, ListsTenElementsUnlessItIsToldOtherwise) {
 
 TEST(Explain, PrintsJson) {
   const HostFolder folder;
-  const Outcome run = RunQuarvel({"explain", folder.Write("a.mps", kModel), "I", "--json"});
+  const Outcome run =
+      RunQuarvel({"explain", folder.Write("a.mps", kExplainedModel), "I", "--json"});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(
       run.out,
@@ -142,10 +143,10 @@ TEST(Explain, PrintsJson) {
 }
 
 TEST(Explain, ReadsStandardInput) {
-  const Outcome run = RunQuarvel({"explain", "-", "I"}, kModel);
+  const Outcome run = RunQuarvel({"explain", "-", "I"}, kExplainedModel);
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_TRUE(run.out.starts_with("column I (number 1)\n")) << run.out;
-  EXPECT_EQ(RunQuarvel({"explain", "-", "1"}, kModel).err,
+  EXPECT_EQ(RunQuarvel({"explain", "-", "1"}, kExplainedModel).err,
             "quarvel: standard input: there is no row or column 1\n");
 }
 

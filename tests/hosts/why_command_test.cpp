@@ -6,13 +6,13 @@ namespace quarvel {
 namespace {
 
 // R2: 2 X <= 8, X at most 10; I whole.
-constexpr std::string_view kModel =
+constexpr std::string_view kPointModel =
     "ROWS\n N R1\n L R2\n E R3\nCOLUMNS\n X R1 1 R2 2\n Y R1 -3.5 R3 4\n M 'MARKER' 'INTORG'\n"
     " I R2 -1\n M 'MARKER' 'INTEND'\nRHS\n RHS R2 8 R3 2\nBOUNDS\n UP BOUND X 10\nENDATA\n";
 
 TEST(Why, ListsWhatAPointDoesNotKeepWorstFirst) {
   const HostFolder folder;
-  const std::string model = folder.Write("a.mps", kModel);
+  const std::string model = folder.Write("a.mps", kPointModel);
   const std::string point = folder.Write("p", "# tried\nX 12\nI=1.25\nZ 3\nx 11\n");
   const Outcome run = RunQuarvel({"why", model, point});
   EXPECT_EQ(run.status, 1);
@@ -34,7 +34,7 @@ TEST(Why, ListsWhatAPointDoesNotKeepWorstFirst) {
 
 TEST(Why, FindsNothingAtAPointThatKeepsAll) {
   const HostFolder folder;
-  const std::string model = folder.Write("a.mps", kModel);
+  const std::string model = folder.Write("a.mps", kPointModel);
   const Outcome run = RunQuarvel({"why", model, folder.Write("p", "X 4\nY .5\nI 0\n")});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.out, folder.Expand("@a.mps: 0 violations; the point is names and values; tolerance "
@@ -43,7 +43,7 @@ TEST(Why, FindsNothingAtAPointThatKeepsAll) {
 
 TEST(Why, TakesATolerance) {
   const HostFolder folder;
-  const std::string model = folder.Write("a.mps", kModel);
+  const std::string model = folder.Write("a.mps", kPointModel);
   const std::string point = folder.Write("p", "X 4.5\nY .5\nI 0\n");
   EXPECT_EQ(RunQuarvel({"why", model, point}).status, 1);
   EXPECT_EQ(RunQuarvel({"why", model, point, "--tolerance", "1"}).status, 0);
@@ -102,7 +102,7 @@ TEST(Why, PrintsTheTwelveLargestTermsOfALongRow) {
 
 TEST(Why, TakesWhatSolversWrite) {
   const HostFolder folder;
-  const std::string model = folder.Write("a.mps", kModel);
+  const std::string model = folder.Write("a.mps", kPointModel);
   const struct {
     const char* file;
     const char* kind;
@@ -154,7 +154,7 @@ TEST(Why, CountsWhatTheRoundingOfAReportExplains) {
 
 TEST(Why, RefusesNumbersOfAnotherModelsColumns) {
   const HostFolder folder;
-  const std::string model = folder.Write("a.mps", kModel);
+  const std::string model = folder.Write("a.mps", kPointModel);
   const Outcome run =
       RunQuarvel({"why", model, folder.Write("p", "s mip 2 4 o 1\nj 1 4\ne o f\n")});
   EXPECT_EQ(run.status, 1);
@@ -166,7 +166,7 @@ TEST(Why, RefusesNumbersOfAnotherModelsColumns) {
 
 TEST(Why, TakesNumbersInASolversFileForNamesOnly) {
   const HostFolder folder;
-  const std::string model = folder.Write("a.mps", kModel);
+  const std::string model = folder.Write("a.mps", kPointModel);
   EXPECT_NE(RunQuarvel({"why", model, folder.Write("p", "1 .5\n")})
                 .out.find("2 columns not in the point, taken as 0: X, I\n"),
             std::string::npos);
@@ -178,7 +178,7 @@ TEST(Why, TakesNumbersInASolversFileForNamesOnly) {
 
 TEST(Why, NamesTheLineOfABadPoint) {
   const HostFolder folder;
-  const std::string model = folder.Write("a.mps", kModel);
+  const std::string model = folder.Write("a.mps", kPointModel);
   const Outcome run = RunQuarvel({"why", model, folder.Write("p", "X 1\nY one\n")});
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.err, folder.Expand("quarvel: @p:2: \" one\" is not a number\n"));
@@ -188,7 +188,7 @@ TEST(Why, NamesTheLineOfABadPoint) {
 
 TEST(Why, PrintsJson) {
   const HostFolder folder;
-  const std::string model = folder.Write("a.mps", kModel);
+  const std::string model = folder.Write("a.mps", kPointModel);
   const Outcome run =
       RunQuarvel({"why", model, folder.Write("p", "X 11\nY .5\nI 20.5\nQ 1\n"), "--json"});
   EXPECT_EQ(run.status, 1);
@@ -213,7 +213,7 @@ TEST(Why, PrintsJson) {
 
 TEST(Why, PrintsTenNamesOfAKind) {
   const HostFolder folder;
-  const std::string model = folder.Write("a.mps", kModel);
+  const std::string model = folder.Write("a.mps", kPointModel);
   std::string point = "X 0\nY .5\nI 0\n";
   for (int i = 1; i <= 11; ++i) point += "Z" + std::to_string(i) + " 1\n";
   EXPECT_TRUE(

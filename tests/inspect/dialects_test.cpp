@@ -1,0 +1,125 @@
+#include "inspect/dialects.h"
+
+#include <filesystem>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/test_paths.h"
+#include "text/numbers.h"
+
+namespace quarvel::inspect {
+namespace {
+
+std::string Find(std::string_view bytes, std::size_t kept = 5) {
+  const TemporaryFolder folder;
+  WriteWholeFile(folder.File("f"), bytes);
+  model::ModelStore store;
+  std::string text;
+  for (const DialectFinding& finding : FindDialects(folder.File("f"), {}, store, kept).found) {
+    if (!text.empty()) text += ", ";
+    text += TraitsOf(finding.point).id;
+    for (const std::int64_t line : finding.lines) text += ' ' + text::IntegerText(line);
+    if (finding.lines.size() != static_cast<std::size_t>(finding.count)) {
+      text += " of " + text::IntegerText(finding.count);
+    }
+  }
+  return text;
+}
+
+// A file whose lines 3 to 9 are the same: rows COST, LIM and EQ, column X.
+std::string File(std::string_view middle, std::string_view end = "ENDATA\n") {
+  std::string text =
+      "NAME F\nROWS\n N COST\n L LIM\n E EQ\nCOLUMNS\n X COST 1 LIM 1\n X EQ 1\n* nine\n";
+  return text.append(middle).append(end);
+}
+
+TEST(Dialects, FindsNothingInAPlainFile) {
+  EXPECT_EQ(Find(File("RHS\n RHS LIM 4 EQ 1\nRANGES\n RNG LIM 2\n RNG EQ -2\nBOUNDS\n"
+                      " LO BND X -3\n UP BND X -2\n FR BND X\n MI BND X\n")),
+            "");
+}
+
+TEST(Dialects, FindsEachThingInItsLine) {
+  const struct {
+    std::string bytes;
+    const char* found;
+  } cases[] = {
+      {"OBJSENSE\n MAX\n" + File(""), "objective-sense 1"},
+      {"OBJSENSE MAX\n" + File(""), "objective-sense 1"},
+      {"ROWS\n N A\n N B\n L C\n N D\nCOLUMNS\n X C 1\nENDATA\n", "second-free-row 3 5"},
+      {File(" M 'MARKER' 'INTORG'\n I LIM 1\n J LIM 1\n K LIM 1\n M 'MARKER' 'INTEND'\n Y LIM 1\n"
+            "BOUNDS\n LO B J 1\n UP B K 9\n"),
+       "integer-without-bounds 11, integer-with-lower-only 12"},
+      {File(" Y LIM 1 LIM 2\n Z LIM 1\n Z EQ 1 LIM 3\n X LIM 0\n"), "pair-twice 10 12"},
+      {File("RHS\n RHS COST 5 LIM 1\n RHS COST 0\n"), "objective-constant 11"},
+      {File("RHS\n LIM 4\n RHS LIM 4\nRANGES\n LIM 4 EQ 3\n"), "set-without-name 11 14"},
+      {File("BOUNDS\n UP X 4\n FR X\n FR B X\n UP B X 4\n"), "set-without-name 11 12"},
+      {File("RHS\n A LIM 4\n B LIM 3\n A EQ 3\n C EQ 1\n"), "second-rhs-set 12 14"},
+      {File("RANGES\n A LIM 4\n B LIM 3\n"), "second-ranges-set 12"},
+      {File("BOUNDS\n UP A X 4\n UP B X 3\n FR C X\n"), "second-bounds-set 12 13"},
+      {File("RANGES\n A COST 4\n"), "range-of-free-row 11"},
+      {File("BOUNDS\n UP A X -4\n"), "negative-upper 11"},
+      {File("BOUNDS\n UP A X -4\n LO A X -9\n UP A X -3\n"), "negative-upper 11"},
+      {File("BOUNDS\n MI A X\n UP A X -4\n"), ""},
+      {File("BOUNDS\n SC A X 4\n"), "semi-continuous 11"},
+      {File(
+           "RHS\n R LIM 1E10\n R EQ -2e12\n R LIM 9999999999\nBOUNDS\n LO B X -1E+10\n UP B X 1E9\n"),
+       "large-number 11 12 15"},
+      {File("", ""), "missing-endata 9"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(Find(c.bytes), c.found) << c.bytes;
+}
+
+TEST(Dialects, CountsAllAndKeepsTheFirst) {
+  std::string text = "RANGES\n";
+  for (int i = 0; i < 20; ++i) text += " A COST 4 COST 5\n";
+  EXPECT_EQ(Find(File(text), 3), "range-of-free-row 11 12 13 of 20");
+  EXPECT_EQ(Find(File(text), 0), "range-of-free-row of 20");
+}
+
+TEST(Dialects, FindsNothingInWhatCannotBeRead) {
+  const TemporaryFolder folder;
+  model::ModelStore store;
+  const DialectFindings findings = FindDialects(folder.File("missing"), {}, store);
+  EXPECT_EQ(findings.read.outcome, mps::ReadOutcome::kFailed);
+  EXPECT_TRUE(findings.found.empty());
+}
+
+TEST(Dialects, SurvivesLinesOfAnyShape) {
+  std::string text;
+  std::uint32_t state = 99;
+  for (int i = 0; i < 4000; ++i) {
+    constexpr std::string_view kWords[] = {"ROWS", "COLUMNS", "RHS",      "RANGES",   "BOUNDS",
+                                           "\n",   "\n ",     "\n ",      "N",        "L",
+                                           "X",    "Y",       "'MARKER'", "'INTORG'", "UP",
+                                           "SC",   "1",       "-1e10",    "OBJSENSE", "\n"};
+    state = state * 1664525U + 1013904223U;
+    text.append(kWords[(state >> 16) % std::size(kWords)]).append(" ");
+  }
+  EXPECT_NE(Find(text), "nothing is raised");
+}
+
+TEST(Dialects, HasATableInTheOrderOfThePoints) {
+  std::set<std::string_view> ids;
+  for (std::size_t i = 0; i < DialectTable().size(); ++i) {
+    const DialectTraits& traits = DialectTable()[i];
+    EXPECT_EQ(static_cast<std::size_t>(traits.point), i);
+    EXPECT_TRUE(ids.insert(traits.id).second) << traits.id;
+    std::set<std::string_view> readings;
+    for (const ReaderReading& reading : traits.readings) readings.insert(reading.reading);
+    EXPECT_GT(readings.size(), 1U) << traits.id;
+  }
+}
+
+TEST(Dialects, HasEachPointOnItsPage) {
+  const std::string page = ReadWholeFile(SourceFolder() + "/docs/dialects.md");
+  for (const DialectTraits& traits : DialectTable()) {
+    EXPECT_NE(page.find("| `" + std::string(traits.id) + "` |"), std::string::npos) << traits.id;
+  }
+}
+
+}  // namespace
+}  // namespace quarvel::inspect
