@@ -23,6 +23,7 @@ FileProblem Describe(const model::ModelData& data, const model::ColumnRecord& co
                      const ElementEntry& again) {
   return {.code = {},
           .item = column.Name,
+          .read = data.Rows[again.Index].Name,
           .made = "in row " + data.Rows[again.Index].Name + ": " +
                   text::GeneralText(ValueBefore(column, again)) + ", then " +
                   text::GeneralText(again.Value) +

@@ -153,9 +153,23 @@ TEST(Check, PrintsJson) {
           "UP S A 1\"},\n"
           "{\"code\":\"E204\",\"name\":\"column-bounds-reversed\",\"weight\":\"error\",\"sentence\":"
           "\"the lower bound of the column is above the upper: A\",\"item\":\"A\",\"expected\":\"lower "
-          "<= upper\"}],\"counts\":{\"E103\":1,\"E110\":1,\"E204\":1,\"W401\":1},\"errors\":3,"
+          "<= upper\",\"lines\":[8,9]}],\"counts\":{\"E103\":1,\"E110\":1,\"E204\":1,\"W401\":1},\"errors\":3,"
           "\"warnings\":1,\"adapted\":0,\"unlisted\":0,\"filtered\":0,\"read\":true,\"hasEndata\":"
           "false,\"rows\":1,\"columns\":2,\"elements\":2}\n"));
+}
+
+// It can be read once only, so nobody looks for the lines of the bounds.
+TEST(Check, ChecksStandardInput) {
+  constexpr std::string_view kReversed =
+      "ROWS\n L R1\nCOLUMNS\n A R1 1\nBOUNDS\n LO S A 5\n UP S A 1\nENDATA\n";
+  const Outcome run = RunQuarvel({"check", "-", "--no-lint"}, kReversed);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out,
+            "standard input: error: the lower bound of the column is above the upper: A [E204 "
+            "column-bounds-reversed]\n"
+            "      = expected: lower <= upper\n\n"
+            "        1  E204 column-bounds-reversed\n"
+            "standard input: 1 error; 1 row, 1 column, 1 element\n");
 }
 
 TEST(Check, PrintsJsonWithoutProblems) {

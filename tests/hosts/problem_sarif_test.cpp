@@ -82,6 +82,14 @@ TEST(ProblemSarif, HasAResultForEachProblem) {
   }
 }
 
+TEST(ProblemSarif, RelatesOtherLines) {
+  const HostFolder folder;
+  const JsonValue log = CheckAsSarif(folder.Example("mistakes.mps"), {"--only", "E204"});
+  const JsonValue& related = log["runs"][0]["results"][0]["relatedLocations"];
+  ASSERT_EQ(related.size(), 1U);
+  EXPECT_EQ(related[0]["physicalLocation"]["region"]["startLine"].text(), "41");
+}
+
 TEST(ProblemSarif, CountsColumnsInCharacters) {
   const HostFolder folder;
   const std::string model = folder.Write(
