@@ -2,7 +2,6 @@
 // Whole numbers are sets of the first 64.
 #pragma once
 
-#include <compare>
 #include <cstdint>
 
 namespace quarvel::hosts {
@@ -35,7 +34,12 @@ class OptionSet {
     return OptionSet(a.low_ & b.low_, a.high_ & b.high_);
   }
   // By some order, for maps.
-  friend constexpr auto operator<=>(const OptionSet&, const OptionSet&) = default;
+  friend constexpr bool operator<(OptionSet a, OptionSet b) {
+    return a.high_ != b.high_ ? a.high_ < b.high_ : a.low_ < b.low_;
+  }
+  friend constexpr bool operator==(OptionSet a, OptionSet b) {
+    return a.low_ == b.low_ && a.high_ == b.high_;
+  }
 
  private:
   static constexpr unsigned kHalf = 64;

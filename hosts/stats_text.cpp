@@ -263,7 +263,7 @@ std::string TypesText(const RecordFamily& family, const Types& types) {
   for (const auto& type : types) {
     const std::int32_t count = family.types[static_cast<std::size_t>(type.type)];
     if (count == 0) continue;
-    const std::string letter = type.letter.empty() ? "none" : std::string(type.letter);
+    std::string letter = type.letter.empty() ? "none" : std::string(type.letter);
     if (count == family.count) return letter;
     if (!text.empty()) text += ' ';
     text.append(letter).append(" ").append(text::IntegerText(count));

@@ -130,10 +130,10 @@ class OriginWatch {
   Seen Look(const RecordOrigin& record) const {
     if (record.is_row) {
       const model::RowRecord& row = fill_.data().Rows[record.number];
-      return {model::TypeText(row.Type), row};
+      return {model::TypeText(row.Type), {row.LowerBound, row.UpperBound}};
     }
     const model::ColumnRecord& column = fill_.data().Columns[record.number];
-    return {model::TypeText(column.Type), column};
+    return {model::TypeText(column.Type), {column.LowerBound, column.UpperBound}};
   }
 
   void Begin(std::size_t i, std::int64_t line) {

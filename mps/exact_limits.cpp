@@ -83,7 +83,8 @@ RowLines ByLimits(const Bounds& limits) {
 }  // namespace
 
 RowLines RowLinesOf(const RowRecord& row, bool may_be_free) {
-  if (row.Type == RowType::kNone) return {RowType::kNone, std::nullopt, std::nullopt, row};
+  if (row.Type == RowType::kNone)
+    return {RowType::kNone, std::nullopt, std::nullopt, {row.LowerBound, row.UpperBound}};
   if (row.Type != RowType::kFree) return ByLimits(row);
   const bool limits_nothing = model::RowTypeOf(row.LowerBound, row.UpperBound) == RowType::kFree;
   if (limits_nothing && !(may_be_free && IsAbsent(row))) return ByLimits(row);

@@ -12,7 +12,7 @@ class Forecasting {
     bounds_.Resize(data.NumberOfColumns);
     elements_.Resize(data.NumberOfColumns);
     for (std::int32_t c = 1; c <= data.NumberOfColumns; ++c) {
-      bounds_[c] = data.Columns[c];
+      bounds_[c] = {data.Columns[c].LowerBound, data.Columns[c].UpperBound};
       elements_[c] = data.Columns[c].ElementCount();
     }
   }
