@@ -30,6 +30,7 @@ class JobLister {
   std::vector<Job> List() {
     AddReads();
     AddCheck();
+    AddDiffs();
     AddWrite();
     AddQuery();
     AddSimplifications();
@@ -132,6 +133,24 @@ class JobLister {
     job.most_megabytes = kMegabytes;
     Expect(job, file);
     jobs_.push_back(std::move(job));
+  }
+
+  void AddDiff(const std::string& name, const ModelFile& other) {
+    constexpr double kRatio = 1 / 3.0;
+    const ModelFile file = File("base");
+    Job job;
+    job.name = name;
+    job.files = {file, other};
+    job.command = Ours({"diff", file.path, other.path});
+    job.contenders = {Other("read", {"read", file.path})};
+    job.least_ratio = kRatio;
+    Expect(job, file);
+    jobs_.push_back(std::move(job));
+  }
+
+  void AddDiffs() {
+    AddDiff("diff", File("base"));
+    AddDiff("diff, another order", File("sorted", 1, {0, 0, {"--order", "sorted"}}));
   }
 
   void AddWrite() {

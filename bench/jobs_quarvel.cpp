@@ -18,6 +18,7 @@
 #include "bench/edit_jobs.h"
 #include "bench/stopwatch.h"
 #include "component/lp_model.h"
+#include "inspect/compare.h"
 #include "inspect/lint.h"
 #include "mps/read_file.h"
 
@@ -77,6 +78,23 @@ void Check(Arguments arguments) {
               }));
   Require(read.outcome == mps::ReadOutcome::kRead, "the file was not read");
   session.PrintSize();
+}
+
+// What `quarvel diff` does but for printing: two reads and the comparison.
+void Diff(Arguments arguments) {
+  Session a;
+  Session b;
+  const double reads = SecondsOf([&] {
+    mps::ReadFile(arguments[0], {}, a.model.store());
+    mps::ReadFile(arguments[1], {}, b.model.store());
+  });
+  inspect::Differences differences(0);
+  const double comparison =
+      SecondsOf([&] { differences = inspect::Compare(a.model.store(), b.model.store(), {}, 0); });
+  PrintResult("seconds", reads + comparison);
+  PrintResult("comparison", comparison);
+  Require(differences.none(), "the models differ");
+  b.PrintSize();
 }
 
 void Write(Arguments arguments) {
@@ -295,6 +313,7 @@ struct Job {
 constexpr Job kJobs[] = {
     {"read", 1, Read},
     {"check", 1, Check},
+    {"diff", 2, Diff},
     {"write", 2, Write},
     {"query", 1, Query},
     {"loop", 1, Loop},
