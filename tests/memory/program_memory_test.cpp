@@ -188,7 +188,7 @@ class ProgramTrial {
 };
 
 TEST(ProgramMemory, ProgramSaysThatMemoryRanOutAtEveryFailedAllocation) {
-  Trials trials;
+  Trials trials(Trials::StepWithFiles());
   for (const NamedCommand& run : ProgramRuns()) trials.Run(run.name, ProgramTrial(run.words));
   trials.Expect(1000);
 }

@@ -104,7 +104,7 @@ class SaveTrial {
 };
 
 TEST(SaveMemory, FileIsOldOrNewAndTheModelAsBeforeAtEveryFailedAllocation) {
-  Trials trials;
+  Trials trials(Trials::StepWithFiles());
   for (const SaveWay& way : mps::SaveWays()) {
     trials.Run(way.name, SaveTrial(way, Asking::kForNothing));
     // A host's failure belongs to a save whose path is given.

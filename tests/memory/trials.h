@@ -45,11 +45,18 @@ class Trials {
   // not so many.
   using Attempt = std::function<std::optional<std::string>(std::int64_t n, Shortage shortage)>;
 
+  // With a step, one in so many allocations fails, others in each run.
+  explicit Trials(int step = 1) : step_(step) {}
+  // For attempts that make files: these take their time, most of all on Windows.
+  static int StepWithFiles();
+
   void Run(const std::string& name, const Attempt& attempt);
-  // The test fails when anything was wrong, or when there were fewer failed allocations.
+  // The test fails when anything was wrong, or when there were fewer failed allocations for a step.
   void Expect(std::size_t least) const;
 
  private:
+  int step_;
+  int first_ = 1;
   std::size_t attempts_ = 0;
   std::vector<std::string> faults_;
 };

@@ -29,6 +29,21 @@ class ViewerFileJourney : public ViewerJourney {
   }
 };
 
+TEST_F(ViewerFileJourney, FileThatMayBeCutOffIsSaidToBeAndShown) {
+  const std::string_view cut = kSingleElementRow.substr(0, kSingleElementRow.find("ENDATA"));
+  for (const bool is_cut : {true, false}) {
+    WriteWholeFile(path_, is_cut ? cut : kSingleElementRow);
+    Open();
+    In("frmViewEquations", [](QWidget&) { EXPECT_EQ(Column("fgrdRows", 0), (Texts{"R1", "R2"})); });
+    Leave();
+    const Outcome run = Run({"view", path_, "--edit"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err,
+              is_cut ? "quarvel: " + path_ + ": no ENDATA line: the file may be cut off\n" : "");
+  }
+}
+
 TEST_F(ViewerFileJourney, SaveKeepsTheOldFileWhenTheUserCancelsAtTheEnd) {
   const std::string before = ReadWholeFile(path_);
   Open();
