@@ -40,11 +40,14 @@ std::string Slot(const std::string& stem, int number) {
 TemporaryFile::TemporaryFile(const std::string& beside, const std::string& named_after,
                              const FileTraits* like)
     : stem_(Stem(beside, named_after)), folder_(FolderOf(beside)) {
-  for (int number = 0; number < kMostSlots && !output_; ++number) {
-    path_ = Slot(stem_, number);
-    if (auto file = SystemFile::CreateNew(path_, like)) output_.emplace(std::move(*file));
+  for (; slot_ < kMostSlots; ++slot_) {
+    path_ = Slot(stem_, slot_);
+    if (auto file = SystemFile::CreateNew(path_, like)) {
+      output_.emplace(std::move(*file));
+      return;
+    }
   }
-  if (!output_) RaiseRunTimeError(RunTimeError::kFileAlreadyExists);
+  RaiseRunTimeError(RunTimeError::kFileAlreadyExists);
 }
 
 TemporaryFile::~TemporaryFile() {
@@ -62,11 +65,14 @@ bool TemporaryFile::HasOwnerOf(const FileTraits& file) {
 }
 
 void TemporaryFile::ClearAbandoned() const noexcept {
-  // Its own is in use and stays.
-  int number = 0;
-  const auto removes = [&] { return RemoveAbandoned(Slot(stem_, number)) != Abandoned::kNone; };
   try {
-    while (number < kMostSlots && removes()) ++number;
+    // The numbers below its own were all taken. From the last one down, so that what stays when this
+    // fails in the middle stands below the number of the next file.
+    for (int number = slot_ - 1; number >= 0; --number) RemoveAbandoned(Slot(stem_, number));
+    int number = slot_ + 1;
+    while (number < kMostSlots && RemoveAbandoned(Slot(stem_, number)) != Abandoned::kNone) {
+      ++number;
+    }
   } catch (const std::exception&) {
     // A good save stays good.
   }

@@ -59,6 +59,7 @@ class TemporaryFile {
 
   std::string stem_;
   std::string folder_;
+  int slot_ = 0;  // the number in its name
   std::string path_;
   std::optional<OutputFile> output_;
   bool is_renamed_ = false;

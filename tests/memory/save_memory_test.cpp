@@ -49,6 +49,16 @@ class Saver {
   SaveCase save_;
 };
 
+std::string FaultOfNextSave(SaveCase& save) {
+  const Outcome outcome = OutcomeOf([&] { return save.SaveAgain(); });
+  if (outcome != Outcome{.result = kSaved}) return "saved again: " + Text(outcome);
+  if (save.Text() != save.new_text()) return "saved again, with another text";
+  for (const std::string& name : save.Names()) {
+    if (name.find(".quarvel-") != name.npos) return "left behind: " + name;
+  }
+  return "";
+}
+
 class SaveTrial {
  public:
   SaveTrial(const SaveWay& way, Asking asking) : way_(way), asking_(asking) {
@@ -88,16 +98,6 @@ class SaveTrial {
 
   bool HasBoxAfterwards() const { return way_.host_fails || way_.is_empty; }
 
-  static std::string FaultOfNextSave(SaveCase& save) {
-    const Outcome outcome = OutcomeOf([&] { return save.SaveAgain(); });
-    if (outcome != Outcome{.result = kSaved}) return "saved again: " + Text(outcome);
-    if (save.Text() != save.new_text()) return "saved again, with another text";
-    for (const std::string& name : save.Names()) {
-      if (name.find(".quarvel-") != name.npos) return "left behind: " + name;
-    }
-    return "";
-  }
-
   const SaveWay& way_;
   Asking asking_;
   Outcome wanted_;
@@ -112,6 +112,26 @@ TEST(SaveMemory, FileIsOldOrNewAndTheModelAsBeforeAtEveryFailedAllocation) {
     trials.Run(std::string(way.name) + ", chosen", SaveTrial(way, Asking::kForThePath));
   }
   trials.Expect(1000);
+}
+
+TEST(SaveMemory, WhatKilledSavesLeftIsGoneAfterTheNextSaveThatHasMemory) {
+  const SaveWay way = {.name = "another file"};
+  Trials trials(Trials::StepWithFiles());
+  trials.Run(way.name, [&](std::int64_t n, Shortage shortage) -> std::optional<std::string> {
+    Saver saver(way);
+    const std::string& path = saver.save().path();
+    const std::string folder = path.substr(0, path.rfind('/') + 1);
+    for (int i = 0; i < 6; ++i) {
+      WriteWholeFile(folder + ".model.mps.quarvel-" + std::to_string(i) + "~", "left");
+    }
+    {
+      const FailingAllocation failing(n, shortage);
+      saver.Save(Asking::kForNothing);
+      if (!failing.happened()) return std::nullopt;
+    }
+    return FaultOfNextSave(saver.save());
+  });
+  trials.Expect(30);
 }
 
 }  // namespace
