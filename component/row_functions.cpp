@@ -1,15 +1,11 @@
-#include <cmath>
 #include <exception>
 
 #include "component/lp_model.h"
 #include "component/results.h"
-#include "text/numbers.h"
+#include "model/equation.h"
 
 namespace quarvel {
 namespace {
-
-using text::AppendGeneralText;
-using text::GeneralText;
 
 // The record of 0-based row RowNum, which need not be counted, only stored.
 const model::RowRecord& StoredRow(const model::ModelData& data, std::int32_t RowNum) {
@@ -25,59 +21,16 @@ T& Slot(std::span<T> array, std::int32_t lower_bound, std::int32_t column) {
   return array[offset];
 }
 
-std::string BoundsOf(const model::RowRecord& row) {
-  if (row.Type == model::RowType::kEqual) return " equal to " + GeneralText(row.UpperBound);
-  const model::RowTypeTraits& type = model::TraitsOf(row.Type);
-  std::string text;
-  if (type.has_lower) text += " with lower bound " + GeneralText(row.LowerBound);
-  if (type.has_lower && type.has_upper) text += " and";
-  if (type.has_upper && !type.has_lower) text += " with";
-  if (type.has_upper) text += " upper bound " + GeneralText(row.UpperBound);
-  return text;
-}
-
-std::string EmptyRowText(const model::RowRecord& row) {
-  std::string text = "This row has no elements.  ";
-  if (row.Type == model::RowType::kNone) return text;
-  text += row.Type == model::RowType::kEqual ? "It is an " : "It is a ";
-  return text.append(model::TraitsOf(row.Type).noun)
-      .append(" row")
-      .append(BoundsOf(row))
-      .append(".");
-}
-
-void AppendTerms(std::string& text, const model::ModelData& data, const model::RowRecord& row) {
-  for (const model::ElementEntry& entry : row.Elements) {
-    text += entry.Value < 0 ? " - " : " + ";
-    AppendGeneralText(text, std::fabs(entry.Value));
-    text += '*';
-    text += data.Columns[entry.Index].Name;
-  }
-}
-
-void AppendRelation(std::string& text, const model::RowRecord& row) {
-  const model::RowTypeTraits& type = model::TraitsOf(row.Type);
-  if (!type.sign.empty()) {
-    text.append("  ").append(type.sign).append("  ");
-    AppendGeneralText(text, type.has_upper ? row.UpperBound : row.LowerBound);
-  } else if (row.Type == model::RowType::kFree) {
-    text.append("  (").append(type.noun).append(")");
-  }
-}
-
 }  // namespace
 
 std::string LPModel::RowEquation(std::int32_t i) const {
   return Guarded([&] {
     const model::ModelData& data = store_.data();
     const model::RowRecord& row = data.Rows[model::CheckRow(i, data.NumberOfRows)];
-    if (row.ElementCount() == 0) return EmptyRowText(row);
-    std::string text;
-    // The first sign of a ranged row points this way for every host that parses the text.
-    if (row.Type == model::RowType::kRanged) text = GeneralText(row.LowerBound) + "  >=  ";
-    AppendTerms(text, data, row);
-    AppendRelation(text, row);
-    return text;
+    if (row.ElementCount() == 0) return model::EmptyRowText(row);
+    std::string text = model::EquationStart(row);
+    for (const model::ElementEntry& entry : row.Elements) model::AppendTerm(text, data, entry);
+    return text + model::EquationEnd(row);
   });
 }
 

@@ -4,9 +4,12 @@
 #include <charconv>
 #include <vector>
 
+#include "hosts/list_options.h"
+#include "hosts/option.h"
 #include "hosts/printing.h"
 #include "hosts/questions.h"
 #include "hosts/streams.h"
+#include "text/edit_distance.h"
 #include "text/numbers.h"
 
 namespace quarvel::hosts {
@@ -19,38 +22,16 @@ bool SetAnswer(Arguments& arguments, const QuestionOption& option, std::string_v
   return answer != nullptr;
 }
 
-struct Option {
-  OptionSet id;  // 0 for what every command takes
-  std::string_view name;
-  std::string_view short_name;
-  std::string_view value;  // what its value is called; empty for none
-  std::string_view help;
-  // False when the value is not allowed.
-  bool (*set)(Arguments& arguments, std::string_view value);
-  const QuestionOption* question = nullptr;  // whose answer it gives, in the place of `set`
-
-  bool Set(Arguments& arguments, std::string_view given) const {
-    return question != nullptr ? SetAnswer(arguments, *question, given) : set(arguments, given);
-  }
-};
-
-template <class Choice>
-struct Word {
-  std::string_view word;
-  Choice choice;
-};
-constexpr Word<bool> kBoundWords[] = {{"0", false}, {"inf", true}};
-constexpr Word<bool> kDialectWords[] = {{"wide", false}, {"component", true}};
-
-template <class Target, class Words>
-bool Choose(Target& target, const Words& words, std::string_view value) {
-  const auto* const found =
-      std::find_if(std::begin(words), std::end(words),
-                   [value](const auto& known) { return known.word == value; });
-  if (found == std::end(words)) return false;
-  target = found->choice;
-  return true;
+// False when the value is not allowed.
+bool Set(const Option& option, Arguments& arguments, std::string_view given) {
+  return option.question != nullptr ? SetAnswer(arguments, *option.question, given)
+                                    : option.set(arguments, given);
 }
+
+constexpr Word<bool> kBoundWords[] = {{"0", false}, {"inf", true}};
+constexpr Word<ColorChoice> kColorWords[] = {
+    {"auto", ColorChoice::kAuto}, {"always", ColorChoice::kAlways}, {"never", ColorChoice::kNever}};
+constexpr Word<bool> kDialectWords[] = {{"wide", false}, {"component", true}};
 
 bool SetLimit(Arguments& arguments, std::string_view value) {
   if (value == "all") {
@@ -152,9 +133,13 @@ constexpr Option kMoreOptions[] = {
      [](Arguments& a, std::string_view) { return a.quiet = true; }},
     {kScript, "--script", "", "", "print the edit commands that make A equal to B",
      [](Arguments& a, std::string_view) { return a.script = true; }},
+    {0, "--color", "", "auto|always|never",
+     "colors: on a terminal (the default), always or never;\nNO_COLOR in the environment turns the "
+     "default off",
+     [](Arguments& a, std::string_view v) { return Choose(a.color, kColorWords, v); }},
     {0, "--help", "-h", "", "print this help",
      [](Arguments& a, std::string_view) { return a.help = true; }},
-    {0, "--version", "", "", "print the version",
+    {0, "--version", "-V", "", "print the version",
      [](Arguments& a, std::string_view) { return a.version = true; }},
 };
 
@@ -166,6 +151,8 @@ const std::vector<Option>& AllOptions() {
       all.push_back(
           {question.id, question.name, "", question.values, question.help, nullptr, &question});
     }
+    const std::span<const Option> list = ListOptions();
+    all.insert(all.end(), list.begin(), list.end());
     all.insert(all.end(), std::begin(kMoreOptions), std::end(kMoreOptions));
     return all;
   }();
@@ -180,7 +167,9 @@ const Option& FindOption(std::string_view name) {
       return option;
     }
   }
-  RaiseUsage("there is no option " + std::string(name));
+  text::NearestWords nearest(name);
+  for (const Option& option : AllOptions()) nearest.Offer(option.name);
+  RaiseUsage("there is no option " + std::string(name) + text::DidYouMean(nearest.words()));
 }
 
 bool IsOption(std::string_view word) {
@@ -208,7 +197,7 @@ std::size_t TakeOption(Arguments& arguments, std::span<const std::string> words)
     value = words[1];
     taken = 2;
   }
-  if (!option.Set(arguments, value.value_or(""))) {
+  if (!Set(option, arguments, value.value_or(""))) {
     RaiseUsage(std::string(option.name) + " takes " + std::string(option.value) + ", not \"" +
                std::string(*value) + "\"");
   }

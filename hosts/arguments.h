@@ -14,7 +14,9 @@
 #include <string_view>
 #include <vector>
 
+#include "hosts/list_choices.h"
 #include "hosts/option_set.h"
+#include "hosts/screen.h"
 
 namespace quarvel::hosts {
 
@@ -64,6 +66,9 @@ struct Arguments {
   bool json = false;
   std::int64_t limit = kAll;
   bool equations = false;
+  ListChoices list;
+  bool full = false;
+  ColorChoice color = ColorChoice::kAuto;
   std::string point;
   std::optional<GivenTolerance> tolerance;
   std::vector<std::string> edit_commands;

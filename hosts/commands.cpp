@@ -3,7 +3,10 @@
 #include <algorithm>
 
 #include "hosts/edit_language.h"
+#include "hosts/list_options.h"
+#include "hosts/record_selection.h"
 #include "hosts/stats_report.h"
+#include "model/record_kind.h"
 
 namespace quarvel::hosts {
 namespace {
@@ -82,12 +85,13 @@ constexpr Command kCommands[] = {
      InfoHelp, RunInfo},
     {"stats", "FILE", 1, 1, kReadings | kJson | kLimit,
      "print sizes, kinds and patterns of names, in numbers", StatsHelp, RunStats},
-    {"rows", "FILE", 1, 1, kReadings | kJson | kLimit | kEquations, "list the rows", nullptr,
-     RunRows},
-    {"columns", "FILE", 1, 1, kReadings | kJson | kLimit, "list the columns", nullptr, RunColumns},
-    {"row", "FILE NAME|INDEX", 2, 2, kReadings | kJson | kLimit, "print one row with its elements",
-     nullptr, RunRow},
-    {"column", "FILE NAME|INDEX", 2, 2, kReadings | kJson | kLimit,
+    {"rows", "FILE", 1, 1, kReadings | kJson | kLimit | kEquations | kListing, "list the rows",
+     [] { return ListHelp(model::kRowKind); }, RunRows},
+    {"columns", "FILE", 1, 1, kReadings | kJson | kLimit | kListing | kInteger, "list the columns",
+     [] { return ListHelp(model::kColumnKind); }, RunColumns},
+    {"row", "FILE NAME|INDEX", 2, 2, kReadings | kJson | kLimit | kFull,
+     "print one row with its elements", nullptr, RunRow},
+    {"column", "FILE NAME|INDEX", 2, 2, kReadings | kJson | kLimit | kFull,
      "print one column with its elements", nullptr, RunColumn},
     {"evaluate", "FILE ROW [NAME=VALUE ...]", 2, kAnyNumber, kReadings | kJson | kPoint,
      "print a row's activity at a point", EvaluateHelp, RunEvaluate},

@@ -5,7 +5,8 @@
 #include "hosts/commands.h"
 #include "hosts/find_record.h"
 #include "hosts/printing.h"
-#include "text/encoding.h"
+#include "hosts/short_equation.h"
+#include "text/cell_width.h"
 #include "text/numbers.h"
 #include "text/visible_text.h"
 
@@ -13,13 +14,19 @@ namespace quarvel::hosts {
 namespace {
 
 constexpr std::size_t kFactWidth = 10;
+// On a terminal, of a record that nobody wants in full.
+constexpr std::int64_t kElementsOnTerminal = 20;
+constexpr std::size_t kEquationLines = 5;
 
 struct Item {
   Session& session;
   const LPModel& model;
   const model::RecordKind& kind;
   std::int32_t index;
-  std::int32_t shown;  // elements to print
+  std::int32_t shown;   // elements to print
+  bool limit_is_given;  // on the command line
+  bool is_fitted;       // to a terminal
+  Pen pen;
 
   std::string Name() const { return (model.*kind.name)(index); }
   std::string Type() const { return (model.*kind.type)(index); }
@@ -32,20 +39,39 @@ struct Item {
   bool IsRow() const { return &kind == &model::kRowKind; }
 };
 
-void AppendFact(std::string& text, std::string_view what, std::string_view fact) {
-  AppendLeft(text, what, kFactWidth);
+void AppendFact(const Item& item, std::string& text, std::string_view what, std::string_view fact) {
+  text += item.pen.Draw(Ink::kHeading, what);
+  text.append(kFactWidth - what.size(), ' ');
   text += text::VisibleText(fact) + '\n';
+}
+
+std::string Equation(const Item& item) {
+  const Screen& screen = item.session.streams.screen;
+  EquationRoom room;
+  if (item.is_fitted && screen.width > kFactWidth) {
+    room.cells = kEquationLines * screen.width - kFactWidth;
+  }
+  if (item.limit_is_given) room.terms = static_cast<std::size_t>(item.shown);
+  return ShortEquation(item.model, item.index, room);
+}
+
+// What stands behind the elements where these are not all.
+std::string LastLine(const Item& item) {
+  std::string line(kFactWidth, ' ');
+  if (item.limit_is_given) return line + "(the first " + text::IntegerText(item.shown) + ")\n";
+  line += "... " + GroupedText(item.Elements() - item.shown) + " more (--full lists all)";
+  return item.pen.Draw(Ink::kAside, line + '\n');
 }
 
 std::string ItemHeading(const Item& item) {
   std::string text;
-  AppendFact(text, item.kind.title,
+  AppendFact(item, text, item.kind.title,
              item.Name() + " (number " + text::IntegerText(item.index) + ")");
-  AppendFact(text, "Type", item.Type());
-  AppendFact(text, "Lower", BoundText(item.Lower()));
-  AppendFact(text, "Upper", BoundText(item.Upper()));
-  if (item.IsRow()) AppendFact(text, "Equation", item.model.RowEquation(item.index));
-  AppendFact(text, "Elements", text::IntegerText(item.Elements()));
+  AppendFact(item, text, "Type", item.Type());
+  AppendFact(item, text, "Lower", BoundText(item.Lower()));
+  AppendFact(item, text, "Upper", BoundText(item.Upper()));
+  if (item.IsRow()) AppendFact(item, text, "Equation", Equation(item));
+  AppendFact(item, text, "Elements", text::IntegerText(item.Elements()));
   return text;
 }
 
@@ -53,7 +79,7 @@ void PrintItemText(const Item& item) {
   item.session.streams.out << ItemHeading(item);
   std::size_t width = 0;
   for (std::int32_t k = 0; k < item.shown; ++k) {
-    width = std::max(width, text::CharacterCount(text::VisibleText(item.OtherName(k))));
+    width = std::max(width, text::CellCount(text::VisibleText(item.OtherName(k))));
   }
   std::string line;
   for (std::int32_t k = 0; k < item.shown && item.session.KeepPrinting(); ++k) {
@@ -63,10 +89,7 @@ void PrintItemText(const Item& item) {
     item.session.streams.out << line;
   }
   item.session.StopIfInterrupted();
-  if (item.shown < item.Elements()) {
-    item.session.streams.out << std::string(kFactWidth, ' ') + "(the first " +
-                                    text::IntegerText(item.shown) + ")\n";
-  }
+  if (item.shown < item.Elements()) item.session.streams.out << LastLine(item);
 }
 
 void PrintItemJson(const Item& item) {
@@ -97,8 +120,20 @@ int PrintItem(Session& session, const model::RecordKind& kind) {
   const std::int32_t index = FindRecord(model, kind, operands[1],
                                         [&session](std::string_view text) { session.Note(text); });
   const std::int64_t elements = (model.*kind.elements)(index);
-  const std::int64_t shown = std::min(elements, session.arguments.limit);
-  const Item item = {session, model, kind, index, static_cast<std::int32_t>(shown)};
+  const Arguments& arguments = session.arguments;
+  const Screen& screen = session.streams.screen;
+  const bool limit_is_given = (arguments.used & kLimit) != 0;
+  const bool is_fitted = screen.is_terminal && !arguments.full && !arguments.json;
+  const bool is_cut = is_fitted && !limit_is_given;
+  const std::int64_t shown = std::min(elements, is_cut ? kElementsOnTerminal : arguments.limit);
+  const Item item = {session,
+                     model,
+                     kind,
+                     index,
+                     static_cast<std::int32_t>(shown),
+                     limit_is_given,
+                     is_fitted,
+                     Pen(arguments.color, screen)};
   if (session.arguments.json) {
     PrintItemJson(item);
   } else {

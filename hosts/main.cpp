@@ -28,8 +28,9 @@ int main(int argc, char** argv) {
   std::ostream out(&out_buffer);
   std::ostream err(&err_buffer);
   err << std::unitbuf;
-  const hosts::Streams streams = {quarvel::platform::console::ReadInputLine, out, err, true,
-                                  hosts::ReadStandardInput};
+  const hosts::Streams streams = {
+      quarvel::platform::console::ReadInputLine, out, err, true, hosts::ReadStandardInput,
+      hosts::Screen::OfStandardOutput()};
   int status = hosts::RunProgram([&] { return hosts::CommandLineWords(argc, argv); }, streams);
   if (out_buffer.Finish() == hosts::WriteResult::kFailed) {
     err << "quarvel: standard output could not be written\n";

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "model/model_data.h"
+#include "text/cell_width.h"
 #include "text/encoding.h"
 #include "text/numbers.h"
 #include "text/visible_text.h"
@@ -12,8 +13,8 @@ namespace quarvel::hosts {
 namespace {
 
 std::size_t BlanksFor(std::string_view text, std::size_t width) {
-  const std::size_t characters = text::CharacterCount(text);
-  return characters < width ? width - characters : 0;
+  const std::size_t cells = text::CellCount(text);
+  return cells < width ? width - cells : 0;
 }
 
 struct Escape {

@@ -9,7 +9,7 @@
 
 namespace quarvel::hosts {
 
-// Appends `text` and blanks up to `width` characters, or blanks before it.
+// Appends `text` and blanks up to `width` cells of a terminal, or blanks before it.
 void AppendLeft(std::string& line, std::string_view text, std::size_t width);
 void AppendRight(std::string& line, std::string_view text, std::size_t width);
 

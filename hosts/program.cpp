@@ -9,6 +9,7 @@
 #include "model/about.h"
 #include "platform/automation_error.h"
 #include "platform/files.h"
+#include "text/edit_distance.h"
 #include "text/visible_text.h"
 
 namespace quarvel::hosts {
@@ -42,7 +43,10 @@ int RunCommand(const Arguments& arguments, const Streams& streams, int& failure)
     return arguments.help ? kGood : kUsage;
   }
   if (command == nullptr) {
-    throw CommandError(kUsage, "there is no command " + arguments.command);
+    text::NearestWords nearest(arguments.command);
+    for (const Command& known : Commands()) nearest.Offer(known.name);
+    throw CommandError(
+        kUsage, "there is no command " + arguments.command + text::DidYouMean(nearest.words()));
   }
   failure = command->failure;
   const std::string objection = Objection(*command, arguments);

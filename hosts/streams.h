@@ -10,6 +10,8 @@
 #include <string>
 #include <utility>
 
+#include "hosts/screen.h"
+
 namespace quarvel::hosts {
 
 struct Streams {
@@ -22,6 +24,8 @@ struct Streams {
   bool terminal = false;
   // Reads up to so many bytes of standard input as they are; 0 at its end. None: there is no input.
   std::function<std::size_t(char* buffer, std::size_t capacity)> read_bytes = {};
+  // What stands behind `out`.
+  Screen screen = {};
 };
 
 // Exit statuses.

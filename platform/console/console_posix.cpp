@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <iostream>
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include "platform/console/console_system.h"
@@ -23,6 +24,15 @@ void NoteInterrupt(int) { interrupt_count = interrupt_count + 1; }
 bool InputIsTerminal() { return isatty(STDIN_FILENO) == 1; }
 
 bool ErrorIsTerminal() { return isatty(STDERR_FILENO) == 1; }
+
+bool OutputIsTerminal() { return isatty(STDOUT_FILENO) == 1; }
+
+std::size_t OutputWidth() {
+  winsize size = {};
+  return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
+}
+
+bool OutputTakesColors() { return OutputIsTerminal(); }
 
 void WriteError(std::string_view text) {
   std::fwrite(text.data(), 1, text.size(), stderr);

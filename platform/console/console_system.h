@@ -1,6 +1,7 @@
 // What the console desktop asks of the operating system: terminals, lines of text and Ctrl-C.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,6 +10,12 @@ namespace quarvel::platform::console {
 
 bool InputIsTerminal();
 bool ErrorIsTerminal();
+bool OutputIsTerminal();
+// The width of the terminal that standard output is, in cells; 0 where nobody knows.
+std::size_t OutputWidth();
+// Whether the terminal that standard output is takes the codes for colors. Turns these on where the
+// system asks for that.
+bool OutputTakesColors();
 
 // UTF-8 text to standard error, at once; what cannot be written is lost.
 void WriteError(std::string_view text);

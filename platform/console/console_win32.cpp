@@ -74,6 +74,21 @@ bool InputIsTerminal() { return IsConsole(STD_INPUT_HANDLE); }
 
 bool ErrorIsTerminal() { return IsConsole(STD_ERROR_HANDLE); }
 
+bool OutputIsTerminal() { return IsConsole(STD_OUTPUT_HANDLE); }
+
+std::size_t OutputWidth() {
+  CONSOLE_SCREEN_BUFFER_INFO info = {};
+  if (GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &info) == 0) return 0;
+  return static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
+}
+
+bool OutputTakesColors() {
+  constexpr DWORD kTakesCodes = 0x0004;  // ENABLE_VIRTUAL_TERMINAL_PROCESSING, since Windows 10
+  const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
+  DWORD mode = 0;
+  return GetConsoleMode(output, &mode) != 0 && SetConsoleMode(output, mode | kTakesCodes) != 0;
+}
+
 void WriteError(std::string_view text) {
   if (!ErrorIsTerminal()) {
     std::fwrite(text.data(), 1, text.size(), stderr);

@@ -2,12 +2,14 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -21,8 +23,11 @@ namespace {
 // Runs the program in a process of its own, whose terminal the test holds the other end of.
 class OnTerminal {
  public:
-  explicit OnTerminal(const std::vector<std::string>& words)
+  explicit OnTerminal(const std::vector<std::string>& words, unsigned short width = 0)
       : master_(posix_openpt(O_RDWR | O_NOCTTY)) {
+    winsize size = {};
+    size.ws_col = width;
+    ioctl(master_, TIOCSWINSZ, &size);
     if (grantpt(master_) != 0 || unlockpt(master_) != 0) return;
     const std::string slave = ptsname(master_);
     std::fflush(nullptr);  // or the child shows once more what waits in the test's own buffers
@@ -63,7 +68,9 @@ class OnTerminal {
     setsid();
     const int terminal = open(slave.c_str(), O_RDWR);
     for (const int standard : {0, 1, 2}) dup2(terminal, standard);
-    const hosts::Streams streams = {platform::console::ReadInputLine, std::cout, std::cerr, true};
+    const hosts::Streams streams = {
+        platform::console::ReadInputLine, std::cout, std::cerr, true, {},
+        hosts::Screen::OfStandardOutput()};
     const int status = hosts::RunProgram(words, streams);
     std::cout.flush();
     _exit(status);
@@ -101,6 +108,62 @@ TEST(Terminal, IsNotSteeredByTheNamesInItsQuestions) {
   for (const char* const raw : {"\x1b", "\a", "\xC2\x9B", "\xE2\x80\xAE"}) {
     EXPECT_EQ(shown.find(raw), std::string::npos) << shown;
   }
+}
+
+// Sets a variable of the environment while it lives.
+class Variable {
+ public:
+  Variable(const char* name, const char* value) : name_(name) {
+    const char* const before = getenv(name);
+    if (before != nullptr) before_ = before;
+    setenv(name, value, 1);
+  }
+  ~Variable() {
+    if (before_) {
+      setenv(name_, before_->c_str(), 1);
+    } else {
+      unsetenv(name_);
+    }
+  }
+  Variable(const Variable&) = delete;
+  Variable& operator=(const Variable&) = delete;
+
+ private:
+  const char* name_;
+  std::optional<std::string> before_;
+};
+
+std::string ShownOn(unsigned short width, const std::vector<std::string>& words) {
+  OnTerminal terminal(words, width);
+  EXPECT_TRUE(terminal.started());
+  EXPECT_EQ(terminal.Finish(), 0);
+  std::string shown = terminal.shown();
+  std::erase(shown, '\r');
+  return shown;
+}
+
+TEST(Terminal, HasListsAsWideAsItIs) {
+  const HostFolder folder;
+  const std::vector<std::string> words = {"rows", folder.Example("diet.mps"), "--equations"};
+  const Variable term("TERM", "xterm");
+  const Variable no_color("NO_COLOR", "");
+  const Variable columns("COLUMNS", "");
+  const auto expected = [&words](std::size_t width, bool colors) {
+    return RunQuarvelOn({.is_terminal = true, .width = width, .takes_colors = colors}, words).out;
+  };
+  EXPECT_EQ(ShownOn(60, words), expected(60, true));
+  EXPECT_EQ(ShownOn(120, words), expected(120, true));
+  EXPECT_EQ(ShownOn(0, words), expected(0, true));
+  {
+    const Variable given("COLUMNS", "70");
+    EXPECT_EQ(ShownOn(120, words), expected(70, true));
+  }
+  {
+    const Variable plain("NO_COLOR", "1");
+    EXPECT_EQ(ShownOn(60, words), expected(60, false));
+  }
+  const Variable dumb("TERM", "dumb");
+  EXPECT_EQ(ShownOn(60, words), expected(60, false));
 }
 
 }  // namespace

@@ -9,6 +9,11 @@
 namespace quarvel {
 
 Outcome RunQuarvel(const std::vector<std::string>& words, std::string_view input) {
+  return RunQuarvelOn({}, words, input);
+}
+
+Outcome RunQuarvelOn(const hosts::Screen& screen, const std::vector<std::string>& words,
+                     std::string_view input) {
   std::istringstream in{std::string(input)};
   std::ostringstream out;
   std::ostringstream err;
@@ -21,7 +26,7 @@ Outcome RunQuarvel(const std::vector<std::string>& words, std::string_view input
     in.read(buffer, static_cast<std::streamsize>(capacity));
     return static_cast<std::size_t>(in.gcount());
   };
-  const int status = hosts::RunProgram(words, {read_line, out, err, false, read_bytes});
+  const int status = hosts::RunProgram(words, {read_line, out, err, false, read_bytes, screen});
   return {status, out.str(), err.str()};
 }
 

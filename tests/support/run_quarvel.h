@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "hosts/screen.h"
 #include "tests/support/test_paths.h"
 
 namespace quarvel {
@@ -17,6 +18,9 @@ struct Outcome {
 
 // `input` is standard input.
 Outcome RunQuarvel(const std::vector<std::string>& words, std::string_view input = "");
+// The same with standard output on that screen.
+Outcome RunQuarvelOn(const hosts::Screen& screen, const std::vector<std::string>& words,
+                     std::string_view input = "");
 
 // A folder of its own for a test. In expected texts "@" stands for that folder and a "/".
 class HostFolder {

@@ -1,0 +1,40 @@
+// What results are shown on: a terminal, on which they are fitted to its width and cut where they are
+// long; or a file or pipe, into which they go whole and plain.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace quarvel::hosts {
+
+enum class ColorChoice : std::uint8_t { kAuto, kAlways, kNever };
+
+struct Screen {
+  bool is_terminal = false;
+  std::size_t width = 0;  // in cells; 0 where nobody knows
+  bool takes_colors = false;
+
+  // What the terminal of standard output and the environment say: COLUMNS goes before the width of the
+  // terminal; NO_COLOR that is not empty, and TERM=dumb, keep colors away.
+  static Screen OfStandardOutput();
+};
+
+enum class Ink : std::uint8_t { kHeading, kAside };
+
+// Puts text into colors where there are some.
+class Pen {
+ public:
+  Pen(ColorChoice choice, const Screen& screen)
+      : is_colored_(choice == ColorChoice::kAlways ||
+                    (choice == ColorChoice::kAuto && screen.takes_colors)) {}
+
+  // The text, whose line end stays outside of the color.
+  std::string Draw(Ink ink, std::string_view text) const;
+
+ private:
+  bool is_colored_;
+};
+
+}  // namespace quarvel::hosts
