@@ -150,7 +150,7 @@ class JobLister {
 
   void AddDiffs() {
     AddDiff("diff", File("base"));
-    AddDiff("diff, another order", File("sorted", 1, {0, 0, {"--order", "sorted"}}));
+    AddDiff("diff, other order and values", File("sorted", 1, {0, 0, {"--order", "sorted"}}));
   }
 
   void AddWrite() {
