@@ -60,6 +60,7 @@ class SaveJob {
 
  private:
   std::optional<bool> WriteFile(std::optional<MpsWriter> writer);
+  void NoteWritten();
   void Restore();
   // Whether another process has saved the file after this one.
   bool IsOthers() const;
@@ -99,8 +100,17 @@ std::optional<bool> SaveJob::WriteFile(std::optional<MpsWriter> writer) {
   replacement_.emplace(path_);
   if (writer) writer->Write(replacement_->output());
   replacement_->Commit();
-  written_ = platform::StampUnder(replacement_->target());
+  NoteWritten();
   return writer ? std::optional(writer->standard()) : std::nullopt;
+}
+
+// The file is saved, whatever memory this takes; without its stamp it counts as nobody else's later.
+void SaveJob::NoteWritten() {
+  try {
+    written_ = platform::StampUnder(replacement_->target());
+  } catch (const std::bad_alloc&) {
+    written_.reset();
+  }
 }
 
 void SaveJob::Fail(const AutomationError& failure) {
