@@ -45,7 +45,7 @@ enum class ReadOutcome : std::uint8_t {
 
 struct FileRead {
   ReadOutcome outcome = ReadOutcome::kFailed;
-  FileFacts facts;
+  FileFacts facts;  // the objective's name, has_endata and lines; nothing else is read yet
   FileProblems problems;
 };
 

@@ -34,41 +34,42 @@ class AskedUser : public Answers {
 constexpr std::string_view kOneMistake =
     "ROWS\n L R1\n L R2\nCOLUMNS\n X R1 1\n Y R1 1,5\nENDATA\n";
 
-TEST(FileReading, AsksAboutErrorsAndOffersToSimplify) {
-  const HostFolder folder;
+// A model that is read with that answer to every problem.
+struct Reader {
+  explicit Reader(MsgBoxResult answer) : user(arguments, answer) {}
+
   const Arguments arguments;
-  AskedUser user(arguments, MsgBoxResult::kYes);
-  platform::ConsoleDesktop desktop(user);
+  AskedUser user;
+  platform::ConsoleDesktop desktop{user};
   std::ostringstream text;
   const Streams streams{[] { return std::nullopt; }, text, text};
-  LPModel model(desktop);
-  FileReading reading(arguments, streams, user, desktop, model);
+  LPModel model{desktop};
+  FileReading reading{arguments, streams, user, desktop, model};
+};
+
+TEST(FileReading, AsksAboutErrorsAndOffersToSimplify) {
+  const HostFolder folder;
+  Reader reader(MsgBoxResult::kYes);
   const std::string path = folder.Write("a.mps", std::string(kOneMistake));
-  EXPECT_EQ(reading.Read(path), mps::ReadOutcome::kRead);
-  ASSERT_EQ(user.asked.size(), 2U);
-  EXPECT_EQ(user.asked[0], "line 6: not a number: 1,5\r\nGo on reading the file?");
-  ASSERT_EQ(user.notes.size(), 2U);
-  EXPECT_EQ(user.notes[0], path + ": the column has no coefficients: Y");
-  EXPECT_EQ(user.notes[1], path + ": the row has no coefficients: R2");
-  EXPECT_EQ(model.NumberOfRows(), 2);
-  EXPECT_EQ(model.FileLocation(), path);
-  EXPECT_EQ(reading.facts().lines, 7);
+  EXPECT_EQ(reader.reading.Read(path), mps::ReadOutcome::kRead);
+  ASSERT_EQ(reader.user.asked.size(), 2U);
+  EXPECT_EQ(reader.user.asked[0], "line 6: not a number: 1,5\r\nGo on reading the file?");
+  ASSERT_EQ(reader.user.notes.size(), 2U);
+  EXPECT_EQ(reader.user.notes[0], path + ": the column has no coefficients: Y");
+  EXPECT_EQ(reader.user.notes[1], path + ": the row has no coefficients: R2");
+  EXPECT_EQ(reader.model.NumberOfRows(), 2);
+  EXPECT_EQ(reader.model.FileLocation(), path);
+  EXPECT_EQ(reader.reading.facts().lines, 7);
 }
 
 TEST(FileReading, LeavesNoModelAfterNo) {
   const HostFolder folder;
-  const Arguments arguments;
-  AskedUser user(arguments, MsgBoxResult::kNo);
-  platform::ConsoleDesktop desktop(user);
-  std::ostringstream text;
-  const Streams streams{[] { return std::nullopt; }, text, text};
-  LPModel model(desktop);
-  FileReading reading(arguments, streams, user, desktop, model);
-  EXPECT_EQ(reading.Read(folder.Write("a.mps", std::string(kOneMistake))),
+  Reader reader(MsgBoxResult::kNo);
+  EXPECT_EQ(reader.reading.Read(folder.Write("a.mps", std::string(kOneMistake))),
             mps::ReadOutcome::kRefused);
-  EXPECT_EQ(user.asked.size(), 1U);
-  EXPECT_EQ(model.NumberOfRows(), 0);
-  EXPECT_EQ(model.FileLocation(), "");
+  EXPECT_EQ(reader.user.asked.size(), 1U);
+  EXPECT_EQ(reader.model.NumberOfRows(), 0);
+  EXPECT_EQ(reader.model.FileLocation(), "");
 }
 
 }  // namespace
