@@ -32,6 +32,9 @@ constexpr Word<bool> kBoundWords[] = {{"0", false}, {"inf", true}};
 constexpr Word<ColorChoice> kColorWords[] = {
     {"auto", ColorChoice::kAuto}, {"always", ColorChoice::kAlways}, {"never", ColorChoice::kNever}};
 constexpr Word<bool> kDialectWords[] = {{"wide", false}, {"component", true}};
+constexpr Word<mps::FileColumns> kFileColumnWords[] = {{"fixed", mps::FileColumns::kFixed},
+                                                       {"free", mps::FileColumns::kFree}};
+constexpr Word<bool> kNegativeUpperWords[] = {{"keep", false}, {"free", true}};
 
 bool SetLimit(Arguments& arguments, std::string_view value) {
   if (value == "all") {
@@ -85,6 +88,18 @@ constexpr Option kFirstOptions[] = {
      "questions",
      [](Arguments& a, std::string_view v) {
        return Choose(a.component_dialect, kDialectWords, v);
+     }},
+    {kFileColumns, "--file-columns", "", "fixed|free",
+     "where words of a file stand: in fixed columns, or between\nblanks; without, as the file's lines "
+     "make sense",
+     [](Arguments& a, std::string_view v) { return Choose(a.file_columns, kFileColumnWords, v); }},
+    {kObjectiveRow, "--objective", "", "NAME",
+     "the N row that is the objective, instead of the first",
+     [](Arguments& a, std::string_view v) { return SetPath(a.objective, v); }},
+    {kNegativeUpper, "--negative-upper", "", "keep|free",
+     "a lower bound of 0 under a negative upper bound stays\n(the default), or becomes none",
+     [](Arguments& a, std::string_view v) {
+       return Choose(a.negative_upper_frees_lower, kNegativeUpperWords, v);
      }},
     {kDefaultBounds, "--default-bounds", "", "0|inf",
      "lower bound of columns that the file gives none:\n0 (the default), or no bound",

@@ -17,6 +17,7 @@
 #include "hosts/list_choices.h"
 #include "hosts/option_set.h"
 #include "hosts/screen.h"
+#include "mps/wide_options.h"
 
 namespace quarvel::hosts {
 
@@ -33,6 +34,9 @@ inline constexpr OptionSet kLoss = OptionSet{1} << 9;
 inline constexpr OptionSet kQuiet = OptionSet{1} << 10;
 inline constexpr OptionSet kScript = OptionSet{1} << 12;
 inline constexpr OptionSet kDialect = OptionSet{1} << 36;
+inline constexpr OptionSet kFileColumns = OptionSet{1} << 37;
+inline constexpr OptionSet kObjectiveRow = OptionSet{1} << 38;
+inline constexpr OptionSet kNegativeUpper = OptionSet{1} << 39;
 inline constexpr OptionSet kTolerance = OptionSet{1} << 14;
 inline constexpr OptionSet kOnly = OptionSet{1} << 41;
 inline constexpr OptionSet kIgnore = OptionSet{1} << 42;
@@ -60,6 +64,9 @@ struct Arguments {
   OptionSet used = 0;
 
   bool component_dialect = false;  // files are read as the component reads them, with its questions
+  mps::FileColumns file_columns = mps::FileColumns::kByLine;
+  std::string objective;
+  bool negative_upper_frees_lower = false;
   std::optional<bool> infinite_default_bounds;
   std::map<OptionSet, const GivenAnswer*> answers;  // of the options that answer questions
   std::string log;

@@ -11,7 +11,9 @@
 namespace quarvel::hosts {
 namespace {
 
-constexpr OptionSet kReadings = kDialect | kDefaultBounds | kQuestions | kLog;
+// How lines are taken, for commands that read without the component's questions.
+constexpr OptionSet kLines = kFileColumns | kObjectiveRow | kNegativeUpper | kDefaultBounds;
+constexpr OptionSet kReadings = kDialect | kLines | kQuestions | kLog;
 constexpr OptionSet kWritings = kReadings | kMissingEndata | kLoss;
 
 std::string InfoHelp() {
@@ -95,13 +97,13 @@ constexpr Command kCommands[] = {
      "print one column with its elements", nullptr, RunColumn},
     {"evaluate", "FILE ROW [NAME=VALUE ...]", 2, kAnyNumber, kReadings | kJson | kPoint,
      "print a row's activity at a point", EvaluateHelp, RunEvaluate},
-    {"dialects", "FILE", 1, 1, kDefaultBounds | kJson | kLimit,
+    {"dialects", "FILE", 1, 1, kLines | kJson | kLimit,
      "list what readers in use make different models of", DialectsHelp, RunDialects},
-    {"explain", "FILE NAME|INDEX", 2, 2, kDefaultBounds | kJson | kLimit,
+    {"explain", "FILE NAME|INDEX", 2, 2, kLines | kJson | kLimit,
      "tell which lines made a row or column what it is", ExplainHelp, RunExplain},
     {"why", "FILE POINT", 2, 2, kReadings | kJson | kLimit | kTolerance,
      "list what a point does not keep of the model", WhyHelp, RunWhy},
-    {"check", "FILE", 1, 1, kDefaultBounds | kJson | kLimit | kOnly | kIgnore | kSarif | kNoLint,
+    {"check", "FILE", 1, 1, kLines | kJson | kLimit | kOnly | kIgnore | kSarif | kNoLint,
      "list every problem of a file and of its model", CheckHelp, RunCheck},
     {"convert", "IN OUT", 2, 2, kWritings, "read a file and write it anew", ConvertHelp,
      RunConvert},

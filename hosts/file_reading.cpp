@@ -40,6 +40,9 @@ platform::Box BoxOf(const mps::FileProblem& problem) {
 
 mps::ReadOptions ReadOptionsOf(const Arguments& arguments) {
   mps::ReadOptions options;
+  options.columns = arguments.file_columns;
+  options.objective = arguments.objective;
+  options.negative_upper_frees_lower = arguments.negative_upper_frees_lower;
   options.infinite_default_bounds = arguments.infinite_default_bounds.value_or(false);
   return options;
 }

@@ -243,6 +243,9 @@ DialectFindings FindDialects(const std::string& path, const mps::ReadOptions& op
   watched.on_line = [&](const mps::SourceLine& line, Section section, Section next) {
     watch.Use(line, section, next);
   };
+  watched.on_passed_line = [&](const mps::SourceLine& line, Section section) {
+    watch.Use(line, section, section);
+  };
   DialectFindings findings;
   findings.read = mps::ReadFile(path, watched, store);
   if (findings.read.outcome == mps::ReadOutcome::kRead) {

@@ -61,6 +61,7 @@ class ModelFill {
     return {row.Type, row.LowerBound, row.UpperBound};
   }
   Bounds& ColumnBounds(std::int32_t c) { return model_.data.Columns[c]; }
+  void SetColumnType(std::int32_t c, ColumnType type) { model_.data.Columns[c].Type = type; }
 
   // Both numbers must be of records. What stands there already is not looked for.
   void AppendElement(std::int32_t r, std::int32_t c, double value) {

@@ -73,7 +73,8 @@ void LineBatch::Fill(LineReader& reader) {
     PlainLine& line = lines_[size_++];
     line.text = next;
     line.size = size;
-    line.tokens.Split(next, ~group.Spaces() & FirstBits(size));
+    line.inside = ~group.Spaces() & FirstBits(size);
+    line.tokens.Split(next, line.inside);
     next += size + 1;
     if (next[-1] == '\r' && next != end && *next == '\n') ++next;
   }

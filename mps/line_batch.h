@@ -24,7 +24,8 @@ namespace quarvel::mps {
 struct PlainLine {
   const char* text = nullptr;
   std::size_t size = 0;
-  TokenList tokens;  // in upper case
+  TokenList tokens;          // in upper case
+  std::uint64_t inside = 0;  // of a line in a batch: the bits of the bytes that are not spaces
 };
 
 class LineBatch {

@@ -79,6 +79,7 @@ bool LineReader::Refill() {
   at_end_ = true;  // stays so when reading raises
   const std::size_t count = bytes_->Read(end_, std::min(kPiece, kBufferSize - left));
   if (count == 0) return false;
+  if (watches_tabs_ && !has_tabs_) has_tabs_ = std::memchr(end_, '\t', count) != nullptr;
   at_end_ = false;
   end_ += count;
   return true;

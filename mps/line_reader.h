@@ -50,6 +50,11 @@ class LineReader {
   }
   void Took(char* to);
 
+  // Whoever looks for tabs asks for it before the first line: has_tabs() is true as soon as one may
+  // stand in what is in memory, and stays so.
+  void WatchTabs() { watches_tabs_ = true; }
+  bool has_tabs() const { return has_tabs_; }
+
   // The next line; false at the end of the file. Raises what the file raises, after which it is at
   // its end.
   bool Next(Line& line);
@@ -78,6 +83,8 @@ class LineReader {
   bool at_end_ = false;
   bool started_ = false;
   bool skip_line_feed_ = false;  // the last line ended in CR
+  bool watches_tabs_ = false;
+  bool has_tabs_ = false;
   std::string converted_;
 };
 

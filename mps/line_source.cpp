@@ -16,6 +16,20 @@ void SourceLine::Split() {
   alone_is_split_ = true;
 }
 
+void SourceLine::Replace(const TokenList& tokens) {
+  const std::string_view whole = split_text();
+  if (comes_in_batch()) {
+    alone_.text = whole.data();
+    alone_.size = whole.size();
+    read_.ascii = true;
+    too_long_ = false;
+  }
+  alone_.tokens = tokens;
+  alone_is_split_ = true;
+  line_ = &alone_;
+  keys_ = &kNoKeys;
+}
+
 void LineSource::Open(const std::string& path) {
   Open(std::make_unique<platform::FileBytes>(platform::InputFile(path)));
 }
@@ -30,6 +44,7 @@ bool LineSource::NextBatch(Section section) {
   if (section == Section::kStart || !reader_) return false;
   used_ = 0;
   batch_.Fill(*reader_);
+  line_.is_simple_ = !reader_->has_tabs();
   keys_.Make(batch_, section, fill_);
   return batch_.size() > 0;
 }
@@ -42,6 +57,7 @@ bool LineSource::NextAlone() {
   line_.alone_.text = read.text;
   line_.alone_.size = read.size;
   line_.alone_is_split_ = false;
+  line_.is_simple_ = false;
   line_.too_long_ = read.too_long;
   ++line_.number_;
   characters_read_ += read.characters;

@@ -44,6 +44,19 @@ class SourceLine {
   // True only when the first token is that of the line before.
   bool goes_on() const { return keys_->goes_on(); }
 
+  // The line came out of a batch; `inside` has a bit for each of its bytes that is not a space.
+  bool comes_in_batch() const { return line_ != &alone_; }
+  std::uint64_t inside() const { return line_->inside; }
+  // It came out of a batch, and there is no tab in it; of a source that watches tabs. Sometimes false
+  // for such a line.
+  bool is_simple() const { return is_simple_; }
+  // Of a line that is split: the text that the tokens are parts of, in upper case.
+  std::string_view split_text() const {
+    return comes_in_batch() || read_.ascii ? text() : tokens_.text();
+  }
+  // Gives a line that is split other tokens, each a part of split_text() or of a text that stays.
+  void Replace(const TokenList& tokens);
+
  private:
   friend class LineSource;
 
@@ -54,6 +67,7 @@ class SourceLine {
   PlainLine alone_;
   bool alone_is_split_ = false;
   bool too_long_ = false;
+  bool is_simple_ = false;
   Line read_;
   Tokens tokens_;
 };
@@ -72,6 +86,8 @@ class LineSource {
     used_ = batch_.size();
     reader_->SkipRest();
   }
+  // Has the lines tell whether they may have tabs. Call after Open.
+  void WatchTabs() { reader_->WatchTabs(); }
   void Close() { reader_.reset(); }
 
   std::uint64_t file_size() const { return file_size_; }

@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "mps/line_reader.h"
 #include "platform/automation_error.h"
+#include "text/encoding.h"
 
 namespace quarvel::mps {
 namespace {
@@ -72,6 +74,22 @@ void ShowPart(std::string_view line, FileProblem& problem) {
     line.remove_prefix(OffsetOf(line, problem.text_column - 1));
   }
   problem.text = ShownOf(line);
+}
+
+void ShowPlace(const SourceLine& line, std::string_view part, FileProblem& problem) {
+  if (line.too_long()) return;
+  if (!line.is_split()) return ShowPart(line.text(), problem);
+  const std::string_view whole = line.split_text();
+  const std::less_equal<const char*> no_later;
+  if (!no_later(whole.data(), part.data()) ||
+      !no_later(part.data() + part.size(), whole.data() + whole.size()) || part.empty()) {
+    return ShowPart(line.text(), problem);
+  }
+  const auto begin = static_cast<std::size_t>(part.data() - whole.data());
+  problem.column = static_cast<std::int32_t>(text::CharacterCount(whole.substr(0, begin))) + 1;
+  problem.length = static_cast<std::int32_t>(text::CharacterCount(part));
+  problem.read = ShownOf(part);
+  ShowPart(line.text(), problem);
 }
 
 void LineTexts::Open() {

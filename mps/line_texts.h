@@ -9,6 +9,7 @@
 
 #include "mps/file_problem.h"
 #include "mps/line_reader.h"
+#include "mps/line_source.h"
 #include "platform/byte_source.h"
 
 namespace quarvel::mps {
@@ -23,6 +24,9 @@ std::string_view ShownOf(std::string_view line);
 // The part of the line that shows a problem: from its start, or from about 100 characters before the
 // column where that stands further on than 200.
 void ShowPart(std::string_view line, FileProblem& problem);
+// Makes the line at hand, and `part` of its split_text(), the place of the problem. An empty part that lies
+// nowhere in there: the whole line.
+void ShowPlace(const SourceLine& line, std::string_view part, FileProblem& problem);
 
 // Gives each kept problem of a line that line's text, and the token that it is about as it stands in
 // there. A pass over the lines up to the last of them; `open` is not called when there is none. Null from

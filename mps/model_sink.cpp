@@ -30,6 +30,14 @@ std::int32_t ModelSink::FindColumn(const SourceLine& line, std::size_t token) co
   return fill_.FindColumn(line.Key(token), line[token]);
 }
 
+std::int32_t ModelSink::FindRow(std::string_view name) const {
+  return fill_.FindRow(model::NameKey::Of(name), name);
+}
+
+std::int32_t ModelSink::FindColumn(std::string_view name) const {
+  return fill_.FindColumn(model::NameKey::Of(name), name);
+}
+
 void ModelSink::AddRow(const SourceLine& line, std::size_t token, model::RowType type) {
   const model::ModelData& data = fill_.data();
   if (data.Rows.IsFull())

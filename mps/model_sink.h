@@ -39,8 +39,13 @@ class ModelSink {
   bool HasColumns() const { return fill_.data().NumberOfColumns >= 1; }
   std::int32_t FindRow(const SourceLine& line, std::size_t token) const;
   std::int32_t FindColumn(const SourceLine& line, std::size_t token) const;
+  std::int32_t FindRow(std::string_view name) const;
+  std::int32_t FindColumn(std::string_view name) const;
   model::RowLimits Row(std::int32_t row) { return fill_.Row(row); }
   model::Bounds& Column(std::int32_t column) { return fill_.ColumnBounds(column); }
+  void SetColumnType(std::int32_t column, model::ColumnType type) {
+    fill_.SetColumnType(column, type);
+  }
 
   // A row whose name no row has yet.
   void AddRow(const SourceLine& line, std::size_t token, model::RowType type);

@@ -2,15 +2,14 @@
 
 #include <string_view>
 #include <utility>
-#include <vector>
 
 #include "mps/exact_writer.h"
 #include "mps/line_source.h"
 #include "mps/line_texts.h"
 #include "mps/model_sink.h"
 #include "mps/sections.h"
-#include "mps/tokens.h"
-#include "text/encoding.h"
+#include "mps/wide_dialect.h"
+#include "text/upper_case.h"
 
 namespace quarvel::mps {
 namespace {
@@ -23,7 +22,10 @@ class FileRun {
         store_(store),
         source_(store.fill()),
         sink_(store.fill(), source_),
-        sections_(sink_, Hear{*this}) {
+        sections_(sink_, Hear{*this}),
+        wide_({options.columns, text::UpperCase(options.objective),
+               options.negative_upper_frees_lower},
+              sink_, read_.facts, [this](FileProblem problem) { Tell(std::move(problem)); }) {
     read_.problems = FileProblems(options.kept_of_each);
   }
 
@@ -75,27 +77,47 @@ class FileRun {
     } else {
       source_.Open(path_);
     }
+    if (IsWide()) source_.WatchTabs();
     SourceLine& line = source_.line();
     while (goes_on_ && source_.Next(sections_.section())) {
       if (line.number() % kLinesBetweenCalls == 0 && !Progress()) break;
       if (!Use(line)) break;
     }
+    read_.facts.lines = line.number();
+    if (goes_on_) EndLines(line);
     // What is packed tells at its end only whether it was whole.
     if (goes_on_ && options_.open) source_.SkipRest();
     source_.Close();
-    read_.facts.lines = line.number();
-    if (!goes_on_) return;
-    read_.facts.has_endata = sections_.has_ended();
-    if (!read_.facts.has_endata) Tell({FileProblemCode::kMissingEndata, line.number()});
   }
 
+  bool IsWide() const { return options_.dialect == FileDialect::kWide; }
+
+  // False when the file ends with the line.
   bool Use(SourceLine& line) {
-    if (!options_.on_line) [[likely]]
-      return sections_.Use(line);
     const Section section = sections_.section();
-    const bool goes_on = sections_.Use(line);
-    options_.on_line(line, section, sections_.section());
+    const WideDialect::Verdict verdict =
+        IsWide() ? wide_.Look(line, section) : WideDialect::Verdict::kLine;
+    bool goes_on = true;
+    if (verdict == WideDialect::Verdict::kLine) {
+      goes_on = sections_.Use(line);
+    } else if (verdict == WideDialect::Verdict::kData) {
+      goes_on = sections_.UseData(line);
+    }
+    if (verdict == WideDialect::Verdict::kNothing) {
+      if (options_.on_passed_line) options_.on_passed_line(line, section);
+    } else if (options_.on_line) [[unlikely]] {
+      options_.on_line(line, section, sections_.section());
+    }
     return goes_on;
+  }
+
+  void EndLines(SourceLine& line) {
+    read_.facts.has_endata = sections_.has_ended();
+    if (IsWide()) wide_.Finish();
+    if (!read_.facts.has_endata) Tell({FileProblemCode::kMissingEndata, line.number()});
+    while (IsWide() && goes_on_ && sections_.has_ended() && source_.Next(Section::kStart)) {
+      if (wide_.IsTextBehindEnd(line)) break;
+    }
   }
 
   bool Progress() {
@@ -110,22 +132,11 @@ class FileRun {
   bool Hears(const ReadProblem& problem) {
     FileProblem told{.code = CodeOf(problem.code), .line = problem.line, .item = problem.item};
     if (problem.line != 0 && (options_.on_problem || read_.problems.WillKeep(told.code))) {
-      ShowPlace(problem.token, told);
+      const SourceLine& line = source_.line();
+      const bool has_token = problem.token != 0 && problem.token <= line.token_count();
+      ShowPlace(line, has_token ? line[problem.token] : std::string_view(), told);
     }
     return Tell(std::move(told));
-  }
-
-  void ShowPlace(std::size_t token, FileProblem& told) {
-    const SourceLine& line = source_.line();
-    if (line.too_long()) return;
-    const std::vector<std::string_view> tokens = SplitLine(line.text());
-    if (token == 0 || token > tokens.size()) return ShowPart(line.text(), told);
-    const std::string_view read = tokens[token - 1];
-    const auto begin = static_cast<std::size_t>(read.data() - line.text().data());
-    told.column = static_cast<std::int32_t>(text::CharacterCount(line.text().substr(0, begin))) + 1;
-    told.length = static_cast<std::int32_t>(text::CharacterCount(read));
-    told.read = ShownOf(read);
-    ShowPart(line.text(), told);
   }
 
   bool Tell(FileProblem problem) {
@@ -145,7 +156,7 @@ class FileRun {
     if (data.NumberOfElements == 0) Tell({kNoElements});
     CheckRecords(data.Columns, data.NumberOfColumns, kColumnBoundsReversed, kEmptyColumn);
     CheckRecords(data.Rows, data.NumberOfRows, kRowBoundsReversed, kEmptyRow);
-    for (std::int32_t r = data.NumberOfRows; r >= 1; --r) {
+    for (std::int32_t r = data.NumberOfRows; r >= 1 && !IsWide(); --r) {
       if (data.Rows[r].Type == model::RowType::kFree) read_.facts.objective = data.Rows[r].Name;
     }
     CheckRowTypes(data);
@@ -217,6 +228,7 @@ class FileRun {
   LineSource source_;
   ModelSink sink_;
   Sections<ModelSink, Hear> sections_;
+  WideDialect wide_;
 };
 
 }  // namespace

@@ -13,11 +13,22 @@
 #include "mps/file_problem.h"
 #include "mps/line_source.h"
 #include "mps/section.h"
+#include "mps/wide_options.h"
 #include "platform/byte_source.h"
 
 namespace quarvel::mps {
 
+enum class FileDialect : std::uint8_t {
+  kWide,       // wide_dialect.h
+  kComponent,  // sections.h alone: what the component reads
+};
+
 struct ReadOptions {
+  FileDialect dialect = FileDialect::kWide;
+  // Of the wide dialect alone; wide_options.h says what they are.
+  FileColumns columns = FileColumns::kByLine;
+  std::string objective = {};
+  bool negative_upper_frees_lower = false;
   // Columns that the file gives no lower bound have none, instead of 0.
   bool infinite_default_bounds = false;
   // How many problems of each code come back as data; all are counted.
@@ -34,6 +45,9 @@ struct ReadOptions {
   // Hears of each line once it is used, as it was used, with the section it stands in and that of the
   // next line; the store's fill() has what it made. It must not change the store.
   std::function<void(const SourceLine& line, Section section, Section next)> on_line = {};
+  // Hears of each line that the wide dialect passes over, or that is none of the sections': a comment, a
+  // line of another set, OBJSENSE. It must not change the store.
+  std::function<void(const SourceLine& line, Section section)> on_passed_line = {};
 };
 
 enum class ReadOutcome : std::uint8_t {

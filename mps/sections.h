@@ -97,6 +97,12 @@ class Sections {
     return goes_on_;
   }
 
+  // Uses a line that is split and known to be a data line, whatever it begins with.
+  bool UseData(const SourceLine& line) {
+    UseDataLine(line);
+    return goes_on_;
+  }
+
  private:
   // A row's number and a value, or row 0 after a problem.
   struct Pair {

@@ -52,6 +52,7 @@ void Tokens::Split(Line& line) {
 // A token begins or ends wherever the kind of the byte changes.
 void Tokens::SplitUpperCase(char* text, std::size_t size) {
   Clear();
+  text_ = {text, size};
   const char* token = nullptr;  // the start of the token at hand
   std::uint64_t inside_before = 0;
   for (std::size_t from = 0; from < size; from += kGroup) {

@@ -57,11 +57,15 @@ class Tokens : public TokenList {
  public:
   // Upper-cases the line in place when it is ASCII; otherwise the tokens point into this object.
   void Split(Line& line);
+  // The line in upper case, of which the tokens are parts; there are as many readable bytes behind it
+  // as behind a line.
+  std::string_view text() const { return text_; }
 
  private:
   void SplitUpperCase(char* text, std::size_t size);
 
   std::string upper_case_;
+  std::string_view text_;
 };
 
 }  // namespace quarvel::mps

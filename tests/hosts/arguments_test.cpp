@@ -44,6 +44,15 @@ TEST(Arguments, TakeEveryWordOfAChoice) {
   EXPECT_EQ(Parse({"--default-bounds", "0"}).infinite_default_bounds, false);
 }
 
+TEST(Arguments, SayHowFilesAreRead) {
+  EXPECT_EQ(Parse({"info", "a"}).file_columns, mps::FileColumns::kByLine);
+  EXPECT_EQ(Parse({"info", "a", "--file-columns", "fixed"}).file_columns, mps::FileColumns::kFixed);
+  EXPECT_EQ(Parse({"info", "a", "--file-columns=free"}).file_columns, mps::FileColumns::kFree);
+  EXPECT_EQ(Parse({"info", "a", "--objective", "cost"}).objective, "cost");
+  EXPECT_FALSE(Parse({"info", "a", "--negative-upper", "keep"}).negative_upper_frees_lower);
+  EXPECT_TRUE(Parse({"info", "a", "--negative-upper", "free"}).negative_upper_frees_lower);
+}
+
 TEST(Arguments, TakeNegativeNumbersAsOperands) {
   EXPECT_EQ(Parse({"row", "a", "-1"}).operands, (std::vector<std::string>{"a", "-1"}));
   EXPECT_EQ(Parse({"row", "a", "-.5"}).operands, (std::vector<std::string>{"a", "-.5"}));

@@ -59,7 +59,8 @@ TEST(Check, FindsEachKindOfMistake) {
   const HostFolder folder;
   const Outcome run = RunQuarvel({"check", folder.Example("mistakes.mps"), "--no-lint"});
   EXPECT_EQ(run.status, 1);
-  EXPECT_TRUE(run.out.ends_with(": 23 errors, 2 warnings; 4 rows, 4 columns, 5 elements\n"))
+  EXPECT_TRUE(
+      run.out.ends_with(": 21 errors, 3 warnings, 2 adaptations; 4 rows, 4 columns, 5 elements\n"))
       << run.out;
   EXPECT_TRUE(HasCount(run.out, "4", "E109 not-numeric\n")) << run.out;
 }

@@ -246,8 +246,13 @@ TEST_F(RealScriptTest, MakesEveryFileEqualToAnEditedCopy) {
   const std::string c = folder_.Path("c.mps");
   std::uint32_t seed = 0;
   int compared = 0;
+  int with_blanks = 0;  // in their names, which the fixed layout cannot hold
   for (const std::string& a : files) {
     if (!WriteEdited(a, b, ++seed)) {
+      if (note_.find(" has a blank in its name\n") != std::string::npos) {
+        ++with_blanks;
+        continue;
+      }
       ADD_FAILURE() << a << ": " << note_;
       continue;
     }
@@ -261,7 +266,8 @@ TEST_F(RealScriptTest, MakesEveryFileEqualToAnEditedCopy) {
     EXPECT_EQ(same.status, 0) << a << ": " << same.err << same.out;
     ++compared;
   }
-  EXPECT_EQ(compared, static_cast<int>(files.size()));
+  EXPECT_EQ(compared + with_blanks, static_cast<int>(files.size()));
+  EXPECT_GT(compared, with_blanks);
 }
 
 }  // namespace

@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::string_view kExplainedModel =
     "ROWS\n N COST\n L LIM\n E X\nCOLUMNS\n X COST 1 LIM 2\n X NONE 1 X 3\n M 'MARKER' 'INTORG'\n"
-    " i lim 5\nRHS\n RHS LIM 4\nRANGES\n RNG LIM 2.5\nBOUNDS\n UP BND X 4\n up bnd x 9\n LO B X 0\n"
+    " i lim 5\nRHS\n RHS LIM 4\nRANGES\n RNG LIM 2.5\nBOUNDS\n UP BND X 4\n up bnd x 9\n LO BND X 0\n"
     "ENDATA\n";
 
 TEST(Explain, TellsWhichLinesMadeAColumn) {
@@ -67,7 +67,7 @@ TEST(Explain, TellsWhatWasOverriddenAndOfBothRecordsOfAName) {
             " 7 | X NONE 1 X 3\n"
             "15 | UP BND X 4\n"
             "16 | up bnd x 9\n"
-            "17 | LO B X 0\n");
+            "17 | LO BND X 0\n");
 }
 
 TEST(Explain, TellsOfTheObjective) {

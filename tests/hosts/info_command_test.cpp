@@ -141,6 +141,29 @@ TEST(Reading, AsksWhatTheComponentAsksWhenToldTo) {
       << empty.err;
 }
 
+TEST(Reading, TakesAFileAsItIsTold) {
+  const HostFolder folder;
+  const std::string model = folder.Write(
+      "a.mps",
+      "ROWS\n N  COST\n N  PRICE\nCOLUMNS\n    X         COST      1\n    X         PRICE     2\n"
+      "BOUNDS\n UP B X -4\nENDATA\n");
+  EXPECT_EQ(RunQuarvel({"info", model, "--on-error", "continue"}).err,
+            folder.Expand("quarvel: @a.mps: the lower bound of the column is above the upper: X\n"
+                          "quarvel: @a.mps: line 3: an N row that is not the objective: PRICE; it "
+                          "stays as a free row\n"
+                          "quarvel: @a.mps: line 8: a negative upper bound where the lower is 0: "
+                          "X; the lower bound stays 0\n"));
+  EXPECT_EQ(
+      RunQuarvel({"info", model, "--objective", "price", "--negative-upper", "free"}).err,
+      folder.Expand("quarvel: @a.mps: line 2: an N row that is not the objective: COST; it stays "
+                    "as a free row\n"
+                    "quarvel: @a.mps: line 8: a negative upper bound where the lower is 0: X; no "
+                    "lower bound\n"));
+  const Outcome fixed = RunQuarvel({"info", model, "--file-columns", "fixed"});
+  EXPECT_EQ(fixed.status, 1);
+  EXPECT_NE(fixed.err.find("line 8: a wrong number of words"), std::string::npos) << fixed.err;
+}
+
 TEST(Reading, TellsOfColumnsWithoutElementsAndGoesOn) {
   const HostFolder folder;
   const std::string model =

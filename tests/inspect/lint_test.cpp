@@ -166,7 +166,8 @@ TEST(LintOfFiles, HearsOfRowsThatLimitNothingAnyMore) {
   for (const FileProblem& problem : read.problems.kept()) found.push_back(mps::SentenceOf(problem));
   EXPECT_EQ(
       found,
-      (Sentences{"the row's limit counts as none: A; the type G becomes N, which limits nothing",
+      (Sentences{"a right-hand side of the objective: E; -10000000000 is added to the objective",
+                 "the row's limit counts as none: A; the type G becomes N, which limits nothing",
                  "the row's limit counts as none: B; the type L becomes N, which limits nothing",
                  "the row's limit counts as none: C; the type E becomes G"}));
 }

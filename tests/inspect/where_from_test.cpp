@@ -30,17 +30,17 @@ constexpr std::string_view kModel =
     " Y COST 2 LIM1 1\n"      // 15
     " X LIM2 7\n"             // 16
     "RHS\n"                   // 17
-    " RHS LIM1 4 LIM2 1.5\n"  // 18
-    " LIM1 LIM1 9\n"          // 19: a set of that name
+    " LIM1 LIM1 4 LIM2 1\n"   // 18: a set of that name
+    " LIM1 LIM1 9\n"          // 19
     "RANGES\n"                // 20
     " RNG LIM1 2.5 LIM2 x\n"  // 21
     "BOUNDS\n"                // 22
-    " UP BND X 4\n"           // 23
-    " UP BND X 4\n"           // 24
+    " UP X X 4\n"             // 23
+    " UP X X 4\n"             // 24
     " UP X X 9\n"             // 25
-    " ZZ BND BOTH 9\n"        // 26
-    " LO BND BOTH 12\n"       // 27
-    " UP BND BOTH 9\n"        // 28
+    " ZZ X BOTH 9\n"          // 26
+    " LO X BOTH 12\n"         // 27
+    " UP X BOTH 9\n"          // 28
     "ENDATA\n";
 
 std::string TextOf(const History& history) {

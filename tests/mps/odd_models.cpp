@@ -23,9 +23,9 @@ struct Dice {
   int Below(int limit) { return static_cast<int>(engine() % static_cast<unsigned>(limit)); }
 };
 
-const char* const kOddNames[] = {"'MARKER'", "INT",      "INTEND",    "ROWS", "ENDATA", "*X",
-                                 "a",        "B C",      "",          "N\nX", "T\tX",   "\xE4",
-                                 "\xC3\x84", "\xC3\xA4", "NINECHARS", "R1",   "RHS",    "-1"};
+const char* const kOddRecordNames[] = {
+    "'MARKER'", "INT",  "INTEND", "ROWS",     "ENDATA",   "*X",        "a",  "B C", "",
+    "N\nX",     "T\tX", "\xE4",   "\xC3\x84", "\xC3\xA4", "NINECHARS", "R1", "RHS", "-1"};
 const double kGoodValues[] = {1, -3.5, 0.1, 12, 250, -0.0001220703, 1e9};
 const double kOddValues[] = {0,
                              -0.0,
@@ -44,7 +44,7 @@ const double kOddBounds[] = {
     1.0 / 3, -1e300, 1e300, 9999999999.999998, -9999999999.999998, 1e-300};
 
 std::string AnyName(Dice& dice, const char* stem, int number) {
-  return dice.IsOdd() ? dice.Pick(kOddNames) : stem + std::to_string(number);
+  return dice.IsOdd() ? dice.Pick(kOddRecordNames) : stem + std::to_string(number);
 }
 
 void AddAnyRow(Dice& dice, ModelBuilder& build, const std::string& name) {
@@ -86,8 +86,8 @@ void AppendRecords(Names& lines, const Records& records, bool with_elements) {
 
 void BuildOddModel(unsigned seed, double oddness, ModelBuilder& build) {
   Dice dice{std::mt19937(seed), oddness};
-  if (dice.IsOdd()) build.Name(dice.Pick(kOddNames));
-  if (dice.IsOdd()) build.Description(std::string("D\r\n") + dice.Pick(kOddNames));
+  if (dice.IsOdd()) build.Name(dice.Pick(kOddRecordNames));
+  if (dice.IsOdd()) build.Description(std::string("D\r\n") + dice.Pick(kOddRecordNames));
   std::set<std::string> rows;
   std::set<std::string> columns;
   for (int i = 0; i < 3; ++i) {

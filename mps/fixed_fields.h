@@ -1,0 +1,57 @@
+// The fields of a line of fixed columns: 2-3, 5-12, 15-22, 25-36, 40-47 and 50-61, counted in characters
+// from 1. A field may hold blanks within; those around it do not count. Fields are numbered from 1.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace quarvel::mps {
+
+inline constexpr std::size_t kFieldCount = 6;
+
+struct FieldPlace {
+  std::size_t first;  // columns
+  std::size_t last;
+};
+// That of no field comes first.
+inline constexpr std::array<FieldPlace, kFieldCount + 1> kFieldPlaces = {
+    {{1, 0}, {2, 3}, {5, 12}, {15, 22}, {25, 36}, {40, 47}, {50, 61}}};
+
+constexpr std::uint64_t FieldBits(std::size_t field) {
+  const auto [first, last] = kFieldPlaces[field];
+  return ((std::uint64_t{1} << last) - 1) & ~((std::uint64_t{1} << (first - 1)) - 1);
+}
+
+// Of a line of at most 63 bytes with `inside` as its bytes that are not spaces: so many words as fields,
+// one in each from `kFirst` on, are the same words by spaces and by fields.
+template <std::size_t kFirst, std::size_t kCount>
+constexpr bool AreInOwnFields(std::uint64_t inside) {
+  std::uint64_t all = 0;
+  bool each = true;
+  for (std::size_t field = kFirst; field < kFirst + kCount; ++field) {
+    all |= FieldBits(field);
+    each &= (inside & FieldBits(field)) != 0;
+  }
+  return each && (inside & ~all) == 0;
+}
+
+class FixedFields {
+ public:
+  // A dollar sign that begins field 3 or 5 begins a comment: nothing from there on counts.
+  explicit FixedFields(std::string_view text);
+
+  std::string_view operator[](std::size_t field) const { return fields_[field]; }
+  // The first text that stands before or between the fields; empty when there is none.
+  std::string_view between() const { return between_; }
+  // What stands behind the last field.
+  std::string_view behind() const { return behind_; }
+
+ private:
+  std::array<std::string_view, kFieldCount + 1> fields_{};
+  std::string_view between_;
+  std::string_view behind_;
+};
+
+}  // namespace quarvel::mps

@@ -1,0 +1,258 @@
+#include "mps/wide_dialect.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+namespace quarvel::mps {
+namespace {
+
+using enum FileProblemCode;
+
+std::string LinesText(std::int64_t count) {
+  return std::to_string(count) + (count == 1 ? " line passed over" : " lines passed over");
+}
+
+}  // namespace
+
+WideDialect::WideDialect(WideOptions options, ModelSink& sink, FileFacts& facts, HearProblem hear)
+    : options_(std::move(options)),
+      sink_(sink),
+      facts_(facts),
+      hear_(std::move(hear)),
+      sense_(sink),
+      data_(options_, sink, facts, hear_),
+      said_columns_(options_.columns),
+      columns_(said_columns_) {
+  Settle();
+}
+
+WideDialect::Verdict WideDialect::LookCloser(SourceLine& line, Section section) {
+  if (line.too_long()) return Verdict::kLine;
+  if (section == Section::kStart && line.text().starts_with('*')) return Verdict::kLine;
+  line.Split();
+  const bool decided = columns_ == FileColumns::kFree || line.comes_in_batch();
+  if (decided && !HasTab(line.split_text()) && IsPlain(line, section)) return Verdict::kLine;
+  const TokenList words = WordsOf(line.split_text());
+  if (words.count() == 0) return Verdict::kNothing;
+  const char first = line.split_text()[0];
+  if (first == '*') return Comment(line);
+  if (first != ' ' && first != '\t') {
+    if (!IsDataInFirstColumn(words, section)) return UseHeader(line, words, section);
+    has_data_in_first_column_ = true;
+  }
+  if (own_ != Own::kNone) return UseOwn(line, words);
+  if (section != Section::kStart) return UseData(line, words, section);
+  Tell(kBeforeRows, line, {});
+  return Verdict::kNothing;
+}
+
+bool WideDialect::IsDataInFirstColumn(const TokenList& words, Section section) const {
+  if (section == Section::kStart || own_ != Own::kNone || words.count() < 2) return false;
+  if (has_data_in_first_column_ && FindWideHeader(words[1]) == WideHeader::kUnknown) return true;
+  return sense_.FitFree(words, section).has_value();
+}
+
+WideDialect::Verdict WideDialect::UseOwn(const SourceLine& line, const TokenList& words) {
+  if (own_ == Own::kPassedOver) {
+    ++passed_lines_;
+  } else {
+    UseWord(line, words[1]);
+  }
+  return Verdict::kNothing;
+}
+
+// Of OBJSENSE or OBJNAME.
+void WideDialect::UseWord(const SourceLine& line, std::string_view word) {
+  if (own_ == Own::kSense) {
+    UseSense(line, word, SenseOf(word));
+  } else {
+    data_.NameObjective(line, word);
+  }
+  Enter(Own::kNone);
+}
+
+WideDialect::Verdict WideDialect::UseHeader(SourceLine& line, const TokenList& words,
+                                            Section section) {
+  LeaveOwn();
+  const WideHeader header = FindWideHeader(words[1]);
+  switch (header) {
+    case WideHeader::kUnknown:
+      if (section == Section::kStart) {
+        Tell(kBeforeRows, line, {});
+      } else {
+        PassOver(kUnknownSection, line, words[1]);
+      }
+      break;
+    case WideHeader::kName:
+      return UseName(line, words);
+    case WideHeader::kPlain:
+      return UsePlainHeader(line, words);
+    case WideHeader::kSense:
+    case WideHeader::kObjectiveName:
+      Enter(header == WideHeader::kSense ? Own::kSense : Own::kObjectiveName);
+      if (words.count() > 1) UseWord(line, words[2]);
+      break;
+    case WideHeader::kMaximize:
+      UseSense(line, words[1], ObjectiveSense::kMaximize);
+      break;
+    case WideHeader::kMinimize:
+      UseSense(line, words[1], ObjectiveSense::kMinimize);
+      break;
+    case WideHeader::kMoreRows:
+      return UseMoreRows(line, words);
+    case WideHeader::kNotLinear:
+      PassOver(kNotLinear, line, words[1]);
+      break;
+  }
+  return Verdict::kNothing;
+}
+
+WideDialect::Verdict WideDialect::UsePlainHeader(SourceLine& line, const TokenList& words) {
+  if (words[1] == "RHS") data_.BeginRhs();
+  if (words[1] == "COLUMNS") columns_ = said_columns_;
+  Settle();
+  if (words.count() > 1) Tell(kHeaderText, line, words[2], std::string(words[1]), "passed over");
+  if (HasTab(line.split_text())) line.Replace(words);
+  return Verdict::kLine;
+}
+
+// The line is no data line of its section, as it would be to the sections.
+WideDialect::Verdict WideDialect::UseName(const SourceLine& line, const TokenList& words) {
+  if (words.count() > 1) sink_.SetModelName(words[2]);
+  if (words.count() <= 2) return Verdict::kNothing;
+  const std::string_view last = words[std::min(words.count(), TokenList::kKept)];
+  if (last == "FREE" && columns_ == FileColumns::kByLine) {
+    said_columns_ = FileColumns::kFree;
+    columns_ = said_columns_;
+  } else {
+    Tell(kHeaderText, line, words[3], std::string(words[1]), "passed over");
+  }
+  return Verdict::kNothing;
+}
+
+WideDialect::Verdict WideDialect::UseMoreRows(SourceLine& line, const TokenList& words) {
+  static constexpr std::string_view kRows = "ROWS";
+  Tell(kMoreRows, line, words[1], std::string(words[1]), "rows like those of ROWS");
+  TokenList rows;
+  rows.Keep(kRows.data(), kRows.data() + kRows.size());
+  line.Replace(rows);
+  return Verdict::kLine;
+}
+
+void WideDialect::UseSense(const SourceLine& line, std::string_view word, ObjectiveSense sense) {
+  if (sense == ObjectiveSense::kNotSaid) {
+    return Tell(kSenseUnknown, line, word, std::string(word), "passed over");
+  }
+  facts_.sense = sense;
+  const bool maximize = sense == ObjectiveSense::kMaximize;
+  Tell(kObjectiveSense, line, word, {},
+       maximize ? "the objective is maximized" : "the objective is minimized");
+}
+
+void WideDialect::PassOver(FileProblemCode code, const SourceLine& line, std::string_view word) {
+  Enter(Own::kPassedOver);
+  passed_lines_ = 0;
+  passed_over_ = FileProblem{.code = code, .line = line.number(), .item = std::string(word)};
+  ShowPlace(line, word, passed_over_);
+}
+
+void WideDialect::LeaveOwn() {
+  if (own_ == Own::kPassedOver) {
+    passed_over_.made = LinesText(passed_lines_);
+    hear_(std::move(passed_over_));
+  }
+  Enter(Own::kNone);
+}
+
+WideDialect::Verdict WideDialect::UseData(SourceLine& line, const TokenList& words,
+                                          Section section) {
+  const bool has_tab = HasTab(line.split_text());
+  const bool is_marker = section == Section::kColumns && IsMarker(words);
+  if (columns_ == FileColumns::kFixed && !has_tab && !is_marker) {
+    return UseFixed(line, words, section);
+  }
+  const std::optional<FreeWords> fitting = sense_.FitFree(words, section);
+  if (columns_ == FileColumns::kByLine && !has_tab && !is_marker) {
+    Decide(line, words, section, fitting.has_value());
+    if (columns_ == FileColumns::kFixed) return UseFixed(line, words, section);
+  }
+  return fitting ? UseFitting(line, words, *fitting, section) : UseOdd(line, words, section);
+}
+
+void WideDialect::Decide(const SourceLine& line, const TokenList& words, Section section,
+                         bool fits_free) {
+  const bool fits_fixed = sense_.FitFixed(line.split_text(), section).has_value();
+  if (fits_free == fits_fixed || (fits_fixed && BeginsComment(words))) return;
+  columns_ = fits_fixed ? FileColumns::kFixed : FileColumns::kFree;
+  Settle();
+  if (fits_fixed) {
+    const bool rows = section == Section::kRows;
+    Tell(kFixedColumns, line, {}, {},
+         rows ? "it and the rest of ROWS are read by fixed columns"
+              : "it and all lines behind it are read by fixed columns");
+  }
+}
+
+WideDialect::Verdict WideDialect::UseFitting(SourceLine& line, const TokenList& words,
+                                             const FreeWords& fitting, Section section) {
+  const bool has_tab = HasTab(line.split_text());
+  if (has_tab) Tell(kTab, line, {}, {}, "blanks");
+  if (fitting.comment != 0) Tell(kEndComment, line, words[fitting.comment], {}, "passed over");
+  if (fitting.is_nameless) Tell(kNamelessSet, line, {}, {}, "a line of the first set");
+  const bool changed = has_tab || fitting.comment != 0 || fitting.is_nameless;
+  return UseWords(line, fitting.words, changed, section, true);
+}
+
+WideDialect::Verdict WideDialect::UseOdd(SourceLine& line, const TokenList& words,
+                                         Section section) {
+  if (BeginsComment(words)) return Comment(line);
+  return UseWords(line, words, HasTab(line.split_text()), section, false);
+}
+
+WideDialect::Verdict WideDialect::UseFixed(SourceLine& line, const TokenList& words,
+                                           Section section) {
+  const FixedFields fields(line.split_text());
+  const TokenList fixed = WordsOf(fields, section);
+  const bool fits = fields.between().empty() && fixed.count() != 0 && sense_.Fits(fixed, section);
+  if (!fits && BeginsComment(words)) return Comment(line);
+  if (!fields.between().empty()) {
+    Tell(kBetweenFields, line, fields.between());
+    return Verdict::kNothing;
+  }
+  if (section == Section::kColumns && (fixed.count() == 0 || fixed[1].empty())) {
+    Tell(kTokens, line, {});
+    return Verdict::kNothing;
+  }
+  if (!fields.behind().empty()) Tell(kBehindFields, line, fields.behind(), {}, "passed over");
+  return UseWords(line, fixed, true, section, fits);
+}
+
+WideDialect::Verdict WideDialect::UseWords(SourceLine& line, const TokenList& words, bool changed,
+                                           Section section, bool fits) {
+  const bool used = data_.Use(line, words, section, fits);
+  if (used && !data_.has_effect()) return Verdict::kNothing;
+  if (changed) line.Replace(words);
+  return used ? Verdict::kUsed : Verdict::kData;
+}
+
+WideDialect::Verdict WideDialect::Comment(const SourceLine& line) {
+  Tell(kComment, line, {}, {}, "passed over");
+  return Verdict::kNothing;
+}
+
+bool WideDialect::IsTextBehindEnd(SourceLine& line) const {
+  if (!line.too_long() && line.text().find_first_not_of(" \t\x1A") == std::string_view::npos) {
+    return false;
+  }
+  line.Split();
+  Tell(kTextBehindEnd, line, {}, {}, "nothing behind ENDATA is read");
+  return true;
+}
+
+void WideDialect::Finish() {
+  LeaveOwn();
+  data_.Finish();
+}
+
+}  // namespace quarvel::mps

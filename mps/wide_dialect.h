@@ -1,0 +1,149 @@
+// The wide dialect: what files hold that the sections (sections.h) would refuse or lose. It stands before
+// them, line by line: plain lines go on untouched, after the cheapest check; of the others it uses up
+// what the sections have no place for, and gives them the rest as words that they know. What it makes
+// of each is told (A3..), and so is what it passes over (W4..) or refuses (E12.).
+//
+//   columns    Words stand between blanks or in fixed columns (fixed_fields.h). The first line of ROWS
+//              that makes sense in one way only decides for ROWS, the first behind it for the rest of the
+//              file; until then words stand between blanks.
+//              A line with a tab, and a marker, decides nothing and is taken by its blanks and tabs.
+//   comments   lines that begin with "*"; with blanks before it where the line makes no other sense;
+//              from a word, or the field 3 or 5, that begins with "$"
+//   headers    OBJSENSE and OBJNAME with their word on the same line or the next, OBJSENSEMAX,
+//              OBJSENSEMIN; LAZYCONS and USERCUTS, as more ROWS; any other that is not known begins a
+//              section that is passed over
+//   data       wide_data.h
+//
+// The full rules stand in docs/dialect.md.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "mps/file_facts.h"
+#include "mps/file_problem.h"
+#include "mps/fixed_fields.h"
+#include "mps/line_source.h"
+#include "mps/model_sink.h"
+#include "mps/section.h"
+#include "mps/wide_data.h"
+#include "mps/wide_headers.h"
+#include "mps/wide_options.h"
+#include "mps/wide_report.h"
+#include "mps/wide_words.h"
+
+namespace quarvel::mps {
+
+class WideDialect {
+ public:
+  enum class Verdict : std::uint8_t {
+    kLine,     // the sections use it
+    kData,     // the sections use it as a data line, whatever it begins with
+    kUsed,     // it is used up; its tokens are what it said
+    kNothing,  // it is passed over, or no data line
+  };
+
+  // The sink and the facts must outlive this. `hear` is called while a line is looked at, or in Finish.
+  // Lines are of a source that watches tabs.
+  WideDialect(WideOptions options, ModelSink& sink, FileFacts& facts, HearProblem hear);
+  WideDialect(const WideDialect&) = delete;
+  WideDialect& operator=(const WideDialect&) = delete;
+
+  // Looks at the line, which stands in that section of the sections, before they do.
+  Verdict Look(SourceLine& line, Section section) {
+    if (line.is_simple() && IsPlain(line, section)) [[likely]]
+      return Verdict::kLine;
+    return LookCloser(line, section);
+  }
+  // A line behind ENDATA; true when it was text, which is told.
+  bool IsTextBehindEnd(SourceLine& line) const;
+  // No line comes any more, with ENDATA or without: makes the facts, and gives rows what waited.
+  void Finish();
+
+ private:
+  // The section of its own that the lines stand in.
+  enum class Own : std::uint8_t { kNone, kSense, kObjectiveName, kPassedOver };
+
+  // Of a line that is split and has no tab: nothing is to be done, by blanks and, while that is not
+  // decided, by fields. Sometimes false for such a line.
+  bool IsPlain(const SourceLine& line, Section section) const {
+    if (!passes_on_) return false;
+    const std::size_t count = line.token_count();
+    if (section == Section::kColumns) [[likely]] {
+      if (count == 3) return StandsPlain<2, 3>(line) && line[2][0] != '\'';
+      return count == 5 && StandsPlain<2, 5>(line) && line[2][0] != '\'' && line[4][0] != '$';
+    }
+    switch (section) {
+      case Section::kRows:
+        return count == 2 && StandsPlain<1, 2>(line) &&
+               (line[1] == "E" || line[1] == "G" || line[1] == "L");
+      case Section::kRhs:
+        if (count == 3) {
+          return StandsPlain<2, 3>(line) && data_.IsPlainRhs(line) && line[3][0] != '$';
+        }
+        return count == 5 && StandsPlain<2, 5>(line) && data_.IsPlainRhs(line) && line[4][0] != '$';
+      case Section::kBounds:
+        return count == 4 && StandsPlain<1, 4>(line) && data_.IsPlainBound(line);
+      default:
+        return false;
+    }
+  }
+  // Words are told apart by blanks, or they are the same by fields from `kFirst` on; and the line begins
+  // no header or comment.
+  template <std::size_t kFirst, std::size_t kCount>
+  bool StandsPlain(const SourceLine& line) const {
+    const bool stands = columns_ == FileColumns::kFree
+                            ? line.text()[0] == ' '
+                            : AreInOwnFields<kFirst, kCount>(line.inside());
+    return stands && line[1][0] != '*';
+  }
+  static bool HasTab(std::string_view text) { return text.find('\t') != std::string_view::npos; }
+
+  Verdict LookCloser(SourceLine& line, Section section);
+  bool IsDataInFirstColumn(const TokenList& words, Section section) const;
+  Verdict UseOwn(const SourceLine& line, const TokenList& words);
+  Verdict UseHeader(SourceLine& line, const TokenList& words, Section section);
+  Verdict UsePlainHeader(SourceLine& line, const TokenList& words);
+  Verdict UseName(const SourceLine& line, const TokenList& words);
+  Verdict UseMoreRows(SourceLine& line, const TokenList& words);
+  void UseWord(const SourceLine& line, std::string_view word);
+  void UseSense(const SourceLine& line, std::string_view word, ObjectiveSense sense);
+  void PassOver(FileProblemCode code, const SourceLine& line, std::string_view word);
+  void LeaveOwn();
+  Verdict UseData(SourceLine& line, const TokenList& words, Section section);
+  Verdict UseFitting(SourceLine& line, const TokenList& words, const FreeWords& fitting,
+                     Section section);
+  Verdict UseOdd(SourceLine& line, const TokenList& words, Section section);
+  Verdict UseWords(SourceLine& line, const TokenList& words, bool changed, Section section,
+                   bool fits);
+  Verdict UseFixed(SourceLine& line, const TokenList& words, Section section);
+  void Decide(const SourceLine& line, const TokenList& words, Section section, bool fits_free);
+  void Enter(Own own) {
+    own_ = own;
+    Settle();
+  }
+  void Settle() { passes_on_ = own_ == Own::kNone && columns_ != FileColumns::kFixed; }
+  Verdict Comment(const SourceLine& line);
+  void Tell(FileProblemCode code, const SourceLine& line, std::string_view part,
+            std::string item = {}, std::string made = {}) const {
+    TellOf(hear_, code, line, part, std::move(item), std::move(made));
+  }
+
+  const WideOptions options_;
+  ModelSink& sink_;
+  FileFacts& facts_;
+  const HearProblem hear_;
+  WordSense sense_;
+  WideData data_;
+  FileColumns said_columns_;  // by the options, or by the file's NAME
+  FileColumns columns_;
+  Own own_ = Own::kNone;
+  bool passes_on_ = true;  // plain lines go on at all
+  bool has_data_in_first_column_ = false;
+  FileProblem passed_over_{};  // of the section that is, and how many lines it has
+  std::int64_t passed_lines_ = 0;
+};
+
+}  // namespace quarvel::mps
