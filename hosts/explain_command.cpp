@@ -43,7 +43,8 @@ std::string HistoryText(const inspect::History& history, const RecordOrigin& rec
   if (now.line != 0) {
     text += LineText(now.line);
   } else {
-    text += is_type ? "made of its bounds" : "default";
+    const std::string_view later = is_type ? "made of its bounds" : "given at the end of the file";
+    text += is_type || history.count > 1 ? later : "default";
   }
   if (is_type && record.marker_line != 0) {
     text += ", under the marker of " + LineText(record.marker_line);

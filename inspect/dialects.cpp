@@ -11,7 +11,6 @@
 #include "mps/section.h"
 #include "mps/tokens.h"
 #include "text/numbers.h"
-#include "text/upper_case.h"
 
 namespace quarvel::inspect {
 namespace {
@@ -29,7 +28,7 @@ constexpr std::string_view kRefuses = "refuses the file";
 
 constexpr std::array<DialectTraits, 15> kDialects = {{
     {DialectPoint::kObjectiveSense, "objective-sense", "OBJSENSE",
-     Readings("no part of the model", kRefuses,
+     Readings("a fact beside the model", kRefuses,
               "takes the sense from the line below, in free columns only",
               "minimizes whatever stands in the line below; refuses a sense in the same line")},
     {DialectPoint::kSecondFreeRow, "second-free-row", "N rows after the first",
@@ -43,18 +42,20 @@ constexpr std::array<DialectTraits, 15> kDialects = {{
     {DialectPoint::kPairTwice, "pair-twice", "a row given twice by one column",
      Readings("two coefficients", kRefuses, kRefuses, kRefuses)},
     {DialectPoint::kObjectiveConstant, "objective-constant", "a right-hand side of the objective",
-     Readings("no part of the model", "added to the objective", "added to the objective",
+     Readings("taken off the objective", "added to the objective", "added to the objective",
               "taken off the objective")},
     {DialectPoint::kSetWithoutName, "set-without-name", "lines without the name of a set",
-     Readings("as quarvel check tells",
-              "reads them in fixed columns with a warning, refuses them in free ones", "reads them",
-              "reads them in fixed columns, refuses them in free ones")},
+     Readings("reads them", "reads them in fixed columns with a warning, refuses them in free ones",
+              "reads them", "reads them in fixed columns, refuses them in free ones")},
     {DialectPoint::kSecondRhsSet, "second-rhs-set", "a second set of right-hand sides",
-     Readings("applies every set", kRefuses, "applies every set", "applies the first set alone")},
+     Readings("applies the first set alone", kRefuses, "applies every set",
+              "applies the first set alone")},
     {DialectPoint::kSecondRangesSet, "second-ranges-set", "a second set of ranges",
-     Readings("applies every set", kRefuses, "applies every set", "applies the first set alone")},
+     Readings("applies the first set alone", kRefuses, "applies every set",
+              "applies the first set alone")},
     {DialectPoint::kSecondBoundsSet, "second-bounds-set", "a second set of bounds",
-     Readings("applies every set", kRefuses, "applies every set", "applies the first set alone")},
+     Readings("applies the first set alone", kRefuses, "applies every set",
+              "applies the first set alone")},
     {DialectPoint::kRangeOfFreeRow, "range-of-free-row", "a range of an N row",
      Readings("passes over it", "passes over it with a warning", "passes over it", kRefuses)},
     {DialectPoint::kNegativeUpper, "negative-upper",
@@ -62,7 +63,7 @@ constexpr std::array<DialectTraits, 15> kDialects = {{
      Readings("the lower bound stays 0", "the lower bound stays 0", "the lower bound stays 0",
               "takes the lower bound away")},
     {DialectPoint::kSemiContinuous, "semi-continuous", "SC bounds",
-     Readings("as quarvel check tells", kRefuses, "a semi-continuous column", "reads it")},
+     Readings("an upper bound alone", kRefuses, "a semi-continuous column", "reads it")},
     {DialectPoint::kLargeNumber, "large-number",
      "a bound or right-hand side of at least 1E+10 in size",
      Readings("none", "a number like any other", "a number like any other",
@@ -78,15 +79,21 @@ class DialectWatch {
   }
 
   void Use(const mps::SourceLine& line, Section section, Section next) {
-    if (line.too_long() || line.text().empty()) return;
+    if (line.too_long() || line.text().empty() || section != next || !line.is_split()) return;
     number_ = line.number();
-    if (line.text()[0] != ' ' && line.text().size() <= kLongestHeader) UseHeader(line.text());
-    if (section != next || !line.is_split()) return;
     if (section == Section::kRows) UseRow(line);
     if (section == Section::kColumns) UseColumn(line);
     if (section == Section::kRhs) UsePairs(line, rhs_set_, DialectPoint::kSecondRhsSet);
     if (section == Section::kRanges) UsePairs(line, ranges_set_, DialectPoint::kSecondRangesSet);
     if (section == Section::kBounds) UseBound(line);
+  }
+
+  // A line that says the sense is no data line.
+  void Hear(const mps::FileProblem& problem) {
+    using enum mps::FileProblemCode;
+    if (problem.code != kObjectiveSense && problem.code != kSenseUnknown) return;
+    number_ = problem.line;
+    Find(DialectPoint::kObjectiveSense);
   }
 
   std::vector<DialectFinding> Finish(const mps::FileFacts& facts) {
@@ -103,8 +110,6 @@ class DialectWatch {
   }
 
  private:
-  static constexpr std::size_t kLongestHeader = 80;
-
   struct ColumnSeen {
     std::int64_t line = 0;  // its first
     bool is_integer = false;
@@ -118,10 +123,6 @@ class DialectWatch {
     DialectFinding& finding = found_[static_cast<std::size_t>(point)];
     if (finding.lines.size() < kept_) finding.lines.push_back(number_);
     ++finding.count;
-  }
-
-  void UseHeader(std::string_view text) {
-    if (text::UpperCase(text).starts_with("OBJSENSE")) Find(DialectPoint::kObjectiveSense);
   }
 
   void UseRow(const mps::SourceLine& line) {
@@ -240,6 +241,10 @@ DialectFindings FindDialects(const std::string& path, const mps::ReadOptions& op
                              model::ModelStore& store, std::size_t kept) {
   DialectWatch watch(store, kept);
   mps::ReadOptions watched = options;
+  watched.on_problem = [&](const mps::FileProblem& problem) {
+    watch.Hear(problem);
+    return !options.on_problem || options.on_problem(problem);
+  };
   watched.on_line = [&](const mps::SourceLine& line, Section section, Section next) {
     watch.Use(line, section, next);
   };

@@ -112,7 +112,7 @@ class OriginWatch {
       // What is said of one row in a line is not said of the other.
       const bool is_about_another =
           record.is_row && !problem.item.empty() && problem.item != record.name;
-      if (!is_about_another) AddProblem(record, problem);
+      if (!is_about_another && problem.line == line.number()) AddProblem(record, problem);
     }
     if (changes) return;
     if (record.idle_lines.size() < kept_) record.idle_lines.push_back(line.number());

@@ -15,7 +15,7 @@ namespace quarvel::inspect {
 
 // A type or bound that a record got.
 struct Setting {
-  std::int64_t line = 0;  // 0: a bound by default, a type made of the bounds at the end of the read
+  std::int64_t line = 0;  // 0: the first, by default; a later one, made at the end of the read
   double value = 0;       // of a bound
   std::string type = {};  // of a type: its letter
 };

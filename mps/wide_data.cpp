@@ -21,7 +21,6 @@ std::string Named(std::string_view name) { return std::string(name); }
 }  // namespace
 
 bool WideData::Use(const SourceLine& line, const TokenList& words, Section section, bool fits) {
-  has_effect_ = false;
   switch (section) {
     case Section::kStart:
       return false;
@@ -98,7 +97,6 @@ std::int32_t WideData::ReadPair(const SourceLine& line, const TokenList& words, 
 bool WideData::UseRhs(const SourceLine& line, const TokenList& words) {
   if (!sink_.HasRows()) return false;
   if (!IsOfFirst(rhs_, facts_.rhs_set, line, words[1])) return true;
-  has_effect_ = true;
   bool has_free_row = false;
   for (std::size_t first = 2; first < words.count(); first += 2) {
     const std::int32_t row = sink_.FindRow(words[first]);
@@ -133,7 +131,6 @@ void WideData::UseRhsOfFreeRow(const SourceLine& line, std::string_view word, st
 bool WideData::UseRanges(const SourceLine& line, const TokenList& words) {
   if (!sink_.HasRows()) return false;
   if (!IsOfFirst(ranges_, facts_.ranges_set, line, words[1])) return true;
-  has_effect_ = true;
   for (std::size_t first = 2; first < words.count(); first += 2) {
     double range = 0;
     const std::int32_t row = ReadPair(line, words, first, range);
@@ -187,7 +184,6 @@ bool WideData::UseBound(const SourceLine& line, const TokenList& words) {
     return wide.has_value();
   }
   if (!IsOfFirst(bounds_, facts_.bounds_set, line, words[2])) return true;
-  has_effect_ = true;
   const bool no_bound = words.count() == kValue && IsNoBound(words[1], words[kValue]);
   if (no_bound) {
     UseInfinity(line, words);

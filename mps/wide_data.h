@@ -46,9 +46,7 @@ class WideData {
     return line[4][sign] >= '.' && line[4][sign] <= '9';
   }
 
-  // Uses the words of a data line up, or leaves them to the sections: false. has_effect() tells of those
-  // that it used up whether they said anything that counts.
-  bool has_effect() const { return has_effect_; }
+  // Uses the words of a data line up, or leaves them to the sections: false.
   bool Use(const SourceLine& line, const TokenList& words, Section section, bool fits);
 
   void BeginRhs() { has_rhs_ = true; }
@@ -100,7 +98,6 @@ class WideData {
   std::vector<std::pair<std::int32_t, double>> free_rhs_;
   std::vector<std::pair<std::int32_t, double>> waiting_ranges_;
   bool has_rhs_ = false;
-  bool has_effect_ = false;
 };
 
 }  // namespace quarvel::mps

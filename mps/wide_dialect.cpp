@@ -231,7 +231,6 @@ WideDialect::Verdict WideDialect::UseFixed(SourceLine& line, const TokenList& wo
 WideDialect::Verdict WideDialect::UseWords(SourceLine& line, const TokenList& words, bool changed,
                                            Section section, bool fits) {
   const bool used = data_.Use(line, words, section, fits);
-  if (used && !data_.has_effect()) return Verdict::kNothing;
   if (changed) line.Replace(words);
   return used ? Verdict::kUsed : Verdict::kData;
 }

@@ -47,7 +47,7 @@ TEST(Dialects, FindsEachThingInItsLine) {
     std::string bytes;
     const char* found;
   } cases[] = {
-      {"OBJSENSE\n MAX\n" + File(""), "objective-sense 1"},
+      {"OBJSENSE\n MAX\n" + File(""), "objective-sense 2"},
       {"OBJSENSE MAX\n" + File(""), "objective-sense 1"},
       {"ROWS\n N A\n N B\n L C\n N D\nCOLUMNS\n X C 1\nENDATA\n", "second-free-row 3 5"},
       {File(" M 'MARKER' 'INTORG'\n I LIM 1\n J LIM 1\n K LIM 1\n M 'MARKER' 'INTEND'\n Y LIM 1\n"

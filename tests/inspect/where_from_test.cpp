@@ -13,34 +13,34 @@ namespace quarvel::inspect {
 namespace {
 
 constexpr std::string_view kModel =
-    "NAME EX\n"               // 1
-    "ROWS\n"                  // 2
-    " N COST\n"               // 3
-    " L LIM1\n"               // 4
-    " G LIM2\n"               // 5
-    " E LIM1\n"               // 6: twice
-    " L BOTH\n"               // 7
-    "COLUMNS\n"               // 8
-    " X COST 1 LIM1 1\n"      // 9
-    " X LIM2 1 BOTH 0\n"      // 10
-    " M 'MARKER' 'INTORG'\n"  // 11
-    " Both LIM1 2 LIM9 3\n"   // 12: no such row
-    " BOTH BOTH 4\n"          // 13
-    " M 'MARKER' 'INTEND'\n"  // 14
-    " Y COST 2 LIM1 1\n"      // 15
-    " X LIM2 7\n"             // 16
-    "RHS\n"                   // 17
-    " LIM1 LIM1 4 LIM2 1\n"   // 18: a set of that name
-    " LIM1 LIM1 9\n"          // 19
-    "RANGES\n"                // 20
-    " RNG LIM1 2.5 LIM2 x\n"  // 21
-    "BOUNDS\n"                // 22
-    " UP X X 4\n"             // 23
-    " UP X X 4\n"             // 24
-    " UP X X 9\n"             // 25
-    " ZZ X BOTH 9\n"          // 26
-    " LO X BOTH 12\n"         // 27
-    " UP X BOTH 9\n"          // 28
+    "NAME EX\n"                // 1
+    "ROWS\n"                   // 2
+    " N COST\n"                // 3
+    " L LIM1\n"                // 4
+    " G LIM2\n"                // 5
+    " E LIM1\n"                // 6: twice
+    " L BOTH\n"                // 7
+    "COLUMNS\n"                // 8
+    " X COST 1 LIM1 1\n"       // 9
+    " X LIM2 1 BOTH 0\n"       // 10
+    " M 'MARKER' 'INTORG'\n"   // 11
+    " Both LIM1 2 LIM9 3\n"    // 12: no such row
+    " BOTH BOTH 4\n"           // 13
+    " M 'MARKER' 'INTEND'\n"   // 14
+    " Y COST 2 LIM1 1\n"       // 15
+    " X LIM2 7\n"              // 16
+    "RHS\n"                    // 17
+    " LIM1 LIM1 4 LIM2 1.5\n"  // 18
+    " LIM1 LIM1 9\n"           // 19: a set of that name
+    "RANGES\n"                 // 20
+    " RNG LIM1 2.5 LIM2 x\n"   // 21
+    "BOUNDS\n"                 // 22
+    " UP X X 4\n"              // 23
+    " UP X X 4\n"              // 24
+    " UP X X 9\n"              // 25
+    " ZZ X BOTH 9\n"           // 26
+    " LO X BOTH 12\n"          // 27
+    " UP X BOTH 9\n"           // 28
     "ENDATA\n";
 
 std::string TextOf(const History& history) {
@@ -117,6 +117,14 @@ TEST(WhereFrom, TellsWhatNamesARecordThatTheFileDoesNotMake) {
   EXPECT_EQ(TextOf(Find(kModel, true, "LIM9")),
             "0 of 0\n of 0\n of 0\nof 0\nidle 12\nproblems no-such-row@12\n");
   EXPECT_EQ(TextOf(Find(kModel, false, "NOBODY")), "0 of 0\n of 0\n of 0\nof 0\nidle\nproblems\n");
+}
+
+TEST(WhereFrom, TellsOfASecondSetThatItIsPassedOver) {
+  EXPECT_EQ(
+      TextOf(Find("ROWS\n L R\nCOLUMNS\n X R 1\nBOUNDS\n UP A X 4\n UP B X 9\n UP A X 5\nENDATA\n",
+                  false, "X")),
+      "1 R@4 of 1\n 0@0 of 1\n 10000000000@0 4@6 5@8 of 3\nR=1@4 of 1\nidle 7\n"
+      "problems second-set@7\n");
 }
 
 TEST(WhereFrom, TakesDefaultBoundsOfTheReadForDefaults) {
