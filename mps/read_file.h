@@ -59,7 +59,7 @@ enum class ReadOutcome : std::uint8_t {
 
 struct FileRead {
   ReadOutcome outcome = ReadOutcome::kFailed;
-  FileFacts facts;  // the objective's name, has_endata and lines; nothing else is read yet
+  FileFacts facts;  // in the component dialect without sense, constant and names of sets
   FileProblems problems;
 };
 
