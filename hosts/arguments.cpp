@@ -31,6 +31,8 @@ bool Set(const Option& option, Arguments& arguments, std::string_view given) {
 constexpr Word<bool> kBoundWords[] = {{"0", false}, {"inf", true}};
 constexpr Word<ColorChoice> kColorWords[] = {
     {"auto", ColorChoice::kAuto}, {"always", ColorChoice::kAlways}, {"never", ColorChoice::kNever}};
+constexpr Word<mps::FileLayout> kLayoutWords[] = {{"free", mps::FileLayout::kFree},
+                                                  {"fixed", mps::FileLayout::kFixed}};
 constexpr Word<bool> kDialectWords[] = {{"wide", false}, {"component", true}};
 constexpr Word<mps::FileColumns> kFileColumnWords[] = {{"fixed", mps::FileColumns::kFixed},
                                                        {"free", mps::FileColumns::kFree}};
@@ -152,6 +154,11 @@ constexpr Option kMoreOptions[] = {
      "colors: on a terminal (the default), always or never;\nNO_COLOR in the environment turns the "
      "default off",
      [](Arguments& a, std::string_view v) { return Choose(a.color, kColorWords, v); }},
+    {kLayout, "--layout", "", "free|fixed",
+     "free: what gives the model back bit for bit; fixed: what\nthe component writes",
+     [](Arguments& a, std::string_view v) { return Choose(a.layout, kLayoutWords, v); }},
+    {kStrict, "--strict", "", "", "write only what gives back all of the model",
+     [](Arguments& a, std::string_view) { return a.strict = true; }},
     {0, "--help", "-h", "", "print this help",
      [](Arguments& a, std::string_view) { return a.help = true; }},
     {0, "--version", "-V", "", "print the version",

@@ -17,6 +17,7 @@
 #include "hosts/list_choices.h"
 #include "hosts/option_set.h"
 #include "hosts/screen.h"
+#include "mps/file_layout.h"
 #include "mps/wide_options.h"
 
 namespace quarvel::hosts {
@@ -42,6 +43,8 @@ inline constexpr OptionSet kOnly = OptionSet{1} << 41;
 inline constexpr OptionSet kIgnore = OptionSet{1} << 42;
 inline constexpr OptionSet kSarif = OptionSet{1} << 43;
 inline constexpr OptionSet kNoLint = OptionSet{1} << 44;
+inline constexpr OptionSet kLayout = OptionSet{1} << 48;
+inline constexpr OptionSet kStrict = OptionSet{1} << 49;
 // The options that answer questions (questions.h), and those of them that a command may refuse.
 inline constexpr OptionSet kQuestions = OptionSet{0xFFFF} << 16;
 inline constexpr OptionSet kOnError = OptionSet{1} << 16;
@@ -88,6 +91,8 @@ struct Arguments {
   bool no_lint = false;
   bool quiet = false;
   bool script = false;
+  std::optional<mps::FileLayout> layout;
+  bool strict = false;
 
   bool help = false;
   bool version = false;

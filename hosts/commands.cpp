@@ -14,7 +14,7 @@ namespace {
 // How lines are taken, for commands that read without the component's questions.
 constexpr OptionSet kLines = kFileColumns | kObjectiveRow | kNegativeUpper | kDefaultBounds;
 constexpr OptionSet kReadings = kDialect | kLines | kQuestions | kLog;
-constexpr OptionSet kWritings = kReadings | kMissingEndata | kLoss;
+constexpr OptionSet kWritings = kReadings | kMissingEndata | kLoss | kLayout | kStrict;
 
 std::string InfoHelp() {
   return "Several files make a table of one line each; --json prints one object a line. The exit status "
@@ -60,13 +60,15 @@ std::string CheckHelp() {
 }
 
 std::string SimplifyHelp() {
-  return "Rows of one element become bounds of their column, and empty rows and columns go. --log "
+  return "Without --layout the file is laid out as the component does it (fixed).\n"
+         "Rows of one element become bounds of their column, and empty rows and columns go. --log "
          "FILE\nlists what was done.\n";
 }
 
 std::string ConvertHelp() {
-  return "What a file would give back as another model is refused; what it leaves out or shortens is "
-         "noted.\n";
+  return "The file is read again before it takes its name: what it would give back as another model is "
+         "refused,\nwhat it leaves out or shortens is noted. Without --layout it is an exact one "
+         "(free).\n";
 }
 
 std::string DiffHelp() {

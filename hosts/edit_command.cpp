@@ -56,7 +56,7 @@ int RunEdit(Session& session) {
       RunNamed(session, "command", ++number, command);
     }
   }
-  session.Write(arguments.operands[1]);
+  session.Write(arguments.operands[1], mps::FileLayout::kFixed);
   return kGood;
 }
 

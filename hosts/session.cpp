@@ -6,7 +6,8 @@
 #include "hosts/output_name.h"
 #include "hosts/printing.h"
 #include "hosts/questions.h"
-#include "mps/unwritable.h"
+#include "hosts/receipt_text.h"
+#include "mps/save_driver.h"
 #include "platform/automation_error.h"
 #include "platform/box.h"
 #include "platform/files.h"
@@ -123,38 +124,62 @@ void Session::TakeLog() {
   Note("the simplifications are listed in " + arguments.log);
 }
 
-void Session::Write(const std::string& path) {
+void Session::Write(const std::string& path, mps::FileLayout usual) {
   StopIfInterrupted();
   StopIfUnanswered();
-  // The component empties the file before it finds that there is nothing to write.
-  if (model_.NumberOfElements() == 0) {
-    throw CommandError(kProblem, "the model has no elements; " + path + " was not written");
-  }
-  const mps::Losses losses = mps::LossesOf(model_.store());
-  StopAtLosses(losses, path);
-  // Under the name it was read from, the component keeps a backup while it overwrites the file.
+  const inspect::WriteOptions options = {.layout = arguments.layout.value_or(usual),
+                                         .allow_changes = arguments.allow_loss,
+                                         .strict = arguments.strict};
+  // Under the name it was read from, a backup is kept while the file is overwritten.
   const std::string own = model_.FileLocation();
   const bool overwrites = platform::FileExists(path) && IsSame(path, own);
-  const std::int16_t result = model_.SaveMPSFile(overwrites ? own : path);
-  if (result != kComponentGood || !answers_.refusals.empty()) {
-    const std::string prefix = path + ": ";
-    for (const std::string& refusal : answers_.refusals) Note(prefix + refusal);
-    throw CommandError(kProblem, path + " was not written");
-  }
-  NoteLosses(losses, mps::LossWeight::kChanges, path);
-  NoteLosses(losses, mps::LossWeight::kNoted, path);
-  streams.out << text::OneLine(path) << ": " << SizeText(model_) << '\n';
+  const inspect::FileWrite write =
+      inspect::WriteFile(model_.store(), facts(), overwrites ? own : path, options);
+  if (write.outcome != inspect::WriteOutcome::kWritten) StopUnwritten(write, path);
+  NoteLosses(write.receipt.losses, mps::LossWeight::kChanges, path);
+  NoteLosses(write.receipt.losses, mps::LossWeight::kNoted, path);
+  if (!write.fits_fixed_columns) NoteFreeColumns(options.layout, path);
+  streams.out << text::OneLine(path) << ": " << ReceiptText(write.receipt) << '\n';
 }
 
-void Session::StopAtLosses(const mps::Losses& losses, const std::string& path) {
-  using enum mps::LossWeight;
-  const bool breaks = losses.Has(kBreaks);
-  const bool changes = losses.Has(kChanges) && !arguments.allow_loss;
-  if (!breaks && !changes) return;
-  NoteLosses(losses, kBreaks, path);
-  if (changes) NoteLosses(losses, kChanges, path);
-  const std::string_view way_out = breaks ? "" : "; --allow-loss writes it all the same";
+void Session::NoteFreeColumns(mps::FileLayout layout, const std::string& path) {
+  if (layout == mps::FileLayout::kFixed) return Note(mps::kNotStandardNote);
+  Note(path +
+       ": some names or values are longer than fixed columns are, so that it is to be read with "
+       "free columns");
+}
+
+void Session::StopUnwritten(const inspect::FileWrite& write, const std::string& path) {
+  const std::string prefix = path + ": ";
+  std::string_view way_out;
+  switch (write.outcome) {
+    case inspect::WriteOutcome::kWritten:
+      return;
+    case inspect::WriteOutcome::kNothing:
+      throw CommandError(kProblem, "the model has no elements; " + path + " was not written");
+    case inspect::WriteOutcome::kLosses:
+      way_out = NoteForbidden(write.receipt.losses, path);
+      break;
+    case inspect::WriteOutcome::kNotSame:
+      for (const std::string& words : write.receipt.unexpected) {
+        Note(prefix + "read again: " + words);
+      }
+      break;
+    case inspect::WriteOutcome::kFailed:
+      if (write.failure) Note(prefix + text::OneLine(write.failure->description() + write.notes));
+      break;
+  }
   throw CommandError(kProblem, (path + " was not written").append(way_out));
+}
+
+std::string_view Session::NoteForbidden(const mps::Losses& losses, const std::string& path) {
+  using enum mps::LossWeight;
+  NoteLosses(losses, kBreaks, path);
+  if (arguments.strict || !arguments.allow_loss) NoteLosses(losses, kChanges, path);
+  if (losses.Has(kBreaks)) return "";
+  if (!arguments.strict) return "; --allow-loss writes it all the same";
+  NoteLosses(losses, kNoted, path);
+  return "; --strict writes nothing that loses something";
 }
 
 void Session::NoteLosses(const mps::Losses& losses, mps::LossWeight weight,

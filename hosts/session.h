@@ -10,6 +10,8 @@
 #include "hosts/arguments.h"
 #include "hosts/file_reading.h"
 #include "hosts/streams.h"
+#include "inspect/write_file.h"
+#include "mps/file_layout.h"
 #include "mps/loss.h"
 #include "platform/console/console_desktop.h"
 
@@ -35,9 +37,10 @@ class Session {
   mps::FileRead ReadAsData(const std::string& path, const mps::ReadOptions& options);
   // Simplifies the model. Raises what stops that, and a CommandError for Ctrl-C.
   void Simplify();
-  // Writes the model and says so, and what the file does not keep of it. Raises a CommandError when
-  // it was not written, as one that would read back as another model is not.
-  void Write(const std::string& path);
+  // Writes the model in the layout that is asked for, or the usual one, and gives a receipt: what was
+  // verified, and what the file does not keep of it. Raises a CommandError when it was not written, as one
+  // that would read back as another model is not.
+  void Write(const std::string& path, mps::FileLayout usual);
 
   // What the file that was read says beside its model; not with --dialect component.
   const mps::FileFacts& facts() const { return reading_.facts(); }
@@ -57,8 +60,11 @@ class Session {
  private:
   // The same with the questions that the component asks; true when the model was read.
   bool ReadAsComponent(const std::string& path);
-  // Raises a CommandError for what a file cannot keep, after a note of what that is.
-  void StopAtLosses(const mps::Losses& losses, const std::string& path);
+  void NoteFreeColumns(mps::FileLayout layout, const std::string& path);
+  // Raises a CommandError, after notes of what is in the way; nothing when it was written.
+  void StopUnwritten(const inspect::FileWrite& write, const std::string& path);
+  // Notes on the losses that were not allowed; gives what there is to say of a way out.
+  std::string_view NoteForbidden(const mps::Losses& losses, const std::string& path);
   // Notes on the losses of that weight.
   void NoteLosses(const mps::Losses& losses, mps::LossWeight weight, const std::string& path);
   // Writes what the last simplification did to where --log says, and says so.

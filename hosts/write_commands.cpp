@@ -7,7 +7,7 @@ namespace quarvel::hosts {
 int RunConvert(Session& session) {
   const auto& operands = session.arguments.operands;
   session.ReadToWrite(operands[0]);
-  session.Write(operands[1]);
+  session.Write(operands[1], mps::FileLayout::kFree);
   return kGood;
 }
 
@@ -15,7 +15,7 @@ int RunSimplify(Session& session) {
   const auto& operands = session.arguments.operands;
   session.ReadToWrite(operands[0]);
   session.Simplify();
-  session.Write(operands[1]);
+  session.Write(operands[1], mps::FileLayout::kFixed);
   return kGood;
 }
 

@@ -27,7 +27,7 @@ bool HasLine(const model::ColumnRecord& column) {
 
 // What most names are: they read back as they are.
 bool IsPlain(std::string_view name) {
-  return !name.empty() && std::all_of(name.begin(), name.end(), [](char c) {
+  return !name.empty() && name.front() != '$' && std::all_of(name.begin(), name.end(), [](char c) {
     return c > ' ' && c <= '~' && text::UpperCaseAscii(c) == c;
   });
 }
@@ -88,6 +88,9 @@ class NameCheck {
     if (rules_.LosesBlank(name)) Add(LossKind::kBlankInName, number, "has a blank in its name");
     if (name.find('\t') != name.npos) {
       Add(LossKind::kBlankInName, number, "has a tab in its name, which is read as a blank");
+    }
+    if (name.front() == '$') {
+      Add(LossKind::kCommentName, number, "has a name that begins with $, which begins a comment");
     }
     if (name.find_first_of("\r\n") != name.npos) {
       Add(LossKind::kLineEnd, number, "has a line end in its name");

@@ -1,18 +1,22 @@
-// Saving a store: where the file goes, the backup while the model's own file is overwritten, and
-// what the user hears. What the file holds is the writer's business (mps_writer.h).
+// Saving a store as the component does, and what the user hears of it. What becomes of the files is
+// the business of file_save.h.
 #pragma once
 
-#include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "model/model_store.h"
+#include "mps/file_save.h"
 #include "platform/desktop.h"
 
 namespace quarvel::mps {
 
 class frmMPSFileOpen;
 
-enum class SaveResult : std::int16_t { kSaved = -1, kCancelled = 0, kNotSaved = 1 };
+// What is said of a file that readers of fixed columns cannot take.
+inline constexpr std::string_view kNotStandardNote =
+    "The file written is not a standard MPS file, since at least one of the row or column names or "
+    "element values was too long";
 
 // Saved also when there was nothing to write, after its box. Not saved: an empty path, or an error,
 // after its box.

@@ -57,6 +57,11 @@ void FileReplacement::OpenDirectly(const std::string& path) {
   }
 }
 
+std::optional<InputFile> FileReplacement::Review() {
+  if (!temporary_) return std::nullopt;
+  return temporary_->Reread();
+}
+
 void FileReplacement::Commit() {
   if (direct_) {
     direct_->FlushToDisk();

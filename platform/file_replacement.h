@@ -30,6 +30,10 @@ class FileReplacement {
   // For the new contents.
   OutputFile& output() { return temporary_ ? temporary_->output() : *direct_; }
 
+  // The new contents once they are written, before they take the file's place; nothing where they go to
+  // the file itself from the start. Whoever does not like them lets this object go without Commit.
+  std::optional<InputFile> Review();
+
   // Has them take the place of the old ones. Raises where they do not; see contents() then.
   void Commit();
 

@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/automation_error.h"
 #include "platform/system_file.h"
@@ -21,6 +22,8 @@ class InputFile {
  public:
   // Opens for reading; others may read it meanwhile. A folder is kPathFileAccessError.
   explicit InputFile(const std::string& path);
+  // Reads from the next byte of a file that is open for reading.
+  explicit InputFile(SystemFile file) : file_(std::move(file)), size_(file_.Size()) {}
 
   // The size in bytes when it was opened; 0 for what has none (a pipe).
   std::uint64_t size() const { return size_; }

@@ -47,6 +47,8 @@ class SystemFile {
   void Write(std::string_view bytes);
   // The next byte read or written is this one.
   void MoveTo(std::uint64_t position);
+  // The same open file once more: the two share the place of the next byte.
+  SystemFile Duplicate() const;
   // Claims the room on the disk for so many bytes, where the system can; the contents stay.
   void Reserve(std::uint64_t size);
   void CutOff(std::uint64_t size);

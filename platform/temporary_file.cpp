@@ -89,6 +89,13 @@ void TemporaryFile::Complete() {
   }
 }
 
+InputFile TemporaryFile::Reread() {
+  output_->Flush();
+  SystemFile& file = output_->system_file();
+  file.MoveTo(0);
+  return InputFile(file.Duplicate());
+}
+
 std::string TemporaryFile::LastBytes(std::uint64_t count) {
   return platform::LastBytes(output_->system_file(), count);
 }

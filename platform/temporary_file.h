@@ -34,6 +34,8 @@ class TemporaryFile {
   bool TakeTraits(const FileTraits& like);
   // Brings the file to the disk; raises unless every byte arrived.
   void Complete();
+  // All that was written, from the start. Nothing may be written any more.
+  InputFile Reread();
   // At most `count` bytes from the end of a complete file.
   std::string LastBytes(std::uint64_t count);
 

@@ -197,6 +197,14 @@ void SystemFile::MoveTo(std::uint64_t position) {
   }
 }
 
+SystemFile SystemFile::Duplicate() const {
+  SystemFile file(path_);
+  file.handle_ = MakeCall(FileCall::kOpen, path_,
+                          [&] { return fcntl(ToDescriptor(handle_), F_DUPFD_CLOEXEC, 0); });
+  if (!file.IsOpen()) RaiseSystemError(path_);
+  return file;
+}
+
 void SystemFile::Reserve(std::uint64_t size) {
   if (size == 0) return;
   const auto length = static_cast<off_t>(size);

@@ -166,6 +166,19 @@ void SystemFile::MoveTo(std::uint64_t position) {
 }
 
 // A claim beyond the file's end needs rights that users do not have.
+SystemFile SystemFile::Duplicate() const {
+  SystemFile file(path_);
+  const HANDLE process = GetCurrentProcess();
+  HANDLE copy = nullptr;
+  if (IsRefused(FileCall::kOpen, path_) ||
+      DuplicateHandle(process, ToHandle(handle_), process, &copy, 0, FALSE,
+                      DUPLICATE_SAME_ACCESS) == 0) {
+    RaiseSystemError(path_);
+  }
+  file.handle_ = reinterpret_cast<std::intptr_t>(copy);
+  return file;
+}
+
 void SystemFile::Reserve(std::uint64_t) {}
 
 void SystemFile::CutOff(std::uint64_t size) {

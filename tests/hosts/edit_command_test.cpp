@@ -110,7 +110,8 @@ TEST_F(EditTest, TakesCommandsFromStandardInput) {
       "# a comment\n\n   \t\n  set-bound\tX UP 7\r\n\"rename-row\" R2 \"LI\"MIT\n"
       "# delete-row R1\n");
   EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_EQ(run.out, folder_.Expand("@b.mps: 2 rows, 2 columns, 3 elements\n"));
+  EXPECT_EQ(run.out, folder_.Expand("@b.mps: written and verified: 2 rows, 2 columns, 3 "
+                                    "coefficients equal\n"));
   EXPECT_NE(Show({"column", "X"}).find("Upper     7\n"), std::string::npos);
   EXPECT_NE(Show({"row", "LIMIT"}).find("Row       LIMIT"), std::string::npos);
 }

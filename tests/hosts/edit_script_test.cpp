@@ -216,7 +216,7 @@ class RealScriptTest : public OnRealModels {
     try {
       session.ReadToWrite(from);
       RandomEdits(session, seed).Run(100);
-      session.Write(to);
+      session.Write(to, mps::FileLayout::kFixed);
     } catch (const hosts::CommandError& error) {
       note_ = error.text() + "\n" + out.str();
       return false;

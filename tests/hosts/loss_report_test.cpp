@@ -164,7 +164,7 @@ TEST_F(LossyEdit, IsNoWorseThanTheOtherCommandsThatWrite) {
       "a.mps",
       "ROWS\n L R\n L S\nCOLUMNS\n X R 1 S 1\n Y R 1\nBOUNDS\n MI B X\n UP B X 5\nENDATA\n");
   for (const char* const command : {"convert", "simplify"}) {
-    const Outcome run = RunQuarvel({command, model, folder_.Path("b.mps")});
+    const Outcome run = RunQuarvel({command, model, folder_.Path("b.mps"), "--layout=fixed"});
     EXPECT_EQ(run.status, 1);
     EXPECT_NE(run.err.find("column X (number 0) has the bounds [-inf, "), std::string::npos)
         << run.err;

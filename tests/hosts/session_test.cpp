@@ -22,7 +22,7 @@ TEST(Session, WritesNothingAfterAQuestionThatHasNoAnswerHere) {
   session.StopIfUnanswered();
   session.model().desktop().MsgBox(Question(platform::BoxKind::kConfirmDeletion, "Delete\r\nit?"));
   try {
-    session.Write(folder.Path("b.mps"));
+    session.Write(folder.Path("b.mps"), mps::FileLayout::kFixed);
     ADD_FAILURE() << "written";
   } catch (const CommandError& error) {
     EXPECT_EQ(error.status(), kProblem);

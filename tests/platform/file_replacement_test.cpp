@@ -53,6 +53,23 @@ TEST(FileReplacement, TakesTheFilesPlaceWhenCommitted) {
   EXPECT_EQ(NamesIn(folder), FileNames{"model.mps"});
 }
 
+TEST(FileReplacement, ShowsTheNewContentsBeforeTheyTakeTheFilesPlace) {
+  const TemporaryFolder folder;
+  WriteWholeFile(folder.File("model.mps"), "old");
+  FileReplacement replacement(folder.File("model.mps"));
+  replacement.output().Write("new contents");
+  std::optional<InputFile> review = replacement.Review();
+  ASSERT_TRUE(review.has_value());
+  std::string read(100, '\0');
+  EXPECT_EQ(review->size(), 12U);
+  read.resize(review->Read(read.data(), read.size()));
+  EXPECT_EQ(read, "new contents");
+  EXPECT_EQ(ReadWholeFile(folder.File("model.mps")), "old");
+  review.reset();
+  replacement.Commit();
+  EXPECT_EQ(ReadWholeFile(folder.File("model.mps")), "new contents");
+}
+
 TEST(FileReplacement, LeavesEverythingAsItWasWithoutCommit) {
   const TemporaryFolder folder;
   WriteWholeFile(folder.File("old"), "old");

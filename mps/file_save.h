@@ -1,0 +1,40 @@
+// Saving a store to a file, without a user: where it goes, the backup while the model's own file is
+// overwritten, and what becomes of both when something fails. What the file holds is the writers'
+// business (mps_writer.h, exact_writer.h).
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "model/model_store.h"
+#include "mps/file_facts.h"
+#include "mps/file_layout.h"
+#include "platform/automation_error.h"
+#include "platform/file_replacement.h"
+
+namespace quarvel::mps {
+
+enum class SaveResult : std::int16_t { kSaved = -1, kCancelled = 0, kNotSaved = 1 };
+
+// Hears of a save, in the order in which things happen. The store may be looked at; Written and Failed
+// may do anything with it.
+class SaveListener {
+ public:
+  virtual ~SaveListener() = default;
+  // All is written, and nothing replaced yet. False gives up: the file stays as it was.
+  virtual bool Accepts(platform::FileReplacement& file);
+  // There are no coefficients; the file is empty now.
+  virtual void NothingWritten() = 0;
+  // The file is there, its backup too. `is_standard`: every field stands where fixed columns have it.
+  virtual void Written(bool is_standard) = 0;
+  // `notes`: what there is to say of the files, each note behind a line end.
+  virtual void Failed(const AutomationError& failure, const std::string& notes) = 0;
+};
+
+// The path becomes the model's location when it is saved. Saved also when there was nothing to write. Not
+// saved: an empty path, what the listener did not accept, or a failure it has heard of. The facts are
+// written by the free layout alone.
+SaveResult SaveFile(model::ModelStore& store, const std::string& path, FileLayout layout,
+                    const FileFacts& facts, SaveListener& listener);
+
+}  // namespace quarvel::mps
