@@ -67,6 +67,15 @@ bool SetTolerance(Arguments& arguments, std::string_view value) {
   return true;
 }
 
+bool SetLength(std::optional<std::int32_t>& target, std::string_view value) {
+  constexpr std::int32_t kMost = 10000;
+  std::int32_t length = 0;
+  const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), length);
+  if (error != std::errc() || end != value.data() + value.size()) return false;
+  target = length;
+  return length >= 1 && length <= kMost;
+}
+
 bool SetPath(std::string& target, std::string_view value) {
   target = value;
   return !value.empty();
@@ -119,6 +128,12 @@ constexpr Option kMoreOptions[] = {
      [](Arguments& a, std::string_view v) { return SetLimit(a, v); }},
     {kEquations, "--equations", "", "", "print each row as an equation",
      [](Arguments& a, std::string_view) { return a.equations = true; }},
+    {kOutput, "--output", "-o", "FILE", "draw into FILE, which ends in .svg or .png",
+     [](Arguments& a, std::string_view v) { return SetPath(a.output, v); }},
+    {kWidth, "--width", "", "1..10000", "width in characters, or in pixels of a file",
+     [](Arguments& a, std::string_view v) { return SetLength(a.width, v); }},
+    {kHeight, "--height", "", "1..10000", "height in lines, or in pixels of a file",
+     [](Arguments& a, std::string_view v) { return SetLength(a.height, v); }},
     {kPoint, "--point", "", "FILE",
      "take the point from FILE: a NAME VALUE or NAME=VALUE\na line, or what a solver wrote",
      [](Arguments& a, std::string_view v) { return SetPath(a.point, v); }},

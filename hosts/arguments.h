@@ -45,6 +45,9 @@ inline constexpr OptionSet kSarif = OptionSet{1} << 43;
 inline constexpr OptionSet kNoLint = OptionSet{1} << 44;
 inline constexpr OptionSet kLayout = OptionSet{1} << 48;
 inline constexpr OptionSet kStrict = OptionSet{1} << 49;
+inline constexpr OptionSet kOutput = OptionSet{1} << 53;
+inline constexpr OptionSet kWidth = OptionSet{1} << 54;
+inline constexpr OptionSet kHeight = OptionSet{1} << 55;
 // The options that answer questions (questions.h), and those of them that a command may refuse.
 inline constexpr OptionSet kQuestions = OptionSet{0xFFFF} << 16;
 inline constexpr OptionSet kOnError = OptionSet{1} << 16;
@@ -79,6 +82,9 @@ struct Arguments {
   ListChoices list;
   bool full = false;
   ColorChoice color = ColorChoice::kAuto;
+  std::string output;
+  std::optional<std::int32_t> width;  // from 1 to 10000
+  std::optional<std::int32_t> height;
   std::string point;
   std::optional<GivenTolerance> tolerance;
   std::vector<std::string> edit_commands;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "hosts/braille_picture.h"
 #include "hosts/edit_language.h"
 #include "hosts/list_options.h"
 #include "hosts/record_selection.h"
@@ -89,6 +90,8 @@ constexpr Command kCommands[] = {
      InfoHelp, RunInfo},
     {"stats", "FILE", 1, 1, kReadings | kJson | kLimit,
      "print sizes, kinds and patterns of names, in numbers", StatsHelp, RunStats},
+    {"spy", "FILE", 1, 1, kReadings | kOutput | kWidth | kHeight, "show the matrix as a picture",
+     SpyHelp, RunSpy},
     {"rows", "FILE", 1, 1, kReadings | kJson | kLimit | kEquations | kListing, "list the rows",
      [] { return ListHelp(model::kRowKind); }, RunRows},
     {"columns", "FILE", 1, 1, kReadings | kJson | kLimit | kListing | kInteger, "list the columns",

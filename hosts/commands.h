@@ -33,6 +33,7 @@ const Command* FindCommand(std::string_view name);
 // Each stands in a source of its own name.
 int RunInfo(Session& session);
 int RunStats(Session& session);
+int RunSpy(Session& session);
 int RunRows(Session& session);
 int RunColumns(Session& session);
 int RunRow(Session& session);

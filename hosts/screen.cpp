@@ -13,21 +13,24 @@ std::string_view Variable(const char* name) {
   return value == nullptr ? std::string_view() : value;
 }
 
-std::size_t WidthFromEnvironment() {
-  const std::string_view text = Variable("COLUMNS");
-  std::size_t width = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), width);
-  return error == std::errc() && end == text.data() + text.size() ? width : 0;
+// The number that a variable gives, or else `otherwise`.
+std::size_t SizeFrom(const char* variable, std::size_t otherwise) {
+  const std::string_view text = Variable(variable);
+  std::size_t size = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), size);
+  const bool is_number = error == std::errc() && end == text.data() + text.size();
+  return is_number && size != 0 ? size : otherwise;
 }
 
 }  // namespace
 
 Screen Screen::OfStandardOutput() {
   if (!platform::console::OutputIsTerminal()) return {};
-  const std::size_t given = WidthFromEnvironment();
+  const platform::console::TerminalSize size = platform::console::OutputSize();
   const bool is_plain = !Variable("NO_COLOR").empty() || Variable("TERM") == "dumb";
   return {.is_terminal = true,
-          .width = given != 0 ? given : platform::console::OutputWidth(),
+          .width = SizeFrom("COLUMNS", size.width),
+          .height = SizeFrom("LINES", size.height),
           .takes_colors = !is_plain && platform::console::OutputTakesColors()};
 }
 

@@ -13,11 +13,12 @@ enum class ColorChoice : std::uint8_t { kAuto, kAlways, kNever };
 
 struct Screen {
   bool is_terminal = false;
-  std::size_t width = 0;  // in cells; 0 where nobody knows
+  std::size_t width = 0;   // in cells; 0 where nobody knows
+  std::size_t height = 0;  // the same
   bool takes_colors = false;
 
-  // What the terminal of standard output and the environment say: COLUMNS goes before the width of the
-  // terminal; NO_COLOR that is not empty, and TERM=dumb, keep colors away.
+  // What the terminal of standard output and the environment say: COLUMNS and LINES go before the size
+  // of the terminal; NO_COLOR that is not empty, and TERM=dumb, keep colors away.
   static Screen OfStandardOutput();
 };
 
@@ -30,6 +31,7 @@ class Pen {
       : is_colored_(choice == ColorChoice::kAlways ||
                     (choice == ColorChoice::kAuto && screen.takes_colors)) {}
 
+  bool is_colored() const { return is_colored_; }
   // The text, whose line end stays outside of the color.
   std::string Draw(Ink ink, std::string_view text) const;
 

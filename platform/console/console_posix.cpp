@@ -27,9 +27,10 @@ bool ErrorIsTerminal() { return isatty(STDERR_FILENO) == 1; }
 
 bool OutputIsTerminal() { return isatty(STDOUT_FILENO) == 1; }
 
-std::size_t OutputWidth() {
+TerminalSize OutputSize() {
   winsize size = {};
-  return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
+  if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0) return {};
+  return {.width = size.ws_col, .height = size.ws_row};
 }
 
 bool OutputTakesColors() { return OutputIsTerminal(); }

@@ -11,8 +11,14 @@ namespace quarvel::platform::console {
 bool InputIsTerminal();
 bool ErrorIsTerminal();
 bool OutputIsTerminal();
-// The width of the terminal that standard output is, in cells; 0 where nobody knows.
-std::size_t OutputWidth();
+
+// Of a terminal, in cells; 0 where nobody knows.
+struct TerminalSize {
+  std::size_t width = 0;
+  std::size_t height = 0;
+};
+// Of the terminal that standard output is.
+TerminalSize OutputSize();
 // Whether the terminal that standard output is takes the codes for colors. Turns these on where the
 // system asks for that.
 bool OutputTakesColors();

@@ -76,10 +76,11 @@ bool ErrorIsTerminal() { return IsConsole(STD_ERROR_HANDLE); }
 
 bool OutputIsTerminal() { return IsConsole(STD_OUTPUT_HANDLE); }
 
-std::size_t OutputWidth() {
+TerminalSize OutputSize() {
   CONSOLE_SCREEN_BUFFER_INFO info = {};
-  if (GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &info) == 0) return 0;
-  return static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
+  if (GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &info) == 0) return {};
+  return {.width = static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1),
+          .height = static_cast<std::size_t>(info.srWindow.Bottom - info.srWindow.Top + 1)};
 }
 
 bool OutputTakesColors() {

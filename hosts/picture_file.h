@@ -1,0 +1,22 @@
+// A picture of a matrix as the bytes of a file: SVG or PNG, with a frame, the words rows and columns and
+// their numbers from 0, and darker points where more elements stand.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "model/model_store.h"
+
+namespace quarvel::hosts {
+
+struct PictureRoom {
+  // Pixels for the matrix itself.
+  std::int32_t width = 1000;
+  std::int32_t height = 1000;
+};
+
+std::string SvgPicture(const model::ModelStore& store, const PictureRoom& room);
+std::string PngPicture(const model::ModelStore& store, const PictureRoom& room);
+
+}  // namespace quarvel::hosts

@@ -1,0 +1,33 @@
+// Where the parts of a picture file stand, in pixels: the same for each format.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "hosts/picture_file.h"
+#include "inspect/matrix_picture.h"
+
+namespace quarvel::hosts {
+
+inline constexpr int kPictureShades = 8;
+
+struct PictureLayout {
+  PictureLayout(const model::ModelStore& store, const PictureRoom& room);
+
+  inspect::MatrixPicture points;
+  // Pixels of a point.
+  std::int32_t point_width;
+  std::int32_t point_height;
+  // The matrix without its frame.
+  std::int32_t left;
+  std::int32_t top;
+  std::int32_t matrix_width;
+  std::int32_t matrix_height;
+  // The whole picture.
+  std::int32_t width;
+  std::int32_t height;
+  std::string last_row;  // the numbers at the ends
+  std::string last_column;
+};
+
+}  // namespace quarvel::hosts
