@@ -20,7 +20,7 @@ struct BrailleRoom {
 // For the help of the command.
 std::string SpyHelp();
 
-// Lines with a line end each. The smallest room is 20 characters and 1 line.
+// Lines with a line end each, of a matrix that has rows and columns. The smallest room is 20 characters and 1 line.
 std::string BraillePicture(const model::ModelStore& store, const BrailleRoom& room);
 
 }  // namespace quarvel::hosts

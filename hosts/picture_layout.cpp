@@ -34,6 +34,11 @@ std::int32_t Square(const inspect::MatrixPicture& points, const PictureRoom& roo
   return std::clamp(std::min(wide, high), kSmallestPoint, kLargestPoint);
 }
 
+// Empty for a single record, which is 0.
+std::string LastNumber(std::int32_t count) {
+  return count > 1 ? text::IntegerText(count - 1) : std::string();
+}
+
 }  // namespace
 
 PictureLayout::PictureLayout(const model::ModelStore& store, const PictureRoom& room)
@@ -42,8 +47,12 @@ PictureLayout::PictureLayout(const model::ModelStore& store, const PictureRoom& 
       point_height(PixelsOf(points.height(), Square(points, room))),
       matrix_width(points.width() * point_width),
       matrix_height(points.height() * point_height),
-      last_row(text::IntegerText(std::max(points.rows() - 1, 0))),
-      last_column(text::IntegerText(std::max(points.columns() - 1, 0))) {
+      last_row(LastNumber(points.rows())),
+      last_column(LastNumber(points.columns())) {
+  if (matrix_height >= 3 * kLineOfText) rows_word = "rows";
+  constexpr std::string_view kColumns = "columns";
+  const auto letters = static_cast<std::int32_t>(2 * last_column.size() + kColumns.size());
+  if (matrix_width > letters * kDigit + 2 * kMargin) columns_word = kColumns;
   const auto digits = static_cast<std::int32_t>(std::max<std::size_t>(last_row.size(), 4));
   left = kMargin + digits * kDigit + kMargin / 2;
   top = kMargin + kLineOfText;

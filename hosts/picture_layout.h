@@ -26,8 +26,11 @@ struct PictureLayout {
   // The whole picture.
   std::int32_t width;
   std::int32_t height;
-  std::string last_row;  // the numbers at the ends
+  // The numbers at the ends, and the words between them; each empty where there is no room for it.
+  std::string last_row;
   std::string last_column;
+  std::string rows_word;
+  std::string columns_word;
 };
 
 }  // namespace quarvel::hosts

@@ -80,18 +80,15 @@ void DrawLabels(Raster& raster, const PictureLayout& layout) {
   const std::int32_t above = layout.top - kGap - kHigh;
   const std::int32_t right = layout.left + layout.matrix_width;
   DrawText(raster, layout.left, above, "0");
-  // A narrow matrix has no room for the word between the numbers.
-  if (layout.matrix_width > WidthOf(layout.last_column) * 2 + WidthOf("columns") + 4 * kGap) {
-    DrawText(raster, layout.left + (layout.matrix_width - WidthOf("columns")) / 2, above,
-             "columns");
-  }
+  DrawText(raster, layout.left + (layout.matrix_width - WidthOf(layout.columns_word)) / 2, above,
+           layout.columns_word);
   DrawText(raster, std::max(right - WidthOf(layout.last_column), layout.left + 2 * kAdvance), above,
            layout.last_column);
   const auto beside = [&](std::int32_t y, std::string_view words) {
     DrawText(raster, layout.left - kGap - WidthOf(words), y, words);
   };
   beside(layout.top, "0");
-  beside(layout.top + (layout.matrix_height - kHigh) / 2, "rows");
+  beside(layout.top + (layout.matrix_height - kHigh) / 2, layout.rows_word);
   beside(layout.top + layout.matrix_height - kHigh, layout.last_row);
 }
 

@@ -4,6 +4,7 @@
 
 #include "hosts/braille_picture.h"
 #include "hosts/commands.h"
+#include "hosts/input_bytes.h"
 #include "hosts/picture_file.h"
 #include "hosts/png_file.h"
 #include "platform/file_replacement.h"
@@ -82,13 +83,18 @@ int RunSpy(Session& session) {
     throw CommandError(kUsage, "spy cannot draw over the model");
   }
   session.Read(model);
+  const model::ModelStore& store = session.model().store();
+  if (store.NumberOfRows() == 0 || store.NumberOfColumns() == 0) {
+    throw CommandError(kProblem,
+                       NameOfInput(model) + " has no matrix to draw: " + SizeText(session.model()));
+  }
   if (writer != nullptr) {
     WritePicture(session, writer);
     return kGood;
   }
   const BrailleRoom room = TerminalRoom(session);
-  session.streams.out << text::OneLine(model) + ": " + SizeText(session.model()) + '\n'
-                      << BraillePicture(session.model().store(), room);
+  session.streams.out << text::OneLine(NameOfInput(model)) + ": " + SizeText(session.model()) + '\n'
+                      << BraillePicture(store, room);
   return kGood;
 }
 

@@ -34,6 +34,7 @@ std::string PathOf(const inspect::MatrixPicture& points, int shade) {
 }
 
 std::string Text(std::int32_t x, std::int32_t y, std::string_view anchor, std::string_view words) {
+  if (words.empty()) return "";
   return "<text" + Attribute("x", x) + Attribute("y", y) + " text-anchor=\"" + std::string(anchor) +
          "\">" + std::string(words) + "</text>\n";
 }
@@ -42,10 +43,10 @@ std::string Labels(const PictureLayout& layout) {
   const std::int32_t above = layout.top - 8;
   const std::int32_t beside = layout.left - 8;
   std::string text = Text(layout.left, above, "start", "0");
-  text += Text(layout.left + layout.matrix_width / 2, above, "middle", "columns");
+  text += Text(layout.left + layout.matrix_width / 2, above, "middle", layout.columns_word);
   text += Text(layout.left + layout.matrix_width, above, "end", layout.last_column);
   text += Text(beside, layout.top + 12, "end", "0");
-  text += Text(beside, layout.top + layout.matrix_height / 2 + 5, "end", "rows");
+  text += Text(beside, layout.top + layout.matrix_height / 2 + 5, "end", layout.rows_word);
   text += Text(beside, layout.top + layout.matrix_height, "end", layout.last_row);
   return text;
 }
@@ -53,7 +54,7 @@ std::string Labels(const PictureLayout& layout) {
 constexpr std::string_view kStyle =
     "<style>\n"
     "text{font:15px sans-serif;fill:#222}.ground{fill:#fff}"
-    ".frame{fill:none;stroke:#888}.points{stroke:#08306b}\n"
+    ".frame{fill:none;stroke:#888}.points{stroke:#08306b;shape-rendering:crispEdges}\n"
     "@media (prefers-color-scheme:dark){text{fill:#ddd}.ground{fill:#181818}"
     ".points{stroke:#9ecbff}}\n"
     "</style>\n";

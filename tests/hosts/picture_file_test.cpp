@@ -37,6 +37,15 @@ TEST_F(PictureFile, MakesPointsOfASmallMatrixLarge) {
   EXPECT_EQ(layout.last_column, "5");
 }
 
+TEST_F(PictureFile, LeavesOutWordsWithoutRoom) {
+  Build(1, 2);
+  const PictureLayout narrow = Layout({600, 600});
+  EXPECT_EQ(narrow.last_row, "");
+  EXPECT_EQ(narrow.last_column, "1");
+  EXPECT_EQ(narrow.rows_word, "");
+  EXPECT_EQ(narrow.columns_word, "");
+}
+
 TEST_F(PictureFile, KeepsToTheRoom) {
   Build(30, 900);
   const PictureLayout layout = Layout({500, 400});
@@ -50,12 +59,18 @@ TEST_F(PictureFile, KeepsToTheRoom) {
 
 TEST_F(PictureFile, DrawsSvg) {
   Build(2, 3);
-  const std::string svg = SvgPicture(model_.store(), {100, 100});
+  const std::string small = SvgPicture(model_.store(), {100, 100});
+  EXPECT_EQ(small.find(">rows<"), std::string::npos);
+  EXPECT_NE(small.find("<title>2 rows, 3 columns, 3 elements; the fullest point has 1 element<"),
+            std::string::npos);
+  EXPECT_NE(small.find("d=\"M0 0h1M2 0h1M1 1h1\""), std::string::npos) << small;
+  EXPECT_TRUE(small.ends_with("</svg>\n"));
+}
+
+TEST_F(PictureFile, SaysWhatRunsWhere) {
+  Build(40, 30);
+  const std::string svg = SvgPicture(model_.store(), {300, 300});
   EXPECT_TRUE(svg.starts_with("<svg xmlns=\"http://www.w3.org/2000/svg\" width=")) << svg;
-  EXPECT_NE(
-      svg.find("<title>2 rows, 3 columns, 3 elements; the fullest point has 1 element</title>"),
-      std::string::npos);
-  EXPECT_NE(svg.find("d=\"M0 0h1M2 0h1M1 1h1\""), std::string::npos) << svg;
   EXPECT_NE(svg.find(">columns</text>"), std::string::npos);
   EXPECT_NE(svg.find(">rows</text>"), std::string::npos);
   EXPECT_TRUE(svg.ends_with("</svg>\n"));

@@ -1,6 +1,12 @@
+#include <algorithm>
+#include <sstream>
+#include <utility>
+
 #include <gtest/gtest.h>
 
+#include "hosts/png_file.h"
 #include "tests/support/run_quarvel.h"
+#include "text/cell_width.h"
 
 namespace quarvel {
 namespace {
@@ -66,6 +72,98 @@ TEST(Spy, TakesSizes) {
     EXPECT_EQ(RunQuarvel({"spy", model, "--width", size}).status, 2) << size;
     EXPECT_EQ(RunQuarvel({"spy", model, std::string("--height=") + size}).status, 2) << size;
   }
+}
+
+// The most cells of a line, but for the path and the words below the picture.
+std::size_t WidestLine(const std::string& text) {
+  std::istringstream lines(text);
+  std::size_t widest = 0;
+  std::string line;
+  std::getline(lines, line);
+  while (std::getline(lines, line)) {
+    if (!line.starts_with("A dot")) widest = std::max(widest, text::CellCount(line));
+  }
+  return widest;
+}
+
+std::int64_t LineCount(const std::string& text) {
+  return std::count(text.begin(), text.end(), '\n');
+}
+
+// So many columns of one element, in rows that follow one another round and round.
+std::string WideModel(int rows, int columns) {
+  std::string text = "NAME WIDE\nROWS\n";
+  for (int r = 0; r < rows; ++r) text += " L R" + std::to_string(r) + '\n';
+  text += "COLUMNS\n";
+  for (int c = 0; c < columns; ++c) {
+    text += " C" + std::to_string(c) + " R" + std::to_string(c % rows) + " 1\n";
+  }
+  return text + "ENDATA\n";
+}
+
+TEST(Spy, FillsTheTerminal) {
+  const HostFolder folder;
+  const std::string model = folder.Write("wide.mps", WideModel(300, 3000));
+  for (const std::size_t width : {std::size_t{40}, std::size_t{80}, std::size_t{200}}) {
+    const hosts::Screen screen = {.is_terminal = true, .width = width, .height = 24};
+    const Outcome run = RunQuarvelOn(screen, {"spy", model});
+    EXPECT_EQ(WidestLine(run.out), width);
+    EXPECT_LT(LineCount(run.out), 24);
+    EXPECT_EQ(run.out.find('\x1B'), std::string::npos);
+  }
+  EXPECT_EQ(WidestLine(RunQuarvelOn({.is_terminal = true}, {"spy", model}).out), 80u);
+}
+
+TEST(Spy, DrawsInColorsWhereThereAreSome) {
+  const HostFolder folder;
+  const std::string model = folder.Write("wide.mps", WideModel(300, 5000));
+  const hosts::Screen screen = {.is_terminal = true, .width = 80, .takes_colors = true};
+  const auto is_colored = [](const Outcome& run) {
+    return run.out.find("\x1B[") != std::string::npos;
+  };
+  EXPECT_TRUE(is_colored(RunQuarvelOn(screen, {"spy", model})));
+  EXPECT_FALSE(is_colored(RunQuarvelOn(screen, {"spy", model, "--color=never"})));
+  EXPECT_FALSE(is_colored(RunQuarvel({"spy", model})));
+  EXPECT_TRUE(is_colored(RunQuarvel({"spy", model, "--color=always"})));
+}
+
+TEST(Spy, DrawsMatricesOfAnyShape) {
+  const HostFolder folder;
+  for (const auto& [rows, columns] : {std::pair(1, 1), {1, 40000}, {40000, 1}, {3, 2000}}) {
+    const std::string model = folder.Write("m.mps", WideModel(rows, std::max(columns, rows)));
+    const Outcome run = RunQuarvel({"spy", model});
+    EXPECT_EQ(run.status, 0) << rows << ' ' << columns;
+    EXPECT_LE(WidestLine(run.out), 80u) << run.out;
+    EXPECT_LE(LineCount(run.out), 40) << run.out;
+    for (const char* const name : {"m.svg", "m.png"}) {
+      if (std::string_view(name) == "m.png" && !hosts::CanWritePng()) continue;
+      EXPECT_EQ(RunQuarvel({"spy", model, "-o", folder.Path(name)}).status, 0);
+      EXPECT_LT(folder.Read(name).size(), 100000u);
+      EXPECT_EQ(folder.Read(name).find("nan"), std::string::npos) << name;
+    }
+  }
+}
+
+TEST(Spy, DrawsNothingOfNoMatrix) {
+  const HostFolder folder;
+  const std::string model = folder.Write("e.mps", "NAME E\nROWS\n N R\nCOLUMNS\nENDATA\n");
+  for (const std::string& name : {std::string(), folder.Path("e.svg")}) {
+    std::vector<std::string> words = {"spy", model, "--on-error", "continue"};
+    if (!name.empty()) words.insert(words.end(), {"-o", name});
+    const Outcome run = RunQuarvel(words);
+    EXPECT_EQ(run.status, 1);
+    EXPECT_TRUE(run.err.ends_with(
+        folder.Expand("@e.mps has no matrix to draw: 1 row, 0 columns, 0 elements\n")))
+        << run.err;
+    EXPECT_EQ(run.out, "");
+  }
+  EXPECT_FALSE(folder.Has("e.svg"));
+}
+
+TEST(Spy, ReadsStandardInput) {
+  const Outcome run = RunQuarvel({"spy", "-"}, kSmallModel);
+  EXPECT_EQ(run.status, 0);
+  EXPECT_TRUE(run.out.starts_with("standard input: 2 rows, 2 columns, 3 elements\n")) << run.out;
 }
 
 TEST(Spy, HasAHelpWithExamples) {
