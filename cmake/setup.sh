@@ -5,7 +5,8 @@
 set -eu
 
 # The program and its native tests.
-native=(cmake ninja-build g++ libgtest-dev qt6-base-dev zlib1g-dev libbz2-dev liblzma-dev libzstd-dev)
+native=(cmake ninja-build g++ libgtest-dev qt6-base-dev zlib1g-dev libbz2-dev liblzma-dev libzstd-dev
+  python3-jsonschema)
 # The formatter, and the interpreter of tools/longest.
 format=(clang-format python3)
 # A display that nobody sees, and a user at it.

@@ -15,7 +15,7 @@ namespace {
 // How lines are taken, for commands that read without the component's questions.
 constexpr OptionSet kLines = kFileColumns | kObjectiveRow | kNegativeUpper | kDefaultBounds;
 constexpr OptionSet kReadings = kDialect | kLines | kQuestions | kLog;
-constexpr OptionSet kWritings = kReadings | kMissingEndata | kLoss | kLayout | kStrict;
+constexpr OptionSet kWritings = kReadings | kMissingEndata | kLoss | kLayout | kStrict | kJson;
 
 std::string InfoHelp() {
   return "Several files make a table of one line each; --json prints one object a line. The exit status "

@@ -1,7 +1,5 @@
 #include "hosts/diff_json.h"
 
-#include <cmath>
-
 #include "hosts/printing.h"
 #include "text/numbers.h"
 
@@ -12,20 +10,11 @@ using inspect::Difference;
 using inspect::DifferenceKind;
 using enum inspect::DifferenceKind;
 
-// A number with all its digits; null for what is none.
-void AppendExact(std::string& json, std::string_view key, double number, bool absent = false) {
-  json.append(",\"").append(key).append("\":");
-  json += absent || !std::isfinite(number) ? "null" : text::RoundTripText(number);
-}
-
-bool HasNoLower(double bound) { return bound <= -model::BoundLimit; }
-bool HasNoUpper(double bound) { return bound >= model::BoundLimit; }
-
 template <class Record>
 void AppendRecord(std::string& json, const Record& record) {
   AppendJsonMember(json, "type", model::TypeText(record.Type));
-  AppendExact(json, "lower", record.LowerBound, HasNoLower(record.LowerBound));
-  AppendExact(json, "upper", record.UpperBound, HasNoUpper(record.UpperBound));
+  AppendJsonMember(json, "lower", Bound{record.LowerBound});
+  AppendJsonMember(json, "upper", Bound{record.UpperBound});
   AppendJsonMember(json, "elements", record.ElementCount());
 }
 
@@ -40,6 +29,18 @@ void AppendName(std::string& json, std::string_view noun, inspect::RecordPair pa
                 const Records& a, const Records& b) {
   if (pair.a == 0 && pair.b == 0) return;
   AppendJsonMember(json, noun, pair.a != 0 ? a[pair.a].Name : b[pair.b].Name);
+}
+
+bool IsOfBound(DifferenceKind kind) {
+  return kind == kRowLower || kind == kRowUpper || kind == kColumnLower || kind == kColumnUpper;
+}
+
+// Null for what is not there.
+void AppendNumber(std::string& json, std::string_view key, DifferenceKind kind, double number,
+                  bool is_absent) {
+  if (is_absent) return AppendJsonObject(json, key, "null");
+  if (IsOfBound(kind)) return AppendJsonMember(json, key, Bound{number});
+  AppendJsonMember(json, key, number);
 }
 
 std::string SenseText(const mps::FileFacts& facts) {
@@ -105,13 +106,8 @@ void DiffJson::AppendValues(std::string& json, const Difference& d) const {
     default:
       break;
   }
-  const bool lower = d.kind == kRowLower || d.kind == kColumnLower;
-  const bool upper = d.kind == kRowUpper || d.kind == kColumnUpper;
-  const auto is_none = [=](double bound) {
-    return (lower && HasNoLower(bound)) || (upper && HasNoUpper(bound));
-  };
-  AppendExact(json, "a", d.before, d.kind == kElementCame || is_none(d.before));
-  AppendExact(json, "b", d.after, d.kind == kElementWent || is_none(d.after));
+  AppendNumber(json, "a", d.kind, d.before, d.kind == kElementCame);
+  AppendNumber(json, "b", d.kind, d.after, d.kind == kElementWent);
 }
 
 void DiffJson::End() {

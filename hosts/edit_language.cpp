@@ -200,6 +200,7 @@ void RunEditLine(Session& session, std::string_view line) {
   command.run(session, words);
   std::vector<std::string>& refusals = session.answers().refusals;
   if (!refusals.empty()) RaiseBad(refusals.front());
+  session.CountCommand();
 }
 
 std::string EditHelp() {

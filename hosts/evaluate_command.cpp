@@ -14,8 +14,8 @@ std::string ActivityJson(Session& session, std::int32_t row, double activity) {
   std::string json = "{";
   AppendJsonMember(json, "index", row);
   AppendJsonMember(json, "name", model.RowName(row));
-  AppendJsonMember(json, "lowerBound", model.RowLowerBound(row));
-  AppendJsonMember(json, "upperBound", model.RowUpperBound(row));
+  AppendJsonMember(json, "lowerBound", Bound{model.RowLowerBound(row)});
+  AppendJsonMember(json, "upperBound", Bound{model.RowUpperBound(row)});
   AppendJsonMember(json, "activity", activity);
   AppendJsonMember(json, "hasEndata", !session.may_be_cut_off());
   return json + "}\n";

@@ -199,6 +199,12 @@ void Explanation::PrintLines() const {
   }
 }
 
+void AppendSense(std::string& json, mps::ObjectiveSense sense) {
+  using enum mps::ObjectiveSense;
+  if (sense == kNotSaid) return AppendJsonObject(json, "objective", "null");
+  AppendJsonMember(json, "objective", sense == kMaximize ? "maximize" : "minimize");
+}
+
 // The settings of one kind, the one that counts last.
 void AppendHistory(std::string& json, std::string_view key, const inspect::History& history) {
   json += ',';
@@ -208,7 +214,7 @@ void AppendHistory(std::string& json, std::string_view key, const inspect::Histo
     json += json.back() == '[' ? "{" : ",{";
     if (setting.line != 0) json += "\"line\":" + text::IntegerText(setting.line);
     if (setting.type.empty()) {
-      AppendJsonMember(json, "value", setting.value);
+      AppendJsonMember(json, "value", Bound{setting.value});
     } else {
       AppendJsonMember(json, "value", setting.type);
     }
@@ -278,7 +284,7 @@ void Explanation::PrintRecordJson(const RecordOrigin& record) const {
     AppendHistory(json, "lowerBound", record.lower);
     AppendHistory(json, "upperBound", record.upper);
     if (IsObjective(record)) {
-      AppendJsonMember(json, "objective", SenseWord(facts_.sense));
+      AppendSense(json, facts_.sense);
       AppendJsonMember(json, "objectiveConstant", facts_.objective_constant);
     }
     json += CoefficientsJson(record);

@@ -59,9 +59,11 @@ mps::ReadOutcome FileReading::Read(const std::string& path) {
   answers_.file = name;
   mps::ReadOptions options = ReadOptionsOf(arguments_);
   options.on_problem = [this](const mps::FileProblem& problem) { return GoesOnAfter(problem); };
-  const mps::FileRead read = ReadInWindow(path, std::move(options));
+  mps::FileRead read = ReadInWindow(path, std::move(options));
   facts_ = read.facts;
-  if (read.outcome != mps::ReadOutcome::kStopped) Tell(name, read.problems);
+  problems_ = std::move(read.problems);
+  size_ = SizeOf(model_.store());
+  if (read.outcome != mps::ReadOutcome::kStopped) Tell(name, problems_);
   if (read.outcome != mps::ReadOutcome::kRead) return read.outcome;
   model_.store().settings().FileLocation = path == kStandardInput ? "" : path;
   const platform::MsgBoxResult answer = desktop_.MsgBox(model::SimplifyOffer());

@@ -8,6 +8,7 @@
 #include "hosts/answers.h"
 #include "hosts/arguments.h"
 #include "hosts/streams.h"
+#include "hosts/write_json.h"
 #include "mps/file_facts.h"
 #include "mps/read_file.h"
 #include "platform/desktop.h"
@@ -39,6 +40,9 @@ class FileReading {
   mps::FileRead ReadInWindow(const std::string& path, mps::ReadOptions options);
   // What the file says beside its model.
   const mps::FileFacts& facts() const { return facts_; }
+  // What Read passed over, and how big the model was before it may have been simplified.
+  const mps::FileProblems& problems() const { return problems_; }
+  const ModelSize& size() const { return size_; }
 
  private:
   bool GoesOnAfter(const mps::FileProblem& problem);
@@ -50,6 +54,8 @@ class FileReading {
   platform::Desktop& desktop_;
   LPModel& model_;
   mps::FileFacts facts_;
+  mps::FileProblems problems_;
+  ModelSize size_;
 };
 
 }  // namespace quarvel::hosts

@@ -97,8 +97,8 @@ void PrintItemJson(const Item& item) {
   AppendJsonMember(json, "index", item.index);
   AppendJsonMember(json, "name", item.Name());
   AppendJsonMember(json, "type", item.Type());
-  AppendJsonMember(json, "lowerBound", item.Lower());
-  AppendJsonMember(json, "upperBound", item.Upper());
+  AppendJsonMember(json, "lowerBound", Bound{item.Lower()});
+  AppendJsonMember(json, "upperBound", Bound{item.Upper()});
   if (item.IsRow()) AppendJsonMember(json, "equation", item.model.RowEquation(item.index));
   item.session.streams.out << json + ",\"elements\":[";
   for (std::int32_t k = 0; k < item.shown && item.session.KeepPrinting(); ++k) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "model/model_data.h"
 #include "text/cell_width.h"
@@ -82,14 +83,28 @@ void AppendJson(std::string& json, std::string_view text) {
 }
 
 void AppendJson(std::string& json, double number) {
-  if (std::isfinite(number)) {
-    text::AppendGeneralText(json, number);
+  if (std::isnan(number)) {
+    json += "\"nan\"";
+  } else if (std::isinf(number)) {
+    json += number < 0 ? "\"-inf\"" : "\"inf\"";
   } else {
-    json += "null";
+    json += text::RoundTripText(number);
   }
+}
+
+void AppendJson(std::string& json, Bound bound) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  const bool is_none = !model::HasLower(bound.value) || !model::HasUpper(bound.value);
+  AppendJson(json, is_none ? std::copysign(kInfinity, bound.value) : bound.value);
 }
 
 void AppendJson(std::string& json, std::int32_t number) { json += text::IntegerText(number); }
 void AppendJson(std::string& json, std::int64_t number) { json += text::IntegerText(number); }
+
+void AppendJsonObject(std::string& json, std::string_view key, std::string_view value) {
+  if (!json.empty() && json.back() != '{') json += ',';
+  AppendJson(json, key);
+  json.append(":").append(value);
+}
 
 }  // namespace quarvel::hosts

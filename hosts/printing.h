@@ -23,17 +23,27 @@ std::string ExactUpperText(double bound);
 // "1 row", "28 rows".
 std::string Counted(std::int64_t count, std::string_view noun);
 
-// A value of JSON. Text is quoted and escaped, which includes every character that a terminal would
-// not show (text/visible_text.h); text that is not UTF-8 (a path may be anything) is taken as
-// Windows-1252. A number is its general text, null when it is not finite.
+// A bound of a record, which may be none at all.
+struct Bound {
+  double value;
+};
+
+// A value of JSON, as docs/json.md tells. Text is quoted and escaped, which includes every character
+// that a terminal would not show (text/visible_text.h); text that is not UTF-8 (a path may be anything)
+// is taken as Windows-1252. A number has all its digits. What is infinite is the text "inf" or "-inf", as
+// a bound that is none is, and what is no number "nan".
 void AppendJson(std::string& json, std::string_view text);
 void AppendJson(std::string& json, double number);
+void AppendJson(std::string& json, Bound bound);
 void AppendJson(std::string& json, std::int32_t number);
 void AppendJson(std::string& json, std::int64_t number);
 // Nothing else becomes one by itself.
 void AppendJson(std::string& json, std::same_as<bool> auto truth) {
   json += truth ? "true" : "false";
 }
+
+// A member of an object whose value is JSON already.
+void AppendJsonObject(std::string& json, std::string_view key, std::string_view value);
 
 // A member of an object with the comma that sets it off from the one before.
 template <class Value>

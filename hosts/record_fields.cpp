@@ -153,7 +153,7 @@ void AppendCsv(std::string& csv, const FieldValue& value) {
 
 void AppendJsonField(std::string& json, const RecordField& field, const FieldValue& value) {
   if (const auto* const bound = std::get_if<Bound>(&value)) {
-    AppendJsonMember(json, field.json, bound->value);
+    AppendJsonMember(json, field.json, *bound);
   } else if (const auto* const number = std::get_if<double>(&value)) {
     AppendJsonMember(json, field.json, *number);
   } else if (const auto* const words = std::get_if<std::string>(&value)) {

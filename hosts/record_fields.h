@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "component/lp_model.h"
+#include "hosts/printing.h"
 #include "model/record_kind.h"
 
 namespace quarvel::hosts {
@@ -35,9 +36,6 @@ class ListedModel {
   mutable std::vector<double> coefficients_;
 };
 
-struct Bound {
-  double value;
-};
 using FieldValue = std::variant<std::int32_t, double, Bound, std::string>;
 
 struct RecordField {

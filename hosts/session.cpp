@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "hosts/input_bytes.h"
 #include "hosts/loss_report.h"
 #include "hosts/output_name.h"
 #include "hosts/printing.h"
@@ -60,6 +61,7 @@ void Session::Read(const std::string& path) {
   answers_.file_failed = false;
   const bool is_read = arguments.component_dialect ? ReadAsComponent(path)
                                                    : reading_.Read(path) == mps::ReadOutcome::kRead;
+  size_ = arguments.component_dialect ? SizeOf(model_.store()) : reading_.size();
   StopIfInterrupted();
   StopIfUnanswered();
   if (is_read) return TakeLog();
@@ -135,11 +137,32 @@ void Session::Write(const std::string& path, mps::FileLayout usual) {
   const bool overwrites = platform::FileExists(path) && IsSame(path, own);
   const inspect::FileWrite write =
       inspect::WriteFile(model_.store(), facts(), overwrites ? own : path, options);
+  if (write.outcome == inspect::WriteOutcome::kWritten || arguments.json) {
+    PrintReceipt(path, options.layout, overwrites, write);
+  }
   if (write.outcome != inspect::WriteOutcome::kWritten) StopUnwritten(write, path);
   NoteLosses(write.receipt.losses, mps::LossWeight::kChanges, path);
   NoteLosses(write.receipt.losses, mps::LossWeight::kNoted, path);
   if (!write.fits_fixed_columns) NoteFreeColumns(options.layout, path);
-  streams.out << text::OneLine(path) << ": " << ReceiptText(write.receipt) << '\n';
+}
+
+void Session::PrintReceipt(const std::string& path, mps::FileLayout layout, bool in_place,
+                           const inspect::FileWrite& write) {
+  if (!arguments.json) {
+    streams.out << text::OneLine(path) << ": " << ReceiptText(write.receipt) << '\n';
+    return;
+  }
+  streams.out << WriteJson({.input = NameOfInput(arguments.operands[0]),
+                            .output = path,
+                            .read = size_,
+                            .has_endata = !may_be_cut_off(),
+                            .problems = reading_.problems(),
+                            .simplified = !logs_.empty(),
+                            .commands = commands_,
+                            .model = SizeOf(model_.store()),
+                            .layout = layout,
+                            .in_place = in_place,
+                            .write = write});
 }
 
 void Session::NoteFreeColumns(mps::FileLayout layout, const std::string& path) {

@@ -10,6 +10,7 @@
 #include "hosts/arguments.h"
 #include "hosts/file_reading.h"
 #include "hosts/streams.h"
+#include "hosts/write_json.h"
 #include "inspect/write_file.h"
 #include "mps/file_layout.h"
 #include "mps/loss.h"
@@ -41,6 +42,8 @@ class Session {
   // verified, and what the file does not keep of it. Raises a CommandError when it was not written, as one
   // that would read back as another model is not.
   void Write(const std::string& path, mps::FileLayout usual);
+  // An edit command was run; the receipt of --json tells how many there were.
+  void CountCommand() { ++commands_; }
 
   // What the file that was read says beside its model; not with --dialect component.
   const mps::FileFacts& facts() const { return reading_.facts(); }
@@ -60,6 +63,9 @@ class Session {
  private:
   // The same with the questions that the component asks; true when the model was read.
   bool ReadAsComponent(const std::string& path);
+  // With --json the whole story, else one line, as standard output has it.
+  void PrintReceipt(const std::string& path, mps::FileLayout layout, bool in_place,
+                    const inspect::FileWrite& write);
   void NoteFreeColumns(mps::FileLayout layout, const std::string& path);
   // Raises a CommandError, after notes of what is in the way; nothing when it was written.
   void StopUnwritten(const inspect::FileWrite& write, const std::string& path);
@@ -76,6 +82,8 @@ class Session {
   std::string logs_;  // of all of them
   LPModel model_;
   FileReading reading_;
+  ModelSize size_;  // of what was read
+  std::int64_t commands_ = 0;
 };
 
 // What the user is told about a file without ENDATA, and what is wrong with it.

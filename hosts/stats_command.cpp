@@ -18,7 +18,7 @@ std::string StatsHelp() {
          "Examples:\n"
          "  quarvel stats plan.mps                 the whole model on a screen\n"
          "  quarvel stats plan.mps --limit all     every pattern of names\n"
-         "  quarvel stats plan.mps --json          for a program; infinite bounds are null\n";
+         "  quarvel stats plan.mps --json          for a program; what is infinite is \"inf\"\n";
 }
 
 int RunStats(Session& session) {

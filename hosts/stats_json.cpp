@@ -16,21 +16,13 @@ using inspect::RecordFamily;
 using inspect::RecordLengths;
 using inspect::ValueRange;
 
-// A member whose value is JSON already.
-void AppendMember(std::string& json, std::string_view key, std::string_view value) {
-  if (!json.empty() && json.back() != '{') json += ',';
-  AppendJson(json, key);
-  json.append(":").append(value);
-}
-
 void AppendCount(std::string& json, std::string_view key, std::int64_t count) {
-  AppendMember(json, key, text::IntegerText(count));
+  AppendJsonObject(json, key, text::IntegerText(count));
 }
 
 std::string BoundJson(double bound) {
   std::string json;
-  if (!model::HasLower(bound) || !model::HasUpper(bound)) return "null";
-  AppendJson(json, bound);
+  AppendJson(json, Bound{bound});
   return json;
 }
 
@@ -56,7 +48,7 @@ std::string ColumnTypesJson(const ModelStats& stats) {
     const auto& shapes = stats.column_types[static_cast<std::size_t>(type.type)];
     std::string counts = "{";
     for (std::size_t i = 0; i < shapes.size(); ++i) AppendCount(counts, kShapeKeys[i], shapes[i]);
-    AppendMember(json, type.word, counts + '}');
+    AppendJsonObject(json, type.word, counts + '}');
   }
   return json + '}';
 }
@@ -76,8 +68,8 @@ std::string SizesJson(const model::ModelStore& store, const NumberSizes& sizes) 
   std::string json = "{";
   AppendCount(json, "count", sizes.count());
   AppendCount(json, "zeros", sizes.zeros());
-  AppendMember(json, "smallest", PlaceJson(store, sizes.smallest()));
-  AppendMember(json, "largest", PlaceJson(store, sizes.largest()));
+  AppendJsonObject(json, "smallest", PlaceJson(store, sizes.smallest()));
+  AppendJsonObject(json, "largest", PlaceJson(store, sizes.largest()));
   std::string histogram = "[";
   for (const NumberSizes::Bucket& bucket : sizes.Histogram()) {
     if (histogram.size() > 1) histogram += ',';
@@ -86,7 +78,7 @@ std::string SizesJson(const model::ModelStore& store, const NumberSizes& sizes) 
     AppendCount(histogram, "count", bucket.count);
     histogram += '}';
   }
-  AppendMember(json, "histogram", histogram + ']');
+  AppendJsonObject(json, "histogram", histogram + ']');
   return json + '}';
 }
 
@@ -94,11 +86,11 @@ template <class Record>
 std::string LengthsJson(const RecordLengths& lengths, const Record& record) {
   std::string json = "{";
   const auto add = [&](std::string_view key, std::int32_t number) {
-    if (number == 0) return AppendMember(json, key, "null");
+    if (number == 0) return AppendJsonObject(json, key, "null");
     std::string place = "{";
     AppendCount(place, "elements", record(number).ElementCount());
     AppendJsonMember(place, "name", record(number).Name);
-    AppendMember(json, key, place + '}');
+    AppendJsonObject(json, key, place + '}');
   };
   add("shortest", lengths.shortest);
   add("longest", lengths.longest);
@@ -120,7 +112,7 @@ std::string ForecastJson(const StatsReport& report) {
     failing.clear();
     AppendJson(failing, report.model.store().Row(forecast.failing_row).Name);
   }
-  AppendMember(json, "failingRow", failing);
+  AppendJsonObject(json, "failingRow", failing);
   return json + '}';
 }
 
@@ -129,8 +121,8 @@ std::string ForecastJson(const StatsReport& report) {
 std::string RangeJson(const ValueRange& range, std::string (*number)(double)) {
   if (range.is_empty) return "null";
   std::string json = "{";
-  AppendMember(json, "from", number(range.from));
-  AppendMember(json, "to", number(range.to));
+  AppendJsonObject(json, "from", number(range.from));
+  AppendJsonObject(json, "to", number(range.to));
   return json + '}';
 }
 
@@ -151,12 +143,12 @@ std::string FamilyJson(const RecordFamily& family, const Record& record, const T
     const std::int32_t count = family.types[static_cast<std::size_t>(type.type)];
     if (count != 0 && !type.letter.empty()) AppendCount(counts, type.letter, count);
   }
-  AppendMember(json, "types", counts + '}');
-  AppendMember(json, "lower", RangeJson(family.lower, BoundJson));
-  AppendMember(json, "upper", RangeJson(family.upper, BoundJson));
+  AppendJsonObject(json, "types", counts + '}');
+  AppendJsonObject(json, "lower", RangeJson(family.lower, BoundJson));
+  AppendJsonObject(json, "upper", RangeJson(family.upper, BoundJson));
   AppendCount(json, "elements", family.elements.count);
-  AppendMember(json, "coefficients", RangeJson(family.elements.values, NumberJson));
-  AppendMember(json, "sizes", RangeJson(family.elements.sizes, NumberJson));
+  AppendJsonObject(json, "coefficients", RangeJson(family.elements.values, NumberJson));
+  AppendJsonObject(json, "sizes", RangeJson(family.elements.sizes, NumberJson));
   return json + '}';
 }
 
@@ -172,8 +164,8 @@ void AppendFamilies(std::string& json, std::string_view key,
   }
   std::string object = "{";
   AppendCount(object, "count", all);
-  AppendMember(object, "listed", listed + ']');
-  AppendMember(json, key, object + '}');
+  AppendJsonObject(object, "listed", listed + ']');
+  AppendJsonObject(json, key, object + '}');
 }
 
 std::string WholeJson(const StatsReport& report) {
@@ -185,8 +177,8 @@ std::string WholeJson(const StatsReport& report) {
   AppendCount(json, "columns", stats.columns);
   AppendCount(json, "elements", stats.elements);
   AppendJsonMember(json, "density", stats.density);
-  AppendMember(json, "rowTypes", RowTypesJson(stats));
-  AppendMember(json, "columnTypes", ColumnTypesJson(stats));
+  AppendJsonObject(json, "rowTypes", RowTypesJson(stats));
+  AppendJsonObject(json, "columnTypes", ColumnTypesJson(stats));
   return json;
 }
 
@@ -200,15 +192,15 @@ std::string StatsJson(const StatsReport& report) {
     return store.Column(c);
   };
   std::string json = WholeJson(report);
-  AppendMember(json, "coefficients", SizesJson(store, stats.coefficients));
-  AppendMember(json, "objective", SizesJson(store, stats.objective));
-  AppendMember(json, "rightHandSides", SizesJson(store, stats.right_hand_sides));
-  AppendMember(json, "bounds", SizesJson(store, stats.bounds));
-  AppendMember(json, "rowLengths", LengthsJson(stats.row_lengths, row));
-  AppendMember(json, "columnLengths", LengthsJson(stats.column_lengths, column));
+  AppendJsonObject(json, "coefficients", SizesJson(store, stats.coefficients));
+  AppendJsonObject(json, "objective", SizesJson(store, stats.objective));
+  AppendJsonObject(json, "rightHandSides", SizesJson(store, stats.right_hand_sides));
+  AppendJsonObject(json, "bounds", SizesJson(store, stats.bounds));
+  AppendJsonObject(json, "rowLengths", LengthsJson(stats.row_lengths, row));
+  AppendJsonObject(json, "columnLengths", LengthsJson(stats.column_lengths, column));
   AppendCount(json, "duplicates", stats.duplicates);
-  AppendMember(json, "firstDuplicate", PlaceJson(store, stats.first_duplicate));
-  AppendMember(json, "simplification", ForecastJson(report));
+  AppendJsonObject(json, "firstDuplicate", PlaceJson(store, stats.first_duplicate));
+  AppendJsonObject(json, "simplification", ForecastJson(report));
   AppendFamilies(json, "rowFamilies", stats.row_families, report.most_families, row,
                  model::kRowTypes);
   AppendFamilies(json, "columnFamilies", stats.column_families, report.most_families, column,

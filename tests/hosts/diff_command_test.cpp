@@ -146,9 +146,9 @@ TEST_F(DiffTest, PrintsJson) {
   EXPECT_EQ(run.out.substr(run.out.find("\"differences\"")),
             "\"differences\":[\n"
             "{\"kind\":\"row-type\",\"row\":\"CAP\",\"a\":\"L\",\"b\":\"G\"},\n"
-            "{\"kind\":\"row-lower\",\"row\":\"CAP\",\"a\":null,\"b\":4},\n"
-            "{\"kind\":\"row-upper\",\"row\":\"CAP\",\"a\":4,\"b\":null},\n"
-            "{\"kind\":\"column-upper\",\"column\":\"X\",\"a\":10,\"b\":null},\n"
+            "{\"kind\":\"row-lower\",\"row\":\"CAP\",\"a\":\"-inf\",\"b\":4},\n"
+            "{\"kind\":\"row-upper\",\"row\":\"CAP\",\"a\":4,\"b\":\"inf\"},\n"
+            "{\"kind\":\"column-upper\",\"column\":\"X\",\"a\":10,\"b\":\"inf\"},\n"
             "{\"kind\":\"element-went\",\"row\":\"CAP\",\"column\":\"X\",\"a\":2,\"b\":null}\n"
             "],\"counts\":{\"row-type\":1,\"row-lower\":1,\"row-upper\":1,\"column-upper\":1,"
             "\"element-went\":1},\"unlisted\":0,\"same\":false}\n");
@@ -162,15 +162,16 @@ TEST_F(DiffTest, PrintsEachKindAsJson) {
       " M1 'MARKER' 'INTEND'\n W CAP 1\nRHS\n RHS CAP 4\nBOUNDS\n UP BOUND X 10\nENDATA\n";
   const Outcome run = Diff(kPlant, kB, {"--json"});
   EXPECT_TRUE(fuzz::JsonText::IsValid(run.out)) << run.out;
-  for (const char* part :
-       {R"({"kind":"model-name","a":"PLANT","b":"B"})",
-        R"({"kind":"description","a":"first\r\nsecond","b":"other"})",
-        R"({"kind":"objective","a":"COST","b":"PROFIT"})",
-        R"({"kind":"row-went","row":"BAL","type":"E","lower":0,"upper":0,"elements":2})",
-        R"({"kind":"row-came","row":"PROFIT","type":"N","lower":null,"upper":null,"elements":1})",
-        R"({"kind":"column-type","column":"X","a":"R","b":"I"})",
-        R"({"kind":"column-went","column":"Y","type":"R","lower":-3,"upper":null,"elements":2})",
-        R"({"kind":"column-came","column":"W","type":"R","lower":0,"upper":null,"elements":1})"}) {
+  for (
+      const char* part :
+      {R"({"kind":"model-name","a":"PLANT","b":"B"})",
+       R"({"kind":"description","a":"first\r\nsecond","b":"other"})",
+       R"({"kind":"objective","a":"COST","b":"PROFIT"})",
+       R"({"kind":"row-went","row":"BAL","type":"E","lower":0,"upper":0,"elements":2})",
+       R"({"kind":"row-came","row":"PROFIT","type":"N","lower":"-inf","upper":"inf","elements":1})",
+       R"({"kind":"column-type","column":"X","a":"R","b":"I"})",
+       R"({"kind":"column-went","column":"Y","type":"R","lower":-3,"upper":"inf","elements":2})",
+       R"({"kind":"column-came","column":"W","type":"R","lower":0,"upper":"inf","elements":1})"}) {
     EXPECT_NE(run.out.find(part), std::string::npos) << part << "\n" << run.out;
   }
 }

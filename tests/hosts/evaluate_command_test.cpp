@@ -32,7 +32,7 @@ TEST(Evaluate, PrintsJson) {
   const HostFolder folder;
   EXPECT_EQ(
       RunQuarvel({"evaluate", folder.Write("a.mps", kSmallModel), "r2", "x=.25", "--json"}).out,
-      "{\"index\":1,\"name\":\"R2\",\"lowerBound\":-10000000000,\"upperBound\":8,"
+      "{\"index\":1,\"name\":\"R2\",\"lowerBound\":\"-inf\",\"upperBound\":8,"
       "\"activity\":0.5,\"hasEndata\":true}\n");
 }
 

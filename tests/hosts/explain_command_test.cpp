@@ -125,14 +125,13 @@ TEST(Explain, PrintsJson) {
           "\"problems\":{\"count\":0,\"first\":[]}},\"column\":{\"index\":1,\"name\":\"I\","
           "\"type\":{\"count\":1,\"settings\":[{\"line\":9,\"value\":\"I\"}]},\"marker\":8,"
           "\"lowerBound\":{\"count\":1,\"settings\":[{\"value\":0}]},"
-          "\"upperBound\":{\"count\":1,\"settings\":[{\"value\":10000000000}]},"
+          "\"upperBound\":{\"count\":1,\"settings\":[{\"value\":\"inf\"}]},"
           "\"elements\":{\"count\":1,\"first\":[\n{\"line\":9,\"row\":\"LIM\",\"value\":5}]},"
           "\"unused\":{\"count\":0,\"lines\":[]},\"problems\":{\"count\":0,\"first\":[]}},\"lines\":[\n"
           "{\"line\":8,\"text\":\" M 'MARKER' 'INTORG'\"},\n{\"line\":9,\"text\":\" i lim 5\"}],"
           "\"hasEndata\":true}\n"));
   const std::string objective = RunQuarvel({"explain", folder.Path("a.mps"), "COST", "--json"}).out;
-  EXPECT_NE(objective.find("\"objective\":\"the sense is not said\",\"objectiveConstant\":0,"),
-            std::string::npos)
+  EXPECT_NE(objective.find("\"objective\":null,\"objectiveConstant\":0,"), std::string::npos)
       << objective;
   const std::string both = RunQuarvel({"explain", folder.Path("a.mps"), "X", "--json"}).out;
   EXPECT_NE(

@@ -50,10 +50,10 @@ TEST(Rows, ArePrintedAsJson) {
   const std::string model = folder.Write("a.mps", kSmallModel);
   EXPECT_EQ(RunQuarvel({"rows", model, "--json", "--equations"}).out,
             "[\n"
-            "{\"index\":0,\"name\":\"R1\",\"type\":\"N\",\"lowerBound\":-10000000000,"
-            "\"upperBound\":10000000000,\"elements\":2,"
+            "{\"index\":0,\"name\":\"R1\",\"type\":\"N\",\"lowerBound\":\"-inf\","
+            "\"upperBound\":\"inf\",\"elements\":2,"
             "\"equation\":\" + 1*X - 3.5*Y  (non-binding/objective)\"},\n"
-            "{\"index\":1,\"name\":\"R2\",\"type\":\"L\",\"lowerBound\":-10000000000,"
+            "{\"index\":1,\"name\":\"R2\",\"type\":\"L\",\"lowerBound\":\"-inf\","
             "\"upperBound\":8,\"elements\":1,\"equation\":\" + 2*X  <=  8\"}\n"
             "]\n");
 }
@@ -171,8 +171,8 @@ TEST(Row, StopsAtTheLimitAndSaysSo) {
 TEST(Row, IsPrintedAsJson) {
   const HostFolder folder;
   EXPECT_EQ(RunQuarvel({"row", folder.Write("a.mps", kSmallModel), "R1", "--json"}).out,
-            "{\"index\":0,\"name\":\"R1\",\"type\":\"N\",\"lowerBound\":-10000000000,"
-            "\"upperBound\":10000000000,\"equation\":\" + 1*X - 3.5*Y  (non-binding/objective)\","
+            "{\"index\":0,\"name\":\"R1\",\"type\":\"N\",\"lowerBound\":\"-inf\","
+            "\"upperBound\":\"inf\",\"equation\":\" + 1*X - 3.5*Y  (non-binding/objective)\","
             "\"elements\":[{\"column\":\"X\",\"index\":0,\"value\":1},"
             "{\"column\":\"Y\",\"index\":1,\"value\":-3.5}],\"hasEndata\":true}\n");
 }

@@ -65,16 +65,26 @@ TEST(Json, HasTruths) {
 
 TEST(Json, IsUtf8WhateverTheTextIs) { EXPECT_EQ(Json(std::string_view("\xE4")), "\"\xC3\xA4\""); }
 
-TEST(Json, WritesNumbersAsGeneralText) {
+TEST(Json, WritesNumbersWithAllTheirDigits) {
+  EXPECT_EQ(Json(0.30000000000000004), "0.30000000000000004");
   EXPECT_EQ(Json(1e10), "10000000000");
   EXPECT_EQ(Json(-0.1), "-0.1");
   EXPECT_EQ(Json(1e300), "1E+300");
   EXPECT_EQ(Json(std::int32_t{-7}), "-7");
 }
 
-TEST(Json, HasNoNumberBeyondTheDoubles) {
-  EXPECT_EQ(Json(std::numeric_limits<double>::infinity()), "null");
-  EXPECT_EQ(Json(std::numeric_limits<double>::quiet_NaN()), "null");
+TEST(Json, HasTextsBeyondTheDoubles) {
+  EXPECT_EQ(Json(std::numeric_limits<double>::infinity()), "\"inf\"");
+  EXPECT_EQ(Json(-std::numeric_limits<double>::infinity()), "\"-inf\"");
+  EXPECT_EQ(Json(std::numeric_limits<double>::quiet_NaN()), "\"nan\"");
+}
+
+TEST(Json, HasTextsForBoundsThatAreNone) {
+  EXPECT_EQ(Json(Bound{1e10}), "\"inf\"");
+  EXPECT_EQ(Json(Bound{-1e10}), "\"-inf\"");
+  EXPECT_EQ(Json(Bound{2e10}), "\"inf\"");
+  EXPECT_EQ(Json(Bound{9999999999.5}), "9999999999.5");
+  EXPECT_EQ(Json(Bound{-0.1}), "-0.1");
 }
 
 TEST(Json, SetsMembersApart) {

@@ -73,7 +73,7 @@ TEST(Program, RefusesWhatItDoesNotUnderstand) {
        "--ignore: there is no problem W9; docs/problems.md lists them"},
       {{"check", "a", "--only", "E1,,W"}, "--only takes CODES, not \"E1,,W\""},
       {{"simplify", "a", "b", "--simplify"}, "simplify takes no --simplify"},
-      {{"convert", "a", "b", "--json"}, "convert takes no --json"},
+      {{"view", "a", "--json"}, "view takes no --json"},
       {{"rows", "a", "--limit"}, "--limit needs a value: N|all"},
       {{"rows", "a", "--limit", "-1"}, "--limit takes N|all, not \"-1\""},
       {{"rows", "a", "--limit", "5x"}, "--limit takes N|all, not \"5x\""},

@@ -132,7 +132,7 @@ constexpr std::string_view kSmallAsJson =
     "\"emptyRows\":0,\"failingRow\":null},"
     "\"rowFamilies\":{\"count\":1,\"listed\":[\n"
     "{\"pattern\":\"R#\",\"count\":2,\"first\":\"R1\",\"types\":{\"N\":1,\"L\":1},"
-    "\"lower\":{\"from\":null,\"to\":null},\"upper\":{\"from\":8,\"to\":null},"
+    "\"lower\":{\"from\":\"-inf\",\"to\":\"-inf\"},\"upper\":{\"from\":8,\"to\":\"inf\"},"
     "\"elements\":3,\"coefficients\":{\"from\":-3.5,\"to\":2},"
     "\"sizes\":{\"from\":1,\"to\":3.5}}]},"
     "\"columnFamilies\":{\"count\":2,\"listed\":[\n"
