@@ -12,13 +12,22 @@
 #include "bench/bench_desktop.h"
 #include "bench/stopwatch.h"
 #include "component/lp_model.h"
+#ifdef _WIN32
 #include "hosts/viewer_desktop.h"
+#else
+#include "platform/qt/qt_desktop.h"
+#endif
 
 namespace quarvel::bench {
 namespace {
 
 constexpr int kRuns = 7;
 constexpr double kMostTimes = 1.15;
+#ifdef _WIN32
+constexpr auto MakeDesktop = hosts::MakeViewerDesktop;
+#else
+constexpr auto MakeDesktop = platform::MakeQtDesktop;
+#endif
 
 // Shows the progress window on a real desktop, and nothing else.
 class WindowDesktop : public BenchDesktop {
@@ -61,7 +70,7 @@ double Median(std::vector<double> seconds) {
 }
 
 int Measure(const std::string& file, int runs) {
-  const std::unique_ptr<platform::Desktop> windows = hosts::MakeViewerDesktop();
+  const std::unique_ptr<platform::Desktop> windows = MakeDesktop();
   if (windows == nullptr) {
     std::fprintf(stderr, "bench_window: there is no display to show a window on\n");
     return 1;

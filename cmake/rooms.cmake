@@ -31,12 +31,12 @@ function(quarvel_together target)
 endfunction()
 
 # quarvel_library(<name> <folder>...)
-# A static library of the folders' sources; main.cpp belongs to a program, and what is called _win32 in
+# A static library of the folders' sources; main.cpp and view_main.cpp belong to programs, and what is called _win32 in
 # the drawer's folder of that name to the component.
 function(quarvel_library name)
   quarvel_files(sources "*.cpp" ${ARGN})
   quarvel_files(headers "*.h" ${ARGN})
-  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$|platform/win32/[^/]*_win32\\.cpp$")
+  list(FILTER sources EXCLUDE REGEX "/(view_)?main\\.cpp$|platform/win32/[^/]*_win32\\.cpp$")
   add_library(${name} STATIC ${sources})
   quarvel_together(${name})
   quarvel_harden(${name})

@@ -14,6 +14,8 @@
 
 namespace quarvel::hosts {
 
+class Session;
+
 struct Streams {
   // The next line of standard input without its end; nothing at the end of input.
   std::function<std::optional<std::string>()> read_line;
@@ -26,6 +28,9 @@ struct Streams {
   std::function<std::size_t(char* buffer, std::size_t capacity)> read_bytes = {};
   // What stands behind `out`.
   Screen screen = {};
+  // Shows a model, for `view`, and gives the exit status: in windows of this program, or by the program
+  // that has them. None: nothing can be shown.
+  std::function<int(Session&)> view = {};
 };
 
 // Exit statuses.

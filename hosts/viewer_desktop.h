@@ -1,4 +1,5 @@
-// The desktop that the program shows windows on: the native one of the system.
+// The desktop of Windows that the program shows its windows on. Elsewhere the program has none:
+// viewer_program.h.
 #pragma once
 
 #include <memory>
@@ -7,7 +8,7 @@
 
 namespace quarvel::hosts {
 
-// Raises, or gives null, where no window can be shown.
+// Raises where no window can be shown.
 std::unique_ptr<platform::Desktop> MakeViewerDesktop();
 
 }  // namespace quarvel::hosts

@@ -10,6 +10,8 @@
 #include <sstream>
 
 #include "hosts/program.h"
+#include "hosts/view_in_windows.h"
+#include "platform/qt/qt_desktop.h"
 
 namespace quarvel {
 
@@ -52,7 +54,10 @@ void ViewerJourney::TearDown() {
 ViewerJourney::Outcome ViewerJourney::Run(const std::vector<std::string>& words) {
   std::ostringstream out;
   std::ostringstream err;
-  const hosts::Streams streams = {[] { return std::optional<std::string>(); }, out, err};
+  hosts::Streams streams = {[] { return std::optional<std::string>(); }, out, err};
+  streams.view = [](hosts::Session& session) {
+    return hosts::ViewInWindows(session, platform::MakeQtDesktop().get());
+  };
   const int status = hosts::RunProgram(words, streams);
   return {status, out.str(), err.str()};
 }

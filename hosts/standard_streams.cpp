@@ -1,0 +1,42 @@
+#include "hosts/standard_streams.h"
+
+#include <utility>
+
+#include "hosts/program.h"
+#include "hosts/standard_output.h"
+#include "platform/console/console_system.h"
+
+namespace quarvel::hosts {
+namespace {
+
+WriteResult WriteStandardError(std::string_view bytes) {
+  platform::console::WriteError(bytes);
+  return WriteResult::kWritten;
+}
+
+}  // namespace
+
+int RunOnStandardStreams(const std::function<std::vector<std::string>()>& words,
+                         std::function<int(Session&)> view) {
+  PrepareStandardOutput();
+  OutputBuffer out_buffer(WriteStandardOutput);
+  OutputBuffer err_buffer(WriteStandardError);
+  std::ostream out(&out_buffer);
+  std::ostream err(&err_buffer);
+  err << std::unitbuf;
+  const Streams streams = {.read_line = platform::console::ReadInputLine,
+                           .out = out,
+                           .err = err,
+                           .terminal = true,
+                           .read_bytes = ReadStandardInput,
+                           .screen = Screen::OfStandardOutput(),
+                           .view = std::move(view)};
+  int status = RunProgram(words, streams);
+  if (out_buffer.Finish() == WriteResult::kFailed) {
+    err << "quarvel: standard output could not be written\n";
+    if (status == kGood) status = kProblem;
+  }
+  return status;
+}
+
+}  // namespace quarvel::hosts
