@@ -28,7 +28,7 @@ bool WideData::Use(const SourceLine& line, const TokenList& words, Section secti
       if (fits && words[1] == "N") NoteRow(line, words[2]);
       return false;
     case Section::kColumns:
-      return fits && IsMarker(words) && UseMarker(line, words);
+      return IsMarker(words) && UseMarker(line, words);
     case Section::kRhs:
       return HasPairs(words) && UseRhs(line, words);
     case Section::kRanges:
@@ -176,12 +176,11 @@ void WideData::ApplyRange(std::int32_t row, double range) {
 }
 
 bool WideData::UseBound(const SourceLine& line, const TokenList& words) {
-  const std::optional<WideBound> wide = words.count() == 0 ? std::nullopt : FindWideBound(words[1]);
-  if (!wide && (words.count() < 3 || words.count() > kValue)) return false;
-  if (!sink_.HasColumns()) return false;
+  if (!sink_.HasColumns() || words.count() < 3) return false;
+  if (!ValueOfBound(words[1])) return false;
   if (!WordSense(sink_).Fits(words, Section::kBounds)) {
-    if (wide) RefuseBound(line, words);
-    return wide.has_value();
+    RefuseBound(line, words);
+    return true;
   }
   if (!IsOfFirst(bounds_, facts_.bounds_set, line, words[2])) return true;
   const bool no_bound = words.count() == kValue && IsNoBound(words[1], words[kValue]);
@@ -190,17 +189,22 @@ bool WideData::UseBound(const SourceLine& line, const TokenList& words) {
   } else if (words.count() == kValue && FreesLower(line, words)) {
     sink_.Column(sink_.FindColumn(words[3])).LowerBound = -model::BoundLimit;
   }
+  const std::optional<WideBound> wide = FindWideBound(words[1]);
   if (wide) UseWideBound(line, words, *wide);
   return wide || no_bound;
 }
 
+// One that makes no sense, of a code that is known.
 void WideData::RefuseBound(const SourceLine& line, const TokenList& words) {
-  if (words.count() < 3) return Tell(kTokens, line, {});
-  if (sink_.FindColumn(words[3]) == 0) {
-    return Tell(kNoSuchColumn, line, words[3], Named(words[3]));
+  const BoundValue use = *ValueOfBound(words[1]);
+  const bool has_value = words.count() == kValue;
+  if (use == BoundValue::kNeeded && !has_value) return Tell(kBoundWithoutValue, line, {});
+  if (words.count() > kValue) return Tell(kTokens, line, {});
+  const bool counts = has_value && use != BoundValue::kIgnored;
+  if (counts && !text::ParseNumber(words[kValue]) && !IsNoBound(words[1], words[kValue])) {
+    return Tell(kNotNumeric, line, words[kValue]);
   }
-  if (words.count() != kValue) return Tell(kBoundWithoutValue, line, {});
-  Tell(kNotNumeric, line, words[kValue]);
+  Tell(kNoSuchColumn, line, words[3], Named(words[3]));
 }
 
 void WideData::UseWideBound(const SourceLine& line, const TokenList& words, WideBound bound) {

@@ -9,6 +9,7 @@
 //              |R|. Before RHS they wait for the end.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -31,12 +32,15 @@ class WideData {
 
   // A line of that many words says nothing that the sections do not use as it is. Cheap, and
   // sometimes false for such a line.
+  template <std::size_t kCount>
   bool IsPlainRhs(const SourceLine& line) const {
-    return line[1] == rhs_.first && free_rows_.size() <= 1 && !IsFreeRow(line[2]) &&
-           (line.token_count() == 3 || !IsFreeRow(line[4]));
+    bool has_comment = false;
+    for (std::size_t word = 2; word <= kCount; ++word) has_comment |= line[word][0] == '$';
+    return !has_comment && line[1] == rhs_.first && free_rows_.size() <= 1 && !IsFreeRow(line[2]) &&
+           (kCount == 3 || !IsFreeRow(line[4]));
   }
   bool IsPlainBound(const SourceLine& line) const {
-    if (line[2] != bounds_.first || line[1].size() != 2) return false;
+    if (line[2] != bounds_.first || line[1].size() != 2 || line[3][0] == '$') return false;
     const char first = line[1][0];
     const char second = line[1][1];
     const bool upper = first == 'U' && second == 'P';

@@ -1,6 +1,5 @@
 #include "mps/wide_dialect.h"
 
-#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -11,6 +10,12 @@ using enum FileProblemCode;
 
 std::string LinesText(std::int64_t count) {
   return std::to_string(count) + (count == 1 ? " line passed over" : " lines passed over");
+}
+
+// Of a text that has one.
+std::string_view LastWord(std::string_view text) {
+  text = text.substr(0, text.find_last_not_of(" \t") + 1);
+  return text.substr(text.find_last_of(" \t") + 1);
 }
 
 }  // namespace
@@ -57,25 +62,34 @@ WideDialect::Verdict WideDialect::UseOwn(const SourceLine& line, const TokenList
   if (own_ == Own::kPassedOver) {
     ++passed_lines_;
   } else {
-    UseWord(line, words[1]);
+    UseWord(line, words, 1);
   }
   return Verdict::kNothing;
 }
 
 // Of OBJSENSE or OBJNAME.
-void WideDialect::UseWord(const SourceLine& line, std::string_view word) {
+void WideDialect::UseWord(const SourceLine& line, const TokenList& words, std::size_t place) {
+  const std::string_view word = words[place];
   if (own_ == Own::kSense) {
     UseSense(line, word, SenseOf(word));
   } else {
     data_.NameObjective(line, word);
   }
   Enter(Own::kNone);
+  TellRest(line, words, place);
+}
+
+void WideDialect::TellRest(const SourceLine& line, const TokenList& words, std::size_t used) const {
+  if (words.count() <= used) return;
+  Tell(kHeaderText, line, words[used + 1], std::string(words[1]), "passed over");
 }
 
 WideDialect::Verdict WideDialect::UseHeader(SourceLine& line, const TokenList& words,
                                             Section section) {
-  LeaveOwn();
   const WideHeader header = FindWideHeader(words[1]);
+  const bool wants_word = own_ == Own::kSense || own_ == Own::kObjectiveName;
+  if (header == WideHeader::kUnknown && wants_word) return UseOwn(line, words);
+  LeaveOwn();
   switch (header) {
     case WideHeader::kUnknown:
       if (section == Section::kStart) {
@@ -91,13 +105,15 @@ WideDialect::Verdict WideDialect::UseHeader(SourceLine& line, const TokenList& w
     case WideHeader::kSense:
     case WideHeader::kObjectiveName:
       Enter(header == WideHeader::kSense ? Own::kSense : Own::kObjectiveName);
-      if (words.count() > 1) UseWord(line, words[2]);
+      if (words.count() > 1) UseWord(line, words, 2);
       break;
     case WideHeader::kMaximize:
       UseSense(line, words[1], ObjectiveSense::kMaximize);
+      TellRest(line, words, 1);
       break;
     case WideHeader::kMinimize:
       UseSense(line, words[1], ObjectiveSense::kMinimize);
+      TellRest(line, words, 1);
       break;
     case WideHeader::kMoreRows:
       return UseMoreRows(line, words);
@@ -112,7 +128,7 @@ WideDialect::Verdict WideDialect::UsePlainHeader(SourceLine& line, const TokenLi
   if (words[1] == "RHS") data_.BeginRhs();
   if (words[1] == "COLUMNS") columns_ = said_columns_;
   Settle();
-  if (words.count() > 1) Tell(kHeaderText, line, words[2], std::string(words[1]), "passed over");
+  TellRest(line, words, 1);
   if (HasTab(line.split_text())) line.Replace(words);
   return Verdict::kLine;
 }
@@ -121,12 +137,11 @@ WideDialect::Verdict WideDialect::UsePlainHeader(SourceLine& line, const TokenLi
 WideDialect::Verdict WideDialect::UseName(const SourceLine& line, const TokenList& words) {
   if (words.count() > 1) sink_.SetModelName(words[2]);
   if (words.count() <= 2) return Verdict::kNothing;
-  const std::string_view last = words[std::min(words.count(), TokenList::kKept)];
-  if (last == "FREE" && columns_ == FileColumns::kByLine) {
+  if (LastWord(line.split_text()) == "FREE" && columns_ == FileColumns::kByLine) {
     said_columns_ = FileColumns::kFree;
     columns_ = said_columns_;
   } else {
-    Tell(kHeaderText, line, words[3], std::string(words[1]), "passed over");
+    TellRest(line, words, 2);
   }
   return Verdict::kNothing;
 }
@@ -134,6 +149,7 @@ WideDialect::Verdict WideDialect::UseName(const SourceLine& line, const TokenLis
 WideDialect::Verdict WideDialect::UseMoreRows(SourceLine& line, const TokenList& words) {
   static constexpr std::string_view kRows = "ROWS";
   Tell(kMoreRows, line, words[1], std::string(words[1]), "rows like those of ROWS");
+  TellRest(line, words, 1);
   TokenList rows;
   rows.Keep(kRows.data(), kRows.data() + kRows.size());
   line.Replace(rows);
@@ -207,17 +223,20 @@ WideDialect::Verdict WideDialect::UseFitting(SourceLine& line, const TokenList& 
 WideDialect::Verdict WideDialect::UseOdd(SourceLine& line, const TokenList& words,
                                          Section section) {
   if (BeginsComment(words)) return Comment(line);
-  return UseWords(line, words, HasTab(line.split_text()), section, false);
+  const bool has_tab = HasTab(line.split_text());
+  if (has_tab) Tell(kTab, line, {}, {}, "blanks");
+  return UseWords(line, words, has_tab, section, false);
 }
 
 WideDialect::Verdict WideDialect::UseFixed(SourceLine& line, const TokenList& words,
                                            Section section) {
   const FixedFields fields(line.split_text());
   const TokenList fixed = WordsOf(fields, section);
-  const bool fits = fields.between().empty() && fixed.count() != 0 && sense_.Fits(fixed, section);
+  const std::string_view between = TextBetween(fields, section);
+  const bool fits = between.empty() && fixed.count() != 0 && sense_.Fits(fixed, section);
   if (!fits && BeginsComment(words)) return Comment(line);
-  if (!fields.between().empty()) {
-    Tell(kBetweenFields, line, fields.between());
+  if (!between.empty()) {
+    Tell(kBetweenFields, line, between);
     return Verdict::kNothing;
   }
   if (section == Section::kColumns && (fixed.count() == 0 || fixed[1].empty())) {

@@ -53,6 +53,10 @@ std::size_t FirstComment(const TokenList& words) {
   return 0;
 }
 
+std::size_t FirstField(Section section) {
+  return section == Section::kRows || section == Section::kBounds ? 1 : 2;
+}
+
 // The word that names the set; 0 in a section without sets.
 std::size_t SetWord(Section section) {
   if (section == Section::kBounds) return 2;
@@ -66,6 +70,17 @@ std::optional<WideBound> FindWideBound(std::string_view letters) {
     if (known == letters) return bound;
   }
   return std::nullopt;
+}
+
+std::optional<BoundValue> ValueOfBound(std::string_view code) {
+  if (const model::BoundCodeTraits* const known = model::FindBoundCode(code)) {
+    return known->needs_value ? BoundValue::kNeeded : BoundValue::kIgnored;
+  }
+  const std::optional<WideBound> wide = FindWideBound(code);
+  if (!wide) return std::nullopt;
+  if (wide == WideBound::kBinary) return BoundValue::kIgnored;
+  const bool semi = wide == WideBound::kSemiContinuous || wide == WideBound::kSemiInteger;
+  return semi ? BoundValue::kOptional : BoundValue::kNeeded;
 }
 
 bool IsNoBound(std::string_view code, std::string_view word) {
@@ -89,12 +104,17 @@ TokenList WordsOf(std::string_view text) {
 }
 
 TokenList WordsOf(const FixedFields& fields, Section section) {
-  const std::size_t first = section == Section::kRows || section == Section::kBounds ? 1 : 2;
+  const std::size_t first = FirstField(section);
   std::size_t last = kFieldCount;
   while (last >= first && fields[last].empty()) --last;
   TokenList words;
   for (std::size_t field = first; field <= last; ++field) Keep(words, fields[field]);
   return words;
+}
+
+std::string_view TextBetween(const FixedFields& fields, Section section) {
+  const bool is_beside = FirstField(section) > 1 && !fields[1].empty();
+  return fields.between().empty() && is_beside ? fields[1] : fields.between();
 }
 
 bool IsMarker(const TokenList& words) { return words.count() >= 3 && words[2] == "'MARKER'"; }
@@ -111,7 +131,7 @@ bool WordSense::Fits(const TokenList& words, Section section) const {
       return words.count() == 2 && model::TraitsOf(model::RowTypeOf(words[1])).in_files() &&
              !words[2].empty() && sink_.FindRow(words[2]) == 0;
     case Section::kColumns:
-      return !words[1].empty() && (IsMarker(words) || FitsPairs(words));
+      return !words[1].empty() && (IsMarker(words) ? words.count() == 3 : FitsPairs(words));
     case Section::kRhs:
     case Section::kRanges:
       return FitsPairs(words);
@@ -131,17 +151,11 @@ bool WordSense::FitsPairs(const TokenList& words) const {
 
 bool WordSense::FitsBound(const TokenList& words) const {
   if (words.count() != 3 && words.count() != 4) return false;
-  const model::BoundCodeTraits* const code = model::FindBoundCode(words[1]);
-  const std::optional<WideBound> wide = FindWideBound(words[1]);
-  if (code == nullptr && !wide) return false;
-  const bool integer = wide == WideBound::kIntegerLower || wide == WideBound::kIntegerUpper;
-  const bool needs_value = code != nullptr ? code->needs_value : integer;
+  const std::optional<BoundValue> use = ValueOfBound(words[1]);
   const bool has_value = words.count() == 4;
-  if (needs_value && !has_value) return false;
-  const bool ignores_value = code != nullptr ? !needs_value : wide == WideBound::kBinary;
-  if (has_value && !ignores_value && !IsNumber(words[4]) && !IsNoBound(words[1], words[4])) {
-    return false;
-  }
+  if (!use || (use == BoundValue::kNeeded && !has_value)) return false;
+  const bool counts = has_value && use != BoundValue::kIgnored;
+  if (counts && !IsNumber(words[4]) && !IsNoBound(words[1], words[4])) return false;
   return sink_.FindColumn(words[3]) != 0;
 }
 
@@ -160,7 +174,7 @@ std::optional<FreeWords> WordSense::FitFree(const TokenList& words, Section sect
 
 std::optional<TokenList> WordSense::FitFixed(std::string_view text, Section section) const {
   const FixedFields fields(text);
-  if (!fields.between().empty() || !fields.behind().empty()) return std::nullopt;
+  if (!TextBetween(fields, section).empty() || !fields.behind().empty()) return std::nullopt;
   const TokenList words = WordsOf(fields, section);
   if (words.count() == 0 || !Fits(words, section)) return std::nullopt;
   return words;

@@ -22,6 +22,10 @@ enum class WideBound : std::uint8_t {
 };
 std::optional<WideBound> FindWideBound(std::string_view letters);
 
+enum class BoundValue : std::uint8_t { kIgnored, kOptional, kNeeded };
+// What becomes of a value behind a code of the sections or one of those; nothing for another text.
+std::optional<BoundValue> ValueOfBound(std::string_view code);
+
 // The word is an infinity (INF or INFINITY, with a sign or without) that says of a bound of that code
 // that there is none.
 bool IsNoBound(std::string_view code, std::string_view word);
@@ -30,6 +34,9 @@ bool IsNoBound(std::string_view code, std::string_view word);
 TokenList WordsOf(std::string_view text);
 // The fields that the section uses, without the empty ones at the end.
 TokenList WordsOf(const FixedFields& fields, Section section);
+
+// The first text that stands where the section has no field, but for what is behind the last one.
+std::string_view TextBetween(const FixedFields& fields, Section section);
 
 // A line of COLUMNS that is a marker: name, 'MARKER' and what it marks.
 bool IsMarker(const TokenList& words);

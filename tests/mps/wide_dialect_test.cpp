@@ -67,7 +67,17 @@ INSTANTIATE_TEST_SUITE_P(
         WideCase{"BASIS\n    X 1\nRHS\n    R LIM 1\n", "E121 10:1+5 'BASIS'"},
         WideCase{"Y DEM 7\nX1 DEM 7\n", ""}, WideCase{"RHS\nRHS LIM 7\n", ""},
         WideCase{"    Y  DEM  7  BALL  3\n", "E110 10:16+4 'BALL'"},
-        WideCase{"    Y  DEM\n", "E105 10"}));
+        WideCase{"    Y  DEM\n", "E105 10"},
+        WideCase{"    M  'MARKER'  'INTORG'  $ from here\n", "A304 10:28+1 '$'"},
+        WideCase{"    M  'MARKER'  'OTHER'  x\n", "W410 10:18+7 ''OTHER''"},
+        WideCase{"\tY\tDEM\tx\n", "A303 10; E109 10:8+1 'x'"},
+        WideCase{"OBJSENSE\nMax\n", "A307 11:1+3 'Max'"},
+        WideCase{"OBJNAME\nCOST\n", "A308 11:1+4 'COST'"},
+        WideCase{"OBJSENSE MAX now\n", "A307 10:10+3 'MAX'; A311 10:14+3 'now'"},
+        WideCase{"OBJSENSEMIN now\n", "A307 10:1+11 'OBJSENSEMIN'; A311 10:13+3 'now'"},
+        WideCase{"OBJNAME\n    COST or\n", "A308 11:5+4 'COST'; A311 11:10+2 'or'"},
+        WideCase{"BOUNDS\n FR B X 1 2\n", "E105 11"}, WideCase{"BOUNDS\n SC B X 1 2\n", "E105 11"},
+        WideCase{"RHS\n    R  LIM  1\n    R  $D  2\n", "E110 12:8+2 '$D'"}));
 
 TEST(WideDialect, PassesOverTextBeforeRowsAndBehindEndata) {
   const WideReading reading("a title\nNAME  small (of two)\n*text\n" + WideFile("") +
@@ -142,6 +152,26 @@ TEST(WideDialect, ReadsNamesWithBlanksAndNamelessSetsByFixedColumns) {
 TEST(WideDialect, StaysWithWordsOnceALineMakesSenseByThemOnly) {
   const WideReading reading("ROWS\n N COST\n L  LIM 1\nCOLUMNS\n X COST 1\nENDATA\n");
   EXPECT_EQ(reading.Problems(), "E102 3");
+}
+
+// By fixed columns "$D" would begin a comment.
+TEST(WideDialect, LetsANameThatBeginsLikeACommentDecide) {
+  const WideReading reading(
+      "ROWS\n N  COST\n L  $D\nCOLUMNS\n    X         $D                1.\n"
+      "    X 1       COST              1.\nENDATA\n");
+  EXPECT_EQ(reading.Problems(), "E105 6; W501 0");
+}
+
+TEST(WideDialect, RefusesTextInAFieldThatTheSectionHasNot) {
+  const WideReading reading(
+      "ROWS\n N  COST\nCOLUMNS\n    X 1       COST              1.\n"
+      " Q  X 1       COST              1.\nENDATA\n");
+  EXPECT_EQ(reading.Problems(), "A301 4; E122 5:2+1 'Q'");
+}
+
+TEST(WideDialect, FindsFreeAtTheEndOfAnyNameLine) {
+  const WideReading reading("NAME  one of many words in it FREE  \nROWS\n N  A B\nENDATA\n");
+  EXPECT_EQ(reading.Problems().substr(0, 6), "E102 3");
 }
 
 TEST(WideDialect, TakesColumnsAsItIsTold) {

@@ -1,0 +1,240 @@
+// What the data lines of the sections do, once they are words.
+#include <cmath>
+#include <cstddef>
+#include <optional>
+
+#include "tests/support/naive_wide_reader.h"
+#include "text/numbers.h"
+
+namespace quarvel::testing {
+namespace {
+
+bool HasWidePairs(const NaiveWords& words) { return words.size() == 3 || words.size() == 5; }
+
+}  // namespace
+
+void NaiveWideReader::UseWords(const NaiveWords& words) {
+  switch (section_) {
+    case NaiveSection::kStart:
+      return;
+    case NaiveSection::kRows:
+      return UseRow(words);
+    case NaiveSection::kColumns:
+      return UseColumn(words);
+    case NaiveSection::kRhs:
+      return UseRhs(words);
+    case NaiveSection::kRanges:
+      return UseRanges(words);
+    case NaiveSection::kBounds:
+      return UseBound(words);
+  }
+}
+
+NaiveRecord& NaiveWideReader::Row(std::int32_t number) {
+  return model_.Rows.at(static_cast<std::size_t>(number - 1));
+}
+
+bool NaiveWideReader::IsObjective(const std::string& row) const {
+  if (!asked_objective_.empty()) return row == asked_objective_;
+  if (!named_objective_.empty()) return row == named_objective_;
+  return !free_rows_.empty() && row == free_rows_[0];
+}
+
+void NaiveWideReader::UseRow(const NaiveWords& words) {
+  if (words.size() != 2) return Tell("E102");
+  const std::string& type = words[0];
+  if (type != "E" && type != "G" && type != "L" && type != "N") return Tell("E103");
+  if (names_.rows.count(words[1]) > 0) return Tell("E104");
+  if (type == "N") {
+    free_rows_.push_back(words[1]);
+    if (!IsObjective(words[1])) Tell("W405");
+  }
+  NaiveRecord row;
+  row.Name = words[1];
+  row.Type = type;
+  row.LowerBound = type == "L" || type == "N" ? -1e10 : 0;
+  row.UpperBound = type == "G" || type == "N" ? 1e10 : 0;
+  model_.Rows.push_back(row);
+  names_.rows[row.Name] = ++model_.NumberOfRows;
+}
+
+void NaiveWideReader::UseMarker(const std::string& what) {
+  if (what == "'INTORG'") {
+    column_type_ = "I";
+  } else if (what == "'INTEND'") {
+    column_type_ = "R";
+  } else {
+    Tell(what.starts_with("'SOS") ? "E120" : "W410");
+  }
+}
+
+void NaiveWideReader::UseColumn(const NaiveWords& words) {
+  const bool is_marker = IsNaiveMarker(words, section_);
+  const bool is_known_marker = is_marker && (words[2] == "'INTORG'" || words[2] == "'INTEND'");
+  if (is_marker && !is_known_marker) return UseMarker(words[2]);
+  if (!HasWidePairs(words)) return Tell("E105");
+  if (model_.NumberOfRows == 0) return Tell("E106");
+  std::int32_t column = NaiveNumber(names_.columns, words[0]);
+  if (column == 0 && is_known_marker) return UseMarker(words[2]);
+  if (column == 0) {
+    AddColumn(words[0]);
+    column = model_.NumberOfColumns;
+  }
+  for (std::size_t place = 1; place < words.size(); place += 2) {
+    const auto [row, value] = ReadPair(words, place);
+    if (row == 0 || value == 0) continue;
+    ++model_.NumberOfElements;
+    model_.Columns.at(static_cast<std::size_t>(column - 1)).Elements.push_back({row, value});
+    Row(row).Elements.push_back({column, value});
+  }
+}
+
+void NaiveWideReader::AddColumn(const std::string& name) {
+  NaiveRecord column;
+  column.Name = name;
+  column.Type = column_type_;
+  column.LowerBound = options_.infinite_default_bounds ? -1e10 : 0;
+  column.UpperBound = 1e10;
+  model_.Columns.push_back(column);
+  names_.columns[name] = ++model_.NumberOfColumns;
+}
+
+std::pair<std::int32_t, double> NaiveWideReader::ReadPair(const NaiveWords& words,
+                                                          std::size_t place) {
+  const std::optional<double> value = text::ParseNumber(words[place + 1]);
+  const std::int32_t row = NaiveNumber(names_.rows, words[place]);
+  if (!value) {
+    Tell("E109");
+    return {0, 0};
+  }
+  if (row == 0) Tell("E110");
+  return {row, *value};
+}
+
+bool NaiveWideReader::IsOfFirstSet(const std::string& name, std::string& first,
+                                   std::string& other) {
+  if (first.empty()) first = name;
+  if (name.empty() || name == first) return true;
+  if (name != other) Tell("W402");
+  other = name;
+  return false;
+}
+
+void NaiveWideReader::UseRhs(const NaiveWords& words) {
+  if (!HasWidePairs(words)) return Tell("E105");
+  if (model_.NumberOfRows == 0) return Tell("E107");
+  if (!IsOfFirstSet(words[0], facts.rhs_set, other_rhs_)) return;
+  for (std::size_t place = 1; place < words.size(); place += 2) {
+    const auto [row, value] = ReadPair(words, place);
+    if (row != 0) ApplyRhs(row, value);
+  }
+}
+
+void NaiveWideReader::ApplyRhs(std::int32_t number, double value) {
+  NaiveRecord& row = Row(number);
+  if (row.Type == "N") {
+    Tell(IsObjective(row.Name) ? "A309" : "W407");
+    free_rhs_.emplace_back(row.Name, value);
+  }
+  if (row.Type == "E" || row.Type == "G") row.LowerBound = value;
+  if (row.Type == "E" || row.Type == "L") row.UpperBound = value;
+  if (row.Type == "L") row.LowerBound = -1e10;
+}
+
+void NaiveWideReader::UseRanges(const NaiveWords& words) {
+  if (!HasWidePairs(words)) return Tell("E105");
+  if (model_.NumberOfRows == 0) return Tell("E108");
+  if (!IsOfFirstSet(words[0], facts.ranges_set, other_ranges_)) return;
+  for (std::size_t place = 1; place < words.size(); place += 2) {
+    const auto [row, range] = ReadPair(words, place);
+    if (row == 0) continue;
+    if (Row(row).Type == "N") {
+      Tell("W408");
+      continue;
+    }
+    if (Row(row).Type == "E" && range < 0) Tell("A310");
+    if (has_rhs_) {
+      ApplyRange(row, range);
+    } else {
+      if (waiting_ranges_.empty()) Tell("A314");
+      waiting_ranges_.emplace_back(row, range);
+    }
+  }
+}
+
+void NaiveWideReader::ApplyRange(std::int32_t number, double range) {
+  NaiveRecord& row = Row(number);
+  if (row.Type == "G") row.UpperBound = row.LowerBound + std::fabs(range);
+  if (row.Type == "L") row.LowerBound = row.UpperBound - std::fabs(range);
+  if (row.Type != "E") return;
+  if (range > 0) {
+    row.UpperBound = row.LowerBound + range;
+  } else {
+    row.LowerBound = row.UpperBound + range;
+  }
+}
+
+// A line that makes no sense, for the first reason that there is.
+bool NaiveWideReader::RefusesBound(const NaiveWords& words) {
+  if (model_.NumberOfColumns == 0) {
+    Tell("E111");
+  } else if (words.size() < 3) {
+    Tell("E105");
+  } else if (const std::string use = NaiveUseOfValue(words[0]); use.empty()) {
+    Tell("E112");
+  } else if (use == "needed" && words.size() != 4) {
+    Tell("E113");
+  } else if (words.size() > 4) {
+    Tell("E105");
+  } else if (words.size() == 4 && use != "ignored" && !text::ParseNumber(words[3]) &&
+             !IsNaiveInfinity(words[0], words[3])) {
+    Tell("E109");
+  } else if (names_.columns.count(words[2]) == 0) {
+    Tell("E114");
+  } else {
+    return false;
+  }
+  return true;
+}
+
+void NaiveWideReader::UseBound(const NaiveWords& words) {
+  if (RefusesBound(words)) return;
+  if (IsOfFirstSet(words[1], facts.bounds_set, other_bounds_)) ApplyBound(words);
+}
+
+void NaiveWideReader::ApplyBound(const NaiveWords& words) {
+  const std::string& code = words[0];
+  const std::size_t place = static_cast<std::size_t>(names_.columns.at(words[2]) - 1);
+  NaiveRecord& column = model_.Columns.at(place);
+  const bool has_value = words.size() == 4 && NaiveUseOfValue(code) != "ignored";
+  const bool is_infinite = has_value && IsNaiveInfinity(code, words[3]);
+  const double infinity = code[0] == 'L' ? -1e10 : 1e10;
+  const double value =
+      is_infinite ? infinity : (has_value ? text::ParseNumber(words[3]).value() : 0);
+  if (is_infinite) Tell("A313");
+  if ((code == "UP" || code == "UI") && value < 0 && column.LowerBound == 0) {
+    Tell(options_.negative_upper_frees_lower ? "A312" : "W404");
+    if (options_.negative_upper_frees_lower) column.LowerBound = -1e10;
+  }
+  if (code == "LO" || code == "FX") column.LowerBound = value;
+  if (code == "UP" || code == "FX") column.UpperBound = value;
+  if (code == "MI" || code == "FR") column.LowerBound = -1e10;
+  if (code == "PL" || code == "FR") column.UpperBound = 1e10;
+  ApplyIntegerBound(column, words, has_value, value);
+}
+
+void NaiveWideReader::ApplyIntegerBound(NaiveRecord& column, const NaiveWords& words,
+                                        bool has_value, double value) {
+  const std::string& code = words[0];
+  if (code == "BV" || code == "LI" || code == "UI") Tell("A306");
+  if (code == "SC" || code == "SI") Tell("W406");
+  if (code == "BV" || code == "LI" || code == "UI" || code == "SI") column.Type = "I";
+  if (code == "BV") {
+    column.LowerBound = 0;
+    column.UpperBound = 1;
+  }
+  if (code == "LI") column.LowerBound = value;
+  if (code == "UI" || ((code == "SC" || code == "SI") && has_value)) column.UpperBound = value;
+}
+
+}  // namespace quarvel::testing
