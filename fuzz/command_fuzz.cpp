@@ -92,7 +92,7 @@ std::string FaultOf(const Words& words, const Outcome& result) {
 // --- any command line ---
 
 std::string ChooseWord(Choices& choose) {
-  static const std::array<const char*, 66> kWords = {"a.mps",
+  static const std::array<const char*, 93> kWords = {"a.mps",
                                                      "b.mps",
                                                      "point.txt",
                                                      "missing",
@@ -157,10 +157,37 @@ std::string ChooseWord(Choices& choose) {
                                                      "--sarif",
                                                      "--no-lint",
                                                      "set-name A",
-                                                     "delete-row R1"};
-  const std::uint32_t kind = choose(80);
+                                                     "delete-row R1",
+                                                     "stats",
+                                                     "dialects",
+                                                     "explain",
+                                                     "why",
+                                                     "diff",
+                                                     "--script",
+                                                     "--quiet",
+                                                     "--tolerance=1e-9",
+                                                     "--strict",
+                                                     "--layout=free",
+                                                     "--layout",
+                                                     "fixed",
+                                                     "--dialect=component",
+                                                     "--file-columns=fixed",
+                                                     "--file-columns=free",
+                                                     "--objective=R1",
+                                                     "--negative-upper=free",
+                                                     "--columns=name,type",
+                                                     "--sort=name",
+                                                     "--match=R*",
+                                                     "--type=L",
+                                                     "--csv",
+                                                     "--empty",
+                                                     "--full",
+                                                     "--integer",
+                                                     "--limit=all",
+                                                     "--tolerance"};
+  const std::uint32_t kind = choose(120);
   if (kind < kWords.size()) return kWords[kind];
-  if (kind < 70) return ChooseEditLine([&choose](std::uint32_t n) { return choose(n); }, {}).text;
+  if (kind < 106) return ChooseEditLine([&choose](std::uint32_t n) { return choose(n); }, {}).text;
   return quarvel::fuzz::WithoutFolders(choose.Until(0));
 }
 
@@ -178,18 +205,20 @@ std::string ChooseFile(Choices& choose) {
 }
 
 Words ChooseCommandLine(Choices& choose) {
-  static const std::array<const char*, 11> kCommands = {
-      "info",  "rows",    "columns",  "row",  "column", "evaluate",
-      "check", "convert", "simplify", "edit", "view"};
+  static const std::array<const char*, 16> kCommands = {
+      "info",     "rows", "columns", "row",   "column",   "evaluate", "check", "convert",
+      "simplify", "edit", "view",    "stats", "dialects", "explain",  "why",   "diff"};
   Words words;
   // Mostly a command and its files stand where they must.
-  const std::uint32_t command = choose(16);
+  const std::uint32_t command = choose(20);
   if (command < kCommands.size()) {
     words = {kCommands[command], "a.mps"};
     if (command == 3 || command == 4) words.push_back("0");
     if (command == 5) words.push_back(choose(2) == 0 ? "R1" : "1");
     if (command == 5 && choose(2) == 0) words.push_back("--point=point.txt");
-    if (command >= 7 && command < 10) words.push_back("b.mps");
+    if ((command >= 7 && command < 10) || command == 15) words.push_back("b.mps");
+    if (command == 13) words.push_back("0");
+    if (command == 14) words.push_back("point.txt");
   }
   for (std::uint32_t more = choose(6); more > 0; --more) words.push_back(ChooseWord(choose));
   return words;
