@@ -29,6 +29,7 @@ class JobLister {
 
   std::vector<Job> List() {
     AddReads();
+    AddReadAsData();
     AddCheck();
     AddDiffs();
     AddWrite();
@@ -118,6 +119,19 @@ class JobLister {
     AddRead("read, 2 pairs a line", File("pairs2", 1, {0, 0, {"--pairs", "2"}}), "fixed", 4, 0);
     AddRead("read, CR LF", File("crlf", 1, {0, 0, {"--crlf"}}), "fixed", 4, 0);
     AddRead("read, rows in order", File("sorted", 1, {0, 0, {"--order", "sorted"}}), "fixed", 4, 0);
+  }
+
+  void AddReadAsData() {
+    constexpr double kRatio = 1 / 1.05;
+    const ModelFile file = File("base");
+    Job job;
+    job.name = "read as data";
+    job.files = {file};
+    job.command = Ours({"read-file", file.path});
+    job.contenders = {Other("read", {"read", file.path})};
+    job.least_ratio = kRatio;
+    Expect(job, file);
+    jobs_.push_back(std::move(job));
   }
 
   void AddCheck() {

@@ -67,6 +67,16 @@ void Read(Arguments arguments) {
   session.PrintSize();
 }
 
+// The read that the library and the commands have, as data and in the wide dialect.
+void ReadAsData(Arguments arguments) {
+  Session session;
+  mps::FileRead read;
+  PrintResult("seconds",
+              SecondsOf([&] { read = mps::ReadFile(arguments[0], {}, session.model.store()); }));
+  Require(read.outcome == mps::ReadOutcome::kRead, "the file was not read");
+  session.PrintSize();
+}
+
 // What `quarvel check` does but for printing.
 void Check(Arguments arguments) {
   Session session;
@@ -315,6 +325,7 @@ struct Job {
 
 constexpr Job kJobs[] = {
     {"read", 1, Read},
+    {"read-file", 1, ReadAsData},
     {"check", 1, Check},
     {"diff", 2, Diff},
     {"write", 2, Write},
@@ -337,7 +348,7 @@ int RunJob(Arguments arguments) {
   }
   if (arguments.size() == 2 && RunEditJob(name, Number(arguments[1]))) return 0;
   std::fputs(
-      "usage: bench_quarvel read|check|query|loop|simplify FILE\n"
+      "usage: bench_quarvel read|read-file|check|query|loop|simplify FILE\n"
       "       bench_quarvel write FILE OUT\n"
       "       bench_quarvel delete-rows|delete-column FILE ROWS\n"
       "       bench_quarvel delete-rows-looking-at-rows|delete-rows-looking-at-columns FILE ROWS\n"
