@@ -31,6 +31,8 @@ class JobLister {
     AddReads();
     AddReadAsData();
     AddCheck();
+    AddPicture("spy", ".png");
+    AddPicture("report", ".html");
     AddDiffs();
     AddWrite();
     AddQuery();
@@ -146,6 +148,19 @@ class JobLister {
     job.least_ratio = kRatio;
     job.most_megabytes = kMegabytes;
     Expect(job, file);
+    jobs_.push_back(std::move(job));
+  }
+
+  // A command that reads the file and makes another of it to look at.
+  void AddPicture(const char* command, std::string_view suffix) {
+    const ModelFile file = File("base");
+    Job job;
+    job.name = command;
+    job.files = {file};
+    job.command = Command("bench_program", {command, file.path, "-o",
+                                            plan_.folder + "/picture" + std::string(suffix)});
+    job.contenders = {Other("read", {"read", file.path})};
+    job.least_ratio = 0.5;
     jobs_.push_back(std::move(job));
   }
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing from Debian's packages:
-# cmake/setup.sh native|format|display|checks|coverage|windows|wine32|peers|counts ...
+# cmake/setup.sh native|format|display|browser|checks|coverage|windows|wine32|peers|counts ...
 # Asks nothing. Packages that are installed already cost one look at the package database.
 set -eu
 
@@ -11,6 +11,8 @@ native=(cmake ninja-build g++ libgtest-dev qt6-base-dev zlib1g-dev libbz2-dev li
 format=(clang-format python3)
 # A display that nobody sees, and a user at it.
 display=(xvfb xdotool)
+# What looks at the page of a report.
+browser=(chromium)
 # clang's sanitizers, fuzzer and checker.
 checks=(clang libclang-rt-dev clang-tidy)
 # What reads clang's source coverage.
@@ -30,6 +32,7 @@ for part in "$@"; do
     native) wanted+=("${native[@]}") ;;
     format) wanted+=("${format[@]}") ;;
     display) wanted+=("${display[@]}") ;;
+    browser) wanted+=("${browser[@]}") ;;
     checks) wanted+=("${checks[@]}") ;;
     coverage) wanted+=("${coverage[@]}") ;;
     windows) wanted+=("${windows[@]}") ;;

@@ -6,6 +6,7 @@
 #include "hosts/edit_language.h"
 #include "hosts/list_options.h"
 #include "hosts/record_selection.h"
+#include "hosts/report_page.h"
 #include "hosts/stats_report.h"
 #include "model/record_kind.h"
 
@@ -92,6 +93,8 @@ constexpr Command kCommands[] = {
      "print sizes, kinds and patterns of names, in numbers", StatsHelp, RunStats},
     {"spy", "FILE", 1, 1, kReadings | kOutput | kWidth | kHeight, "show the matrix as a picture",
      SpyHelp, RunSpy},
+    {"report", "FILE", 1, 1, kLines | kOutput, "make a page of HTML about a model", ReportHelp,
+     RunReport},
     {"rows", "FILE", 1, 1, kReadings | kJson | kLimit | kEquations | kListing, "list the rows",
      [] { return ListHelp(model::kRowKind); }, RunRows},
     {"columns", "FILE", 1, 1, kReadings | kJson | kLimit | kListing | kInteger, "list the columns",

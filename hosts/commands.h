@@ -34,6 +34,7 @@ const Command* FindCommand(std::string_view name);
 int RunInfo(Session& session);
 int RunStats(Session& session);
 int RunSpy(Session& session);
+int RunReport(Session& session);
 int RunRows(Session& session);
 int RunColumns(Session& session);
 int RunRow(Session& session);

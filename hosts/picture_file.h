@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "inspect/matrix_picture.h"
 #include "model/model_store.h"
 
 namespace quarvel::hosts {
@@ -18,5 +19,7 @@ struct PictureRoom {
 
 std::string SvgPicture(const model::ModelStore& store, const PictureRoom& room);
 std::string PngPicture(const model::ModelStore& store, const PictureRoom& room);
+// The points alone, a pixel each, on a light or on a dark ground.
+std::string PngPoints(const inspect::MatrixPicture& points, bool is_dark);
 
 }  // namespace quarvel::hosts

@@ -115,16 +115,33 @@ void DrawFrame(Raster& raster, const PictureLayout& layout) {
   raster.Fill(left + wide - 1, top, 1, high, kFrame);
 }
 
-// From a light blue, which a single element is seen in, to a dark one.
-std::vector<Color> Palette() {
-  constexpr std::array<int, 3> kLight = {0x8F, 0xB4, 0xDC};
-  constexpr std::array<int, 3> kDark = {0x08, 0x30, 0x6B};
-  std::vector<Color> palette = {{0xFF, 0xFF, 0xFF}, {0x22, 0x22, 0x22}, {0x88, 0x88, 0x88}};
+struct Shading {
+  Color ground;
+  Color ink;
+  Color frame;
+  // A single element is seen in the first, the fullest point is drawn in the second.
+  Color few;
+  Color many;
+};
+constexpr Shading kLight = {{0xFF, 0xFF, 0xFF},
+                            {0x22, 0x22, 0x22},
+                            {0x88, 0x88, 0x88},
+                            {0x8F, 0xB4, 0xDC},
+                            {0x08, 0x30, 0x6B}};
+constexpr Shading kDark = {{0x16, 0x1A, 0x1E},
+                           {0xDD, 0xDD, 0xDD},
+                           {0x88, 0x88, 0x88},
+                           {0x3A, 0x68, 0x9C},
+                           {0xD6, 0xE9, 0xFF}};
+
+std::vector<Color> PaletteOf(const Shading& shading) {
+  std::vector<Color> palette = {shading.ground, shading.ink, shading.frame};
   for (int shade = 0; shade < kPictureShades; ++shade) {
     Color color = {};
     for (std::size_t part = 0; part < color.size(); ++part) {
-      const int apart = kDark[part] - kLight[part];
-      color[part] = static_cast<std::uint8_t>(kLight[part] + apart * shade / (kPictureShades - 1));
+      const int apart = shading.many[part] - shading.few[part];
+      color[part] =
+          static_cast<std::uint8_t>(shading.few[part] + apart * shade / (kPictureShades - 1));
     }
     palette.push_back(color);
   }
@@ -140,7 +157,18 @@ std::string PngPicture(const model::ModelStore& store, const PictureRoom& room) 
   DrawLabels(raster, layout);
   DrawPoints(raster, layout);
   DrawFrame(raster, layout);
-  return PngBytes(raster, Palette());
+  return PngBytes(raster, PaletteOf(kLight));
+}
+
+std::string PngPoints(const inspect::MatrixPicture& points, bool is_dark) {
+  Raster raster(points.width(), points.height());
+  for (std::int32_t y = 0; y < points.height(); ++y) {
+    for (std::int32_t x = 0; x < points.width(); ++x) {
+      const int shade = points.ShadeAt(x, y, kPictureShades);
+      if (shade > 0) raster.Set(x, y, static_cast<std::uint8_t>(kFirstShade + shade - 1));
+    }
+  }
+  return PngBytes(raster, PaletteOf(is_dark ? kDark : kLight));
 }
 
 }  // namespace quarvel::hosts

@@ -5,9 +5,9 @@
 #include "hosts/braille_picture.h"
 #include "hosts/commands.h"
 #include "hosts/input_bytes.h"
+#include "hosts/made_file.h"
 #include "hosts/picture_file.h"
 #include "hosts/png_file.h"
-#include "platform/file_replacement.h"
 #include "text/visible_text.h"
 
 namespace quarvel::hosts {
@@ -45,13 +45,7 @@ void WritePicture(Session& session, PictureWriter writer) {
   PictureRoom room;
   if (session.arguments.width) room.width = *session.arguments.width;
   if (session.arguments.height) room.height = *session.arguments.height;
-  try {
-    platform::FileReplacement file(path);
-    file.output().Write(writer(session.model().store(), room));
-    file.Commit();
-  } catch (const AutomationError& error) {
-    throw CommandError(kProblem, path + ": " + error.description());
-  }
+  WriteMadeFile(path, writer(session.model().store(), room));
   session.streams.out << text::OneLine(path) + ": " + SizeText(session.model()) + '\n';
 }
 
@@ -79,7 +73,7 @@ int RunSpy(Session& session) {
                        "into a file that ends in .svg");
   }
   const std::string& model = session.arguments.operands[0];
-  if (!output.empty() && (output == model || platform::IsSameFile(output, model))) {
+  if (!output.empty() && IsSameFile(output, model)) {
     throw CommandError(kUsage, "spy cannot draw over the model");
   }
   session.Read(model);

@@ -1,0 +1,23 @@
+#include "hosts/made_file.h"
+
+#include "hosts/streams.h"
+#include "platform/file_replacement.h"
+#include "platform/files.h"
+
+namespace quarvel::hosts {
+
+bool IsSameFile(const std::string& a, const std::string& b) {
+  return a == b || platform::IsSameFile(a, b);
+}
+
+void WriteMadeFile(const std::string& path, std::string_view bytes) {
+  try {
+    platform::FileReplacement file(path);
+    file.output().Write(bytes);
+    file.Commit();
+  } catch (const AutomationError& error) {
+    throw CommandError(kProblem, path + ": " + error.description());
+  }
+}
+
+}  // namespace quarvel::hosts

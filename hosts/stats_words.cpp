@@ -1,0 +1,118 @@
+#include "hosts/stats_words.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <numeric>
+
+#include "hosts/printing.h"
+#include "text/numbers.h"
+
+namespace quarvel::hosts {
+namespace {
+
+using inspect::BoundShape;
+using inspect::RecordFamily;
+using inspect::ValueRange;
+
+template <class Types>
+std::string TypesText(const RecordFamily& family, const Types& types) {
+  std::string text;
+  for (const auto& type : types) {
+    const std::int32_t count = family.types[static_cast<std::size_t>(type.type)];
+    if (count == 0) continue;
+    std::string letter = type.letter.empty() ? "none" : std::string(type.letter);
+    if (count == family.count) return letter;
+    if (!text.empty()) text += ' ';
+    text.append(letter).append(" ").append(text::IntegerText(count));
+  }
+  return text;
+}
+
+}  // namespace
+
+std::string ShortText(double value) {
+  std::array<char, 32> digits;
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                 std::chars_format::general, 6);
+  std::string text(digits.data(), end.ptr);
+  std::replace(text.begin(), text.end(), 'e', 'E');
+  return text;
+}
+
+std::string ShortBound(double bound) {
+  return std::abs(bound) == model::BoundLimit ? BoundText(bound) : ShortText(bound);
+}
+
+std::string RangeText(const ValueRange& range) {
+  if (range.is_empty) return "";
+  const std::string from = ShortBound(range.from);
+  const std::string to = ShortBound(range.to);
+  return from == to ? from : from + " to " + to;
+}
+
+std::string CoefficientsText(const inspect::ElementRange& elements) {
+  if (elements.count == 0) return "";
+  std::string text = elements.values.to > 0 ? "+" : "";
+  if (elements.values.from < 0) text += '-';
+  const std::string from = ShortText(elements.sizes.from);
+  const std::string to = ShortText(elements.sizes.to);
+  return text + (from == to ? from : from + " to " + to);
+}
+
+std::string RowTypesText(const RecordFamily& family) { return TypesText(family, model::kRowTypes); }
+
+std::string ColumnTypesText(const RecordFamily& family) {
+  return TypesText(family, model::kColumnTypes);
+}
+
+std::string PlaceText(const model::ModelStore& store, const inspect::PlacedNumber& number) {
+  std::string text;
+  if (number.row != 0) text = store.Row(number.row).Name;
+  if (number.row != 0 && number.column != 0) text += ", ";
+  if (number.column != 0) text += store.Column(number.column).Name;
+  return text;
+}
+
+std::string ForecastText(const model::ModelStore& store, const simplify::Forecast& forecast) {
+  if (forecast.none()) return "nothing to take";
+  std::string text;
+  const auto add = [&text](std::int32_t count, std::string_view noun, std::string_view fate) {
+    if (count == 0) return;
+    if (!text.empty()) text += ", ";
+    text += Counted(count, noun).append(fate);
+  };
+  add(forecast.converted_rows, "row", " into bounds");
+  add(forecast.asked_rows, "row", " to be asked about");
+  add(forecast.empty_columns, "empty column", " out");
+  add(forecast.empty_rows, "empty row", " out");
+  if (forecast.failing_row != 0) {
+    if (!text.empty()) text += ", ";
+    text += "then it fails at row " + store.Row(forecast.failing_row).Name;
+  }
+  return text;
+}
+
+const std::array<ShapeWord, inspect::kBoundShapes> kShapeWords = {{
+    {BoundShape::kNonNegative, "0 or more"},
+    {BoundShape::kLowerOnly, "lower bound alone"},
+    {BoundShape::kUpperOnly, "upper bound alone"},
+    {BoundShape::kZeroOne, "from 0 to 1"},
+    {BoundShape::kBoxed, "both bounds"},
+    {BoundShape::kFixed, "fixed"},
+    {BoundShape::kFree, "free"},
+    {BoundShape::kCrossed, "lower above upper"},
+}};
+
+std::int32_t CountOf(const std::array<std::int32_t, inspect::kBoundShapes>& shapes) {
+  return std::accumulate(shapes.begin(), shapes.end(), std::int32_t{0});
+}
+
+std::array<NamedSizes, 4> SizesOf(const inspect::ModelStats& stats) {
+  return {{{"coefficients", stats.coefficients},
+           {"objective", stats.objective},
+           {"right-hand sides", stats.right_hand_sides},
+           {"bounds", stats.bounds}}};
+}
+
+}  // namespace quarvel::hosts
