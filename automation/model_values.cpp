@@ -9,7 +9,7 @@ namespace {
 // The value converted by the system; Null when it cannot be.
 model::Variant Converted(VARIANT& value, VARTYPE type) {
   VariantHolder result;
-  if (FAILED(VariantChangeTypeEx(result.Receive(), &value, kConversionLocale, 0, type))) {
+  if (HasFailed(VariantChangeTypeEx(result.Receive(), &value, kConversionLocale, 0, type))) {
     return model::Variant::Null{};
   }
   if (type == VT_BSTR) return Utf8FromBstr(V_BSTR(&result.value()));
@@ -24,7 +24,7 @@ model::Variant FromObject(VARIANT& value, Wanted wanted) {
   const HRESULT read = V_DISPATCH(&value)->Invoke(DISPID_VALUE, IID_NULL, kConversionLocale,
                                                   DISPATCH_PROPERTYGET | DISPATCH_METHOD, &none,
                                                   property.Receive(), nullptr, nullptr);
-  if (FAILED(read) || V_VT(&property.value()) == VT_DISPATCH) return model::Variant::Null{};
+  if (HasFailed(read) || V_VT(&property.value()) == VT_DISPATCH) return model::Variant::Null{};
   return ToModelValue(&property.value(), wanted);
 }
 
@@ -62,7 +62,7 @@ VARIANT* Dereference(VARIANT* variant) {
 VariantHolder CopyValue(VARIANT* variant) {
   VARIANT* const inner = Dereference(variant);
   VariantHolder copy;
-  if (inner == nullptr || FAILED(VariantCopyInd(copy.Receive(), inner))) {
+  if (inner == nullptr || HasFailed(VariantCopyInd(copy.Receive(), inner))) {
     RaiseRunTimeError(RunTimeError::kTypeMismatch);
   }
   return copy;

@@ -46,7 +46,9 @@ STDMETHODIMP LPModelObject::get_showFrm(VARIANT* result) {
     RequirePointer(result);
     VariantInit(result);
     const auto* kept = std::any_cast<KeptValue>(&model_.showFrm());
-    return kept == nullptr ? S_OK : VariantCopy(result, &(*kept)->value());
+    if (kept == nullptr) return S_OK;
+    const HRESULT copied = VariantCopy(result, &(*kept)->value());
+    return HasFailed(copied) ? copied : S_OK;
   });
 }
 

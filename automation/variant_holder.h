@@ -1,6 +1,8 @@
 // Owns one VARIANT and whatever is in it. Move-only.
 #pragma once
 
+#include <new>
+
 #include <windows.h>
 #include <oleauto.h>
 
@@ -39,5 +41,12 @@ class VariantHolder {
  private:
   VARIANT value_;
 };
+
+// Of what the system could not do with a value, a lack of memory says nothing about the value:
+// raises std::bad_alloc for it. Otherwise true when it has failed.
+inline bool HasFailed(HRESULT code) {
+  if (code == E_OUTOFMEMORY) throw std::bad_alloc();
+  return FAILED(code);
+}
 
 }  // namespace quarvel::automation

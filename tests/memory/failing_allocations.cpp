@@ -83,6 +83,8 @@ EnoughMemory::EnoughMemory() : armed_before_(std::exchange(armed, false)) {}
 
 EnoughMemory::~EnoughMemory() { armed = armed_before_; }
 
+bool AllocationFails() { return Fails(); }
+
 std::int64_t FailedAllocations() { return failed_in_all; }
 
 }  // namespace quarvel::testing

@@ -34,6 +34,10 @@ class EnoughMemory {
   bool armed_before_;
 };
 
+// For memory that does not come from operator new: counts as one allocation, and tells whether it is
+// to fail.
+bool AllocationFails();
+
 // All allocations that have failed so far.
 std::int64_t FailedAllocations();
 
