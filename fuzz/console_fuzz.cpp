@@ -102,8 +102,8 @@ class Terminal {
 
   std::optional<std::string> Typed() {
     static const std::array<const char*, 16> kLines = {"y",   "n",    "c", "yes", "No", "cancel",
-                                                       "",    "1",    "2", "3",   "99", "ok",
-                                                       " y ", "what", "é", "NEW"};
+                                                       "",    "1",    "2", "all", "99", "ok",
+                                                       " y ", "quit", "é", "NEW"};
     if (++lines_ > kMostLines || choose_.at_end()) return std::nullopt;
     const std::uint32_t kind = choose_(20);
     if (kind < kLines.size()) return kLines[kind];

@@ -84,8 +84,9 @@ std::optional<std::string> Answers::AnswerFile(const platform::FileDialog&) { re
 
 bool Answers::DriveForm(platform::Form& form) {
   auto* const bounds = dynamic_cast<mps::frmSetDefaultBounds*>(&form);
-  if (bounds == nullptr || !arguments_.infinite_default_bounds) return false;
-  bounds->Choose(*arguments_.infinite_default_bounds);
+  const std::optional<bool> given = arguments_.infinite_default_bounds;
+  if (bounds == nullptr || (arguments_.ask && !given)) return false;
+  bounds->Choose(given.value_or(false));
   return true;
 }
 

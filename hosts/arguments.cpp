@@ -95,11 +95,14 @@ bool AppendWords(std::vector<std::string>& words, std::string_view value) {
 
 constexpr Option kFirstOptions[] = {
     {kDialect, "--dialect", "", "wide|component",
-     "how files are read: as this program does (the default), or as\nthe component does, with its "
-     "questions",
+     "how files are read: as this program does (the default), or as\nthe component does",
      [](Arguments& a, std::string_view v) {
        return Choose(a.component_dialect, kDialectWords, v);
      }},
+    {kAsk, "--ask", "", "",
+     "ask on the terminal what the component asks: the default\nbounds, each problem, whether to "
+     "simplify; reads as it does",
+     [](Arguments& a, std::string_view) { return a.ask = true; }},
     {kFileColumns, "--file-columns", "", "fixed|free",
      "where words of a file stand: in fixed columns, or between\nblanks; without, as the file's lines "
      "make sense",
@@ -113,7 +116,8 @@ constexpr Option kFirstOptions[] = {
        return Choose(a.negative_upper_frees_lower, kNegativeUpperWords, v);
      }},
     {kDefaultBounds, "--default-bounds", "", "0|inf",
-     "lower bound of columns that the file gives none:\n0 (the default), or no bound",
+     "lower bound of columns that the file gives none:\n0 (the default), or no bound; the variable\n"
+     "QUARVEL_DEFAULT_BOUNDS of the environment says it too",
      [](Arguments& a, std::string_view v) {
        return Choose(a.infinite_default_bounds, kBoundWords, v);
      }},
@@ -181,38 +185,14 @@ constexpr Option kMoreOptions[] = {
      [](Arguments& a, std::string_view) { return a.version = true; }},
 };
 
-// All of them, in the order of a help text.
-const std::vector<Option>& AllOptions() {
-  static const std::vector<Option> options = [] {
-    std::vector<Option> all(std::begin(kFirstOptions), std::end(kFirstOptions));
-    for (const QuestionOption& question : QuestionOptions()) {
-      all.push_back(
-          {question.id, question.name, "", question.values, question.help, nullptr, &question});
-    }
-    const std::span<const Option> list = ListOptions();
-    all.insert(all.end(), list.begin(), list.end());
-    all.insert(all.end(), std::begin(kMoreOptions), std::end(kMoreOptions));
-    return all;
-  }();
-  return options;
-}
-
 [[noreturn]] void RaiseUsage(std::string text) { throw CommandError(kUsage, std::move(text)); }
 
-const Option& FindOption(std::string_view name) {
-  for (const Option& option : AllOptions()) {
-    if (name == option.name || (!option.short_name.empty() && name == option.short_name)) {
-      return option;
-    }
-  }
+const Option& KnownOption(std::string_view name) {
+  const Option* const option = FindOption(name);
+  if (option != nullptr) return *option;
   text::NearestWords nearest(name);
-  for (const Option& option : AllOptions()) nearest.Offer(option.name);
+  for (const Option& each : AllOptions()) nearest.Offer(each.name);
   RaiseUsage("there is no option " + std::string(name) + text::DidYouMean(nearest.words()));
-}
-
-bool IsOption(std::string_view word) {
-  return word.size() > 1 && word[0] == '-' &&
-         std::string_view("0123456789.").find(word[1]) == std::string_view::npos;
 }
 
 // The option at the front of `words`; gives how many words it took.
@@ -224,7 +204,7 @@ std::size_t TakeOption(Arguments& arguments, std::span<const std::string> words)
     value = name.substr(equals + 1);
     name = name.substr(0, equals);
   }
-  const Option& option = FindOption(name);
+  const Option& option = KnownOption(name);
   std::size_t taken = 1;
   if (option.value.empty()) {
     if (value) RaiseUsage(std::string(option.name) + " takes no value");
@@ -252,6 +232,39 @@ void TakeOperand(Arguments& arguments, const std::string& word) {
 }
 
 }  // namespace
+
+const std::vector<Option>& AllOptions() {
+  static const std::vector<Option> options = [] {
+    std::vector<Option> all(std::begin(kFirstOptions), std::end(kFirstOptions));
+    for (const QuestionOption& question : QuestionOptions()) {
+      all.push_back(
+          {question.id, question.name, "", question.values, question.help, nullptr, &question});
+    }
+    const std::span<const Option> list = ListOptions();
+    all.insert(all.end(), list.begin(), list.end());
+    all.insert(all.end(), std::begin(kMoreOptions), std::end(kMoreOptions));
+    return all;
+  }();
+  return options;
+}
+
+bool IsOption(std::string_view word) {
+  return word.size() > 1 && word[0] == '-' &&
+         std::string_view("0123456789.").find(word[1]) == std::string_view::npos;
+}
+
+const Option* FindOption(std::string_view name) {
+  const auto found =
+      std::find_if(AllOptions().begin(), AllOptions().end(), [name](const Option& option) {
+        return name == option.name || (!option.short_name.empty() && name == option.short_name);
+      });
+  return found == AllOptions().end() ? nullptr : &*found;
+}
+
+const Option& OptionOf(OptionSet id) {
+  return *std::find_if(AllOptions().begin(), AllOptions().end(),
+                       [id](const Option& option) { return option.id == id; });
+}
 
 Arguments ParseArguments(std::span<const std::string> words) {
   Arguments arguments;

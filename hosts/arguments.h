@@ -48,6 +48,7 @@ inline constexpr OptionSet kStrict = OptionSet{1} << 49;
 inline constexpr OptionSet kOutput = OptionSet{1} << 53;
 inline constexpr OptionSet kWidth = OptionSet{1} << 54;
 inline constexpr OptionSet kHeight = OptionSet{1} << 55;
+inline constexpr OptionSet kAsk = OptionSet{1} << 74;
 // The options that answer questions (questions.h), and those of them that a command may refuse.
 inline constexpr OptionSet kQuestions = OptionSet{0xFFFF} << 16;
 inline constexpr OptionSet kOnError = OptionSet{1} << 16;
@@ -55,6 +56,7 @@ inline constexpr OptionSet kSimplify = OptionSet{1} << 17;
 inline constexpr OptionSet kOnConflict = OptionSet{1} << 18;
 
 struct GivenAnswer;
+struct Option;
 
 // --tolerance ABS[,REL].
 struct GivenTolerance {
@@ -69,7 +71,8 @@ struct Arguments {
   std::vector<std::string> operands;
   OptionSet used = 0;
 
-  bool component_dialect = false;  // files are read as the component reads them, with its questions
+  bool component_dialect = false;  // --dialect component
+  bool ask = false;                // the component's questions, and so its way of reading
   mps::FileColumns file_columns = mps::FileColumns::kByLine;
   std::string objective;
   bool negative_upper_frees_lower = false;
@@ -102,11 +105,26 @@ struct Arguments {
 
   bool help = false;
   bool version = false;
+
+  // Files are read as the component reads them.
+  bool reads_as_component() const { return component_dialect || ask; }
 };
 
 // Takes the command line apart (without the program's name). Raises a CommandError of status kUsage
 // for an unknown option, a missing value or one that is not allowed.
 Arguments ParseArguments(std::span<const std::string> words);
+
+// False for operands, those that begin with "-" included.
+bool IsOption(std::string_view word);
+
+// The option of that name, long or short; null when there is none.
+const Option* FindOption(std::string_view name);
+
+// Every option, in the order of a help text.
+const std::vector<Option>& AllOptions();
+
+// The option that is the set's only one, which must be there.
+const Option& OptionOf(OptionSet id);
 
 // The lines of a help text about these options.
 std::string DescribeOptions(OptionSet options);

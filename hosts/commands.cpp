@@ -8,14 +8,16 @@
 #include "hosts/record_selection.h"
 #include "hosts/report_page.h"
 #include "hosts/stats_report.h"
+#include "hosts/streams.h"
 #include "model/record_kind.h"
+#include "text/edit_distance.h"
 
 namespace quarvel::hosts {
 namespace {
 
 // How lines are taken, for commands that read without the component's questions.
 constexpr OptionSet kLines = kFileColumns | kObjectiveRow | kNegativeUpper | kDefaultBounds;
-constexpr OptionSet kReadings = kDialect | kLines | kQuestions | kLog;
+constexpr OptionSet kReadings = kDialect | kAsk | kLines | kQuestions | kLog;
 constexpr OptionSet kWritings = kReadings | kMissingEndata | kLoss | kLayout | kStrict | kJson;
 
 std::string InfoHelp() {
@@ -82,6 +84,13 @@ std::string DiffHelp() {
          "or\nno edit commands make A equal to B.\n";
 }
 
+std::string CompletionHelp() {
+  return "SHELL is bash, zsh or fish. Commands, options and their values, files, and the names of rows and "
+         "columns\nare completed. To have that from now on, put \"source <(quarvel completion bash)\" into "
+         "~/.bashrc,\nthe same with zsh into ~/.zshrc, or \"quarvel completion fish | source\" into\n"
+         "~/.config/fish/config.fish.\n";
+}
+
 std::string ViewHelp() {
   return "The dialogs about reading, and its questions, are windows too.\n";
 }
@@ -115,15 +124,20 @@ constexpr Command kCommands[] = {
      "list every problem of a file and of its model", CheckHelp, RunCheck},
     {"convert", "IN OUT", 2, 2, kWritings, "read a file and write it anew", ConvertHelp,
      RunConvert},
-    {"simplify", "IN OUT", 2, 2, kWritings & ~kSimplify, "simplify a model and write it",
+    {"simplify", "IN OUT", 2, 2, kWritings & ~(kSimplify | kAsk), "simplify a model and write it",
      SimplifyHelp, RunSimplify},
     {"edit", "IN OUT", 2, 2, kWritings | kCommand, "change a model by commands and write it",
      EditHelp, RunEdit},
     {"diff", "A B", 2, 2,
-     (kReadings & ~(kLog | kSimplify | kOnConflict)) | kJson | kLimit | kQuiet | kTolerance |
+     (kReadings & ~(kLog | kSimplify | kOnConflict | kAsk)) | kJson | kLimit | kQuiet | kTolerance |
          kScript,
      "tell what two models differ in", DiffHelp, RunDiff, kUsage},
     {"view", "[FILE]", 0, 1, kEdit, "show a model in a window", ViewHelp, RunView},
+    {"help", "[COMMAND]", 0, 1, 0, "print this help, or that of a command", nullptr, RunHelp},
+    {"completion", "SHELL", 1, 1, 0, "print what makes the Tab key of a shell complete",
+     CompletionHelp, RunCompletion},
+    {"man", "[COMMAND]", 0, 1, 0, "print a page of the manual, as man(1) takes it", nullptr,
+     RunMan},
 };
 
 }  // namespace
@@ -134,6 +148,15 @@ const Command* FindCommand(std::string_view name) {
   const auto* const found = std::find_if(std::begin(kCommands), std::end(kCommands),
                                          [name](const Command& c) { return c.name == name; });
   return found == std::end(kCommands) ? nullptr : found;
+}
+
+const Command& CommandOf(std::string_view name) {
+  const Command* const command = FindCommand(name);
+  if (command != nullptr) return *command;
+  text::NearestWords nearest(name);
+  for (const Command& known : Commands()) nearest.Offer(known.name);
+  throw CommandError(
+      kUsage, "there is no command " + std::string(name) + text::DidYouMean(nearest.words()));
 }
 
 }  // namespace quarvel::hosts

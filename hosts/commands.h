@@ -29,8 +29,10 @@ struct Command {
 std::span<const Command> Commands();
 // Null when there is none of that name.
 const Command* FindCommand(std::string_view name);
+// Raises a CommandError when there is none, with those of like names.
+const Command& CommandOf(std::string_view name);
 
-// Each stands in a source of its own name.
+// Each stands in a source of its own name, or of what it prints.
 int RunInfo(Session& session);
 int RunStats(Session& session);
 int RunSpy(Session& session);
@@ -49,5 +51,8 @@ int RunSimplify(Session& session);
 int RunEdit(Session& session);
 int RunDiff(Session& session);
 int RunView(Session& session);
+int RunHelp(Session& session);
+int RunCompletion(Session& session);
+int RunMan(Session& session);
 
 }  // namespace quarvel::hosts

@@ -6,6 +6,7 @@
 #include "hosts/commands.h"
 #include "hosts/diff_report.h"
 #include "hosts/edit_script.h"
+#include "hosts/input_bytes.h"
 #include "hosts/script_obstacles.h"
 #include "text/visible_text.h"
 
@@ -22,7 +23,7 @@ inspect::Tolerance ComparedWithin(const Arguments& arguments) {
 // Hands all differences to the visitor. The component's read says nothing of a file beside its model.
 void CompareSides(const DiffSides& sides, const inspect::DifferenceVisitor& visit) {
   const inspect::Tolerance tolerance = ComparedWithin(sides.a.arguments);
-  if (!sides.a.arguments.component_dialect) {
+  if (!sides.a.arguments.reads_as_component()) {
     inspect::CompareFacts(sides.a.facts(), sides.b.facts(), tolerance, visit);
   }
   inspect::Compare(sides.a.model().store(), sides.b.model().store(), tolerance, visit);
@@ -38,7 +39,7 @@ int PrintReport(const DiffSides& sides) {
 }
 
 ScriptSide ScriptSideOf(Session& session) {
-  const bool knows_facts = !session.arguments.component_dialect;
+  const bool knows_facts = !session.arguments.reads_as_component();
   return {session.model().store(), knows_facts ? &session.facts() : nullptr};
 }
 
@@ -47,7 +48,9 @@ void StopAtObstacles(const DiffSides& sides) {
       ScriptSideOf(sides.a), ScriptSideOf(sides.b), ComparedWithin(sides.a.arguments));
   if (obstacles.empty()) return;
   for (const std::string& obstacle : obstacles) sides.a.Note(obstacle);
-  throw CommandError(kProblem, "no edit commands make A equal to B");
+  throw CommandError(kProblem, "no edit commands make " +
+                                   NameOfInput(sides.a.arguments.operands[0]) + " equal to " +
+                                   NameOfInput(sides.a.arguments.operands[1]));
 }
 
 int PrintScript(const DiffSides& sides) {

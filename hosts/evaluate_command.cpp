@@ -1,7 +1,6 @@
 // quarvel evaluate: a row's activity at a point.
 
 #include "hosts/commands.h"
-#include "hosts/find_record.h"
 #include "hosts/point.h"
 #include "hosts/printing.h"
 #include "text/numbers.h"
@@ -28,7 +27,8 @@ int RunEvaluate(Session& session) {
   session.Read(arguments.operands[0]);
   const LPModel& model = session.model();
   const auto note = [&session](std::string_view text) { session.Note(text); };
-  const std::int32_t row = FindRecord(model, model::kRowKind, arguments.operands[1], note);
+  const std::int32_t row =
+      session.Find(arguments.operands[0], model::kRowKind, arguments.operands[1]);
   Point point(model, note);
   if (!arguments.point.empty()) point.SetFromFile(arguments.point);
   for (std::size_t i = 2; i < arguments.operands.size(); ++i) {

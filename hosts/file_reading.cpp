@@ -5,6 +5,7 @@
 
 #include "hosts/input_bytes.h"
 #include "hosts/printing.h"
+#include "hosts/source_excerpt.h"
 #include "hosts/streams.h"
 #include "model/simplify_offer.h"
 #include "mps/frm_progress.h"
@@ -21,12 +22,21 @@ std::string PlacedSentence(const mps::FileProblem& problem) {
   return text + mps::SentenceOf(problem);
 }
 
-platform::Box BoxOf(const mps::FileProblem& problem) {
+// The line where it stands, if it is known, with carets below what is meant.
+std::string ExcerptLines(const mps::FileProblem& problem) {
+  if (problem.text.empty()) return "";
+  const SourceExcerpt excerpt = ExcerptOf(problem);
+  std::string lines = "    " + excerpt.text + "\r\n";
+  if (!excerpt.marks.empty()) lines += "    " + excerpt.marks + "\r\n";
+  return lines;
+}
+
+platform::Box BoxOf(const std::string& name, const mps::FileProblem& problem) {
   platform::Box box = {.kind = platform::BoxKind::kReadProblem,
                        .statement = PlacedSentence(problem),
-                       .question = "Go on reading the file?",
+                       .question = ExcerptLines(problem) + "Go on reading the file?",
                        .style = platform::MsgBoxStyle::kYesNo,
-                       .title = "A problem in the file",
+                       .title = "A problem in " + name,
                        .code = mps::TraitsOf(problem.code).name,
                        .line = problem.line,
                        .item = problem.item};
@@ -96,7 +106,7 @@ mps::FileRead FileReading::ReadInWindow(const std::string& path, mps::ReadOption
 
 bool FileReading::GoesOnAfter(const mps::FileProblem& problem) {
   if (mps::TraitsOf(problem.code).weight() != mps::ProblemWeight::kError) return true;
-  if (desktop_.MsgBox(BoxOf(problem)) != platform::MsgBoxResult::kYes) return false;
+  if (desktop_.MsgBox(BoxOf(answers_.file, problem)) != platform::MsgBoxResult::kYes) return false;
   desktop_.DoEvents();
   return true;
 }

@@ -1,7 +1,10 @@
-// The help texts, made from the tables of commands and options.
+// The help texts, made from the tables of commands and options, and what they have in common with the
+// manual.
 #pragma once
 
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "hosts/commands.h"
 
@@ -9,5 +12,23 @@ namespace quarvel::hosts {
 
 std::string ProgramHelp();
 std::string CommandHelp(const Command& command);
+
+inline constexpr std::string_view kProgramSummary =
+    "Reads, queries, edits and writes linear and mixed-integer models in MPS files.";
+// How rows and columns are named on a command line.
+std::string_view NamesHelp();
+
+struct ExitStatus {
+  std::string_view number;
+  std::string_view meaning;
+};
+std::span<const ExitStatus> ExitStatuses();
+
+// Of the environment.
+struct Variable {
+  std::string_view name;
+  std::string_view meaning;
+};
+std::span<const Variable> Variables();
 
 }  // namespace quarvel::hosts

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "hosts/commands.h"
-#include "hosts/find_record.h"
 #include "hosts/printing.h"
 #include "hosts/short_equation.h"
 #include "text/cell_width.h"
@@ -117,8 +116,7 @@ int PrintItem(Session& session, const model::RecordKind& kind) {
   const auto& operands = session.arguments.operands;
   session.Read(operands[0]);
   const LPModel& model = session.model();
-  const std::int32_t index = FindRecord(model, kind, operands[1],
-                                        [&session](std::string_view text) { session.Note(text); });
+  const std::int32_t index = session.Find(operands[0], kind, operands[1]);
   const std::int64_t elements = (model.*kind.elements)(index);
   const Arguments& arguments = session.arguments;
   const Screen& screen = session.streams.screen;

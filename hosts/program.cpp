@@ -4,12 +4,13 @@
 
 #include "hosts/arguments.h"
 #include "hosts/commands.h"
+#include "hosts/completion.h"
+#include "hosts/environment.h"
 #include "hosts/help.h"
 #include "hosts/session.h"
 #include "model/about.h"
 #include "platform/automation_error.h"
 #include "platform/files.h"
-#include "text/edit_distance.h"
 #include "text/visible_text.h"
 
 namespace quarvel::hosts {
@@ -19,6 +20,9 @@ namespace {
 std::string Objection(const Command& command, const Arguments& arguments) {
   const OptionSet foreign = arguments.used & ~command.options;
   if (foreign != 0) return "takes no " + OptionName(foreign);
+  const bool is_wide = (arguments.used & kDialect) != 0 && !arguments.component_dialect;
+  if (arguments.ask && is_wide)
+    return "takes --ask or --dialect wide: the questions are the component's";
   const auto& operands = arguments.operands;
   if (operands.size() < command.fewest_operands || operands.size() > command.most_operands) {
     return "takes " + std::string(command.operands);
@@ -35,24 +39,22 @@ std::string Objection(const Command& command, const Arguments& arguments) {
   return log_is_model ? "cannot copy the log over a model" : "";
 }
 
-int RunCommand(const Arguments& arguments, const Streams& streams, int& failure) {
-  const Command* const command = FindCommand(arguments.command);
-  if (arguments.help || (command == nullptr && arguments.command.empty())) {
-    std::ostream& to = arguments.help ? streams.out : streams.err;
-    to << (command == nullptr ? ProgramHelp() : CommandHelp(*command));
+int RunCommand(Arguments& arguments, const Streams& streams, int& failure) {
+  if (arguments.command.empty()) {
+    (arguments.help ? streams.out : streams.err) << ProgramHelp();
     return arguments.help ? kGood : kUsage;
   }
-  if (command == nullptr) {
-    text::NearestWords nearest(arguments.command);
-    for (const Command& known : Commands()) nearest.Offer(known.name);
-    throw CommandError(
-        kUsage, "there is no command " + arguments.command + text::DidYouMean(nearest.words()));
+  const Command* const command = &CommandOf(arguments.command);
+  if (arguments.help) {
+    streams.out << CommandHelp(*command);
+    return kGood;
   }
   failure = command->failure;
   const std::string objection = Objection(*command, arguments);
   if (!objection.empty()) {
     throw CommandError(kUsage, std::string(command->name) + ' ' + objection);
   }
+  if ((command->options & kDefaultBounds) != 0) TakeEnvironment(arguments);
   Session session(arguments, streams);
   const int status = command->run(session);
   session.StopIfUnanswered();
@@ -61,7 +63,11 @@ int RunCommand(const Arguments& arguments, const Streams& streams, int& failure)
 
 int Run(std::span<const std::string> words, const Streams& streams, std::string& command,
         int& failure) {
-  const Arguments arguments = ParseArguments(words);
+  if (!words.empty() && words.front() == kCompleteWord) {
+    streams.out << CompletionText(Complete(words.subspan(1), streams));
+    return kGood;
+  }
+  Arguments arguments = ParseArguments(words);
   command = arguments.command;
   if (arguments.version) {
     streams.out << "quarvel " << model::ProductVersion() << '\n';

@@ -17,6 +17,7 @@ constexpr GivenAnswer kAtConflict[] = {{"ask", std::nullopt},
                                        {"reset", MsgBoxResult::kNo, "The bounds were reset to it."},
                                        {"stop", MsgBoxResult::kCancel, "Stopped converting rows."}};
 constexpr GivenAnswer kNoOrYes[] = {{"", MsgBoxResult::kNo}, {"", MsgBoxResult::kYes}};
+constexpr GivenAnswer kAsked = {"", std::nullopt};
 constexpr GivenAnswer kYes[] = {{"", MsgBoxResult::kYes}};
 
 constexpr QuestionOption kTable[] = {
@@ -94,7 +95,9 @@ Decision DecisionOn(BoxKind kind) {
 const GivenAnswer& AnswerTo(BoxKind kind, const Arguments& arguments) {
   const QuestionOption& option = *DecisionOn(kind).option;
   const auto given = arguments.answers.find(option.id);
-  return given == arguments.answers.end() ? option.answers.front() : *given->second;
+  if (given != arguments.answers.end()) return *given->second;
+  const bool is_asked = arguments.ask && kind == BoxKind::kOfferToSimplify;
+  return is_asked ? kAsked : option.answers.front();
 }
 
 }  // namespace quarvel::hosts

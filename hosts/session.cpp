@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "hosts/find_record.h"
 #include "hosts/input_bytes.h"
 #include "hosts/loss_report.h"
 #include "hosts/output_name.h"
@@ -47,6 +48,7 @@ void Session::Note(std::string_view text) {
 
 void Session::StopIfInterrupted() const {
   if (desktop_.interrupted()) throw CommandError(kInterrupted, "stopped");
+  if (desktop_.has_quit()) throw CommandError(kProblem, "stopped at a question");
 }
 
 void Session::StopIfUnanswered() const {
@@ -58,10 +60,16 @@ void Session::StopIfUnanswered() const {
 bool Session::KeepPrinting() const { return streams.out.good() && !desktop_.interrupted(); }
 
 void Session::Read(const std::string& path) {
+  if (arguments.ask && !answers_.can_ask) {
+    throw CommandError(kUsage,
+                       "--ask needs a terminal to ask on; elsewhere --default-bounds, --on-error, "
+                       "--on-conflict and --simplify answer");
+  }
   answers_.file_failed = false;
-  const bool is_read = arguments.component_dialect ? ReadAsComponent(path)
-                                                   : reading_.Read(path) == mps::ReadOutcome::kRead;
-  size_ = arguments.component_dialect ? SizeOf(model_.store()) : reading_.size();
+  const bool is_read = arguments.reads_as_component()
+                           ? ReadAsComponent(path)
+                           : reading_.Read(path) == mps::ReadOutcome::kRead;
+  size_ = arguments.reads_as_component() ? SizeOf(model_.store()) : reading_.size();
   StopIfInterrupted();
   StopIfUnanswered();
   if (is_read) return TakeLog();
@@ -72,6 +80,20 @@ void Session::Read(const std::string& path) {
     text += "; \"--on-error continue\" passes over problems, \"quarvel check\" lists them";
   }
   throw CommandError(kProblem, text);
+}
+
+std::int32_t Session::Find(const std::string& path, const model::RecordKind& kind,
+                           std::string_view text) {
+  std::string complaint;
+  try {
+    return FindRecord(model_, kind, text, [this](std::string_view note) { Note(note); });
+  } catch (const CommandError& error) {
+    complaint = error.text();
+  } catch (const AutomationError& error) {
+    if (error.run_time_error() == RunTimeError::kOutOfMemory) throw;
+    complaint = error.description();
+  }
+  throw CommandError(kProblem, NameOfInput(path) + ": " + complaint);
 }
 
 bool Session::ReadAsComponent(const std::string& path) {
@@ -87,7 +109,8 @@ void Session::ReadToWrite(const std::string& path) {
   if (!objection.empty()) throw CommandError(kUsage, output + ' ' + objection);
   Read(path);
   if (!may_be_cut_off() || arguments.allow_missing_endata) return;
-  throw CommandError(kProblem, "nothing was written; --allow-missing-endata goes on");
+  throw CommandError(kProblem,
+                     output + " was not written; --allow-missing-endata writes what was there");
 }
 
 bool Session::may_be_cut_off() const {
@@ -104,7 +127,8 @@ void Session::Simplify() {
   try {
     model_.SimplifyMPSModel();
   } catch (const AutomationError& error) {
-    throw CommandError(kProblem, "the simplification failed: " + error.description());
+    throw CommandError(
+        kProblem, "the simplification of " + answers_.file + " failed: " + error.description());
   }
   StopIfInterrupted();
   StopIfUnanswered();
@@ -179,7 +203,7 @@ void Session::StopUnwritten(const inspect::FileWrite& write, const std::string& 
     case inspect::WriteOutcome::kWritten:
       return;
     case inspect::WriteOutcome::kNothing:
-      throw CommandError(kProblem, "the model has no elements; " + path + " was not written");
+      throw CommandError(kProblem, path + " was not written: the model has no elements");
     case inspect::WriteOutcome::kLosses:
       way_out = NoteForbidden(write.receipt.losses, path);
       break;

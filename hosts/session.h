@@ -2,6 +2,7 @@
 // here, so that questions, notes and failures come out alike everywhere.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,7 @@
 #include "hosts/streams.h"
 #include "hosts/write_json.h"
 #include "inspect/write_file.h"
+#include "model/record_kind.h"
 #include "mps/file_layout.h"
 #include "mps/loss.h"
 #include "platform/console/console_desktop.h"
@@ -45,12 +47,15 @@ class Session {
   // An edit command was run; the receipt of --json tells how many there were.
   void CountCommand() { ++commands_; }
 
-  // What the file that was read says beside its model; not with --dialect component.
+  // What the file that was read says beside its model; not as the component reads.
   const mps::FileFacts& facts() const { return reading_.facts(); }
   // The file that was read came to its end before an ENDATA line.
   bool may_be_cut_off() const;
 
-  // Raises a CommandError after a Ctrl-C.
+  // FindRecord (find_record.h) in the model of the file at `path`, which what it raises names.
+  std::int32_t Find(const std::string& path, const model::RecordKind& kind, std::string_view text);
+
+  // Raises a CommandError after a Ctrl-C, and when the user quit at a question.
   void StopIfInterrupted() const;
   // Raises a CommandError when a question was asked that the command line has no answer to. Whoever
   // lets the component ask calls it before anything is made of what came out.

@@ -17,6 +17,11 @@ using console::WriteError;
 
 constexpr int kTurnsToClose = 3;
 
+// Whether one run may ask it many times.
+bool ComesAgain(BoxKind kind) {
+  return kind == BoxKind::kReadProblem || kind == BoxKind::kEmptyItem || kind == BoxKind::kConflict;
+}
+
 std::string WithExtension(std::string name, std::string_view extension) {
   const std::size_t start = name.find_last_of("/\\") + 1;
   const bool has_one = name.find('.', start) != std::string::npos;
@@ -60,18 +65,31 @@ MsgBoxResult ConsoleDesktop::MsgBox(const Box& box) {
   if (box.kind == BoxKind::kConfirmStop && confirming_stop_) return MsgBoxResult::kYes;
   progress_.Erase();
   const BoxLook look = box.look();
+  if (look.asks() && has_quit_) return look.when_closed;
   bool print = true;
   const auto answer = answers_.AnswerBox(box, print);
   const bool ask = look.asks() && !answer && user_.present();
+  if (ask && agreed_.contains(box.kind)) {
+    WriteError(AsLines(console::WithNameOnOneLine(box.statement, box.item)));
+    return MsgBoxResult::kYes;
+  }
   if (print || ask) {
     if (look.asks() || box.title != kDefaultTitle) WriteError(AsLines(box.title));
     WriteError(console::BoxLines(box));
   }
   if (!look.asks()) return MsgBoxResult::kOk;
-  if (ask) return user_.AskButton(look);
+  if (ask) return AskUser(box);
   const MsgBoxResult result = answer.value_or(look.when_closed);
   if (print) WriteError("Answer: " + std::string(console::WordOf(result)) + '\n');
   return result;
+}
+
+MsgBoxResult ConsoleDesktop::AskUser(const Box& box) {
+  using Reach = console::Reply::Reach;
+  const console::Reply reply = user_.AskButton(box.look(), ComesAgain(box.kind));
+  if (reply.reach == Reach::kAll) agreed_.insert(box.kind);
+  has_quit_ = reply.reach == Reach::kQuit;
+  return reply.result;
 }
 
 std::string ConsoleDesktop::InputBox(std::string_view prompt, std::string_view title,

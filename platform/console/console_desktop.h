@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -52,6 +53,9 @@ class ConsoleDesktop : public Desktop {
   void set_shows_progress(bool shows) { progress_.set_enabled(shows); }
   // True when a Ctrl-C arrived during this desktop's life.
   bool interrupted() const { return interrupts_.Arrived(); }
+  // True when the user has quit at a question, or the input ended there. Every question after that is
+  // as if it had been closed.
+  bool has_quit() const { return has_quit_; }
 
   MsgBoxResult MsgBox(const Box& box) override;
   std::string InputBox(std::string_view prompt, std::string_view title,
@@ -70,6 +74,8 @@ class ConsoleDesktop : public Desktop {
 
  private:
   friend class ConsolePeer;
+  // Asks the user, and keeps in mind what holds for more than this box.
+  MsgBoxResult AskUser(const Box& box);
   void PressStop(Form& form);
   // Every form's last resort, after the answers: its buttons, chosen by the user where there is
   // one.
@@ -82,6 +88,8 @@ class ConsoleDesktop : public Desktop {
   // The Ctrl-C has found its button, and while that runs its question is answered Yes.
   bool interrupt_handled_ = false;
   bool confirming_stop_ = false;
+  bool has_quit_ = false;
+  std::set<BoxKind> agreed_;  // the kinds whose questions are all answered Yes
   std::vector<Form*> shown_;  // the topmost last
 };
 

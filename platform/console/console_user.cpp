@@ -12,27 +12,52 @@
 namespace quarvel::platform::console {
 namespace {
 
-struct Answer {
+struct ButtonWord {
   MsgBoxResult result;
-  char key;
-  std::string_view word;
+  std::string_view shown;
+  std::string_view typed;
 };
 
-constexpr auto kAnswers = std::to_array<Answer>({
-    {MsgBoxResult::kOk, 'o', "OK"},
-    {MsgBoxResult::kYes, 'y', "Yes"},
-    {MsgBoxResult::kNo, 'n', "No"},
-    {MsgBoxResult::kCancel, 'c', "Cancel"},
+constexpr auto kButtonWords = std::to_array<ButtonWord>({
+    {MsgBoxResult::kOk, "OK", "ok"},
+    {MsgBoxResult::kYes, "Yes", "yes"},
+    {MsgBoxResult::kNo, "No", "no"},
+    {MsgBoxResult::kCancel, "Cancel", "cancel"},
 });
 
-// What a line typed at a question means: a key or a whole word.
-std::optional<MsgBoxResult> Understand(std::string_view line, const BoxLook& look) {
+// One that may be typed at a question. No two begin with the same letter.
+struct Choice {
+  std::string_view word;
+  Reply reply;
+};
+
+std::vector<Choice> ChoicesOf(const BoxLook& look, bool comes_again) {
+  std::vector<Choice> choices;
+  for (const ButtonWord& button : kButtonWords) {
+    if (look.Has(button.result)) choices.push_back({button.typed, {button.result}});
+  }
+  if (comes_again) choices.push_back({"all", {MsgBoxResult::kYes, Reply::Reach::kAll}});
+  choices.push_back({"quit", {look.when_closed, Reply::Reach::kQuit}});
+  return choices;
+}
+
+std::optional<Reply> Understand(std::string_view line, const std::vector<Choice>& choices) {
   const std::string_view typed = Trimmed(line);
-  for (const Answer& answer : kAnswers) {
-    if (!look.Has(answer.result)) continue;
-    if (SameWord(typed, answer.word) || SameWord(typed, {&answer.key, 1})) return answer.result;
+  if (typed.empty()) return std::nullopt;
+  for (const Choice& choice : choices) {
+    if (SameWord(typed, choice.word.substr(0, typed.size()))) return choice.reply;
   }
   return std::nullopt;
+}
+
+std::string Joined(const std::vector<Choice>& choices, std::string_view between,
+                   std::string_view before_last) {
+  std::string text;
+  for (const Choice& choice : choices) {
+    if (!text.empty()) text += &choice == &choices.back() ? before_last : between;
+    text += choice.word;
+  }
+  return text;
 }
 
 std::string OptionsText(const Form& form, const std::vector<OptionButton*>& options) {
@@ -51,9 +76,9 @@ std::string OptionsText(const Form& form, const std::vector<OptionButton*>& opti
 }  // namespace
 
 std::string_view WordOf(MsgBoxResult result) {
-  const auto found = std::find_if(kAnswers.begin(), kAnswers.end(),
-                                  [result](const Answer& a) { return a.result == result; });
-  return found->word;
+  const auto found = std::find_if(kButtonWords.begin(), kButtonWords.end(),
+                                  [result](const ButtonWord& b) { return b.result == result; });
+  return found->shown;
 }
 
 std::optional<std::string> ConsoleUser::Ask(std::string_view prompt) {
@@ -66,12 +91,14 @@ std::optional<std::string> ConsoleUser::Ask(std::string_view prompt) {
   return line;
 }
 
-MsgBoxResult ConsoleUser::AskButton(const BoxLook& look) {
-  const std::string_view prompt = look.Has(MsgBoxResult::kCancel) ? "[y/n/c] " : "[y/n] ";
+Reply ConsoleUser::AskButton(const BoxLook& look, bool comes_again) {
+  const std::vector<Choice> choices = ChoicesOf(look, comes_again);
+  const std::string prompt = '[' + Joined(choices, "/", "/") + "] ";
   while (const auto line = Ask(prompt)) {
-    if (const auto result = Understand(*line, look)) return *result;
+    if (const auto reply = Understand(*line, choices)) return *reply;
+    WriteError("Answer " + Joined(choices, ", ", " or ") + ".\n");
   }
-  return look.when_closed;
+  return choices.back().reply;
 }
 
 void ConsoleUser::AskOption(const Form& form) {

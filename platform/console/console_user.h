@@ -1,6 +1,7 @@
 // The user at a terminal, who is asked for lines of text and for choices.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -13,6 +14,17 @@
 #include "platform/form.h"
 
 namespace quarvel::platform::console {
+
+// What a user answers at a question.
+struct Reply {
+  enum class Reach : std::uint8_t {
+    kOnce,
+    kAll,   // and every other question of the kind
+    kQuit,  // nothing more is to be asked
+  };
+  MsgBoxResult result;
+  Reach reach = Reach::kOnce;
+};
 
 class ConsoleUser {
  public:
@@ -28,9 +40,10 @@ class ConsoleUser {
 
   // A line from the user without its end; nothing at the end of input or where nobody can be asked.
   std::optional<std::string> Ask(std::string_view prompt);
-  // One of a box's buttons, by key or word. Asks again after nonsense; without an answer it is as if
-  // the box had been closed.
-  MsgBoxResult AskButton(const BoxLook& look);
+  // One of a box's buttons by its word, or "quit", which is as if the box had been closed; where such
+  // boxes come again, "all" is Yes to each of them. Any beginning of a word will do, in either case.
+  // After anything else the words are named; the end of input quits.
+  Reply AskButton(const BoxLook& look, bool comes_again);
   // Selects one of the form's options, which are listed with the form's labels above them. Nothing
   // for a form without options.
   void AskOption(const Form& form);

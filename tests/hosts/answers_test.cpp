@@ -101,6 +101,19 @@ TEST_F(AnswersTest, FollowsItsOptionsAtConflictsAndOffers) {
   EXPECT_EQ(Answer(Question(BoxKind::kOfferLog, "See it?")), MsgBoxResult::kYes);
 }
 
+TEST_F(AnswersTest, LeavesTheOfferToSimplifyToAUserWhoWantsToBeAsked) {
+  const Box offer = Question(BoxKind::kOfferToSimplify, "Simplify?");
+  answers_.can_ask = true;
+  EXPECT_EQ(Answer(offer), MsgBoxResult::kNo);
+  Give({"--ask"});
+  EXPECT_EQ(Answer(offer), std::nullopt);
+  Give({"--ask", "--simplify"});
+  EXPECT_EQ(Answer(offer), MsgBoxResult::kYes);
+  answers_.can_ask = false;
+  Give({"--ask"});
+  EXPECT_EQ(Answer(offer), MsgBoxResult::kNo);
+}
+
 TEST_F(AnswersTest, GivesTheCautiousAnswerToAQuestionItDoesNotKnowAndRemembersIt) {
   answers_.can_ask = true;
   EXPECT_EQ(answers_.unanswered, std::nullopt);

@@ -211,8 +211,8 @@ TEST_F(EditTest, LeavesItsOwnFileAloneAtABadCommand) {
 TEST_F(EditTest, FailsWithASimplificationThatFails) {
   const Outcome run = Edit({"set-element R2 X 0", "simplify"});
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.err,
-            "quarvel: command 2 (simplify): the simplification failed: Division by zero\n");
+  EXPECT_EQ(run.err, "quarvel: command 2 (simplify): the simplification of " +
+                         folder_.Path("a.mps") + " failed: Division by zero\n");
   EXPECT_FALSE(folder_.Has("b.mps"));
 }
 

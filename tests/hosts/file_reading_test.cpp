@@ -53,7 +53,9 @@ TEST(FileReading, AsksAboutErrorsAndOffersToSimplify) {
   const std::string path = folder.Write("a.mps", std::string(kOneMistake));
   EXPECT_EQ(reader.reading.Read(path), mps::ReadOutcome::kRead);
   ASSERT_EQ(reader.user.asked.size(), 2U);
-  EXPECT_EQ(reader.user.asked[0], "line 6: not a number: 1,5\r\nGo on reading the file?");
+  EXPECT_EQ(
+      reader.user.asked[0],
+      "line 6: not a number: 1,5\r\n     Y R1 1,5\r\n          ^^^\r\nGo on reading the file?");
   ASSERT_EQ(reader.user.notes.size(), 2U);
   EXPECT_EQ(reader.user.notes[0], path + ": the column has no coefficients: Y");
   EXPECT_EQ(reader.user.notes[1], path + ": the row has no coefficients: R2");

@@ -264,7 +264,7 @@ TEST(Names, ThatDoNotExistAreReported) {
     const Outcome run = RunQuarvel({c.command, model, c.given});
     EXPECT_EQ(run.status, 1) << c.given;
     EXPECT_EQ(run.out, "") << c.given;
-    EXPECT_EQ(run.err, std::string("quarvel: ") + c.complaint + "\n");
+    EXPECT_EQ(run.err, "quarvel: " + model + ": " + c.complaint + "\n");
   }
 }
 

@@ -48,6 +48,13 @@ TEST(Program, HelpsOnStandardErrorWithoutACommand) {
   EXPECT_EQ(run.err, RunQuarvel({"--help"}).out);
 }
 
+TEST(Program, HelpsByACommandToo) {
+  const Outcome run = RunQuarvel({"help"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, RunQuarvel({"--help"}).out);
+  EXPECT_EQ(RunQuarvel({"help", "rows"}).out, RunQuarvel({"rows", "-h"}).out);
+}
+
 struct Misuse {
   std::vector<std::string> words;
   const char* complaint;
@@ -74,6 +81,14 @@ TEST(Program, RefusesWhatItDoesNotUnderstand) {
       {{"check", "a", "--only", "E1,,W"}, "--only takes CODES, not \"E1,,W\""},
       {{"simplify", "a", "b", "--simplify"}, "simplify takes no --simplify"},
       {{"view", "a", "--json"}, "view takes no --json"},
+      {{"row", "a", "b", "--ask"},
+       "--ask needs a terminal to ask on; elsewhere --default-bounds, --on-error, --on-conflict and "
+       "--simplify answer"},
+      {{"rows", "a", "--ask", "--dialect", "wide"},
+       "rows takes --ask or --dialect wide: the questions are the component's"},
+      {{"check", "a", "--ask"}, "check takes no --ask"},
+      {{"help", "row", "rows"}, "help takes [COMMAND]"},
+      {{"help", "colums"}, "there is no command colums; did you mean columns or column?"},
       {{"rows", "a", "--limit"}, "--limit needs a value: N|all"},
       {{"rows", "a", "--limit", "-1"}, "--limit takes N|all, not \"-1\""},
       {{"rows", "a", "--limit", "5x"}, "--limit takes N|all, not \"5x\""},

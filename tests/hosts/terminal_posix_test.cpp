@@ -99,7 +99,7 @@ TEST(Terminal, IsNotSteeredByTheNamesInItsQuestions) {
                                          "J\xE2\x80\xAE 0\nENDATA\n");
   OnTerminal terminal({"info", model});
   if (!terminal.started()) GTEST_SKIP() << "no terminal to be had";
-  ASSERT_TRUE(terminal.WaitFor("[y/n] ")) << terminal.shown();
+  ASSERT_TRUE(terminal.WaitFor("[yes/no/all/quit] ")) << terminal.shown();
   terminal.Type("n\n");
   EXPECT_EQ(terminal.Finish(), 1) << terminal.shown();
   const std::string& shown = terminal.shown();
@@ -108,6 +108,64 @@ TEST(Terminal, IsNotSteeredByTheNamesInItsQuestions) {
   for (const char* const raw : {"\x1b", "\a", "\xC2\x9B", "\xE2\x80\xAE"}) {
     EXPECT_EQ(shown.find(raw), std::string::npos) << shown;
   }
+}
+
+constexpr std::string_view kTwoMistakes =
+    "ROWS\n N C\n L R1\nCOLUMNS\n X C 1 R1 1,5\n Y C 1 R1 2,5\nENDATA\n";
+
+TEST(Terminal, ShowsTheLineOfAProblemAndTakesAllForAnAnswer) {
+  const HostFolder folder;
+  OnTerminal terminal({"info", folder.Write("a.mps", kTwoMistakes)});
+  if (!terminal.started()) GTEST_SKIP() << "no terminal to be had";
+  ASSERT_TRUE(terminal.WaitFor("[yes/no/all/quit] ")) << terminal.shown();
+  EXPECT_NE(terminal.shown().find("A problem in " + folder.Path("a.mps") +
+                                  "\r\nline 5: not a number: 1,5\r\n     X C 1 R1 1,5\r\n"
+                                  "              ^^^\r\nGo on reading the file?\r\n"),
+            std::string::npos)
+      << terminal.shown();
+  terminal.Type("al\n");
+  EXPECT_EQ(terminal.Finish(), 0) << terminal.shown();
+  EXPECT_NE(terminal.shown().find("line 6: not a number: 2,5\r\n"), std::string::npos)
+      << terminal.shown();
+}
+
+TEST(Terminal, EndsTheCommandWhereTheUserQuits) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", kTwoMistakes);
+  for (const char* const typed : {"q\n", "\x04"}) {
+    OnTerminal terminal({"convert", model, folder.Path("b.mps")});
+    if (!terminal.started()) GTEST_SKIP() << "no terminal to be had";
+    ASSERT_TRUE(terminal.WaitFor("[yes/no/all/quit] ")) << terminal.shown();
+    terminal.Type(typed);
+    EXPECT_EQ(terminal.Finish(), 1) << terminal.shown();
+    EXPECT_TRUE(terminal.shown().ends_with("quarvel: stopped at a question\r\n"))
+        << terminal.shown();
+    EXPECT_FALSE(folder.Has("b.mps"));
+  }
+}
+
+TEST(Terminal, AsksForDefaultBoundsOnlyWhereAskedTo) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", kSmallModel);
+  const std::vector<std::string> listed = {"columns",    model,     "--columns",
+                                           "name,lower", "--color", "never"};
+  for (const char* const dialect : {"wide", "component"}) {
+    std::vector<std::string> words = listed;
+    words.insert(words.end(), {"--dialect", dialect});
+    OnTerminal unasked(words);
+    if (!unasked.started()) GTEST_SKIP() << "no terminal to be had";
+    EXPECT_EQ(unasked.Finish(), 0);
+    EXPECT_EQ(unasked.shown(), "Name  Lower\r\nX         0\r\nY         0\r\n") << dialect;
+  }
+  std::vector<std::string> words = listed;
+  words.emplace_back("--ask");
+  OnTerminal asked(words);
+  ASSERT_TRUE(asked.WaitFor("or Enter for the marked: ")) << asked.shown();
+  asked.Type("2\n");
+  ASSERT_TRUE(asked.WaitFor("[yes/no/quit] ")) << asked.shown();
+  asked.Type("n\n");
+  EXPECT_EQ(asked.Finish(), 0) << asked.shown();
+  EXPECT_TRUE(asked.shown().ends_with("X      -inf\r\nY      -inf\r\n")) << asked.shown();
 }
 
 // Sets a variable of the environment while it lives.

@@ -69,23 +69,26 @@ TEST_F(ConsoleDesktopTest, UnderstandsWhatIsTyped) {
   };
   for (const Case c : {Case{"y", MsgBoxResult::kYes},
                        {" YES ", MsgBoxResult::kYes},
+                       {"yE", MsgBoxResult::kYes},
                        {"n", MsgBoxResult::kNo},
                        {"No", MsgBoxResult::kNo},
                        {"c", MsgBoxResult::kCancel},
+                       {"canc", MsgBoxResult::kCancel},
                        {"cancel", MsgBoxResult::kCancel}}) {
     Type({c.line});
     MsgBoxResult result = MsgBoxResult::kOk;
     EXPECT_EQ(Printed([&] { result = Question(MsgBoxStyle::kYesNoCancelExclamation); }),
-              "Confirm\nGo on?\n[y/n/c] ");
+              "Confirm\nGo on?\n[yes/no/cancel/quit] ");
     EXPECT_EQ(result, c.result) << c.line;
   }
 }
 
-TEST_F(ConsoleDesktopTest, AsksAgainAfterNonsense) {
-  Type({"", "maybe", "c", "y"});
+TEST_F(ConsoleDesktopTest, NamesTheAnswersAfterNonsense) {
+  Type({"", "yess", "all", "y"});
   MsgBoxResult result = MsgBoxResult::kOk;
   EXPECT_EQ(Printed([&] { result = Question(MsgBoxStyle::kYesNo); }),
-            "Confirm\nGo on?\n[y/n] [y/n] [y/n] [y/n] ");
+            "Confirm\nGo on?\n[yes/no/quit] Answer yes, no or quit.\n[yes/no/quit] Answer yes, no "
+            "or quit.\n[yes/no/quit] Answer yes, no or quit.\n[yes/no/quit] ");
   EXPECT_EQ(result, MsgBoxResult::kYes);
 }
 
@@ -96,10 +99,47 @@ TEST_F(ConsoleDesktopTest, TakesTheCautiousAnswerAtTheEndOfInput) {
   EXPECT_EQ(result, MsgBoxResult::kCancel);
 }
 
+TEST_F(ConsoleDesktopTest, AnswersEveryQuestionOfTheKindAfterAll) {
+  Type({"perhaps", "A"});
+  Box box = {.kind = BoxKind::kReadProblem,
+             .statement = "One is bad.",
+             .question = "Go on?",
+             .style = MsgBoxStyle::kYesNo};
+  EXPECT_EQ(Printed([&] { EXPECT_EQ(desktop_.MsgBox(box), MsgBoxResult::kYes); }),
+            "Quarvel\nOne is bad.\nGo on?\n[yes/no/all/quit] Answer yes, no, all or quit.\n"
+            "[yes/no/all/quit] ");
+  box.statement = "Two\x1b is bad.";
+  EXPECT_EQ(Printed([&] { EXPECT_EQ(desktop_.MsgBox(box), MsgBoxResult::kYes); }),
+            "Two\\x1B is bad.\n");
+  EXPECT_FALSE(desktop_.has_quit());
+  Type({"no"});
+  box.kind = BoxKind::kEmptyItem;
+  Printed([&] { EXPECT_EQ(desktop_.MsgBox(box), MsgBoxResult::kNo); });
+}
+
+TEST_F(ConsoleDesktopTest, AsksNothingMoreOnceTheUserQuits) {
+  for (const std::deque<std::string>& typed : {std::deque<std::string>{"QUI"}, {}}) {
+    ConsoleDesktop desktop(answers_);
+    std::deque<std::string> lines = typed;
+    desktop.set_interactive(true);
+    desktop.set_line_source([&lines]() -> std::optional<std::string> {
+      if (lines.empty()) return std::nullopt;
+      std::string line = lines.front();
+      lines.pop_front();
+      return line;
+    });
+    const Box box = AnyBox("Go on?", MsgBoxStyle::kYesNoCancelExclamation, "Confirm");
+    Printed([&] { EXPECT_EQ(desktop.MsgBox(box), MsgBoxResult::kCancel); });
+    EXPECT_TRUE(desktop.has_quit());
+    lines = {"yes"};
+    EXPECT_EQ(Printed([&] { EXPECT_EQ(desktop.MsgBox(box), MsgBoxResult::kCancel); }), "");
+  }
+}
+
 TEST_F(ConsoleDesktopTest, PrintsAQuestionItHasToAskEvenWhenSilenced) {
   answers_.silent = true;
   Type({"y"});
-  EXPECT_EQ(Printed([&] { Question(MsgBoxStyle::kYesNo); }), "Confirm\nGo on?\n[y/n] ");
+  EXPECT_EQ(Printed([&] { Question(MsgBoxStyle::kYesNo); }), "Confirm\nGo on?\n[yes/no/quit] ");
 }
 
 TEST_F(ConsoleDesktopTest, AsksForTextOnATerminalOnly) {

@@ -49,7 +49,7 @@ TEST_F(ConsoleFilter, ShowsEscapesThroughEveryDoor) {
     std::string printed;
   } cases[] = {
       {"box", [this] { desktop_.MsgBox(HostileBox()); },
-       shown + '\n' + shown + '\n' + shown + "\n[y/n] "},
+       shown + '\n' + shown + '\n' + shown + "\n[yes/no/quit] "},
       {"input box", [this] { desktop_.InputBox(kHostile, kHostile, kHostile); },
        shown + '\n' + shown + "\n[" + shown + "] > "},
       {"file dialog",

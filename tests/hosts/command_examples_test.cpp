@@ -1,0 +1,112 @@
+#include "hosts/command_examples.h"
+
+#include <filesystem>
+#include <set>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "hosts/commands.h"
+#include "hosts/streams.h"
+#include "tests/support/run_quarvel.h"
+
+namespace quarvel::hosts {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct ShellLine {
+  std::vector<std::string> words;
+  std::string input;  // the file behind "<"; that behind ">" is left out
+};
+
+// Words between blanks; those in '' are one.
+ShellLine TakeApart(std::string_view line) {
+  std::vector<std::string> words(1);
+  bool is_quoted = false;
+  for (const char c : line) {
+    if (c == '\'') {
+      is_quoted = !is_quoted;
+    } else if (c == ' ' && !is_quoted) {
+      words.emplace_back();
+    } else {
+      words.back() += c;
+    }
+  }
+  ShellLine taken;
+  if (words.size() > 2 && (words[words.size() - 2] == "<" || words[words.size() - 2] == ">")) {
+    if (words[words.size() - 2] == "<") taken.input = words.back();
+    words.resize(words.size() - 2);
+  }
+  taken.words = std::move(words);
+  return taken;
+}
+
+// The folder of the examples, which are run one after the other.
+class Examples : public ::testing::Test {
+ protected:
+  Examples() {
+    for (const auto& entry : fs::directory_iterator(SourceFolder() + "/examples")) {
+      if (entry.is_regular_file()) folder_.Example(entry.path().filename().string());
+    }
+    fs::current_path(folder_.Path(""));
+  }
+  ~Examples() override { fs::current_path(before_); }
+
+  // What find problems and differences say so by their status.
+  static std::set<int> StatusesOf(std::string_view command) {
+    if (command == "check") return {kGood, kProblem, kWarnings};
+    if (command == "diff" || command == "why" || command == "dialects") return {kGood, kProblem};
+    return {kGood};
+  }
+
+  const fs::path before_ = fs::current_path();
+  const HostFolder folder_;
+};
+
+TEST_F(Examples, AreTwoToFourOfEachCommandAndItsOwn) {
+  for (const Command& command : Commands()) {
+    const auto examples = ExamplesOf(command.name);
+    EXPECT_GE(examples.size(), 2U) << command.name;
+    EXPECT_LE(examples.size(), 4U) << command.name;
+    for (const CommandExample& example : examples) {
+      const std::vector<std::string> words = TakeApart(example.line).words;
+      ASSERT_GE(words.size(), 2U) << example.line;
+      EXPECT_EQ(words[0], "quarvel") << example.line;
+      EXPECT_EQ(words[1], command.name) << example.line;
+      EXPECT_NO_THROW(ParseArguments(std::vector<std::string>(words.begin() + 1, words.end())))
+          << example.line;
+      EXPECT_FALSE(example.purpose.empty()) << example.line;
+    }
+  }
+  EXPECT_TRUE(ExamplesOf("polish").empty());
+}
+
+TEST_F(Examples, RunAsTheyStand) {
+  for (const Command& command : Commands()) {
+    if (command.name == "view") continue;  // opens windows
+    for (const CommandExample& example : ExamplesOf(command.name)) {
+      const ShellLine line = TakeApart(example.line);
+      const std::string input = line.input.empty() ? "" : folder_.Read(line.input);
+      const Outcome run = RunQuarvel({line.words.begin() + 1, line.words.end()}, input);
+      EXPECT_TRUE(StatusesOf(command.name).contains(run.status)) << example.line << '\n' << run.err;
+      EXPECT_EQ(run.err.find("tells more"), std::string::npos) << example.line << '\n' << run.err;
+    }
+  }
+}
+
+TEST_F(Examples, StandInTheHelpOfTheirCommand) {
+  for (const Command& command : Commands()) {
+    const std::string help = RunQuarvel({"help", std::string(command.name)}).out;
+    EXPECT_EQ(help, RunQuarvel({std::string(command.name), "--help"}).out);
+    for (const CommandExample& example : ExamplesOf(command.name)) {
+      const std::string shown =
+          std::string("  # ").append(example.purpose).append("\n  ").append(example.line);
+      EXPECT_NE(help.find(shown + '\n'), std::string::npos) << help;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace quarvel::hosts
