@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing from Debian's packages:
-# cmake/setup.sh native|format|display|browser|checks|coverage|windows|wine32|peers|counts ...
+# cmake/setup.sh native|format|display|browser|checks|coverage|windows|wine32|peers|counts|solvers ...
 # Asks nothing. Packages that are installed already cost one look at the package database.
 set -eu
 
@@ -25,6 +25,8 @@ wine32=(debootstrap)
 # The libraries that the benchmarks compare with, and what counts instructions.
 peers=(coinor-libcoinutils-dev libglpk-dev)
 counts=(valgrind)
+# What reads and solves the files that we write.
+solvers=(glpk-utils lp-solve)
 
 wanted=()
 for part in "$@"; do
@@ -39,6 +41,7 @@ for part in "$@"; do
     wine32) wanted+=("${wine32[@]}") ;;
     peers) wanted+=("${peers[@]}") ;;
     counts) wanted+=("${counts[@]}") ;;
+    solvers) wanted+=("${solvers[@]}") ;;
     *) echo "setup.sh: unknown part $part" >&2; exit 2 ;;
   esac
 done

@@ -54,8 +54,8 @@ configure_and_build() { # PRESET [OPTION OF CMAKE...]
 
 build() { step "build $1" configure_and_build "$@"; }
 
-# count_cases <LOG: "PASSED FAILED SKIPPED" of a ctest log, each GoogleTest case as one. A program that
-# failed without a list of failed cases (a crash, a time-out) counts as one failure.
+# count_cases <LOG: "PASSED FAILED SKIPPED" of a ctest log, each GoogleTest case as one, and a test that ctest
+# calls skipped. A program that failed without a list of failed cases (a crash, a time-out) counts as one failure.
 count_cases() {
   awk '
     /^[0-9]+: \[  PASSED  \] [0-9]+ tests?\./ { passed += $5 }
@@ -63,7 +63,8 @@ count_cases() {
     /^[0-9]+: \[  FAILED  \] [0-9]+ tests?, listed below/ { failed += $5; listed[$1 + 0] = 1 }
     /^ *[0-9]+\/[0-9]+ Test +#[0-9]+: / {
       match($0, /#[0-9]+/)
-      if (!/ Passed / && !((substr($0, RSTART + 1, RLENGTH - 1) + 0) in listed)) failed++
+      if (/\*\*\*Skipped/) skipped++
+      else if (!/ Passed / && !((substr($0, RSTART + 1, RLENGTH - 1) + 0) in listed)) failed++
     }
     END { print passed + 0, failed + 0, skipped + 0 }'
 }

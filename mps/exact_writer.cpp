@@ -169,13 +169,12 @@ void ExactWriter::WriteColumn(const ColumnRecord& column) {
 }
 
 void ExactWriter::WriteRightHandSides() {
-  bool is_due = true;
   const double constant = facts_.objective_constant;
+  WriteLine(kRightHandSides);
   for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
     RowLines lines = RowLinesOf(data_.Rows[i], i >= objective_);
     if (i == objective_ && constant != 0) lines.right_hand_side = -constant;
     if (!lines.right_hand_side) continue;
-    Header(kRightHandSides, is_due);
     WriteEntry(rhs_set_, data_.Rows[i].Name, *lines.right_hand_side);
   }
 }

@@ -13,7 +13,8 @@
 //               it; before it, as G with an absent limit, since readers take the first N for the objective
 //   COLUMNS     one coefficient a line, integer columns in place between markers; a column without
 //               coefficients has a 0 at the objective, or at the first row
-//   RHS         what is not 0; of the objective minus its constant
+//   RHS         what is not 0; of the objective minus its constant. The header stands in every file: some
+//               readers (lp_solve among them) end the last column at it
 //   RANGES      see exact_limits.h
 //   BOUNDS      what readers do not agree on without a line: LO unless it is 0, UP unless there is none,
 //               PL where an integer column has no upper bound (some readers take 1), MI before the UP of a
@@ -21,8 +22,8 @@
 //               for some), FR, FX
 //   ENDATA
 //
-// Sections without lines have no header, but for ROWS and COLUMNS. Sets without a name of their own are
-// called RHS, RANGE and BOUND.
+// RANGES and BOUNDS without lines have no header. Sets without a name of their own are called RHS, RANGE and
+// BOUND.
 //
 // A name of up to 8 characters is padded to 10, a value of up to 12 stands at the right end of 12, so that
 // a file whose names and values all fit has its fields where fixed columns have them. Names with blanks

@@ -125,6 +125,13 @@ TEST(ExactWriter, SaysReversedBoundsSoThatNoReaderFreesTheLowerOne) {
       std::string::npos);
 }
 
+TEST(ExactWriter, HasTheHeaderThatEndsTheColumnsForSomeReaders) {
+  HandMadeModel made;
+  made.build.Row("R", 'L').Column("X").Element("X", "R", 1);
+  EXPECT_TRUE(Write(made.model.store())
+                  .text.ends_with("    X         R                    1\r\nRHS\r\nENDATA\r\n"));
+}
+
 TEST(ExactWriter, GivesMarkersANameOfTheirOwn) {
   HandMadeModel made;
   made.build.Row("R", 'L', 4).Integer("MARKER", 0, 1).Column("MARKER1").Element("MARKER", "R", 1);
