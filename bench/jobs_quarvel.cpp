@@ -84,7 +84,7 @@ void Check(Arguments arguments) {
   mps::FileRead read;
   PrintResult("seconds", SecondsOf([&] {
                 read = mps::ReadFile(arguments[0], {}, store);
-                inspect::Lint(store, read.problems);
+                inspect::Lint(store, read.facts, read.problems);
               }));
   Require(read.outcome == mps::ReadOutcome::kRead, "the file was not read");
   session.PrintSize();

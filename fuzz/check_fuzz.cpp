@@ -15,8 +15,8 @@
 #include "fuzz/json_text.h"
 #include "fuzz/printed_text.h"
 #include "inspect/lint.h"
+#include "mps/exact_losses.h"
 #include "mps/read_file.h"
-#include "mps/unwritable.h"
 #include "tests/support/run_quarvel.h"
 
 namespace {
@@ -123,10 +123,13 @@ std::string LintFault(const std::string& path) {
   model::ModelStore store;
   mps::FileRead read = mps::ReadFile(path, {.kept_of_each = kAll}, store);
   if (read.outcome != mps::ReadOutcome::kRead) return "not read";
-  inspect::Lint(store, read.problems);
+  inspect::Lint(store, read.facts, read.problems);
   const std::string fault = NaiveLint(store.data()).Compare(read.problems);
   if (!fault.empty()) return fault;
-  const bool is_kept = mps::LossesOf(store).groups().empty();
+  const auto keeps = [&](mps::FileLayout layout) {
+    return mps::LossesOf(store, read.facts, layout).groups().empty();
+  };
+  const bool is_kept = keeps(mps::FileLayout::kFixed) && keeps(mps::FileLayout::kFree);
   return is_kept || !read.problems.kept().empty() ? "" : "a loss, and no problem";
 }
 

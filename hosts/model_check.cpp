@@ -51,7 +51,7 @@ mps::FileRead ModelCheck::ReadFile() {
 }
 
 void ModelCheck::Lint() {
-  inspect::Lint(session_.model().store(),
+  inspect::Lint(session_.model().store(), facts_,
                 {[this](mps::FileProblemCode code) {
                    return filter_.Takes(code) && result_.counts.HasRoom(code, limit_);
                  },

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "inspect/lint_parts.h"
-#include "mps/unwritable.h"
+#include "mps/exact_losses.h"
 #include "text/numbers.h"
 
 namespace quarvel::inspect {
@@ -26,11 +26,25 @@ std::string WordsOf(const mps::LossGroup& group) {
   return words;
 }
 
+// No model is another for it: no reason to call a file risky.
+void TellSets(const mps::LossGroup& sets, const LintListener& listener) {
+  for (const mps::Loss& loss : sets.named) {
+    listener.Tell(FileProblemCode::kSetRenamed, [&loss] {
+      return FileProblem{.code = {}, .item = loss.name, .made = loss.words};
+    });
+  }
+}
+
 // One for each kind of loss.
-void LintLosses(const model::ModelStore& store, const LintListener& listener) {
-  const mps::Losses losses = mps::LossesOf(store);
+void LintLosses(const model::ModelStore& store, const mps::FileFacts& facts,
+                const LintListener& listener) {
+  const mps::Losses losses = mps::LossesOf(store, facts, mps::FileLayout::kFixed);
   for (const mps::LossGroup& group : losses.groups()) {
     if (IsToldElsewhere(group.kind)) continue;
+    if (group.kind == mps::LossKind::kSetName) {
+      TellSets(group, listener);
+      continue;
+    }
     listener.Tell(FileProblemCode::kNotKept, [&group] {
       return FileProblem{.code = {}, .item = group.named.front().name, .made = WordsOf(group)};
     });
@@ -39,19 +53,22 @@ void LintLosses(const model::ModelStore& store, const LintListener& listener) {
 
 }  // namespace
 
-void Lint(const model::ModelStore& store, const LintListener& listener) {
+void Lint(const model::ModelStore& store, const mps::FileFacts& facts,
+          const LintListener& listener) {
   const model::ModelData& data = store.data();
   LintPairs(data, listener);
   LintBounds(data, listener);
   LintNames(data, listener);
   LintScale(data, listener);
   LintParallel(data, listener);
-  LintLosses(store, listener);
+  LintLosses(store, facts, listener);
 }
 
-void Lint(const model::ModelStore& store, mps::FileProblems& problems) {
-  Lint(store, {[&problems](FileProblemCode code) { return problems.WillKeep(code); },
-               [&problems](FileProblem problem) { problems.Add(std::move(problem)); }});
+void Lint(const model::ModelStore& store, const mps::FileFacts& facts,
+          mps::FileProblems& problems) {
+  Lint(store, facts,
+       {[&problems](FileProblemCode code) { return problems.WillKeep(code); },
+        [&problems](FileProblem problem) { problems.Add(std::move(problem)); }});
 }
 
 }  // namespace quarvel::inspect

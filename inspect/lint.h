@@ -1,6 +1,7 @@
 // What is legal in a model and risky all the same: the problems W5.. that a look at the whole model
 // finds, after it was read. It changes nothing. What is told of, and what becomes of it, stands in
-// mps/file_problem.cpp and, with an example for each, in docs/problems.md.
+// mps/file_problem.cpp and, with an example for each, in docs/problems.md. A316 too is found here: what the
+// file calls a set does not stand in the model, and no reader looks at it.
 //
 // Empty records and lost types of rows are told by the read itself (mps/read_file.h).
 //
@@ -11,6 +12,7 @@
 #include <utility>
 
 #include "model/model_store.h"
+#include "mps/file_facts.h"
 #include "mps/file_problem.h"
 
 namespace quarvel::inspect {
@@ -34,8 +36,9 @@ struct LintListener {
   }
 };
 
-void Lint(const model::ModelStore& store, const LintListener& listener);
+void Lint(const model::ModelStore& store, const mps::FileFacts& facts,
+          const LintListener& listener);
 // Adds what it finds to `problems`.
-void Lint(const model::ModelStore& store, mps::FileProblems& problems);
+void Lint(const model::ModelStore& store, const mps::FileFacts& facts, mps::FileProblems& problems);
 
 }  // namespace quarvel::inspect

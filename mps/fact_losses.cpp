@@ -41,7 +41,9 @@ void AddObjectiveLoss(const ModelData& data, const FileFacts& facts, Losses& los
 
 void AddSetLoss(const std::string& own, std::string_view written, Losses& losses) {
   if (own.empty() || own == written) return;
-  Add(losses, LossKind::kSetName, "the set " + own + " is called " + std::string(written));
+  losses.Add(LossKind::kSetName, [&] {
+    return Loss{{}, 0, own, "the set " + own + " is called " + std::string(written)};
+  });
 }
 
 void AddFreeSetLoss(const std::string& own, std::string_view usual, bool may_have_blanks,

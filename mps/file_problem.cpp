@@ -93,6 +93,8 @@ constexpr FileProblemTraits kTable[] = {
     {kBehindFields, "W411", "behind-fields", "text behind the fields of fixed columns",
      "nothing behind column 61"},
     {kSenseUnknown, "W412", "sense-unknown", "no sense of an objective", "MAX or MIN"},
+
+    {kSetRenamed, "A316", "set-renamed", "a name that the fixed layout does not keep", ""},
 };
 
 // A code is the place of its line.

@@ -91,6 +91,9 @@ enum class FileProblemCode : std::uint8_t {
   kMarker,
   kBehindFields,
   kSenseUnknown,
+
+  // of lint
+  kSetRenamed,
 };
 
 struct FileProblemTraits {

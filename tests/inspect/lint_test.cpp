@@ -24,7 +24,7 @@ class LintTest : public ::testing::Test {
   // The problems of one code as sentences, without the words that all of them begin with.
   std::vector<std::string> Find(FileProblemCode code) {
     FileProblems problems;
-    Lint(model_.store(), problems);
+    Lint(model_.store(), facts_, problems);
     std::vector<std::string> found;
     for (const FileProblem& problem : problems.kept()) {
       if (problem.code == code) found.push_back(problem.item + "; " + problem.made);
@@ -33,13 +33,14 @@ class LintTest : public ::testing::Test {
   }
   std::int64_t CountAll() {
     FileProblems problems;
-    Lint(model_.store(), problems);
+    Lint(model_.store(), facts_, problems);
     return static_cast<std::int64_t>(problems.kept().size());
   }
 
   platform::ScriptedDesktop desktop_;
   LPModel model_{desktop_};
   ModelBuilder build_{model_};
+  mps::FileFacts facts_;
 };
 
 using Sentences = std::vector<std::string>;
@@ -140,15 +141,28 @@ TEST_F(LintTest, TellsOfEachKindOfLossOnce) {
                       "as 0.123456789; 2 of this kind"});
 }
 
+TEST_F(LintTest, TellsWhatOfTheFileTheFixedLayoutDoesNotKeep) {
+  build_.Row("A", 'N').Column("X").Element("X", "A", 1);
+  facts_.rhs_set = "RHS";
+  facts_.bounds_set = "BND";
+  EXPECT_EQ(Find(FileProblemCode::kNotKept), Sentences{});
+  EXPECT_EQ(Find(FileProblemCode::kSetRenamed), Sentences{"BND; the set BND is called BOUND"});
+  facts_.sense = mps::ObjectiveSense::kMaximize;
+  EXPECT_EQ(Find(FileProblemCode::kNotKept),
+            Sentences{"; the objective is to be maximized, which the file does not say; --layout "
+                      "free does"});
+}
+
 TEST_F(LintTest, DescribesOnlyWhatIsWanted) {
   for (int i = 0; i < 50; ++i) build_.Integer("C" + std::to_string(i));
   std::int64_t described = 0;
   std::int64_t heard = 0;
-  Lint(model_.store(), {[&](FileProblemCode) { return heard < 3; },
-                        [&](const FileProblem& problem) {
-                          if (!problem.item.empty()) ++described;
-                          if (problem.code == FileProblemCode::kIntegerWithoutUpper) ++heard;
-                        }});
+  Lint(model_.store(), facts_,
+       {[&](FileProblemCode) { return heard < 3; },
+        [&](const FileProblem& problem) {
+          if (!problem.item.empty()) ++described;
+          if (problem.code == FileProblemCode::kIntegerWithoutUpper) ++heard;
+        }});
   EXPECT_EQ(heard, 50);
   EXPECT_EQ(described, 3);
 }
