@@ -84,7 +84,7 @@ constexpr std::string_view kHostile =
 TEST(Report, TakesNoMarkupFromAFile) {
   const HostFolder folder;
   const HtmlTags usual = quarvel::testing::TagsOf(PageOf(folder.Example("mistakes.mps"), 1));
-  const std::string page = PageOf(folder.Write("<b>&\".mps", kHostile), 1);
+  const std::string page = PageOf(folder.Write("b&'.mps", kHostile), 1);
   const HtmlTags tags = quarvel::testing::TagsOf(page);
   EXPECT_TRUE(std::includes(usual.elements.begin(), usual.elements.end(), tags.elements.begin(),
                             tags.elements.end()));
@@ -103,6 +103,7 @@ TEST(Report, TakesNoMarkupFromAFile) {
   }
   EXPECT_TRUE(Holds(page, "&lt;SCRIPT&gt;ALERT(1)&lt;/SCRIPT&gt;"));
   EXPECT_TRUE(Holds(page, "&lt;/dd&gt;&lt;script&gt;parent.hacked=1"));
+  EXPECT_TRUE(Holds(page, "b&amp;&#39;.mps"));
   EXPECT_TRUE(Holds(page, "Y&amp;LT;&amp;#60;"));
 }
 
