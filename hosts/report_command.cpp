@@ -72,10 +72,7 @@ std::string ReportHelp() {
          "families of\nnames, the worst-scaled rows, the problems as \"quarvel check\" has them, what "
          "simplification would\ntake, and the first equations; of each list the first few. It is written "
          "whole or not at all. Without -o\nit goes to standard output, unless that is a terminal.\n"
-         "The exit status is 1 when the file has an error, which the page tells.\n\n"
-         "Examples:\n"
-         "  quarvel report plan.mps -o plan.html\n"
-         "  xz -dc plan.mps.xz | quarvel report - > plan.html\n";
+         "The exit status is 1 when the file has an error, which the page tells.\n";
 }
 
 int RunReport(Session& session) {

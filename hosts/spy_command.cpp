@@ -53,12 +53,7 @@ void WritePicture(Session& session, PictureWriter writer) {
 
 std::string SpyHelp() {
   return "Each dot is an element, or some of them where there are more rows or columns than dots. In a "
-         "file\nthat ends in .svg or .png darker points have more elements.\n\n"
-         "Examples:\n"
-         "  quarvel spy plan.mps                   in the terminal, as wide as it is\n"
-         "  quarvel spy plan.mps --width 120       so many characters wide, also in a pipe\n"
-         "  quarvel spy plan.mps -o plan.png       a file to look at\n"
-         "  quarvel spy plan.mps -o plan.svg --width 600 --height 400\n";
+         "file\nthat ends in .svg or .png darker points have more elements.\n";
 }
 
 int RunSpy(Session& session) {

@@ -14,11 +14,7 @@ constexpr std::int64_t kUsualFamilies = 20;
 std::string StatsHelp() {
   return "Sizes are those of magnitudes. Names that differ in numbers and index texts alone are one "
          "pattern:\nFLOW[3,17] is FLOW[#,#]. Without --limit the 20 biggest patterns of rows and of "
-         "columns are listed.\n\n"
-         "Examples:\n"
-         "  quarvel stats plan.mps                 the whole model on a screen\n"
-         "  quarvel stats plan.mps --limit all     every pattern of names\n"
-         "  quarvel stats plan.mps --json          for a program; what is infinite is \"inf\"\n";
+         "columns are listed.\n";
 }
 
 int RunStats(Session& session) {

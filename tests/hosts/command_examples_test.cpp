@@ -100,6 +100,9 @@ TEST_F(Examples, StandInTheHelpOfTheirCommand) {
   for (const Command& command : Commands()) {
     const std::string help = RunQuarvel({"help", std::string(command.name)}).out;
     EXPECT_EQ(help, RunQuarvel({std::string(command.name), "--help"}).out);
+    const std::string_view title = "\nExamples:\n";
+    EXPECT_NE(help.find(title), std::string::npos) << command.name;
+    EXPECT_EQ(help.find(title), help.rfind(title)) << command.name;
     for (const CommandExample& example : ExamplesOf(command.name)) {
       const std::string shown =
           std::string("  # ").append(example.purpose).append("\n  ").append(example.line);
