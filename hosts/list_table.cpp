@@ -56,14 +56,9 @@ std::string ListTable::Line(const std::vector<std::string>& cells) const {
     if (i > 0) line += kGap;
     const bool is_cut = is_fitted_ && column.least > 0;
     const std::string cell = is_cut ? text::CutToCells(cells[i], column.width) : cells[i];
-    if (!column.is_left) {
-      AppendRight(line, cell, column.width);
-    } else if (i + 1 == columns_.size()) {
-      line += cell;
-    } else {
-      AppendLeft(line, cell, column.width);
-    }
+    (column.is_left ? AppendLeft : AppendRight)(line, cell, column.width);
   }
+  line.resize(line.find_last_not_of(' ') + 1);
   return line + '\n';
 }
 

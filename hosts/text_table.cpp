@@ -1,9 +1,8 @@
 #include "hosts/text_table.h"
 
-#include <algorithm>
+#include <utility>
 
-#include "hosts/printing.h"
-#include "text/encoding.h"
+#include "hosts/list_table.h"
 #include "text/visible_text.h"
 
 namespace quarvel::hosts {
@@ -14,24 +13,20 @@ void TextTable::Add(const std::vector<std::string>& texts) {
 }
 
 std::string TextTable::Text(std::string_view indent) const {
-  constexpr std::string_view kGap = "  ";
-  std::vector<std::size_t> widths(columns_.size());
+  std::vector<ListColumn> columns;
+  for (const Align align : columns_) columns.push_back({{}, align == Align::kLeft});
+  ListTable table(std::move(columns));
   for (const auto& line : lines_) {
-    for (std::size_t i = 0; i < line.size(); ++i) {
-      widths[i] = std::max(widths[i], text::CharacterCount(line[i]));
-    }
+    for (std::size_t i = 0; i < line.size(); ++i) table.Widen(i, line[i]);
   }
-  std::string table;
-  for (const auto& line : lines_) {
-    std::string shown(indent);
-    for (std::size_t i = 0; i < line.size(); ++i) {
-      if (i > 0) shown += kGap;
-      (columns_[i] == Align::kLeft ? AppendLeft : AppendRight)(shown, line[i], widths[i]);
-    }
-    shown.resize(shown.find_last_not_of(' ') + 1);
-    table += shown + '\n';
+  std::string text;
+  for (std::vector<std::string> line : lines_) {
+    line.resize(columns_.size());
+    const std::string shown = table.Line(line);
+    if (shown != "\n") text += indent;
+    text += shown;
   }
-  return table;
+  return text;
 }
 
 }  // namespace quarvel::hosts

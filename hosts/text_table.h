@@ -1,4 +1,5 @@
-// A table of texts for people: each column as wide as its widest text.
+// A table of texts for people, whose columns are as wide as their widest text: a ListTable (list_table.h)
+// without a heading, which holds its lines until all are there.
 #pragma once
 
 #include <string>

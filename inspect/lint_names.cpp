@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "inspect/lint_parts.h"
-#include "mps/mps_writer.h"
+#include "mps/file_words.h"
 #include "text/encoding.h"
 #include "text/numbers.h"
 
@@ -18,7 +18,7 @@ struct LongNames {
   std::size_t longest = 0;
 
   void Look(const std::string& name, std::int64_t& count) {
-    constexpr std::size_t kMost = mps::MpsWriter::kLongestFixedName;
+    constexpr std::size_t kMost = mps::kLongestFixedName;
     if (name.size() <= kMost) return;
     const std::size_t characters = text::CharacterCount(name);
     if (characters <= kMost) return;

@@ -4,12 +4,12 @@
 #include <string>
 #include <utility>
 
-#include "model/record_number.h"
 #include "mps/exact_limits.h"
 #include "mps/exact_writer.h"
 #include "mps/fact_losses.h"
 #include "mps/name_losses.h"
 #include "mps/order_losses.h"
+#include "mps/record_losses.h"
 #include "mps/text_losses.h"
 #include "mps/unwritable.h"
 
@@ -22,10 +22,6 @@ using model::ColumnType;
 using model::ModelData;
 using model::RowRecord;
 using model::RowType;
-
-bool AreFinite(const Bounds& bounds) {
-  return std::isfinite(bounds.LowerBound) && std::isfinite(bounds.UpperBound);
-}
 
 class ExactLossFinder {
  public:
@@ -44,15 +40,6 @@ class ExactLossFinder {
   }
 
  private:
-  void AddRow(LossKind kind, std::int32_t i, const std::string& words) {
-    losses_.Add(kind, [&] { return Loss{"row", model::Public(i), data_.Rows[i].Name, words}; });
-  }
-  void AddColumn(LossKind kind, std::int32_t j, const std::string& words) {
-    losses_.Add(kind, [&] {
-      return Loss{"column", model::Public(j), data_.Columns[j].Name, words};
-    });
-  }
-
   void CheckColumn(std::int32_t j);
   void CheckRow(std::int32_t i);
   bool FitsFixedColumns() const;
@@ -62,52 +49,39 @@ class ExactLossFinder {
   const FileFacts& facts_;
   std::int32_t objective_;
   Losses losses_;
+  RecordLosses told_{data_, losses_};
 };
 
 void ExactLossFinder::CheckColumn(std::int32_t j) {
   const ColumnRecord& column = data_.Columns[j];
   if (column.Type != ColumnType::kInteger && column.Type != ColumnType::kContinuous) {
-    AddColumn(LossKind::kColumnType, j, "reads back with type R");
+    told_.AddColumn(LossKind::kColumnType, j, "reads back with type R");
   }
-  if (!AreFinite(column)) AddColumn(LossKind::kNotFinite, j, "has a bound that is no number");
+  if (!AreFinite(column)) told_.AddColumn(LossKind::kNotFinite, j, "has a bound that is no number");
   if (column.ElementCount() == 0 && data_.NumberOfRows == 0) {
-    AddColumn(LossKind::kEmptyColumn, j, "is left out: there is no row for its line");
+    told_.AddColumn(LossKind::kEmptyColumn, j, "is left out: there is no row for its line");
   }
   for (const model::ElementEntry& element : column.Elements) {
     if (!std::isfinite(element.Value)) {
-      AddColumn(LossKind::kNotFinite, j, "has an element that is no number");
+      told_.AddColumn(LossKind::kNotFinite, j, "has an element that is no number");
     }
     if (element.Value == 0) {
-      AddColumn(LossKind::kVanishes, j,
-                "has the element 0 at row " + data_.Rows[element.Index].Name +
-                    ", which reads back as none");
+      told_.AddColumn(LossKind::kVanishes, j,
+                      "has the element 0 at row " + data_.Rows[element.Index].Name +
+                          ", which reads back as none");
     }
   }
 }
 
 void ExactLossFinder::CheckRow(std::int32_t i) {
   const RowRecord& row = data_.Rows[i];
-  if (row.Type == RowType::kNone) return AddRow(LossKind::kNoRowType, i, "has no type");
-  if (!AreFinite(row)) return AddRow(LossKind::kNotFinite, i, "has a limit that is no number");
+  if (row.Type == RowType::kNone) return told_.AddRow(LossKind::kNoRowType, i, "has no type");
+  if (!AreFinite(row))
+    return told_.AddRow(LossKind::kNotFinite, i, "has a limit that is no number");
   const Bounds back = RowLinesOf(row, i >= objective_).back;
   const RowType type = model::RowTypeOf(back.LowerBound, back.UpperBound);
-  const bool is_same = back.LowerBound == row.LowerBound && back.UpperBound == row.UpperBound;
-  if (is_same && type == row.Type) return;
-  const std::string limits =
-      "of type " + model::TypeText(row.Type) + " has the limits " + IntervalText(row) + ", which ";
-  const std::string becomes = limits + "read back as " + IntervalText(back);
-  if (row.Type == RowType::kFree) return AddRow(LossKind::kFreeRowLimits, i, becomes);
-  if (row.LowerBound > row.UpperBound) {
-    return AddRow(LossKind::kReversed, i, limits + "are reversed");
-  }
-  if (type != model::RowTypeOf(row.LowerBound, row.UpperBound)) {
-    AddRow(LossKind::kRowLimits, i, becomes);
-  } else if (!is_same) {
-    AddRow(LossKind::kDigits, i, becomes);
-  }
-  if (type != row.Type) {
-    AddRow(LossKind::kRowType, i, limits + "read back as type " + model::TypeText(type));
-  }
+  if (AreSame(row, back) && type == row.Type) return;
+  told_.AddLimits(i, back, type != model::RowTypeOf(row.LowerBound, row.UpperBound));
 }
 
 bool ExactLossFinder::FitsFixedColumns() const {

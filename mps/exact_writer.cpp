@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "mps/exact_limits.h"
+#include "mps/file_words.h"
 #include "text/encoding.h"
 #include "text/numbers.h"
 #include "text/shortest_text.h"
@@ -16,31 +17,17 @@ using model::ColumnRecord;
 using model::ColumnType;
 using model::RowRecord;
 
-constexpr std::size_t kNameWidth = 10;
-constexpr std::size_t kLongestFixedName = 8;
-constexpr std::size_t kValueWidth = 12;
-constexpr std::size_t kHandOverSize = std::size_t{1} << 18;
 // Of a value and, in a text, of what it is gathered in.
 constexpr std::size_t kLongestValue = 32;
 
-constexpr std::string_view kLineEnd = "\r\n";
-constexpr std::string_view kGap = "  ";  // behind what left the fixed columns
 constexpr std::string_view kName = "NAME";
 constexpr std::string_view kBeforeName = "          ";
-constexpr std::string_view kComment = "* ";
 constexpr std::string_view kSense = "OBJSENSE";
 constexpr std::string_view kMinimize = "    MIN";
 constexpr std::string_view kMaximize = "    MAX";
-constexpr std::string_view kRows = "ROWS";
-constexpr std::string_view kColumns = "COLUMNS";
-constexpr std::string_view kEntry = "    ";
 constexpr std::string_view kMarker = "MARKER";
 constexpr std::string_view kMarkerField = "'MARKER'";
 constexpr std::string_view kBeforeMarkerType = "                 ";
-constexpr std::string_view kRightHandSides = "RHS";
-constexpr std::string_view kRanges = "RANGES";
-constexpr std::string_view kBounds = "BOUNDS";
-constexpr std::string_view kEnd = "ENDATA";
 
 template <class Records>
 bool HasBlank(const Records& records, std::int32_t count) {
@@ -72,9 +59,9 @@ void DropConstantNote(std::string& description) {
   if (begin == std::string::npos || begin + kConstantNote.size() != description.size()) return;
   const bool is_first = begin == 0;
   const bool is_line =
-      is_first || std::string_view(description).substr(0, begin).ends_with(kLineEnd);
+      is_first || std::string_view(description).substr(0, begin).ends_with(kNewLine);
   if (!is_line) return;
-  description.resize(is_first ? 0 : begin - kLineEnd.size());
+  description.resize(is_first ? 0 : begin - kNewLine.size());
 }
 
 bool NeedsFixedColumns(const model::ModelData& data) {
@@ -105,7 +92,7 @@ void ExactWriter::Write(const std::function<void(std::string_view)>& take) {
   WriteRightHandSides();
   WriteRanges();
   WriteBounds();
-  WriteLine(kEnd);
+  WriteLine(kEndHeader);
   HandOver();
 }
 
@@ -115,13 +102,13 @@ void ExactWriter::WriteTexts() {
   EndLine();
   std::string_view rest = data_.ModelDescription;
   while (!rest.empty()) {
-    const std::size_t end = rest.find(kLineEnd);
-    WriteLine(kComment, rest.substr(0, end));
+    const std::size_t end = rest.find(kNewLine);
+    WriteLine(kCommentStart, rest.substr(0, end));
     if (end == std::string_view::npos) break;
-    rest.remove_prefix(end + kLineEnd.size());
-    if (rest.empty()) WriteLine(kComment);
+    rest.remove_prefix(end + kNewLine.size());
+    if (rest.empty()) WriteLine(kCommentStart);
   }
-  if (facts_.objective_constant != 0) WriteLine(kComment, kConstantNote);
+  if (facts_.objective_constant != 0) WriteLine(kCommentStart, kConstantNote);
 }
 
 void ExactWriter::WriteSense() {
@@ -131,18 +118,18 @@ void ExactWriter::WriteSense() {
 }
 
 void ExactWriter::WriteRows() {
-  WriteLine(kRows);
+  WriteLine(kRowsHeader);
   for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
     const RowLines lines = RowLinesOf(data_.Rows[i], i >= objective_);
     lines_ += ' ';
     lines_ += model::TraitsOf(lines.type).file_letter;
-    WriteLine(kGap, data_.Rows[i].Name);
+    WriteLine(kWordGap, data_.Rows[i].Name);
     if (text::CharacterCount(data_.Rows[i].Name) > kLongestFixedName) fits_ = false;
   }
 }
 
 void ExactWriter::WriteColumns() {
-  WriteLine(kColumns);
+  WriteLine(kColumnsHeader);
   bool integers = false;
   for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) {
     const ColumnRecord& column = data_.Columns[j];
@@ -153,7 +140,7 @@ void ExactWriter::WriteColumns() {
 }
 
 void ExactWriter::WriteMarker(bool integers) {
-  lines_ += kEntry;
+  lines_ += kEntryIndent;
   AppendName(marker_);
   const ColumnType type = integers ? ColumnType::kInteger : ColumnType::kContinuous;
   lines_.append(kMarkerField).append(kBeforeMarkerType).append(model::TraitsOf(type).marker);
@@ -170,7 +157,7 @@ void ExactWriter::WriteColumn(const ColumnRecord& column) {
 
 void ExactWriter::WriteRightHandSides() {
   const double constant = facts_.objective_constant;
-  WriteLine(kRightHandSides);
+  WriteLine(kRhsHeader);
   for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
     RowLines lines = RowLinesOf(data_.Rows[i], i >= objective_);
     if (i == objective_ && constant != 0) lines.right_hand_side = -constant;
@@ -184,7 +171,7 @@ void ExactWriter::WriteRanges() {
   for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
     const RowLines lines = RowLinesOf(data_.Rows[i], i >= objective_);
     if (!lines.range) continue;
-    Header(kRanges, is_due);
+    Header(kRangesHeader, is_due);
     WriteEntry(ranges_set_, data_.Rows[i].Name, *lines.range);
   }
 }
@@ -220,7 +207,7 @@ void ExactWriter::WriteUpperBound(const ColumnRecord& column) {
 }
 
 void ExactWriter::WriteEntry(std::string_view name, std::string_view row, double value) {
-  lines_ += kEntry;
+  lines_ += kEntryIndent;
   AppendName(name);
   AppendName(row);
   AppendValue(value);
@@ -241,7 +228,7 @@ void ExactWriter::WriteBound(BoundCode code, const ColumnRecord& column, double 
 }
 
 void ExactWriter::BeginBound(BoundCode code) {
-  Header(kBounds, bounds_due_);
+  Header(kBoundsHeader, bounds_due_);
   lines_ += ' ';
   lines_ += model::TraitsOf(code).letters;
   lines_ += ' ';
@@ -259,7 +246,7 @@ void ExactWriter::AppendName(std::string_view name) {
   if (size <= kLongestFixedName) {
     lines_.append(kNameWidth - size, ' ');
   } else {
-    lines_ += kGap;
+    lines_ += kWordGap;
     fits_ = false;
   }
 }
@@ -282,7 +269,7 @@ void ExactWriter::WriteLine(std::string_view prefix, std::string_view rest) {
 }
 
 void ExactWriter::EndLine() {
-  lines_ += kLineEnd;
+  lines_ += kNewLine;
   if (lines_.size() >= kHandOverSize) HandOver();
 }
 

@@ -11,29 +11,16 @@
 namespace quarvel::mps {
 namespace {
 
-constexpr std::size_t kNameWidth = 10;
-constexpr std::size_t kValueWidth = 12;
-constexpr std::size_t kHandOverSize = std::size_t{1} << 18;
 constexpr std::int32_t kRowsPrefetchedAhead = 8;
 // The largest number has 309 digits before its point.
 constexpr std::size_t kLongestValue = 400;
 
-constexpr std::string_view kLineEnd = "\r\n";
-constexpr std::string_view kGap = "  ";  // around what left the fixed columns
 constexpr std::string_view kName = "NAME          ";
-constexpr std::string_view kDescriptionLine = "* ";
-constexpr std::string_view kRows = "ROWS";
-constexpr std::string_view kColumns = "COLUMNS";
-constexpr std::string_view kElement = "    ";
 constexpr std::string_view kIntegersBegin = "    INT       'MARKER'                 'INTORG'";
 constexpr std::string_view kIntegersEnd = "    INTEND    'MARKER'                 'INTEND'";
-constexpr std::string_view kRightHandSides = "RHS";
 constexpr std::string_view kRightHandSide = "    RHS       ";
-constexpr std::string_view kRanges = "RANGES";
 constexpr std::string_view kRange = "    RANGE     ";
-constexpr std::string_view kBounds = "BOUNDS";
 constexpr std::string_view kBoundSet = " BOUND     ";
-constexpr std::string_view kEnd = "ENDATA";
 
 bool FitsValueField(std::string_view value) { return value.size() <= kValueWidth; }
 
@@ -52,8 +39,8 @@ class ElementLine {
  public:
   explicit ElementLine(std::string_view column) {
     std::memset(line_, ' ', kLength);
-    column.copy(line_ + kElement.size(), column.size());
-    std::memcpy(line_ + kValueEnd, kLineEnd.data(), kLineEnd.size());
+    column.copy(line_ + kEntryIndent.size(), column.size());
+    std::memcpy(line_ + kValueEnd, kNewLine.data(), kNewLine.size());
   }
 
   // `row` is the name with blanks up to the length of the longest that fits.
@@ -67,10 +54,10 @@ class ElementLine {
   }
 
  private:
-  static constexpr std::size_t kRowAt = kElement.size() + kNameWidth;
+  static constexpr std::size_t kRowAt = kEntryIndent.size() + kNameWidth;
   static constexpr std::size_t kValueAt = kRowAt + kNameWidth;
   static constexpr std::size_t kValueEnd = kValueAt + kValueWidth;
-  static constexpr std::size_t kLength = kValueEnd + kLineEnd.size();
+  static constexpr std::size_t kLength = kValueEnd + kNewLine.size();
 
   char line_[kLength];
 };
@@ -106,7 +93,7 @@ void MpsWriter::Write(platform::OutputFile& file) {
   if (data_.NumberOfRows >= 1) WriteRightHandSides();
   WriteRanges();
   if (data_.NumberOfColumns >= 1) WriteBounds();
-  WriteLine(kEnd);
+  WriteLine(kEndHeader);
   HandOver();
 }
 
@@ -115,26 +102,26 @@ void MpsWriter::WriteName() { WriteLine(kName, data_.ModelName); }
 void MpsWriter::WriteDescription() {
   std::string_view rest = data_.ModelDescription;
   do {
-    const std::size_t end = rest.find(kLineEnd);
-    WriteLine(kDescriptionLine, rest.substr(0, end));
+    const std::size_t end = rest.find(kNewLine);
+    WriteLine(kCommentStart, rest.substr(0, end));
     if (end == std::string_view::npos) return;
-    rest.remove_prefix(end + kLineEnd.size());
+    rest.remove_prefix(end + kNewLine.size());
   } while (!IsBlank(rest));
 }
 
 void MpsWriter::WriteRows() {
-  WriteLine(kRows);
+  WriteLine(kRowsHeader);
   for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
     const model::RowRecord& row = data_.Rows[i];
     if (row.ElementCount() == 0) continue;
     lines_ += ' ';
     lines_ += model::TraitsOf(row.Type).file_letter;
-    WriteLine(kGap, row.Name);
+    WriteLine(kWordGap, row.Name);
   }
 }
 
 void MpsWriter::WriteColumns() {
-  WriteLine(kColumns);
+  WriteLine(kColumnsHeader);
   std::int32_t integers = 0;
   for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) {
     const model::ColumnRecord& column = data_.Columns[j];
@@ -202,7 +189,7 @@ void MpsWriter::WriteElements(const model::ColumnRecord& column) {
 
 void MpsWriter::WriteElement(const NameField& column, const NameField& row,
                              std::string_view value) {
-  lines_ += kElement;
+  lines_ += kEntryIndent;
   if (column.fits && row.fits && FitsValueField(value)) {
     AppendPadded(column);
     AppendPadded(row);
@@ -210,16 +197,16 @@ void MpsWriter::WriteElement(const NameField& column, const NameField& row,
   } else {
     standard_ = false;
     lines_ += column.name;
-    lines_ += kGap;
+    lines_ += kWordGap;
     lines_ += row.name;
-    lines_ += kGap;
+    lines_ += kWordGap;
     lines_ += value;
   }
   EndLine();
 }
 
 void MpsWriter::WriteRightHandSides() {
-  WriteLine(kRightHandSides);
+  WriteLine(kRhsHeader);
   for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
     const model::RowRecord& row = data_.Rows[i];
     const NameField name(row.Name);
@@ -233,7 +220,7 @@ void MpsWriter::WriteRanges() {
   for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
     const model::RowRecord& row = data_.Rows[i];
     if (row.Type != model::RowType::kRanged) continue;
-    if (header_due) WriteLine(kRanges);
+    if (header_due) WriteLine(kRangesHeader);
     header_due = false;
     WriteRowEntry(kRange, NameField(row.Name), row.UpperBound - row.LowerBound);
   }
@@ -246,21 +233,21 @@ void MpsWriter::WriteRowEntry(std::string_view prefix, const NameField& row, dou
   } else {
     standard_ = false;
     lines_ += row.name;
-    lines_ += kGap;
+    lines_ += kWordGap;
   }
   const std::string_view text = Format(value, text::Picture::kElement);
   if (FitsValueField(text)) {
     AppendRightAligned(text);
   } else {
     standard_ = false;
-    lines_ += kGap;
+    lines_ += kWordGap;
     lines_ += text;
   }
   EndLine();
 }
 
 void MpsWriter::WriteBounds() {
-  WriteLine(kBounds);
+  WriteLine(kBoundsHeader);
   for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) {
     const model::ColumnRecord& column = data_.Columns[j];
     const NameField name(column.Name);
@@ -320,7 +307,7 @@ void MpsWriter::WriteFreeBound(model::BoundCode code, const NameField& column,
                                std::string_view value) {
   AppendBoundCode(code);
   lines_ += column.name;
-  lines_ += kGap;
+  lines_ += kWordGap;
   lines_ += value;
   EndLine();
 }
@@ -354,7 +341,7 @@ void MpsWriter::AppendRightAligned(std::string_view value) {
 }
 
 void MpsWriter::EndLine() {
-  lines_ += kLineEnd;
+  lines_ += kNewLine;
   if (lines_.size() >= kHandOverSize) HandOver();
 }
 

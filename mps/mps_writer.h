@@ -38,6 +38,7 @@
 #include "model/bound_code.h"
 #include "model/model_data.h"
 #include "model/one_based.h"
+#include "mps/file_words.h"
 #include "platform/files.h"
 #include "text/picture.h"
 
@@ -48,9 +49,6 @@ std::optional<double> RightHandSideOf(const model::RowRecord& row);
 
 class MpsWriter {
  public:
-  // Names of more characters do not fit the fixed columns.
-  static constexpr std::size_t kLongestFixedName = 8;
-
   // The data must outlive the writer, be settled and stay as it is. What memory writing needs is
   // taken here, but for lines of a length beyond reason.
   explicit MpsWriter(const model::ModelData& data);

@@ -13,8 +13,6 @@
 namespace quarvel::mps {
 namespace {
 
-constexpr std::size_t kValueWidth = 12;
-
 double Read(const std::string& text) {
   return text::ParseNumber(text).value_or(std::numeric_limits<double>::quiet_NaN());
 }
@@ -70,7 +68,7 @@ model::Bounds LimitsReadBack(const model::RowRecord& row) {
 }
 
 model::Bounds BoundsReadBack(const model::ColumnRecord& column) {
-  const bool fits = text::CharacterCount(column.Name) <= MpsWriter::kLongestFixedName;
+  const bool fits = text::CharacterCount(column.Name) <= kLongestFixedName;
   model::Bounds bounds = {0, model::BoundLimit};
   if (HasLowerLine(column)) bounds.LowerBound = FixedReadBack(column.LowerBound, fits);
   const double upper = column.UpperBound;

@@ -9,6 +9,7 @@
 #include "mps/name_losses.h"
 #include "mps/order_losses.h"
 #include "mps/read_back.h"
+#include "mps/record_losses.h"
 #include "mps/text_losses.h"
 #include "text/numbers.h"
 
@@ -23,14 +24,6 @@ using model::ElementEntry;
 using model::ModelData;
 using model::RowRecord;
 using model::RowType;
-
-bool AreSame(const Bounds& a, const Bounds& b) {
-  return a.LowerBound == b.LowerBound && a.UpperBound == b.UpperBound;
-}
-
-bool AreFinite(const Bounds& bounds) {
-  return std::isfinite(bounds.LowerBound) && std::isfinite(bounds.UpperBound);
-}
 
 // Whether both say the same but for the digits of a value: what is absent, what is equal.
 bool AreAlike(const Bounds& a, const Bounds& b) {
@@ -72,15 +65,6 @@ class LossFinder {
   }
 
  private:
-  void AddRow(LossKind kind, std::int32_t i, const std::string& words) {
-    losses_.Add(kind, [&] { return Loss{"row", model::Public(i), data_.Rows[i].Name, words}; });
-  }
-  void AddColumn(LossKind kind, std::int32_t j, const std::string& words) {
-    losses_.Add(kind, [&] {
-      return Loss{"column", model::Public(j), data_.Columns[j].Name, words};
-    });
-  }
-
   void CheckColumn(std::int32_t j);
   void CheckBounds(std::int32_t j);
   void CheckElements(std::int32_t j);
@@ -92,6 +76,7 @@ class LossFinder {
   const model::ModelStore& store_;
   const ModelData& data_;
   Losses losses_;
+  RecordLosses told_{data_, losses_};
   std::vector<std::int32_t> vanished_;  // coefficients of each row; empty as long as there are none
 };
 
@@ -99,13 +84,13 @@ void LossFinder::CheckColumn(std::int32_t j) {
   const ColumnRecord& column = data_.Columns[j];
   if (column.ElementCount() == 0) {
     if (!HasBoundLine(column))
-      return AddColumn(LossKind::kEmptyColumn, j, "is left out: it has no elements");
-    return AddColumn(LossKind::kLimitOfEmpty, j,
-                     "has no elements, so that its bounds " + IntervalText(column) +
-                         " are those of a column that the file does not have");
+      return told_.AddColumn(LossKind::kEmptyColumn, j, "is left out: it has no elements");
+    return told_.AddColumn(LossKind::kLimitOfEmpty, j,
+                           "has no elements, so that its bounds " + IntervalText(column) +
+                               " are those of a column that the file does not have");
   }
   if (column.Type != ColumnType::kInteger && column.Type != ColumnType::kContinuous) {
-    AddColumn(LossKind::kColumnType, j, "reads back with type R");
+    told_.AddColumn(LossKind::kColumnType, j, "reads back with type R");
   }
   CheckBounds(j);
   CheckElements(j);
@@ -114,14 +99,14 @@ void LossFinder::CheckColumn(std::int32_t j) {
 void LossFinder::CheckBounds(std::int32_t j) {
   const ColumnRecord& column = data_.Columns[j];
   if (!AreFinite(column))
-    return AddColumn(LossKind::kNotFinite, j, "has a bound that is no number");
+    return told_.AddColumn(LossKind::kNotFinite, j, "has a bound that is no number");
   if (column.LowerBound > column.UpperBound) {
-    return AddColumn(LossKind::kReversed, j,
-                     "has the bounds " + IntervalText(column) + ", which are reversed");
+    return told_.AddColumn(LossKind::kReversed, j,
+                           "has the bounds " + IntervalText(column) + ", which are reversed");
   }
   const Bounds back = BoundsReadBack(column);
   if (AreSame(column, back)) return;
-  AddColumn(
+  told_.AddColumn(
       AreAlike(column, back) ? LossKind::kDigits : LossKind::kColumnBounds, j,
       "has the bounds " + IntervalText(column) + ", which read back as " + IntervalText(back));
 }
@@ -130,7 +115,7 @@ void LossFinder::CheckElements(std::int32_t j) {
   std::int32_t kept = 0;
   for (const ElementEntry& element : data_.Columns[j].Elements) CheckElement(j, element, kept);
   if (kept == 0) {
-    AddColumn(LossKind::kEmptied, j, "would be left without elements: all are written as 0");
+    told_.AddColumn(LossKind::kEmptied, j, "would be left without elements: all are written as 0");
   }
 }
 
@@ -140,7 +125,7 @@ void LossFinder::CheckElement(std::int32_t j, const ElementEntry& element, std::
   ++kept;
   if (back == element.Value) return;
   if (!std::isfinite(element.Value)) {
-    return AddColumn(LossKind::kNotFinite, j, "has an element that is no number");
+    return told_.AddColumn(LossKind::kNotFinite, j, "has an element that is no number");
   }
   losses_.Add(LossKind::kDigits, [&] {
     return Loss{"column", model::Public(j), data_.Columns[j].Name,
@@ -165,39 +150,25 @@ void LossFinder::CheckRow(std::int32_t i) {
   const RowRecord& row = data_.Rows[i];
   if (row.ElementCount() == 0) {
     if (!HasLimitLine(row))
-      return AddRow(LossKind::kEmptyRow, i, "is left out: it has no elements");
-    return AddRow(LossKind::kLimitOfEmpty, i,
-                  "has no elements, so that its limits " + IntervalText(row) +
-                      " are those of a row that the file does not have");
+      return told_.AddRow(LossKind::kEmptyRow, i, "is left out: it has no elements");
+    return told_.AddRow(LossKind::kLimitOfEmpty, i,
+                        "has no elements, so that its limits " + IntervalText(row) +
+                            " are those of a row that the file does not have");
   }
   const auto place = static_cast<std::size_t>(i);
   if (place < vanished_.size() && vanished_[place] == row.ElementCount()) {
-    AddRow(LossKind::kEmptied, i, "would be left without elements: all are written as 0");
+    told_.AddRow(LossKind::kEmptied, i, "would be left without elements: all are written as 0");
   }
-  if (row.Type == RowType::kNone) return AddRow(LossKind::kNoRowType, i, "has no type");
+  if (row.Type == RowType::kNone) return told_.AddRow(LossKind::kNoRowType, i, "has no type");
   CheckLimits(i);
 }
 
 void LossFinder::CheckLimits(std::int32_t i) {
   const RowRecord& row = data_.Rows[i];
-  if (!AreFinite(row)) return AddRow(LossKind::kNotFinite, i, "has a limit that is no number");
+  if (!AreFinite(row))
+    return told_.AddRow(LossKind::kNotFinite, i, "has a limit that is no number");
   const Bounds back = LimitsReadBack(row);
-  const RowType type = model::RowTypeOf(back.LowerBound, back.UpperBound);
-  if (AreSame(row, back) && type == row.Type && row.LowerBound <= row.UpperBound) return;
-  const std::string limits =
-      "of type " + model::TypeText(row.Type) + " has the limits " + IntervalText(row) + ", which ";
-  const std::string becomes = limits + "read back as " + IntervalText(back);
-  if (row.Type == RowType::kFree) return AddRow(LossKind::kFreeRowLimits, i, becomes);
-  if (row.LowerBound > row.UpperBound) {
-    return AddRow(LossKind::kReversed, i, limits + "are reversed");
-  }
-  if (!TypeSaysItsLimits(row) || !AreAlike(row, back)) {
-    return AddRow(LossKind::kRowLimits, i, becomes);
-  }
-  if (!AreSame(row, back)) AddRow(LossKind::kDigits, i, becomes);
-  if (type != row.Type) {
-    AddRow(LossKind::kRowType, i, limits + "read back as type " + model::TypeText(type));
-  }
+  told_.AddLimits(i, back, !TypeSaysItsLimits(row) || !AreAlike(row, back));
 }
 
 }  // namespace
