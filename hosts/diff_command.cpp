@@ -58,7 +58,7 @@ int PrintScript(const DiffSides& sides) {
   inspect::Differences differences(0);
   CompareSides(sides, [&differences](const inspect::Difference& d) { differences.Add(d); });
   const inspect::Tolerance tolerance = ComparedWithin(sides.a.arguments);
-  EditScript script(sides.a.model().store(), sides.b.model().store(), tolerance);
+  EditScript script(ScriptSideOf(sides.a), ScriptSideOf(sides.b), tolerance);
   script.PrintTo([&sides](std::string_view line) {
     if (sides.a.KeepPrinting()) sides.a.streams.out << text::VisibleText(line) + '\n';
   });

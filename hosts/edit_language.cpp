@@ -105,6 +105,14 @@ void Rename(Session& session, const Words& words) {
   (session.model().*kKind.set_name)(NumberOf<kKind>(session, words[0]), NewName(words[1]));
 }
 
+// The objective stays the objective.
+void RenameRow(Session& session, const Words& words) {
+  const std::int32_t row = NumberOf<model::kRowKind>(session, words[0]);
+  const bool is_objective = session.model().RowName(row) == session.facts().objective;
+  Rename<model::kRowKind>(session, words);
+  if (is_objective) session.facts().objective = session.model().RowName(row);
+}
+
 template <const model::RecordKind& kKind>
 void SetType(Session& session, const Words& words) {
   (session.model().*kKind.set_type)(NumberOf<kKind>(session, words[0]), text::UpperCase(words[1]));
@@ -140,6 +148,26 @@ void SetBound(Session& session, const Words& words) {
     model.SetColUpperBound(column, change.NewUpper(value));
 }
 
+void SetObjective(Session& session, const Words& words) {
+  const LPModel& model = session.model();
+  const std::int32_t row = NumberOf<model::kRowKind>(session, words[0]);
+  if (model::RowTypeOf(model.RowType(row)) != model::RowType::kFree) {
+    RaiseBad("row " + model.RowName(row) + " is not of type N, as an objective is");
+  }
+  session.facts().objective = model.RowName(row);
+}
+
+void SetObjectiveSense(Session& session, const Words& words) {
+  const std::string sense = text::UpperCase(words[0]);
+  if (sense != "MIN" && sense != "MAX") RaiseBad("there is no sense " + words[0]);
+  session.facts().sense =
+      sense == "MAX" ? mps::ObjectiveSense::kMaximize : mps::ObjectiveSense::kMinimize;
+}
+
+void SetObjectiveConstant(Session& session, const Words& words) {
+  session.facts().objective_constant = ParseValue(words[0]);
+}
+
 void SetName(Session& session, const Words& words) { session.model().SetModelName(words[0]); }
 
 // The lines of a description are joined by CR LF.
@@ -163,13 +191,16 @@ const std::vector<EditCommand>& EditCommands() {
       {"delete-row", "ROW", 1, 1, Delete<model::kRowKind>},
       {"delete-column", "COLUMN", 1, 1, Delete<model::kColumnKind>},
       {"delete-element", "ROW COLUMN", 2, 2, DeleteElement},
-      {"rename-row", "ROW NAME", 2, 2, Rename<model::kRowKind>},
+      {"rename-row", "ROW NAME", 2, 2, RenameRow},
       {"rename-column", "COLUMN NAME", 2, 2, Rename<model::kColumnKind>},
       {"set-row-type", "ROW " + model::RowTypeLetters(), 2, 2, SetType<model::kRowKind>},
       {"set-row-bounds", "ROW LOWER UPPER", 3, 3, SetRowBounds},
       {"set-bound", "COLUMN " + model::BoundCodeLetters() + " [VALUE]", 2, 3, SetBound},
       {"set-column-type", "COLUMN " + model::ColumnTypeLetters(), 2, 2,
        SetType<model::kColumnKind>},
+      {"set-objective", "ROW", 1, 1, SetObjective},
+      {"set-objective-sense", "MIN|MAX", 1, 1, SetObjectiveSense},
+      {"set-objective-constant", "VALUE", 1, 1, SetObjectiveConstant},
       {"set-name", "TEXT", 1, 1, SetName},
       {"set-description", "TEXT", 1, 1, SetDescription},
       {"simplify", "", 0, 0, Simplify},
@@ -208,7 +239,7 @@ std::string EditHelp() {
       "All commands are carried out, or nothing is written at the first bad one. They come from -c "
       "options\nor, without any, from standard input, one a line:\n";
   for (const EditCommand& command : EditCommands()) {
-    constexpr std::size_t kNameWidth = 17;
+    constexpr std::size_t kNameWidth = 24;
     std::string shown = "  ";
     AppendLeft(shown, command.name, kNameWidth);
     shown.append(command.operands);
@@ -225,7 +256,8 @@ std::string EditHelp() {
          "case.\n"
          "Bounds may be -inf and inf. Types and bounds of rows do not follow each other: a range "
          "is\n"
-         "set-row-type ROW R and set-row-bounds ROW LOWER UPPER.\n";
+         "set-row-type ROW R and set-row-bounds ROW LOWER UPPER. Sense and constant of the objective "
+         "are\nwritten with --layout free alone.\n";
 }
 
 }  // namespace quarvel::hosts

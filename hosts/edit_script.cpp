@@ -29,17 +29,19 @@ std::string DescriptionWord(std::string_view description) {
 
 }  // namespace
 
-EditScript::EditScript(const model::ModelStore& a, const model::ModelStore& b,
+EditScript::EditScript(const ScriptSide& a, const ScriptSide& b,
                        const inspect::Tolerance& tolerance)
-    : a_(a),
-      b_(b),
+    : a_(a.store),
+      b_(b.store),
+      facts_of_a_(a.facts),
+      facts_of_b_(b.facts),
       tolerance_(tolerance),
-      emptied_(static_cast<std::size_t>(a.NumberOfRows()) + 1),
-      repeated_in_a_(inspect::RepeatedPairsOf(a)) {
-  for (std::int32_t r = 1; r <= b.NumberOfRows(); ++r) {
-    if (b.Row(r).ElementCount() != 0) continue;
-    const std::int32_t in_a = a.FindRow(b.Row(r).Name);
-    if (in_a != 0 && a.Row(in_a).ElementCount() != 0)
+      emptied_(static_cast<std::size_t>(a_.NumberOfRows()) + 1),
+      repeated_in_a_(inspect::RepeatedPairsOf(a_)) {
+  for (std::int32_t r = 1; r <= b_.NumberOfRows(); ++r) {
+    if (b_.Row(r).ElementCount() != 0) continue;
+    const std::int32_t in_a = a_.FindRow(b_.Row(r).Name);
+    if (in_a != 0 && a_.Row(in_a).ElementCount() != 0)
       emptied_[static_cast<std::size_t>(in_a)] = true;
   }
 }
@@ -52,6 +54,22 @@ void EditScript::PrintTo(const Print& print) {
   ForEach(&EditScript::PrintRowDeletions);
   PrintEmptiedRows();
   ForEach(&EditScript::PrintColumnDeletions);
+  PrintFacts();
+}
+
+void EditScript::PrintFacts() {
+  if (facts_of_a_ == nullptr || facts_of_b_ == nullptr) return;
+  const mps::FileFacts& b = *facts_of_b_;
+  inspect::CompareFacts(*facts_of_a_, b, tolerance_, [&](const Difference& d) {
+    if (d.kind == kObjectiveSense) {
+      (*print_)(
+          Line("set-objective-sense", b.sense == mps::ObjectiveSense::kMaximize ? "MAX" : "MIN"));
+    } else if (d.kind == kObjectiveConstant) {
+      (*print_)(Line("set-objective-constant", text::RoundTripText(b.objective_constant)));
+    } else if (!b.objective.empty()) {
+      (*print_)(Line("set-objective", b.objective));
+    }
+  });
 }
 
 void EditScript::ForEach(Step step) {

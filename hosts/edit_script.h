@@ -11,15 +11,21 @@
 #include "inspect/compare.h"
 #include "inspect/repeated_pairs.h"
 #include "model/model_store.h"
+#include "mps/file_facts.h"
 
 namespace quarvel::hosts {
 
+// One of the two models with what its file says.
+struct ScriptSide {
+  const model::ModelStore& store;
+  const mps::FileFacts* facts = nullptr;  // null where nothing is known
+};
+
 class EditScript {
  public:
-  // The stores must outlive it, stay as they are, and give no obstacle (script_obstacles.h). What differs by
-  // no more than the tolerance stays as A has it.
-  EditScript(const model::ModelStore& a, const model::ModelStore& b,
-             const inspect::Tolerance& tolerance);
+  // Stores and facts must outlive it, stay as they are, and give no obstacle (script_obstacles.h). What
+  // differs by no more than the tolerance stays as A has it.
+  EditScript(const ScriptSide& a, const ScriptSide& b, const inspect::Tolerance& tolerance);
 
   using Print = std::function<void(std::string_view line)>;
   // Calls `print` with each line. A few comparisons of the models.
@@ -38,6 +44,8 @@ class EditScript {
   void PrintColumnDeletions(const inspect::Difference& difference);
   // Rows of both models that B has without elements: they would go with their last one.
   void PrintEmptiedRows();
+  // What the files say of the objective, once its row is there.
+  void PrintFacts();
 
   void PrintNewRow(std::int32_t row_of_b);
   void PrintNewColumn(std::int32_t column_of_b);
@@ -58,6 +66,8 @@ class EditScript {
 
   const model::ModelStore& a_;
   const model::ModelStore& b_;
+  const mps::FileFacts* facts_of_a_;
+  const mps::FileFacts* facts_of_b_;
   const inspect::Tolerance& tolerance_;
   const Print* print_ = nullptr;
   std::vector<bool> emptied_;  // by A's numbers

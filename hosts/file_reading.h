@@ -40,6 +40,7 @@ class FileReading {
   mps::FileRead ReadInWindow(const std::string& path, mps::ReadOptions options);
   // What the file says beside its model.
   const mps::FileFacts& facts() const { return facts_; }
+  mps::FileFacts& facts() { return facts_; }
   // What Read passed over, and how big the model was before it may have been simplified.
   const mps::FileProblems& problems() const { return problems_; }
   const ModelSize& size() const { return size_; }

@@ -1,4 +1,4 @@
-// quarvel info: what the model holds, in numbers.
+// quarvel info: what the model holds, in numbers, and what its file says beside it.
 
 #include <utility>
 
@@ -18,6 +18,20 @@ std::int32_t IntegerColumns(const LPModel& model) {
   return count;
 }
 
+std::string_view SenseText(mps::ObjectiveSense sense) {
+  if (sense == mps::ObjectiveSense::kNotSaid) return {};
+  return sense == mps::ObjectiveSense::kMaximize ? "maximize" : "minimize";
+}
+
+void AppendFactMembers(std::string& json, const mps::FileFacts& facts) {
+  if (!facts.objective.empty()) AppendJsonMember(json, "objective", facts.objective);
+  const std::string_view sense = SenseText(facts.sense);
+  if (!sense.empty()) AppendJsonMember(json, "objectiveSense", sense);
+  if (facts.objective_constant != 0) {
+    AppendJsonMember(json, "objectiveConstant", facts.objective_constant);
+  }
+}
+
 std::string InfoJson(const Session& session, const LPModel& model) {
   std::string json = "{";
   AppendJsonMember(json, "name", model.ModelName());
@@ -29,6 +43,7 @@ std::string InfoJson(const Session& session, const LPModel& model) {
   AppendJsonMember(json, "bindingRows", model.NumberOfBindingRows());
   AppendJsonMember(json, "nonBindingRows", model.NumberOfNonBindingRows());
   AppendJsonMember(json, "integerColumns", IntegerColumns(model));
+  AppendFactMembers(json, session.facts());
   AppendJsonMember(json, "hasEndata", !session.may_be_cut_off());
   return json + "}\n";
 }
@@ -52,11 +67,19 @@ void AppendDescription(std::string& text, std::string_view description) {
   }
 }
 
-std::string InfoText(const LPModel& model) {
+void AppendFacts(std::string& text, const mps::FileFacts& facts) {
+  AppendFact(text, "Objective", facts.objective);
+  AppendFact(text, "  sense", SenseText(facts.sense));
+  if (facts.objective_constant == 0) return;
+  AppendFact(text, "  constant", text::RoundTripText(facts.objective_constant));
+}
+
+std::string InfoText(const LPModel& model, const mps::FileFacts& facts) {
   std::string text;
   AppendFact(text, "Name", model.ModelName());
   AppendDescription(text, model.ModelDescription());
   AppendFact(text, "File", model.FileLocation());
+  AppendFacts(text, facts);
   AppendFact(text, "Binding rows", text::IntegerText(model.NumberOfBindingRows()));
   AppendFact(text, "Non-binding rows", text::IntegerText(model.NumberOfNonBindingRows()));
   AppendFact(text, "Integer columns", text::IntegerText(IntegerColumns(model)));
@@ -125,7 +148,8 @@ int RunInfo(Session& session) {
   if (files.size() == 1) {
     session.Read(files[0]);
     const LPModel& model = session.model();
-    session.streams.out << (session.arguments.json ? InfoJson(session, model) : InfoText(model));
+    session.streams.out << (session.arguments.json ? InfoJson(session, model)
+                                                   : InfoText(model, session.facts()));
     return kGood;
   }
   FileTable table(session);

@@ -54,7 +54,6 @@ class ObstacleSearch {
     Add(std::string(noun).append(" ").append(QuotedWord(name)).append(" ").append(words));
   }
   void LookAtNames(std::string_view file, const model::ModelStore& store);
-  void LookAtFacts();
   void LookAtObjective();
   void LookAt(const Difference& difference);
   void LookAtText(std::string_view what, std::string_view text);
@@ -62,8 +61,6 @@ class ObstacleSearch {
   void LookAtColumn(const model::ColumnRecord& column);
   void LookAtElements(const model::ElementList& elements);
   void LookAtRepeatedPairs();
-  // The first free row of what the commands make.
-  std::string ObjectiveAfterwards() const;
 
   ScriptSide a_;
   ScriptSide b_;
@@ -73,13 +70,14 @@ class ObstacleSearch {
 };
 
 std::vector<std::string> ObstacleSearch::Run() {
-  LookAtFacts();
-  if (inspect::Compare(a_.store, b_.store, tolerance_, 0).none()) return found_;
+  if (inspect::Compare(a_.store, b_.store, tolerance_, 0).none()) {
+    LookAtObjective();
+    return found_;
+  }
   LookAtNames("A", a_.store);
   LookAtNames("B", b_.store);
   if (b_.store.NumberOfElements() == 0) Add("B has no elements, and edit writes no such model");
   if (!found_.empty()) return found_;  // what follows goes by names
-  LookAtObjective();
   inspect::Compare(a_.store, b_.store, tolerance_,
                    [this](const Difference& difference) { LookAt(difference); });
   LookAtRepeatedPairs();
@@ -193,47 +191,12 @@ void ObstacleSearch::LookAtRepeatedPairs() {
   });
 }
 
-// What edit writes says nothing of sense and constant, whatever A says.
-void ObstacleSearch::LookAtFacts() {
-  if (b_.facts == nullptr) return;
-  if (b_.facts->sense == mps::ObjectiveSense::kMaximize) {
-    Add("B is maximized, which what edit writes does not say");
-  }
-  if (b_.facts->objective_constant != 0) {
-    Add("the objective of B has a constant, which what edit writes does not say");
-  }
-}
-
+// Names are looked at only where the models differ.
 void ObstacleSearch::LookAtObjective() {
-  if (b_.facts == nullptr) return;
-  const std::string objective = ObjectiveAfterwards();
-  if (objective != b_.facts->objective) {
-    Add("the objective of B is " + QuotedWord(b_.facts->objective) +
-        ", and that of what edit makes would be " + QuotedWord(objective));
-  }
-}
-
-std::string ObstacleSearch::ObjectiveAfterwards() const {
-  const auto is_free = [](const model::RowRecord& row) {
-    return row.Type == model::RowType::kFree;
-  };
-  const auto is_emptied = [this](const model::RowRecord& in_b) {
-    const std::int32_t in_a = a_.store.FindRow(in_b.Name);
-    return in_b.ElementCount() == 0 && a_.store.Row(in_a).ElementCount() != 0;
-  };
-  std::string emptied;
-  for (std::int32_t r = 1; r <= a_.store.NumberOfRows(); ++r) {
-    const std::int32_t number = b_.store.FindRow(a_.store.Row(r).Name);
-    if (number == 0 || !is_free(b_.store.Row(number))) continue;
-    const model::RowRecord& row = b_.store.Row(number);
-    if (!is_emptied(row)) return row.Name;
-    if (emptied.empty()) emptied = row.Name;
-  }
-  for (std::int32_t r = 1; r <= b_.store.NumberOfRows(); ++r) {
-    const model::RowRecord& row = b_.store.Row(r);
-    if (is_free(row) && a_.store.FindRow(row.Name) == 0) return row.Name;
-  }
-  return emptied;
+  if (a_.facts == nullptr || b_.facts == nullptr) return;
+  const std::string& objective = b_.facts->objective;
+  if (objective == a_.facts->objective || !IsTakenForANumber(objective)) return;
+  AddOf("row", objective, "has a name that edit takes for a number");
 }
 
 }  // namespace

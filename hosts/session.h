@@ -49,6 +49,8 @@ class Session {
 
   // What the file that was read says beside its model; not as the component reads.
   const mps::FileFacts& facts() const { return reading_.facts(); }
+  // The same, to be changed: a write says it as far as its layout can.
+  mps::FileFacts& facts() { return reading_.facts(); }
   // The file that was read came to its end before an ENDATA line.
   bool may_be_cut_off() const;
 

@@ -57,6 +57,10 @@ TEST_F(EditTest, DoesWhatEachCommandSays) {
       {"set-bound X FR", {"column", "X"}, "Lower     -inf\nUpper     inf"},
       {"set-bound X PL", {"column", "X"}, "Lower     0\nUpper     inf"},
       {"set-column-type Y I", {"column", "Y"}, "Type      I"},
+      {"rename-row R1 cost", {"info"}, "Objective         COST\n"},
+      {"set-objective r1", {"info"}, "Objective         R1\n"},
+      {"set-objective-sense min", {"info"}, "Objective         R1\n"},
+      {"set-objective-constant 0", {"info"}, "Objective         R1\n"},
       {"set-name \"two words\"", {"info"}, "Name              TWO\n"},
       {"set-description \"say \\\"hi\\\"\\nto \\\\ all\"",
        {"info", "--json"},
@@ -172,6 +176,9 @@ TEST_F(EditTest, WritesNothingAtABadCommand) {
       {"set-bound X UP", "UP needs a value"},
       {"set-bound X FR 1", "FR takes no value"},
       {"set-name \"open", "a quote is not closed"},
+      {"set-objective R2", "row R2 is not of type N, as an objective is"},
+      {"set-objective-sense up", "there is no sense up"},
+      {"set-objective-constant x", "\"x\" is not a number"},
   };
   for (const Bad& bad : cases) {
     const Outcome run = Edit({"set-bound X UP 7", bad.command, "polish too"});

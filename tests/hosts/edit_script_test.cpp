@@ -33,13 +33,16 @@ constexpr std::string_view kScripted =
 class EditScriptTest : public ::testing::Test {
  protected:
   // The script for a B, whose effect must be B.
-  std::string ScriptTo(std::string_view b, std::string_view a = kScripted) {
+  std::string ScriptTo(std::string_view b, std::string_view a = kScripted,
+                       std::string_view layout = "fixed") {
     const std::string path_a = folder_.Write("a.mps", a);
     const std::string path_b = folder_.Write("b.mps", b);
     const std::string path_c = folder_.Path("c.mps");
     const Outcome script = RunQuarvel({"diff", path_a, path_b, "--script"});
     EXPECT_EQ(script.status, 1) << script.err;
-    const Outcome edit = RunQuarvel({"edit", path_a, path_c}, script.out);
+    const Outcome edit =
+        RunQuarvel({"edit", path_a, path_c, "--layout", std::string(layout), "--on-error=continue"},
+                   script.out);
     EXPECT_EQ(edit.status, 0) << edit.err << script.out;
     EXPECT_EQ(RunQuarvel({"diff", path_b, path_c}).out.find("no differences") == std::string::npos,
               false)
@@ -95,6 +98,35 @@ TEST_F(EditScriptTest, SetsTypesLimitsAndBoundsThatAreNone) {
             "set-row-bounds BAL -inf 0\n"
             "set-bound X UP inf\n"
             "set-bound Z LO -inf\n");
+}
+
+TEST_F(EditScriptTest, SaysWhatTheFilesSayOfTheObjective) {
+  constexpr std::string_view kTwoFree =
+      "ROWS\n N COST\n N PRICE\n L CAP\nCOLUMNS\n X COST 1 CAP 2\n X PRICE 3\nENDATA\n";
+  const std::string other = "OBJSENSE MAX\nOBJNAME\n PRICE\n" + std::string(kTwoFree);
+  const std::string with_constant =
+      "ROWS\n N COST\n N PRICE\n L CAP\nCOLUMNS\n X COST 1 CAP 2\n X PRICE 3\nRHS\n"
+      " RHS COST -0.1\nENDATA\n";
+  EXPECT_EQ(ScriptTo(other, kTwoFree, "free"), "set-objective-sense MAX\nset-objective PRICE\n");
+  EXPECT_EQ(ScriptTo(kTwoFree, other, "free"), "set-objective-sense MIN\nset-objective COST\n");
+  EXPECT_EQ(ScriptTo(with_constant, kTwoFree, "free"), "set-objective-constant 0.1\n");
+  EXPECT_EQ(ScriptTo(kTwoFree, with_constant, "fixed"), "set-objective-constant 0\n");
+  // The component's layout has no words for it.
+  const std::string path = folder_.Write("a.mps", kTwoFree);
+  const Outcome run =
+      RunQuarvel({"edit", path, folder_.Path("c2.mps")}, "set-objective-sense MAX\n");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_NE(run.err.find("the objective is to be maximized, which the file does not say"),
+            std::string::npos)
+      << run.err;
+  EXPECT_FALSE(folder_.Has("c2.mps"));
+}
+
+TEST_F(EditScriptTest, SetsAnObjectiveThatCame) {
+  EXPECT_EQ(ScriptTo("NAME A\nROWS\n L CAP\n G MIN\n E BAL\n N F\nCOLUMNS\n X CAP 2 F 1\n"
+                     " X MIN 3\n Y CAP 5 BAL 1\n Z BAL -1\nRHS\n RHS CAP 4 MIN 1\n"
+                     "BOUNDS\n UP BOUND X 10\nENDATA\n"),
+            "add-row F N\nadd-element F X 1\ndelete-row COST\nset-objective F\n");
 }
 
 TEST_F(EditScriptTest, ReplacesAllRecords) {

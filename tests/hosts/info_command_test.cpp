@@ -21,6 +21,7 @@ TEST(Info, PrintsAModelInNumbers) {
                 "                  COST is the objective: the price of 100 g of each food, in "
                 "cents.\n"
                 "File              @diet.mps\n"
+                "Objective         COST\n"
                 "Binding rows      4\n"
                 "Non-binding rows  1\n"
                 "Integer columns   0\n"
@@ -39,7 +40,32 @@ TEST(Info, PrintsJson) {
           "leave, worth as much as possible within a weight limit.\\r\\nThe worth "
           "is negated, so that less is better; SLACK is the weight left over.\","
           "\"file\":\"@knapsack.mps\",\"rows\":2,\"columns\":7,\"elements\":13,"
-          "\"bindingRows\":1,\"nonBindingRows\":1,\"integerColumns\":6,\"hasEndata\":true}\n"));
+          "\"bindingRows\":1,\"nonBindingRows\":1,\"integerColumns\":6,\"objective\":\"WORTH\",\"hasEndata\":true}\n"));
+}
+
+TEST(Info, TellsWhatTheFileSaysOfItsObjective) {
+  const HostFolder folder;
+  const std::string model = folder.Write(
+      "a.mps",
+      "OBJSENSE\n MAX\nROWS\n N COST\n L R\nCOLUMNS\n X COST 1 R 1\nRHS\n RHS COST -7.1 R "
+      "4\nENDATA\n");
+  EXPECT_EQ(RunQuarvel({"info", model}).out,
+            folder.Expand("File              @a.mps\n"
+                          "Objective         COST\n"
+                          "  sense           maximize\n"
+                          "  constant        7.1\n"
+                          "Binding rows      1\n"
+                          "Non-binding rows  1\n"
+                          "Integer columns   0\n"
+                          "Summary           2 rows, 1 column, 2 elements\n"));
+  EXPECT_NE(RunQuarvel({"info", model, "--json"})
+                .out.find("\"objective\":\"COST\",\"objectiveSense\":\"maximize\","
+                          "\"objectiveConstant\":7.1,\"hasEndata\":true}"),
+            std::string::npos);
+  // The component's read passes over OBJSENSE, and so over what it says.
+  EXPECT_EQ(RunQuarvel({"info", model, "--dialect", "component", "--on-error", "continue"})
+                .out.find("Objective"),
+            std::string::npos);
 }
 
 TEST(Info, ListsSeveralFilesAndGoesOnPastThoseThatAreNotRead) {

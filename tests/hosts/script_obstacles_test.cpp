@@ -93,8 +93,6 @@ const Case kCases[] = {
      "the description of B is no text that a command can give"},
     {[](ModelBuilder& b, LPModel&) { b.Name("\xFF"); },
      "the name of B is no text that a command can give"},
-    {[](ModelBuilder&, LPModel& m) { m.SetRowType(0, "L"); },
-     "the objective of B is COST, and that of what edit makes would be \"\""},
     {[](ModelBuilder&, LPModel& m) { ClearModel(m); },
      "B has no elements, and edit writes no such model"},
 };
@@ -105,16 +103,15 @@ TEST(ScriptObstacles, NameWhatCommandsCannotSay) {
   }
 }
 
-TEST(ScriptObstacles, NameWhatTheFileWouldNotSay) {
+TEST(ScriptObstacles, AreNoneInWhatTheFileSaysOfTheObjective) {
   const auto nothing = [](ModelBuilder&, LPModel&) {};
-  mps::FileFacts maximized = Facts("COST");
+  mps::FileFacts maximized = Facts("COST", 1);
   maximized.sense = mps::ObjectiveSense::kMaximize;
-  EXPECT_EQ(ObstaclesTo(nothing, maximized),
-            Sentences{"B is maximized, which what edit writes does not say"});
-  EXPECT_EQ(ObstaclesTo(nothing, Facts("COST", 1)),
-            Sentences{"the objective of B has a constant, which what edit writes does not say"});
+  EXPECT_EQ(ObstaclesTo(nothing, maximized), Sentences{});
   EXPECT_EQ(ObstaclesTo([](ModelBuilder& b, LPModel&) { b.Row("OTHER", 'N'); }, Facts("OTHER")),
-            Sentences{"the objective of B is OTHER, and that of what edit makes would be COST"});
+            Sentences{});
+  EXPECT_EQ(ObstaclesTo(nothing, Facts("#9")),
+            Sentences{"row \"#9\" has a name that edit takes for a number"});
 }
 
 TEST(ScriptObstacles, AreFewInNumber) {

@@ -282,14 +282,17 @@ NaiveEditLine ChooseTextLine(const Choice& choose) {
 
 // What is no command, or one with words too many or too few, and what does nothing.
 NaiveEditLine ChooseOddLine(const Choice& choose) {
-  static constexpr std::array<std::pair<const char*, bool>, 8> kLines = {{{"", true},
-                                                                          {"# set-name X", true},
-                                                                          {"   ", true},
-                                                                          {"fly", false},
-                                                                          {"set-name", false},
-                                                                          {"set-name A B", false},
-                                                                          {"set-name \"A", false},
-                                                                          {"simplify now", false}}};
+  static constexpr std::array<std::pair<const char*, bool>, 10> kLines = {
+      {{"", true},
+       {"# set-name X", true},
+       {"   ", true},
+       {"fly", false},
+       {"set-name", false},
+       {"set-name A B", false},
+       {"set-name \"A", false},
+       {"set-objective-sense UP", false},
+       {"set-objective-constant X", false},
+       {"simplify now", false}}};
   const auto& [text, good] = kLines[choose(kLines.size())];
   return {text, [good = good](NaiveModel&) { return good; }};
 }
