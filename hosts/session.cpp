@@ -173,7 +173,10 @@ void Session::Write(const std::string& path, mps::FileLayout usual) {
 void Session::PrintReceipt(const std::string& path, mps::FileLayout layout, bool in_place,
                            const inspect::FileWrite& write) {
   if (!arguments.json) {
-    streams.out << text::OneLine(path) << ": " << ReceiptText(write.receipt) << '\n';
+    const std::string receipt = text::OneLine(path) + ": " + ReceiptText(write.receipt);
+    // The model itself may go to standard output.
+    if (!write.receipt.is_read_again) return Note(receipt);
+    streams.out << receipt << '\n';
     return;
   }
   streams.out << WriteJson({.input = NameOfInput(arguments.operands[0]),

@@ -279,5 +279,18 @@ TEST(Simplify, ReportsALogThatCannotBeCopied) {
   EXPECT_FALSE(folder.Has("out.mps"));
 }
 
+#ifndef _WIN32
+TEST(Convert, TellsOfADeviceWhereTheModelDoesNotGo) {
+  const HostFolder folder;
+  const Outcome run =
+      RunQuarvel({"convert", folder.Write("a.mps", kSmallModel), "/dev/null", "--layout=free"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err,
+            "quarvel: /dev/null: written, but not read again, as it cannot be replaced: 2 rows, 2 "
+            "columns, 3 coefficients\n");
+}
+#endif
+
 }  // namespace
 }  // namespace quarvel
