@@ -35,6 +35,7 @@ class JobLister {
     AddPicture("report", ".html");
     AddDiffs();
     AddWrite();
+    AddReceipt();
     AddQuery();
     AddSimplifications();
     AddDeletions();
@@ -191,6 +192,19 @@ class JobLister {
     job.contenders = {CoinUtils({"write", file.path, Out("coinutils")}),
                       Glpk({"write", file.path, Out("glpk"), "fixed"})};
     job.least_ratio = 5;
+    Expect(job, file);
+    jobs_.push_back(std::move(job));
+  }
+
+  void AddReceipt() {
+    constexpr double kRatio = 1 / 1.2;
+    const ModelFile file = File("base");
+    Job job;
+    job.name = "write with a receipt";
+    job.files = {file};
+    job.command = Ours({"write-with-receipt", file.path, Out("quarvel")});
+    job.contenders = {Other("write and read", {"write-and-read", file.path, Out("plain")})};
+    job.least_ratio = kRatio;
     Expect(job, file);
     jobs_.push_back(std::move(job));
   }

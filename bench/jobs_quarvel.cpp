@@ -20,6 +20,7 @@
 #include "component/lp_model.h"
 #include "inspect/compare.h"
 #include "inspect/lint.h"
+#include "inspect/write_file.h"
 #include "mps/read_file.h"
 
 namespace quarvel::bench {
@@ -117,6 +118,32 @@ void Write(Arguments arguments) {
                 Require(session.model.SaveMPSFile(arguments[1]) == -1, "the file was not written");
               }));
   session.PrintSize();
+}
+
+// What `quarvel convert` does with a model that it has: the write, and the receipt, which reads it again.
+void WriteWithReceipt(Arguments arguments) {
+  Session session;
+  const mps::FileRead read = mps::ReadFile(arguments[0], {}, session.model.store());
+  inspect::FileWrite write;
+  PrintResult("seconds", SecondsOf([&] {
+                write =
+                    inspect::WriteFile(session.model.store(), read.facts, arguments[1],
+                                       {.layout = mps::FileLayout::kFixed, .allow_changes = true});
+              }));
+  Require(write.receipt.is_read_again, "the file was not written and read again");
+  session.PrintSize();
+}
+
+// The component's write of the model, and a read of what it wrote: what a receipt cannot do without.
+void WriteAndRead(Arguments arguments) {
+  Session session;
+  session.Read(arguments[0]);
+  Session back;
+  PrintResult("seconds", SecondsOf([&] {
+                Require(session.model.SaveMPSFile(arguments[1]) == -1, "the file was not written");
+                mps::ReadFile(arguments[1], {}, back.model.store());
+              }));
+  back.PrintSize();
 }
 
 // What a walk over all coefficients adds up, so that none of it can be left out.
@@ -329,6 +356,8 @@ constexpr Job kJobs[] = {
     {"check", 1, Check},
     {"diff", 2, Diff},
     {"write", 2, Write},
+    {"write-with-receipt", 2, WriteWithReceipt},
+    {"write-and-read", 2, WriteAndRead},
     {"query", 1, Query},
     {"loop", 1, Loop},
     {"simplify", 1, Simplify},
@@ -349,7 +378,7 @@ int RunJob(Arguments arguments) {
   if (arguments.size() == 2 && RunEditJob(name, Number(arguments[1]))) return 0;
   std::fputs(
       "usage: bench_quarvel read|read-file|check|query|loop|simplify FILE\n"
-      "       bench_quarvel write FILE OUT\n"
+      "       bench_quarvel write|write-with-receipt|write-and-read FILE OUT\n"
       "       bench_quarvel delete-rows|delete-column FILE ROWS\n"
       "       bench_quarvel delete-rows-looking-at-rows|delete-rows-looking-at-columns FILE ROWS\n"
       "       bench_quarvel add-rows ROWS\n",
