@@ -222,7 +222,7 @@ class Files {
   std::string b_;
 };
 
-// So plain that no word is missing: names in capitals, each pair once, the same objective.
+// So plain that no word is missing: names in capitals, each pair once, an objective.
 bool HasWords(const Side& a, const Side& b, const NaiveDiff& diff) {
   const auto is_plain = [](const NaiveRecord& record) {
     std::set<std::int32_t> met;
@@ -237,12 +237,11 @@ bool HasWords(const Side& a, const Side& b, const NaiveDiff& diff) {
     const NaiveModel& model = side->model;
     if (!std::all_of(model.Rows.begin(), model.Rows.end(), is_plain)) return false;
     if (!std::all_of(model.Columns.begin(), model.Columns.end(), is_plain)) return false;
-    if (side->reader.facts.objective_constant != 0 || model.NumberOfElements == 0) return false;
+    if (side->reader.facts.objective.empty() || model.NumberOfElements == 0) return false;
   }
-  for (const DifferenceKind kind : {DifferenceKind::kObjectiveSense, DifferenceKind::kObjective,
-                                    DifferenceKind::kObjectiveConstant, DifferenceKind::kModelName,
-                                    DifferenceKind::kDescription, DifferenceKind::kRowWent,
-                                    DifferenceKind::kRowCame, DifferenceKind::kRowType}) {
+  for (const DifferenceKind kind :
+       {DifferenceKind::kModelName, DifferenceKind::kDescription, DifferenceKind::kRowWent,
+        DifferenceKind::kRowCame, DifferenceKind::kRowType}) {
     if (diff.counts.count(kind) > 0) return false;
   }
   return true;

@@ -55,6 +55,7 @@ class ObstacleSearch {
   }
   void LookAtNames(std::string_view file, const model::ModelStore& store);
   void LookAtObjective();
+  void LookAtNameOfObjective();
   void LookAt(const Difference& difference);
   void LookAtText(std::string_view what, std::string_view text);
   void LookAtRow(const model::RowRecord& row);
@@ -70,8 +71,9 @@ class ObstacleSearch {
 };
 
 std::vector<std::string> ObstacleSearch::Run() {
+  LookAtObjective();
   if (inspect::Compare(a_.store, b_.store, tolerance_, 0).none()) {
-    LookAtObjective();
+    LookAtNameOfObjective();
     return found_;
   }
   LookAtNames("A", a_.store);
@@ -191,8 +193,18 @@ void ObstacleSearch::LookAtRepeatedPairs() {
   });
 }
 
-// Names are looked at only where the models differ.
+// A row of type N is the objective of what edit writes, unless another one is.
 void ObstacleSearch::LookAtObjective() {
+  if (b_.facts == nullptr || !b_.facts->objective.empty()) return;
+  for (std::int32_t r = 1; r <= b_.store.NumberOfRows(); ++r) {
+    const model::RowRecord& row = b_.store.Row(r);
+    if (row.Type != model::RowType::kFree) continue;
+    return AddOf("row", row.Name, "is free in B, which has no objective, and edit makes it that");
+  }
+}
+
+// The names of all records are looked at only where the models differ.
+void ObstacleSearch::LookAtNameOfObjective() {
   if (a_.facts == nullptr || b_.facts == nullptr) return;
   const std::string& objective = b_.facts->objective;
   if (objective == a_.facts->objective || !IsTakenForANumber(objective)) return;

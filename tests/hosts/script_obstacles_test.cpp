@@ -110,6 +110,8 @@ TEST(ScriptObstacles, AreNoneInWhatTheFileSaysOfTheObjective) {
   EXPECT_EQ(ObstaclesTo(nothing, maximized), Sentences{});
   EXPECT_EQ(ObstaclesTo([](ModelBuilder& b, LPModel&) { b.Row("OTHER", 'N'); }, Facts("OTHER")),
             Sentences{});
+  EXPECT_EQ(ObstaclesTo(nothing, Facts("")),
+            Sentences{"row COST is free in B, which has no objective, and edit makes it that"});
   EXPECT_EQ(ObstaclesTo(nothing, Facts("#9")),
             Sentences{"row \"#9\" has a name that edit takes for a number"});
 }
