@@ -93,6 +93,7 @@ constexpr FileProblemTraits kTable[] = {
     {kBehindFields, "W411", "behind-fields", "text behind the fields of fixed columns",
      "nothing behind column 61"},
     {kSenseUnknown, "W412", "sense-unknown", "no sense of an objective", "MAX or MIN"},
+    {kAtLimit, "W413", "at-limit", "a bound of 1E+10 counts as none", "less than 1E+10"},
 
     {kSetRenamed, "A316", "set-renamed", "a name that the fixed layout does not keep", ""},
 };

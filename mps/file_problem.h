@@ -91,6 +91,7 @@ enum class FileProblemCode : std::uint8_t {
   kMarker,
   kBehindFields,
   kSenseUnknown,
+  kAtLimit,
 
   // of lint
   kSetRenamed,

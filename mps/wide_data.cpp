@@ -189,6 +189,7 @@ bool WideData::UseBound(const SourceLine& line, const TokenList& words) {
   } else if (words.count() == kValue && FreesLower(line, words)) {
     sink_.Column(sink_.FindColumn(words[3])).LowerBound = -model::BoundLimit;
   }
+  if (words.count() == kValue) TellLimit(line, words);
   const std::optional<WideBound> wide = FindWideBound(words[1]);
   if (wide) UseWideBound(line, words, *wide);
   return wide || no_bound;
@@ -248,6 +249,20 @@ bool WideData::FreesLower(const SourceLine& line, const TokenList& words) {
   }
   Tell(kNegativeUpper, line, words[kValue], Named(words[3]), "the lower bound stays 0");
   return false;
+}
+
+// Beyond the limit lint tells it, as the bound is kept.
+void WideData::TellLimit(const SourceLine& line, const TokenList& words) const {
+  const std::string_view code = words[1];
+  if (ValueOfBound(code) == BoundValue::kIgnored) return;
+  const std::optional<double> value = text::ParseNumber(words[kValue]);
+  const bool sets_lower = code == "LO" || code == "LI" || code == "FX";
+  const bool sets_upper = code[0] != 'L';
+  if (sets_upper && value == model::BoundLimit) {
+    Tell(kAtLimit, line, words[kValue], Named(words[3]), "no upper bound");
+  } else if (sets_lower && value == -model::BoundLimit) {
+    Tell(kAtLimit, line, words[kValue], Named(words[3]), "no lower bound");
+  }
 }
 
 void WideData::Finish() {

@@ -41,6 +41,7 @@ class WideData {
   }
   bool IsPlainBound(const SourceLine& line) const {
     if (line[2] != bounds_.first || line[1].size() != 2 || line[3][0] == '$') return false;
+    if (MayBeLimit(line[4])) return false;
     const char first = line[1][0];
     const char second = line[1][1];
     const bool upper = first == 'U' && second == 'P';
@@ -68,6 +69,10 @@ class WideData {
   bool IsFreeRow(std::string_view name) const {
     return !free_rows_.empty() && name == free_rows_.front();
   }
+  // 1E+10 takes eleven digits, or an exponent.
+  static bool MayBeLimit(std::string_view number) {
+    return number.size() > 10 || number.find_first_of("ED") != std::string_view::npos;
+  }
   bool IsObjective(std::string_view row) const;
   void NoteRow(const SourceLine& line, std::string_view name);
   bool UseMarker(const SourceLine& line, const TokenList& words);
@@ -82,6 +87,7 @@ class WideData {
   void RefuseBound(const SourceLine& line, const TokenList& words);
   void UseInfinity(const SourceLine& line, const TokenList& words);
   bool FreesLower(const SourceLine& line, const TokenList& words);
+  void TellLimit(const SourceLine& line, const TokenList& words) const;
   bool IsOfFirst(Set& set, std::string& fact, const SourceLine& line, std::string_view name);
   // 0 after a problem, which is told.
   std::int32_t ReadPair(const SourceLine& line, const TokenList& words, std::size_t first,

@@ -76,6 +76,10 @@ INSTANTIATE_TEST_SUITE_P(
         WideCase{"OBJSENSE MAX now\n", "A307 10:10+3 'MAX'; A311 10:14+3 'now'"},
         WideCase{"OBJSENSEMIN now\n", "A307 10:1+11 'OBJSENSEMIN'; A311 10:13+3 'now'"},
         WideCase{"OBJNAME\n    COST or\n", "A308 11:5+4 'COST'; A311 11:10+2 'or'"},
+        WideCase{"BOUNDS\n UP B X 1e10\n UP B Y 9e9\n LO B Y -1.E+10\n LO B Y 1e10\n UP B Y 2e10\n",
+                 "W413 11:9+4 '1e10'; W413 13:9+7 '-1.E+10'"},
+        WideCase{"BOUNDS\n FX B X 10000000000\n UI B Y 1e10\n PL B Y 1e10\n",
+                 "W413 11:9+11 '10000000000'; W413 12:9+4 '1e10'; A306 12:2+2 'UI'"},
         WideCase{"BOUNDS\n FR B X 1 2\n", "E105 11"}, WideCase{"BOUNDS\n SC B X 1 2\n", "E105 11"},
         WideCase{"RHS\n    R  LIM  1\n    R  $D  2\n", "E110 12:8+2 '$D'"}));
 

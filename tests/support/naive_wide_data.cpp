@@ -216,6 +216,9 @@ void NaiveWideReader::ApplyBound(const NaiveWords& words) {
     Tell(options_.negative_upper_frees_lower ? "A312" : "W404");
     if (options_.negative_upper_frees_lower) column.LowerBound = -1e10;
   }
+  const double none = code == "LO" || code == "LI" ? -1e10 : 1e10;
+  if (has_value && !is_infinite && (value == none || (code == "FX" && value == -none)))
+    Tell("W413");
   if (code == "LO" || code == "FX") column.LowerBound = value;
   if (code == "UP" || code == "FX") column.UpperBound = value;
   if (code == "MI" || code == "FR") column.LowerBound = -1e10;
