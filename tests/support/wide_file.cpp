@@ -86,10 +86,11 @@ class WideFile {
   const std::string& Pick(const Words& words) {
     return words[choose_(static_cast<std::uint32_t>(words.size()))];
   }
-  bool IsOdd() { return oddness_ != 0 && choose_(60) < oddness_; }
+  // Nothing is odd, and nothing goes on, where only 0 is chosen any more.
+  bool IsOdd() { return choose_(60) >= 60 - oddness_; }
 
   void Start() {
-    while (choose_(3) == 0) text_ += Pick({"* a model\n", "*\n", "    note\n", "a note\n", "\n"});
+    while (choose_(3) == 2) text_ += Pick({"* a model\n", "*\n", "    note\n", "a note\n", "\n"});
     if (choose_(3) != 0) text_ += Pick({"NAME  m\n", "name\n", "NAME m FREE\n", "NAME a b\n"});
     while (IsOdd()) text_ += Pick(kOddLines) + "\n";
   }
