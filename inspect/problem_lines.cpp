@@ -17,11 +17,13 @@ using Lines = std::vector<std::int64_t>;
 
 bool IsOfColumn(FileProblemCode code) {
   using enum FileProblemCode;
-  return code == kColumnBoundsReversed || code == kPairTwice || code == kBeyondLimit;
+  return code == kColumnBoundsReversed || code == kPairTwice || code == kBeyondLimit ||
+         code == kOtherLetters;
 }
 bool IsOfRow(FileProblemCode code) {
   using enum FileProblemCode;
-  return code == kRowBoundsReversed || code == kRowTypeLost || code == kBeyondLimit;
+  return code == kRowBoundsReversed || code == kRowTypeLost || code == kBeyondLimit ||
+         code == kRowTwice;
 }
 
 // The records that problems are about, each once.
@@ -66,8 +68,19 @@ void AddCoefficients(const RecordOrigin& column, const std::string& row, Lines& 
   }
 }
 
+// The line that made the record.
+void AddFirst(const RecordOrigin& record, Lines& lines) {
+  const std::vector<Setting>& types = record.type.last;
+  if (!types.empty() && types.front().line > 0) lines.push_back(types.front().line);
+}
+
 Lines LinesOf(const FileProblem& problem, const WatchedRecords& watched) {
   Lines lines;
+  const bool is_row_twice = problem.code == FileProblemCode::kRowTwice;
+  if (is_row_twice || problem.code == FileProblemCode::kOtherLetters) {
+    AddFirst(watched.Of(is_row_twice, problem.item), lines);
+    return lines;
+  }
   if (problem.code == FileProblemCode::kPairTwice) {
     AddCoefficients(watched.Of(false, problem.item), problem.read, lines);
   } else {

@@ -1,5 +1,5 @@
 // The lines that problems of rows and columns come from: those that set reversed bounds, limits that are
-// none, and coefficients that are given twice.
+// none, and coefficients that are given twice; and the first line of a name that stands there again.
 #pragma once
 
 #include <string>

@@ -94,6 +94,9 @@ constexpr FileProblemTraits kTable[] = {
      "nothing behind column 61"},
     {kSenseUnknown, "W412", "sense-unknown", "no sense of an objective", "MAX or MIN"},
     {kAtLimit, "W413", "at-limit", "a bound of 1E+10 counts as none", "less than 1E+10"},
+    {kOtherLetters, "W414", "other-letters",
+     "a column whose name stands above in other letters, small or capital",
+     "one spelling; or names that differ in capitals too"},
 
     {kSetRenamed, "A316", "set-renamed", "a name that the fixed layout does not keep", ""},
 };

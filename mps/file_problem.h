@@ -92,6 +92,7 @@ enum class FileProblemCode : std::uint8_t {
   kBehindFields,
   kSenseUnknown,
   kAtLimit,
+  kOtherLetters,
 
   // of lint
   kSetRenamed,

@@ -39,6 +39,11 @@ struct Group {
   bool IsUpperCaseAscii() const {
     return first.Greater(second).Greater(third.Greater(fourth)).AtLeast('a') == 0;
   }
+  // Of a group of ASCII.
+  std::uint64_t SmallLetters() const {
+    return Mask(Small(first), Small(second), Small(third), Small(fourth));
+  }
+  static unsigned Small(const ByteBlock& block) { return block.AtLeast('a') ^ block.AtLeast('{'); }
   bool IsAscii() const {
     return (first.NotAscii() | second.NotAscii() | third.NotAscii() | fourth.NotAscii()) == 0;
   }
@@ -66,11 +71,14 @@ void LineBatch::Fill(LineReader& reader) {
     const std::uint64_t line_ends = group.LineEnds();
     if (line_ends == 0) break;
     const auto size = static_cast<std::size_t>(std::countr_zero(line_ends));
+    std::uint64_t small = 0;
     if (!group.IsUpperCaseAscii()) {
       if (!group.IsAscii()) break;
+      small = group.SmallLetters() & FirstBits(size);
       UpperCase(next, size);
     }
     PlainLine& line = lines_[size_++];
+    line.small = small;
     line.text = next;
     line.size = size;
     line.inside = ~group.Spaces() & FirstBits(size);

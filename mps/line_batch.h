@@ -26,6 +26,7 @@ struct PlainLine {
   std::size_t size = 0;
   TokenList tokens;          // in upper case
   std::uint64_t inside = 0;  // of a line in a batch: the bits of the bytes that are not spaces
+  std::uint64_t small = 0;   // the bits of those that are small letters of ASCII in the file
 };
 
 class LineBatch {

@@ -16,11 +16,20 @@ void SourceLine::Split() {
   alone_is_split_ = true;
 }
 
+void SourceLine::NoteSmallLetters() {
+  if (is_split()) return;
+  std::size_t at = 0;
+  for (const char c : text().substr(0, LineBatch::kLongest)) {
+    alone_.small |= std::uint64_t{c >= 'a' && c <= 'z'} << at++;
+  }
+}
+
 void SourceLine::Replace(const TokenList& tokens) {
   const std::string_view whole = split_text();
   if (comes_in_batch()) {
     alone_.text = whole.data();
     alone_.size = whole.size();
+    alone_.small = line_->small;
     read_.ascii = true;
     too_long_ = false;
   }
@@ -56,6 +65,7 @@ bool LineSource::NextAlone() {
   line_.keys_ = &kNoKeys;
   line_.alone_.text = read.text;
   line_.alone_.size = read.size;
+  line_.alone_.small = 0;
   line_.alone_is_split_ = false;
   line_.is_simple_ = false;
   line_.too_long_ = read.too_long;

@@ -47,6 +47,10 @@ class SourceLine {
   // The line came out of a batch; `inside` has a bit for each of its bytes that is not a space.
   bool comes_in_batch() const { return line_ != &alone_; }
   std::uint64_t inside() const { return line_->inside; }
+  // The bits of its first bytes that are small letters of ASCII in the file; of a line that comes alone only
+  // if that was asked for before it was split.
+  std::uint64_t small_letters() const { return line_->small; }
+  void NoteSmallLetters();
   // It came out of a batch, and there is no tab in it; of a source that watches tabs. Sometimes false
   // for such a line.
   bool is_simple() const { return is_simple_; }

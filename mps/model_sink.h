@@ -63,6 +63,10 @@ class ModelSink {
   }
   // The column of that line, whose name no column has yet.
   std::int32_t AddColumn(const SourceLine& line, model::ColumnType type);
+  // The column that the line of COLUMNS just used is about; 0 for none.
+  std::int32_t ColumnOf(const SourceLine& line) const {
+    return last_column_line_ == line.number() ? last_column_ : 0;
+  }
   void AddElement(std::int32_t row, std::int32_t column, double value) {
     fill_.AppendElement(row, column, value);
   }

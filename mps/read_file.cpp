@@ -3,6 +3,7 @@
 #include <string_view>
 #include <utility>
 
+#include "mps/column_spellings.h"
 #include "mps/exact_writer.h"
 #include "mps/line_source.h"
 #include "mps/line_texts.h"
@@ -103,12 +104,23 @@ class FileRun {
     } else if (verdict == WideDialect::Verdict::kData) {
       goes_on = sections_.UseData(line);
     }
+    if (section == Section::kColumns && IsWide()) CheckSpelling(line);
     if (verdict == WideDialect::Verdict::kNothing) {
       if (options_.on_passed_line) options_.on_passed_line(line, section);
     } else if (options_.on_line) [[unlikely]] {
       options_.on_line(line, section, sections_.section());
     }
     return goes_on;
+  }
+
+  void CheckSpelling(const SourceLine& line) {
+    const std::int32_t column = sink_.ColumnOf(line);
+    if (column == 0 || !spellings_.IsAnother(line, column)) return;
+    FileProblem problem{.code = FileProblemCode::kOtherLetters, .line = line.number()};
+    ShowPlace(line, line[1], problem);
+    problem.item = line[1];
+    problem.made = "one column";
+    Tell(std::move(problem));
   }
 
   void EndLines(SourceLine& line) {
@@ -229,6 +241,7 @@ class FileRun {
   ModelSink sink_;
   Sections<ModelSink, Hear> sections_;
   WideDialect wide_;
+  ColumnSpellings spellings_;
 };
 
 }  // namespace

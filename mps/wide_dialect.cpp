@@ -35,6 +35,7 @@ WideDialect::WideDialect(WideOptions options, ModelSink& sink, FileFacts& facts,
 WideDialect::Verdict WideDialect::LookCloser(SourceLine& line, Section section) {
   if (line.too_long()) return Verdict::kLine;
   if (section == Section::kStart && line.text().starts_with('*')) return Verdict::kLine;
+  if (section == Section::kColumns) line.NoteSmallLetters();
   line.Split();
   const bool decided = columns_ == FileColumns::kFree || line.comes_in_batch();
   if (decided && !HasTab(line.split_text()) && IsPlain(line, section)) return Verdict::kLine;

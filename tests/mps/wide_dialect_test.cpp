@@ -80,6 +80,8 @@ INSTANTIATE_TEST_SUITE_P(
                  "W413 11:9+4 '1e10'; W413 13:9+7 '-1.E+10'"},
         WideCase{"BOUNDS\n FX B X 10000000000\n UI B Y 1e10\n PL B Y 1e10\n",
                  "W413 11:9+11 '10000000000'; W413 12:9+4 '1e10'; A306 12:2+2 'UI'"},
+        WideCase{"    Y  DEM  7\n    y  LIM  7\n    y  BAL  7\n    Y  LIM  8\n",
+                 "W414 11:5+1 'y'; W414 13:5+1 'Y'"},
         WideCase{"BOUNDS\n FR B X 1 2\n", "E105 11"}, WideCase{"BOUNDS\n SC B X 1 2\n", "E105 11"},
         WideCase{"RHS\n    R  LIM  1\n    R  $D  2\n", "E110 12:8+2 '$D'"}));
 

@@ -1,4 +1,5 @@
 // What the data lines of the sections do, once they are words.
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <optional>
@@ -87,6 +88,21 @@ void NaiveWideReader::UseColumn(const NaiveWords& words) {
     model_.Columns.at(static_cast<std::size_t>(column - 1)).Elements.push_back({row, value});
     Row(row).Elements.push_back({column, value});
   }
+  CheckSpelling(words[0]);
+}
+
+// Which letters of the name are small, in the first 63 bytes of the line.
+void NaiveWideReader::CheckSpelling(const std::string& name) {
+  const std::size_t begin = raw_.find_first_not_of(" \t");
+  std::string spelling;
+  for (std::size_t at = begin; at < std::min<std::size_t>(begin + name.size(), 63); ++at) {
+    spelling += raw_[at] >= 'a' && raw_[at] <= 'z' ? 'a' : 'A';
+  }
+  // Behind its end the line could have none.
+  spelling.resize(64, 'A');
+  const auto [found, is_new] = spellings_.try_emplace(name, spelling);
+  if (found->second != spelling) Tell("W414");
+  found->second = spelling;
 }
 
 void NaiveWideReader::AddColumn(const std::string& name) {

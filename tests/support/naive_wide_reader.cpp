@@ -91,7 +91,8 @@ void NaiveWideReader::UseLine(const NaiveLine& line) {
     model_.ModelDescription += WithoutBlanksAround(line.text.substr(1));
     return;
   }
-  text_ = text::UpperCase(line.text);
+  raw_ = line.text;
+  text_ = text::UpperCase(raw_);
   words_ = NaiveWordsOf(text_);
   if (words_.empty()) return;
   if (text_[0] == '*') return Tell("A302");

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -58,6 +59,7 @@ class NaiveWideReader {
   void UseColumn(const NaiveWords& words);
   void UseMarker(const std::string& what);
   void AddColumn(const std::string& name);
+  void CheckSpelling(const std::string& name);
   void UseRhs(const NaiveWords& words);
   void UseRanges(const NaiveWords& words);
   void UseBound(const NaiveWords& words);
@@ -92,10 +94,12 @@ class NaiveWideReader {
   bool has_data_in_first_column_ = false;
   bool has_ended_ = false;
   std::int64_t line_number_ = 0;
-  std::string text_;  // of the line at hand, in upper case
+  std::string raw_;   // the line at hand
+  std::string text_;  // the same in upper case
   NaiveWords words_;
 
   std::string column_type_ = "R";
+  std::map<std::string, std::string> spellings_;  // of columns, in the last line of each
   std::vector<std::string> free_rows_;
   std::string named_objective_;
   std::int64_t naming_line_ = 0;
