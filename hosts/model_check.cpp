@@ -62,8 +62,8 @@ void ModelCheck::Hear(mps::FileProblem problem) {
   if (!filter_.Takes(problem.code)) {
     ++result_.filtered;
   } else if (result_.counts.Add(problem.code, limit_)) {
-    if (IsHeld(problem.code)) return held_.push_back(std::move(problem));
     texts_.Show(problem);
+    if (IsHeld(problem.code)) return held_.push_back(std::move(problem));
     report_.Print(problem);
   }
 }

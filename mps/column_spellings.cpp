@@ -15,15 +15,11 @@ std::uint64_t SmallLettersOfName(const SourceLine& line) {
 
 }  // namespace
 
-bool ColumnSpellings::Compare(const SourceLine& line, std::int32_t column) {
+bool ColumnSpellings::IsAnother(const SourceLine& line, std::int32_t column, bool is_new) {
   const auto place = static_cast<std::size_t>(column);
   const std::uint64_t spelling = SmallLettersOfName(line);
-  if (place >= last_.size()) {
-    last_.resize(place + 1);
-    last_[place] = spelling;
-    return false;
-  }
-  return std::exchange(last_[place], spelling) != spelling;
+  if (place >= last_.size()) last_.resize(place + 1);
+  return std::exchange(last_[place], spelling) != spelling && !is_new;
 }
 
 }  // namespace quarvel::mps

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <utility>
 
 namespace quarvel::mps {
 
@@ -24,17 +25,19 @@ constexpr std::uint64_t FieldBits(std::size_t field) {
   return ((std::uint64_t{1} << last) - 1) & ~((std::uint64_t{1} << (first - 1)) - 1);
 }
 
+template <std::size_t kField>
+inline constexpr std::uint64_t kFieldBits = FieldBits(kField);
+
 // Of a line of at most 63 bytes with `inside` as its bytes that are not spaces: so many words as fields,
-// one in each from `kFirst` on, are the same words by spaces and by fields.
+// one in each from `kFirst` on, are the same words by spaces and by fields. Every line is asked, so that
+// nothing is left to be made of the places when the program runs.
 template <std::size_t kFirst, std::size_t kCount>
 constexpr bool AreInOwnFields(std::uint64_t inside) {
-  std::uint64_t all = 0;
-  bool each = true;
-  for (std::size_t field = kFirst; field < kFirst + kCount; ++field) {
-    all |= FieldBits(field);
-    each &= (inside & FieldBits(field)) != 0;
+  return [inside]<std::size_t... kField>(std::index_sequence<kField...>) {
+    constexpr std::uint64_t kAll = (kFieldBits<kFirst + kField> | ...);
+    return (inside & ~kAll) == 0 && (((inside & kFieldBits<kFirst + kField>) != 0) && ...);
   }
-  return each && (inside & ~all) == 0;
+  (std::make_index_sequence<kCount>());
 }
 
 class FixedFields {

@@ -61,6 +61,7 @@ std::int32_t ModelSink::AddColumn(const SourceLine& line, model::ColumnType type
   const double lower = data.DefaultToPlusMinusInfinity ? -model::BoundLimit : 0;
   last_column_ = fill_.AppendColumn(line.Key(1), line[1], type, {lower, model::BoundLimit});
   last_column_line_ = line.number();
+  new_column_line_ = line.number();
   return last_column_;
 }
 

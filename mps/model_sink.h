@@ -67,6 +67,8 @@ class ModelSink {
   std::int32_t ColumnOf(const SourceLine& line) const {
     return last_column_line_ == line.number() ? last_column_ : 0;
   }
+  // The line added that column.
+  bool IsNewColumn(const SourceLine& line) const { return new_column_line_ == line.number(); }
   void AddElement(std::int32_t row, std::int32_t column, double value) {
     fill_.AppendElement(row, column, value);
   }
@@ -79,6 +81,7 @@ class ModelSink {
   const LineSource& source_;
   std::uint64_t section_start_ = 0;    // bytes read when the section began
   std::int32_t last_column_ = 0;       // the column of the last data line of COLUMNS
+  std::int64_t new_column_line_ = 0;   // the line of the last column that was added
   std::int64_t last_column_line_ = 0;  // its number; 0 when an event may have changed the column
 };
 

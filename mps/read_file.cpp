@@ -104,7 +104,7 @@ class FileRun {
     } else if (verdict == WideDialect::Verdict::kData) {
       goes_on = sections_.UseData(line);
     }
-    if (section == Section::kColumns && IsWide()) CheckSpelling(line);
+    if (section == Section::kColumns && IsWide() && spellings_.Wants(line)) CheckSpelling(line);
     if (verdict == WideDialect::Verdict::kNothing) {
       if (options_.on_passed_line) options_.on_passed_line(line, section);
     } else if (options_.on_line) [[unlikely]] {
@@ -115,7 +115,7 @@ class FileRun {
 
   void CheckSpelling(const SourceLine& line) {
     const std::int32_t column = sink_.ColumnOf(line);
-    if (column == 0 || !spellings_.IsAnother(line, column)) return;
+    if (column == 0 || !spellings_.IsAnother(line, column, sink_.IsNewColumn(line))) return;
     FileProblem problem{.code = FileProblemCode::kOtherLetters, .line = line.number()};
     ShowPlace(line, line[1], problem);
     problem.item = line[1];

@@ -100,9 +100,10 @@ TEST(WhereFrom, TellsTheLinesThatMadeARow) {
 
 TEST(WhereFrom, TellsTheMarkerOfAColumnAndTheProblemsOfItsLines) {
   const RecordOrigin column = Find(kModel, false, "BOTH");
-  EXPECT_EQ(TextOf(column),
-            "2 I@12 of 1\n 0@0 12@27 of 2\n 10000000000@0 9@28 of 2\nLIM1=2@12 BOTH=4@13 of 2\n"
-            "idle 26\nproblems no-such-row@12 bound-code@26 column-bounds-reversed@0\n");
+  EXPECT_EQ(
+      TextOf(column),
+      "2 I@12 of 1\n 0@0 12@27 of 2\n 10000000000@0 9@28 of 2\nLIM1=2@12 BOTH=4@13 of 2\n"
+      "idle 26\nproblems no-such-row@12 other-letters@13 bound-code@26 column-bounds-reversed@0\n");
   EXPECT_EQ(column.marker_line, 11);
   EXPECT_EQ(Find(kModel, false, "Y").marker_line, 14);
   EXPECT_EQ(Find(kModel, false, "X").marker_line, 0);
@@ -110,7 +111,8 @@ TEST(WhereFrom, TellsTheMarkerOfAColumnAndTheProblemsOfItsLines) {
 
 TEST(WhereFrom, TellsARowAndAColumnOfOneNameApart) {
   EXPECT_EQ(TextOf(Find(kModel, true, "BOTH")),
-            "4 L@7 of 1\n -10000000000@0 of 1\n 0@0 of 1\nBOTH=4@13 of 1\nidle 10\nproblems\n");
+            "4 L@7 of 1\n -10000000000@0 of 1\n 0@0 of 1\nBOTH=4@13 of 1\nidle 10\n"
+            "problems other-letters@13\n");
 }
 
 TEST(WhereFrom, TellsWhatNamesARecordThatTheFileDoesNotMake) {

@@ -32,7 +32,7 @@ TEST(ColumnSpellings, AreComparedInLinesOfAllKinds) {
   EXPECT_EQ(SpellingProblems("    aB  cost  1" + blanks + "\n    AB  cost  2\n"),
             "W414 5:5+2 'AB'");
   EXPECT_EQ(SpellingProblems("    aB  cost  1\n    AB  cost  2 $ \xC3\xA4\n"),
-            "A304 5:18+1 '$'; W414 5:5+2 'AB'");
+            "A304 5:17+1 '$'; W414 5:5+2 'AB'");
   EXPECT_EQ(
       SpellingProblems("    a b       cost              1.\n    A b       cost              1.\n"),
       "A301 4; W414 5:5+3 'A b'");

@@ -99,7 +99,7 @@ TEST(WideAgreement, HoldsForLinesThatAreTooLong) {
 TEST(WideFile, HoldsProblemsOfEveryCode) {
   WideChoices choose(3);
   std::set<std::string> met;
-  for (int i = 0; i < 2000; ++i) {
+  for (int i = 0; i < 5000; ++i) {
     model::ModelStore store;
     const std::string file = MakeWideFile(std::ref(choose));
     const FileRead read = ReadWideBytes(file, choose.Options(), store);

@@ -11,7 +11,8 @@ using Words = std::vector<std::string>;
 
 const Words kWideRowNames = {"COST", "LIM", "DEM", "BAL",      "other",    "A B",
                              "R",    "$D",  "5",   "\xC3\x84", "'MARKER'", "a long name of a row"};
-const Words kWideColumnNames = {"X", "Y", "z", "X 1", "$Z", "*S", "12", "RHS", "MAX", "R", "\xE4"};
+const Words kWideColumnNames = {"X",  "x",  "Y",   "z",   "X 1", "$Z",
+                                "*S", "12", "RHS", "MAX", "R",   "\xE4"};
 const Words kSets = {"R", "R", "R", "ONE", "S 2", "", "", "5"};
 const Words kWideNumbers = {"1",     "2.5",  "-3",  "0",    "-0",        "7",   "1E10",
                             "-1e10", "1e30", "Inf", "-inf", "+Infinity", "1D2", "1,5",
