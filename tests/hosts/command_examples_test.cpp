@@ -50,7 +50,8 @@ class Examples : public ::testing::Test {
     for (const auto& entry : fs::directory_iterator(SourceFolder() + "/examples")) {
       if (entry.is_regular_file()) folder_.Example(entry.path().filename().string());
     }
-    fs::current_path(folder_.Path(""));
+    const std::string folder = folder_.Path("");
+    fs::current_path(std::u8string(folder.begin(), folder.end()));
   }
   ~Examples() override { fs::current_path(before_); }
 
