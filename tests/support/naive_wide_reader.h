@@ -80,7 +80,7 @@ class NaiveWideReader {
   void Tell(const std::string& id) { problems.emplace_back(id, line_number_); }
   void Tell(const std::string& id, std::int64_t line) { problems.emplace_back(id, line); }
 
-  const mps::ReadOptions& options_;
+  const mps::ReadOptions options_;
   const std::string asked_objective_;
   NaiveModel& model_;
   NaiveNames names_;
