@@ -85,7 +85,7 @@ PictureSize Drawing::Fit(const model::ModelStore& store, const BrailleRoom& room
   const std::int32_t width = std::min(columns, DotsWide(store, room));
   const std::int64_t shaped = std::int64_t{rows} * width / std::max(columns, 1);
   const std::int64_t high =
-      std::clamp<std::int64_t>(shaped, kLeastLetters * kDotsDown, std::int64_t{1} << 30);
+      std::clamp(shaped, std::int64_t{kLeastLetters} * kDotsDown, std::int64_t{1} << 30);
   return {width, static_cast<std::int32_t>(
                      std::min({high, std::int64_t{rows}, std::int64_t{room.height} * kDotsDown}))};
 }

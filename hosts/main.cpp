@@ -19,7 +19,7 @@ int View(hosts::Session& session) {
   return hosts::ViewInWindows(session, hosts::MakeViewerDesktop().get());
 }
 #else
-constexpr auto View = hosts::BecomeViewer;
+int View(hosts::Session& session) { return hosts::BecomeViewer(session); }
 #endif
 
 }  // namespace

@@ -2,6 +2,7 @@
 // simplification would take, and the first equations.
 
 #include <algorithm>
+#include <cmath>
 
 #include "hosts/html.h"
 #include "hosts/report_page.h"
@@ -115,7 +116,7 @@ std::string ScalesPart(const model::ModelStore& store) {
       {{"Row"}, {"smallest", true}, {"largest", true}, {"powers of ten between", true}});
   for (const inspect::RowScale& scale : inspect::WorstScaledRows(store, kMostScales)) {
     // To a tenth.
-    const double decades = static_cast<double>(static_cast<int>(scale.decades * 10 + 0.5)) / 10;
+    const double decades = std::round(scale.decades * 10) / 10;
     table.Add({store.Row(scale.row).Name, ShortText(scale.smallest), ShortText(scale.largest),
                ShortText(decades)});
   }

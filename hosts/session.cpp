@@ -212,7 +212,7 @@ void Session::StopUnwritten(const inspect::FileWrite& write, const std::string& 
       break;
     case inspect::WriteOutcome::kNotSame:
       for (const std::string& words : write.receipt.unexpected) {
-        Note(prefix + "read again: " + words);
+        Note(std::string(prefix).append("read again: ").append(words));
       }
       break;
     case inspect::WriteOutcome::kFailed:

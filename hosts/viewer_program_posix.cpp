@@ -35,6 +35,7 @@ int BecomeViewer(Session& session) {
   const std::string program = platform::ComponentFolder() + "/" + kViewerProgram;
   std::vector<std::string> words = ViewerWords(program, session.arguments);
   std::vector<char*> pointers;
+  pointers.reserve(words.size() + 1);
   for (std::string& word : words) pointers.push_back(word.data());
   pointers.push_back(nullptr);
   execv(program.c_str(), pointers.data());
