@@ -18,7 +18,7 @@ using Lines = std::vector<std::int64_t>;
 bool IsOfColumn(FileProblemCode code) {
   using enum FileProblemCode;
   return code == kColumnBoundsReversed || code == kPairTwice || code == kBeyondLimit ||
-         code == kOtherLetters;
+         code == kOtherLetters || code == kColumnAgain;
 }
 bool IsOfRow(FileProblemCode code) {
   using enum FileProblemCode;
@@ -77,7 +77,8 @@ void AddFirst(const RecordOrigin& record, Lines& lines) {
 Lines LinesOf(const FileProblem& problem, const WatchedRecords& watched) {
   Lines lines;
   const bool is_row_twice = problem.code == FileProblemCode::kRowTwice;
-  if (is_row_twice || problem.code == FileProblemCode::kOtherLetters) {
+  if (is_row_twice || problem.code == FileProblemCode::kOtherLetters ||
+      problem.code == FileProblemCode::kColumnAgain) {
     AddFirst(watched.Of(is_row_twice, problem.item), lines);
     return lines;
   }

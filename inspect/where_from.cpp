@@ -31,7 +31,7 @@ class OriginWatch {
   }
 
   void Hear(const mps::FileProblem& problem) {
-    if (problem.line != 0) return of_this_line_.push_back(problem);
+    if (problem.line != 0 && !IsToldAtTheEnd(problem)) return of_this_line_.push_back(problem);
     for (RecordOrigin& record : records_) {
       if (record.name == problem.item && MayBeAbout(record, problem)) AddProblem(record, problem);
     }
@@ -199,11 +199,20 @@ class OriginWatch {
     return any;
   }
 
-  // Of a problem of the model: whether it is one of such a record.
+  // Of an N row, once it is known which of them is the objective.
+  static bool IsToldAtTheEnd(const mps::FileProblem& problem) {
+    using enum mps::FileProblemCode;
+    const mps::FileProblemCode code = problem.code;
+    return code == kFurtherFreeRow || code == kFreeRowRhs || code == kObjectiveConstant;
+  }
+
+  // Of a problem of no line or one told at the end: whether it is one of such a record.
   static bool MayBeAbout(const RecordOrigin& record, const mps::FileProblem& problem) {
     using enum mps::FileProblemCode;
     const mps::FileProblemCode code = problem.code;
-    if (code == kRowBoundsReversed || code == kEmptyRow) return record.is_row;
+    if (code == kRowBoundsReversed || code == kEmptyRow || IsToldAtTheEnd(problem)) {
+      return record.is_row;
+    }
     if (code == kColumnBoundsReversed || code == kEmptyColumn) return !record.is_row;
     return true;
   }

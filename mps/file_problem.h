@@ -93,6 +93,15 @@ enum class FileProblemCode : std::uint8_t {
   kSenseUnknown,
   kAtLimit,
   kOtherLetters,
+  kGivenAgain,
+  kTooSmall,
+  kHeaderAgain,
+  kSectionOrder,
+  kColumnAgain,
+  kMarkerWithin,
+  kMarkerPair,
+  kObjectiveUnnamed,
+  kSmallHeader,
 
   // of lint
   kSetRenamed,

@@ -24,6 +24,14 @@ void SourceLine::NoteSmallLetters() {
   }
 }
 
+std::uint64_t SourceLine::SmallLettersOf(std::string_view part) const {
+  const auto begin = static_cast<std::size_t>(part.data() - split_text().data());
+  if (begin >= LineBatch::kLongest) return 0;
+  const std::uint64_t bits = small_letters() >> begin;
+  const bool is_long = part.size() >= LineBatch::kLongest;
+  return is_long ? bits : bits & ((std::uint64_t{1} << part.size()) - 1);
+}
+
 void SourceLine::Replace(const TokenList& tokens) {
   const std::string_view whole = split_text();
   if (comes_in_batch()) {

@@ -51,6 +51,8 @@ class SourceLine {
   // if that was asked for before it was split.
   std::uint64_t small_letters() const { return line_->small; }
   void NoteSmallLetters();
+  // The same of a part of split_text(), from its first byte on.
+  std::uint64_t SmallLettersOf(std::string_view part) const;
   // It came out of a batch, and there is no tab in it; of a source that watches tabs. Sometimes false
   // for such a line.
   bool is_simple() const { return is_simple_; }

@@ -92,15 +92,20 @@ void ShowPlace(const SourceLine& line, std::string_view part, FileProblem& probl
   ShowPart(line.text(), problem);
 }
 
-void LineTexts::Open() {
-  std::unique_ptr<platform::ByteSource> bytes = std::exchange(open_, nullptr)();
+void LineTexts::BeginPass() {
+  ++passes_;
+  number_ = 0;
+  reader_.reset();
+  std::unique_ptr<platform::ByteSource> bytes = open_();
   if (bytes != nullptr) reader_ = std::make_unique<LineReader>(std::move(bytes));
 }
 
 void LineTexts::Show(FileProblem& problem) {
-  if (problem.line <= 0 || problem.line < number_) return;
+  if (problem.line <= 0) return;
+  const bool is_behind = problem.line < number_;
+  if (is_behind && passes_ == kMostPasses) return;
   try {
-    if (open_) Open();
+    if (passes_ == 0 || is_behind) BeginPass();
     while (reader_ != nullptr && number_ < problem.line) {
       if (reader_->Next(line_)) {
         ++number_;

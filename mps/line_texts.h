@@ -33,19 +33,23 @@ void ShowPlace(const SourceLine& line, std::string_view part, FileProblem& probl
 // `open`, or a failure, leaves the texts as they are.
 void ShowLines(const OpenBytes& open, FileProblems& problems);
 
-// The same for problems that are shown as they come, one pass over the lines for all of them. A problem
-// whose line is behind it keeps the text that it has.
+// The same for problems that are shown as they come, one pass over the lines for all that come in the
+// order of their lines. For one whose line is behind the last a new pass begins, but not more often than a
+// few times: it keeps the text that it has.
 class LineTexts {
  public:
-  // `open` is called at the first problem of a line.
+  // `open` is called at the first problem of a line, and for each new pass.
   explicit LineTexts(OpenBytes open) : open_(std::move(open)) {}
 
   void Show(FileProblem& problem);
 
  private:
-  void Open();
+  static constexpr int kMostPasses = 8;
 
-  OpenBytes open_;                      // empty when it was called
+  void BeginPass();
+
+  OpenBytes open_;
+  int passes_ = 0;
   std::unique_ptr<LineReader> reader_;  // null once there is nothing more to read
   Line line_;
   std::int64_t number_ = 0;

@@ -35,6 +35,11 @@ class ModelSink {
   void AddDescription(std::string_view line);
   void BeginSection() { section_start_ = source_.bytes_read(); }
 
+  std::int32_t RowCount() const { return fill_.data().NumberOfRows; }
+  std::string_view RowName(std::int32_t row) const { return fill_.data().Rows[row].Name; }
+  model::ColumnType ColumnTypeOf(std::int32_t column) const {
+    return fill_.data().Columns[column].Type;
+  }
   bool HasRows() const { return fill_.data().NumberOfRows >= 1; }
   bool HasColumns() const { return fill_.data().NumberOfColumns >= 1; }
   std::int32_t FindRow(const SourceLine& line, std::size_t token) const;

@@ -3,17 +3,27 @@
 #include <string_view>
 #include <utility>
 
+#include "mps/column_order.h"
 #include "mps/column_spellings.h"
 #include "mps/exact_writer.h"
+#include "mps/given_values.h"
 #include "mps/line_source.h"
 #include "mps/line_texts.h"
 #include "mps/model_sink.h"
 #include "mps/sections.h"
+#include "mps/watched_sink.h"
 #include "mps/wide_dialect.h"
 #include "text/upper_case.h"
 
 namespace quarvel::mps {
 namespace {
+
+// Whether a file that begins with that line is UTF-16: it has the mark of that, as the line reader gives
+// it out, or every other byte is 0.
+bool IsUtf16(std::string_view line) {
+  if (line.starts_with("\xC3\xBF\xC3\xBE") || line.starts_with("\xC3\xBE\xC3\xBF")) return true;
+  return line.size() >= 2 && (line[0] == '\0') != (line[1] == '\0');
+}
 
 class FileRun {
  public:
@@ -22,12 +32,16 @@ class FileRun {
         options_(options),
         store_(store),
         source_(store.fill()),
+        hear_([this](FileProblem problem) { Tell(std::move(problem)); }),
+        values_(hear_),
         sink_(store.fill(), source_),
         sections_(sink_, Hear{*this}),
         wide_({options.columns, text::UpperCase(options.objective),
                options.negative_upper_frees_lower},
-              sink_, read_.facts, [this](FileProblem problem) { Tell(std::move(problem)); }) {
+              sink_, read_.facts, values_, hear_),
+        order_(sink_, hear_) {
     read_.problems = FileProblems(options.kept_of_each);
+    if (IsWide()) sink_.Watch(values_);
   }
 
   FileRead Run() {
@@ -81,6 +95,7 @@ class FileRun {
     if (IsWide()) source_.WatchTabs();
     SourceLine& line = source_.line();
     while (goes_on_ && source_.Next(sections_.section())) {
+      if (line.number() == 1 && IsWide()) CheckEncoding(line);
       if (line.number() % kLinesBetweenCalls == 0 && !Progress()) break;
       if (!Use(line)) break;
     }
@@ -93,6 +108,11 @@ class FileRun {
 
   bool IsWide() const { return options_.dialect == FileDialect::kWide; }
 
+  static void CheckEncoding(const SourceLine& line) {
+    if (line.too_long() || !IsUtf16(line.text())) return;
+    throw AutomationError(0, "", "The text is in UTF-16; UTF-8 and ASCII are read.");
+  }
+
   // False when the file ends with the line.
   bool Use(SourceLine& line) {
     const Section section = sections_.section();
@@ -104,7 +124,7 @@ class FileRun {
     } else if (verdict == WideDialect::Verdict::kData) {
       goes_on = sections_.UseData(line);
     }
-    if (section == Section::kColumns && IsWide() && spellings_.Wants(line)) CheckSpelling(line);
+    if (section == Section::kColumns && IsWide()) CheckColumn(line, verdict);
     if (verdict == WideDialect::Verdict::kNothing) {
       if (options_.on_passed_line) options_.on_passed_line(line, section);
     } else if (options_.on_line) [[unlikely]] {
@@ -113,9 +133,24 @@ class FileRun {
     return goes_on;
   }
 
-  void CheckSpelling(const SourceLine& line) {
+  void CheckColumn(const SourceLine& line, WideDialect::Verdict verdict) {
     const std::int32_t column = sink_.ColumnOf(line);
-    if (column == 0 || !spellings_.IsAnother(line, column, sink_.IsNewColumn(line))) return;
+    if (column != 0) {
+      if (spellings_.Wants(line)) CheckSpelling(line, column);
+      order_.Use(line, column, sections_.column_type());
+    } else if (verdict == WideDialect::Verdict::kData && IsMarkerLine(line)) {
+      order_.UseMarker(line);
+    }
+  }
+
+  // Of one that is used and is no line of a column.
+  bool IsMarkerLine(const SourceLine& line) const {
+    const std::size_t count = line.token_count();
+    return sink_.HasRows() && (count == 3 || count == 5) && line[2] == "'MARKER'";
+  }
+
+  void CheckSpelling(const SourceLine& line, std::int32_t column) {
+    if (!spellings_.IsAnother(line, column, sink_.IsNewColumn(line))) return;
     FileProblem problem{.code = FileProblemCode::kOtherLetters, .line = line.number()};
     ShowPlace(line, line[1], problem);
     problem.item = line[1];
@@ -125,11 +160,16 @@ class FileRun {
 
   void EndLines(SourceLine& line) {
     read_.facts.has_endata = sections_.has_ended();
-    if (IsWide()) wide_.Finish();
+    if (IsWide()) FinishWide();
     if (!read_.facts.has_endata) Tell({FileProblemCode::kMissingEndata, line.number()});
     while (IsWide() && goes_on_ && sections_.has_ended() && source_.Next(Section::kStart)) {
       if (wide_.IsTextBehindEnd(line)) break;
     }
+  }
+
+  void FinishWide() {
+    wide_.Finish();
+    order_.Finish();
   }
 
   bool Progress() {
@@ -141,8 +181,15 @@ class FileRun {
     return false;
   }
 
+  // To the sections a bound with a word too many is one without its value.
+  FileProblemCode CodeOfLine(const ReadProblem& problem) {
+    const bool has_more =
+        problem.code == ReadProblemCode::kBoundWithoutValue && source_.line().token_count() > 4;
+    return has_more ? FileProblemCode::kTokens : CodeOf(problem.code);
+  }
+
   bool Hears(const ReadProblem& problem) {
-    FileProblem told{.code = CodeOf(problem.code), .line = problem.line, .item = problem.item};
+    FileProblem told{.code = CodeOfLine(problem), .line = problem.line, .item = problem.item};
     if (problem.line != 0 && (options_.on_problem || read_.problems.WillKeep(told.code))) {
       const SourceLine& line = source_.line();
       const bool has_token = problem.token != 0 && problem.token <= line.token_count();
@@ -238,10 +285,13 @@ class FileRun {
   FileRead read_;
   bool goes_on_ = true;
   LineSource source_;
-  ModelSink sink_;
-  Sections<ModelSink, Hear> sections_;
+  const HearProblem hear_;
+  GivenValues values_;
+  WatchedSink sink_;
+  Sections<WatchedSink, Hear> sections_;
   WideDialect wide_;
   ColumnSpellings spellings_;
+  ColumnOrder order_;
 };
 
 }  // namespace

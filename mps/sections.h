@@ -73,6 +73,17 @@ concept RecordSink = requires(Sink sink, const SourceLine& line, std::size_t tok
   { sink.Column(number).UpperBound } -> std::convertible_to<double>;
 };
 
+// A sink may also hear of the values that the lines give, once they have been used: of coefficients of 0
+// the token, of right-hand sides the token that names the row.
+template <class Sink>
+concept HearsValues = requires(Sink sink, const SourceLine& line, std::size_t token,
+                               std::int32_t number, const model::BoundsChange& change,
+                               double value) {
+  sink.HearZero(line, token);
+  sink.HearRhs(line, token, number, value);
+  sink.HearBound(line, number, change, value);
+};
+
 // `Ask` puts a problem to the user and says whether the read goes on.
 template <RecordSink Sink, std::predicate<const ReadProblem&> Ask>
 class Sections {
@@ -82,6 +93,8 @@ class Sections {
 
   // The section that the next line stands in.
   Section section() const { return section_; }
+  // The type of the columns to come.
+  model::ColumnType column_type() const { return column_type_; }
   // An ENDATA line was used.
   bool has_ended() const { return has_ended_; }
 
@@ -198,6 +211,9 @@ class Sections {
       // A question was asked: a host may have deleted columns meanwhile, this one too.
       if (pair.row == 0) column = sink_.FindColumn(line, 1);
       if (pair.row != 0 && pair.value != 0) sink_.AddElement(pair.row, column, pair.value);
+      if constexpr (HearsValues<Sink>) {
+        if (pair.row != 0 && pair.value == 0) sink_.HearZero(line, first + 1);
+      }
     }
   }
 
@@ -212,7 +228,11 @@ class Sections {
     if (!CheckPairs(line, before_rows)) return;
     for (std::size_t first = 2; first < line.token_count() && goes_on_; first += 2) {
       const Pair pair = ReadPair(line, first);
-      if (pair.row != 0) apply(sink_.Row(pair.row), pair.value);
+      if (pair.row == 0) continue;
+      apply(sink_.Row(pair.row), pair.value);
+      if constexpr (HearsValues<Sink>) {
+        if (section_ == Section::kRhs) sink_.HearRhs(line, first, pair.row, pair.value);
+      }
     }
   }
 
@@ -255,6 +275,7 @@ class Sections {
     const std::int32_t column = sink_.FindColumn(line, 3);
     if (column == 0) return Report(line, ReadProblemCode::kNoSuchColumn, 3, line[3]);
     code->change.Apply(sink_.Column(column), value);
+    if constexpr (HearsValues<Sink>) sink_.HearBound(line, column, code->change, value);
   }
 
   bool CheckPairs(const SourceLine& line, ReadProblemCode before_rows) {

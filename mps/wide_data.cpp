@@ -1,6 +1,5 @@
 #include "mps/wide_data.h"
 
-#include <cmath>
 #include <optional>
 
 #include "model/bounds.h"
@@ -18,6 +17,13 @@ bool HasPairs(const TokenList& words) { return words.count() == 3 || words.count
 
 std::string Named(std::string_view name) { return std::string(name); }
 
+// By a line that WideData uses up.
+BoundsGiven GivenBy(std::string_view code, bool has_value) {
+  if (code == "BV") return {.lower = true, .upper = true};
+  if (code[0] == 'L') return {.lower = true};
+  return {.upper = code[0] == 'U' || has_value};
+}
+
 }  // namespace
 
 bool WideData::Use(const SourceLine& line, const TokenList& words, Section section, bool fits) {
@@ -25,7 +31,7 @@ bool WideData::Use(const SourceLine& line, const TokenList& words, Section secti
     case Section::kStart:
       return false;
     case Section::kRows:
-      if (fits && words[1] == "N") NoteRow(line, words[2]);
+      if (fits && words[1] == "N") free_rows_.Note(line, words[2]);
       return false;
     case Section::kColumns:
       return IsMarker(words) && UseMarker(line, words);
@@ -39,17 +45,6 @@ bool WideData::Use(const SourceLine& line, const TokenList& words, Section secti
   return false;
 }
 
-bool WideData::IsObjective(std::string_view row) const {
-  if (!options_.objective.empty()) return row == options_.objective;
-  if (!named_objective_.empty()) return row == named_objective_;
-  return !free_rows_.empty() && row == free_rows_.front();
-}
-
-void WideData::NoteRow(const SourceLine& line, std::string_view name) {
-  free_rows_.emplace_back(name);
-  if (!IsObjective(name)) Tell(kFurtherFreeRow, line, name, Named(name), "it stays as a free row");
-}
-
 bool WideData::UseMarker(const SourceLine& line, const TokenList& words) {
   for (const model::ColumnTypeTraits& known : model::kColumnTypes) {
     if (!known.marker.empty() && known.marker == words[3]) return false;
@@ -57,14 +52,6 @@ bool WideData::UseMarker(const SourceLine& line, const TokenList& words) {
   const bool is_set = words[3].starts_with("'SOS");
   Tell(is_set ? kNotLinear : kMarker, line, words[3], Named(words[3]), "passed over");
   return true;
-}
-
-void WideData::NameObjective(const SourceLine& line, std::string_view name) {
-  named_objective_ = name;
-  naming_line_ = line.number();
-  const bool heeded = options_.objective.empty();
-  Tell(kObjectiveName, line, name, Named(name),
-       heeded ? "the row of this name is the objective" : "passed over: another is asked for");
 }
 
 bool WideData::IsOfFirst(Set& set, std::string& fact, const SourceLine& line,
@@ -90,42 +77,41 @@ std::int32_t WideData::ReadPair(const SourceLine& line, const TokenList& words, 
   }
   value = *number;
   const std::int32_t row = sink_.FindRow(words[first]);
-  if (row == 0) Tell(kNoSuchRow, line, words[first], Named(words[first]));
+  if (row == 0) {
+    Tell(kNoSuchRow, line, words[first], Named(words[first]));
+  } else {
+    values_.CheckNumber(line, words[first + 1], value);
+  }
   return row;
+}
+
+bool WideData::IsOwnRhs(const TokenList& words) const {
+  if (ranged_rows_.any()) return true;
+  for (std::size_t first = 2; first < words.count(); first += 2) {
+    const std::int32_t row = sink_.FindRow(words[first]);
+    if (row != 0 && sink_.Row(row).Type == model::RowType::kFree) return true;
+  }
+  return false;
 }
 
 bool WideData::UseRhs(const SourceLine& line, const TokenList& words) {
   if (!sink_.HasRows()) return false;
   if (!IsOfFirst(rhs_, facts_.rhs_set, line, words[1])) return true;
-  bool has_free_row = false;
-  for (std::size_t first = 2; first < words.count(); first += 2) {
-    const std::int32_t row = sink_.FindRow(words[first]);
-    has_free_row |= row != 0 && sink_.Row(row).Type == model::RowType::kFree;
-  }
-  if (!has_free_row) return false;
+  if (!IsOwnRhs(words)) return false;
   for (std::size_t first = 2; first < words.count(); first += 2) {
     double value = 0;
     const std::int32_t row = ReadPair(line, words, first, value);
     if (row == 0) continue;
     const model::RowLimits limits = sink_.Row(row);
     if (limits.Type == model::RowType::kFree) {
-      UseRhsOfFreeRow(line, words[first], row, value);
+      free_rows_.NoteRhs(line, words[first], row, value);
     } else {
       model::TraitsOf(limits.Type).right_hand_side.Apply(limits, value);
+      ranged_rows_.UseRhs(line, words[first], row);
     }
+    values_.NoteRhs(line, words[first], row);
   }
   return true;
-}
-
-void WideData::UseRhsOfFreeRow(const SourceLine& line, std::string_view word, std::int32_t row,
-                               double value) {
-  free_rhs_.emplace_back(row, value);
-  if (IsObjective(word)) {
-    Tell(kObjectiveConstant, line, word, Named(word),
-         text::GeneralText(value == 0 ? 0 : -value) + " is added to the objective");
-  } else {
-    Tell(kFreeRowRhs, line, word, Named(word), "passed over");
-  }
 }
 
 bool WideData::UseRanges(const SourceLine& line, const TokenList& words) {
@@ -134,45 +120,15 @@ bool WideData::UseRanges(const SourceLine& line, const TokenList& words) {
   for (std::size_t first = 2; first < words.count(); first += 2) {
     double range = 0;
     const std::int32_t row = ReadPair(line, words, first, range);
-    if (row != 0) UseRange(line, words[first], row, range);
+    if (row == 0) continue;
+    if (sink_.Row(row).Type == model::RowType::kFree) {
+      Tell(kRangeOfFreeRow, line, words[first], Named(words[first]), "passed over");
+    } else {
+      ranged_rows_.Use(line, words[first], row, range);
+      values_.NoteRange(line, words[first], row);
+    }
   }
   return true;
-}
-
-void WideData::UseRange(const SourceLine& line, std::string_view word, std::int32_t row,
-                        double range) {
-  const model::RowType type = sink_.Row(row).Type;
-  if (type == model::RowType::kFree)
-    return Tell(kRangeOfFreeRow, line, word, Named(word), "passed over");
-  if (type == model::RowType::kEqual && range < 0) {
-    Tell(kRangeBySign, line, word, Named(word),
-         "its lower limit is " + text::GeneralText(-range) + " below the right-hand side");
-  }
-  if (has_rhs_) return ApplyRange(row, range);
-  if (waiting_ranges_.empty())
-    Tell(kRangesFirst, line, {}, {}, "they wait for the right-hand sides");
-  waiting_ranges_.emplace_back(row, range);
-}
-
-void WideData::ApplyRange(std::int32_t row, double range) {
-  const model::RowLimits limits = sink_.Row(row);
-  switch (model::TraitsOf(limits.Type).range) {
-    case model::RangeEffect::kNothing:
-      break;
-    case model::RangeEffect::kSetsUpper:
-      limits.UpperBound = limits.LowerBound + std::fabs(range);
-      break;
-    case model::RangeEffect::kSetsLower:
-      limits.LowerBound = limits.UpperBound - std::fabs(range);
-      break;
-    case model::RangeEffect::kBySign:
-      if (range > 0) {
-        limits.UpperBound = limits.LowerBound + range;
-      } else {
-        limits.LowerBound = limits.UpperBound + range;
-      }
-      break;
-  }
 }
 
 bool WideData::UseBound(const SourceLine& line, const TokenList& words) {
@@ -192,15 +148,18 @@ bool WideData::UseBound(const SourceLine& line, const TokenList& words) {
   if (words.count() == kValue) TellLimit(line, words);
   const std::optional<WideBound> wide = FindWideBound(words[1]);
   if (wide) UseWideBound(line, words, *wide);
-  return wide || no_bound;
+  if (!wide && !no_bound) return false;
+  values_.NoteBounds(line, words[3], sink_.FindColumn(words[3]),
+                     GivenBy(words[1], words.count() == kValue));
+  return true;
 }
 
 // One that makes no sense, of a code that is known.
 void WideData::RefuseBound(const SourceLine& line, const TokenList& words) {
   const BoundValue use = *ValueOfBound(words[1]);
   const bool has_value = words.count() == kValue;
-  if (use == BoundValue::kNeeded && !has_value) return Tell(kBoundWithoutValue, line, {});
   if (words.count() > kValue) return Tell(kTokens, line, {});
+  if (use == BoundValue::kNeeded && !has_value) return Tell(kBoundWithoutValue, line, {});
   const bool counts = has_value && use != BoundValue::kIgnored;
   if (counts && !text::ParseNumber(words[kValue]) && !IsNoBound(words[1], words[kValue])) {
     return Tell(kNotNumeric, line, words[kValue]);
@@ -211,21 +170,45 @@ void WideData::RefuseBound(const SourceLine& line, const TokenList& words) {
 void WideData::UseWideBound(const SourceLine& line, const TokenList& words, WideBound bound) {
   const std::int32_t number = sink_.FindColumn(words[3]);
   model::Bounds& column = sink_.Column(number);
-  const bool has_value = words.count() == kValue && !IsNoBound(words[1], words[kValue]);
-  const double value = has_value ? text::ParseNumber(words[kValue]).value_or(0) : 0;
-  const bool semi = bound == WideBound::kSemiContinuous || bound == WideBound::kSemiInteger;
   if (bound != WideBound::kSemiContinuous) sink_.SetColumnType(number, model::ColumnType::kInteger);
-  std::string made = "an integer column with this bound";
-  if (bound == WideBound::kBinary) {
-    column = {0, 1};
-    made = "an integer column from 0 to 1";
-  } else if (bound == WideBound::kIntegerLower && has_value) {
-    column.LowerBound = value;
-  } else if (has_value) {
-    column.UpperBound = value;
+  const char* made = "an integer column with this bound";
+  switch (bound) {
+    case WideBound::kBinary:
+      column = {0, 1};
+      made = "an integer column from 0 to 1";
+      break;
+    case WideBound::kIntegerLower:
+      SetBound(line, words, column.LowerBound);
+      break;
+    case WideBound::kIntegerUpper:
+      SetBound(line, words, column.UpperBound);
+      break;
+    case WideBound::kSemiContinuous:
+    case WideBound::kSemiInteger:
+      return UseSemiContinuous(line, words, column);
   }
-  if (semi) made = "an upper bound alone: that it may be 0 below its lower bound is lost";
-  Tell(semi ? kSemiContinuous : kIntegerBound, line, words[1], Named(words[3]), std::move(made));
+  Tell(kIntegerBound, line, words[1], Named(words[3]), made);
+}
+
+// Infinities are set already.
+bool WideData::SetBound(const SourceLine& line, const TokenList& words, double& bound) const {
+  if (words.count() != kValue || IsNoBound(words[1], words[kValue])) return false;
+  bound = text::ParseNumber(words[kValue]).value_or(0);
+  values_.CheckNumber(line, words[kValue], bound);
+  return true;
+}
+
+// An upper bound of 0 says that there is none.
+void WideData::UseSemiContinuous(const SourceLine& line, const TokenList& words,
+                                 model::Bounds& column) {
+  std::string made = words.count() == kValue ? "no upper bound" : "a column like any other";
+  double upper = 0;
+  if (SetBound(line, words, upper)) {
+    column.UpperBound = upper == 0 ? model::BoundLimit : upper;
+    if (upper != 0) made = "an upper bound alone";
+  }
+  Tell(kSemiContinuous, line, words[1], Named(words[3]),
+       made + ": that it may be 0 below its lower bound is lost");
 }
 
 void WideData::UseInfinity(const SourceLine& line, const TokenList& words) {
@@ -239,7 +222,7 @@ void WideData::UseInfinity(const SourceLine& line, const TokenList& words) {
 }
 
 bool WideData::FreesLower(const SourceLine& line, const TokenList& words) {
-  if (words[1] != "UP" && words[1] != "UI") return false;
+  if (words[1][0] != 'U' && words[1][0] != 'S') return false;
   const std::optional<double> value = text::ParseNumber(words[kValue]);
   if (!value || *value >= 0 || sink_.Column(sink_.FindColumn(words[3])).LowerBound != 0)
     return false;
@@ -262,27 +245,6 @@ void WideData::TellLimit(const SourceLine& line, const TokenList& words) const {
     Tell(kAtLimit, line, words[kValue], Named(words[3]), "no upper bound");
   } else if (sets_lower && value == -model::BoundLimit) {
     Tell(kAtLimit, line, words[kValue], Named(words[3]), "no lower bound");
-  }
-}
-
-void WideData::Finish() {
-  for (const auto& [row, range] : waiting_ranges_) ApplyRange(row, range);
-  const std::string& asked = options_.objective.empty() ? named_objective_ : options_.objective;
-  std::int32_t objective = asked.empty() ? 0 : sink_.FindRow(asked);
-  if (objective != 0 && sink_.Row(objective).Type != model::RowType::kFree) objective = 0;
-  if (!asked.empty() && objective == 0) {
-    hear_({.code = kNoSuchObjective,
-           .line = options_.objective.empty() ? naming_line_ : 0,
-           .item = asked,
-           .made = "the first N row is the objective"});
-  }
-  if (objective != 0) facts_.objective = asked;
-  if (objective == 0 && !free_rows_.empty()) {
-    facts_.objective = free_rows_.front();
-    objective = sink_.FindRow(facts_.objective);
-  }
-  for (const auto& [row, value] : free_rhs_) {
-    if (row == objective) facts_.objective_constant = value == 0 ? 0 : -value;
   }
 }
 

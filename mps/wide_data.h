@@ -3,21 +3,21 @@
 //
 //   sets       the first name of RHS, of RANGES and of BOUNDS counts; lines of others are passed over,
 //              lines without a name belong to the first
-//   objective  the row that the options name, else the file, else the first N row; minus its
-//              right-hand side is added to it
-//   RANGES     of an E row: from rhs + R to rhs when R < 0, else from rhs to rhs + R; of a G or L row by
-//              |R|. Before RHS they wait for the end.
+//   objective  free_rows.h
+//   RANGES     ranged_rows.h
+//   values     those that are given again, or too small: given_values.h
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
 #include "mps/file_facts.h"
+#include "mps/free_rows.h"
+#include "mps/given_values.h"
 #include "mps/model_sink.h"
+#include "mps/ranged_rows.h"
 #include "mps/wide_options.h"
 #include "mps/wide_report.h"
 #include "mps/wide_words.h"
@@ -27,8 +27,15 @@ namespace quarvel::mps {
 class WideData {
  public:
   // All must outlive this.
-  WideData(const WideOptions& options, ModelSink& sink, FileFacts& facts, const HearProblem& hear)
-      : options_(options), sink_(sink), facts_(facts), hear_(hear) {}
+  WideData(const WideOptions& options, ModelSink& sink, FileFacts& facts, GivenValues& values,
+           const HearProblem& hear)
+      : options_(options),
+        sink_(sink),
+        facts_(facts),
+        values_(values),
+        hear_(hear),
+        free_rows_(options, sink, facts, hear),
+        ranged_rows_(sink, hear) {}
 
   // A line of that many words says nothing that the sections do not use as it is. Cheap, and
   // sometimes false for such a line.
@@ -36,8 +43,8 @@ class WideData {
   bool IsPlainRhs(const SourceLine& line) const {
     bool has_comment = false;
     for (std::size_t word = 2; word <= kCount; ++word) has_comment |= line[word][0] == '$';
-    return !has_comment && line[1] == rhs_.first && free_rows_.size() <= 1 && !IsFreeRow(line[2]) &&
-           (kCount == 3 || !IsFreeRow(line[4]));
+    return !has_comment && line[1] == rhs_.first && !ranged_rows_.any() &&
+           free_rows_.IsNone(line[2]) && (kCount == 3 || free_rows_.IsNone(line[4]));
   }
   bool IsPlainBound(const SourceLine& line) const {
     if (line[2] != bounds_.first || line[1].size() != 2 || line[3][0] == '$') return false;
@@ -54,11 +61,13 @@ class WideData {
   // Uses the words of a data line up, or leaves them to the sections: false.
   bool Use(const SourceLine& line, const TokenList& words, Section section, bool fits);
 
-  void BeginRhs() { has_rhs_ = true; }
+  void BeginRhs() { ranged_rows_.BeginRhs(); }
   // The file names the objective, on that line.
-  void NameObjective(const SourceLine& line, std::string_view name);
+  void NameObjective(const SourceLine& line, std::string_view name) {
+    free_rows_.NameObjective(line, name);
+  }
   // No line comes any more.
-  void Finish();
+  void Finish() { free_rows_.Finish(); }
 
  private:
   struct Set {
@@ -66,24 +75,20 @@ class WideData {
     std::string other;  // the last that was passed over
   };
 
-  bool IsFreeRow(std::string_view name) const {
-    return !free_rows_.empty() && name == free_rows_.front();
-  }
   // 1E+10 takes eleven digits, or an exponent.
   static bool MayBeLimit(std::string_view number) {
     return number.size() > 10 || number.find_first_of("ED") != std::string_view::npos;
   }
-  bool IsObjective(std::string_view row) const;
-  void NoteRow(const SourceLine& line, std::string_view name);
   bool UseMarker(const SourceLine& line, const TokenList& words);
   bool UseRhs(const SourceLine& line, const TokenList& words);
   bool UseRanges(const SourceLine& line, const TokenList& words);
-  void UseRhsOfFreeRow(const SourceLine& line, std::string_view word, std::int32_t row,
-                       double value);
-  void UseRange(const SourceLine& line, std::string_view word, std::int32_t row, double range);
-  void ApplyRange(std::int32_t row, double range);
+  // Whether the sections would lose something of a line of RHS.
+  bool IsOwnRhs(const TokenList& words) const;
   bool UseBound(const SourceLine& line, const TokenList& words);
   void UseWideBound(const SourceLine& line, const TokenList& words, WideBound bound);
+  // False when the line has no number for it.
+  bool SetBound(const SourceLine& line, const TokenList& words, double& bound) const;
+  void UseSemiContinuous(const SourceLine& line, const TokenList& words, model::Bounds& column);
   void RefuseBound(const SourceLine& line, const TokenList& words);
   void UseInfinity(const SourceLine& line, const TokenList& words);
   bool FreesLower(const SourceLine& line, const TokenList& words);
@@ -100,14 +105,11 @@ class WideData {
   const WideOptions& options_;
   ModelSink& sink_;
   FileFacts& facts_;
+  GivenValues& values_;
   const HearProblem& hear_;
+  FreeRows free_rows_;
+  RangedRows ranged_rows_;
   Set rhs_, ranges_, bounds_;
-  std::vector<std::string> free_rows_;
-  std::string named_objective_;  // by the file
-  std::int64_t naming_line_ = 0;
-  std::vector<std::pair<std::int32_t, double>> free_rhs_;
-  std::vector<std::pair<std::int32_t, double>> waiting_ranges_;
-  bool has_rhs_ = false;
 };
 
 }  // namespace quarvel::mps

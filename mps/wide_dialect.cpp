@@ -20,13 +20,15 @@ std::string_view LastWord(std::string_view text) {
 
 }  // namespace
 
-WideDialect::WideDialect(WideOptions options, ModelSink& sink, FileFacts& facts, HearProblem hear)
+WideDialect::WideDialect(WideOptions options, ModelSink& sink, FileFacts& facts,
+                         GivenValues& values, const HearProblem& hear)
     : options_(std::move(options)),
       sink_(sink),
       facts_(facts),
-      hear_(std::move(hear)),
+      hear_(hear),
       sense_(sink),
-      data_(options_, sink, facts, hear_),
+      data_(options_, sink, facts, values, hear),
+      headers_(hear),
       said_columns_(options_.columns),
       columns_(said_columns_) {
   Settle();
@@ -35,7 +37,7 @@ WideDialect::WideDialect(WideOptions options, ModelSink& sink, FileFacts& facts,
 WideDialect::Verdict WideDialect::LookCloser(SourceLine& line, Section section) {
   if (line.too_long()) return Verdict::kLine;
   if (section == Section::kStart && line.text().starts_with('*')) return Verdict::kLine;
-  if (section == Section::kColumns) line.NoteSmallLetters();
+  if (section == Section::kColumns || !line.text().starts_with(' ')) line.NoteSmallLetters();
   line.Split();
   const bool decided = columns_ == FileColumns::kFree || line.comes_in_batch();
   if (decided && !HasTab(line.split_text()) && IsPlain(line, section)) return Verdict::kLine;
@@ -49,6 +51,7 @@ WideDialect::Verdict WideDialect::LookCloser(SourceLine& line, Section section) 
   }
   if (own_ != Own::kNone) return UseOwn(line, words);
   if (section != Section::kStart) return UseData(line, words, section);
+  if (BeginsComment(words)) return Comment(line);
   Tell(kBeforeRows, line, {});
   return Verdict::kNothing;
 }
@@ -60,6 +63,7 @@ bool WideDialect::IsDataInFirstColumn(const TokenList& words, Section section) c
 }
 
 WideDialect::Verdict WideDialect::UseOwn(const SourceLine& line, const TokenList& words) {
+  if (own_ == Own::kSense && BeginsComment(words)) return Comment(line);
   if (own_ == Own::kPassedOver) {
     ++passed_lines_;
   } else {
@@ -91,6 +95,7 @@ WideDialect::Verdict WideDialect::UseHeader(SourceLine& line, const TokenList& w
   const bool wants_word = own_ == Own::kSense || own_ == Own::kObjectiveName;
   if (header == WideHeader::kUnknown && wants_word) return UseOwn(line, words);
   LeaveOwn();
+  if (header != WideHeader::kUnknown) TellHeader(line, words[1], header);
   switch (header) {
     case WideHeader::kUnknown:
       if (section == Section::kStart) {
@@ -105,8 +110,7 @@ WideDialect::Verdict WideDialect::UseHeader(SourceLine& line, const TokenList& w
       return UsePlainHeader(line, words);
     case WideHeader::kSense:
     case WideHeader::kObjectiveName:
-      Enter(header == WideHeader::kSense ? Own::kSense : Own::kObjectiveName);
-      if (words.count() > 1) UseWord(line, words, 2);
+      EnterWord(line, words, header);
       break;
     case WideHeader::kMaximize:
       UseSense(line, words[1], ObjectiveSense::kMaximize);
@@ -123,6 +127,21 @@ WideDialect::Verdict WideDialect::UseHeader(SourceLine& line, const TokenList& w
       break;
   }
   return Verdict::kNothing;
+}
+
+void WideDialect::TellHeader(const SourceLine& line, std::string_view word, WideHeader header) {
+  if (line.SmallLettersOf(word) != 0) {
+    Tell(kSmallHeader, line, word, std::string(word), "the same as in capitals");
+  }
+  headers_.Use(line, word, header);
+}
+
+void WideDialect::EnterWord(const SourceLine& line, const TokenList& words, WideHeader header) {
+  const bool is_sense = header == WideHeader::kSense;
+  Enter(is_sense ? Own::kSense : Own::kObjectiveName);
+  own_header_ = ProblemOf(is_sense ? kSenseUnknown : kObjectiveUnnamed, line, words[1],
+                          std::string(words[1]), "passed over");
+  if (words.count() > 1) UseWord(line, words, 2);
 }
 
 WideDialect::Verdict WideDialect::UsePlainHeader(SourceLine& line, const TokenList& words) {
@@ -163,22 +182,19 @@ void WideDialect::UseSense(const SourceLine& line, std::string_view word, Object
   }
   facts_.sense = sense;
   const bool maximize = sense == ObjectiveSense::kMaximize;
-  Tell(kObjectiveSense, line, word, {},
-       maximize ? "the objective is maximized" : "the objective is minimized");
+  sense_told_ = ProblemOf(kObjectiveSense, line, word, {},
+                          maximize ? "the objective is maximized" : "the objective is minimized");
 }
 
 void WideDialect::PassOver(FileProblemCode code, const SourceLine& line, std::string_view word) {
   Enter(Own::kPassedOver);
   passed_lines_ = 0;
-  passed_over_ = FileProblem{.code = code, .line = line.number(), .item = std::string(word)};
-  ShowPlace(line, word, passed_over_);
+  own_header_ = ProblemOf(code, line, word, std::string(word));
 }
 
 void WideDialect::LeaveOwn() {
-  if (own_ == Own::kPassedOver) {
-    passed_over_.made = LinesText(passed_lines_);
-    hear_(std::move(passed_over_));
-  }
+  if (own_ == Own::kPassedOver) own_header_.made = LinesText(passed_lines_);
+  if (own_ != Own::kNone) hear_(std::move(own_header_));
   Enter(Own::kNone);
 }
 
@@ -236,6 +252,8 @@ WideDialect::Verdict WideDialect::UseFixed(SourceLine& line, const TokenList& wo
   const std::string_view between = TextBetween(fields, section);
   const bool fits = between.empty() && fixed.count() != 0 && sense_.Fits(fixed, section);
   if (!fits && BeginsComment(words)) return Comment(line);
+  if (fits && IsNameless(fixed, section))
+    Tell(kNamelessSet, line, {}, {}, "a line of the first set");
   if (!between.empty()) {
     Tell(kBetweenFields, line, between);
     return Verdict::kNothing;
@@ -271,6 +289,7 @@ bool WideDialect::IsTextBehindEnd(SourceLine& line) const {
 
 void WideDialect::Finish() {
   LeaveOwn();
+  if (facts_.sense != ObjectiveSense::kNotSaid) hear_(std::move(sense_told_));
   data_.Finish();
 }
 

@@ -11,7 +11,8 @@
 //              from a word, or the field 3 or 5, that begins with "$"
 //   headers    OBJSENSE and OBJNAME with their word on the same line or the next, OBJSENSEMAX,
 //              OBJSENSEMIN; LAZYCONS and USERCUTS, as more ROWS; any other that is not known begins a
-//              section that is passed over
+//              section that is passed over. Small letters are told.
+//   order      headers that stand there again, or in another order: header_order.h
 //   data       wide_data.h
 //
 // The full rules stand in docs/dialect.md. The plain way, where no line is quicker than another, is
@@ -26,6 +27,8 @@
 #include "mps/file_facts.h"
 #include "mps/file_problem.h"
 #include "mps/fixed_fields.h"
+#include "mps/given_values.h"
+#include "mps/header_order.h"
 #include "mps/line_source.h"
 #include "mps/model_sink.h"
 #include "mps/section.h"
@@ -46,9 +49,10 @@ class WideDialect {
     kNothing,  // it is passed over, or no data line
   };
 
-  // The sink and the facts must outlive this. `hear` is called while a line is looked at, or in Finish.
+  // All but the options must outlive this. `hear` is called while a line is looked at, or in Finish.
   // Lines are of a source that watches tabs.
-  WideDialect(WideOptions options, ModelSink& sink, FileFacts& facts, HearProblem hear);
+  WideDialect(WideOptions options, ModelSink& sink, FileFacts& facts, GivenValues& values,
+              const HearProblem& hear);
   WideDialect(const WideDialect&) = delete;
   WideDialect& operator=(const WideDialect&) = delete;
 
@@ -106,6 +110,10 @@ class WideDialect {
   bool IsDataInFirstColumn(const TokenList& words, Section section) const;
   Verdict UseOwn(const SourceLine& line, const TokenList& words);
   Verdict UseHeader(SourceLine& line, const TokenList& words, Section section);
+  // What there is to say of a known header as such.
+  void TellHeader(const SourceLine& line, std::string_view word, WideHeader header);
+  // Of OBJSENSE or OBJNAME.
+  void EnterWord(const SourceLine& line, const TokenList& words, WideHeader header);
   Verdict UsePlainHeader(SourceLine& line, const TokenList& words);
   Verdict UseName(const SourceLine& line, const TokenList& words);
   Verdict UseMoreRows(SourceLine& line, const TokenList& words);
@@ -137,16 +145,18 @@ class WideDialect {
   const WideOptions options_;
   ModelSink& sink_;
   FileFacts& facts_;
-  const HearProblem hear_;
+  const HearProblem& hear_;
   WordSense sense_;
   WideData data_;
+  HeaderOrder headers_;
   FileColumns said_columns_;  // by the options, or by the file's NAME
   FileColumns columns_;
   Own own_ = Own::kNone;
   bool passes_on_ = true;  // plain lines go on at all
   bool has_data_in_first_column_ = false;
-  FileProblem passed_over_{};  // of the section that is, and how many lines it has
+  FileProblem own_header_{};  // of the section of its own, to be told when that ends without a word
   std::int64_t passed_lines_ = 0;
+  FileProblem sense_told_{};  // to be told at the end, as the last one counts
 };
 
 }  // namespace quarvel::mps

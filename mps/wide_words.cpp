@@ -123,6 +123,11 @@ bool BeginsComment(const TokenList& words) {
   return words.count() != 0 && words[1].starts_with('*');
 }
 
+bool IsNameless(const TokenList& words, Section section) {
+  const std::size_t set = SetWord(section);
+  return set != 0 && words[set].empty();
+}
+
 bool WordSense::Fits(const TokenList& words, Section section) const {
   switch (section) {
     case Section::kStart:

@@ -41,6 +41,8 @@ std::string_view TextBetween(const FixedFields& fields, Section section);
 // A line of COLUMNS that is a marker: name, 'MARKER' and what it marks.
 bool IsMarker(const TokenList& words);
 bool BeginsComment(const TokenList& words);
+// The words, which make sense in the section, have an empty one for the name of the set.
+bool IsNameless(const TokenList& words, Section section);
 
 // What was left out, or put in, so that words between blanks make sense.
 struct FreeWords {

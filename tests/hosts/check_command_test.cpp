@@ -60,7 +60,7 @@ TEST(Check, FindsEachKindOfMistake) {
   const Outcome run = RunQuarvel({"check", folder.Example("mistakes.mps"), "--no-lint"});
   EXPECT_EQ(run.status, 1);
   EXPECT_TRUE(
-      run.out.ends_with(": 21 errors, 3 warnings, 2 adaptations; 4 rows, 4 columns, 5 elements\n"))
+      run.out.ends_with(": 21 errors, 8 warnings, 2 adaptations; 4 rows, 4 columns, 5 elements\n"))
       << run.out;
   EXPECT_TRUE(HasCount(run.out, "4", "E109 not-numeric\n")) << run.out;
 }
@@ -92,7 +92,7 @@ TEST(Check, WarnsOfAFileThatMayBeCutOff) {
 TEST(Check, LintsUnlessToldNotTo) {
   const HostFolder folder;
   const std::string model =
-      folder.Write("a.mps", "ROWS\n G need\nCOLUMNS\n x need 1\n y need 2\n x need 3\nENDATA\n");
+      folder.Write("a.mps", "ROWS\n G need\nCOLUMNS\n x need 1\n x need 3\n y need 2\nENDATA\n");
   const Outcome run = RunQuarvel({"check", model});
   EXPECT_EQ(run.status, 3);
   EXPECT_NE(run.out.find("a.mps: warning: the column has two coefficients in one row: X; in row "

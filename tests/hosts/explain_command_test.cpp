@@ -45,29 +45,31 @@ TEST(Explain, TellsWhichLinesMadeARow) {
 
 TEST(Explain, TellsWhatWasOverriddenAndOfBothRecordsOfAName) {
   const HostFolder folder;
-  EXPECT_EQ(RunQuarvel({"explain", folder.Write("a.mps", kExplainedModel), "x"}).out,
-            "row X (number 2)\n"
-            "  type      E: line 4\n"
-            "  lower     0: default\n"
-            "  upper     0: default\n"
-            "  elements  1\n"
-            "            X 3: line 7\n"
-            "column X (number 0)\n"
-            "  type      R: line 6\n"
-            "  lower     0: default\n"
-            "  upper     9: line 16; line 15 had said 4\n"
-            "  elements  3\n"
-            "            COST 1: line 6\n"
-            "            LIM 2: line 6\n"
-            "            X 3: line 7\n"
-            "  unused    line 17 names it and changes none of this\n"
-            "  problem   E110, line 7: no row of this name: NONE\n"
-            " 4 | E X\n"
-            " 6 | X COST 1 LIM 2\n"
-            " 7 | X NONE 1 X 3\n"
-            "15 | UP BND X 4\n"
-            "16 | up bnd x 9\n"
-            "17 | LO BND X 0\n");
+  EXPECT_EQ(
+      RunQuarvel({"explain", folder.Write("a.mps", kExplainedModel), "x"}).out,
+      "row X (number 2)\n"
+      "  type      E: line 4\n"
+      "  lower     0: default\n"
+      "  upper     0: default\n"
+      "  elements  1\n"
+      "            X 3: line 7\n"
+      "column X (number 0)\n"
+      "  type      R: line 6\n"
+      "  lower     0: default\n"
+      "  upper     9: line 16; line 15 had said 4\n"
+      "  elements  3\n"
+      "            COST 1: line 6\n"
+      "            LIM 2: line 6\n"
+      "            X 3: line 7\n"
+      "  unused    line 17 names it and changes none of this\n"
+      "  problem   E110, line 7: no row of this name: NONE\n"
+      "  problem   W415, line 16: a value that a line above has given: X; the last one counts\n"
+      " 4 | E X\n"
+      " 6 | X COST 1 LIM 2\n"
+      " 7 | X NONE 1 X 3\n"
+      "15 | UP BND X 4\n"
+      "16 | up bnd x 9\n"
+      "17 | LO BND X 0\n");
 }
 
 TEST(Explain, TellsOfTheObjective) {
@@ -135,8 +137,8 @@ TEST(Explain, PrintsJson) {
       << objective;
   const std::string both = RunQuarvel({"explain", folder.Path("a.mps"), "X", "--json"}).out;
   EXPECT_NE(
-      both.find("\"problems\":{\"count\":1,\"first\":[{\"code\":\"E110\",\"line\":7,\"text\":\"no "
-                "row of this name: NONE\"}]}"),
+      both.find("\"problems\":{\"count\":2,\"first\":[{\"code\":\"E110\",\"line\":7,\"text\":\"no "
+                "row of this name: NONE\"}"),
       std::string::npos)
       << both;
 }

@@ -89,13 +89,15 @@ RecordOrigin Find(std::string_view bytes, bool is_row, std::string name, std::si
 TEST(WhereFrom, TellsTheLinesThatMadeAColumn) {
   EXPECT_EQ(TextOf(Find(kModel, false, "X")),
             "1 R@9 of 1\n 0@0 of 1\n 10000000000@0 4@23 9@25 of 3\n"
-            "COST=1@9 LIM1=1@9 LIM2=1@10 LIM2=7@16 of 4\nidle 24\nproblems\n");
+            "COST=1@9 LIM1=1@9 LIM2=1@10 LIM2=7@16 of 4\nidle 24\n"
+            "problems column-again@16 given-again@24 given-again@25\n");
 }
 
 TEST(WhereFrom, TellsTheLinesThatMadeARow) {
-  EXPECT_EQ(TextOf(Find(kModel, true, "LIM1")),
-            "2 L@4 R@0 of 2\n -10000000000@0 6.5@21 of 2\n 0@0 4@18 9@19 of 3\n"
-            "X=1@9 BOTH=2@12 Y=1@15 of 3\nidle 6\nproblems row-twice@6 not-numeric@21\n");
+  EXPECT_EQ(
+      TextOf(Find(kModel, true, "LIM1")),
+      "2 L@4 R@0 of 2\n -10000000000@0 6.5@21 of 2\n 0@0 4@18 9@19 of 3\n"
+      "X=1@9 BOTH=2@12 Y=1@15 of 3\nidle 6\nproblems row-twice@6 given-again@19 not-numeric@21\n");
 }
 
 TEST(WhereFrom, TellsTheMarkerOfAColumnAndTheProblemsOfItsLines) {
@@ -121,12 +123,24 @@ TEST(WhereFrom, TellsWhatNamesARecordThatTheFileDoesNotMake) {
   EXPECT_EQ(TextOf(Find(kModel, false, "NOBODY")), "0 of 0\n of 0\n of 0\nof 0\nidle\nproblems\n");
 }
 
+// Which of them is the objective is known at the end.
+TEST(WhereFrom, TellsOfNRowsWhatIsKnownAtTheEnd) {
+  constexpr std::string_view kFreeRows =
+      "ROWS\n N COST\n N ELSE\nCOLUMNS\n X COST 1\n ELSE ELSE 1\nRHS\n R COST 1 ELSE 2\n"
+      "OBJNAME ELSE\nENDATA\n";
+  EXPECT_EQ(TextOf(Find(kFreeRows, true, "COST")),
+            "1 N@2 of 1\n -10000000000@0 of 1\n 10000000000@0 of 1\nX=1@5 of 1\nidle 8\n"
+            "problems further-free-row@2 free-row-rhs@8\n");
+  EXPECT_TRUE(TextOf(Find(kFreeRows, true, "ELSE")).ends_with("problems objective-constant@8\n"));
+  EXPECT_TRUE(TextOf(Find(kFreeRows, false, "ELSE")).ends_with("problems\n"));
+}
+
 TEST(WhereFrom, TellsOfASecondSetThatItIsPassedOver) {
   EXPECT_EQ(
       TextOf(Find("ROWS\n L R\nCOLUMNS\n X R 1\nBOUNDS\n UP A X 4\n UP B X 9\n UP A X 5\nENDATA\n",
                   false, "X")),
       "1 R@4 of 1\n 0@0 of 1\n 10000000000@0 4@6 5@8 of 3\nR=1@4 of 1\nidle 7\n"
-      "problems second-set@7\n");
+      "problems second-set@7 given-again@8\n");
 }
 
 TEST(WhereFrom, TakesDefaultBoundsOfTheReadForDefaults) {
@@ -149,9 +163,9 @@ TEST(WhereFrom, KeepsAFewOfMany) {
   const RecordOrigin column = Find(text, false, "X", 2);
   EXPECT_EQ(TextOf(column),
             "1 R@4 of 1\n 0@0 of 1\n 49@200 50@203 of 51\nR=1@4 R=2@5 of 51\nidle 57 58\n"
-            "problems bound-code@58 bound-code@61\n");
+            "problems given-again@57 bound-code@58\n");
   EXPECT_EQ(column.idle_count, 100);
-  EXPECT_EQ(column.problem_count, 50);
+  EXPECT_EQ(column.problem_count, 149);
   EXPECT_EQ(TextOf(Find(text, false, "X", 0)),
             "1 R@4 of 1\n 0@0 of 1\n 50@203 of 51\nof 51\nidle\nproblems\n");
 }

@@ -17,9 +17,10 @@ std::string SpellingProblems(const std::string& columns) {
 TEST(ColumnSpellings, AreToldWhereTheyChange) {
   EXPECT_EQ(SpellingProblems("    x  cost  1\n    X  cost  2\n    X  COST  3\n    x  cost  4\n"),
             "W414 5:5+1 'X'; W414 7:5+1 'x'");
-  EXPECT_EQ(SpellingProblems("    x  cost  1\n    X2  cost  2\n    x  cost  3\n"), "");
+  EXPECT_EQ(SpellingProblems("    x  cost  1\n    X2  cost  2\n    x2  cost  3\n"),
+            "W414 6:5+2 'x2'");
   EXPECT_EQ(SpellingProblems("    X  COST  1\n    Y  COST  2\n    x  COST  3\n    Z  COST  3\n"),
-            "W414 6:5+1 'x'");
+            "W414 6:5+1 'x'; W419 6:5+1 'x'");
 }
 
 TEST(ColumnSpellings, DoNotDependOnWhereTheNameStands) {

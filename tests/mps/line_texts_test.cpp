@@ -39,6 +39,22 @@ TEST(LineTexts, StayAsTheyAreWhereTheFileIsGone) {
   EXPECT_EQ(problems.kept()[0].text, "AS READ");
 }
 
+// As the problems come, so many of them behind the last.
+TEST(LineTexts, BeginAgainForLinesBehindThemAFewTimes) {
+  const TemporaryFolder folder;
+  WriteWholeFile(folder.File("m.mps"), "one\ntwo\nthree\n");
+  LineTexts texts(OpenerOf(folder.File("m.mps")));
+  std::string shown;
+  for (int i = 0; i < 12; ++i) {
+    for (const std::int64_t line : {3, 1}) {
+      FileProblem problem{.code = FileProblemCode::kTokens, .line = line, .text = "-"};
+      texts.Show(problem);
+      shown += problem.text.substr(0, 1);
+    }
+  }
+  EXPECT_EQ(shown, "tototototototot-t-t-t-t-");
+}
+
 TEST(LineTexts, EndBetweenCharacters) {
   const std::string line(399, 'x');
   EXPECT_EQ(ShownOf(line + "\xC3\xA4"), line);

@@ -46,6 +46,30 @@ TEST_F(ReadFileTest, ReadsAModelAndWhatTheFileSaysBesideIt) {
   EXPECT_EQ(store_.data().NumberOfBindingRows, 1);
 }
 
+// Of ASCII.
+std::string InUtf16(std::string_view text, bool big_endian) {
+  std::string bytes;
+  for (const char c : text) {
+    bytes += big_endian ? '\0' : c;
+    bytes += big_endian ? c : '\0';
+  }
+  return bytes;
+}
+
+TEST_F(ReadFileTest, SaysThatUtf16IsNotRead) {
+  for (const std::string& text :
+       {"\xFF\xFE" + InUtf16(kGood, false), "\xFE\xFF" + InUtf16(kGood, true),
+        InUtf16(kGood, false), InUtf16(kGood, true)}) {
+    const FileRead read = Read(text);
+    EXPECT_EQ(read.outcome, ReadOutcome::kFailed);
+    ASSERT_EQ(read.problems.kept().size(), 1U);
+    EXPECT_EQ(read.problems.kept()[0].code, FileProblemCode::kFailure);
+    EXPECT_EQ(read.problems.kept()[0].failure->description(),
+              "The text is in UTF-16; UTF-8 and ASCII are read.");
+  }
+  EXPECT_EQ(Read("\xEF\xBB\xBF" + std::string(kGood)).outcome, ReadOutcome::kRead);
+}
+
 TEST_F(ReadFileTest, GivesColumnsNoLowerBoundWhenToldSo) {
   Read(kGood, {.infinite_default_bounds = true});
   EXPECT_EQ(store_.Column(2).LowerBound, -model::BoundLimit);

@@ -6,6 +6,7 @@
 
 #include "model/bounds.h"
 #include "tests/mps/wide_reading.h"
+#include "text/numbers.h"
 
 namespace quarvel::mps {
 namespace {
@@ -49,7 +50,7 @@ TEST(WideData, AddsMinusTheRightHandSideToTheObjective) {
 TEST(WideData, TellsEachBadPairBesideARightHandSideOfTheObjective) {
   const WideReading reading(WideDataFile("RHS\n    R  COST  5  NONE  4\n    R  LIM  x  COST  6\n"));
   EXPECT_EQ(reading.Problems(),
-            "W405 3:5+5 'OTHER'; A309 12:8+4 'COST'; E110 12:17+4 'NONE'; E109 13:13+1 'x'; "
+            "E110 12:17+4 'NONE'; E109 13:13+1 'x'; W415 13:16+4 'COST'; W405 3:5+5 'OTHER'; "
             "A309 13:16+4 'COST'");
   EXPECT_EQ(reading.read.facts.objective_constant, -6);
 }
@@ -102,6 +103,31 @@ TEST(WideData, ReadsSemiContinuousColumnsAsFarAsTheyGo) {
   EXPECT_EQ(reading.Column("Y").UpperBound, model::BoundLimit);
 }
 
+std::string SemiContinuous(const char* value) {
+  const WideReading reading(WideDataFile(std::string("BOUNDS\n SC B X ") + value + "\n"));
+  std::string told;
+  for (const FileProblem& problem : reading.read.problems.kept()) {
+    const std::string id(TraitsOf(problem.code).id);
+    if (id != "W405") told += id + " " + problem.made.substr(0, problem.made.find(':')) + "; ";
+  }
+  return told + text::GeneralText(reading.store.data().Columns[1].UpperBound);
+}
+
+TEST(WideData, TellsWhatItReadsOfASemiContinuousColumn) {
+  EXPECT_EQ(SemiContinuous("8"), "W406 an upper bound alone; 8");
+  EXPECT_EQ(SemiContinuous("0"), "W406 no upper bound; 10000000000");
+  EXPECT_EQ(SemiContinuous("inf"), "A313 no bound; W406 no upper bound; 10000000000");
+  EXPECT_EQ(SemiContinuous(""), "W406 a column like any other; 10000000000");
+  EXPECT_EQ(SemiContinuous("-3"),
+            "W404 the lower bound stays 0; W406 an upper bound alone; E204 ; -3");
+}
+
+TEST(WideData, FreesTheLowerBoundUnderANegativeSemiContinuousOne) {
+  WideReading reading(WideDataFile("BOUNDS\n SC B X -3\n"), {.negative_upper_frees_lower = true});
+  EXPECT_EQ(reading.Column("X").LowerBound, -model::BoundLimit);
+  EXPECT_EQ(reading.Column("X").UpperBound, -3);
+}
+
 TEST(WideData, ReadsFreeBoundsWithValuesAndWithoutSets) {
   WideReading reading(WideDataFile("BOUNDS\n MI B X 0\n UP B X 5\n FR Y 3\n"));
   EXPECT_EQ(reading.Column("X").LowerBound, -model::BoundLimit);
@@ -118,7 +144,7 @@ TEST(WideData, FreesTheLowerBoundUnderANegativeUpperWhenToldSo) {
   EXPECT_EQ(frees.Column("X").LowerBound, -model::BoundLimit);
   EXPECT_EQ(frees.Column("X").UpperBound, -2);
   EXPECT_EQ(frees.Column("Y").LowerBound, -9);
-  EXPECT_EQ(frees.Problems(), "W405 3:5+5 'OTHER'; A312 12:9+2 '-2'");
+  EXPECT_EQ(frees.Problems(), "A312 12:9+2 '-2'; W405 3:5+5 'OTHER'");
 }
 
 }  // namespace

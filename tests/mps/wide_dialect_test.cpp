@@ -37,7 +37,7 @@ INSTANTIATE_TEST_SUITE_P(
         WideCase{"    Y  DEM  7 $ more  words\n", "A304 10:15+1 '$'"},
         WideCase{"    Y  DEM  7 $more\n", "A304 10:15+5 '$more'"},
         WideCase{"    Y  DEM  7  $\n", "A304 10:16+1 '$'"},
-        WideCase{"RHS\n    LIM  4  DEM  2\n    LIM  5\n", "A305 11; A305 12"},
+        WideCase{"RHS\n    LIM  4  DEM  2\n    LIM  5\n", "A305 11; A305 12; W415 12:5+3 'LIM'"},
         WideCase{"BOUNDS\n UP X 4\n FR Y\n", "A305 11; A305 12"},
         WideCase{"BOUNDS\n BV B X\n LI B Y 2\n", "A306 11:2+2 'BV'; A306 12:2+2 'LI'"},
         WideCase{"BOUNDS\n UP B X Inf\n LO B Y -1\n LO B X -infinity\n",
@@ -48,15 +48,15 @@ INSTANTIATE_TEST_SUITE_P(
         WideCase{"BOUNDS\n UI B X 1,5\n", "E109 11:9+3 '1,5'"},
         WideCase{"BOUNDS\n UP B X -inf\n", "E109 11:9+4 '-inf'"},
         WideCase{"OBJSENSE\n    Max\nRHS\n", "A307 11:5+3 'Max'"},
-        WideCase{"objsense Minimize\nRHS\n", "A307 10:10+8 'Minimize'"},
+        WideCase{"objsense Minimize\nRHS\n", "A317 10:1+8 'objsense'; A307 10:10+8 'Minimize'"},
         WideCase{"OBJSENSEMAX\n", "A307 10:1+11 'OBJSENSEMAX'"},
         WideCase{"OBJSENSE\n    up\n", "W412 11:5+2 'up'"},
         WideCase{"OBJNAME\n    COST\n", "A308 11:5+4 'COST'"},
-        WideCase{"OBJNAME LIM\n", "A308 10:9+3 'LIM'; E123 10"},
+        WideCase{"OBJNAME LIM\n", "E123 10:9+3 'LIM'"},
         WideCase{"RHS\n    R  COST  -7.5\n", "A309 11:8+4 'COST'"},
         WideCase{"RHS\nRANGES\n    R  BAL  -3\n", "A310 12:8+3 'BAL'"},
         WideCase{"RANGES\n    R  COST  3\n", "W408 11:8+4 'COST'"},
-        WideCase{"RANGES\n    R  LIM  3\nRHS\n    R  LIM  9\n", "A314 11"},
+        WideCase{"RANGES\n    R  LIM  3\nRHS\n    R  LIM  9\n", "A314 11; W418 12:1+3 'RHS'"},
         WideCase{"RHS here\n    R  LIM  9\n", "A311 10:5+4 'here'"},
         WideCase{"RHS\n    ONE  LIM  4\n    TWO  LIM  5\n    TWO  DEM  5\n", "W402 12:5+3 'TWO'"},
         WideCase{"BOUNDS\n UP ONE X 4\n UP TWO X 5\n", "W402 12:5+3 'TWO'"},
@@ -68,21 +68,31 @@ INSTANTIATE_TEST_SUITE_P(
         WideCase{"Y DEM 7\nX1 DEM 7\n", ""}, WideCase{"RHS\nRHS LIM 7\n", ""},
         WideCase{"    Y  DEM  7  BALL  3\n", "E110 10:16+4 'BALL'"},
         WideCase{"    Y  DEM\n", "E105 10"},
-        WideCase{"    M  'MARKER'  'INTORG'  $ from here\n", "A304 10:28+1 '$'"},
+        WideCase{"    M  'MARKER'  'INTORG'  $ from here\n",
+                 "A304 10:28+1 '$'; W421 10:18+8 ''INTORG''"},
         WideCase{"    M  'MARKER'  'OTHER'  x\n", "W410 10:18+7 ''OTHER''"},
         WideCase{"\tY\tDEM\tx\n", "A303 10; E109 10:8+1 'x'"},
         WideCase{"OBJSENSE\nMax\n", "A307 11:1+3 'Max'"},
         WideCase{"OBJNAME\nCOST\n", "A308 11:1+4 'COST'"},
-        WideCase{"OBJSENSE MAX now\n", "A307 10:10+3 'MAX'; A311 10:14+3 'now'"},
-        WideCase{"OBJSENSEMIN now\n", "A307 10:1+11 'OBJSENSEMIN'; A311 10:13+3 'now'"},
-        WideCase{"OBJNAME\n    COST or\n", "A308 11:5+4 'COST'; A311 11:10+2 'or'"},
+        WideCase{"OBJSENSE MAX now\n", "A311 10:14+3 'now'; A307 10:10+3 'MAX'"},
+        WideCase{"OBJSENSEMIN now\n", "A311 10:13+3 'now'; A307 10:1+11 'OBJSENSEMIN'"},
+        WideCase{"OBJNAME\n    COST or\n", "A311 11:10+2 'or'; A308 11:5+4 'COST'"},
         WideCase{"BOUNDS\n UP B X 1e10\n UP B Y 9e9\n LO B Y -1.E+10\n LO B Y 1e10\n UP B Y 2e10\n",
-                 "W413 11:9+4 '1e10'; W413 13:9+7 '-1.E+10'"},
-        WideCase{"BOUNDS\n FX B X 10000000000\n UI B Y 1e10\n PL B Y 1e10\n",
-                 "W413 11:9+11 '10000000000'; W413 12:9+4 '1e10'; A306 12:2+2 'UI'"},
+                 "W413 11:9+4 '1e10'; W413 13:9+7 '-1.E+10'; W415 14:7+1 'Y'; W415 15:7+1 'Y'"},
+        WideCase{
+            "BOUNDS\n FX B X 10000000000\n UI B Y 1e10\n PL B Y 1e10\n",
+            "W413 11:9+11 '10000000000'; W413 12:9+4 '1e10'; A306 12:2+2 'UI'; W415 13:7+1 'Y'"},
         WideCase{"    Y  DEM  7\n    y  LIM  7\n    y  BAL  7\n    Y  LIM  8\n",
                  "W414 11:5+1 'y'; W414 13:5+1 'Y'"},
-        WideCase{"BOUNDS\n FR B X 1 2\n", "E105 11"}, WideCase{"BOUNDS\n SC B X 1 2\n", "E105 11"},
+        WideCase{"BOUNDS\n UP B X 5 6\n LO X\n", "E105 11; E105 12"},
+        WideCase{"OBJSENSE\nRHS\n", "W412 10:1+8 'OBJSENSE'"},
+        WideCase{"OBJNAME\n", "W422 10:1+7 'OBJNAME'"},
+        WideCase{"OBJSENSE\n  * max\n  max\n", "A302 11; A307 12:3+3 'max'"},
+        WideCase{"OBJSENSE MIN\nOBJSENSE\n MAX MIN\n",
+                 "W417 11:1+8 'OBJSENSE'; A311 12:6+3 'MIN'; A307 12:2+3 'MAX'"},
+        WideCase{"OBJNAME LIM\nOBJNAME COST\n", "W417 11:1+7 'OBJNAME'; A308 11:9+4 'COST'"},
+        WideCase{"Rhs\n", "A317 10:1+3 'Rhs'"}, WideCase{"BOUNDS\n FR B X 1 2\n", "E105 11"},
+        WideCase{"BOUNDS\n SC B X 1 2\n", "E105 11"},
         WideCase{"RHS\n    R  LIM  1\n    R  $D  2\n", "E110 12:8+2 '$D'"}));
 
 TEST(WideDialect, PassesOverTextBeforeRowsAndBehindEndata) {
@@ -92,6 +102,19 @@ TEST(WideDialect, PassesOverTextBeforeRowsAndBehindEndata) {
   EXPECT_EQ(reading.store.settings().ModelName, "SMALL");
   EXPECT_EQ(reading.store.settings().ModelDescription, "text");
   EXPECT_EQ(reading.read.facts.lines, 13);
+}
+
+TEST(WideDialect, TakesCommentsWithBlanksBeforeThemForCommentsBeforeRows) {
+  const WideReading reading("* one\n   * two\nNAME  m\n" + WideFile(""));
+  EXPECT_EQ(reading.Problems(), "A302 2");
+  EXPECT_EQ(reading.store.settings().ModelDescription, "one");
+}
+
+TEST(WideDialect, TellsTheSenseThatCounts) {
+  const WideReading reading(WideFile("OBJSENSE MAX\nOBJSENSEMIN\n"));
+  EXPECT_EQ(reading.Problems(), "W417 11:1+11 'OBJSENSEMIN'; A307 11:1+11 'OBJSENSEMIN'");
+  EXPECT_EQ(reading.read.facts.sense, ObjectiveSense::kMinimize);
+  EXPECT_EQ(reading.read.problems.kept().back().made, "the objective is minimized");
 }
 
 TEST(WideDialect, CountsTheLinesOfASectionThatItPassesOver) {
@@ -146,7 +169,7 @@ TEST(WideDialect, ReadsNamesWithBlanksAndNamelessSetsByFixedColumns) {
       "BOUNDS\n"
       " UP           X 1               9.\n"
       "ENDATA\n");
-  EXPECT_EQ(reading.Problems(), "A301 3; A301 6; W411 9:63+4 'note'");
+  EXPECT_EQ(reading.Problems(), "A301 3; A301 6; A305 9; W411 9:63+4 'note'; A305 13");
   EXPECT_EQ(reading.Row("LIM 1").UpperBound, 4);
   EXPECT_EQ(reading.Row("LIM 1").LowerBound, 1);
   EXPECT_EQ(reading.Row("2 4").LowerBound, 1);

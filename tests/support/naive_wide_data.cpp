@@ -35,12 +35,6 @@ NaiveRecord& NaiveWideReader::Row(std::int32_t number) {
   return model_.Rows.at(static_cast<std::size_t>(number - 1));
 }
 
-bool NaiveWideReader::IsObjective(const std::string& row) const {
-  if (!asked_objective_.empty()) return row == asked_objective_;
-  if (!named_objective_.empty()) return row == named_objective_;
-  return !free_rows_.empty() && row == free_rows_[0];
-}
-
 void NaiveWideReader::UseRow(const NaiveWords& words) {
   if (words.size() != 2) return Tell("E102");
   const std::string& type = words[0];
@@ -48,7 +42,7 @@ void NaiveWideReader::UseRow(const NaiveWords& words) {
   if (names_.rows.count(words[1]) > 0) return Tell("E104");
   if (type == "N") {
     free_rows_.push_back(words[1]);
-    if (!IsObjective(words[1])) Tell("W405");
+    mentions_.push_back({line_number_, words[1], false, 0});
   }
   NaiveRecord row;
   row.Name = words[1];
@@ -60,13 +54,17 @@ void NaiveWideReader::UseRow(const NaiveWords& words) {
 }
 
 void NaiveWideReader::UseMarker(const std::string& what) {
-  if (what == "'INTORG'") {
-    column_type_ = "I";
-  } else if (what == "'INTEND'") {
-    column_type_ = "R";
+  if (what != "'INTORG'" && what != "'INTEND'")
+    return Tell(what.starts_with("'SOS") ? "E120" : "W410");
+  const bool begins = what == "'INTORG'";
+  column_type_ = begins ? "I" : "R";
+  const bool is_open = open_marker_line_ != 0;
+  if (begins == is_open) {
+    Tell("W421");
   } else {
-    Tell(what.starts_with("'SOS") ? "E120" : "W410");
+    open_marker_line_ = begins ? line_number_ : 0;
   }
+  is_behind_marker_ = true;
 }
 
 void NaiveWideReader::UseColumn(const NaiveWords& words) {
@@ -83,12 +81,39 @@ void NaiveWideReader::UseColumn(const NaiveWords& words) {
   }
   for (std::size_t place = 1; place < words.size(); place += 2) {
     const auto [row, value] = ReadPair(words, place);
+    if (row != 0) CheckSize(words[place + 1], value);
     if (row == 0 || value == 0) continue;
     ++model_.NumberOfElements;
     model_.Columns.at(static_cast<std::size_t>(column - 1)).Elements.push_back({row, value});
     Row(row).Elements.push_back({column, value});
   }
   CheckSpelling(words[0]);
+  CheckOrder(words[0], column);
+}
+
+void NaiveWideReader::CheckOrder(const std::string& name, std::int32_t column) {
+  const bool is_known = ordered_columns_.count(name) > 0;
+  const bool goes_on = name == last_column_;
+  const bool stays = goes_on && !is_behind_marker_;
+  ordered_columns_.insert(name);
+  last_column_ = name;
+  is_behind_marker_ = false;
+  if (!is_known || stays) return;
+  if (!goes_on) Tell("W419");
+  if (model_.Columns.at(static_cast<std::size_t>(column - 1)).Type != column_type_) Tell("W420");
+}
+
+// A number with a digit other than 0 before its exponent that is 0.
+void NaiveWideReader::CheckSize(const std::string& number, double value) {
+  if (value != 0) return;
+  for (const char c : number) {
+    if (c == 'E' || c == 'D') return;
+    if (c >= '1' && c <= '9') return Tell("W416");
+  }
+}
+
+void NaiveWideReader::NoteGiven(const std::string& what) {
+  if (!given_.insert(what).second) Tell("W415");
 }
 
 // Which letters of the name are small, in the first 63 bytes of the line.
@@ -142,19 +167,24 @@ void NaiveWideReader::UseRhs(const NaiveWords& words) {
   if (!IsOfFirstSet(words[0], facts.rhs_set, other_rhs_)) return;
   for (std::size_t place = 1; place < words.size(); place += 2) {
     const auto [row, value] = ReadPair(words, place);
-    if (row != 0) ApplyRhs(row, value);
+    if (row == 0) continue;
+    CheckSize(words[place + 1], value);
+    ApplyRhs(row, value);
+    NoteGiven("right-hand side of " + words[place]);
   }
 }
 
 void NaiveWideReader::ApplyRhs(std::int32_t number, double value) {
   NaiveRecord& row = Row(number);
-  if (row.Type == "N") {
-    Tell(IsObjective(row.Name) ? "A309" : "W407");
-    free_rhs_.emplace_back(row.Name, value);
-  }
+  if (row.Type == "N") mentions_.push_back({line_number_, row.Name, true, value});
+  right_hand_sides_[number] = value;
   if (row.Type == "E" || row.Type == "G") row.LowerBound = value;
   if (row.Type == "E" || row.Type == "L") row.UpperBound = value;
   if (row.Type == "L") row.LowerBound = -1e10;
+  if (ranges_.count(number) == 0) return;
+  if (!has_told_ranges_first_) Tell("A314");
+  has_told_ranges_first_ = true;
+  ApplyRange(number);
 }
 
 void NaiveWideReader::UseRanges(const NaiveWords& words) {
@@ -164,30 +194,31 @@ void NaiveWideReader::UseRanges(const NaiveWords& words) {
   for (std::size_t place = 1; place < words.size(); place += 2) {
     const auto [row, range] = ReadPair(words, place);
     if (row == 0) continue;
+    CheckSize(words[place + 1], range);
     if (Row(row).Type == "N") {
       Tell("W408");
       continue;
     }
     if (Row(row).Type == "E" && range < 0) Tell("A310");
-    if (has_rhs_) {
-      ApplyRange(row, range);
-    } else {
-      if (waiting_ranges_.empty()) Tell("A314");
-      waiting_ranges_.emplace_back(row, range);
+    if (!has_rhs_ && !has_told_ranges_first_) {
+      Tell("A314");
+      has_told_ranges_first_ = true;
     }
+    ranges_[row] = range;
+    ApplyRange(row);
+    NoteGiven("range of " + words[place]);
   }
 }
 
-void NaiveWideReader::ApplyRange(std::int32_t number, double range) {
+void NaiveWideReader::ApplyRange(std::int32_t number) {
   NaiveRecord& row = Row(number);
-  if (row.Type == "G") row.UpperBound = row.LowerBound + std::fabs(range);
-  if (row.Type == "L") row.LowerBound = row.UpperBound - std::fabs(range);
+  const double range = ranges_.at(number);
+  const double rhs = right_hand_sides_[number];
+  if (row.Type == "G") row.UpperBound = rhs + std::fabs(range);
+  if (row.Type == "L") row.LowerBound = rhs - std::fabs(range);
   if (row.Type != "E") return;
-  if (range > 0) {
-    row.UpperBound = row.LowerBound + range;
-  } else {
-    row.LowerBound = row.UpperBound + range;
-  }
+  row.LowerBound = range > 0 ? rhs : rhs + range;
+  row.UpperBound = range > 0 ? rhs + range : rhs;
 }
 
 // A line that makes no sense, for the first reason that there is.
@@ -198,10 +229,10 @@ bool NaiveWideReader::RefusesBound(const NaiveWords& words) {
     Tell("E105");
   } else if (const std::string use = NaiveUseOfValue(words[0]); use.empty()) {
     Tell("E112");
-  } else if (use == "needed" && words.size() != 4) {
-    Tell("E113");
   } else if (words.size() > 4) {
     Tell("E105");
+  } else if (use == "needed" && words.size() != 4) {
+    Tell("E113");
   } else if (words.size() == 4 && use != "ignored" && !text::ParseNumber(words[3]) &&
              !IsNaiveInfinity(words[0], words[3])) {
     Tell("E109");
@@ -228,18 +259,32 @@ void NaiveWideReader::ApplyBound(const NaiveWords& words) {
   const double value =
       is_infinite ? infinity : (has_value ? text::ParseNumber(words[3]).value() : 0);
   if (is_infinite) Tell("A313");
-  if ((code == "UP" || code == "UI") && value < 0 && column.LowerBound == 0) {
+  if ((code[0] == 'U' || code[0] == 'S') && value < 0 && column.LowerBound == 0) {
     Tell(options_.negative_upper_frees_lower ? "A312" : "W404");
     if (options_.negative_upper_frees_lower) column.LowerBound = -1e10;
   }
   const double none = code == "LO" || code == "LI" ? -1e10 : 1e10;
   if (has_value && !is_infinite && (value == none || (code == "FX" && value == -none)))
     Tell("W413");
+  if (has_value && !is_infinite) CheckSize(words[3], value);
   if (code == "LO" || code == "FX") column.LowerBound = value;
   if (code == "UP" || code == "FX") column.UpperBound = value;
   if (code == "MI" || code == "FR") column.LowerBound = -1e10;
   if (code == "PL" || code == "FR") column.UpperBound = 1e10;
   ApplyIntegerBound(column, words, has_value, value);
+  NoteBounds(words, has_value);
+}
+
+// One line that gives both again is told once.
+void NaiveWideReader::NoteBounds(const NaiveWords& words, bool has_value) {
+  const std::string& code = words[0];
+  const bool gives_both = code == "FX" || code == "FR" || code == "BV";
+  const bool gives_lower = gives_both || code == "LO" || code == "LI" || code == "MI";
+  const bool gives_upper = gives_both || code == "UP" || code == "UI" || code == "PL" ||
+                           ((code == "SC" || code == "SI") && has_value);
+  const bool lower_again = gives_lower && !given_.insert("lower bound of " + words[2]).second;
+  const bool upper_again = gives_upper && !given_.insert("upper bound of " + words[2]).second;
+  if (lower_again || upper_again) Tell("W415");
 }
 
 void NaiveWideReader::ApplyIntegerBound(NaiveRecord& column, const NaiveWords& words,
@@ -253,7 +298,9 @@ void NaiveWideReader::ApplyIntegerBound(NaiveRecord& column, const NaiveWords& w
     column.UpperBound = 1;
   }
   if (code == "LI") column.LowerBound = value;
-  if (code == "UI" || ((code == "SC" || code == "SI") && has_value)) column.UpperBound = value;
+  if (code == "UI") column.UpperBound = value;
+  // 0 says that there is none.
+  if ((code == "SC" || code == "SI") && has_value) column.UpperBound = value == 0 ? 1e10 : value;
 }
 
 }  // namespace quarvel::testing

@@ -31,6 +31,13 @@ bool IsHeader(const std::string& word) {
                      "OBJSENS", "OBJSENSEMAX", "OBJSENSEMIN", "OBJNAME", "LAZYCONS", "USERCUTS"});
 }
 
+// The mark of UTF-16, of either order, read as Windows-1252; or a character of a byte and a zero.
+bool IsOfTwoBytesEach(const std::string& first_line) {
+  if (first_line.starts_with("\xC3\xBF\xC3\xBE")) return true;
+  if (first_line.starts_with("\xC3\xBE\xC3\xBF")) return true;
+  return first_line.size() > 1 && (first_line[0] == 0) != (first_line[1] == 0);
+}
+
 std::string WithoutBlanksAround(std::string text) {
   while (!text.empty() && text.back() == ' ') text.pop_back();
   while (!text.empty() && text.front() == ' ') text.erase(0, 1);
@@ -65,6 +72,8 @@ NaiveWideReader::NaiveWideReader(const mps::ReadOptions& options, NaiveModel& mo
 void NaiveWideReader::Read(std::string_view bytes) {
   model_.DefaultToPlusMinusInfinity = options_.infinite_default_bounds;
   const std::vector<NaiveLine> lines = SplitIntoLines(bytes);
+  is_refused = !lines.empty() && !lines[0].too_long && IsOfTwoBytesEach(lines[0].text);
+  if (is_refused) return;
   std::size_t next = 0;
   for (; next < lines.size() && !has_ended_; ++next) {
     ++line_number_;
@@ -102,8 +111,9 @@ void NaiveWideReader::UseLine(const NaiveLine& line) {
   }
   // Each of its lines was told with the header.
   if (own_ == Own::kPassedOver) return;
+  if (own_ == Own::kSense && words_[0][0] == '*') return Tell("A302");
   if (own_ != Own::kNone) return UseOwnWord(0);
-  if (section_ == NaiveSection::kStart) return Tell("W409");
+  if (section_ == NaiveSection::kStart) return Tell(words_[0][0] == '*' ? "A302" : "W409");
   UseDataLine();
 }
 
@@ -120,6 +130,7 @@ void NaiveWideReader::UseHeader() {
   const bool wants_word = own_ == Own::kSense || own_ == Own::kObjectiveName;
   if (wants_word && !IsHeader(word)) return UseOwnWord(0);
   EndOwn();
+  if (IsHeader(word)) CheckHeader();
   if (word == "NAME") return UseName();
   if (UsePlainHeader() || UseObjectiveHeader()) return;
   if (word == "LAZYCONS" || word == "USERCUTS") {
@@ -132,6 +143,33 @@ void NaiveWideReader::UseHeader() {
     Tell("W409");
   } else {
     PassOver("E121");
+  }
+}
+
+void NaiveWideReader::CheckHeader() {
+  const std::string& word = words_[0];
+  for (std::size_t at = 0; at < word.size(); ++at) {
+    if (raw_[at] < 'a' || raw_[at] > 'z') continue;
+    Tell("A317");
+    break;
+  }
+  static const std::map<std::string, std::string> kKinds = {
+      {"NAME", "NAME"},         {"ROWS", "1"},
+      {"COLUMNS", "2"},         {"RHS", "3"},
+      {"RANGES", "4"},          {"BOUNDS", "5"},
+      {"OBJSENSE", "sense"},    {"OBJSENS", "sense"},
+      {"OBJSENSEMAX", "sense"}, {"OBJSENSEMIN", "sense"},
+      {"OBJNAME", "objective"}};
+  const auto found = kKinds.find(word);
+  if (found != kKinds.end()) CheckHeaderOrder(found->second);
+}
+
+// Sections are digits in their order.
+void NaiveWideReader::CheckHeaderOrder(const std::string& what) {
+  if (!headers_.insert(what).second) return Tell("W417");
+  if (what.size() > 1) return;
+  for (const std::string& other : headers_) {
+    if (other.size() == 1 && other > what) return Tell("W418");
   }
 }
 
@@ -164,6 +202,8 @@ bool NaiveWideReader::UseObjectiveHeader() {
   } else {
     return false;
   }
+  own_id_ = own_ == Own::kSense ? "W412" : "W422";
+  own_line_ = line_number_;
   if (words_.size() > 1) UseOwnWord(1);
   return true;
 }
@@ -180,12 +220,12 @@ void NaiveWideReader::UseName() {
 
 void NaiveWideReader::PassOver(const std::string& id) {
   own_ = Own::kPassedOver;
-  passed_over_id_ = id;
-  passed_over_line_ = line_number_;
+  own_id_ = id;
+  own_line_ = line_number_;
 }
 
 void NaiveWideReader::EndOwn() {
-  if (own_ == Own::kPassedOver) Tell(passed_over_id_, passed_over_line_);
+  if (own_ != Own::kNone) Tell(own_id_, own_line_);
   own_ = Own::kNone;
 }
 
@@ -193,7 +233,6 @@ void NaiveWideReader::UseOwnWord(std::size_t place) {
   if (own_ == Own::kSense) {
     UseSense(words_[place]);
   } else {
-    Tell("A308");
     named_objective_ = words_[place];
     naming_line_ = line_number_;
   }
@@ -204,7 +243,7 @@ void NaiveWideReader::UseOwnWord(std::size_t place) {
 void NaiveWideReader::UseSense(const std::string& word) {
   const bool max = word.starts_with("MAX");
   if (!max && !word.starts_with("MIN")) return Tell("W412");
-  Tell("A307");
+  sense_line_ = line_number_;
   facts.sense = max ? ObjectiveSense::kMaximize : ObjectiveSense::kMinimize;
 }
 
@@ -247,6 +286,7 @@ void NaiveWideReader::UseByFields() {
   const NaiveFields fields(text_, section_);
   const bool makes_sense = !fields.has_text_between && MakesSense(fields.words, section_, names_);
   if (!makes_sense && words_[0][0] == '*') return Tell("A302");
+  if (makes_sense && fields.words[section_ == NaiveSection::kBounds ? 1 : 0].empty()) Tell("A305");
   if (fields.has_text_between) return Tell("E122");
   const bool is_nameless = fields.words.empty() || fields.words[0].empty();
   if (section_ == NaiveSection::kColumns && is_nameless) return Tell("E105");
@@ -256,16 +296,40 @@ void NaiveWideReader::UseByFields() {
 
 void NaiveWideReader::Finish() {
   EndOwn();
-  for (const auto& [row, range] : waiting_ranges_) ApplyRange(row, range);
+  if (sense_line_ != 0) Tell("A307", sense_line_);
+  TellObjectiveName();
+  TellMentions();
+  if (open_marker_line_ != 0) Tell("W421", open_marker_line_);
+}
+
+void NaiveWideReader::TellObjectiveName() {
   const std::string& asked = asked_objective_.empty() ? named_objective_ : asked_objective_;
-  if (IsIn(asked, free_rows_)) {
+  const bool is_there = IsIn(asked, free_rows_);
+  if (is_there) {
     facts.objective = asked;
-  } else {
-    if (!asked.empty()) Tell("E123", asked_objective_.empty() ? naming_line_ : 0);
-    if (!free_rows_.empty()) facts.objective = free_rows_[0];
+  } else if (!free_rows_.empty()) {
+    facts.objective = free_rows_[0];
   }
-  for (const auto& [row, value] : free_rhs_) {
-    if (row == facts.objective) facts.objective_constant = value == 0 ? 0 : -value;
+  if (!named_objective_.empty() && (is_there || !asked_objective_.empty())) {
+    Tell("A308", naming_line_);
+  }
+  if (!asked.empty() && !is_there) Tell("E123", asked_objective_.empty() ? naming_line_ : 0);
+}
+
+void NaiveWideReader::TellMentions() {
+  std::int64_t last = -1;
+  for (std::size_t i = 0; i < mentions_.size(); ++i) {
+    if (mentions_[i].is_rhs && mentions_[i].row == facts.objective)
+      last = static_cast<std::int64_t>(i);
+  }
+  for (std::size_t i = 0; i < mentions_.size(); ++i) {
+    const Mention& mention = mentions_[i];
+    if (mention.row != facts.objective) {
+      Tell(mention.is_rhs ? "W407" : "W405", mention.line);
+    } else if (static_cast<std::int64_t>(i) == last) {
+      Tell("A309", mention.line);
+      facts.objective_constant = mention.value == 0 ? 0 : -mention.value;
+    }
   }
 }
 

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -28,12 +29,21 @@ class NaiveWideReader {
 
   void Read(std::string_view bytes);
 
+  // The bytes are of an encoding that is not read; nothing else is said then.
+  bool is_refused = false;
   mps::FileFacts facts;
   std::vector<NaiveProblem> problems;
 
  private:
   // What lines stand in beside the sections.
   enum class Own { kNone, kSense, kObjectiveName, kPassedOver };
+  // Of an N row, in ROWS or in RHS.
+  struct Mention {
+    std::int64_t line;
+    std::string row;
+    bool is_rhs;
+    double value;
+  };
 
   void UseLine(const NaiveLine& line);
   bool IsDataInFirstColumn() const;
@@ -47,6 +57,8 @@ class NaiveWideReader {
   void EndOwn();
   void UseOwnWord(std::size_t place);
   void UseSense(const std::string& word);
+  void CheckHeader();
+  void CheckHeaderOrder(const std::string& what);
   void TellRest(std::size_t used);
 
   // --- data lines ---
@@ -60,6 +72,11 @@ class NaiveWideReader {
   void UseMarker(const std::string& what);
   void AddColumn(const std::string& name);
   void CheckSpelling(const std::string& name);
+  void CheckOrder(const std::string& name, std::int32_t column);
+  void CheckSize(const std::string& number, double value);
+  // A value of that name is given.
+  void NoteGiven(const std::string& what);
+  void NoteBounds(const NaiveWords& words, bool has_value);
   void UseRhs(const NaiveWords& words);
   void UseRanges(const NaiveWords& words);
   void UseBound(const NaiveWords& words);
@@ -68,14 +85,15 @@ class NaiveWideReader {
   void ApplyIntegerBound(NaiveRecord& column, const NaiveWords& words, bool has_value,
                          double value);
   void ApplyRhs(std::int32_t row, double value);
-  void ApplyRange(std::int32_t row, double range);
+  void ApplyRange(std::int32_t row);
   // Row 0 after a problem.
   std::pair<std::int32_t, double> ReadPair(const NaiveWords& words, std::size_t place);
   bool IsOfFirstSet(const std::string& name, std::string& first, std::string& other);
-  bool IsObjective(const std::string& row) const;
   NaiveRecord& Row(std::int32_t number);
 
   void Finish();
+  void TellObjectiveName();
+  void TellMentions();
   void Check();
   void Tell(const std::string& id) { problems.emplace_back(id, line_number_); }
   void Tell(const std::string& id, std::int64_t line) { problems.emplace_back(id, line); }
@@ -87,8 +105,8 @@ class NaiveWideReader {
 
   NaiveSection section_ = NaiveSection::kStart;
   Own own_ = Own::kNone;
-  std::string passed_over_id_;
-  std::int64_t passed_over_line_ = 0;
+  std::string own_id_;  // of what is told where the section ends
+  std::int64_t own_line_ = 0;
   mps::FileColumns said_columns_;
   mps::FileColumns columns_;
   bool has_data_in_first_column_ = false;
@@ -103,9 +121,18 @@ class NaiveWideReader {
   std::vector<std::string> free_rows_;
   std::string named_objective_;
   std::int64_t naming_line_ = 0;
-  std::vector<std::pair<std::string, double>> free_rhs_;
-  std::vector<std::pair<std::int32_t, double>> waiting_ranges_;
+  std::vector<Mention> mentions_;
+  std::map<std::int32_t, double> right_hand_sides_;
+  std::map<std::int32_t, double> ranges_;
+  bool has_told_ranges_first_ = false;
   bool has_rhs_ = false;
+  std::set<std::string> given_;
+  std::set<std::string> headers_;
+  std::int64_t sense_line_ = 0;
+  std::set<std::string> ordered_columns_;
+  std::string last_column_;
+  bool is_behind_marker_ = false;
+  std::int64_t open_marker_line_ = 0;
   std::string other_rhs_, other_ranges_, other_bounds_;
 };
 

@@ -81,6 +81,8 @@ std::string CompareWideReads(const std::string& bytes, const mps::ReadOptions& o
 
   model::ModelStore store;
   const mps::FileRead read = ReadWideBytes(bytes, options, store);
+  if (reader.is_refused != (read.outcome == mps::ReadOutcome::kFailed)) return "refused";
+  if (reader.is_refused) return "";
   if (read.outcome != mps::ReadOutcome::kRead) return "not read to its end";
   if (std::string fault = CompareWideProblems(reader.problems, read.problems.kept());
       !fault.empty()) {

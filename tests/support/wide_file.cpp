@@ -16,7 +16,7 @@ const Words kWideColumnNames = {"X",  "x",  "Y",   "z",   "X 1", "$Z",
 const Words kSets = {"R", "R", "R", "ONE", "S 2", "", "", "5"};
 const Words kWideNumbers = {"1",     "2.5",  "-3",  "0",    "-0",        "7",   "1E10",
                             "-1e10", "1e30", "Inf", "-inf", "+Infinity", "1D2", "1,5",
-                            "$5",    "x",    "-1",  ".5",   "-",         "12"};
+                            "$5",    "x",    "-1",  ".5",   "-",         "12",  "1e-400"};
 const Words kOddLines = {"",
                          "   ",
                          "\t \t",
@@ -31,6 +31,7 @@ const Words kOddLines = {"",
                          "OBJSENSEMAX",
                          "OBJSENSEMIN or so",
                          "OBJNAME",
+                         "OBJNAME\nBOUNDS",
                          "OBJNAME dem",
                          "    other and more",
                          "QUADOBJ",
@@ -74,6 +75,8 @@ class WideFile {
     }
     Header("COLUMNS");
     for (std::uint32_t k = 1 + choose_(8); k > 0; --k) {
+      if (choose_(6) == 5)
+        text_ += Pick({"    M 'MARKER' 'INTORG'\n", "    M 'MARKER' 'INTEND'\n"});
       columns_.push_back(Pick(kWideColumnNames));
       Line(Pairs(columns_.back()));
     }

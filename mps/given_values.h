@@ -1,0 +1,82 @@
+// Which right-hand sides, ranges and bounds a file has given so far. One that is given again counts, and
+// is told with the line before that gave it (W415); so is a number too small for a double (W416).
+//
+// Memory: 8 bytes for each row that has a right-hand side or a range, or stands before one that has, 16
+// bytes in the same way for each column with a bound.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "mps/wide_report.h"
+
+namespace quarvel::mps {
+
+// The bounds of a column that a line sets, maybe to none.
+struct BoundsGiven {
+  bool lower = false;
+  bool upper = false;
+};
+
+class GivenValues {
+ public:
+  // `hear` must outlive this.
+  explicit GivenValues(const HearProblem& hear) : hear_(hear) {}
+
+  // The line gives a row or column of that number, whose name in the line is `word`, that value.
+  void NoteRhs(const SourceLine& line, std::string_view word, std::int32_t row) {
+    Note(rhs_lines_, line, word, row);
+  }
+  void NoteRange(const SourceLine& line, std::string_view word, std::int32_t row) {
+    Note(range_lines_, line, word, row);
+  }
+  void NoteBounds(const SourceLine& line, std::string_view word, std::int32_t column,
+                  BoundsGiven given) {
+    BoundLines& last = At(bound_lines_, column);
+    const bool again = (given.lower && last.lower != 0) || (given.upper && last.upper != 0);
+    if (again) [[unlikely]]
+      TellBounds(line, word, last, given);
+    if (given.lower) last.lower = line.number();
+    if (given.upper) last.upper = line.number();
+  }
+  // The word was read as that value.
+  void CheckNumber(const SourceLine& line, std::string_view word, double value) const {
+    if (value == 0 && word != "0") [[unlikely]]
+      CheckZero(line, word);
+  }
+
+ private:
+  // Of those that set the bounds last; 0 for none.
+  struct BoundLines {
+    std::int64_t lower = 0;
+    std::int64_t upper = 0;
+  };
+
+  template <class Entry>
+  static Entry& At(std::vector<Entry>& lines, std::int32_t number) {
+    const auto place = static_cast<std::size_t>(number);
+    if (place >= lines.size()) [[unlikely]]
+      lines.resize(place + 1);
+    return lines[place];
+  }
+  void Note(std::vector<std::int64_t>& lines, const SourceLine& line, std::string_view word,
+            std::int32_t number) {
+    const std::int64_t last = std::exchange(At(lines, number), line.number());
+    if (last != 0) [[unlikely]]
+      Tell(line, word, {last});
+  }
+  void TellBounds(const SourceLine& line, std::string_view word, const BoundLines& last,
+                  BoundsGiven given) const;
+  void Tell(const SourceLine& line, std::string_view word, std::vector<std::int64_t> lines) const;
+  void CheckZero(const SourceLine& line, std::string_view word) const;
+
+  const HearProblem& hear_;
+  std::vector<std::int64_t> rhs_lines_;    // by row
+  std::vector<std::int64_t> range_lines_;  // by row
+  std::vector<BoundLines> bound_lines_;    // by column
+};
+
+}  // namespace quarvel::mps

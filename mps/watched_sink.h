@@ -1,0 +1,48 @@
+// A model's sink that also hears which values the lines give (given_values.h).
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "model/bounds.h"
+#include "mps/given_values.h"
+#include "mps/model_sink.h"
+#include "mps/section.h"
+
+namespace quarvel::mps {
+
+class WatchedSink : public ModelSink {
+ public:
+  using ModelSink::ModelSink;
+
+  // Must outlive this. Without it nothing is watched.
+  void Watch(GivenValues& values) { values_ = &values; }
+
+  // --- what sections tell such a sink ---
+
+  // A coefficient of 0 was read out of that token.
+  void HearZero(const SourceLine& line, std::size_t token) const {
+    if (values_ != nullptr) values_->CheckNumber(line, line[token], 0);
+  }
+  // A right-hand side of the row that is the token, which its value follows.
+  void HearRhs(const SourceLine& line, std::size_t token, std::int32_t row, double value) const {
+    if (values_ == nullptr) return;
+    values_->CheckNumber(line, line[token + 1], value);
+    values_->NoteRhs(line, line[token], row);
+  }
+  void HearBound(const SourceLine& line, std::int32_t column, const model::BoundsChange& change,
+                 double value) const {
+    if (values_ == nullptr) return;
+    const BoundsGiven given = {.lower = change.lower != model::BoundChange::kKept,
+                               .upper = change.upper != model::BoundChange::kKept};
+    const bool has_value =
+        change.lower == model::BoundChange::kGiven || change.upper == model::BoundChange::kGiven;
+    if (has_value) values_->CheckNumber(line, line[4], value);
+    values_->NoteBounds(line, line[3], column, given);
+  }
+
+ private:
+  GivenValues* values_ = nullptr;
+};
+
+}  // namespace quarvel::mps
