@@ -9,7 +9,6 @@
 #include "model/model_fill.h"
 #include "mps/line_source.h"
 #include "mps/section.h"
-#include "mps/tokens.h"
 #include "text/numbers.h"
 
 namespace quarvel::inspect {
@@ -26,7 +25,7 @@ constexpr std::array<ReaderReading, kReaders> Readings(std::string_view quarvel,
 
 constexpr std::string_view kRefuses = "refuses the file";
 
-constexpr std::array<DialectTraits, 15> kDialects = {{
+constexpr std::array<DialectTraits, 21> kDialects = {{
     {DialectPoint::kObjectiveSense, "objective-sense", "OBJSENSE",
      Readings("a fact beside the model", kRefuses,
               "takes the sense from the line below, in free columns only",
@@ -70,7 +69,46 @@ constexpr std::array<DialectTraits, 15> kDialects = {{
               "a number like any other")},
     {DialectPoint::kMissingEndata, "missing-endata", "no ENDATA line",
      Readings("reads what is there", kRefuses, kRefuses, kRefuses)},
+    {DialectPoint::kGivenAgain, "given-again", "a right-hand side or bound given again",
+     Readings("the last one counts", kRefuses, "the last one counts", kRefuses)},
+    {DialectPoint::kRangeAgain, "range-again", "a range given again",
+     Readings("the last one counts", kRefuses,
+              "the first one of an L row counts, the last one of a G row", kRefuses)},
+    {DialectPoint::kHeaderAgain, "header-again", "NAME or a section for a second time",
+     Readings("reads both", kRefuses, "reads both, but no ROWS behind COLUMNS", kRefuses)},
+    {DialectPoint::kSectionOrder, "section-order", "a section behind one that should follow it",
+     Readings("reads them in any order", kRefuses,
+              "reads RHS, RANGES and BOUNDS in any order, refuses another", kRefuses)},
+    {DialectPoint::kColumnAgain, "column-again", "a column taken up again behind another",
+     Readings("one column", kRefuses, kRefuses, "reads it")},
+    {DialectPoint::kSmallHeader, "small-header", "a header in small letters",
+     Readings("the same as in capitals", kRefuses, kRefuses, kRefuses)},
 }};
+
+// Of a line whose problem is all there is to find; nothing for most.
+std::optional<DialectPoint> PointOf(const mps::FileProblem& problem, Section section) {
+  using enum mps::FileProblemCode;
+  switch (problem.code) {
+    case kObjectiveSense:
+    case kSenseUnknown:
+      return DialectPoint::kObjectiveSense;
+    case kNamelessSet:
+      return DialectPoint::kSetWithoutName;
+    case kGivenAgain:
+      return section == Section::kRanges ? DialectPoint::kRangeAgain : DialectPoint::kGivenAgain;
+    case kHeaderAgain:
+      if (problem.item.starts_with("OBJ")) return std::nullopt;
+      return DialectPoint::kHeaderAgain;
+    case kSectionOrder:
+      return DialectPoint::kSectionOrder;
+    case kColumnAgain:
+      return DialectPoint::kColumnAgain;
+    case kSmallHeader:
+      return DialectPoint::kSmallHeader;
+    default:
+      return std::nullopt;
+  }
+}
 
 class DialectWatch {
  public:
@@ -79,6 +117,7 @@ class DialectWatch {
   }
 
   void Use(const mps::SourceLine& line, Section section, Section next) {
+    section_ = next;
     if (line.too_long() || line.text().empty() || section != next || !line.is_split()) return;
     number_ = line.number();
     if (section == Section::kRows) UseRow(line);
@@ -88,12 +127,11 @@ class DialectWatch {
     if (section == Section::kBounds) UseBound(line);
   }
 
-  // A line that says the sense is no data line.
   void Hear(const mps::FileProblem& problem) {
-    using enum mps::FileProblemCode;
-    if (problem.code != kObjectiveSense && problem.code != kSenseUnknown) return;
+    const std::optional<DialectPoint> point = PointOf(problem, section_);
+    if (!point) return;
     number_ = problem.line;
-    Find(DialectPoint::kObjectiveSense);
+    Find(*point);
   }
 
   std::vector<DialectFinding> Finish(const mps::FileFacts& facts) {
@@ -105,6 +143,8 @@ class DialectWatch {
     }
     number_ = facts.lines;
     if (!facts.has_endata) Find(DialectPoint::kMissingEndata);
+    // The sense that counts is told behind those that do not.
+    for (DialectFinding& finding : found_) std::sort(finding.lines.begin(), finding.lines.end());
     std::erase_if(found_, [](const DialectFinding& finding) { return finding.count == 0; });
     return std::move(found_);
   }
@@ -156,10 +196,8 @@ class DialectWatch {
 
   void UsePairs(const mps::SourceLine& line, std::optional<std::string>& first_set,
                 DialectPoint second_set) {
-    const std::size_t words = mps::SplitLine(line.text()).size();
-    if (words % 2 == 0 && words <= line.token_count()) Find(DialectPoint::kSetWithoutName);
     if (line.token_count() != 3 && line.token_count() != 5) return;
-    if (words % 2 != 0) UseSet(line[1], first_set, second_set);
+    if (!line[1].empty()) UseSet(line[1], first_set, second_set);
     for (std::size_t token = 2; token < line.token_count(); token += 2) {
       const std::int32_t row = fill_.FindRow(line.Key(token), line[token]);
       const std::optional<double> value = text::ParseNumber(line[token + 1]);
@@ -183,19 +221,13 @@ class DialectWatch {
     }
   }
 
-  // The words are those of the file; the tokens may be what a line was read as.
   void UseBound(const mps::SourceLine& line) {
-    const std::vector<std::string_view> words = mps::SplitLine(line.text());
-    if (words.empty()) return;
-    const std::string_view code = words[0];
+    if (line.token_count() < 3) return;
+    const std::string_view code = line[1];
     const model::BoundCodeTraits* const known = model::FindBoundCode(code);
     const bool needs_value =
         known != nullptr ? known->needs_value : code == "LI" || code == "UI" || code == "SC";
-    const bool has_set =
-        words.size() != (needs_value ? 3U : 2U) || line.token_count() < words.size();
-    if (!has_set) Find(DialectPoint::kSetWithoutName);
-    if (line.token_count() < 3) return;
-    if (has_set) UseSet(line[2], bounds_set_, DialectPoint::kSecondBoundsSet);
+    if (!line[2].empty()) UseSet(line[2], bounds_set_, DialectPoint::kSecondBoundsSet);
     if (code == "SC") Find(DialectPoint::kSemiContinuous);
     const std::int32_t column = fill_.FindColumn(line.Key(3), line[3]);
     if (column == 0) return;
@@ -219,6 +251,7 @@ class DialectWatch {
   std::size_t kept_;
   std::vector<DialectFinding> found_;
   std::array<std::int64_t, kDialects.size()> last_lines_{};  // of each point
+  Section section_ = Section::kStart;                        // of the next line
   std::int64_t number_ = 0;                                  // of the line
   std::int32_t objective_ = 0;                               // the first row of type N
   std::int32_t elements_ = 0;  // of the model after the last line of COLUMNS

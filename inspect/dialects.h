@@ -31,6 +31,12 @@ enum class DialectPoint : std::uint8_t {
   kSemiContinuous,
   kLargeNumber,
   kMissingEndata,
+  kGivenAgain,
+  kRangeAgain,
+  kHeaderAgain,
+  kSectionOrder,
+  kColumnAgain,
+  kSmallHeader,
 };
 
 // A reader that is in use, and what it makes of something.

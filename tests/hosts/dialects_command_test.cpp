@@ -6,8 +6,8 @@ namespace quarvel {
 namespace {
 
 constexpr std::string_view kDialectModel =
-    "ROWS\n N COST\n L LIM\nCOLUMNS\n X COST 1 LIM 1\nRHS\n RHS LIM 4\nBOUNDS\n UP BND X -4\n"
-    " up bnd x -3\nENDATA\n";
+    "ROWS\n N COST\n L LIM\nCOLUMNS\n X COST 1 LIM 1\n Y LIM 1\nRHS\n RHS LIM 4\nBOUNDS\n UP BND X -4\n"
+    " up bnd y -3\nENDATA\n";
 
 TEST(DialectsCommand, ListsWhatReadersDisagreeAbout) {
   const HostFolder folder;
@@ -23,11 +23,11 @@ TEST(DialectsCommand, ListsWhatReadersDisagreeAbout) {
   const std::string end = std::string(kReadings) + "@a.mps: 1 thing that readers disagree about\n";
   EXPECT_EQ(run.out,
             folder.Expand("negative-upper: a negative UP without a lower bound before it, 2 "
-                          "lines\n     9 | UP BND X -4\n    10 | up bnd x -3\n" +
+                          "lines\n    10 | UP BND X -4\n    11 | up bnd y -3\n" +
                           end));
   EXPECT_EQ(RunQuarvel({"dialects", model, "--limit", "1"}).out,
             folder.Expand("negative-upper: a negative UP without a lower bound before it, 2 lines\n"
-                          "     9 | UP BND X -4\n   ... 1 more (--limit all lists them)\n" +
+                          "    10 | UP BND X -4\n   ... 1 more (--limit all lists them)\n" +
                           end));
 }
 
@@ -43,14 +43,14 @@ TEST(DialectsCommand, PrintsJson) {
   const HostFolder folder;
   const Outcome run = RunQuarvel({"dialects", folder.Write("a.mps", kDialectModel), "--json"});
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(
-      run.out,
-      folder.Expand("{\"file\":\"@a.mps\",\"dialects\":[\n{\"id\":\"negative-upper\",\"text\":\"a "
-                    "negative UP without a lower bound before it\",\"count\":2,\"lines\":["
-                    "{\"line\":9,\"text\":\" UP BND X -4\"},{\"line\":10,\"text\":\" up bnd x -3\"}"
-                    "],\"readers\":{\"quarvel\":\"the lower bound stays 0\",\"glpsol\":\"the lower "
-                    "bound stays 0\",\"lp_solve\":\"the lower bound stays 0\",\"cbc\":\"takes the "
-                    "lower bound away\"}}]}\n"));
+  EXPECT_EQ(run.out,
+            folder.Expand(
+                "{\"file\":\"@a.mps\",\"dialects\":[\n{\"id\":\"negative-upper\",\"text\":\"a "
+                "negative UP without a lower bound before it\",\"count\":2,\"lines\":["
+                "{\"line\":10,\"text\":\" UP BND X -4\"},{\"line\":11,\"text\":\" up bnd y -3\"}"
+                "],\"readers\":{\"quarvel\":\"the lower bound stays 0\",\"glpsol\":\"the lower "
+                "bound stays 0\",\"lp_solve\":\"the lower bound stays 0\",\"cbc\":\"takes the "
+                "lower bound away\"}}]}\n"));
   EXPECT_EQ(RunQuarvel({"dialects", folder.Example("diet.mps"), "--json"}).out,
             folder.Expand("{\"file\":\"@diet.mps\",\"dialects\":[]}\n"));
 }

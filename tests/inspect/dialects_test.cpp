@@ -38,7 +38,7 @@ std::string File(std::string_view middle, std::string_view end = "ENDATA\n") {
 
 TEST(Dialects, FindsNothingInAPlainFile) {
   EXPECT_EQ(Find(File("RHS\n RHS LIM 4 EQ 1\nRANGES\n RNG LIM 2\n RNG EQ -2\nBOUNDS\n"
-                      " LO BND X -3\n UP BND X -2\n FR BND X\n MI BND X\n")),
+                      " LO BND X -3\n UP BND X -2\n")),
             "");
 }
 
@@ -53,24 +53,42 @@ TEST(Dialects, FindsEachThingInItsLine) {
       {File(" M 'MARKER' 'INTORG'\n I LIM 1\n J LIM 1\n K LIM 1\n M 'MARKER' 'INTEND'\n Y LIM 1\n"
             "BOUNDS\n LO B J 1\n UP B K 9\n"),
        "integer-without-bounds 11, integer-with-lower-only 12"},
-      {File(" Y LIM 1 LIM 2\n Z LIM 1\n Z EQ 1 LIM 3\n X LIM 0\n"), "pair-twice 10 12"},
-      {File("RHS\n RHS COST 5 LIM 1\n RHS COST 0\n"), "objective-constant 11"},
-      {File("RHS\n LIM 4\n RHS LIM 4\nRANGES\n LIM 4 EQ 3\n"), "set-without-name 11 14"},
-      {File("BOUNDS\n UP X 4\n FR X\n FR B X\n UP B X 4\n"), "set-without-name 11 12"},
+      {File(" Y LIM 1 LIM 2\n Z LIM 1\n Z EQ 1 LIM 3\n"), "pair-twice 10 12"},
+      {File("RHS\n RHS COST 5 LIM 1\n"), "objective-constant 11"},
+      {File("RHS\n RHS COST 0 LIM 1\n"), ""},
+      {File("RHS\n LIM 4\n RHS EQ 4\nRANGES\n LIM 4 EQ 3\n"), "set-without-name 11 14"},
+      {File("BOUNDS\n UP X 4\n MI X\n"), "set-without-name 11 12"},
       {File("RHS\n A LIM 4\n B LIM 3\n A EQ 3\n C EQ 1\n"), "second-rhs-set 12 14"},
       {File("RANGES\n A LIM 4\n B LIM 3\n"), "second-ranges-set 12"},
       {File("BOUNDS\n UP A X 4\n UP B X 3\n FR C X\n"), "second-bounds-set 12 13"},
       {File("RANGES\n A COST 4\n"), "range-of-free-row 11"},
       {File("BOUNDS\n UP A X -4\n"), "negative-upper 11"},
-      {File("BOUNDS\n UP A X -4\n LO A X -9\n UP A X -3\n"), "negative-upper 11"},
+      {File("BOUNDS\n UP A X -4\n LO A X -9\n UP A X -3\n"), "negative-upper 11, given-again 13"},
       {File("BOUNDS\n MI A X\n UP A X -4\n"), ""},
       {File("BOUNDS\n SC A X 4\n"), "semi-continuous 11"},
       {File(
            "RHS\n R LIM 1E10\n R EQ -2e12\n R LIM 9999999999\nBOUNDS\n LO B X -1E+10\n UP B X 1E9\n"),
        "large-number 11 12 15"},
       {File("", ""), "missing-endata 9"},
+      {File("RHS\n R LIM 4\n R LIM 3\nBOUNDS\n FR B X\n UP B X 9\n"), "given-again 12 15"},
+      {File("RHS\nRANGES\n R LIM 4\n R LIM 3 EQ 1\n"), "range-again 13"},
+      {File("RHS\nNAME F\nRHS\n"), "header-again 11 12"},
+      {"OBJNAME COST\nOBJNAME COST\n" + File(""), ""},
+      {"OBJSENSE UP\nOBJSENSE MAX\nOBJSENSE MORE\n" + File(""), "objective-sense 1 2 3"},
+      {File("BOUNDS\nRHS\n"), "section-order 11"},
+      {File(" Y COST 1\n X LIM 1\n"), "pair-twice 11, column-again 11"},
+      {File("Rhs\n"), "small-header 10"},
   };
   for (const auto& c : cases) EXPECT_EQ(Find(c.bytes), c.found) << c.bytes;
+}
+
+TEST(Dialects, FindsSetsWithoutNamesInFixedColumns) {
+  EXPECT_EQ(
+      Find("ROWS\n N  COST\n L  AT MOST\nCOLUMNS\n"
+           "    X         COST              1.     AT MOST           1.\n"
+           "RHS\n              AT MOST           8.\nRANGES\n              AT MOST           3.\n"
+           "BOUNDS\n UP           X                 4.\n MI           X\nENDATA\n"),
+      "set-without-name 7 9 11 12");
 }
 
 TEST(Dialects, CountsAllAndKeepsTheFirst) {
