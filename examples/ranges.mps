@@ -32,6 +32,5 @@ BOUNDS
  FX BOUND     FIXED              2.5
  FR BOUND     FREE
  MI BOUND     NOLOW
- UP BOUND     NOHIGH            50.0
  PL BOUND     NOHIGH
 ENDATA

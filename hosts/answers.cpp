@@ -1,8 +1,11 @@
 #include "hosts/answers.h"
 
+#include <utility>
+
 #include "mps/frm_set_default_bounds.h"
 #include "platform/automation_error.h"
 #include "platform/console/console_text.h"
+#include "text/numbers.h"
 #include "text/visible_text.h"
 
 namespace quarvel::hosts {
@@ -76,8 +79,25 @@ std::optional<MsgBoxResult> Answers::AnswerQuestion(const Box& box, const Questi
   const GivenAnswer* given = &AnswerTo(box.kind, arguments_);
   if (!given->answer && can_ask && !failed) return std::nullopt;
   if (!given->answer) given = FindAnswer(option, option.unasked);
-  if (!box.statement.empty()) on_note(Told(box, option, *given));
+  if (!box.statement.empty() && IsToBeTold(box, option, *given)) {
+    on_note(Told(box, option, *given));
+  }
   return failed ? MsgBoxResult::kNo : given->answer;
+}
+
+bool Answers::IsToBeTold(const Box& box, const QuestionOption& option, const GivenAnswer& given) {
+  if (!option.of_file || given.answer != MsgBoxResult::kYes) return true;
+  return ++passed_over_[std::string(box.code)] <= kMostTold;
+}
+
+void Answers::TellRest() {
+  for (const auto& [code, count] : std::exchange(passed_over_, {})) {
+    if (count <= kMostTold) continue;
+    const std::string more = text::IntegerText(count - kMostTold);
+    const std::string kind = code.empty() ? "" : " of the kind " + code;
+    on_note(file + ": " + more + " more problems" + kind +
+            "; \"quarvel check --limit all\" lists them");
+  }
 }
 
 std::optional<std::string> Answers::AnswerFile(const platform::FileDialog&) { return file; }

@@ -1,7 +1,9 @@
 // What the program answers to the component's dialogs and questions, from its options.
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -37,14 +39,25 @@ class Answers : public platform::ConsoleAnswers {
   std::optional<std::string> AnswerFile(const platform::FileDialog& dialog) override;
   bool DriveForm(platform::Form& form) override;
 
+  // Says of how many more problems of the file than were told the read went past, by code, and forgets
+  // about them.
+  void TellRest();
+
  private:
+  // Of each kind of problem that is passed over; a broken file has one in each of its lines.
+  static constexpr std::int64_t kMostTold = 20;
+
   std::optional<platform::MsgBoxResult> AnswerQuestion(const platform::Box& box,
                                                        const QuestionOption& option);
   // What the user is told about a question that is answered here.
   std::string Told(const platform::Box& box, const QuestionOption& option,
                    const GivenAnswer& given) const;
 
+  // Whether it is one of the first of its kind that are passed over.
+  bool IsToBeTold(const platform::Box& box, const QuestionOption& option, const GivenAnswer& given);
+
   const Arguments& arguments_;
+  std::map<std::string, std::int64_t, std::less<>> passed_over_;  // by code
 };
 
 }  // namespace quarvel::hosts

@@ -13,8 +13,8 @@ using enum inspect::DifferenceKind;
 template <class Record>
 void AppendRecord(std::string& json, const Record& record) {
   AppendJsonMember(json, "type", model::TypeText(record.Type));
-  AppendJsonMember(json, "lower", Bound{record.LowerBound});
-  AppendJsonMember(json, "upper", Bound{record.UpperBound});
+  AppendJsonMember(json, "lower", AsLower(record.LowerBound));
+  AppendJsonMember(json, "upper", AsUpper(record.UpperBound));
   AppendJsonMember(json, "elements", record.ElementCount());
 }
 
@@ -31,15 +31,15 @@ void AppendName(std::string& json, std::string_view noun, inspect::RecordPair pa
   AppendJsonMember(json, noun, pair.a != 0 ? a[pair.a].Name : b[pair.b].Name);
 }
 
-bool IsOfBound(DifferenceKind kind) {
-  return kind == kRowLower || kind == kRowUpper || kind == kColumnLower || kind == kColumnUpper;
-}
+bool IsOfLower(DifferenceKind kind) { return kind == kRowLower || kind == kColumnLower; }
+bool IsOfUpper(DifferenceKind kind) { return kind == kRowUpper || kind == kColumnUpper; }
 
 // Null for what is not there.
 void AppendNumber(std::string& json, std::string_view key, DifferenceKind kind, double number,
                   bool is_absent) {
   if (is_absent) return AppendJsonObject(json, key, "null");
-  if (IsOfBound(kind)) return AppendJsonMember(json, key, Bound{number});
+  if (IsOfLower(kind)) return AppendJsonMember(json, key, AsLower(number));
+  if (IsOfUpper(kind)) return AppendJsonMember(json, key, AsUpper(number));
   AppendJsonMember(json, key, number);
 }
 

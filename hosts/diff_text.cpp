@@ -20,7 +20,8 @@ template <class Record>
 std::string RecordText(const Record& record) {
   std::string text = model::TypeText(record.Type);
   if (!text.empty()) text += ", ";
-  text += ExactLowerText(record.LowerBound) + " to " + ExactUpperText(record.UpperBound) + ", ";
+  text += ExactBoundText(AsLower(record.LowerBound)) + " to ";
+  text += ExactBoundText(AsUpper(record.UpperBound)) + ", ";
   return text + Counted(record.ElementCount(), "element");
 }
 
@@ -82,10 +83,10 @@ std::string RecordLine(const Difference& d, DifferenceKind like_row, const Named
                                             model::TypeText(b[pair.numbers.b].Type));
     case kRowLower:
       return pair.Start('!', a, b) +
-             Change("lower", ExactLowerText(d.before), ExactLowerText(d.after));
+             Change("lower", ExactBoundText(AsLower(d.before)), ExactBoundText(AsLower(d.after)));
     default:
       return pair.Start('!', a, b) +
-             Change("upper", ExactUpperText(d.before), ExactUpperText(d.after));
+             Change("upper", ExactBoundText(AsUpper(d.before)), ExactBoundText(AsUpper(d.after)));
   }
 }
 

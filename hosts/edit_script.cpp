@@ -120,8 +120,8 @@ void EditScript::PrintNewRow(std::int32_t row_of_b) {
 
 void EditScript::PrintRowBounds(std::int32_t row_of_b) {
   const RowRecord& row = b_.Row(row_of_b);
-  (*print_)(Line("set-row-bounds", row.Name) + ' ' + ExactLowerText(row.LowerBound) + ' ' +
-            ExactUpperText(row.UpperBound));
+  (*print_)(Line("set-row-bounds", row.Name) + ' ' + ExactBoundText(AsLower(row.LowerBound)) + ' ' +
+            ExactBoundText(AsUpper(row.UpperBound)));
 }
 
 void EditScript::PrintNewColumn(std::int32_t column_of_b) {
@@ -133,12 +133,12 @@ void EditScript::PrintNewColumn(std::int32_t column_of_b) {
 
 void EditScript::PrintColumnLower(std::int32_t column_of_b) {
   const ColumnRecord& column = b_.Column(column_of_b);
-  (*print_)(Line("set-bound", column.Name) + " LO " + ExactLowerText(column.LowerBound));
+  (*print_)(Line("set-bound", column.Name) + " LO " + ExactBoundText(AsLower(column.LowerBound)));
 }
 
 void EditScript::PrintColumnUpper(std::int32_t column_of_b) {
   const ColumnRecord& column = b_.Column(column_of_b);
-  (*print_)(Line("set-bound", column.Name) + " UP " + ExactUpperText(column.UpperBound));
+  (*print_)(Line("set-bound", column.Name) + " UP " + ExactBoundText(AsUpper(column.UpperBound)));
 }
 
 void EditScript::PrintElements(const Difference& d) {

@@ -32,10 +32,11 @@ void AppendCode(std::string& word, std::string_view digits) {
 
 // Appends what stands for the escape whose letter is at `at`; gives the place behind it.
 std::size_t TakeEscape(std::string& word, std::string_view line, std::size_t at) {
-  if (line[at] != 'u') {
+  if (line[at] == '"' || line[at] == '\\' || line[at] == 'n') {
     word += line[at] == 'n' ? '\n' : line[at];
     return at + 1;
   }
+  if (line[at] != 'u') RaiseBad("in quotes only \\\" \\\\ \\n and \\u0000 are escapes");
   AppendCode(word, line.substr(at + 1, kCodeDigits));
   return at + 1 + kCodeDigits;
 }

@@ -11,7 +11,7 @@
 namespace quarvel::hosts {
 
 // The words of a line; none for a line that does nothing. Raises a CommandError for a quote that is
-// not closed, and for \u without a character's code.
+// not closed, for an escape that is none of these, and for \u without a character's code.
 std::vector<std::string> SplitWords(std::string_view line);
 
 // `word` as a line has it: as it is where that is one word, else in quotes. What would steer a

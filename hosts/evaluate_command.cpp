@@ -3,7 +3,6 @@
 #include "hosts/commands.h"
 #include "hosts/point.h"
 #include "hosts/printing.h"
-#include "text/numbers.h"
 
 namespace quarvel::hosts {
 namespace {
@@ -13,8 +12,8 @@ std::string ActivityJson(Session& session, std::int32_t row, double activity) {
   std::string json = "{";
   AppendJsonMember(json, "index", row);
   AppendJsonMember(json, "name", model.RowName(row));
-  AppendJsonMember(json, "lowerBound", Bound{model.RowLowerBound(row)});
-  AppendJsonMember(json, "upperBound", Bound{model.RowUpperBound(row)});
+  AppendJsonMember(json, "lowerBound", AsLower(model.RowLowerBound(row)));
+  AppendJsonMember(json, "upperBound", AsUpper(model.RowUpperBound(row)));
   AppendJsonMember(json, "activity", activity);
   AppendJsonMember(json, "hasEndata", !session.may_be_cut_off());
   return json + "}\n";
@@ -24,20 +23,21 @@ std::string ActivityJson(Session& session, std::int32_t row, double activity) {
 
 int RunEvaluate(Session& session) {
   const Arguments& arguments = session.arguments;
+  RefuseStandardInputTwice(arguments.operands[0], arguments.point);
   session.Read(arguments.operands[0]);
   const LPModel& model = session.model();
   const auto note = [&session](std::string_view text) { session.Note(text); };
   const std::int32_t row =
       session.Find(arguments.operands[0], model::kRowKind, arguments.operands[1]);
   Point point(model, note);
-  if (!arguments.point.empty()) point.SetFromFile(arguments.point);
+  if (!arguments.point.empty()) point.SetFromFile(arguments.point, session.streams);
   for (std::size_t i = 2; i < arguments.operands.size(); ++i) {
     point.Set(arguments.operands[i], kUsage);
   }
   double activity = 0;
   model.RowBodyValue(row, point.values(), activity);
   session.streams.out << (arguments.json ? ActivityJson(session, row, activity)
-                                         : text::GeneralText(activity) + '\n');
+                                         : NumberText(activity) + '\n');
   return kGood;
 }
 

@@ -68,7 +68,12 @@ mps::ReadOutcome FileReading::Read(const std::string& path) {
   const std::string name = NameOfInput(path);
   answers_.file = name;
   mps::ReadOptions options = ReadOptionsOf(arguments_);
-  options.on_problem = [this](const mps::FileProblem& problem) { return GoesOnAfter(problem); };
+  InputOpener opener(path, streams_);
+  mps::LineTexts texts([&opener] { return opener(); });
+  options.open = [&opener] { return opener(); };
+  options.on_problem = [this, &texts](const mps::FileProblem& problem) {
+    return GoesOnAfter(problem, texts);
+  };
   mps::FileRead read = ReadInWindow(path, std::move(options));
   facts_ = read.facts;
   problems_ = std::move(read.problems);
@@ -104,8 +109,9 @@ mps::FileRead FileReading::ReadInWindow(const std::string& path, mps::ReadOption
   return read;
 }
 
-bool FileReading::GoesOnAfter(const mps::FileProblem& problem) {
+bool FileReading::GoesOnAfter(mps::FileProblem problem, mps::LineTexts& texts) {
   if (mps::TraitsOf(problem.code).weight() != mps::ProblemWeight::kError) return true;
+  texts.Show(problem);
   if (desktop_.MsgBox(BoxOf(answers_.file, problem)) != platform::MsgBoxResult::kYes) return false;
   desktop_.DoEvents();
   return true;

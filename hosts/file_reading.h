@@ -10,6 +10,7 @@
 #include "hosts/streams.h"
 #include "hosts/write_json.h"
 #include "mps/file_facts.h"
+#include "mps/line_texts.h"
 #include "mps/read_file.h"
 #include "platform/desktop.h"
 
@@ -46,7 +47,8 @@ class FileReading {
   const ModelSize& size() const { return size_; }
 
  private:
-  bool GoesOnAfter(const mps::FileProblem& problem);
+  // The question shows the line as it stands in the file.
+  bool GoesOnAfter(mps::FileProblem problem, mps::LineTexts& texts);
   void Tell(const std::string& name, const mps::FileProblems& problems);
 
   const Arguments& arguments_;

@@ -74,16 +74,17 @@ std::int32_t FindRecord(const LPModel& model, const model::RecordKind& kind, std
 }
 
 void RaiseNoRecord(const LPModel& model, const model::RecordKind& kind, std::string_view text) {
-  if (const std::optional<std::int32_t> index = ParseIndex(text)) {
-    (model.*kind.name)(*index);  // raises for a number out of range
-  }
   std::string complaint = "there is no " + std::string(kind.noun) + ' ' + std::string(text);
+  const std::int32_t count = (model.*kind.count)();
+  if (ParseIndex(text) && count > 0) {
+    complaint.append("; ").append(kind.noun).append("s are numbered from 0 to ");
+    throw CommandError(kProblem, complaint + text::IntegerText(count - 1));
+  }
   if (Named(model, kind.other, text)) {
     complaint.append("; there is a ").append(kind.other.noun).append(" of that name");
     throw CommandError(kProblem, complaint);
   }
   text::NearestWords nearest(text::UpperCase(text));
-  const std::int32_t count = (model.*kind.count)();
   for (std::int32_t i = 0; i < count; ++i) nearest.Offer((model.*kind.name)(i));
   throw CommandError(kProblem, complaint + text::DidYouMean(nearest.words()));
 }

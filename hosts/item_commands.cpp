@@ -67,8 +67,8 @@ std::string ItemHeading(const Item& item) {
   AppendFact(item, text, item.kind.title,
              item.Name() + " (number " + text::IntegerText(item.index) + ")");
   AppendFact(item, text, "Type", item.Type());
-  AppendFact(item, text, "Lower", BoundText(item.Lower()));
-  AppendFact(item, text, "Upper", BoundText(item.Upper()));
+  AppendFact(item, text, "Lower", BoundText(AsLower(item.Lower())));
+  AppendFact(item, text, "Upper", BoundText(AsUpper(item.Upper())));
   if (item.IsRow()) AppendFact(item, text, "Equation", Equation(item));
   AppendFact(item, text, "Elements", text::IntegerText(item.Elements()));
   return text;
@@ -96,8 +96,8 @@ void PrintItemJson(const Item& item) {
   AppendJsonMember(json, "index", item.index);
   AppendJsonMember(json, "name", item.Name());
   AppendJsonMember(json, "type", item.Type());
-  AppendJsonMember(json, "lowerBound", Bound{item.Lower()});
-  AppendJsonMember(json, "upperBound", Bound{item.Upper()});
+  AppendJsonMember(json, "lowerBound", AsLower(item.Lower()));
+  AppendJsonMember(json, "upperBound", AsUpper(item.Upper()));
   if (item.IsRow()) AppendJsonMember(json, "equation", item.model.RowEquation(item.index));
   item.session.streams.out << json + ",\"elements\":[";
   for (std::int32_t k = 0; k < item.shown && item.session.KeepPrinting(); ++k) {

@@ -30,7 +30,7 @@ void ModelCheck::Read() {
   const mps::FileRead read = ReadFile();
   facts_ = read.facts;
   result_.read = read.outcome == mps::ReadOutcome::kRead;
-  result_.has_endata = read.facts.has_endata;
+  result_.has_endata = result_.read && read.facts.has_endata;
   if (result_.read && !session_.arguments.no_lint) Lint();
   const model::ModelStore& store = session_.model().store();
   result_.rows = store.NumberOfRows();

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "hosts/find_record.h"
+#include "hosts/input_bytes.h"
 #include "hosts/streams.h"
 #include "platform/automation_error.h"
 #include "text/numbers.h"
@@ -69,6 +70,11 @@ class Point::FileValues : public inspect::SolutionUser {
   std::int64_t line_ = 0;
 };
 
+void RefuseStandardInputTwice(const std::string& model, const std::string& point) {
+  if (model != kStandardInput || point != kStandardInput) return;
+  throw CommandError(kUsage, "model and point cannot both be standard input");
+}
+
 void Point::Names::Add(std::string_view name) {
   if (++count <= static_cast<std::int64_t>(kKeptNames)) first.emplace_back(name);
 }
@@ -93,15 +99,15 @@ void Point::Set(std::string_view pair, int status_of_bad_text) {
             *number);
 }
 
-void Point::SetFromFile(const std::string& path, UnknownName unknown) {
+void Point::SetFromFile(const std::string& path, const Streams& streams, UnknownName unknown) {
   FileValues values(*this, unknown);
-  const auto raise = [&path](std::int64_t line, std::string_view text) {
-    const std::string place = line == 0 ? path : path + ':' + text::IntegerText(line);
+  const auto raise = [name = NameOfInput(path)](std::int64_t line, std::string_view text) {
+    const std::string place = line == 0 ? name : name + ':' + text::IntegerText(line);
     throw CommandError(kProblem, place + ": " + std::string(text));
   };
   inspect::SolutionFile file;
   try {
-    file = inspect::ReadSolutionFile(path, values);
+    file = inspect::ReadSolutionFile(InputOpener(path, streams)(), values);
   } catch (const CommandError& error) {
     raise(values.line(), error.text());
   } catch (const AutomationError& error) {
@@ -123,6 +129,10 @@ Point::Names Point::Missing() const {
     names.Add(names.first.size() < kKeptNames ? model_.ColName(static_cast<std::int32_t>(j)) : "");
   }
   return names;
+}
+
+bool Point::GivesNone() const {
+  return !given_.empty() && std::find(given_.begin(), given_.end(), true) == given_.end();
 }
 
 void Point::SetColumn(std::int32_t column, double value) {

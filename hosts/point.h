@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "component/lp_model.h"
+#include "hosts/streams.h"
 #include "inspect/solution_file.h"
 
 namespace quarvel::hosts {
@@ -37,14 +38,18 @@ class Point {
   void Set(std::string_view pair, int status_of_bad_text);
   // The values of a file of any kind that inspect/solution_file.h knows. Columns of names and values are
   // given as on the command line, those of a solver by their names alone, as they stand there or in
-  // upper case. Raises a CommandError that names file and line.
-  void SetFromFile(const std::string& path, UnknownName unknown = UnknownName::kRefused);
+  // upper case. "-" is standard input, and what is packed is unpacked. Raises a CommandError that names file
+  // and line.
+  void SetFromFile(const std::string& path, const Streams& streams,
+                   UnknownName unknown = UnknownName::kRefused);
 
   std::span<const double> values() const { return values_; }
   // Of the last file.
   inspect::SolutionKind kind() const { return kind_; }
   // Columns that nobody gave, in the model's order.
   Names Missing() const;
+  // There are columns, and nobody gave any of them.
+  bool GivesNone() const;
   // Of files: names that the model does not have, and those that were given again.
   const Names& unknown() const { return unknown_; }
   const Names& repeated() const { return repeated_; }
@@ -63,5 +68,8 @@ class Point {
   Names unknown_;
   Names repeated_;
 };
+
+// Raises a CommandError of status kUsage where both are.
+void RefuseStandardInputTwice(const std::string& model, const std::string& point);
 
 }  // namespace quarvel::hosts

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "model/model_data.h"
 #include "text/cell_width.h"
@@ -24,6 +23,8 @@ struct Escape {
 };
 constexpr Escape kEscapes[] = {{'"', "\\\""}, {'\\', "\\\\"}, {'\n', "\\n"}, {'\r', "\\r"},
                                {'\t', "\\t"}, {'\b', "\\b"},  {'\f', "\\f"}};
+
+std::string NoBoundText(Bound bound) { return bound.side == Bound::Side::kLower ? "-inf" : "inf"; }
 
 // Appends what stands at the front of valid UTF-8 and gives its size.
 std::size_t AppendEscaped(std::string& json, std::string_view text) {
@@ -55,18 +56,22 @@ void AppendRight(std::string& line, std::string_view text, std::size_t width) {
   line += text;
 }
 
-std::string BoundText(double bound) {
-  if (bound == model::BoundLimit) return "inf";
-  if (bound == -model::BoundLimit) return "-inf";
-  return text::GeneralText(bound);
+bool Bound::IsNone() const {
+  return side == Side::kLower ? !model::HasLower(value) : !model::HasUpper(value);
 }
 
-std::string ExactLowerText(double bound) {
-  return bound <= -model::BoundLimit ? "-inf" : text::RoundTripText(bound);
+std::string BoundText(Bound bound) {
+  return bound.IsNone() ? NoBoundText(bound) : text::GeneralText(bound.value);
 }
 
-std::string ExactUpperText(double bound) {
-  return bound >= model::BoundLimit ? "inf" : text::RoundTripText(bound);
+std::string ExactBoundText(Bound bound) {
+  return bound.IsNone() ? NoBoundText(bound) : text::RoundTripText(bound.value);
+}
+
+std::string NumberText(double number) {
+  if (std::isnan(number)) return "nan";
+  if (std::isinf(number)) return number < 0 ? "-inf" : "inf";
+  return text::GeneralText(number);
 }
 
 std::string Counted(std::int64_t count, std::string_view noun) {
@@ -93,9 +98,8 @@ void AppendJson(std::string& json, double number) {
 }
 
 void AppendJson(std::string& json, Bound bound) {
-  constexpr double kInfinity = std::numeric_limits<double>::infinity();
-  const bool is_none = !model::HasLower(bound.value) || !model::HasUpper(bound.value);
-  AppendJson(json, is_none ? std::copysign(kInfinity, bound.value) : bound.value);
+  if (!bound.IsNone()) return AppendJson(json, bound.value);
+  AppendJson(json, std::string_view(NoBoundText(bound)));
 }
 
 void AppendJson(std::string& json, std::int32_t number) { json += text::IntegerText(number); }

@@ -13,20 +13,28 @@ namespace quarvel::hosts {
 void AppendLeft(std::string& line, std::string_view text, std::size_t width);
 void AppendRight(std::string& line, std::string_view text, std::size_t width);
 
-// A bound for people: general text, "-inf" and "inf" where there is none.
-std::string BoundText(double bound);
+// A bound of a record, which may be none at all: a lower one of -1E+10 or less, an upper one of 1E+10 or
+// more. On the other side such a number is one like any other.
+struct Bound {
+  enum class Side : std::uint8_t { kLower, kUpper };
+  Side side;
+  double value;
 
-// A bound with all its digits; "-inf" for no lower and "inf" for no upper one.
-std::string ExactLowerText(double bound);
-std::string ExactUpperText(double bound);
+  bool IsNone() const;
+};
+constexpr Bound AsLower(double value) { return {Bound::Side::kLower, value}; }
+constexpr Bound AsUpper(double value) { return {Bound::Side::kUpper, value}; }
+
+// A bound for people: general text, "-inf" and "inf" where there is none.
+std::string BoundText(Bound bound);
+// The same with all its digits.
+std::string ExactBoundText(Bound bound);
+
+// A number for people: general text; "inf", "-inf" and "nan" where it is none, as in JSON.
+std::string NumberText(double number);
 
 // "1 row", "28 rows".
 std::string Counted(std::int64_t count, std::string_view noun);
-
-// A bound of a record, which may be none at all.
-struct Bound {
-  double value;
-};
 
 // A value of JSON, as docs/json.md tells. Text is quoted and escaped, which includes every character
 // that a terminal would not show (text/visible_text.h); text that is not UTF-8 (a path may be anything)

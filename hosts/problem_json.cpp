@@ -1,5 +1,6 @@
 #include "hosts/printing.h"
 #include "hosts/problem_report.h"
+#include "text/shortened_text.h"
 
 namespace quarvel::hosts {
 namespace {
@@ -49,7 +50,7 @@ class JsonReport : public ProblemReport {
     AppendJsonMember(json, "sentence", mps::SentenceOf(problem));
     AppendText(json, "item", problem.item);
     AppendText(json, "read", problem.read);
-    AppendText(json, "made", problem.made);
+    AppendText(json, "made", text::Shortened(problem.made, mps::kLongestMadeShown));
     AppendText(json, "expected", traits.expected);
     AppendLines(json, problem.lines);
     AppendText(json, "text", problem.text);

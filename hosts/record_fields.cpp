@@ -26,9 +26,9 @@ constexpr RecordField kFields[] = {
     {"type", "Type", "type", true, true, true, 4,
      [](const Listed& l, std::int32_t i) -> FieldValue { return (l.model.*l.kind.type)(i); }},
     {"lower", "Lower", "lowerBound", true, true, false, kBoundWidth,
-     [](const Listed& l, std::int32_t i) -> FieldValue { return Bound{(l.model.*l.kind.lower)(i)}; }},
+     [](const Listed& l, std::int32_t i) -> FieldValue { return AsLower((l.model.*l.kind.lower)(i)); }},
     {"upper", "Upper", "upperBound", true, true, false, kBoundWidth,
-     [](const Listed& l, std::int32_t i) -> FieldValue { return Bound{(l.model.*l.kind.upper)(i)}; }},
+     [](const Listed& l, std::int32_t i) -> FieldValue { return AsUpper((l.model.*l.kind.upper)(i)); }},
     {"elements", "Elements", "elements", true, true, false, kCountWidth,
      [](const Listed& l, std::int32_t i) -> FieldValue { return (l.model.*l.kind.elements)(i); }},
     {"objective", "Objective", "objective", false, true, false, kBoundWidth,
@@ -52,11 +52,6 @@ const RecordField* FindField(const model::RecordKind& kind, std::string_view key
       std::begin(kFields), std::end(kFields),
       [&kind, key](const RecordField& field) { return field.IsOf(kind) && field.key == key; });
   return found == std::end(kFields) ? nullptr : found;
-}
-
-std::string BoundCsv(double bound) {
-  const bool is_none = bound == model::BoundLimit || bound == -model::BoundLimit;
-  return is_none ? BoundText(bound) : text::RoundTripText(bound);
 }
 
 void AppendCsvText(std::string& csv, std::string_view text) {
@@ -135,7 +130,7 @@ bool IsEquation(const RecordField& field) { return field.key == "equation"; }
 std::string ShownText(const FieldValue& value) {
   if (const auto* const count = std::get_if<std::int32_t>(&value)) return text::IntegerText(*count);
   if (const auto* const number = std::get_if<double>(&value)) return text::GeneralText(*number);
-  if (const auto* const bound = std::get_if<Bound>(&value)) return BoundText(bound->value);
+  if (const auto* const bound = std::get_if<Bound>(&value)) return BoundText(*bound);
   return text::VisibleText(std::get<std::string>(value));
 }
 
@@ -143,7 +138,7 @@ void AppendCsv(std::string& csv, const FieldValue& value) {
   if (const auto* const number = std::get_if<double>(&value)) {
     csv += text::RoundTripText(*number);
   } else if (const auto* const bound = std::get_if<Bound>(&value)) {
-    csv += BoundCsv(bound->value);
+    csv += ExactBoundText(*bound);
   } else if (const auto* const words = std::get_if<std::string>(&value)) {
     AppendCsvText(csv, *words);
   } else {

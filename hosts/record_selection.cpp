@@ -68,12 +68,18 @@ std::vector<std::string_view> SplitAtCommas(std::string_view list) {
   }
 }
 
+// All bounds that are none are one.
+double NumberOf(const Bound& bound) {
+  if (!bound.IsNone()) return bound.value;
+  return bound.side == Bound::Side::kLower ? -model::BoundLimit : model::BoundLimit;
+}
+
 // Bounds as numbers, so that they compare as such.
 using Key = std::variant<double, std::string>;
 
 Key KeyOf(FieldValue value) {
   if (auto* const words = std::get_if<std::string>(&value)) return std::move(*words);
-  if (const auto* const bound = std::get_if<Bound>(&value)) return bound->value;
+  if (const auto* const bound = std::get_if<Bound>(&value)) return NumberOf(*bound);
   if (const auto* const number = std::get_if<double>(&value)) return *number;
   return static_cast<double>(std::get<std::int32_t>(value));
 }
@@ -119,10 +125,11 @@ bool RecordSelection::Keeps(const ListedModel& listed, std::int32_t index) const
 
 bool RecordSelection::KeepsBounds(const ListedModel& listed, std::int32_t index) const {
   if (!choices_.is_free && !choices_.is_fixed) return true;
-  const double lower = (listed.model.*listed.kind.lower)(index);
-  const double upper = (listed.model.*listed.kind.upper)(index);
-  if (choices_.is_fixed && lower != upper) return false;
-  return !choices_.is_free || (lower == -model::BoundLimit && upper == model::BoundLimit);
+  const model::Bounds bounds = {(listed.model.*listed.kind.lower)(index),
+                                (listed.model.*listed.kind.upper)(index)};
+  if (choices_.is_fixed && !model::AreFixed(bounds)) return false;
+  return !choices_.is_free ||
+         !(model::HasLower(bounds.LowerBound) || model::HasUpper(bounds.UpperBound));
 }
 
 void RecordSelection::Sort(const ListedModel& listed, std::vector<std::int32_t>& records) const {

@@ -89,8 +89,9 @@ std::string Families(const std::vector<RecordFamily>& families, std::string_view
   const std::size_t shown = std::min(families.size(), kMostFamilies);
   for (std::size_t i = 0; i < shown; ++i) {
     const RecordFamily& family = families[i];
-    table.Add({family.pattern, GroupedText(family.count), types(family), RangeText(family.lower),
-               RangeText(family.upper), GroupedText(family.elements.count),
+    table.Add({family.pattern, GroupedText(family.count), types(family),
+               RangeText(family.lower, Bound::Side::kLower),
+               RangeText(family.upper, Bound::Side::kUpper), GroupedText(family.elements.count),
                CoefficientsText(family.elements)});
   }
   table.AddMore(static_cast<std::int64_t>(families.size() - shown), "pattern");

@@ -69,6 +69,7 @@ void Session::Read(const std::string& path) {
   const bool is_read = arguments.reads_as_component()
                            ? ReadAsComponent(path)
                            : reading_.Read(path) == mps::ReadOutcome::kRead;
+  answers_.TellRest();
   size_ = arguments.reads_as_component() ? SizeOf(model_.store()) : reading_.size();
   StopIfInterrupted();
   StopIfUnanswered();

@@ -20,9 +20,10 @@ void AppendCount(std::string& json, std::string_view key, std::int64_t count) {
   AppendJsonObject(json, key, text::IntegerText(count));
 }
 
+template <Bound::Side kSide>
 std::string BoundJson(double bound) {
   std::string json;
-  AppendJson(json, Bound{bound});
+  AppendJson(json, Bound{kSide, bound});
   return json;
 }
 
@@ -144,8 +145,8 @@ std::string FamilyJson(const RecordFamily& family, const Record& record, const T
     if (count != 0 && !type.letter.empty()) AppendCount(counts, type.letter, count);
   }
   AppendJsonObject(json, "types", counts + '}');
-  AppendJsonObject(json, "lower", RangeJson(family.lower, BoundJson));
-  AppendJsonObject(json, "upper", RangeJson(family.upper, BoundJson));
+  AppendJsonObject(json, "lower", RangeJson(family.lower, BoundJson<Bound::Side::kLower>));
+  AppendJsonObject(json, "upper", RangeJson(family.upper, BoundJson<Bound::Side::kUpper>));
   AppendCount(json, "elements", family.elements.count);
   AppendJsonObject(json, "coefficients", RangeJson(family.elements.values, NumberJson));
   AppendJsonObject(json, "sizes", RangeJson(family.elements.sizes, NumberJson));

@@ -170,7 +170,8 @@ std::string FamiliesText(const std::vector<RecordFamily>& families, std::string_
   for (std::int64_t i = 0; i < shown; ++i) {
     const RecordFamily& family = families[static_cast<std::size_t>(i)];
     table.Add({"  " + family.pattern, text::IntegerText(family.count), types(family),
-               RangeText(family.lower), RangeText(family.upper),
+               RangeText(family.lower, Bound::Side::kLower),
+               RangeText(family.upper, Bound::Side::kUpper),
                text::IntegerText(family.elements.count), CoefficientsText(family.elements)});
   }
   std::string text = '\n' + table.Text();

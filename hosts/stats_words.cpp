@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <numeric>
 
 #include "hosts/printing.h"
@@ -29,6 +28,11 @@ std::string TypesText(const RecordFamily& family, const Types& types) {
   return text;
 }
 
+// "-inf" and "inf" where there is no bound.
+std::string ShortBound(Bound bound) {
+  return bound.IsNone() ? BoundText(bound) : ShortText(bound.value);
+}
+
 }  // namespace
 
 std::string ShortText(double value) {
@@ -40,14 +44,10 @@ std::string ShortText(double value) {
   return text;
 }
 
-std::string ShortBound(double bound) {
-  return std::abs(bound) == model::BoundLimit ? BoundText(bound) : ShortText(bound);
-}
-
-std::string RangeText(const ValueRange& range) {
+std::string RangeText(const ValueRange& range, Bound::Side side) {
   if (range.is_empty) return "";
-  const std::string from = ShortBound(range.from);
-  const std::string to = ShortBound(range.to);
+  const std::string from = ShortBound({side, range.from});
+  const std::string to = ShortBound({side, range.to});
   return from == to ? from : from + " to " + to;
 }
 

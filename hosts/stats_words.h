@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "hosts/printing.h"
 #include "inspect/stats.h"
 #include "model/model_store.h"
 #include "simplify/forecast.h"
@@ -14,10 +15,8 @@ namespace quarvel::hosts {
 
 // With six digits, which are enough to look at.
 std::string ShortText(double value);
-// The same; "-inf" and "inf" where there is no bound.
-std::string ShortBound(double bound);
-// "2", "-inf to 4"; empty for none.
-std::string RangeText(const inspect::ValueRange& range);
+// "2", "-inf to 4" for the lower or upper bounds of some records; empty for none.
+std::string RangeText(const inspect::ValueRange& range, Bound::Side side);
 // The sizes of coefficients behind their signs: "+-0.5 to 3"; empty for none.
 std::string CoefficientsText(const inspect::ElementRange& elements);
 // "E", or "E 500 L 20" for several.

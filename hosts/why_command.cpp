@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "hosts/commands.h"
+#include "hosts/input_bytes.h"
 #include "hosts/point.h"
 #include "hosts/printing.h"
 #include "inspect/violations.h"
@@ -44,7 +45,7 @@ struct Findings {
 
   const LPModel& model() const { return session.model(); }
   const std::string& file() const { return session.arguments.operands[0]; }
-  const std::string& point_file() const { return session.arguments.operands[1]; }
+  std::string point_file() const { return NameOfInput(session.arguments.operands[1]); }
   const inspect::SolutionKindTraits& kind() const { return inspect::TraitsOf(point.kind()); }
   std::int64_t unlisted() const {
     return violations.count() - static_cast<std::int64_t>(violations.worst.size());
@@ -62,13 +63,13 @@ struct Findings {
 std::string ViolationText(const Findings& findings, const Violation& violation) {
   const KindWords& words = WordsOf(violation.kind);
   std::string text(words.noun);
-  text += ' ' + findings.NameOf(violation) + " is " + text::GeneralText(violation.value) + ", " +
-          text::GeneralText(violation.amount);
+  text += ' ' + findings.NameOf(violation) + " is " + NumberText(violation.value) + ", " +
+          NumberText(violation.amount);
   if (violation.kind == ViolationKind::kIntegrality) return text + " from a whole number";
   const bool below = violation.value < violation.limit;
   text.append(below ? " less than its " : " more than its ");
   text.append(below ? words.lower : words.upper);
-  return text + text::GeneralText(violation.limit);
+  return text + NumberText(violation.limit);
 }
 
 // "+ 250*BREAD(30) - 64*MILK(40)", and what is left out of it.
@@ -76,13 +77,12 @@ std::string SumText(const Findings& findings, const inspect::RowTerms& sum) {
   std::string text;
   for (const inspect::RowTerm& term : sum.terms) {
     text += term.coefficient < 0 ? "- " : "+ ";
-    text += text::GeneralText(std::fabs(term.coefficient)) + '*' +
-            findings.model().ColName(model::Public(term.column)) + '(' +
-            text::GeneralText(term.value) + ") ";
+    text += NumberText(std::fabs(term.coefficient)) + '*' +
+            findings.model().ColName(model::Public(term.column)) + '(' + NumberText(term.value) +
+            ") ";
   }
   if (sum.others > 0) {
-    text += "+ " + text::GeneralText(sum.sum_of_others) + " of " +
-            Counted(sum.others, "more term") + ' ';
+    text += "+ " + NumberText(sum.sum_of_others) + " of " + Counted(sum.others, "more term") + ' ';
   }
   return text.empty() ? "0 " : text;
 }
@@ -90,9 +90,9 @@ std::string SumText(const Findings& findings, const inspect::RowTerms& sum) {
 std::string EquationText(const Findings& findings, const Violation& violation) {
   const inspect::RowTerms sum = findings.TermsOf(violation);
   std::string text = "    " + SumText(findings, sum);
-  text += " =  " + text::GeneralText(violation.value);
+  text += " =  " + NumberText(violation.value);
   text += violation.value < violation.limit ? "  <  " : "  >  ";
-  text += text::GeneralText(violation.limit);
+  text += NumberText(violation.limit);
   if (sum.zeros > 0) text += "  (and " + Counted(sum.zeros, "column") + " at 0)";
   return text;
 }
@@ -112,6 +112,10 @@ void PrintNames(const Findings& findings, const Point::Names& names, std::string
 
 void PrintNotes(const Findings& findings) {
   const Point& point = findings.point;
+  if (point.GivesNone()) {
+    findings.session.streams.out
+        << "no column of the model is in the point: is it one of another?\n";
+  }
   PrintNames(findings, point.Missing(), "column", "not in the point, taken as 0");
   PrintNames(findings, point.unknown(), "name", "of the point not in the model");
   PrintNames(findings, point.repeated(), "value", "given again, the last one counts");
@@ -131,8 +135,8 @@ std::string SummaryText(const Findings& findings) {
             " of bounds, " + text::IntegerText(found.integers) + " of integers";
   }
   text.append("; the point is ").append(findings.kind().words);
-  return text + "; tolerance " + text::GeneralText(findings.tolerance.absolute) + ", relative " +
-         text::GeneralText(findings.tolerance.relative);
+  return text + "; tolerance " + NumberText(findings.tolerance.absolute) + ", relative " +
+         NumberText(findings.tolerance.relative);
 }
 
 void PrintText(const Findings& findings) {
@@ -241,9 +245,10 @@ inspect::FeasibilityTolerance ToleranceOf(const Arguments& arguments) {
 
 int RunWhy(Session& session) {
   const Arguments& arguments = session.arguments;
+  RefuseStandardInputTwice(arguments.operands[0], arguments.operands[1]);
   session.Read(arguments.operands[0]);
   Point point(session.model());
-  point.SetFromFile(arguments.operands[1], UnknownName::kNoted);
+  point.SetFromFile(arguments.operands[1], session.streams, UnknownName::kNoted);
   const bool limited = (arguments.used & kLimit) != 0;
   const bool all = limited && arguments.limit == Arguments::kAll;
   const auto limit = static_cast<std::size_t>(limited ? arguments.limit : kUsualLimit);
@@ -258,7 +263,7 @@ int RunWhy(Session& session) {
   } else {
     PrintText(findings);
   }
-  return violations.count() == 0 ? kGood : kProblem;
+  return violations.count() == 0 && !point.GivesNone() ? kGood : kProblem;
 }
 
 }  // namespace quarvel::hosts

@@ -1,7 +1,6 @@
 #include "inspect/dialects.h"
 
 #include <algorithm>
-#include <cmath>
 #include <optional>
 #include <utility>
 
@@ -64,8 +63,8 @@ constexpr std::array<DialectTraits, 21> kDialects = {{
     {DialectPoint::kSemiContinuous, "semi-continuous", "SC bounds",
      Readings("an upper bound alone", kRefuses, "a semi-continuous column", "reads it")},
     {DialectPoint::kLargeNumber, "large-number",
-     "a bound or right-hand side of at least 1E+10 in size",
-     Readings("none", "a number like any other", "a number like any other",
+     "an upper bound or limit of 1E+10 or more, or a lower one of -1E+10 or less",
+     Readings("no limit", "a number like any other", "a number like any other",
               "a number like any other")},
     {DialectPoint::kMissingEndata, "missing-endata", "no ENDATA line",
      Readings("reads what is there", kRefuses, kRefuses, kRefuses)},
@@ -206,10 +205,13 @@ class DialectWatch {
   }
 
   void UsePair(std::int32_t row, double value, bool is_rhs) {
-    const bool is_free = fill_.data().Rows[row].Type == model::RowType::kFree;
+    const model::RowTypeTraits& type = model::TraitsOf(fill_.data().Rows[row].Type);
+    const bool is_free = type.type == model::RowType::kFree;
     if (is_free && !is_rhs) Find(DialectPoint::kRangeOfFreeRow);
     if (is_rhs && row == objective_ && value != 0) Find(DialectPoint::kObjectiveConstant);
-    if (is_rhs && !is_free && IsLarge(value)) Find(DialectPoint::kLargeNumber);
+    if (is_rhs && CountsAsNone(value, type.has_lower, type.has_upper)) {
+      Find(DialectPoint::kLargeNumber);
+    }
   }
 
   void UseSet(std::string_view set, std::optional<std::string>& first_set,
@@ -239,13 +241,18 @@ class DialectWatch {
   void SetBound(ColumnSeen& column, std::string_view code, const std::optional<double>& value) {
     const bool is_upper = code == "UP" || code == "UI";
     if (is_upper && value && *value < 0 && !column.has_lower) Find(DialectPoint::kNegativeUpper);
-    if (value && IsLarge(*value)) Find(DialectPoint::kLargeNumber);
     const bool is_lower = code == "LO" || code == "LI";
+    if (value && CountsAsNone(*value, !is_upper && code != "SC", !is_lower)) {
+      Find(DialectPoint::kLargeNumber);
+    }
     column.has_lower |= !is_upper && code != "PL";
     column.has_upper |= !is_lower;
   }
 
-  static bool IsLarge(double value) { return std::fabs(value) >= model::BoundLimit; }
+  // Of what is made the lower bound, the upper one, or both.
+  static bool CountsAsNone(double value, bool is_lower, bool is_upper) {
+    return (is_lower && !model::HasLower(value)) || (is_upper && !model::HasUpper(value));
+  }
 
   model::ModelFill fill_;
   std::size_t kept_;

@@ -71,11 +71,12 @@ void LintScale(const model::ModelData& data, const LintListener& listener) {
   const Sizes all =
       LintRecords(data.Columns, data.NumberOfColumns, FileProblemCode::kColumnScale, listener);
   if (!all.AreFarApart()) return;
+  const bool is_one = all.smallest_in == all.largest_in;
   listener.Tell(FileProblemCode::kModelScale, [&] {
     return FileProblem{.code = {},
-                       .made = all.Text() + ", in the columns " +
-                               data.Columns[all.smallest_in].Name + " and " +
-                               data.Columns[all.largest_in].Name};
+                       .made = all.Text() + (is_one ? ", in the column " : ", in the columns ") +
+                               data.Columns[all.smallest_in].Name +
+                               (is_one ? "" : " and " + data.Columns[all.largest_in].Name)};
   });
 }
 

@@ -6,7 +6,6 @@
 
 #include "inspect/solution_lines.h"
 #include "mps/line_reader.h"
-#include "platform/files.h"
 
 namespace quarvel::inspect {
 namespace {
@@ -67,8 +66,8 @@ class SolutionReading {
 
 }  // namespace
 
-SolutionFile ReadSolutionFile(const std::string& path, SolutionUser& user) {
-  mps::LineReader lines{platform::InputFile(path)};
+SolutionFile ReadSolutionFile(std::unique_ptr<platform::ByteSource> bytes, SolutionUser& user) {
+  mps::LineReader lines(std::move(bytes));
   SolutionReading reading(user);
   mps::Line line;
   while (lines.Next(line)) {

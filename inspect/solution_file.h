@@ -17,9 +17,12 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "platform/byte_source.h"
 
 namespace quarvel::inspect {
 
@@ -86,8 +89,7 @@ struct SolutionFile {
       complaint;  // where the file is not what it seems; nothing is read behind it
 };
 
-// Reads the file once, from its start to its end: it may be a pipe. Raises what opening and reading
-// raise.
-SolutionFile ReadSolutionFile(const std::string& path, SolutionUser& user);
+// Reads the bytes once, from their start to their end. Raises what reading raises.
+SolutionFile ReadSolutionFile(std::unique_ptr<platform::ByteSource> bytes, SolutionUser& user);
 
 }  // namespace quarvel::inspect

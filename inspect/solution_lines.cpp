@@ -64,7 +64,7 @@ class PairLines : public SolutionLines {
       return TakeValue(number, text.substr(0, equals), text.substr(equals + 1), user);
     }
     const std::size_t blank = text.find_first_of(kBlanks);
-    if (blank == std::string_view::npos) return Quoted(text) + " is not NAME=VALUE";
+    if (blank == std::string_view::npos) return Quoted(text) + " is not NAME VALUE or NAME=VALUE";
     return TakeValue(number, text.substr(0, blank), text.substr(blank), user);
   }
 };

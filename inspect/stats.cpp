@@ -23,8 +23,8 @@ class FamilyCollector {
     RecordFamily& family = families_[index];
     ++family.count;
     ++family.types[static_cast<std::size_t>(record.Type)];
-    family.lower.Add(record.LowerBound);
-    family.upper.Add(record.UpperBound);
+    family.lower.Add(std::max(record.LowerBound, -model::BoundLimit));
+    family.upper.Add(std::min(record.UpperBound, model::BoundLimit));
     return family;
   }
 
@@ -159,8 +159,8 @@ BoundShape ShapeOf(const model::Bounds& bounds) {
   using enum BoundShape;
   const double lower = bounds.LowerBound;
   const double upper = bounds.UpperBound;
-  if (lower > upper) return kCrossed;
-  if (lower == upper) return kFixed;
+  if (model::AreReversed(bounds)) return kCrossed;
+  if (model::AreFixed(bounds)) return kFixed;
   if (!model::HasLower(lower)) return model::HasUpper(upper) ? kUpperOnly : kFree;
   if (!model::HasUpper(upper)) return lower == 0 ? kNonNegative : kLowerOnly;
   return lower == 0 && upper == 1 ? kZeroOne : kBoxed;

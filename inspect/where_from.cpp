@@ -24,16 +24,24 @@ struct Seen {
 class OriginWatch {
  public:
   OriginWatch(model::ModelStore& store, std::vector<RecordOrigin>& records, std::size_t kept)
-      : fill_(store.fill()), records_(records), kept_(kept), seen_(records.size()) {
+      : fill_(store.fill()),
+        records_(records),
+        kept_(kept),
+        seen_(records.size()),
+        free_rhs_lines_(records.size()) {
     for (std::size_t i = 0; i < records.size(); ++i) {
       (records[i].is_row ? rows_ : columns_).emplace(records[i].name, i);
     }
   }
 
   void Hear(const mps::FileProblem& problem) {
+    if (problem.code == mps::FileProblemCode::kObjectiveSense) sense_line_ = problem.line;
     if (problem.line != 0 && !IsToldAtTheEnd(problem)) return of_this_line_.push_back(problem);
-    for (RecordOrigin& record : records_) {
-      if (record.name == problem.item && MayBeAbout(record, problem)) AddProblem(record, problem);
+    for (std::size_t i = 0; i < records_.size(); ++i) {
+      RecordOrigin& record = records_[i];
+      if (record.name != problem.item || !MayBeAbout(record, problem)) continue;
+      AddProblem(record, problem);
+      if (IsFreeRhs(problem)) free_rhs_lines_[i] = problem.line;
     }
   }
 
@@ -47,10 +55,17 @@ class OriginWatch {
     of_this_line_.clear();
   }
 
-  // The types that rows have in the end.
-  void Finish() {
+  // What the end of the read made: types of rows, the objective.
+  void Finish(const mps::FileFacts& facts) {
     for (std::size_t i = 0; i < records_.size(); ++i) {
-      if (records_[i].number != 0) Compare(i, 0);
+      RecordOrigin& record = records_[i];
+      if (record.number == 0) continue;
+      Compare(i, 0);
+      if (!record.is_row || record.name != facts.objective) continue;
+      record.sense_line = sense_line_;
+      record.constant_line = free_rhs_lines_[i];
+      const auto dropped = std::erase(record.idle_lines, record.constant_line);
+      record.idle_count -= static_cast<std::int64_t>(dropped);
     }
   }
 
@@ -161,17 +176,23 @@ class OriginWatch {
   // True when the record is not what it was.
   bool Compare(std::size_t i, std::int64_t line) {
     RecordOrigin& record = records_[i];
-    const Seen before = std::exchange(seen_[i], Look(record));
-    const Seen& now = seen_[i];
-    bool changes = false;
-    if (now.type != before.type) {
-      record.type.Add({.line = line, .type = now.type}, kept_);
+    std::string type = Look(record).type;
+    const bool changes = type != seen_[i].type;
+    if (changes) {
+      seen_[i].type = type;
+      record.type.Add({.line = line, .type = std::move(type)}, kept_);
       record.marker_line = 0;
-      changes = true;
     }
-    changes |= CompareBound(record.lower, before.bounds.LowerBound, now.bounds.LowerBound, line);
-    changes |= CompareBound(record.upper, before.bounds.UpperBound, now.bounds.UpperBound, line);
-    return changes;
+    return CompareBounds(i, line) || changes;
+  }
+
+  bool CompareBounds(std::size_t i, std::int64_t line) {
+    RecordOrigin& record = records_[i];
+    const model::Bounds now = Look(record).bounds;
+    const model::Bounds before = std::exchange(seen_[i].bounds, now);
+    const bool lower = CompareBound(record.lower, before.LowerBound, now.LowerBound, line);
+    const bool upper = CompareBound(record.upper, before.UpperBound, now.UpperBound, line);
+    return lower || upper;
   }
 
   bool CompareBound(History& history, double before, double now, std::int64_t line) const {
@@ -199,18 +220,23 @@ class OriginWatch {
     return any;
   }
 
+  // Of a right-hand side of an N row.
+  static bool IsFreeRhs(const mps::FileProblem& problem) {
+    using enum mps::FileProblemCode;
+    return problem.code == kObjectiveConstant || problem.code == kFreeRowRhs;
+  }
+
   // Of an N row, once it is known which of them is the objective.
   static bool IsToldAtTheEnd(const mps::FileProblem& problem) {
-    using enum mps::FileProblemCode;
-    const mps::FileProblemCode code = problem.code;
-    return code == kFurtherFreeRow || code == kFreeRowRhs || code == kObjectiveConstant;
+    return problem.code == mps::FileProblemCode::kFurtherFreeRow || IsFreeRhs(problem);
   }
 
   // Of a problem of no line or one told at the end: whether it is one of such a record.
   static bool MayBeAbout(const RecordOrigin& record, const mps::FileProblem& problem) {
     using enum mps::FileProblemCode;
     const mps::FileProblemCode code = problem.code;
-    if (code == kRowBoundsReversed || code == kEmptyRow || IsToldAtTheEnd(problem)) {
+    if (code == kRowBoundsReversed || code == kEmptyRow || code == kRowTypeLost ||
+        IsToldAtTheEnd(problem)) {
       return record.is_row;
     }
     if (code == kColumnBoundsReversed || code == kEmptyColumn) return !record.is_row;
@@ -226,6 +252,7 @@ class OriginWatch {
   std::vector<RecordOrigin>& records_;
   std::size_t kept_;
   std::vector<Seen> seen_;
+  std::vector<std::int64_t> free_rhs_lines_;  // that of an N row; 0: none
   Names rows_;
   Names columns_;
   std::vector<mps::FileProblem> of_this_line_;
@@ -233,6 +260,7 @@ class OriginWatch {
   std::int32_t elements_ = 0;         // of the model after the last line
   std::int32_t added_ = 0;            // by this line
   std::int64_t marker_line_ = 0;
+  std::int64_t sense_line_ = 0;
 };
 
 }  // namespace
@@ -256,7 +284,7 @@ mps::FileRead FindOrigins(const std::string& path, const mps::ReadOptions& optio
     watch.Use(line, section, section_after);
   };
   mps::FileRead read = mps::ReadFile(path, watched, store);
-  if (read.outcome == mps::ReadOutcome::kRead) watch.Finish();
+  if (read.outcome == mps::ReadOutcome::kRead) watch.Finish(read.facts);
   return read;
 }
 

@@ -15,7 +15,9 @@ namespace quarvel::inspect {
 
 // A type or bound that a record got.
 struct Setting {
-  std::int64_t line = 0;  // 0: the first, by default; a later one, made at the end of the read
+  // 0: the first, by default; a later one, made at the end of the read by no line alone. A range that waits
+  // for the end of the read stands with its own line, behind those that were used before.
+  std::int64_t line = 0;
   double value = 0;       // of a bound
   std::string type = {};  // of a type: its letter
 };
@@ -45,6 +47,9 @@ struct RecordOrigin {
   History lower = {};
   History upper = {};
   std::int64_t marker_line = 0;  // the marker that the type of a column comes from; 0 for none
+  // Of the row that is the objective: what said its sense, and what gave it a constant; 0 for none.
+  std::int64_t sense_line = 0;
+  std::int64_t constant_line = 0;
   std::int64_t coefficient_count = 0;
   std::vector<CoefficientOrigin> coefficients = {};
   std::int64_t idle_count = 0;

@@ -5,8 +5,9 @@
 
 namespace quarvel::model {
 
-// A bound at or beyond this magnitude is absent; stored as exactly -1E+10 or +1E+10, compared
-// exactly.
+// A lower bound of -1E+10 or less is absent, and so is an upper one of +1E+10 or more; what is made absent
+// is stored as exactly that. On its other side each is a number like any other: from 1E+10 on, with no
+// upper bound, are the bounds 1E+10 and 1E+10.
 inline constexpr double BoundLimit = 1e10;
 
 // A fresh record has bounds 0 and 0.
@@ -17,6 +18,17 @@ struct Bounds {
 
 constexpr bool HasLower(double lower) { return lower > -BoundLimit; }
 constexpr bool HasUpper(double upper) { return upper < BoundLimit; }
+
+// Whether no number keeps both. What is absent is kept by all, whatever is stored for it.
+constexpr bool AreReversed(const Bounds& bounds) {
+  return HasLower(bounds.LowerBound) && HasUpper(bounds.UpperBound) &&
+         bounds.LowerBound > bounds.UpperBound;
+}
+// Whether only one number keeps both.
+constexpr bool AreFixed(const Bounds& bounds) {
+  return HasLower(bounds.LowerBound) && HasUpper(bounds.UpperBound) &&
+         bounds.LowerBound == bounds.UpperBound;
+}
 
 // What becomes of a bound: it stays, takes the given value, or becomes absent.
 enum class BoundChange : std::uint8_t { kKept, kGiven, kAbsent };

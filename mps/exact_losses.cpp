@@ -49,7 +49,7 @@ class ExactLossFinder {
   const FileFacts& facts_;
   std::int32_t objective_;
   Losses losses_;
-  RecordLosses told_{data_, losses_};
+  RecordLosses told_{data_, FileLayout::kFree, losses_};
 };
 
 void ExactLossFinder::CheckColumn(std::int32_t j) {
@@ -58,6 +58,10 @@ void ExactLossFinder::CheckColumn(std::int32_t j) {
     told_.AddColumn(LossKind::kColumnType, j, "reads back with type R");
   }
   if (!AreFinite(column)) told_.AddColumn(LossKind::kNotFinite, j, "has a bound that is no number");
+  if (told_.StopsAt(column)) {
+    told_.AddColumn(LossKind::kReversed, j,
+                    "has the bounds " + IntervalText(column) + ", which are reversed");
+  }
   if (column.ElementCount() == 0 && data_.NumberOfRows == 0) {
     told_.AddColumn(LossKind::kEmptyColumn, j, "is left out: there is no row for its line");
   }
@@ -80,7 +84,7 @@ void ExactLossFinder::CheckRow(std::int32_t i) {
     return told_.AddRow(LossKind::kNotFinite, i, "has a limit that is no number");
   const Bounds back = RowLinesOf(row, i >= objective_).back;
   const RowType type = model::RowTypeOf(back.LowerBound, back.UpperBound);
-  if (AreSame(row, back) && type == row.Type) return;
+  if (AreSame(row, back) && type == row.Type && !told_.StopsAt(row)) return;
   told_.AddLimits(i, back, type != model::RowTypeOf(row.LowerBound, row.UpperBound));
 }
 

@@ -1,6 +1,7 @@
 // What an exact file (exact_writer.h) would not give back of a model. A model without losses is read
 // again with every name, type, value, limit and bound bit for bit, all records and coefficients in their
-// order. tests/mps/exact_losses_test.cpp writes odd models and reads them back to hold that.
+// order. Reversed bounds are told though they come back: who reads the file stops there.
+// tests/mps/exact_losses_test.cpp writes odd models and reads them back to hold that.
 //
 // Cost: one pass over the model, and one more where names have blanks.
 #pragma once

@@ -183,7 +183,9 @@ void ExactWriter::WriteBounds() {
 void ExactWriter::WriteBoundsOf(const ColumnRecord& column) {
   const double lower = column.LowerBound;
   const double upper = column.UpperBound;
-  if (lower == upper && std::signbit(lower) == std::signbit(upper)) {
+  // Bounds that are equal because one of them is absent are not fixed. Beyond the limit a file has said so.
+  const bool is_fixed = lower == upper && std::fabs(lower) != BoundLimit;
+  if (is_fixed && std::signbit(lower) == std::signbit(upper)) {
     return WriteBound(BoundCode::kFixed, column, upper);
   }
   if (lower == -BoundLimit && upper == BoundLimit) return WriteBound(BoundCode::kFree, column);

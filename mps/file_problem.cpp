@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "text/shortened_text.h"
+
 namespace quarvel::mps {
 namespace {
 
@@ -44,7 +46,7 @@ constexpr FileProblemTraits kTable[] = {
     {kEmptyColumn, "W502", "empty-column", "the column has no coefficients", ""},
     {kPairTwice, "W503", "pair-twice", "the column has two coefficients in one row", ""},
     {kRowTypeLost, "W504", "row-type-lost", "the row's limit counts as none", "less than 1E+10"},
-    {kBeyondLimit, "W505", "beyond-limit", "a bound or limit is beyond 1E+10",
+    {kBeyondLimit, "W505", "beyond-limit", "a bound or limit of 1E+10 or more in size",
      "-1E+10 to 1E+10, these for none"},
     {kIntegerWithoutUpper, "W507", "integer-without-upper", "the integer column has no upper bound",
      "a line of BOUNDS that says it"},
@@ -162,12 +164,13 @@ FileProblemCode CodeOf(ReadProblemCode code) {
 }
 
 std::string SentenceOf(const FileProblem& problem) {
-  std::string text(TraitsOf(problem.code).words);
+  std::string sentence(TraitsOf(problem.code).words);
   const std::string& named = problem.item.empty() ? problem.read : problem.item;
-  if (!named.empty()) text.append(": ").append(named);
-  if (problem.failure) text.append(": ").append(problem.failure->description());
-  if (!problem.made.empty()) text.append("; ").append(problem.made);
-  return text;
+  if (!named.empty()) sentence.append(": ").append(text::Shortened(named, kLongestNameShown));
+  if (problem.failure) sentence.append(": ").append(problem.failure->description());
+  if (!problem.made.empty())
+    sentence.append("; ").append(text::Shortened(problem.made, kLongestMadeShown));
+  return sentence;
 }
 
 void FileProblems::Add(FileProblem problem) {

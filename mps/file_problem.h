@@ -139,6 +139,10 @@ struct FileProblem {
   std::optional<AutomationError> failure = {};
 };
 
+// In a sentence a name, and what is made of it, has so many characters at most (text/shortened_text.h).
+inline constexpr std::size_t kLongestNameShown = 100;
+inline constexpr std::size_t kLongestMadeShown = 400;
+
 // The problem as one sentence without its place: "no row of this name: PROTIEN".
 std::string SentenceOf(const FileProblem& problem);
 

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "text/numbers.h"
+#include "text/shortened_text.h"
 
 namespace quarvel::mps {
 namespace {
@@ -13,6 +14,10 @@ struct KindTraits {
   LossWeight weight;
   std::string_view name;
 };
+
+// In a sentence.
+constexpr std::size_t kLongestName = 100;
+constexpr std::size_t kLongestWords = 400;
 
 using enum LossKind;
 using enum LossWeight;
@@ -51,10 +56,10 @@ constexpr std::array<KindTraits, kLossKinds> kKinds = {{
     {kControlCharacter, kNoted, "control-character"},
 }};
 
-std::string BoundWord(double bound) {
-  if (bound == model::BoundLimit) return "inf";
-  if (bound == -model::BoundLimit) return "-inf";
-  return text::RoundTripText(bound);
+// What is absent by being stored as `absent`; what is absent and another number stays in sight.
+std::string BoundWord(double bound, double absent) {
+  if (bound != absent) return text::RoundTripText(bound);
+  return absent < 0 ? "-inf" : "inf";
 }
 
 // A kind is the place of its line.
@@ -75,12 +80,16 @@ std::string_view NameOf(LossKind kind) { return kKinds[static_cast<std::size_t>(
 std::string Loss::Sentence() const {
   if (what.empty()) return words;
   std::string sentence(what);
-  sentence.append(" ").append(name).append(" (number ").append(text::IntegerText(number));
-  return sentence.append(") ").append(words);
+  sentence.append(" ")
+      .append(text::Shortened(name, kLongestName))
+      .append(" (number ")
+      .append(text::IntegerText(number));
+  return sentence.append(") ").append(text::Shortened(words, kLongestWords));
 }
 
 std::string IntervalText(const model::Bounds& bounds) {
-  return '[' + BoundWord(bounds.LowerBound) + ", " + BoundWord(bounds.UpperBound) + ']';
+  return '[' + BoundWord(bounds.LowerBound, -model::BoundLimit) + ", " +
+         BoundWord(bounds.UpperBound, model::BoundLimit) + ']';
 }
 
 LossGroup& Losses::GroupOf(LossKind kind) {

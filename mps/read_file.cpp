@@ -243,7 +243,10 @@ class FileRun {
                     FileProblemCode empty) {
     for (std::int32_t number = 1; number <= count && goes_on_; ++number) {
       const auto& record = records[number];
-      if (record.LowerBound > record.UpperBound) Tell({.code = reversed, .item = record.Name});
+      // The component compares what is stored, also for a bound that is absent.
+      const bool is_reversed =
+          IsWide() ? model::AreReversed(record) : record.LowerBound > record.UpperBound;
+      if (is_reversed) Tell({.code = reversed, .item = record.Name});
       if (record.ElementCount() == 0) Tell({.code = empty, .item = record.Name});
     }
   }

@@ -33,6 +33,12 @@ bool AreAlike(const Bounds& a, const Bounds& b) {
          b.LowerBound <= b.UpperBound;
 }
 
+// One of the bounds is absent, and the other is the same number. Of bounds that are both beyond the limit
+// the file said what it says again.
+bool IsWrittenAsFixed(const Bounds& bounds) {
+  return bounds.LowerBound == bounds.UpperBound && std::fabs(bounds.LowerBound) == BoundLimit;
+}
+
 // Whether the row has no other limits than those its type speaks of.
 bool TypeSaysItsLimits(const RowRecord& row) {
   switch (row.Type) {
@@ -76,7 +82,7 @@ class LossFinder {
   const model::ModelStore& store_;
   const ModelData& data_;
   Losses losses_;
-  RecordLosses told_{data_, losses_};
+  RecordLosses told_{data_, FileLayout::kFixed, losses_};
   std::vector<std::int32_t> vanished_;  // coefficients of each row; empty as long as there are none
 };
 
@@ -100,15 +106,18 @@ void LossFinder::CheckBounds(std::int32_t j) {
   const ColumnRecord& column = data_.Columns[j];
   if (!AreFinite(column))
     return told_.AddColumn(LossKind::kNotFinite, j, "has a bound that is no number");
-  if (column.LowerBound > column.UpperBound) {
-    return told_.AddColumn(LossKind::kReversed, j,
-                           "has the bounds " + IntervalText(column) + ", which are reversed");
+  const std::string bounds = "has the bounds " + IntervalText(column) + ", which ";
+  if (told_.StopsAt(column)) {
+    return told_.AddColumn(LossKind::kReversed, j, bounds + std::string(ReversedWords(column)));
+  }
+  if (IsWrittenAsFixed(column)) {
+    return told_.AddColumn(LossKind::kColumnBounds, j,
+                           bounds + "are written as FX, as which other programs read them");
   }
   const Bounds back = BoundsReadBack(column);
   if (AreSame(column, back)) return;
-  told_.AddColumn(
-      AreAlike(column, back) ? LossKind::kDigits : LossKind::kColumnBounds, j,
-      "has the bounds " + IntervalText(column) + ", which read back as " + IntervalText(back));
+  told_.AddColumn(AreAlike(column, back) ? LossKind::kDigits : LossKind::kColumnBounds, j,
+                  bounds + "read back as " + IntervalText(back));
 }
 
 void LossFinder::CheckElements(std::int32_t j) {

@@ -63,6 +63,21 @@ TEST_F(AnswersTest, GoesOnAtAProblemOnlyWhereToldSo) {
   EXPECT_EQ(notes_, (Texts{"m.mps: It is bad.", "m.mps: It is bad."}));
 }
 
+TEST_F(AnswersTest, TellsTheFirstOfAKindThatIsPassedOverAndCountsTheRest) {
+  Give({"--on-error", "continue"});
+  Box odd = Problem();
+  odd.code = "odd";
+  for (int i = 0; i < 25; ++i) EXPECT_EQ(Answer(odd), MsgBoxResult::kYes);
+  Answer(Problem());
+  EXPECT_EQ(notes_.size(), 21U);
+  answers_.TellRest();
+  EXPECT_EQ(notes_.size(), 22U);
+  EXPECT_EQ(notes_.back(),
+            "m.mps: 5 more problems of the kind odd; \"quarvel check --limit all\" lists them");
+  answers_.TellRest();
+  EXPECT_EQ(notes_.size(), 22U) << "they are told once";
+}
+
 TEST_F(AnswersTest, LeavesAProblemToAUserWhoCanBeAsked) {
   answers_.can_ask = true;
   EXPECT_EQ(Answer(Problem()), std::nullopt);

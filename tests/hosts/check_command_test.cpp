@@ -77,7 +77,7 @@ TEST(Check, FindsAnEmptyFile) {
 TEST(Check, WarnsOfAFileThatMayBeCutOff) {
   const HostFolder folder;
   const std::string cut(kSmallModel.substr(0, kSmallModel.rfind("ENDATA")));
-  for (const char* const last : {"", " UP BOUND X 3"}) {
+  for (const char* const last : {"", " UP BOUND Y 3"}) {
     const Outcome run = RunQuarvel({"check", folder.Write("a.mps", cut + last)});
     EXPECT_EQ(run.status, 3) << last;
     const std::string line = *last == '\0' ? "12" : "13";
@@ -243,6 +243,8 @@ TEST(Check, EndsWithAFileThatCannotBeRead) {
                           "        1  E901 failure\n"
                           "@missing.mps: 1 error; not read\n"));
   EXPECT_EQ(RunQuarvel({"check", folder.Path("missing.mps"), "--ignore", "E"}).status, 1);
+  const std::string json = RunQuarvel({"check", folder.Path("missing.mps"), "--json"}).out;
+  EXPECT_NE(json.find("\"read\":false,\"hasEndata\":false,"), std::string::npos) << json;
 }
 
 TEST(Check, SurvivesBinaryNoise) {

@@ -28,7 +28,7 @@ TEST(SplitWords, KnowsBlanksAndQuotes) {
       {" a\tb  c\r", {"a", "b", "c"}},
       {"a \"b c\" \"\"", {"a", "b c", ""}},
       {"x\"y z\"w", {"xy zw"}},
-      {"\"\\\"\\\\\\n\\x\"", {"\"\\\nx"}},
+      {"\"\\\"\\\\\\nx\"", {"\"\\\nx"}},
       {"\"\\u0041\\u00e4\\u2028z\"", {"A\u00e4\u2028z"}},
       {"\\u0041", {"\\u0041"}},
       {"a\\b 'c d'", {"a\\b", "'c", "d'"}},
@@ -39,6 +39,12 @@ TEST(SplitWords, KnowsBlanksAndQuotes) {
 TEST(SplitWords, RefusesAnOpenQuote) {
   EXPECT_THROW(hosts::SplitWords("a \"b"), hosts::CommandError);
   EXPECT_THROW(hosts::SplitWords("\"\\"), hosts::CommandError);
+}
+
+TEST(SplitWords, RefusesAnEscapeThatIsNone) {
+  for (const char* line : {"\"\\r\"", "\"C:\\x\"", "a \"b\\ c\"", "\"\\N\""}) {
+    EXPECT_THROW(hosts::SplitWords(line), hosts::CommandError) << line;
+  }
 }
 
 TEST(SplitWords, RefusesACodeOfNoCharacter) {

@@ -69,6 +69,12 @@ TEST(Evaluate, FindsColumnsWithEqualsSignsInTheirNames) {
   EXPECT_EQ(RunQuarvel({"evaluate", model, "R1", "A=B=2"}).out, "6\n");
 }
 
+TEST(Evaluate, PrintsInfinityAsEveryCommandDoes) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", "ROWS\n L R1\nCOLUMNS\n X R1 -10\nENDATA\n");
+  EXPECT_EQ(RunQuarvel({"evaluate", model, "R1", "X=1e308"}).out, "-inf\n");
+}
+
 TEST(Evaluate, RefusesABadPoint) {
   const HostFolder folder;
   const std::string model = folder.Write("a.mps", kSmallModel);
@@ -96,10 +102,10 @@ TEST(Evaluate, NamesTheLineOfABadPointsFile) {
     const char* text;
     const char* complaint;
   } cases[] = {
-      {"X 1\nY\n", "@p:2: \"Y\" is not NAME=VALUE"},
+      {"X 1\nY\n", "@p:2: \"Y\" is not NAME VALUE or NAME=VALUE"},
       {"\n#\nX 1 2\n", "@p:3: \" 1 2\" is not a number"},
       {"Q = 1", "@p:1: there is no column Q"},
-      {"9 1", "@p:1: Quarvel.dll error: column 9 is out of range.   Columns range from 0 to 1."},
+      {"9 1", "@p:1: there is no column 9; columns are numbered from 0 to 1"},
   };
   for (const auto& c : cases) {
     const Outcome run = RunQuarvel({"evaluate", model, "R1", "--point", folder.Write("p", c.text)});

@@ -79,6 +79,79 @@ TEST(Explain, TellsOfTheObjective) {
             std::string::npos);
 }
 
+TEST(Explain, TellsTheLinesOfSenseAndConstant) {
+  const HostFolder folder;
+  const std::string model = folder.Write(
+      "a.mps",
+      "OBJSENSE MAX\nROWS\n N COST\n L LIM\nCOLUMNS\n X COST 1 LIM 1\nRHS\n R LIM 9\n R COST -5\n"
+      "ENDATA\n");
+  EXPECT_EQ(RunQuarvel({"explain", model, "COST"}).out,
+            "row COST (number 0)\n"
+            "  type      N: line 3\n"
+            "  lower     -inf: default\n"
+            "  upper     inf: default\n"
+            "  objective maximized: line 1; 5 added to it: line 9\n"
+            "  elements  1\n"
+            "            X 1: line 6\n"
+            "  problem   A309, line 9: a right-hand side of the objective: COST; 5 is added to the "
+            "objective\n"
+            "1 |OBJSENSE MAX\n"
+            "3 | N COST\n"
+            "6 | X COST 1 LIM 1\n"
+            "9 | R COST -5\n");
+  const std::string json = RunQuarvel({"explain", model, "COST", "--json"}).out;
+  EXPECT_NE(json.find("\"objective\":\"maximize\",\"objectiveLine\":1,\"objectiveConstant\":5,"
+                      "\"objectiveConstantLine\":9,"),
+            std::string::npos)
+      << json;
+}
+
+TEST(Explain, TellsBothLinesOfARangeBeforeItsRightHandSide) {
+  const HostFolder folder;
+  const std::string model = folder.Write(
+      "a.mps", "ROWS\n L LIM\nCOLUMNS\n X LIM 1\nRANGES\n R LIM 3\nRHS\n R LIM 20\nENDATA\n");
+  EXPECT_EQ(RunQuarvel({"explain", model, "LIM"}).out,
+            "row LIM (number 0)\n"
+            "  type      R: made of its bounds; line 2 had said L\n"
+            "  lower     17: line 8; line 6 had said -3\n"
+            "  upper     20: line 8\n"
+            "  elements  1\n"
+            "            X 1: line 4\n"
+            "  problem   A314, line 6: ranges before the right-hand sides; they wait for the "
+            "right-hand sides\n"
+            "2 | L LIM\n"
+            "4 | X LIM 1\n"
+            "6 | R LIM 3\n"
+            "8 | R LIM 20\n");
+}
+
+TEST(Explain, TellsOfAProblemOfARowOnce) {
+  const HostFolder folder;
+  const Outcome run = RunQuarvel(
+      {"explain",
+       folder.Write("a.mps", "ROWS\n G NEED\nCOLUMNS\n X NEED 1\nRHS\n R NEED -1e10\nENDATA\n"),
+       "NEED"});
+  const std::size_t first = run.out.find("W504");
+  EXPECT_NE(first, std::string::npos) << run.out;
+  EXPECT_EQ(run.out.find("W504", first + 1), std::string::npos) << run.out;
+}
+
+TEST(Explain, TellsNumbersThatAreNoBoundFromThoseThatAre) {
+  const HostFolder folder;
+  const std::string model =
+      folder.Write("a.mps",
+                   "ROWS\n L LIM\nCOLUMNS\n X LIM 1\n Y LIM 1\nBOUNDS\n FX B X "
+                   "1e30\n LO B Y 1e10\nENDATA\n");
+  const std::string x = RunQuarvel({"explain", model, "X"}).out;
+  EXPECT_NE(x.find("  lower     1E+30: line 7\n  upper     inf (1E+30 counts as none): line 7\n"),
+            std::string::npos)
+      << x;
+  const std::string y = RunQuarvel({"explain", model, "Y"}).out;
+  EXPECT_NE(y.find("  lower     10000000000: line 8\n  upper     inf: default\n"),
+            std::string::npos)
+      << y;
+}
+
 TEST(Explain, TakesNumbersWhereThereIsNoSuchName) {
   const HostFolder folder;
   const std::string model = folder.Write("a.mps", kExplainedModel);

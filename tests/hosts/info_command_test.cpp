@@ -175,16 +175,16 @@ TEST(Reading, TakesAFileAsItIsTold) {
       "BOUNDS\n UP B X -4\nENDATA\n");
   EXPECT_EQ(RunQuarvel({"info", model, "--on-error", "continue"}).err,
             folder.Expand("quarvel: @a.mps: the lower bound of the column is above the upper: X\n"
-                          "quarvel: @a.mps: line 3: an N row that is not the objective: PRICE; it "
-                          "stays as a free row\n"
                           "quarvel: @a.mps: line 8: a negative upper bound where the lower is 0: "
-                          "X; the lower bound stays 0\n"));
+                          "X; the lower bound stays 0\n"
+                          "quarvel: @a.mps: line 3: an N row that is not the objective: PRICE; it "
+                          "stays as a free row\n"));
   EXPECT_EQ(
       RunQuarvel({"info", model, "--objective", "price", "--negative-upper", "free"}).err,
-      folder.Expand("quarvel: @a.mps: line 2: an N row that is not the objective: COST; it stays "
-                    "as a free row\n"
-                    "quarvel: @a.mps: line 8: a negative upper bound where the lower is 0: X; no "
-                    "lower bound\n"));
+      folder.Expand("quarvel: @a.mps: line 8: a negative upper bound where the lower is 0: X; no "
+                    "lower bound\n"
+                    "quarvel: @a.mps: line 2: an N row that is not the objective: COST; it stays "
+                    "as a free row\n"));
   const Outcome fixed = RunQuarvel({"info", model, "--file-columns", "fixed"});
   EXPECT_EQ(fixed.status, 1);
   EXPECT_NE(fixed.err.find("line 8: a wrong number of words"), std::string::npos) << fixed.err;

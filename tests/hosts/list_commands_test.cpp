@@ -252,12 +252,11 @@ TEST(Names, ThatDoNotExistAreReported) {
       {"row", "r", "there is no row r; did you mean R1 or R2?"},
       {"row", "x", "there is no row x; there is a column of that name"},
       {"row", "#R1", "there is no row #R1; did you mean R1?"},
-      {"row", "#2", "Quarvel.dll error: row 2 is out of range.   Rows range from 0 to 1."},
+      {"row", "#2", "there is no row #2; rows are numbered from 0 to 1"},
       {"column", "1.5", "there is no column 1.5"},
-      {"row", "2", "Quarvel.dll error: row 2 is out of range.   Rows range from 0 to 1."},
-      {"row", "-1", "Quarvel.dll error: row -1 is out of range.   Rows range from 0 to 1."},
-      {"column", "2147483647",
-       "Quarvel.dll error: column 2147483647 is out of range.   Columns range from 0 to 1."},
+      {"row", "2", "there is no row 2; rows are numbered from 0 to 1"},
+      {"row", "-1", "there is no row -1; rows are numbered from 0 to 1"},
+      {"column", "2147483647", "there is no column 2147483647; columns are numbered from 0 to 1"},
       {"column", "2147483648", "there is no column 2147483648"},
   };
   for (const auto& c : cases) {

@@ -46,6 +46,11 @@ TEST_F(LossyEdit, WritesNothingThatReadsBackAsAnotherModelUnlessToldTo) {
        "column X (number 0) has the bounds [-inf, -2], which read back as [0, -2]"},
       {{"-c", "set-bound X LO 11"},
        "column X (number 0) has the bounds [11, 10], which are reversed"},
+      {{"-c", "set-bound X UP -4", "--layout", "free"},
+       "column X (number 0) has the bounds [0, -4], which are reversed"},
+      {{"-c", "set-bound X LO 1e10", "-c", "set-bound X PL"},
+       "column X (number 0) has the bounds [10000000000, inf], which are written as FX, as which "
+       "other programs read them"},
       {{"-c", "set-row-bounds R2 2 8"},
        "row R2 (number 1) of type L has the limits [2, 8], which read back as [-inf, 8]"},
       {{"-c", "set-row-type R2 E", "-c", "set-row-bounds R2 2 8"},

@@ -24,10 +24,29 @@ TEST(Columns, LeaveLongTextWhole) {
 }
 
 TEST(BoundText, SaysWhereThereIsNone) {
-  EXPECT_EQ(BoundText(model::BoundLimit), "inf");
-  EXPECT_EQ(BoundText(-model::BoundLimit), "-inf");
-  EXPECT_EQ(BoundText(9999999999.0), "9999999999");
-  EXPECT_EQ(BoundText(1e15), "1E+15");
+  EXPECT_EQ(BoundText(AsUpper(model::BoundLimit)), "inf");
+  EXPECT_EQ(BoundText(AsLower(-model::BoundLimit)), "-inf");
+  EXPECT_EQ(BoundText(AsUpper(1e15)), "inf");
+  EXPECT_EQ(BoundText(AsLower(-1e15)), "-inf");
+  EXPECT_EQ(BoundText(AsUpper(9999999999.0)), "9999999999");
+  EXPECT_EQ(BoundText(AsUpper(1.0 / 3)), "0.333333333333333");
+  EXPECT_EQ(ExactBoundText(AsUpper(1.0 / 3)), "0.3333333333333333");
+  EXPECT_EQ(ExactBoundText(AsUpper(1e30)), "inf");
+}
+
+TEST(BoundText, IsANumberOnTheOtherSide) {
+  EXPECT_EQ(BoundText(AsLower(model::BoundLimit)), "10000000000");
+  EXPECT_EQ(BoundText(AsLower(1e15)), "1E+15");
+  EXPECT_EQ(BoundText(AsUpper(-model::BoundLimit)), "-10000000000");
+  EXPECT_EQ(ExactBoundText(AsLower(2e10)), "20000000000");
+}
+
+TEST(NumberText, IsThatOfJsonBeyondTheDoubles) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  EXPECT_EQ(NumberText(kInfinity), "inf");
+  EXPECT_EQ(NumberText(-kInfinity), "-inf");
+  EXPECT_EQ(NumberText(std::numeric_limits<double>::quiet_NaN()), "nan");
+  EXPECT_EQ(NumberText(1e10), "10000000000");
 }
 
 TEST(Counted, HasASingular) {
@@ -80,11 +99,13 @@ TEST(Json, HasTextsBeyondTheDoubles) {
 }
 
 TEST(Json, HasTextsForBoundsThatAreNone) {
-  EXPECT_EQ(Json(Bound{1e10}), "\"inf\"");
-  EXPECT_EQ(Json(Bound{-1e10}), "\"-inf\"");
-  EXPECT_EQ(Json(Bound{2e10}), "\"inf\"");
-  EXPECT_EQ(Json(Bound{9999999999.5}), "9999999999.5");
-  EXPECT_EQ(Json(Bound{-0.1}), "-0.1");
+  EXPECT_EQ(Json(AsUpper(1e10)), "\"inf\"");
+  EXPECT_EQ(Json(AsLower(-1e10)), "\"-inf\"");
+  EXPECT_EQ(Json(AsUpper(2e10)), "\"inf\"");
+  EXPECT_EQ(Json(AsLower(1e10)), "10000000000");
+  EXPECT_EQ(Json(AsUpper(-2e10)), "-20000000000");
+  EXPECT_EQ(Json(AsUpper(9999999999.5)), "9999999999.5");
+  EXPECT_EQ(Json(AsLower(-0.1)), "-0.1");
 }
 
 TEST(Json, SetsMembersApart) {

@@ -59,6 +59,20 @@ TEST_F(SelectionTest, ChoosesByBoundsAndElements) {
   EXPECT_EQ(Listed({"rows", "--empty"}), "NONE (1 of 6 rows) ");
 }
 
+TEST_F(SelectionTest, ChoosesByBoundsThatAreThere) {
+  const std::string large = folder_.Write(
+      "large.mps",
+      "ROWS\n L R\nCOLUMNS\n A R 1\n B R 1\n C R 1\nBOUNDS\n FX S A 1e30\n LO S B -2e10\n UP S B 3e10\n"
+      " LO S C 1e10\nENDATA\n");
+  EXPECT_EQ(RunQuarvel({"columns", large, "--fixed", "--json"}).out, "[\n]\n");
+  const std::string free = RunQuarvel({"columns", large, "--free", "--csv"}).out;
+  EXPECT_NE(free.find(",B,R,-inf,inf,"), std::string::npos) << free;
+  EXPECT_EQ(free.find(",C,"), std::string::npos) << free;
+  const std::string all = RunQuarvel({"columns", large, "--csv"}).out;
+  EXPECT_NE(all.find(",A,R,1E+30,inf,"), std::string::npos) << all;
+  EXPECT_NE(all.find(",C,R,10000000000,inf,"), std::string::npos) << all;
+}
+
 TEST_F(SelectionTest, TakesChoicesTogether) {
   EXPECT_EQ(Listed({"rows", "--type", "L", "--match", "N*"}), "NONE (1 of 6 rows) ");
   EXPECT_EQ(Listed({"columns", "--integer", "--free"}), "(0 of 4 columns) ");

@@ -41,6 +41,45 @@ TEST(Why, FindsNothingAtAPointThatKeepsAll) {
                                    "1E-06, relative 1E-09\n"));
 }
 
+TEST(Why, HoldsAPointToLowerBoundsHoweverLarge) {
+  const HostFolder folder;
+  const std::string model = folder.Write(
+      "a.mps",
+      "ROWS\n N R1\nCOLUMNS\n X R1 1\n Y R1 1\nBOUNDS\n LO B X 1e10\n UP B Y 1e10\nENDATA\n");
+  const Outcome run = RunQuarvel({"why", model, folder.Write("p", "X 1\nY 3e10\n")});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(
+      run.out.starts_with("column X is 1, 9999999999 less than its lower bound 10000000000\n"))
+      << run.out;
+  EXPECT_NE(run.out.find(": 1 violation: "), std::string::npos) << run.out;
+}
+
+TEST(Why, SaysThatAPointNamesNoColumn) {
+  const HostFolder folder;
+  const std::string model =
+      folder.Write("a.mps", "ROWS\n N R1\n L R2\nCOLUMNS\n X R1 1 R2 1\nENDATA\n");
+  const Outcome run = RunQuarvel({"why", model, folder.Write("p", "Z 1\n")});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(
+      run.out.starts_with("no column of the model is in the point: is it one of another?\n"))
+      << run.out;
+  EXPECT_EQ(RunQuarvel({"why", model, folder.Path("p"), "--json"}).status, 1);
+}
+
+TEST(Why, ReadsThePointFromStandardInput) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", kPointModel);
+  const Outcome run = RunQuarvel({"why", model, "-"}, "X 4\nY .5\nI 0\n");
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(RunQuarvel({"why", model, "-"}, "X 4\nY\n").err,
+            "quarvel: standard input:2: \"Y\" is not NAME VALUE or NAME=VALUE\n");
+  const Outcome twice = RunQuarvel({"why", "-", "-"}, kPointModel);
+  EXPECT_EQ(twice.status, 2);
+  EXPECT_TRUE(twice.err.starts_with("quarvel: model and point cannot both be standard input\n"))
+      << twice.err;
+  EXPECT_EQ(RunQuarvel({"evaluate", model, "R2", "--point", "-"}, "X 4\n").out, "8\n");
+}
+
 TEST(Why, TakesATolerance) {
   const HostFolder folder;
   const std::string model = folder.Write("a.mps", kPointModel);

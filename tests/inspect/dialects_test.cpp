@@ -68,7 +68,11 @@ TEST(Dialects, FindsEachThingInItsLine) {
       {File("BOUNDS\n SC A X 4\n"), "semi-continuous 11"},
       {File(
            "RHS\n R LIM 1E10\n R EQ -2e12\n R LIM 9999999999\nBOUNDS\n LO B X -1E+10\n UP B X 1E9\n"),
-       "large-number 11 12 15"},
+       "large-number 11 12 15, given-again 13"},
+      {File("RHS\n R LIM -1E10\n R COST 1E12\nBOUNDS\n LO B X 1E10\n LO B X -1\n UP B X -1E12\n"),
+       "objective-constant 12, given-again 15"},
+      {File("BOUNDS\n FX B X 1E10\n FX B X -1E10\n UP B X 1E10\n"),
+       "large-number 11 12 13, given-again 12 13"},
       {File("", ""), "missing-endata 9"},
       {File("RHS\n R LIM 4\n R LIM 3\nBOUNDS\n FR B X\n UP B X 9\n"), "given-again 12 15"},
       {File("RHS\nRANGES\n R LIM 4\n R LIM 3 EQ 1\n"), "range-again 13"},

@@ -109,6 +109,8 @@ TEST_F(LintTest, TakesSizesOfAHundredMillionForGranted) {
   EXPECT_EQ(Find(FileProblemCode::kColumnScale), Sentences{});
   build_.Row("T", 'L').Element("X", "T", 1000001);
   EXPECT_EQ(Find(FileProblemCode::kColumnScale), Sentences{"X; from 0.001 to 1000001"});
+  EXPECT_EQ(Find(FileProblemCode::kModelScale),
+            Sentences{"; from 0.001 to 1000001, in the column X"});
 }
 
 TEST_F(LintTest, FindsRowsThatAreMultiplesWhateverTheirOrder) {

@@ -1,5 +1,6 @@
 #include "inspect/solution_file.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,6 +9,8 @@
 
 #include "inspect/solution_lines.h"
 #include "platform/automation_error.h"
+#include "platform/byte_source.h"
+#include "platform/files.h"
 #include "tests/support/test_paths.h"
 #include "text/numbers.h"
 
@@ -33,12 +36,16 @@ struct ReadPoint {
   std::string complaint;  // with its line before it
 };
 
+std::unique_ptr<platform::ByteSource> BytesOfPoint(const std::string& path) {
+  return std::make_unique<platform::FileBytes>(platform::InputFile(path));
+}
+
 ReadPoint Read(std::string_view bytes) {
   const TemporaryFolder folder;
   WriteWholeFile(folder.File("point"), bytes);
   TakenValues taken;
   ReadPoint read;
-  read.file = ReadSolutionFile(folder.File("point"), taken);
+  read.file = ReadSolutionFile(BytesOfPoint(folder.File("point")), taken);
   read.values = taken.text;
   if (read.file.complaint) {
     read.complaint =
@@ -217,7 +224,7 @@ TEST(SolutionFile, SaysWhatItCannotRead) {
     std::string bytes;
     const char* complaint;
   } cases[] = {
-      {"X 1\nY\n", "2: \"Y\" is not NAME=VALUE"},
+      {"X 1\nY\n", "2: \"Y\" is not NAME VALUE or NAME=VALUE"},
       {"X 1 2\n", "1: \" 1 2\" is not a number"},
       {"X=inf\nY\n", "1: \"inf\" is not a number"},
       {"Problem:    P\nRows:       0\nColumns:    0\n", "0: there are no columns"},
@@ -267,7 +274,7 @@ TEST(SolutionFile, ReadsMoreLinesThanItIsKnownBy) {
 TEST(SolutionFile, RaisesWhatOpeningRaises) {
   const TemporaryFolder folder;
   TakenValues taken;
-  EXPECT_THROW(ReadSolutionFile(folder.File("missing"), taken), AutomationError);
+  EXPECT_THROW(ReadSolutionFile(BytesOfPoint(folder.File("missing")), taken), AutomationError);
   EXPECT_EQ(taken.text, "");
 }
 

@@ -34,7 +34,7 @@ TEST(ExactLosses, AreFewerThanThoseOfTheComponentsFile) {
   made.build.Element("Y", "R", 1e-300).Element("I", "R", 1.0 / 3);
   // The row's own list has them in the order of the columns only where they were added so.
   made.build.Element("Y", "RG", 1);
-  EXPECT_EQ(KindsOf(ExactLossesOf(made.model.store(), {})), Lines({"element-order"}));
+  EXPECT_EQ(KindsOf(ExactLossesOf(made.model.store(), {})), Lines({"reversed", "element-order"}));
   FileFacts facts;
   facts.sense = ObjectiveSense::kMaximize;
   facts.objective_constant = 4;
@@ -66,6 +66,10 @@ TEST(ExactLosses, AreNamedByTheirKind) {
       {[nan](ModelBuilder& b) { b.Column("Y", nan, 1e10); }, {"not-finite"}},
       {[](ModelBuilder& b) { b.RowWithin("T", 'G', 0, 5); }, {"row-type"}},
       {[](ModelBuilder& b) { b.Ranged("T", 5, 4); }, {"reversed"}},
+      {[](ModelBuilder& b) { b.Column("Y", 0, -4); }, {"reversed"}},
+      {[](ModelBuilder& b) { b.Column("Y", 2e10, 1e10).Column("Z", -1e10, -2e10); }, {}},
+      {[](ModelBuilder& b) { b.Column("Y", 1e10, 1e10).Column("Z", -1e10, -1e10); }, {}},
+      {[](ModelBuilder& b) { b.RowWithin("T", 'G', 2e10, 1e10); }, {}},
       {[](ModelBuilder& b) { b.Ranged("T", -1.0000000000000002, 1.0000000000000004); }, {"digits"}},
       {[](ModelBuilder& b) { b.Column("Y", 0, 1, 'B'); }, {"column-type"}},
       {[](ModelBuilder& b) { b.Row("T", 'L').Element("X", "T", 0); }, {"vanishes"}},

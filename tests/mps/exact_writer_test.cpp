@@ -125,6 +125,25 @@ TEST(ExactWriter, SaysReversedBoundsSoThatNoReaderFreesTheLowerOne) {
       std::string::npos);
 }
 
+TEST(ExactWriter, SaysOfEachBoundAloneWhereTheOtherIsNone) {
+  constexpr double kAbsent = model::BoundLimit;
+  HandMadeModel made;
+  made.build.Row("R", 'L', 4).Column("A", kAbsent, kAbsent).Integer("B", kAbsent, kAbsent);
+  made.build.Column("C", -kAbsent, -kAbsent).Column("D", 2e10, kAbsent).Column("E", 1e30, 1e30);
+  made.build.Element("A", "R", 1);
+  const std::string text = Write(made.model.store()).text;
+  EXPECT_EQ(text.substr(text.find("BOUNDS")),
+            "BOUNDS\r\n"
+            " LO BOUND     A                1e+10\r\n"
+            " LO BOUND     B                1e+10\r\n"
+            " PL BOUND     B\r\n"
+            " MI BOUND     C\r\n"
+            " UP BOUND     C               -1e+10\r\n"
+            " LO BOUND     D                2e+10\r\n"
+            " FX BOUND     E                1e+30\r\n"
+            "ENDATA\r\n");
+}
+
 TEST(ExactWriter, HasTheHeaderThatEndsTheColumnsForSomeReaders) {
   HandMadeModel made;
   made.build.Row("R", 'L').Column("X").Element("X", "R", 1);

@@ -40,6 +40,10 @@ TEST(FileProblem, IsASentence) {
             "no row of this name: PROTIEN");
   EXPECT_EQ(SentenceOf({.code = FileProblemCode::kNotNumeric, .read = "1,5"}), "not a number: 1,5");
   EXPECT_EQ(SentenceOf({.code = FileProblemCode::kNoRows}), "the model has no rows");
+  const std::string long_text(400000, 'X');
+  const std::string sentence = SentenceOf(
+      {.code = FileProblemCode::kNotKept, .item = long_text, .made = "the row " + long_text});
+  EXPECT_LT(sentence.size(), 600U);
   EXPECT_EQ(SentenceOf({.code = FileProblemCode::kFailure,
                         .item = "a.mps",
                         .failure = AutomationError(53, "", "File not found")}),

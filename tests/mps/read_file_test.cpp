@@ -110,6 +110,16 @@ TEST_F(ReadFileTest, TellsWhatIsWrongWithTheModelAsAWhole) {
   EXPECT_EQ(read.problems.CountOf(FileProblemCode::kEmptyColumn), 1);
 }
 
+TEST_F(ReadFileTest, TakesNoBoundForReversedThatHasNoOther) {
+  constexpr std::string_view kLarge =
+      "ROWS\n N  c\n G  g\nCOLUMNS\n  x c 1 g 1\n  y g 1\nRHS\n  R g 3e10\nBOUNDS\n LO B x 2e10\n"
+      " MI B y\n UP B y -2e10\nENDATA\n";
+  EXPECT_FALSE(Read(kLarge).problems.HasErrors());
+  const FileRead read = Read(kLarge, {.dialect = FileDialect::kComponent});
+  EXPECT_EQ(read.problems.CountOf(FileProblemCode::kColumnBoundsReversed), 2);
+  EXPECT_EQ(read.problems.CountOf(FileProblemCode::kRowBoundsReversed), 1);
+}
+
 TEST_F(ReadFileTest, EndsWhereItIsToldTo) {
   std::vector<std::int64_t> heard;
   const FileRead refused =

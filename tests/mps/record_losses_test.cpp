@@ -42,6 +42,12 @@ TEST(RecordLosses, NameWhatBecomesOfTheLimitsOfARow) {
        {9, 4},
        false,
        {"row T (number 0) of type R has the limits [9, 4], which are reversed"}},
+      {'G',
+       {2e10, kNone},
+       {2e10, kNone},
+       false,
+       {"row T (number 0) of type G has the limits [20000000000, inf], which the component takes "
+        "for reversed"}},
       {'N',
        {4, 9},
        {-kNone, kNone},
@@ -52,10 +58,31 @@ TEST(RecordLosses, NameWhatBecomesOfTheLimitsOfARow) {
     HandMadeModel made;
     made.build.RowWithin("T", c.type, c.limits.LowerBound, c.limits.UpperBound);
     Losses losses;
-    RecordLosses(made.model.store().data(), losses).AddLimits(1, c.back, c.changes);
+    RecordLosses(made.model.store().data(), FileLayout::kFixed, losses)
+        .AddLimits(1, c.back, c.changes);
     std::vector<std::string> sentences;
     for (const LossGroup& group : losses.groups()) sentences.push_back(group.named[0].Sentence());
     EXPECT_EQ(sentences, c.sentences);
+  }
+}
+
+TEST(RecordLosses, StopWhereWhoReadsTheFileBackDoes) {
+  constexpr double kNone = model::BoundLimit;
+  const model::ModelData data;
+  Losses losses;
+  const RecordLosses fixed(data, FileLayout::kFixed, losses);
+  const RecordLosses free(data, FileLayout::kFree, losses);
+  const struct {
+    model::Bounds bounds;
+    bool of_fixed;
+    bool of_free;
+  } cases[] = {
+      {{4, 9}, false, false},         {{9, 4}, true, true},           {{2e10, kNone}, true, false},
+      {{kNone, kNone}, false, false}, {{-kNone, -2e10}, true, false}, {{3e10, 2e10}, true, false},
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(fixed.StopsAt(c.bounds), c.of_fixed) << c.bounds.LowerBound;
+    EXPECT_EQ(free.StopsAt(c.bounds), c.of_free) << c.bounds.LowerBound;
   }
 }
 
@@ -63,7 +90,7 @@ TEST(RecordLosses, NameRecordsByTheirPublicNumbers) {
   HandMadeModel made;
   made.build.Row("A", 'L').Row("B", 'L').Column("X").Column("Y");
   Losses losses;
-  const RecordLosses told(made.model.store().data(), losses);
+  const RecordLosses told(made.model.store().data(), FileLayout::kFixed, losses);
   told.AddRow(LossKind::kEmptyRow, 2, "is so");
   told.AddColumn(LossKind::kEmptyColumn, 1, "is too");
   EXPECT_EQ(losses.groups()[0].named[0].Sentence(), "row B (number 1) is so");

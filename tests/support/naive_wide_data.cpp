@@ -12,6 +12,13 @@ namespace {
 
 bool HasWidePairs(const NaiveWords& words) { return words.size() == 3 || words.size() == 5; }
 
+// A number with a digit other than 0 before its exponent that is 0.
+bool IsTooSmall(const std::string& number, double value) {
+  if (value != 0) return false;
+  const std::string digits = number.substr(0, number.find_first_of("ED"));
+  return digits.find_first_of("123456789") != std::string::npos;
+}
+
 }  // namespace
 
 void NaiveWideReader::UseWords(const NaiveWords& words) {
@@ -41,8 +48,8 @@ void NaiveWideReader::UseRow(const NaiveWords& words) {
   if (type != "E" && type != "G" && type != "L" && type != "N") return Tell("E103");
   if (names_.rows.count(words[1]) > 0) return Tell("E104");
   if (type == "N") {
-    free_rows_.push_back(words[1]);
-    mentions_.push_back({line_number_, words[1], false, 0});
+    objective_.free_rows.push_back(words[1]);
+    objective_.mentions.push_back({line_number_, words[1], false, 0});
   }
   NaiveRecord row;
   row.Name = words[1];
@@ -81,7 +88,7 @@ void NaiveWideReader::UseColumn(const NaiveWords& words) {
   }
   for (std::size_t place = 1; place < words.size(); place += 2) {
     const auto [row, value] = ReadPair(words, place);
-    if (row != 0) CheckSize(words[place + 1], value);
+    if (row != 0 && IsTooSmall(words[place + 1], value)) Tell("W416");
     if (row == 0 || value == 0) continue;
     ++model_.NumberOfElements;
     model_.Columns.at(static_cast<std::size_t>(column - 1)).Elements.push_back({row, value});
@@ -101,15 +108,6 @@ void NaiveWideReader::CheckOrder(const std::string& name, std::int32_t column) {
   if (!is_known || stays) return;
   if (!goes_on) Tell("W419");
   if (model_.Columns.at(static_cast<std::size_t>(column - 1)).Type != column_type_) Tell("W420");
-}
-
-// A number with a digit other than 0 before its exponent that is 0.
-void NaiveWideReader::CheckSize(const std::string& number, double value) {
-  if (value != 0) return;
-  for (const char c : number) {
-    if (c == 'E' || c == 'D') return;
-    if (c >= '1' && c <= '9') return Tell("W416");
-  }
 }
 
 void NaiveWideReader::NoteGiven(const std::string& what) {
@@ -168,7 +166,7 @@ void NaiveWideReader::UseRhs(const NaiveWords& words) {
   for (std::size_t place = 1; place < words.size(); place += 2) {
     const auto [row, value] = ReadPair(words, place);
     if (row == 0) continue;
-    CheckSize(words[place + 1], value);
+    if (IsTooSmall(words[place + 1], value)) Tell("W416");
     ApplyRhs(row, value);
     NoteGiven("right-hand side of " + words[place]);
   }
@@ -176,7 +174,7 @@ void NaiveWideReader::UseRhs(const NaiveWords& words) {
 
 void NaiveWideReader::ApplyRhs(std::int32_t number, double value) {
   NaiveRecord& row = Row(number);
-  if (row.Type == "N") mentions_.push_back({line_number_, row.Name, true, value});
+  if (row.Type == "N") objective_.mentions.push_back({line_number_, row.Name, true, value});
   right_hand_sides_[number] = value;
   if (row.Type == "E" || row.Type == "G") row.LowerBound = value;
   if (row.Type == "E" || row.Type == "L") row.UpperBound = value;
@@ -194,7 +192,7 @@ void NaiveWideReader::UseRanges(const NaiveWords& words) {
   for (std::size_t place = 1; place < words.size(); place += 2) {
     const auto [row, range] = ReadPair(words, place);
     if (row == 0) continue;
-    CheckSize(words[place + 1], range);
+    if (IsTooSmall(words[place + 1], range)) Tell("W416");
     if (Row(row).Type == "N") {
       Tell("W408");
       continue;
@@ -266,7 +264,7 @@ void NaiveWideReader::ApplyBound(const NaiveWords& words) {
   const double none = code == "LO" || code == "LI" ? -1e10 : 1e10;
   if (has_value && !is_infinite && (value == none || (code == "FX" && value == -none)))
     Tell("W413");
-  if (has_value && !is_infinite) CheckSize(words[3], value);
+  if (has_value && !is_infinite && IsTooSmall(words[3], value)) Tell("W416");
   if (code == "LO" || code == "FX") column.LowerBound = value;
   if (code == "UP" || code == "FX") column.UpperBound = value;
   if (code == "MI" || code == "FR") column.LowerBound = -1e10;

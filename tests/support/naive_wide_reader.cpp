@@ -44,6 +44,12 @@ std::string WithoutBlanksAround(std::string text) {
   return text;
 }
 
+// An upper bound from 1E+10 on is none, and a lower one down from -1E+10.
+bool NothingKeepsThem(const NaiveRecord& record) {
+  return record.LowerBound > record.UpperBound && record.LowerBound > -1e10 &&
+         record.UpperBound < 1e10;
+}
+
 std::string TypeByLimits(const NaiveRecord& row) {
   const bool has_lower = row.LowerBound > -1e10;
   const bool has_upper = row.UpperBound < 1e10;
@@ -63,11 +69,9 @@ void DropNote(std::string& description) {
 }  // namespace
 
 NaiveWideReader::NaiveWideReader(const mps::ReadOptions& options, NaiveModel& model)
-    : options_(options),
-      asked_objective_(text::UpperCase(options.objective)),
-      model_(model),
-      said_columns_(options.columns),
-      columns_(options.columns) {}
+    : options_(options), model_(model), said_columns_(options.columns), columns_(options.columns) {
+  objective_.asked = text::UpperCase(options.objective);
+}
 
 void NaiveWideReader::Read(std::string_view bytes) {
   model_.DefaultToPlusMinusInfinity = options_.infinite_default_bounds;
@@ -130,7 +134,9 @@ void NaiveWideReader::UseHeader() {
   const bool wants_word = own_ == Own::kSense || own_ == Own::kObjectiveName;
   if (wants_word && !IsHeader(word)) return UseOwnWord(0);
   EndOwn();
-  if (IsHeader(word)) CheckHeader();
+  if (IsHeader(word)) {
+    for (const std::string& id : headers_.Check(word, raw_)) Tell(id);
+  }
   if (word == "NAME") return UseName();
   if (UsePlainHeader() || UseObjectiveHeader()) return;
   if (word == "LAZYCONS" || word == "USERCUTS") {
@@ -143,33 +149,6 @@ void NaiveWideReader::UseHeader() {
     Tell("W409");
   } else {
     PassOver("E121");
-  }
-}
-
-void NaiveWideReader::CheckHeader() {
-  const std::string& word = words_[0];
-  for (std::size_t at = 0; at < word.size(); ++at) {
-    if (raw_[at] < 'a' || raw_[at] > 'z') continue;
-    Tell("A317");
-    break;
-  }
-  static const std::map<std::string, std::string> kKinds = {
-      {"NAME", "NAME"},         {"ROWS", "1"},
-      {"COLUMNS", "2"},         {"RHS", "3"},
-      {"RANGES", "4"},          {"BOUNDS", "5"},
-      {"OBJSENSE", "sense"},    {"OBJSENS", "sense"},
-      {"OBJSENSEMAX", "sense"}, {"OBJSENSEMIN", "sense"},
-      {"OBJNAME", "objective"}};
-  const auto found = kKinds.find(word);
-  if (found != kKinds.end()) CheckHeaderOrder(found->second);
-}
-
-// Sections are digits in their order.
-void NaiveWideReader::CheckHeaderOrder(const std::string& what) {
-  if (!headers_.insert(what).second) return Tell("W417");
-  if (what.size() > 1) return;
-  for (const std::string& other : headers_) {
-    if (other.size() == 1 && other > what) return Tell("W418");
   }
 }
 
@@ -233,8 +212,8 @@ void NaiveWideReader::UseOwnWord(std::size_t place) {
   if (own_ == Own::kSense) {
     UseSense(words_[place]);
   } else {
-    named_objective_ = words_[place];
-    naming_line_ = line_number_;
+    objective_.named = words_[place];
+    objective_.naming_line = line_number_;
   }
   own_ = Own::kNone;
   TellRest(place + 1);
@@ -297,40 +276,8 @@ void NaiveWideReader::UseByFields() {
 void NaiveWideReader::Finish() {
   EndOwn();
   if (sense_line_ != 0) Tell("A307", sense_line_);
-  TellObjectiveName();
-  TellMentions();
+  objective_.Finish(facts, problems);
   if (open_marker_line_ != 0) Tell("W421", open_marker_line_);
-}
-
-void NaiveWideReader::TellObjectiveName() {
-  const std::string& asked = asked_objective_.empty() ? named_objective_ : asked_objective_;
-  const bool is_there = IsIn(asked, free_rows_);
-  if (is_there) {
-    facts.objective = asked;
-  } else if (!free_rows_.empty()) {
-    facts.objective = free_rows_[0];
-  }
-  if (!named_objective_.empty() && (is_there || !asked_objective_.empty())) {
-    Tell("A308", naming_line_);
-  }
-  if (!asked.empty() && !is_there) Tell("E123", asked_objective_.empty() ? naming_line_ : 0);
-}
-
-void NaiveWideReader::TellMentions() {
-  std::int64_t last = -1;
-  for (std::size_t i = 0; i < mentions_.size(); ++i) {
-    if (mentions_[i].is_rhs && mentions_[i].row == facts.objective)
-      last = static_cast<std::int64_t>(i);
-  }
-  for (std::size_t i = 0; i < mentions_.size(); ++i) {
-    const Mention& mention = mentions_[i];
-    if (mention.row != facts.objective) {
-      Tell(mention.is_rhs ? "W407" : "W405", mention.line);
-    } else if (static_cast<std::int64_t>(i) == last) {
-      Tell("A309", mention.line);
-      facts.objective_constant = mention.value == 0 ? 0 : -mention.value;
-    }
-  }
 }
 
 void NaiveWideReader::Check() {
@@ -338,11 +285,11 @@ void NaiveWideReader::Check() {
   if (model_.NumberOfColumns == 0) Tell("E202", 0);
   if (model_.NumberOfElements == 0) Tell("E203", 0);
   for (const NaiveRecord& column : model_.Columns) {
-    if (column.LowerBound > column.UpperBound) Tell("E204", 0);
+    if (NothingKeepsThem(column)) Tell("E204", 0);
     if (column.Elements.empty()) Tell("W502", 0);
   }
   for (const NaiveRecord& row : model_.Rows) {
-    if (row.LowerBound > row.UpperBound) Tell("E205", 0);
+    if (NothingKeepsThem(row)) Tell("E205", 0);
     if (row.Elements.empty()) Tell("W501", 0);
   }
   for (NaiveRecord& row : model_.Rows) {

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -15,12 +16,13 @@
 #include "mps/read_file.h"
 #include "tests/support/naive_model.h"
 #include "tests/support/naive_reader.h"
+#include "tests/support/naive_wide_headers.h"
+#include "tests/support/naive_wide_objective.h"
 #include "tests/support/naive_wide_words.h"
 
 namespace quarvel::testing {
 
-// The id of its code and its line, 0 for a problem of no line.
-using NaiveProblem = std::pair<std::string, std::int64_t>;
+using NaiveProblem = NaiveObjective::Problem;
 
 class NaiveWideReader {
  public:
@@ -37,13 +39,6 @@ class NaiveWideReader {
  private:
   // What lines stand in beside the sections.
   enum class Own { kNone, kSense, kObjectiveName, kPassedOver };
-  // Of an N row, in ROWS or in RHS.
-  struct Mention {
-    std::int64_t line;
-    std::string row;
-    bool is_rhs;
-    double value;
-  };
 
   void UseLine(const NaiveLine& line);
   bool IsDataInFirstColumn() const;
@@ -57,8 +52,6 @@ class NaiveWideReader {
   void EndOwn();
   void UseOwnWord(std::size_t place);
   void UseSense(const std::string& word);
-  void CheckHeader();
-  void CheckHeaderOrder(const std::string& what);
   void TellRest(std::size_t used);
 
   // --- data lines ---
@@ -73,7 +66,6 @@ class NaiveWideReader {
   void AddColumn(const std::string& name);
   void CheckSpelling(const std::string& name);
   void CheckOrder(const std::string& name, std::int32_t column);
-  void CheckSize(const std::string& number, double value);
   // A value of that name is given.
   void NoteGiven(const std::string& what);
   void NoteBounds(const NaiveWords& words, bool has_value);
@@ -92,14 +84,13 @@ class NaiveWideReader {
   NaiveRecord& Row(std::int32_t number);
 
   void Finish();
-  void TellObjectiveName();
-  void TellMentions();
   void Check();
-  void Tell(const std::string& id) { problems.emplace_back(id, line_number_); }
-  void Tell(const std::string& id, std::int64_t line) { problems.emplace_back(id, line); }
+  // Of the line at hand, unless it says another.
+  void Tell(const std::string& id, std::optional<std::int64_t> line = {}) {
+    problems.emplace_back(id, line.value_or(line_number_));
+  }
 
   const mps::ReadOptions options_;
-  const std::string asked_objective_;
   NaiveModel& model_;
   NaiveNames names_;
 
@@ -118,16 +109,13 @@ class NaiveWideReader {
 
   std::string column_type_ = "R";
   std::map<std::string, std::string> spellings_;  // of columns, in the last line of each
-  std::vector<std::string> free_rows_;
-  std::string named_objective_;
-  std::int64_t naming_line_ = 0;
-  std::vector<Mention> mentions_;
+  NaiveObjective objective_;
   std::map<std::int32_t, double> right_hand_sides_;
   std::map<std::int32_t, double> ranges_;
   bool has_told_ranges_first_ = false;
   bool has_rhs_ = false;
   std::set<std::string> given_;
-  std::set<std::string> headers_;
+  NaiveHeaders headers_;
   std::int64_t sense_line_ = 0;
   std::set<std::string> ordered_columns_;
   std::string last_column_;
