@@ -30,9 +30,19 @@ void RunNamed(Session& session, std::string_view what, std::int64_t number,
   }
 }
 
+// Commands that could not be read are not taken for the last ones.
+std::optional<std::string> NextLine(const Session& session) {
+  try {
+    return session.streams.read_line();
+  } catch (const AutomationError& error) {
+    throw CommandError(kProblem,
+                       std::string(kStandardInputName).append(": ").append(error.description()));
+  }
+}
+
 void RunStandardInput(Session& session) {
   std::int64_t number = 0;
-  while (const std::optional<std::string> line = session.streams.read_line()) {
+  while (const std::optional<std::string> line = NextLine(session)) {
     session.StopIfInterrupted();
     RunNamed(session, "line", ++number, *line);
   }

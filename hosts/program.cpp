@@ -7,10 +7,10 @@
 #include "hosts/completion.h"
 #include "hosts/environment.h"
 #include "hosts/help.h"
+#include "hosts/log_option.h"
 #include "hosts/session.h"
 #include "model/about.h"
 #include "platform/automation_error.h"
-#include "platform/files.h"
 #include "text/visible_text.h"
 
 namespace quarvel::hosts {
@@ -30,13 +30,7 @@ std::string Objection(const Command& command, const Arguments& arguments) {
   const bool empty = std::any_of(operands.begin(), operands.end(),
                                  [](const std::string& operand) { return operand.empty(); });
   if (empty) return "takes no empty words";
-  // A log must not go over the model that it tells about.
-  const bool log_is_model =
-      !arguments.log.empty() &&
-      std::any_of(operands.begin(), operands.end(), [&arguments](const std::string& operand) {
-        return operand == arguments.log || platform::IsSameFile(operand, arguments.log);
-      });
-  return log_is_model ? "cannot copy the log over a model" : "";
+  return arguments.log.empty() ? "" : ObjectionToLog(arguments.log, operands);
 }
 
 int RunCommand(Arguments& arguments, const Streams& streams, int& failure) {

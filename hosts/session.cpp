@@ -4,6 +4,7 @@
 
 #include "hosts/find_record.h"
 #include "hosts/input_bytes.h"
+#include "hosts/log_option.h"
 #include "hosts/loss_report.h"
 #include "hosts/output_name.h"
 #include "hosts/printing.h"
@@ -66,6 +67,7 @@ void Session::Read(const std::string& path) {
                        "--on-conflict and --simplify answer");
   }
   answers_.file_failed = false;
+  read_as_ = platform::StampBehind(path);
   const bool is_read = arguments.reads_as_component()
                            ? ReadAsComponent(path)
                            : reading_.Read(path) == mps::ReadOutcome::kRead;
@@ -106,6 +108,7 @@ bool Session::ReadAsComponent(const std::string& path) {
 
 void Session::ReadToWrite(const std::string& path) {
   const std::string& output = arguments.operands[1];
+  output_ = output;
   const std::string objection = ObjectionToOutput(output);
   if (!objection.empty()) throw CommandError(kUsage, output + ' ' + objection);
   Read(path);
@@ -142,11 +145,11 @@ void Session::TakeLog() {
   if (arguments.log.empty())
     return Note("the model was simplified; --log FILE lists what was done");
   try {
-    platform::OutputFile file(arguments.log);
-    file.Write(logs_);
-    file.Close();
+    WriteLog(arguments.log, arguments.operands[0], logs_);
   } catch (const AutomationError& error) {
-    throw CommandError(kProblem, arguments.log + ": " + error.description());
+    std::string text = arguments.log + ": " + error.description();
+    if (!output_.empty()) text.append("; ").append(output_).append(" was not written");
+    throw CommandError(kProblem, text);
   }
   Note("the simplifications are listed in " + arguments.log);
 }
@@ -154,18 +157,23 @@ void Session::TakeLog() {
 void Session::Write(const std::string& path, mps::FileLayout usual) {
   StopIfInterrupted();
   StopIfUnanswered();
-  const inspect::WriteOptions options = {.layout = arguments.layout.value_or(usual),
-                                         .allow_changes = arguments.allow_loss,
-                                         .strict = arguments.strict};
   // Under the name it was read from, a backup is kept while the file is overwritten.
   const std::string own = model_.FileLocation();
-  const bool overwrites = platform::FileExists(path) && IsSame(path, own);
+  const bool overwrites =
+      platform::FileExists(path) && IsSame(path, own) && !platform::IsNameOfOpenFile(path);
+  const inspect::WriteOptions options = {.layout = arguments.layout.value_or(usual),
+                                         .allow_changes = arguments.allow_loss,
+                                         .strict = arguments.strict,
+                                         .read_as = overwrites ? read_as_ : std::nullopt};
   const inspect::FileWrite write =
       inspect::WriteFile(model_.store(), facts(), overwrites ? own : path, options);
   if (write.outcome == inspect::WriteOutcome::kWritten || arguments.json) {
     PrintReceipt(path, options.layout, overwrites, write);
   }
   if (write.outcome != inspect::WriteOutcome::kWritten) StopUnwritten(write, path);
+  if (!write.kept.empty()) {
+    Note("a file that had the name of the backup is kept as " + write.kept);
+  }
   NoteLosses(write.receipt.losses, mps::LossWeight::kChanges, path);
   NoteLosses(write.receipt.losses, mps::LossWeight::kNoted, path);
   if (!write.fits_fixed_columns) NoteFreeColumns(options.layout, path);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,7 @@
 #include "mps/file_layout.h"
 #include "mps/loss.h"
 #include "platform/console/console_desktop.h"
+#include "platform/system_names.h"
 
 namespace quarvel::hosts {
 
@@ -89,7 +91,9 @@ class Session {
   std::string logs_;  // of all of them
   LPModel model_;
   FileReading reading_;
-  ModelSize size_;  // of what was read
+  std::optional<platform::FileStamp> read_as_;  // the file before it was read
+  ModelSize size_;                              // of what was read
+  std::string output_;                          // what is to be written, if anything is
   std::int64_t commands_ = 0;
 };
 

@@ -45,9 +45,10 @@ class OutputBuffer : public std::streambuf {
 WriteResult WriteStandardOutput(std::string_view bytes);
 // Up to so many bytes of standard input as they are; 0 at its end. Raises 57 when it cannot be read.
 std::size_t ReadStandardInput(char* buffer, std::size_t capacity);
-// Once, before anything is written: a closed pipe is an error to hear of, not the end of the
-// program.
-void PrepareStandardOutput();
+// Once, before any file is opened: a closed pipe, and a file that grows over a limit of the process, are
+// errors to hear of, not the end of the program; and no file gets the place of a standard stream that is
+// closed, which fails to be read or written as ever.
+void PrepareStandardStreams();
 // The words of the command line without the program's name.
 std::vector<std::string> CommandLineWords(int argc, const char* const* argv);
 

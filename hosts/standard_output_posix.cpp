@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <csignal>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include "hosts/standard_output.h"
@@ -31,7 +32,14 @@ std::size_t ReadStandardInput(char* buffer, std::size_t capacity) {
   return static_cast<std::size_t>(count);
 }
 
-void PrepareStandardOutput() { std::signal(SIGPIPE, SIG_IGN); }
+void PrepareStandardStreams() {
+  for (const int signal : {SIGPIPE, SIGXFSZ}) std::signal(signal, SIG_IGN);
+  // Each is opened for what is not done with it, and gets the lowest number, which is its own.
+  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (fcntl(stream, F_GETFD) != -1) continue;
+    if (open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) == -1) return;
+  }
+}
 
 std::vector<std::string> CommandLineWords(int argc, const char* const* argv) {
   if (argc < 1) return {};

@@ -77,7 +77,7 @@ std::size_t ReadStandardInput(char* buffer, std::size_t capacity) {
   RaiseRunTimeError(RunTimeError::kDeviceIoError);
 }
 
-void PrepareStandardOutput() {}
+void PrepareStandardStreams() {}
 
 // The words that the runtime hands to main are in the system's own encoding, which cannot hold
 // every name.

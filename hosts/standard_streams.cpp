@@ -18,7 +18,7 @@ WriteResult WriteStandardError(std::string_view bytes) {
 
 int RunOnStandardStreams(const std::function<std::vector<std::string>()>& words,
                          std::function<int(Session&)> view) {
-  PrepareStandardOutput();
+  PrepareStandardStreams();
   OutputBuffer out_buffer(WriteStandardOutput);
   OutputBuffer err_buffer(WriteStandardError);
   std::ostream out(&out_buffer);

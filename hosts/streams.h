@@ -17,7 +17,8 @@ namespace quarvel::hosts {
 class Session;
 
 struct Streams {
-  // The next line of standard input without its end; nothing at the end of input.
+  // The next line of standard input without its end; nothing at the end of input. Raises 57 when it cannot
+  // be read.
   std::function<std::optional<std::string>()> read_line;
   std::ostream& out;
   std::ostream& err;

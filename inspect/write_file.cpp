@@ -9,17 +9,25 @@ namespace {
 
 class ReceiptListener : public mps::SaveListener {
  public:
-  ReceiptListener(const model::ModelStore& store, const mps::FileFacts& facts, FileWrite& write)
-      : store_(store), facts_(facts), write_(write) {}
+  ReceiptListener(const model::ModelStore& store, const mps::FileFacts& facts,
+                  const WriteOptions& options, FileWrite& write)
+      : store_(store), facts_(facts), options_(options), write_(write) {}
 
   bool Accepts(platform::FileReplacement& file) override {
-    if (auto contents = file.Review()) {
-      CompareWithFile(store_, facts_, std::move(*contents), write_.receipt);
+    auto contents = file.Review();
+    // What went to the file itself is there already.
+    if (!contents) return true;
+    CompareWithFile(store_, facts_, std::move(*contents), write_.receipt);
+    if (!write_.receipt.unexpected.empty()) {
+      write_.outcome = WriteOutcome::kNotSame;
+      return false;
     }
-    if (write_.receipt.unexpected.empty()) return true;
-    write_.outcome = WriteOutcome::kNotSame;
+    if (!IsOthers(file.target())) return true;
+    write_.failure.emplace(static_cast<std::int32_t>(RunTimeError::kPermissionDenied), "",
+                           "another program has changed the file since it was read");
     return false;
   }
+  void Kept(const std::string& name) override { write_.kept = name; }
   void NothingWritten() override { write_.outcome = WriteOutcome::kNothing; }
   void Written(bool is_standard) override {
     write_.outcome = WriteOutcome::kWritten;
@@ -32,8 +40,15 @@ class ReceiptListener : public mps::SaveListener {
   }
 
  private:
+  bool IsOthers(const std::string& path) const {
+    if (!options_.read_as) return false;
+    const auto there = platform::StampUnder(path);
+    return there && there != options_.read_as;
+  }
+
   const model::ModelStore& store_;
   const mps::FileFacts& facts_;
+  const WriteOptions& options_;
   FileWrite& write_;
 };
 
@@ -57,8 +72,8 @@ FileWrite WriteFile(model::ModelStore& store, const mps::FileFacts& facts, const
     write.outcome = WriteOutcome::kLosses;
     return write;
   }
-  ReceiptListener listener(store, facts, write);
-  mps::SaveFile(store, path, options.layout, facts, listener);
+  ReceiptListener listener(store, facts, options, write);
+  mps::SaveFile(store, path, options.layout, facts, listener, mps::BackupManner::kBeside);
   return write;
 }
 

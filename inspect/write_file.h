@@ -11,6 +11,7 @@
 #include "mps/file_facts.h"
 #include "mps/file_layout.h"
 #include "platform/automation_error.h"
+#include "platform/system_names.h"
 
 namespace quarvel::inspect {
 
@@ -20,6 +21,8 @@ struct WriteOptions {
   bool allow_changes = false;
   // Writes only what reads back as it is.
   bool strict = false;
+  // The file as it was read. One that is there and is another by now is left alone: kFailed.
+  std::optional<platform::FileStamp> read_as = {};
 };
 
 enum class WriteOutcome : std::uint8_t {
@@ -35,12 +38,13 @@ struct FileWrite {
   Receipt receipt;
   // Every name and value stands where fixed columns have it.
   bool fits_fixed_columns = true;
+  std::string kept = {};  // the name that what had the name of the backup is kept under
   std::optional<AutomationError> failure = {};
   std::string notes = {};  // what the failure left in files, each note behind a line end
 };
 
 // Saves as SaveFile (mps/file_save.h) does: the old file or the new one, whole; the path becomes the
-// model's location. Unless the outcome is kWritten the file is as it was, but for what a failure leaves.
+// model's location. The backup of the model's own file stands beside it (mps/backup.h). Unless the outcome is kWritten the file is as it was, but for what a failure leaves.
 // What cannot be replaced (a pipe, a device) is written without being read again.
 // Cost: of finding what is lost, the write and a read; while that goes on, twice the memory of the model.
 FileWrite WriteFile(model::ModelStore& store, const mps::FileFacts& facts, const std::string& path,

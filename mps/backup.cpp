@@ -20,9 +20,14 @@ using platform::NameKind;
 // Where the line that ends a model is looked for; what follows it is no part of the model.
 constexpr std::uint64_t kEndOfModel = 4096;
 
-std::string BackupName(const std::string& path) {
+std::string BackupName(const std::string& path, BackupManner manner) {
   const std::size_t point = path.rfind('.');
-  return (point == std::string::npos ? path : path.substr(0, point + 1)) + "bkp";
+  const bool has_point = point != std::string::npos;
+  if (manner == BackupManner::kComponent) {
+    return (has_point ? path.substr(0, point + 1) : path) + "bkp";
+  }
+  const bool has_extension = has_point && point > platform::NameStart(path);
+  return (has_extension ? path.substr(0, point) : path) + ".bkp";
 }
 
 // A line whose first word is ENDATA, in any case.
@@ -51,7 +56,8 @@ std::string NumberedName(const std::string& name, int number) {
 
 }  // namespace
 
-Backup::Backup(const std::string& path) : path_(path), name_(BackupName(path)) {}
+Backup::Backup(const std::string& path, BackupManner manner)
+    : path_(path), manner_(manner), name_(BackupName(path, manner)) {}
 
 void Backup::Make() {
   const auto there = platform::AskAboutName(name_);
@@ -59,11 +65,13 @@ void Backup::Make() {
   const bool is_own = name_ == path_ || (is_file && platform::IsSameFile(name_, path_));
   // A new file of that name has nothing to be kept.
   if (name_ == path_ && !there) return;
+  if (manner_ == BackupManner::kBeside && !platform::AskAboutName(platform::FinalName(path_)))
+    return;
   const auto copy = platform::CopyBeside(path_, name_);
   if (is_own) {
     TakeFreeName(*copy);
   } else {
-    if (is_file && there->stamp.size > 0) KeepBetter(*copy);
+    if (is_file && !MayGo(there->stamp, *copy)) Keep();
     if (!copy->TakeName(name_)) {
       RaiseRunTimeError(there && there->kind == NameKind::kFolder
                             ? RunTimeError::kPathFileAccessError
@@ -81,10 +89,15 @@ void Backup::TakeFreeName(platform::TemporaryFile& copy) {
   }
 }
 
-void Backup::KeepBetter(platform::TemporaryFile& copy) {
+bool Backup::MayGo(const platform::FileStamp& there, platform::TemporaryFile& copy) const {
+  if (there.size == 0) return true;
+  if (!platform::IsUntouchedCopy(there)) return false;
   const std::string tail = copy.LastBytes(kEndOfModel);
-  if (IsWholeModel(tail)) return;
-  if (!tail.empty() && !IsWholeModel(platform::LastBytes(name_, kEndOfModel))) return;
+  if (IsWholeModel(tail)) return true;
+  return !tail.empty() && !IsWholeModel(platform::LastBytes(name_, kEndOfModel));
+}
+
+void Backup::Keep() {
   for (int number = 1; kept_.empty(); ++number) {
     std::string kept = NumberedName(name_, number);
     if (platform::RenameToFree(name_, kept)) kept_ = std::move(kept);

@@ -1,15 +1,16 @@
 // The copy of a model's own file that stands beside it while the file is saved.
 //
-// Its name is the file's with "bkp" for the last extension ("model.bkp" of "model.mps"); a point in
-// a folder's name is taken as well, and a path without a point gets "bkp" at its end. It takes that
-// name when it is complete, in place of what had the name; a link of that name is replaced, not
-// followed. It can be read by nobody who cannot read the file.
+// Its name is the file's with "bkp" for the last extension ("model.bkp" of "model.mps"). It takes that
+// name when it is complete; a link of that name is replaced, not followed. It can be read by nobody who
+// cannot read the file.
 //
-// Two things are not replaced. Where the file itself is empty, or does not end as a model does, and
-// a backup stands there that is better, that one is kept as "model.bkp.1" (the first number that is
-// free). And where the file has the backup's name itself, the backup gets such a name.
+// A file that has the name already is kept as "model.bkp.1" (the first number that is free), unless it
+// is a backup that an earlier save has left, which nobody has written to since, and is no better than
+// the file: one is better when the file is empty, or does not end as a model does, and it is whole.
+// And where the file has the backup's name itself, the backup gets such a name.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -18,9 +19,19 @@
 
 namespace quarvel::mps {
 
+// What a save does with the backup of the model's own file.
+enum class BackupManner : std::uint8_t {
+  // As the component: a point in a folder's name counts as that of an extension, and a path without a
+  // point gets "bkp" at its end. A file that is gone cannot be saved. The backup stays after a failure.
+  kComponent,
+  // It stands beside the file, whatever the folders are called, and a name without extension gets ".bkp".
+  // A file that is gone is made anew. The backup stays only where the file is not what it was.
+  kBeside,
+};
+
 class Backup {
  public:
-  explicit Backup(const std::string& path);
+  Backup(const std::string& path, BackupManner manner);
 
   // Raises when the copy cannot be made; what had the name then has it still.
   void Make();
@@ -29,17 +40,20 @@ class Backup {
   // Has the file hold the copy's contents again; false when that fails. The copy stays.
   bool Restore() noexcept;
 
+  bool is_made() const { return stamp_.has_value(); }
   // Made, and still there.
   bool IsThere() const;
   const std::string& name() const { return name_; }
-  // The name of a better backup that was kept; empty when there was none.
+  // The name that what had this one is kept under; empty when nothing was.
   const std::string& kept() const { return kept_; }
 
  private:
   void TakeFreeName(platform::TemporaryFile& copy);
-  void KeepBetter(platform::TemporaryFile& copy);
+  bool MayGo(const platform::FileStamp& there, platform::TemporaryFile& copy) const;
+  void Keep();
 
   std::string path_;
+  BackupManner manner_;
   std::string name_;
   std::string kept_;
   std::optional<platform::FileStamp> stamp_;

@@ -5,7 +5,6 @@
 #include <string_view>
 #include <utility>
 
-#include "mps/backup.h"
 #include "mps/exact_writer.h"
 #include "mps/mps_writer.h"
 #include "platform/files.h"
@@ -27,6 +26,7 @@ constexpr std::string_view kHasNew =
 constexpr std::string_view kOldContents = "\r\nWhat it held before is in ";
 constexpr std::string_view kNewContents = "\r\nWhat it was to hold is in ";
 constexpr std::string_view kOlderBackup = "\r\nAn older backup is kept as ";
+constexpr std::string_view kNoBackup = "\r\nThis backup of it could not be made: ";
 
 void RemoveSilently(const std::string& path) {
   try {
@@ -61,8 +61,9 @@ class ModelWriter {
 // One save, and what becomes of it when it fails.
 class SaveJob {
  public:
-  SaveJob(model::ModelStore& store, const std::string& path, SaveListener& listener)
-      : store_(store), given_path_(path), listener_(listener) {}
+  SaveJob(model::ModelStore& store, const std::string& path, SaveListener& listener,
+          BackupManner manner)
+      : store_(store), given_path_(path), listener_(listener), manner_(manner) {}
 
   // False when the listener did not accept what was written.
   bool Run(FileLayout layout, const FileFacts& facts);
@@ -71,9 +72,12 @@ class SaveJob {
   void Fail(const AutomationError& failure);
 
  private:
+  void BackUp();
   bool WriteFile(std::optional<ModelWriter>& writer);
   void NoteWritten();
   void Restore();
+  // False when the file is not what it was.
+  bool IsAsBefore();
   // Whether another process has saved the file after this one.
   bool IsOthers() const;
   bool RestoreOwnFile();
@@ -82,6 +86,7 @@ class SaveJob {
   model::ModelStore& store_;
   const std::string& given_path_;
   SaveListener& listener_;
+  BackupManner manner_;
   std::string path_;  // a copy, as a host may do anything while a box is shown
   std::optional<Backup> backup_;
   std::optional<platform::FileReplacement> replacement_;
@@ -95,16 +100,27 @@ bool SaveJob::Run(FileLayout layout, const FileFacts& facts) {
   // Its memory is taken before any file is touched.
   std::optional<ModelWriter> writer;
   if (data.NumberOfElements != 0) writer.emplace(store_, layout, facts);
-  if (path_ == data.FileLocation) backup_.emplace(path_).Make();
+  if (path_ == data.FileLocation && !platform::IsNameOfOpenFile(path_)) BackUp();
   const bool is_accepted = WriteFile(writer);
   if (is_accepted && !writer) {
     listener_.NothingWritten();
     return true;
   }
+  if (is_accepted && backup_ && !backup_->kept().empty()) listener_.Kept(backup_->kept());
   if (is_accepted) listener_.Written(writer->is_standard());
   if (backup_) backup_->Delete();
   if (is_accepted) store_.settings().FileLocation = std::move(path_);
   return is_accepted;
+}
+
+void SaveJob::BackUp() {
+  backup_.emplace(path_, manner_);
+  try {
+    backup_->Make();
+  } catch (const AutomationError&) {
+    if (manner_ == BackupManner::kBeside) AddNote(kNoBackup, backup_->name());
+    throw;
+  }
 }
 
 // Without a writer the file is empty then.
@@ -138,19 +154,25 @@ void SaveJob::Fail(const AutomationError& failure) {
 }
 
 void SaveJob::Restore() {
-  if (replacement_ && replacement_->contents() != Contents::kOld) {
-    const bool is_restored = backup_ && RestoreOwnFile();
-    const std::string kept = replacement_->kept();
-    if (!is_restored) {
-      if (replacement_->contents() == Contents::kIncomplete) notes_ += kIncomplete;
-      if (replacement_->contents() == Contents::kNew && !IsOthers()) notes_ += kHasNew;
-      if (!kept.empty()) AddNote(kNewContents, kept);
-    } else if (!kept.empty()) {
-      replacement_.reset();
-      RemoveSilently(kept);
-    }
+  const bool is_as_before = IsAsBefore();
+  if (!backup_) return;
+  if (is_as_before && manner_ == BackupManner::kBeside) backup_->Delete();
+  if (!backup_->kept().empty()) AddNote(kOlderBackup, backup_->kept());
+}
+
+bool SaveJob::IsAsBefore() {
+  if (!replacement_ || replacement_->contents() == Contents::kOld) return true;
+  const bool is_restored = backup_ && backup_->is_made() && RestoreOwnFile();
+  const std::string kept = replacement_->kept();
+  if (!is_restored) {
+    if (replacement_->contents() == Contents::kIncomplete) notes_ += kIncomplete;
+    if (replacement_->contents() == Contents::kNew && !IsOthers()) notes_ += kHasNew;
+    if (!kept.empty()) AddNote(kNewContents, kept);
+  } else if (!kept.empty()) {
+    replacement_.reset();
+    RemoveSilently(kept);
   }
-  if (backup_ && !backup_->kept().empty()) AddNote(kOlderBackup, backup_->kept());
+  return is_restored;
 }
 
 bool SaveJob::IsOthers() const {
@@ -174,10 +196,12 @@ void SaveJob::AddNote(std::string_view note, const std::string& name) {
 
 bool SaveListener::Accepts(platform::FileReplacement&) { return true; }
 
+void SaveListener::Kept(const std::string&) {}
+
 SaveResult SaveFile(model::ModelStore& store, const std::string& path, FileLayout layout,
-                    const FileFacts& facts, SaveListener& listener) {
+                    const FileFacts& facts, SaveListener& listener, BackupManner manner) {
   if (path.empty()) return SaveResult::kNotSaved;
-  SaveJob job(store, path, listener);
+  SaveJob job(store, path, listener, manner);
   std::optional<AutomationError> failure;
   try {
     return job.Run(layout, facts) ? SaveResult::kSaved : SaveResult::kNotSaved;

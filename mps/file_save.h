@@ -7,6 +7,7 @@
 #include <string>
 
 #include "model/model_store.h"
+#include "mps/backup.h"
 #include "mps/file_facts.h"
 #include "mps/file_layout.h"
 #include "platform/automation_error.h"
@@ -25,6 +26,8 @@ class SaveListener {
   virtual bool Accepts(platform::FileReplacement& file);
   // There are no coefficients; the file is empty now.
   virtual void NothingWritten() = 0;
+  // What had the name of the backup before has that name now.
+  virtual void Kept(const std::string& name);
   // The file is there, its backup too. `is_standard`: every field stands where fixed columns have it.
   virtual void Written(bool is_standard) = 0;
   // `notes`: what there is to say of the files, each note behind a line end.
@@ -35,6 +38,7 @@ class SaveListener {
 // saved: an empty path, what the listener did not accept, or a failure it has heard of. The facts are
 // written by the free layout alone.
 SaveResult SaveFile(model::ModelStore& store, const std::string& path, FileLayout layout,
-                    const FileFacts& facts, SaveListener& listener);
+                    const FileFacts& facts, SaveListener& listener,
+                    BackupManner manner = BackupManner::kComponent);
 
 }  // namespace quarvel::mps

@@ -77,6 +77,12 @@ std::string_view Describe(RunTimeError number) {
 
 void RaiseRunTimeError(RunTimeError number) { throw MakeRunTimeError(number); }
 
+void RaiseRunTimeError(RunTimeError number, std::string_view reason) {
+  std::string description(Describe(number));
+  description.append(": ").append(reason);
+  throw AutomationError(static_cast<std::int32_t>(number), "", std::move(description));
+}
+
 void RaiseGuarded() {
   try {
     throw;

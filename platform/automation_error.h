@@ -70,6 +70,8 @@ std::span<const RunTimeErrorText> RunTimeErrorTable();
 std::string_view Describe(RunTimeError number);
 
 [[noreturn]] void RaiseRunTimeError(RunTimeError number);
+// The same with `reason` behind the description: "Disk full: ...".
+[[noreturn]] void RaiseRunTimeError(RunTimeError number, std::string_view reason);
 
 // The exception being handled as an AutomationError: itself, or kOutOfMemory for a failed
 // allocation, or kInternalError for anything else. Without memory for that it is kOutOfMemory. Call

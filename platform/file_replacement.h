@@ -9,7 +9,7 @@
 // or rights that a new file cannot be given, or one that the system does not let go (on Windows,
 // what somebody has open). The new contents are then complete under the temporary name before the
 // file is touched. Where no temporary file can be made, and for what is no plain file (a device, a
-// pipe), they are written to the file itself from the start.
+// pipe, what a process has open), they are written to the file itself from the start.
 #pragma once
 
 #include <optional>

@@ -19,6 +19,7 @@ struct FileTraits {
   std::uint64_t links = 1;
   // Its mode; on Windows its attributes.
   std::uint32_t mode = 0;
+  std::int64_t time = 0;  // when its contents were written last, as FileStamp has it
   std::uint32_t owner = 0;
   std::uint32_t group = 0;
   // Its access control list and the user's own attributes; on Windows one security descriptor

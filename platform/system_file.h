@@ -24,7 +24,7 @@ class SystemFile {
   static SystemFile OpenForReading(const std::string& path);
   // The same where nobody writes in place meanwhile; else 70.
   static SystemFile OpenUndisturbed(const std::string& path);
-  // Creates the file or empties it.
+  // Creates the file or empties it; what is named as an open file (system_names.h) is gone on with.
   static SystemFile OpenForWriting(const std::string& path);
   // For writing over what a file holds, which stays until then.
   static SystemFile OpenExisting(const std::string& path);
@@ -60,6 +60,8 @@ class SystemFile {
   FileTraits Traits() const;
   // Gives the file those traits; false when not all of them can be given.
   bool TakeTraits(const FileTraits& like);
+  // Has its contents count as written then, in the unit of a FileStamp; false when the system does not.
+  bool SetTime(std::int64_t time);
   // Deletes its name, while it is open, of a file that CreateNew made.
   void RemoveName();
 
@@ -82,6 +84,11 @@ std::optional<SystemFileInfo> AskSystemAbout(const std::string& path);
 
 // Raises the general error of the system's last failure, which happened while working on `path`.
 [[noreturn]] void RaiseSystemError(const std::string& path);
+
+// What is said beside the general error where the system tells more than that.
+inline constexpr std::string_view kTooLarge =
+    "the file grows over a limit of this process or of the file system";
+inline constexpr std::string_view kLockedByOthers = "another program has locked the file";
 
 // Raises 75 for an empty name and 52 for one that no system can have.
 void CheckFileName(const std::string& path);

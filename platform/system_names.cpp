@@ -13,4 +13,12 @@ std::optional<FileStamp> StampUnder(const std::string& path) {
   }
 }
 
+std::optional<FileStamp> StampBehind(const std::string& path) {
+  try {
+    return StampUnder(FinalName(path));
+  } catch (const AutomationError&) {
+    return std::nullopt;
+  }
+}
+
 }  // namespace quarvel::platform

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <exception>
+#include <string_view>
 #include <utility>
 
 #include "platform/automation_error.h"
 #include "platform/system_file.h"
-#include "platform/system_names.h"
 
 namespace quarvel::platform {
 namespace {
@@ -15,6 +15,12 @@ namespace {
 constexpr int kMostSlots = 1000;
 // With what stands around it, shorter than any file system's limit.
 constexpr std::size_t kLongestName = 100;
+
+// The part of its second in which a copy seems to be written, in the unit of a FileStamp.
+constexpr std::int64_t kSecond = 10'000'000;
+constexpr std::int64_t kCopyPart = 4'718'281;
+
+constexpr std::string_view kBeforeSlot = ".quarvel-";
 
 // Cut where a character begins.
 std::string Shortened(std::string name) {
@@ -28,11 +34,19 @@ std::string Shortened(std::string name) {
 // Temporary names without their number.
 std::string Stem(const std::string& beside, const std::string& named_after) {
   const std::string name = Shortened(named_after.substr(NameStart(named_after)));
-  return beside.substr(0, NameStart(beside)) + "." + name + ".quarvel-";
+  return beside.substr(0, NameStart(beside)).append(".").append(name).append(kBeforeSlot);
 }
 
 std::string Slot(const std::string& stem, int number) {
   return stem + std::to_string(number) + "~";
+}
+
+// Of a path that begins with the stem.
+bool IsSlot(const std::string& path, const std::string& stem) {
+  const std::string_view rest = std::string_view(path).substr(stem.size());
+  const auto is_digit = [](char c) { return c >= '0' && c <= '9'; };
+  return rest.size() > 1 && rest.back() == '~' &&
+         std::all_of(rest.begin(), rest.end() - 1, is_digit);
 }
 
 }  // namespace
@@ -66,12 +80,10 @@ bool TemporaryFile::HasOwnerOf(const FileTraits& file) {
 
 void TemporaryFile::ClearAbandoned() const noexcept {
   try {
-    // The numbers below its own were all taken. From the last one down, so that what stays when this
-    // fails in the middle stands below the number of the next file.
-    for (int number = slot_ - 1; number >= 0; --number) RemoveAbandoned(Slot(stem_, number));
-    int number = slot_ + 1;
-    while (number < kMostSlots && RemoveAbandoned(Slot(stem_, number)) != Abandoned::kNone) {
-      ++number;
+    // Those below its own number were all there; others are found where the folder can be read.
+    for (int number = 0; number < slot_; ++number) RemoveAbandoned(Slot(stem_, number));
+    for (const std::string& path : PathsThatBeginWith(stem_)) {
+      if (path != path_ && IsSlot(path, stem_)) RemoveAbandoned(path);
     }
   } catch (const std::exception&) {
     // A good save stays good.
@@ -125,6 +137,14 @@ void TemporaryFile::Renamed() {
 
 void TemporaryFile::FlushName() const { FlushFolder(folder_); }
 
+bool IsTemporaryName(const std::string& path) {
+  const std::size_t before = path.rfind(kBeforeSlot);
+  return before != std::string::npos && path[NameStart(path)] == '.' &&
+         IsSlot(path, path.substr(0, before + kBeforeSlot.size()));
+}
+
+bool IsUntouchedCopy(const FileStamp& stamp) { return stamp.time % kSecond == kCopyPart; }
+
 std::unique_ptr<TemporaryFile> CopyBeside(const std::string& file, const std::string& name) {
   SystemFile input = SystemFile::OpenUndisturbed(file);
   const FileTraits traits = input.Traits();
@@ -132,6 +152,9 @@ std::unique_ptr<TemporaryFile> CopyBeside(const std::string& file, const std::st
   copy->ClearAbandoned();
   copy->output().Append(input, input.Size());
   static_cast<void>(copy->TakeTraits(traits));
+  copy->output().Flush();
+  static_cast<void>(
+      copy->output().system_file().SetTime(traits.time / kSecond * kSecond + kCopyPart));
   copy->Complete();
   return copy;
 }

@@ -4,7 +4,8 @@
 // Temporary names stand beside the name to be taken: ".model.mps.quarvel-0~" for "model.mps", the
 // number being the first whose name is free. A name is never written to or followed when something
 // stands there already. A process that ends leaves its file; ClearAbandoned of the next file that is
-// made for the same name deletes it, while the file of a process that still runs stays.
+// made for the same name deletes it, while the file of a process that still runs stays. So no file of
+// another origin should have such a name.
 #pragma once
 
 #include <cstdint>
@@ -14,6 +15,7 @@
 
 #include "platform/file_traits.h"
 #include "platform/files.h"
+#include "platform/system_names.h"
 
 namespace quarvel::platform {
 
@@ -68,8 +70,16 @@ class TemporaryFile {
   bool is_kept_ = false;
 };
 
+// Whether a file of that path would be taken for a temporary one, and cleared.
+bool IsTemporaryName(const std::string& path);
+
 // A complete copy of the file, beside `name`. As readable as the file, or by this user alone where
 // not all of its traits can be kept. Raises 70 where somebody is writing the file in place.
 std::unique_ptr<TemporaryFile> CopyBeside(const std::string& file, const std::string& name);
+
+// Whether that file is such a copy, and nobody has written to it since: it bears the second in which the
+// file was written, with a part of a second that tells it from all but one in ten million others. False
+// also where the file system keeps no times as exact as that.
+bool IsUntouchedCopy(const FileStamp& stamp);
 
 }  // namespace quarvel::platform

@@ -37,15 +37,17 @@ void AppendEscape(std::string& out, const Character& character) {
   }
 }
 
-// The bytes of the line end at the front, 0 when there is none.
-std::size_t LineEndSize(std::string_view text) {
+// The bytes of the line end at the front, 0 when there is none that is not escaped.
+std::size_t LineEndSize(std::string_view text, LineEnds line_ends) {
+  if (line_ends == LineEnds::kEscaped) return 0;
   if (text.starts_with("\r\n")) return 2;
-  return text.front() == '\r' || text.front() == '\n' ? 1 : 0;
+  const bool is_alone = text.front() == '\r' || text.front() == '\n';
+  return is_alone && line_ends == LineEnds::kKept ? 1 : 0;
 }
 
 // Appends what stands at the front and gives its size.
 std::size_t AppendVisible(std::string& out, std::string_view text, LineEnds line_ends) {
-  const std::size_t line_end = line_ends == LineEnds::kEscaped ? 0 : LineEndSize(text);
+  const std::size_t line_end = LineEndSize(text, line_ends);
   if (line_end != 0) {
     out += line_ends == LineEnds::kKept ? '\n' : ' ';
     return line_end;

@@ -14,16 +14,15 @@
 
 namespace quarvel::text {
 
-// CR LF, LF and CR all end a line.
 enum class LineEnds {
   kEscaped,  // like every other control character
-  kBlank,    // one blank for each
-  kKept,     // one LF for each
+  kBlank,    // one blank for each CR LF; an LF or CR alone is escaped
+  kKept,     // one LF for each CR LF, LF and CR
 };
 
 std::string VisibleText(std::string_view text, LineEnds line_ends = LineEnds::kEscaped);
 
-// Words of our own with foreign ones in them, for one line of a terminal.
+// Words of our own, whose lines end in CR LF, with foreign ones in them, for one line of a terminal.
 inline std::string OneLine(std::string_view text) { return VisibleText(text, LineEnds::kBlank); }
 
 // The character at the front of a text that is not empty. A byte that begins no valid one is a

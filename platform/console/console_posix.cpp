@@ -1,5 +1,6 @@
 #ifndef _WIN32
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <iostream>
@@ -7,6 +8,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include "platform/automation_error.h"
 #include "platform/console/console_system.h"
 
 namespace quarvel::platform::console {
@@ -42,13 +44,18 @@ void WriteError(std::string_view text) {
 
 std::optional<std::string> ReadInputLine() {
   std::string line;
-  if (std::getline(std::cin, line)) {
+  const bool has_line = static_cast<bool>(std::getline(std::cin, line));
+  const int code = errno;
+  // The stream gives out the start of a line whose rest could not be read.
+  const bool has_failed = std::ferror(stdin) != 0;
+  if (has_line && !has_failed) {
     if (line.ends_with('\r')) line.pop_back();
     return line;
   }
-  // An interrupted read looks like the end of input, but a later question may still be answered.
+  // After the end, or an interrupted read, a later question may still be answered.
   std::cin.clear();
   std::clearerr(stdin);
+  if (has_failed && code != EINTR) RaiseRunTimeError(RunTimeError::kDeviceIoError);
   return std::nullopt;
 }
 

@@ -27,7 +27,7 @@ bool OutputTakesColors();
 void WriteError(std::string_view text);
 
 // The next line of standard input as UTF-8, without its end; nothing at the end of input, which a
-// Ctrl-C at a waiting terminal counts as too.
+// Ctrl-C at a waiting terminal counts as too. Raises 57 when it cannot be read to the end of a line.
 std::optional<std::string> ReadInputLine();
 
 // While one of these lives, the first Ctrl-C is only noted; the next one ends the program as ever.

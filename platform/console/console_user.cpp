@@ -5,6 +5,7 @@
 #include <charconv>
 #include <vector>
 
+#include "platform/automation_error.h"
 #include "platform/console/console_controls.h"
 #include "platform/console/console_text.h"
 #include "text/visible_text.h"
@@ -85,7 +86,12 @@ std::optional<std::string> ConsoleUser::Ask(std::string_view prompt) {
   if (!present_) return std::nullopt;
   progress_.Erase();
   WriteError(prompt);
-  auto line = read_line_();
+  std::optional<std::string> line;
+  try {
+    line = read_line_();
+  } catch (const AutomationError&) {
+    // A terminal that is gone answers no more, like one whose user has ended the input.
+  }
   // Nobody pressed Enter, so the terminal still stands behind the prompt.
   if (!line) WriteError("\n");
   return line;

@@ -14,6 +14,7 @@
 
 #include <windows.h>
 
+#include "platform/automation_error.h"
 #include "platform/console/console_system.h"
 #include "text/encoding.h"
 
@@ -106,8 +107,13 @@ void WriteError(std::string_view text) {
 std::optional<std::string> ReadInputLine() {
   if (InputIsTerminal()) return ReadFromConsole();
   std::string line;
-  if (!std::getline(std::cin, line)) {
+  const bool has_line = static_cast<bool>(std::getline(std::cin, line));
+  // The stream gives out the start of a line whose rest could not be read.
+  const bool has_failed = std::ferror(stdin) != 0;
+  if (!has_line || has_failed) {
     std::cin.clear();
+    std::clearerr(stdin);
+    if (has_failed) RaiseRunTimeError(RunTimeError::kDeviceIoError);
     return std::nullopt;
   }
   if (line.ends_with('\r')) line.pop_back();

@@ -72,7 +72,10 @@ void CreateFolders(const std::string& path) {
 
 }  // namespace
 
-void RaiseSystemError(const std::string& path) { RaiseRunTimeError(ErrorOf(errno, path)); }
+void RaiseSystemError(const std::string& path) {
+  if (errno == EFBIG) RaiseRunTimeError(kDiskFull, kTooLarge);
+  RaiseRunTimeError(ErrorOf(errno, path));
+}
 
 void SetSystemError(FileFault fault) {
   switch (fault) {

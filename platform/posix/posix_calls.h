@@ -2,7 +2,12 @@
 #pragma once
 
 #include <cerrno>
+#include <csignal>
+#include <cstdint>
+#include <ctime>
 #include <string>
+
+#include <sys/stat.h>
 
 #include "platform/file_watch.h"
 
@@ -12,6 +17,35 @@ template <typename Call>
 auto RetryInterrupted(Call call) {
   auto result = call();
   while (result == -1 && errno == EINTR) result = call();
+  return result;
+}
+
+inline constexpr std::int64_t kTicksOfSecond = 10'000'000;  // of a FileStamp
+inline constexpr std::int64_t kNanosecondsOfTick = 100;
+
+// When its contents were written last.
+inline std::int64_t TimeOf(const struct stat& status) {
+  return status.st_mtim.tv_sec * kTicksOfSecond + status.st_mtim.tv_nsec / kNanosecondsOfTick;
+}
+
+// Makes a call that lets a file grow. Over the limit that a process may have for that, it fails; the signal
+// that comes with that, and ends a process that knows nothing of it, is held back from this thread and
+// dropped.
+template <typename Call>
+auto CallThatGrows(Call call) {
+  sigset_t signal;
+  sigset_t before;
+  sigemptyset(&signal);
+  sigaddset(&signal, SIGXFSZ);
+  pthread_sigmask(SIG_BLOCK, &signal, &before);
+  const auto result = RetryInterrupted(call);
+  const int code = errno;
+  if (result == -1 && code == EFBIG) {
+    constexpr timespec kNoWait = {};
+    sigtimedwait(&signal, nullptr, &kNoWait);
+  }
+  pthread_sigmask(SIG_SETMASK, &before, nullptr);
+  errno = code;
   return result;
 }
 

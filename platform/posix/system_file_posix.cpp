@@ -1,6 +1,7 @@
 // Open files on POSIX systems that have 64 bits wide file offsets.
 #include <algorithm>
 #include <cerrno>
+#include <charconv>
 #include <ctime>
 #include <string>
 #include <string_view>
@@ -13,8 +14,10 @@
 #include <unistd.h>
 
 #include "platform/automation_error.h"
+#include "platform/files.h"
 #include "platform/posix/posix_calls.h"
 #include "platform/system_file.h"
+#include "platform/system_names.h"
 
 namespace quarvel::platform {
 namespace {
@@ -43,7 +46,9 @@ void LockAgainstOthers(std::intptr_t handle, int lock, const std::string& path) 
   constexpr timespec kPause = {0, 5'000'000};
   for (int tries = 1; TryLock(ToDescriptor(handle), lock, path) == LockAnswer::kHeldByAnother;
        ++tries) {
-    if (tries == kMostTries) RaiseRunTimeError(RunTimeError::kPermissionDenied);
+    if (tries == kMostTries) {
+      RaiseRunTimeError(RunTimeError::kPermissionDenied, kLockedByOthers);
+    }
     nanosleep(&kPause, nullptr);
   }
 }
@@ -100,6 +105,19 @@ bool GiveAttributes(int descriptor, const FileTraits& like) {
          errno == ENOTSUP;
 }
 
+// A file that this process has open is gone on with where it is; one of another process, at its end.
+int GoOnWithOpenFile(const std::string& name) {
+  const std::string number = name.substr(NameStart(name));
+  if (!IsSameFile(FolderOf(name), "/proc/self/fd"))
+    return OpenDescriptor(name, O_WRONLY | O_APPEND);
+  int descriptor = -1;
+  std::from_chars(number.data(), number.data() + number.size(), descriptor);
+  const int own =
+      MakeCall(FileCall::kOpen, name, [&] { return fcntl(descriptor, F_DUPFD_CLOEXEC, 0); });
+  if (own == -1) RaiseSystemError(name);
+  return own;
+}
+
 }  // namespace
 
 int OpenDescriptor(const std::string& path, int flags) {
@@ -133,7 +151,8 @@ SystemFile SystemFile::OpenUndisturbed(const std::string& path) { return OpenFor
 
 SystemFile SystemFile::OpenForWriting(const std::string& path) {
   SystemFile file(path);
-  file.handle_ = OpenDescriptor(path, O_WRONLY | O_CREAT | O_TRUNC);
+  file.handle_ = IsNameOfOpenFile(path) ? GoOnWithOpenFile(FinalName(path))
+                                        : OpenDescriptor(path, O_WRONLY | O_CREAT | O_TRUNC);
   return file;
 }
 
@@ -185,7 +204,7 @@ void SystemFile::Write(std::string_view bytes) {
     std::size_t wanted = std::min(bytes.size(), kLargestTransfer);
     if (IsTransferRefused(FileCall::kWrite, path_, wanted)) RaiseSystemError(path_);
     const ssize_t count =
-        RetryInterrupted([&] { return write(ToDescriptor(handle_), bytes.data(), wanted); });
+        CallThatGrows([&] { return write(ToDescriptor(handle_), bytes.data(), wanted); });
     if (count == -1) RaiseSystemError(path_);
     bytes.remove_prefix(static_cast<std::size_t>(count));
   }
@@ -211,8 +230,8 @@ void SystemFile::Reserve(std::uint64_t size) {
   const auto reserve = [&] {
     return fallocate(ToDescriptor(handle_), FALLOC_FL_KEEP_SIZE, 0, length);
   };
-  if (MakeCall(FileCall::kResize, path_, reserve) == 0) return;
-  if (errno == ENOSPC || errno == EDQUOT) RaiseSystemError(path_);
+  if (!IsRefused(FileCall::kResize, path_) && CallThatGrows(reserve) == 0) return;
+  if (errno == ENOSPC || errno == EDQUOT || errno == EFBIG) RaiseSystemError(path_);
 }
 
 void SystemFile::CutOff(std::uint64_t size) {
@@ -241,6 +260,7 @@ FileTraits SystemFile::Traits() const {
   return {.is_plain = S_ISREG(status.st_mode),
           .links = status.st_nlink,
           .mode = status.st_mode & kAllModeBits,
+          .time = TimeOf(status),
           .owner = status.st_uid,
           .group = status.st_gid,
           .attributes = AttributesOf(ToDescriptor(handle_))};
@@ -258,6 +278,14 @@ bool SystemFile::TakeTraits(const FileTraits& like) {
   if (!GiveAttributes(descriptor, like)) return false;
   // A file system without rights of its own does not let them be set, even to what they are.
   return (own.st_mode & kAllModeBits) == like.mode || fchmod(descriptor, like.mode) == 0;
+}
+
+bool SystemFile::SetTime(std::int64_t time) {
+  const timespec contents = {.tv_sec = time / kTicksOfSecond,
+                             .tv_nsec = time % kTicksOfSecond * kNanosecondsOfTick};
+  const timespec times[] = {{.tv_sec = 0, .tv_nsec = UTIME_OMIT}, contents};
+  const auto set = [&] { return futimens(ToDescriptor(handle_), times); };
+  return MakeCall(FileCall::kSetTraits, path_, set) == 0;
 }
 
 void SystemFile::RemoveName() {

@@ -2,11 +2,16 @@
 #include <cerrno>
 #include <climits>
 #include <cstdio>
+#include <memory>
 #include <string>
+#include <string_view>
 
+#include <dirent.h>
 #include <fcntl.h>
+#include <linux/magic.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/vfs.h>
 #include <unistd.h>
 
 #include "platform/automation_error.h"
@@ -43,7 +48,7 @@ NameKind KindOf(mode_t mode) {
 }
 
 FileStamp StampOf(const struct stat& status) {
-  return {status.st_dev, status.st_ino, static_cast<std::uint64_t>(status.st_size)};
+  return {status.st_dev, status.st_ino, static_cast<std::uint64_t>(status.st_size), TimeOf(status)};
 }
 
 // A file that was made here and abandoned: this user's, plain, without a second name.
@@ -65,6 +70,39 @@ bool ForbidsTaking(int code) {
   return code == EACCES || code == EPERM || code == EBUSY || code == EXDEV || code == ETXTBSY;
 }
 
+struct CloseFolder {
+  void operator()(DIR* folder) const { closedir(folder); }
+};
+
+// Links among what the system tells of processes lead to what a process has open, and not by a path.
+bool IsOpenFile(const std::string& link) {
+  struct statfs status = {};
+  return statfs(FolderOf(link).c_str(), &status) == 0 && status.f_type == PROC_SUPER_MAGIC;
+}
+
+struct Followed {
+  std::string name;
+  bool is_open_file = false;
+};
+
+Followed Follow(const std::string& path) {
+  std::string name = path;
+  std::string target(PATH_MAX, '\0');
+  for (int link = 0; link < kMostLinks; ++link) {
+    const ssize_t size = MakeCall(
+        FileCall::kAsk, name, [&] { return readlink(name.c_str(), target.data(), target.size()); });
+    if (size == -1) {
+      if (errno != EINVAL && errno != ENOENT && errno != ENOTDIR) RaiseSystemError(name);
+      return {.name = name};
+    }
+    if (IsOpenFile(name)) return {.name = name, .is_open_file = true};
+    const std::string next = target.substr(0, static_cast<std::size_t>(size));
+    name = next.starts_with('/') ? next : FolderOf(name).append("/").append(next);
+  }
+  errno = ELOOP;
+  RaiseSystemError(path);
+}
+
 // The way of file systems that cannot rename without replacing.
 bool RenameAfterLook(const std::string& from, const std::string& to) {
   if (AskAboutName(to)) return false;
@@ -84,22 +122,9 @@ std::optional<NamedFile> AskAboutName(const std::string& path) {
   return std::nullopt;
 }
 
-std::string FinalName(const std::string& path) {
-  std::string name = path;
-  std::string target(PATH_MAX, '\0');
-  for (int link = 0; link < kMostLinks; ++link) {
-    const ssize_t size = MakeCall(
-        FileCall::kAsk, name, [&] { return readlink(name.c_str(), target.data(), target.size()); });
-    if (size == -1) {
-      if (errno != EINVAL && errno != ENOENT && errno != ENOTDIR) RaiseSystemError(name);
-      return name;
-    }
-    const std::string next = target.substr(0, static_cast<std::size_t>(size));
-    name = next.starts_with('/') ? next : FolderOf(name).append("/").append(next);
-  }
-  errno = ELOOP;
-  RaiseSystemError(path);
-}
+std::string FinalName(const std::string& path) { return Follow(path).name; }
+
+bool IsNameOfOpenFile(const std::string& path) { return Follow(path).is_open_file; }
 
 std::optional<FileTraits> AskForWriting(const std::string& path) {
   CheckFileName(path);
@@ -110,9 +135,11 @@ std::optional<FileTraits> AskForWriting(const std::string& path) {
     return std::nullopt;
   }
   // Opening a pipe waits for who reads it, and who reads it would see it closed again.
-  if (!S_ISREG(status.st_mode)) return FileTraits{};
+  if (!S_ISREG(status.st_mode) || IsNameOfOpenFile(path)) return FileTraits{};
   return SystemFile::OpenExisting(path).Traits();
 }
+
+bool IsSameName(const std::string& a, const std::string& b) { return a == b; }
 
 std::size_t NameStart(const std::string& path) { return path.rfind('/') + 1; }
 
@@ -141,6 +168,20 @@ Abandoned RemoveAbandoned(const std::string& path) {
   if (!IsNameOf(path, status)) return Abandoned::kNone;
   const auto remove = [&] { return unlink(path.c_str()); };
   return MakeCall(FileCall::kRemove, path, remove) == 0 ? Abandoned::kRemoved : Abandoned::kStays;
+}
+
+std::vector<std::string> PathsThatBeginWith(const std::string& start) {
+  std::vector<std::string> paths;
+  const std::string folder = FolderOf(start);
+  if (IsRefused(FileCall::kAsk, folder)) return paths;
+  const std::unique_ptr<DIR, CloseFolder> opened(opendir(folder.c_str()));
+  if (!opened) return paths;
+  const std::string_view first = std::string_view(start).substr(NameStart(start));
+  while (const dirent* const entry = readdir(opened.get())) {
+    const std::string_view name = entry->d_name;
+    if (name.starts_with(first)) paths.push_back(start + std::string(name.substr(first.size())));
+  }
+  return paths;
 }
 
 void FlushFolder(const std::string& folder) {

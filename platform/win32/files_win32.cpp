@@ -13,8 +13,9 @@ namespace {
 
 using enum RunTimeError;
 
-// ERROR_DISK_QUOTA_EXCEEDED, which not every compiler's headers have.
+// ERROR_DISK_QUOTA_EXCEEDED and ERROR_FILE_TOO_LARGE, which not every compiler's headers have.
 constexpr DWORD kDiskQuotaExceeded = 1295;
+constexpr DWORD kFileTooLarge = 223;
 
 bool IsFolder(const std::string& path) {
   const auto info = AskSystemAbout(path);
@@ -32,8 +33,6 @@ RunTimeError ErrorOf(DWORD code, const std::string& path) {
       return kPathNotFound;
     case ERROR_ACCESS_DENIED:
       return IsFolder(path) ? kPathFileAccessError : kPermissionDenied;
-    case ERROR_SHARING_VIOLATION:
-    case ERROR_LOCK_VIOLATION:
     case ERROR_WRITE_PROTECT:
     case ERROR_USER_MAPPED_FILE:
       return kPermissionDenied;
@@ -80,7 +79,14 @@ std::optional<FileIdentity> IdentityOf(const std::string& path) {
 
 }  // namespace
 
-void RaiseSystemError(const std::string& path) { RaiseRunTimeError(ErrorOf(GetLastError(), path)); }
+void RaiseSystemError(const std::string& path) {
+  const DWORD code = GetLastError();
+  if (code == kFileTooLarge) RaiseRunTimeError(kDiskFull, kTooLarge);
+  if (code == ERROR_SHARING_VIOLATION || code == ERROR_LOCK_VIOLATION) {
+    RaiseRunTimeError(kPermissionDenied, kLockedByOthers);
+  }
+  RaiseRunTimeError(ErrorOf(code, path));
+}
 
 void SetSystemError(FileFault fault) {
   switch (fault) {

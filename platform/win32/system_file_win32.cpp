@@ -213,12 +213,21 @@ FileTraits SystemFile::Traits() const {
   traits.is_plain = true;
   traits.links = info.nNumberOfLinks;
   traits.mode = info.dwFileAttributes;
+  traits.time = TimeOf(info);
   traits.attributes.push_back({{}, DescriptorOf(ToHandle(handle_))});
   return traits;
 }
 
 // It has had them since CreateNew.
 bool SystemFile::TakeTraits(const FileTraits&) { return !IsRefused(FileCall::kSetTraits, path_); }
+
+bool SystemFile::SetTime(std::int64_t time) {
+  const auto ticks = static_cast<std::uint64_t>(time);
+  const FILETIME contents = {.dwLowDateTime = static_cast<DWORD>(ticks),
+                             .dwHighDateTime = static_cast<DWORD>(ticks >> 32)};
+  return !IsRefused(FileCall::kSetTraits, path_) &&
+         SetFileTime(ToHandle(handle_), nullptr, nullptr, &contents) != 0;
+}
 
 void SystemFile::RemoveName() {
   FILE_DISPOSITION_INFO deleted = {TRUE};

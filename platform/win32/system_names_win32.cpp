@@ -1,5 +1,7 @@
 // Names and what stands under them on Windows.
+#include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/automation_error.h"
 #include "platform/file_watch.h"
@@ -7,6 +9,7 @@
 #include "platform/system_file.h"
 #include "platform/system_names.h"
 #include "platform/win32/system_path.h"
+#include "text/upper_case.h"
 
 namespace quarvel::platform {
 namespace {
@@ -31,6 +34,10 @@ bool IsLink(HANDLE file, DWORD attributes) {
   return info.ReparseTag == IO_REPARSE_TAG_SYMLINK || info.ReparseTag == IO_REPARSE_TAG_MOUNT_POINT;
 }
 
+struct CloseSearch {
+  void operator()(HANDLE search) const { FindClose(search); }
+};
+
 NameKind KindOf(HANDLE file, DWORD attributes) {
   if (IsLink(file, attributes)) return NameKind::kLink;
   return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? NameKind::kFolder : NameKind::kFile;
@@ -38,7 +45,7 @@ NameKind KindOf(HANDLE file, DWORD attributes) {
 
 FileStamp StampOf(const BY_HANDLE_FILE_INFORMATION& info) {
   return {info.dwVolumeSerialNumber, Joined(info.nFileIndexHigh, info.nFileIndexLow),
-          Joined(info.nFileSizeHigh, info.nFileSizeLow)};
+          Joined(info.nFileSizeHigh, info.nFileSizeLow), TimeOf(info)};
 }
 
 // A file that was made here and abandoned: plain, without a second name.
@@ -94,6 +101,8 @@ std::string FinalName(const std::string& path) {
   return ToUtf8(std::wstring_view(name).substr(0, count));
 }
 
+bool IsNameOfOpenFile(const std::string&) { return false; }
+
 std::optional<FileTraits> AskForWriting(const std::string& path) {
   CheckFileName(path);
   const std::wstring name = SystemPath(path);
@@ -114,6 +123,10 @@ std::optional<FileTraits> AskForWriting(const std::string& path) {
     if (is_link && error.run_time_error() == RunTimeError::kFileNotFound) return FileTraits{};
     throw;
   }
+}
+
+bool IsSameName(const std::string& a, const std::string& b) {
+  return text::UpperCase(a) == text::UpperCase(b);
 }
 
 std::size_t NameStart(const std::string& path) { return path.find_last_of("/\\:") + 1; }
@@ -143,6 +156,22 @@ Abandoned RemoveAbandoned(const std::string& path) {
       CanBeAbandoned(file.get()) && !IsRefused(FileCall::kRemove, path) &&
       SetFileInformationByHandle(file.get(), FileDispositionInfo, &deleted, sizeof deleted) != 0;
   return is_removed ? Abandoned::kRemoved : Abandoned::kStays;
+}
+
+std::vector<std::string> PathsThatBeginWith(const std::string& start) {
+  std::vector<std::string> paths;
+  if (IsRefused(FileCall::kAsk, FolderOf(start))) return paths;
+  WIN32_FIND_DATAW found = {};
+  const HANDLE search = FindFirstFileW((SystemPath(start) + L'*').c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return paths;
+  const std::unique_ptr<void, CloseSearch> closes(search);
+  const std::string folder = start.substr(0, NameStart(start));
+  do {
+    std::string path = folder + ToUtf8(found.cFileName);
+    // The system also compares the short names that it gives to long ones.
+    if (path.starts_with(start)) paths.push_back(std::move(path));
+  } while (FindNextFileW(search, &found) != 0);
+  return paths;
 }
 
 // Renaming has written the names through.

@@ -27,6 +27,12 @@ inline HANDLE ToHandle(std::intptr_t handle) { return reinterpret_cast<HANDLE>(h
 // The two halves of a number as the system gives it.
 inline std::uint64_t Joined(DWORD high, DWORD low) { return (std::uint64_t{high} << 32) | low; }
 
+// When the contents of the file were written last, in the unit of a FileStamp.
+inline std::int64_t TimeOf(const BY_HANDLE_FILE_INFORMATION& info) {
+  const FILETIME& time = info.ftLastWriteTime;
+  return static_cast<std::int64_t>(Joined(time.dwHighDateTime, time.dwLowDateTime));
+}
+
 // A handle that is closed again; nothing more is wanted of it, so failures do not matter.
 class ScopedFileHandle {
  public:

@@ -139,8 +139,10 @@ Ended FaultSweep::Meet(const std::string& faults) {
   folder_.Lay();
   const Ended ended = folder_.Save(faults);
   CheckFiles(faults, ended);
+  CheckForeignFile(faults);
   if (ended.signal == 0) CheckTruth(faults, ended);
   CheckNextSave(faults);
+  CheckForeignFile(faults);
   return ended;
 }
 
@@ -177,6 +179,18 @@ void FaultSweep::CheckFiles(const std::string& faults, const Ended& ended) {
   if (backup && backup != Bytes(kStale) && backup != old_content_) {
     Tell(tally_.disorder, faults, "the backup is torn; " + Described(ended));
   }
+}
+
+// What had the backup's name before is nothing of the program's.
+void FaultSweep::CheckForeignFile(const std::string& faults) {
+  const auto& files = folder_.way().files;
+  const auto before = files.find(folder_.way().backup);
+  if (before == files.end()) return;
+  const auto names = folder_.Names();
+  const bool is_there = std::any_of(names.begin(), names.end(), [&](const std::string& name) {
+    return folder_.Content(name) == Bytes(before->second);
+  });
+  if (!is_there) Tell(tally_.disorder, faults, "a file that had the backup's name is gone");
 }
 
 void FaultSweep::CheckTruth(const std::string& faults, const Ended& ended) {

@@ -54,6 +54,7 @@ class FaultSweep {
   // Whether the file may be torn, because nothing could take its place: there is a whole copy then.
   bool MayBeTorn(const std::string& faults) const;
   void CheckFiles(const std::string& faults, const Ended& ended);
+  void CheckForeignFile(const std::string& faults);
   void CheckTruth(const std::string& faults, const Ended& ended);
   void CheckNextSave(const std::string& faults);
   bool IsOld() const;

@@ -1,5 +1,15 @@
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <sstream>
+#include <utility>
+
 #include <gtest/gtest.h>
 
+#include "hosts/program.h"
+#include "platform/automation_error.h"
+#include "platform/files.h"
+#include "tests/support/file_faults.h"
 #include "tests/support/run_quarvel.h"
 
 namespace quarvel {
@@ -232,6 +242,102 @@ TEST_F(EditTest, ListsWhatEachOfItsSimplificationsDid) {
                                                     "Converted row R2 into variable bound\r\n"
                                                     "Log file for simplification of @a.mps\r\n"
                                                     "Removed empty row:  L R3\r\n"));
+}
+
+// Runs `edit file file` with commands on standard input, each line of which `next` gives.
+Outcome EditOwn(const std::string& file, const std::function<std::optional<std::string>()>& next) {
+  std::ostringstream out;
+  std::ostringstream err;
+  const Words words = {"edit", file, file};
+  const int status = hosts::RunProgram(words, {next, out, err, false});
+  return {status, out.str(), err.str()};
+}
+
+TEST_F(EditTest, WritesNothingWhenItsCommandsCannotBeRead) {
+  const std::string file = folder_.Write("a.mps", kSmallModel);
+  bool is_first = true;
+  const Outcome run = EditOwn(file, [&]() -> std::optional<std::string> {
+    if (std::exchange(is_first, false)) return "set-bound X UP 4";
+    RaiseRunTimeError(RunTimeError::kDeviceIoError);
+  });
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err, "quarvel: standard input: Device I/O error\n");
+  EXPECT_EQ(folder_.Read("a.mps"), kSmallModel);
+}
+
+TEST_F(EditTest, LeavesAFileThatAnotherProgramHasChangedMeanwhile) {
+  const std::string file = folder_.Write("a.mps", kSmallModel);
+  const Outcome run = EditOwn(file, [&]() -> std::optional<std::string> {
+    folder_.Write("a.mps", kConflictModel);
+    return std::nullopt;
+  });
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err,
+            folder_.Expand("quarvel: @a.mps: another program has changed the file since it "
+                           "was read\nquarvel: @a.mps was not written\n"));
+  EXPECT_EQ(folder_.Read("a.mps"), kConflictModel);
+  EXPECT_FALSE(folder_.Has("a.bkp"));
+}
+
+TEST_F(EditTest, MakesAFileAnewThatWasRemovedMeanwhile) {
+  const std::string file = folder_.Write("a.mps", kSmallModel);
+  const Outcome run = EditOwn(file, [&]() -> std::optional<std::string> {
+    platform::RemoveFile(file);
+    return std::nullopt;
+  });
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_TRUE(folder_.Read("a.mps").ends_with("ENDATA\r\n"));
+}
+
+TEST_F(EditTest, KeepsTheBackupBesideTheFileAndOthersAsTheyAre) {
+  const struct {
+    const char* file;
+    const char* backup;
+  } cases[] = {
+      {"y.d/model", "y.d/model.bkp"}, {"y.d/m.mps", "y.d/m.bkp"}, {"y.d/.m", "y.d/.m.bkp"}};
+  std::filesystem::create_directory(folder_.Path("y.d"));
+  folder_.Write("y.bkp", "a thesis");
+  for (const auto& [name, backup] : cases) {
+    const std::string file = folder_.Write(name, kSmallModel);
+    folder_.Write(backup, "notes");
+    const Outcome run = RunQuarvel({"edit", file, file, "-c", "set-bound X UP 4"});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.err,
+              folder_.Expand("quarvel: a file that had the name of the backup is kept as @" +
+                             std::string(backup) + ".1\n"));
+    EXPECT_FALSE(folder_.Has(backup)) << name;
+    EXPECT_EQ(folder_.Read(std::string(backup) + ".1"), "notes");
+  }
+  EXPECT_EQ(folder_.Read("y.bkp"), "a thesis");
+}
+
+TEST_F(EditTest, NamesTheBackupThatCannotBeMade) {
+  const std::string file = folder_.Write("a.mps", kSmallModel);
+  std::filesystem::create_directory(folder_.Path("a.bkp"));
+  const Outcome run = RunQuarvel({"edit", file, file, "-c", "set-bound X UP 4"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err,
+            folder_.Expand("quarvel: @a.mps: Path/File access error This backup of it could "
+                           "not be made: @a.bkp\nquarvel: @a.mps was not written\n"));
+  EXPECT_EQ(folder_.Read("a.mps"), kSmallModel);
+}
+
+TEST_F(EditTest, LeavesNoBackupOfAFileThatItLeftAsItWas) {
+  const std::string file = folder_.Write("a.mps", kSmallModel);
+  for (int call = 1; call < 200; ++call) {
+    FileFaults faults(FaultKind::kDeviceError, call);
+    const Outcome run = RunQuarvel({"edit", file, file, "-c", "set-bound X UP 10"});
+    platform::SetFileWatch(nullptr);
+    if (run.status == 0) break;
+    if (folder_.Read("a.mps") != kSmallModel) continue;
+    const bool stays = folder_.Has("a.bkp");
+    // Only what could not be deleted stays.
+    EXPECT_FALSE(stays) << call << run.err;
+    if (stays) platform::RemoveFile(folder_.Path("a.bkp"));
+  }
+  EXPECT_FALSE(folder_.Has("a.bkp"));
 }
 
 }  // namespace

@@ -275,7 +275,8 @@ TEST(Simplify, ReportsALogThatCannotBeCopied) {
   const Outcome run = RunQuarvel({"simplify", folder.Example("ranges.mps"), folder.Path("out.mps"),
                                   "--log", folder.Path("no/copy.log")});
   EXPECT_EQ(run.status, 1);
-  EXPECT_TRUE(run.err.ends_with(folder.Expand("quarvel: @no/copy.log: Path not found\n")));
+  EXPECT_TRUE(run.err.ends_with(
+      folder.Expand("quarvel: @no/copy.log: Path not found; @out.mps was not written\n")));
   EXPECT_FALSE(folder.Has("out.mps"));
 }
 

@@ -1,13 +1,16 @@
 // What replacing a file keeps on a POSIX system, and what it does not follow.
 #ifndef _WIN32
 
+#include <csignal>
 #include <filesystem>
 #include <set>
 #include <string>
+#include <vector>
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <sys/xattr.h>
@@ -121,6 +124,113 @@ TEST(FileReplacementPosix, WritesADeviceItself) {
   Rewrite("/dev/null");
   EXPECT_TRUE(S_ISCHR(StatusUnder("/dev/null").st_mode));
   EXPECT_EQ(FailureOf([] { Rewrite("/dev/full"); }), 61);
+}
+
+TEST(FileReplacementPosix, GoesOnWithWhatIsOpenWhateverItIsCalled) {
+  const TemporaryFolder folder;
+  const std::string path = folder.File("all.txt");
+  const int own = open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+  ASSERT_EQ(write(own, "first ", 6), 6);
+  const std::string number = std::to_string(own);
+  fs::create_symlink("/proc/self/fd/" + number, folder.File("link"));
+  const std::vector<std::string> names = {"/proc/self/fd/" + number, folder.File("link"),
+                                          "/proc/" + std::to_string(getpid()) + "/fd/" + number};
+  for (const std::string& name : names) {
+    EXPECT_TRUE(IsNameOfOpenFile(name)) << name;
+    Rewrite(name);
+  }
+  ASSERT_EQ(write(own, " last", 5), 5);
+  close(own);
+  EXPECT_EQ(ReadWholeFile(path), "first newnewnew last");
+  EXPECT_FALSE(IsNameOfOpenFile(path));
+  EXPECT_FALSE(IsNameOfOpenFile(folder.File("missing")));
+  EXPECT_EQ(CountNames(folder), 2u);
+}
+
+TEST(FileReplacementPosix, WritesBehindWhatAnotherProcessHasOpen) {
+  const TemporaryFolder folder;
+  const std::string path = folder.File("all.txt");
+  WriteWholeFile(path, "first ");
+  int ends[2] = {};
+  ASSERT_EQ(pipe(ends), 0);
+  const pid_t child = fork();
+  if (child == 0) {
+    const int opened = open(path.c_str(), O_WRONLY);
+    char byte = opened >= 0 && dup2(opened, 100) == 100 ? 'y' : 'n';
+    close(ends[0]);
+    if (write(ends[1], &byte, 1) == 1) pause();
+    _exit(0);
+  }
+  char byte = 0;
+  ASSERT_EQ(read(ends[0], &byte, 1), 1);
+  ASSERT_EQ(byte, 'y');
+  EXPECT_EQ(FailureOf([&] { Rewrite("/proc/" + std::to_string(child) + "/fd/100"); }), 0);
+  kill(child, SIGKILL);
+  EXPECT_EQ(waitpid(child, nullptr, 0), child);
+  close(ends[0]);
+  close(ends[1]);
+  EXPECT_EQ(ReadWholeFile(path), "first new");
+}
+
+// Files of this process may not grow beyond so many bytes, for a scope.
+class SizeLimit {
+ public:
+  explicit SizeLimit(rlim_t bytes) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit = {bytes, before_.rlim_max};
+    EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+  }
+  ~SizeLimit() { setrlimit(RLIMIT_FSIZE, &before_); }
+  SizeLimit(const SizeLimit&) = delete;
+  SizeLimit& operator=(const SizeLimit&) = delete;
+
+ private:
+  rlimit before_ = {};
+};
+
+TEST(FileReplacementPosix, OutlivesAFileThatGrowsOverTheLimit) {
+  const TemporaryFolder folder;
+  const std::string path = folder.File("model.mps");
+  const std::string text(300'000, 'x');
+  for (const bool in_place : {false, true}) {
+    WriteWholeFile(path, "old");
+    if (in_place) fs::create_hard_link(path, folder.File("second"));
+    const auto handler = std::signal(SIGXFSZ, SIG_DFL);
+    std::string told;
+    try {
+      const SizeLimit limit(100'000);
+      FileReplacement replacement(path);
+      replacement.output().Write(text);
+      replacement.Commit();
+    } catch (const AutomationError& error) {
+      told = error.description();
+    }
+    // The signal waits for nobody.
+    sigset_t waiting;
+    sigpending(&waiting);
+    EXPECT_EQ(sigismember(&waiting, SIGXFSZ), 0);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(told, "Disk full: the file grows over a limit of this process or of the file system");
+    EXPECT_EQ(ReadWholeFile(path), "old");
+    EXPECT_EQ(CountNames(folder), in_place ? 2u : 1u);
+  }
+}
+
+TEST(FileReplacementPosix, TellsOfALock) {
+  const TemporaryFolder folder;
+  const std::string path = folder.File("model.mps");
+  WriteWholeFile(path, "old");
+  const int other = open(path.c_str(), O_RDWR | O_CLOEXEC);
+  ASSERT_EQ(flock(other, LOCK_EX), 0);
+  std::string told;
+  try {
+    const InputFile file(path);
+  } catch (const AutomationError& error) {
+    EXPECT_EQ(error.number(), 70);
+    told = error.description();
+  }
+  close(other);
+  EXPECT_EQ(told, "Permission denied: another program has locked the file");
 }
 
 TEST(FileReplacementPosix, FollowsNoPlantedNames) {

@@ -110,7 +110,7 @@ TEST(FileReplacement, SaysWhatIsWrongWithTheName) {
 TEST(FileReplacement, LeavesAFileThatMayNotBeWritten) {
   const TemporaryFolder folder;
   WriteWholeFile(folder.File("file"), "old");
-  FileFaults faults(FaultKind::kNotPermitted, 2);  // asked about, opened
+  FileFaults faults(FaultKind::kNotPermitted, 2);  // asked about, then followed or opened
   EXPECT_EQ(FailureOf([&] { const FileReplacement replacement(folder.File("file")); }), 70);
   EXPECT_EQ(ReadWholeFile(folder.File("file")), "old");
 }
@@ -150,10 +150,15 @@ TEST(FileReplacement, ClearsWhatEndedProcessesLeftButNothingElse) {
   WriteWholeFile(folder.File(".model.mps.quarvel-1~"), "left");
   WriteWholeFile(folder.File(".model.mps.quarvel-2~"), "left");
   WriteWholeFile(folder.File(".model.mps.quarvel-5~"), "after a gap");
-  WriteWholeFile(folder.File(".other.mps.quarvel-0~"), "another's");
+  WriteWholeFile(folder.File(".model.mps.quarvel-1700~"), "after a long gap");
+  const FileNames others = {".other.mps.quarvel-0~",  ".model.mps.quarvel-~",
+                            ".model.mps.quarvel-1x~", ".model.mps.quarvel-2",
+                            ".model.mps.quarvel-",    "model.mps.quarvel-0~"};
+  for (const std::string& name : others) WriteWholeFile(folder.File(name), "another's");
   Replace(path, "new");
-  EXPECT_EQ(NamesIn(folder), (FileNames{"model.mps", ".model.mps.quarvel-0~",
-                                        ".model.mps.quarvel-5~", ".other.mps.quarvel-0~"}));
+  FileNames expected = others;
+  expected.insert({"model.mps", ".model.mps.quarvel-0~"});
+  EXPECT_EQ(NamesIn(folder), expected);
   EXPECT_EQ(ReadWholeFile(path), "new");
 }
 
@@ -212,6 +217,33 @@ TEST(ReplaceByCopy, HasTheFileHoldWhatTheOtherHolds) {
     EXPECT_EQ(ReadWholeFile(folder.File(name)), text);
   }
   EXPECT_EQ(NamesIn(folder), (FileNames{"from", "there", "missing"}));
+}
+
+TEST(IsTemporaryName, IsTrueOfWhatTheNextSaveClears) {
+  for (const char* const name :
+       {".m.mps.quarvel-0~", "a/.m.quarvel-12~", ".quarvel-a.quarvel-3~"}) {
+    EXPECT_TRUE(IsTemporaryName(name)) << name;
+  }
+  for (const char* const name :
+       {"m.mps.quarvel-0~", ".m.mps.quarvel-~", ".m.mps.quarvel-0", ".m.mps~", ""}) {
+    EXPECT_FALSE(IsTemporaryName(name)) << name;
+  }
+}
+
+TEST(IsUntouchedCopy, IsFalseOfOtherFilesAndOfACopyThatWasWrittenTo) {
+  const TemporaryFolder folder;
+  const std::string path = folder.File("model.mps");
+  const std::string copy = folder.File("copy");
+  const auto is_copy = [&](const std::string& name) {
+    const auto stamp = StampUnder(name);
+    return stamp && IsUntouchedCopy(*stamp);
+  };
+  WriteWholeFile(path, "text");
+  EXPECT_FALSE(is_copy(path));
+  ASSERT_TRUE(CopyBeside(path, copy)->TakeName(copy));
+  EXPECT_TRUE(is_copy(copy));
+  WriteWholeFile(copy, "text");
+  EXPECT_FALSE(is_copy(copy));
 }
 
 TEST(RenameToFree, ReplacesNothing) {

@@ -112,7 +112,7 @@ TEST(SimplificationLog, HearsOfALogThatCouldNotBeWritten) {
   SimplifySession session;
   AddEmptyColumn(session);
   const SmallFiles limit;
-  EXPECT_EQ(session.FailureOfSimplify(), 57);
+  EXPECT_EQ(session.FailureOfSimplify(), 61);
   EXPECT_TRUE(session.desktop.boxes().empty());
 }
 

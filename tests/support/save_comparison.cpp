@@ -249,11 +249,15 @@ std::string SaveComparison::CompareFiles(const SavePlan& plan, bool refused) con
   if (refused && plan.own_file) kept_backup = kOldFile;
   std::set<std::string> expected = {"model.mps"};
   if (!kept_backup.empty()) expected.insert("model.bkp");
+  // A file that had the backup's name, and is none, is kept.
+  const bool is_moved = plan.old_backup && plan.own_file;
+  if (is_moved) expected.insert("model.bkp.1");
   std::set<std::string> found;
   for (const auto& entry : std::filesystem::directory_iterator(ToPath(folder_.path()))) {
     found.insert(entry.path().filename().string());
   }
   if (!refused && found != expected) return "another number of files is left";
+  if (is_moved && ReadWholeFile(backup_ + ".1") != kOldBackup) return "a foreign file is lost";
   if (kept_backup.empty()) return "";
   return ReadWholeFile(backup_) == kept_backup ? "" : "the backup holds something else";
 }

@@ -42,8 +42,8 @@ TEST(VisibleText, ShowsWhatSteersATerminalAsEscapes) {
 
 TEST(VisibleText, TreatsLineEndsAsItIsTold) {
   constexpr std::string_view kText = "a\r\n\r\nb\n\rc\r\x1b";
-  EXPECT_EQ(VisibleText(kText, LineEnds::kBlank), "a  b  c \\x1B");
-  EXPECT_EQ(OneLine(kText), "a  b  c \\x1B");
+  EXPECT_EQ(VisibleText(kText, LineEnds::kBlank), "a  b\\x0A\\x0Dc\\x0D\\x1B");
+  EXPECT_EQ(OneLine(kText), "a  b\\x0A\\x0Dc\\x0D\\x1B");
   EXPECT_EQ(VisibleText(kText, LineEnds::kKept), "a\n\nb\n\nc\n\\x1B");
   EXPECT_EQ(VisibleText("\xC2\x85\xE2\x80\xA8", LineEnds::kKept), "\\u0085\\u2028");
 }

@@ -1,0 +1,54 @@
+#include "hosts/log_option.h"
+
+#include <algorithm>
+
+#include "hosts/input_bytes.h"
+#include "hosts/made_file.h"
+#include "mps/backup.h"
+#include "platform/automation_error.h"
+#include "platform/files.h"
+#include "platform/log_file.h"
+#include "platform/system_names.h"
+#include "platform/temporary_file.h"
+
+namespace quarvel::hosts {
+namespace {
+
+// Whether one of two files would be the other, if it is not already.
+bool WouldBeSame(const std::string& a, const std::string& b) {
+  if (IsSameFile(a, b)) return true;
+  try {
+    const std::string first = platform::FinalName(a);
+    const std::string second = platform::FinalName(b);
+    return platform::IsSameName(first.substr(platform::NameStart(first)),
+                                second.substr(platform::NameStart(second))) &&
+           platform::IsSameFile(platform::FolderOf(first), platform::FolderOf(second));
+  } catch (const AutomationError&) {
+    return false;
+  }
+}
+
+}  // namespace
+
+std::string ObjectionToLog(const std::string& log, std::span<const std::string> operands) {
+  if (platform::IsTemporaryName(log)) return "cannot keep a log under the name of a temporary file";
+  const bool is_model =
+      std::any_of(operands.begin(), operands.end(),
+                  [&log](const std::string& operand) { return WouldBeSame(operand, log); });
+  if (is_model) return "cannot copy the log over a model";
+  const bool overwrites = operands.size() == 2 && WouldBeSame(operands[0], operands[1]);
+  if (!overwrites) return {};
+  const mps::Backup backup(operands[0], mps::BackupManner::kBeside);
+  return WouldBeSame(backup.name(), log) ? "cannot copy the log over the backup of a model" : "";
+}
+
+void WriteLog(const std::string& log, const std::string& model, std::string_view text) {
+  const std::string file = model == kStandardInput ? "" : model;
+  platform::OutputFile output = platform::IsNameOfOpenFile(log)
+                                    ? platform::OutputFile(log)
+                                    : platform::OpenLog({log, file, {}});
+  output.Write(text);
+  output.Close();
+}
+
+}  // namespace quarvel::hosts
