@@ -1,5 +1,5 @@
-# The libraries that read compressed files, for the programs only; the first one packs the pixels of
-# pictures too. Where one is missing the program says so when it meets such a file; on Windows Debian has the
+# The libraries that read and write compressed files, for the programs only; the first one packs the pixels
+# of pictures too. Where one is missing the program says so when it meets such a file; on Windows Debian has the
 # first alone.
 set(ZLIB_USE_STATIC_LIBS "${WIN32}")
 find_package(ZLIB)

@@ -60,7 +60,8 @@ std::string CheckHelp() {
          "Letters: E error,\nA adapted (read in spite of the plain dialect), W warning (passed over, "
          "or legal and risky). Without\n--limit the first 20 of each code are printed; all are "
          "counted.\nThe exit status is 1 when there is an error, 3 when there are only warnings, 0 "
-         "when there is neither.\n";
+         "when there is neither;\nof several files it is that of the worst. These end in a line about all; --json prints "
+         "one object a\nline for them, --sarif one log with a run for each.\n";
 }
 
 std::string SimplifyHelp() {
@@ -72,7 +73,9 @@ std::string SimplifyHelp() {
 std::string ConvertHelp() {
   return "The file is read again before it takes its name: what it would give back as another model is "
          "refused,\nwhat it leaves out or shortens is noted. Without --layout it is an exact one "
-         "(free).\n";
+         "(free).\n"
+         "OUT may be IN. A name that ends in .gz, .bz2, .xz or .zst is packed so; - is standard output, where "
+         "the\nmodel goes once it was read back.\n";
 }
 
 std::string DiffHelp() {
@@ -120,8 +123,9 @@ constexpr Command kCommands[] = {
      "tell which lines made a row or column what it is", ExplainHelp, RunExplain},
     {"why", "FILE POINT", 2, 2, kReadings | kJson | kLimit | kTolerance,
      "list what a point does not keep of the model", WhyHelp, RunWhy},
-    {"check", "FILE", 1, 1, kLines | kJson | kLimit | kOnly | kIgnore | kSarif | kNoLint,
-     "list every problem of a file and of its model", CheckHelp, RunCheck},
+    {"check", "FILE ...", 1, kAnyNumber,
+     kLines | kJson | kLimit | kOnly | kIgnore | kSarif | kNoLint,
+     "list every problem of files and of their models", CheckHelp, RunCheck},
     {"convert", "IN OUT", 2, 2, kWritings, "read a file and write it anew", ConvertHelp,
      RunConvert},
     {"simplify", "IN OUT", 2, 2, kWritings & ~(kSimplify | kAsk), "simplify a model and write it",

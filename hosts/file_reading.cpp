@@ -5,13 +5,12 @@
 
 #include "hosts/input_bytes.h"
 #include "hosts/printing.h"
+#include "hosts/progress_window.h"
 #include "hosts/source_excerpt.h"
 #include "hosts/streams.h"
 #include "model/simplify_offer.h"
-#include "mps/frm_progress.h"
 #include "platform/box.h"
 #include "text/numbers.h"
-#include "text/picture.h"
 
 namespace quarvel::hosts {
 namespace {
@@ -88,25 +87,15 @@ mps::ReadOutcome FileReading::Read(const std::string& path) {
 
 mps::FileRead FileReading::ReadInWindow(const std::string& path, mps::ReadOptions options) {
   const std::string name = NameOfInput(path);
-  mps::frmProgress window(desktop_);
-  window.Load();
-  window.set_caption("Reading " + name);
-  window.Show();
+  ProgressWindow window(desktop_, "Reading " + name);
   if (!options.open) options.open = InputOpener(path, streams_);
   options.on_problem = [&, hear = std::move(options.on_problem)](const mps::FileProblem& problem) {
-    return hear(problem) && !window.StopRequested;
+    return hear(problem) && !window.stopped();
   };
   options.on_progress = [&](std::uint64_t done, std::uint64_t all) {
-    window.bar.set_range(0, static_cast<float>(all));
-    window.bar.set_value(static_cast<float>(done));
-    const double part = all == 0 ? 0 : static_cast<double>(done) / static_cast<double>(all);
-    window.set_caption("Reading " + name + " (" + text::PercentText(part) + ")");
-    desktop_.DoEvents();
-    return !window.StopRequested;
+    return window.Update(done, PartOf(done, all));
   };
-  mps::FileRead read = mps::ReadFile(name, options, model_.store());
-  window.Finish();
-  return read;
+  return mps::ReadFile(name, options, model_.store());
 }
 
 bool FileReading::GoesOnAfter(mps::FileProblem problem, mps::LineTexts& texts) {

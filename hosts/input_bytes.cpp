@@ -5,7 +5,7 @@
 #include <cstring>
 #include <utility>
 
-#include "hosts/decoder.h"
+#include "hosts/packing.h"
 #include "platform/files.h"
 
 namespace quarvel::hosts {
@@ -25,14 +25,12 @@ class StandardInput : public ByteSource {
   const Streams& streams_;
 };
 
-constexpr std::size_t kLookedAt = 6;
-
 // Bytes of which the first few were looked at already.
 class LookedAt : public ByteSource {
  public:
   explicit LookedAt(std::unique_ptr<ByteSource> bytes) : bytes_(std::move(bytes)) {
-    for (std::size_t count = 1; count > 0 && end_ < kLookedAt; end_ += count) {
-      count = bytes_->Read(first_.data() + end_, kLookedAt - end_);
+    for (std::size_t count = 1; count > 0 && end_ < kPackingBytes; end_ += count) {
+      count = bytes_->Read(first_.data() + end_, kPackingBytes - end_);
     }
   }
   std::string_view first() const { return {first_.data(), end_}; }
@@ -48,42 +46,17 @@ class LookedAt : public ByteSource {
 
  private:
   std::unique_ptr<ByteSource> bytes_;
-  std::array<char, kLookedAt> first_{};
+  std::array<char, kPackingBytes> first_{};
   std::size_t begin_ = 0;
   std::size_t end_ = 0;
-};
-
-std::unique_ptr<ByteSource> RefuseZip(std::unique_ptr<ByteSource>) {
-  RaiseInputFailure("this is a zip archive: unpack it first");
-}
-std::unique_ptr<ByteSource> RefuseCompress(std::unique_ptr<ByteSource>) {
-  RaiseInputFailure("this was packed by compress: unpack it first (gzip -d does)");
-}
-
-struct Packing {
-  std::string_view first;
-  std::unique_ptr<ByteSource> (*unpack)(std::unique_ptr<ByteSource>);
-};
-constexpr Packing kPackings[] = {
-    {"\x1F\x8B", GzipDecoder},
-    {"BZh", Bzip2Decoder},
-    {{"\xFD"
-      "7zXZ\0",
-      6},
-     XzDecoder},
-    {"\x28\xB5\x2F\xFD", ZstdDecoder},
-    {"PK\x03\x04", RefuseZip},
-    {"\x1F\x9D", RefuseCompress},
 };
 
 }  // namespace
 
 std::unique_ptr<ByteSource> Unpacked(std::unique_ptr<ByteSource> bytes) {
   auto looked_at = std::make_unique<LookedAt>(std::move(bytes));
-  const std::string first(looked_at->first());
-  for (const Packing& packing : kPackings) {
-    if (first.starts_with(packing.first)) return packing.unpack(std::move(looked_at));
-  }
+  const Packing* const packing = PackingOfBytes(looked_at->first());
+  if (packing != nullptr) return packing->unpack(std::move(looked_at));
   return looked_at;
 }
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "hosts/file_reading.h"
+#include "hosts/progress_window.h"
 #include "inspect/lint.h"
 #include "inspect/problem_lines.h"
 #include "platform/files.h"
@@ -15,9 +16,10 @@ constexpr std::size_t kMostHeld = 200;
 
 }  // namespace
 
-ModelCheck::ModelCheck(Session& session, ProblemReport& report, std::int64_t limit)
+ModelCheck::ModelCheck(Session& session, const std::string& file, ProblemReport& report,
+                       std::int64_t limit)
     : session_(session),
-      file_(session.arguments.operands[0]),
+      file_(file),
       report_(report),
       filter_(session.arguments),
       limit_(limit),
@@ -64,8 +66,14 @@ void ModelCheck::Hear(mps::FileProblem problem) {
   } else if (result_.counts.Add(problem.code, limit_)) {
     texts_.Show(problem);
     if (IsHeld(problem.code)) return held_.push_back(std::move(problem));
-    report_.Print(problem);
+    Print(problem);
   }
+}
+
+void ModelCheck::Print(const mps::FileProblem& problem) {
+  session_.MakeRoom();
+  report_.Print(problem);
+  session_.ShowPrinted();
 }
 
 bool ModelCheck::IsHeld(mps::FileProblemCode code) const {
@@ -73,14 +81,21 @@ bool ModelCheck::IsHeld(mps::FileProblemCode code) const {
 }
 
 void ModelCheck::TellHeld() {
+  FindLines();
+  session_.StopIfInterrupted();
+  for (const mps::FileProblem& problem : held_) Print(problem);
+  held_.clear();
+}
+
+void ModelCheck::FindLines() {
   mps::ReadOptions options = ReadOptionsOf(session_.arguments);
   options.kept_of_each = 0;
   options.open = InputOpener(file_, session_.streams);
-  options.on_progress = [this](std::uint64_t, std::uint64_t) { return session_.KeepPrinting(); };
+  ProgressWindow window(session_.desktop(), "Finding lines in " + NameOfInput(file_));
+  options.on_progress = [&](std::uint64_t done, std::uint64_t all) {
+    return window.Update(done, PartOf(done, all)) && session_.KeepPrinting();
+  };
   inspect::FindProblemLines(file_, options, session_.model().store(), held_);
-  session_.StopIfInterrupted();
-  for (const mps::FileProblem& problem : held_) report_.Print(problem);
-  held_.clear();
 }
 
 // What was adapted is read as it was meant.

@@ -16,9 +16,9 @@ namespace quarvel::hosts {
 
 class ModelCheck {
  public:
-  // The file is the first operand. `report` hears of at most `limit` problems of each code. Both must
-  // outlive this. Raises what ProblemFilter raises.
-  ModelCheck(Session& session, ProblemReport& report, std::int64_t limit);
+  // `report` hears of at most `limit` problems of each code. All must outlive this. Raises what
+  // ProblemFilter raises.
+  ModelCheck(Session& session, const std::string& file, ProblemReport& report, std::int64_t limit);
 
   // Reads the file into the session's model, and looks at that unless --no-lint says not to. Raises a
   // CommandError after a Ctrl-C.
@@ -34,7 +34,10 @@ class ModelCheck {
  private:
   mps::FileRead ReadFile();
   void Lint();
+  void FindLines();
   void Hear(mps::FileProblem problem);
+  // Has it on a terminal at once, in the place of a line that shows progress.
+  void Print(const mps::FileProblem& problem);
   bool IsHeld(mps::FileProblemCode code) const;
   int Status() const;
 

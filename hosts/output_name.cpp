@@ -3,19 +3,26 @@
 #include <algorithm>
 #include <array>
 
+#include "hosts/packing.h"
 #include "text/upper_case.h"
 
 namespace quarvel::hosts {
 namespace {
 
 // Those that people who have models also have; any other suffix is the user's own business.
-constexpr std::array<std::string_view, 16> kOtherFormats = {
-    ".GZ",  ".BZ2", ".XZ",   ".ZST", ".ZIP",  ".LP",  ".SOL", ".NL",
-    ".MOD", ".GMS", ".JSON", ".CSV", ".XLSX", ".LOG", ".BAS", ".HTML"};
+constexpr std::array<std::string_view, 12> kOtherFormats = {".ZIP",  ".LP",  ".SOL",  ".NL",
+                                                            ".MOD",  ".GMS", ".JSON", ".CSV",
+                                                            ".XLSX", ".LOG", ".BAS",  ".HTML"};
 
 }  // namespace
 
 std::string ObjectionToOutput(std::string_view path) {
+  if (const Packing* const packing = PackingOfSuffix(path); packing != nullptr) {
+    if (packing->pack == nullptr) {
+      return "cannot be written: this program was built without " + std::string(packing->name);
+    }
+    path.remove_suffix(packing->suffix.size());
+  }
   std::string upper(path);
   std::transform(upper.begin(), upper.end(), upper.begin(),
                  [](char c) { return text::UpperCaseAscii(c); });

@@ -30,7 +30,8 @@ void AppendLines(std::string& json, const std::vector<std::int64_t>& lines) {
 
 class JsonReport : public ProblemReport {
  public:
-  using ProblemReport::ProblemReport;
+  JsonReport(const std::string& file, std::ostream& out, const ReportPlace& place)
+      : ProblemReport(file, out), gap_(place.is_only() ? "\n" : "") {}
 
   void Begin() override {
     std::string json = "{";
@@ -54,7 +55,8 @@ class JsonReport : public ProblemReport {
     AppendText(json, "expected", traits.expected);
     AppendLines(json, problem.lines);
     AppendText(json, "text", problem.text);
-    out() << (is_first_ ? "\n" : ",\n") + json + '}';
+    if (!is_first_) out() << ',';
+    out() << gap_ << json + '}';
     is_first_ = false;
   }
 
@@ -79,13 +81,15 @@ class JsonReport : public ProblemReport {
   }
 
  private:
+  std::string_view gap_;  // before each problem
   bool is_first_ = true;
 };
 
 }  // namespace
 
-std::unique_ptr<ProblemReport> MakeJsonReport(const std::string& file, std::ostream& out) {
-  return std::make_unique<JsonReport>(file, out);
+std::unique_ptr<ProblemReport> MakeJsonReport(const std::string& file, std::ostream& out,
+                                              const ReportPlace& place) {
+  return std::make_unique<JsonReport>(file, out, place);
 }
 
 }  // namespace quarvel::hosts

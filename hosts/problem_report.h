@@ -82,9 +82,21 @@ class ProblemReport {
   std::ostream& out_;
 };
 
+// Where a report stands among those of one call.
+struct ReportPlace {
+  bool is_first = true;
+  bool is_last = true;
+
+  bool is_only() const { return is_first && is_last; }
+};
+
 std::unique_ptr<ProblemReport> MakeTextReport(const std::string& file, std::ostream& out);
-std::unique_ptr<ProblemReport> MakeJsonReport(const std::string& file, std::ostream& out);
-std::unique_ptr<ProblemReport> MakeSarifReport(const std::string& file, std::ostream& out);
+// One object; of several files on one line each.
+std::unique_ptr<ProblemReport> MakeJsonReport(const std::string& file, std::ostream& out,
+                                              const ReportPlace& place);
+// A run of one log that the first report begins and the last one ends.
+std::unique_ptr<ProblemReport> MakeSarifReport(const std::string& file, std::ostream& out,
+                                               const ReportPlace& place);
 
 // "error", "adapted", "warning".
 std::string_view WeightWord(mps::ProblemWeight weight);

@@ -87,14 +87,18 @@ std::string RuleOf(const FileProblemTraits& traits) {
 
 class SarifReport : public ProblemReport {
  public:
-  SarifReport(const std::string& file, std::ostream& out)
-      : ProblemReport(file, out), uri_(UriOf(file)) {}
+  SarifReport(const std::string& file, std::ostream& out, const ReportPlace& place)
+      : ProblemReport(file, out), place_(place), uri_(UriOf(file)) {}
 
   void Begin() override {
-    std::string json = "{";
-    AppendJsonMember(json, "$schema", kSchema);
-    AppendJsonMember(json, "version", "2.1.0");
-    json += ",\"runs\":[{\"tool\":{\"driver\":{";
+    std::string json;
+    if (place_.is_first) {
+      json = "{";
+      AppendJsonMember(json, "$schema", kSchema);
+      AppendJsonMember(json, "version", "2.1.0");
+      json += ",\"runs\":[";
+    }
+    json += "{\"tool\":{\"driver\":{";
     AppendJsonMember(json, "name", "quarvel");
     AppendJsonMember(json, "version", model::ProductVersion());
     json += ",\"rules\":[";
@@ -127,7 +131,7 @@ class SarifReport : public ProblemReport {
     json += "}],\"properties\":{";
     AppendJsonMember(json, "unlisted", result.counts.All() - result.counts.Printed());
     AppendJsonMember(json, "filtered", result.filtered);
-    out() << json + "}}]}\n";
+    out() << json + (place_.is_last ? "}}]}\n" : "}},\n");
   }
 
  private:
@@ -175,14 +179,16 @@ class SarifReport : public ProblemReport {
     json += ']';
   }
 
+  ReportPlace place_;
   std::string uri_;
   bool is_first_ = true;
 };
 
 }  // namespace
 
-std::unique_ptr<ProblemReport> MakeSarifReport(const std::string& file, std::ostream& out) {
-  return std::make_unique<SarifReport>(file, out);
+std::unique_ptr<ProblemReport> MakeSarifReport(const std::string& file, std::ostream& out,
+                                               const ReportPlace& place) {
+  return std::make_unique<SarifReport>(file, out, place);
 }
 
 }  // namespace quarvel::hosts

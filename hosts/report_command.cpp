@@ -79,7 +79,7 @@ int RunReport(Session& session) {
   RefuseOutput(session);
   const std::string file = NameOfInput(session.arguments.operands[0]);
   KeptProblems problems(file, session.streams.out);
-  ModelCheck check(session, problems, kMostProblems);
+  ModelCheck check(session, session.arguments.operands[0], problems, kMostProblems);
   check.Read();
   if (!check.result().read) StopUnread(file, problems.kept());
   const std::string page = MakePage(session, check, problems, file);

@@ -8,6 +8,7 @@
 #include "hosts/loss_report.h"
 #include "hosts/output_name.h"
 #include "hosts/printing.h"
+#include "hosts/progress_window.h"
 #include "hosts/questions.h"
 #include "hosts/receipt_text.h"
 #include "mps/save_driver.h"
@@ -21,8 +22,8 @@ namespace {
 
 constexpr std::int16_t kComponentGood = -1;
 
-bool IsSame(const std::string& a, const std::string& b) {
-  return a == b || platform::IsSameFile(a, b);
+std::string NameOfOutput(const std::string& path) {
+  return path == kStandardOutput ? "standard output" : path;
 }
 
 }  // namespace
@@ -56,6 +57,14 @@ void Session::StopIfUnanswered() const {
   if (!answers_.unanswered) return;
   throw CommandError(kProblem, "there is no answer on the command line to the question: " +
                                    text::OneLine(answers_.unanswered->text()));
+}
+
+void Session::MakeRoom() {
+  if (streams.screen.is_terminal) desktop_.EraseProgress();
+}
+
+void Session::ShowPrinted() {
+  if (streams.screen.is_terminal) streams.out.flush();
 }
 
 bool Session::KeepPrinting() const { return streams.out.good() && !desktop_.interrupted(); }
@@ -108,9 +117,12 @@ bool Session::ReadAsComponent(const std::string& path) {
 
 void Session::ReadToWrite(const std::string& path) {
   const std::string& output = arguments.operands[1];
-  output_ = output;
+  output_ = NameOfOutput(output);
   const std::string objection = ObjectionToOutput(output);
   if (!objection.empty()) throw CommandError(kUsage, output + ' ' + objection);
+  if (output == kStandardOutput && arguments.json) {
+    throw CommandError(kUsage, "--json and a model do not both go to standard output: name a file");
+  }
   Read(path);
   if (!may_be_cut_off() || arguments.allow_missing_endata) return;
   throw CommandError(kProblem,
@@ -157,35 +169,58 @@ void Session::TakeLog() {
 void Session::Write(const std::string& path, mps::FileLayout usual) {
   StopIfInterrupted();
   StopIfUnanswered();
-  // Under the name it was read from, a backup is kept while the file is overwritten.
-  const std::string own = model_.FileLocation();
-  const bool overwrites =
-      platform::FileExists(path) && IsSame(path, own) && !platform::IsNameOfOpenFile(path);
-  const inspect::WriteOptions options = {.layout = arguments.layout.value_or(usual),
-                                         .allow_changes = arguments.allow_loss,
-                                         .strict = arguments.strict,
-                                         .read_as = overwrites ? read_as_ : std::nullopt};
-  const inspect::FileWrite write =
-      inspect::WriteFile(model_.store(), facts(), overwrites ? own : path, options);
-  if (write.outcome == inspect::WriteOutcome::kWritten || arguments.json) {
-    PrintReceipt(path, options.layout, overwrites, write);
+  const OutputTarget target = TargetOf(path, model_.FileLocation());
+  inspect::WriteOptions options = {.layout = arguments.layout.value_or(usual),
+                                   .allow_changes = arguments.allow_loss,
+                                   .strict = arguments.strict,
+                                   .read_as = target.in_place ? read_as_ : std::nullopt};
+  if (target.packing != nullptr) {
+    options.pack = target.packing->pack;
+    options.unpack = Unpacked;
   }
-  if (write.outcome != inspect::WriteOutcome::kWritten) StopUnwritten(write, path);
+  const inspect::FileWrite write = WriteInWindow(target, options);
+  const bool is_written = write.outcome == inspect::WriteOutcome::kWritten;
+  if (!is_written) StopIfInterrupted();
+  if (is_written || arguments.json) PrintReceipt(path, target, options.layout, write);
+  const std::string name = NameOfOutput(path);
+  if (!is_written) StopUnwritten(write, name);
   if (!write.kept.empty()) {
     Note("a file that had the name of the backup is kept as " + write.kept);
   }
-  NoteLosses(write.receipt.losses, mps::LossWeight::kChanges, path);
-  NoteLosses(write.receipt.losses, mps::LossWeight::kNoted, path);
-  if (!write.fits_fixed_columns) NoteFreeColumns(options.layout, path);
+  NoteLosses(write.receipt.losses, mps::LossWeight::kChanges, name);
+  NoteLosses(write.receipt.losses, mps::LossWeight::kNoted, name);
+  if (!write.fits_fixed_columns) NoteFreeColumns(options.layout, name);
 }
 
-void Session::PrintReceipt(const std::string& path, mps::FileLayout layout, bool in_place,
-                           const inspect::FileWrite& write) {
+inspect::FileWrite Session::WriteInWindow(const OutputTarget& target,
+                                          inspect::WriteOptions& options) {
+  using inspect::WriteStage;
+  const std::string name = NameOfOutput(target.path);
+  WriteStage stage = WriteStage::kWriting;
+  std::optional<ProgressWindow> window(std::in_place, desktop_, "Writing " + name);
+  options.on_progress = [&](const inspect::WriteProgress& progress) {
+    if (stage != progress.stage) {
+      stage = progress.stage;
+      window.reset();
+      window.emplace(desktop_, "Verifying " + name);
+    }
+    return window->Update(progress.bytes, progress.part);
+  };
+  if (!target.is_standard_output) {
+    return inspect::WriteFile(model_.store(), facts(), target.path, options);
+  }
+  StandardOutputSink sink(streams);
+  return inspect::WriteStream(model_.store(), facts(), sink, options);
+}
+
+void Session::PrintReceipt(const std::string& path, const OutputTarget& target,
+                           mps::FileLayout layout, const inspect::FileWrite& write) {
   if (!arguments.json) {
-    const std::string receipt = text::OneLine(path) + ": " + ReceiptText(write.receipt);
+    std::string line = NameOfOutput(path) + ": " + ReceiptText(write.receipt);
+    if (target.in_place) line += ", in place of what was read";
     // The model itself may go to standard output.
-    if (!write.receipt.is_read_again) return Note(receipt);
-    streams.out << receipt << '\n';
+    if (target.is_standard_output || !write.receipt.is_read_again) return Note(line);
+    streams.out << text::OneLine(line) + '\n';
     return;
   }
   streams.out << WriteJson({.input = NameOfInput(arguments.operands[0]),
@@ -197,7 +232,8 @@ void Session::PrintReceipt(const std::string& path, mps::FileLayout layout, bool
                             .commands = commands_,
                             .model = SizeOf(model_.store()),
                             .layout = layout,
-                            .in_place = in_place,
+                            .packing = target.packing,
+                            .in_place = target.in_place,
                             .write = write});
 }
 

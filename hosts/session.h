@@ -11,6 +11,7 @@
 #include "hosts/answers.h"
 #include "hosts/arguments.h"
 #include "hosts/file_reading.h"
+#include "hosts/output_target.h"
 #include "hosts/streams.h"
 #include "hosts/write_json.h"
 #include "inspect/write_file.h"
@@ -56,6 +57,13 @@ class Session {
   // The file that was read came to its end before an ENDATA line.
   bool may_be_cut_off() const;
 
+  // Before and behind what is printed while work goes on: the line that shows progress makes room for it on
+  // a terminal, and it is seen at once.
+  void MakeRoom();
+  void ShowPrinted();
+  // For a window that shows progress.
+  platform::Desktop& desktop() { return desktop_; }
+
   // FindRecord (find_record.h) in the model of the file at `path`, which what it raises names.
   std::int32_t Find(const std::string& path, const model::RecordKind& kind, std::string_view text);
 
@@ -73,8 +81,10 @@ class Session {
   // The same with the questions that the component asks; true when the model was read.
   bool ReadAsComponent(const std::string& path);
   // With --json the whole story, else one line, as standard output has it.
-  void PrintReceipt(const std::string& path, mps::FileLayout layout, bool in_place,
+  void PrintReceipt(const std::string& path, const OutputTarget& target, mps::FileLayout layout,
                     const inspect::FileWrite& write);
+  // Writes with progress, which `options` are given.
+  inspect::FileWrite WriteInWindow(const OutputTarget& target, inspect::WriteOptions& options);
   void NoteFreeColumns(mps::FileLayout layout, const std::string& path);
   // Raises a CommandError, after notes of what is in the way; nothing when it was written.
   void StopUnwritten(const inspect::FileWrite& write, const std::string& path);

@@ -119,6 +119,7 @@ std::string WriteJson(const WriteStory& story) {
   AppendJsonObject(json, "model", SizeJson(story.model));
   AppendJsonMember(json, "layout", story.layout == mps::FileLayout::kFixed ? "fixed" : "free");
   AppendJsonMember(json, "fitsFixedColumns", write.fits_fixed_columns);
+  AppendJsonMember(json, "packing", story.packing != nullptr ? story.packing->name : "none");
   AppendJsonMember(json, "inPlace", story.in_place);
   AppendJsonObject(json, "receipt", ReceiptJson(write.receipt));
   AppendJsonObject(json, "losses", LossesJson(write.receipt.losses));

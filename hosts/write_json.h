@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "hosts/packing.h"
 #include "inspect/write_file.h"
 #include "model/model_store.h"
 #include "mps/file_layout.h"
@@ -29,6 +30,7 @@ struct WriteStory {
   std::int64_t commands = 0;  // of an edit
   ModelSize model;            // what was to be written
   mps::FileLayout layout = mps::FileLayout::kFree;
+  const Packing* packing = nullptr;
   bool in_place = false;  // the output is the file that was read
   const inspect::FileWrite& write;
 };

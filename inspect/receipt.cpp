@@ -10,7 +10,6 @@
 #include "mps/exact_limits.h"
 #include "mps/exact_losses.h"
 #include "mps/read_file.h"
-#include "platform/byte_source.h"
 #include "text/numbers.h"
 
 namespace quarvel::inspect {
@@ -181,13 +180,14 @@ Receipt ReceiptOf(const ModelStore& store, const mps::FileFacts& facts, mps::Fil
   return receipt;
 }
 
-void CompareWithFile(const ModelStore& store, const mps::FileFacts& facts, platform::InputFile file,
-                     Receipt& receipt) {
-  std::unique_ptr<platform::ByteSource> bytes =
-      std::make_unique<platform::FileBytes>(std::move(file));
+void CompareWithFile(
+    const ModelStore& store, const mps::FileFacts& facts,
+    std::unique_ptr<platform::ByteSource> file, Receipt& receipt,
+    const std::function<bool(std::uint64_t done, std::uint64_t all)>& on_progress) {
   mps::ReadOptions options;
   options.kept_of_each = 0;
-  options.open = [&bytes] { return std::move(bytes); };
+  options.open = [&file] { return std::move(file); };
+  options.on_progress = on_progress;
   ModelStore back;
   const mps::FileRead read = mps::ReadFile({}, options, back);
   receipt.is_read_again = true;

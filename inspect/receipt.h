@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -11,7 +13,7 @@
 #include "mps/file_facts.h"
 #include "mps/file_layout.h"
 #include "mps/loss.h"
-#include "platform/files.h"
+#include "platform/byte_source.h"
 
 namespace quarvel::inspect {
 
@@ -40,8 +42,11 @@ Receipt ReceiptOf(const model::ModelStore& store, const mps::FileFacts& facts,
                   mps::FileLayout layout);
 
 // Reads what was written and compares it with what the receipt is of; the rest of the receipt is made.
+// `on_progress` is that of a read (mps/read_file.h); when it ends the read, that is unexpected.
 // Cost: a read of the file, a comparison, and the memory of the model.
-void CompareWithFile(const model::ModelStore& store, const mps::FileFacts& facts,
-                     platform::InputFile file, Receipt& receipt);
+void CompareWithFile(
+    const model::ModelStore& store, const mps::FileFacts& facts,
+    std::unique_ptr<platform::ByteSource> file, Receipt& receipt,
+    const std::function<bool(std::uint64_t done, std::uint64_t all)>& on_progress = {});
 
 }  // namespace quarvel::inspect

@@ -1,8 +1,10 @@
-// Writes a model to a file and looks at what it wrote before that takes the file's place: without a
+// Writes a model and looks at what was written before it takes the file's place, or goes out: without a
 // desktop, a box or a question. The component's own save is mps/save_driver.h.
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -11,9 +13,19 @@
 #include "mps/file_facts.h"
 #include "mps/file_layout.h"
 #include "platform/automation_error.h"
+#include "platform/byte_sink.h"
+#include "platform/byte_source.h"
 #include "platform/system_names.h"
 
 namespace quarvel::inspect {
+
+enum class WriteStage : std::uint8_t { kWriting, kVerifying };
+
+struct WriteProgress {
+  WriteStage stage;
+  std::uint64_t bytes;  // of the file as it is before it is packed
+  double part;          // of the stage, 0 to 1
+};
 
 struct WriteOptions {
   mps::FileLayout layout = mps::FileLayout::kFree;
@@ -23,6 +35,14 @@ struct WriteOptions {
   bool strict = false;
   // The file as it was read. One that is there and is another by now is left alone: kFailed.
   std::optional<platform::FileStamp> read_as = {};
+  // What bytes go through on their way to a file, as to be packed, and what gives them back; without them
+  // they stay as they are.
+  std::function<std::unique_ptr<platform::ByteSink>(platform::ByteSink& stored)> pack = {};
+  std::function<std::unique_ptr<platform::ByteSource>(std::unique_ptr<platform::ByteSource> stored)>
+      unpack = {};
+  // Called now and then; false gives up: nothing is replaced or goes out, the outcome is kFailed or
+  // kNotSame. It must not touch the store.
+  std::function<bool(const WriteProgress&)> on_progress = {};
 };
 
 enum class WriteOutcome : std::uint8_t {
@@ -49,5 +69,10 @@ struct FileWrite {
 // Cost: of finding what is lost, the write and a read; while that goes on, twice the memory of the model.
 FileWrite WriteFile(model::ModelStore& store, const mps::FileFacts& facts, const std::string& path,
                     const WriteOptions& options);
+
+// The same to `to`, which gets all of it at once and as it is, after it was read again; the model's location
+// stays. Costs the memory of the file in addition.
+FileWrite WriteStream(const model::ModelStore& store, const mps::FileFacts& facts,
+                      platform::ByteSink& to, const WriteOptions& options);
 
 }  // namespace quarvel::inspect

@@ -5,8 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "mps/exact_writer.h"
-#include "mps/mps_writer.h"
+#include "mps/model_writer.h"
 #include "platform/files.h"
 #include "platform/system_names.h"
 
@@ -35,28 +34,6 @@ void RemoveSilently(const std::string& path) {
     // It does no harm: the next save of that file removes it.
   }
 }
-
-// Writes in either layout.
-class ModelWriter {
- public:
-  ModelWriter(const model::ModelStore& store, FileLayout layout, const FileFacts& facts) {
-    if (layout == FileLayout::kFixed) {
-      fixed_.emplace(store.data());
-    } else {
-      exact_.emplace(store, facts);
-    }
-  }
-
-  void Write(platform::OutputFile& file) {
-    if (fixed_) return fixed_->Write(file);
-    exact_->Write([&file](std::string_view piece) { file.Write(piece); });
-  }
-  bool is_standard() const { return fixed_ ? fixed_->standard() : exact_->fits_fixed_columns(); }
-
- private:
-  std::optional<MpsWriter> fixed_;
-  std::optional<ExactWriter> exact_;
-};
 
 // One save, and what becomes of it when it fails.
 class SaveJob {
@@ -127,7 +104,8 @@ void SaveJob::BackUp() {
 bool SaveJob::WriteFile(std::optional<ModelWriter>& writer) {
   replacement_.emplace(path_);
   if (writer) {
-    writer->Write(replacement_->output());
+    writer->Write(
+        [this](std::string_view piece) { listener_.Take(piece, replacement_->output()); });
     if (!listener_.Accepts(*replacement_)) return false;
   }
   replacement_->Commit();
@@ -193,6 +171,8 @@ void SaveJob::AddNote(std::string_view note, const std::string& name) {
 }
 
 }  // namespace
+
+void SaveListener::Take(std::string_view piece, platform::OutputFile& file) { file.Write(piece); }
 
 bool SaveListener::Accepts(platform::FileReplacement&) { return true; }
 

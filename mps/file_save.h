@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "model/model_store.h"
 #include "mps/backup.h"
@@ -22,6 +23,9 @@ enum class SaveResult : std::int16_t { kSaved = -1, kCancelled = 0, kNotSaved = 
 class SaveListener {
  public:
   virtual ~SaveListener() = default;
+  // The next piece of the new contents. Whoever wants to see or change them does so here; what is to stand
+  // in the file is written to it. What it raises is a failure of the save.
+  virtual void Take(std::string_view piece, platform::OutputFile& file);
   // All is written, and nothing replaced yet. False gives up: the file stays as it was.
   virtual bool Accepts(platform::FileReplacement& file);
   // There are no coefficients; the file is empty now.

@@ -84,8 +84,8 @@ MpsWriter::MpsWriter(const model::ModelData& data) : data_(data) {
   BuildRowLabels();
 }
 
-void MpsWriter::Write(platform::OutputFile& file) {
-  file_ = &file;
+void MpsWriter::Write(const std::function<void(std::string_view)>& take) {
+  take_ = &take;
   if (!data_.ModelName.empty()) WriteName();
   if (!data_.ModelDescription.empty()) WriteDescription();
   if (data_.NumberOfRows >= 1) WriteRows();
@@ -346,7 +346,7 @@ void MpsWriter::EndLine() {
 }
 
 void MpsWriter::HandOver() {
-  file_->Write(lines_);
+  (*take_)(lines_);
   lines_.clear();
 }
 

@@ -31,6 +31,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -39,7 +40,6 @@
 #include "model/model_data.h"
 #include "model/one_based.h"
 #include "mps/file_words.h"
-#include "platform/files.h"
 #include "text/picture.h"
 
 namespace quarvel::mps {
@@ -53,9 +53,9 @@ class MpsWriter {
   // taken here, but for lines of a length beyond reason.
   explicit MpsWriter(const model::ModelData& data);
 
-  // Writes everything; closing the file is left to its owner. Raises when the file cannot take it,
-  // and 9 for a coefficient at a row that is not stored.
-  void Write(platform::OutputFile& file);
+  // Hands all of the file to `take`, piece by piece. Raises what that raises, and 9 for a coefficient at a
+  // row that is not stored.
+  void Write(const std::function<void(std::string_view)>& take);
 
   // False when a name, a value or a kind of record does not belong in a standard file.
   bool standard() const { return standard_; }
@@ -109,9 +109,9 @@ class MpsWriter {
   void HandOver();
 
   const model::ModelData& data_;
-  platform::OutputFile* file_ = nullptr;
+  const std::function<void(std::string_view)>* take_ = nullptr;
   model::OneBased<RowLabel> row_labels_;
-  std::string lines_;  // not yet handed to the file
+  std::string lines_;  // not yet handed over
   std::string value_;
   bool standard_ = true;
 };

@@ -146,6 +146,7 @@ def look(tests, folder):
         tests.check("check", file, "--limit", "all", "--ignore", "W")
         tests.check("dialects", file)
     tests.check("info", odd, plain)
+    tests.check("check", odd, plain, odd)
     tests.check("info", "-", stdin=PLAIN)
     for name in ("COST", "CAP"):
         tests.check("row", plain, name)
@@ -215,6 +216,8 @@ def write(tests, folder):
     tests.equal("losses", [loss["kind"] for loss in told["losses"]][:1], ["empty-row"])
     told = tests.check("convert", whole, out, "--layout", "fixed", "--strict")
     tests.equal("strict", told["outcome"], "losses")
+    told = tests.check("convert", whole, out + ".gz")
+    tests.equal("packed", told["packing"], "gzip")
     told = tests.check("convert", whole, whole)
     tests.equal("in place", (told["inPlace"], told["receipt"]["whole"]), (True, True))
     told = tests.check("convert", whole, str(folder / "no" / "out.mps"))

@@ -35,10 +35,11 @@ class ConsolePeer : public FormPeer {
  public:
   ConsolePeer(ConsoleDesktop& desktop, Form& form) : desktop_(desktop), form_(form) {
     desktop_.shown_.push_back(&form);
+    desktop_.progress_.Expect(form);
   }
 
   ~ConsolePeer() override {
-    desktop_.progress_.Erase();
+    desktop_.progress_.Forget(form_);
     std::erase(desktop_.shown_, &form_);
   }
 

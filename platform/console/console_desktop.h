@@ -4,6 +4,7 @@
 // Ctrl-C ends the program.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <set>
@@ -51,6 +52,10 @@ class ConsoleDesktop : public Desktop {
   // True when standard error is a terminal, so that a line on it can be redrawn.
   bool shows_progress() const { return progress_.enabled(); }
   void set_shows_progress(bool shows) { progress_.set_enabled(shows); }
+  // Before other text goes to the terminal.
+  void EraseProgress() { progress_.Erase(); }
+  // How long work goes on before its progress is shown, in milliseconds.
+  void set_progress_delay(std::int64_t delay) { progress_.set_delay(delay); }
   // True when a Ctrl-C arrived during this desktop's life.
   bool interrupted() const { return interrupts_.Arrived(); }
   // True when the user has quit at a question, or the input ended there. Every question after that is

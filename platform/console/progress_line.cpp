@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <string>
+#include <string_view>
 
 #include "platform/console/console_controls.h"
 #include "platform/console/console_system.h"
 #include "platform/console/console_text.h"
 #include "text/encoding.h"
+#include "text/numbers.h"
 #include "text/visible_text.h"
 
 namespace quarvel::platform::console {
@@ -15,14 +18,24 @@ namespace {
 
 constexpr std::size_t kColumns = 79;
 constexpr std::size_t kBarColumns = 30;
+constexpr std::size_t kLeastBarColumns = 8;
 constexpr std::int64_t kMillisecondsBetweenDraws = 50;
+// What so little of the work took says nothing about the rest.
+constexpr double kLeastPart = 0.02;
 
-std::string BarText(const ProgressBar& bar) {
+double PartOf(const ProgressBar& bar) {
   const float range = bar.max() - bar.min();
-  const float part = range > 0 ? (bar.value() - bar.min()) / range : 0;
-  const auto done = static_cast<std::size_t>(part * static_cast<float>(kBarColumns));
-  const std::size_t filled = std::min(done, kBarColumns);
-  return '[' + std::string(filled, '#') + std::string(kBarColumns - filled, '.') + ']';
+  return range > 0 ? static_cast<double>((bar.value() - bar.min()) / range) : 0;
+}
+
+// As long as there is room for behind those words.
+std::string BarBehind(const std::string& words, double part) {
+  const std::size_t taken = text::CharacterCount(words) + std::string_view(" []").size();
+  const bool is_short = taken + kBarColumns > kColumns && taken + kLeastBarColumns <= kColumns;
+  const std::size_t columns = is_short ? kColumns - taken : kBarColumns;
+  const auto done = static_cast<std::size_t>(part * static_cast<double>(columns));
+  const std::size_t filled = std::min(done, columns);
+  return " [" + std::string(filled, '#') + std::string(columns - filled, '.') + ']';
 }
 
 std::int64_t MillisecondsNow() {
@@ -40,8 +53,12 @@ void ProgressLine::Draw(std::span<Form* const> shown) {
   const auto drawn = std::find_if(shown.rbegin(), shown.rend(),
                                   [](const Form* form) { return VisibleBar(*form) != nullptr; });
   if (drawn == shown.rend()) return;
-  const std::string words = text::VisibleText((*drawn)->caption());
-  const std::string line = FirstCharacters(words + ' ' + BarText(*VisibleBar(**drawn)), kColumns);
+  Follow(**drawn, *VisibleBar(**drawn), now);
+  if (now - work_.first_ms < delay_ms_) return;
+  std::string words = text::VisibleText((*drawn)->caption());
+  const std::string left = TimeLeft(now);
+  if (!left.empty()) words += ", " + left;
+  const std::string line = FirstCharacters(words + BarBehind(words, work_.part), kColumns);
   const std::size_t columns = text::CharacterCount(line);
   const std::size_t left_over = columns_on_screen_ > columns ? columns_on_screen_ - columns : 0;
   WriteError('\r' + line + std::string(left_over, ' '));
@@ -49,10 +66,43 @@ void ProgressLine::Draw(std::span<Form* const> shown) {
   last_draw_ms_ = now;
 }
 
+void ProgressLine::Follow(const Form& form, const ProgressBar& bar, std::int64_t now) {
+  const double part = PartOf(bar);
+  const bool is_other = work_.form != &form;
+  if (is_other) work_ = {.form = &form, .first_ms = now};
+  if (is_other || part < work_.part) {
+    work_.begun_ms = now;
+    work_.part_at_begin = part;
+  }
+  work_.part = part;
+}
+
+std::string ProgressLine::TimeLeft(std::int64_t now) const {
+  const double done = work_.part - work_.part_at_begin;
+  const auto elapsed = static_cast<double>(now - work_.begun_ms);
+  if (done < kLeastPart || elapsed < static_cast<double>(kUsualDelay)) return {};
+  constexpr double kSecond = 1000;
+  constexpr std::int64_t kMinute = 60;
+  const double left = elapsed * (1 - work_.part) / done;
+  const auto seconds = static_cast<std::int64_t>(std::ceil(left / kSecond));
+  if (seconds < 2 * kMinute) return text::IntegerText(seconds) + " s left";
+  return text::IntegerText((seconds + kMinute - 1) / kMinute) + " min left";
+}
+
 void ProgressLine::Erase() {
   if (columns_on_screen_ == 0) return;
   WriteError('\r' + std::string(columns_on_screen_, ' ') + '\r');
   columns_on_screen_ = 0;
+}
+
+void ProgressLine::Expect(const Form& form) {
+  const std::int64_t now = MillisecondsNow();
+  work_ = {.form = &form, .first_ms = now, .begun_ms = now};
+}
+
+void ProgressLine::Forget(const Form& form) {
+  Erase();
+  if (work_.form == &form) work_ = {};
 }
 
 }  // namespace quarvel::platform::console

@@ -262,5 +262,58 @@ TEST(Check, SurvivesBinaryNoise) {
   }
 }
 
+// Files of each status: errors, warnings alone, neither.
+class CheckOfSeveral : public ::testing::Test {
+ protected:
+  const HostFolder folder_;
+  const std::string bad_ = folder_.Write("bad.mps", "ROWS\n Q R\nCOLUMNS\n X R 1\nENDATA\n");
+  const std::string risky_ =
+      folder_.Write("risky.mps", "ROWS\n N C\n L R\nCOLUMNS\n X C 1 R 1\nRHS\n RHS R 4\n");
+  const std::string good_ = folder_.Example("diet.mps");
+};
+
+TEST_F(CheckOfSeveral, EndsInALineAboutAllAndTheStatusOfTheWorst) {
+  const Outcome run = RunQuarvel({"check", good_, bad_, risky_});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, RunQuarvel({"check", good_}).out + RunQuarvel({"check", bad_}).out +
+                         RunQuarvel({"check", risky_}).out +
+                         "3 files: 1 with errors, 1 with warnings only, 1 with neither\n");
+  const Outcome warnings = RunQuarvel({"check", risky_, good_});
+  EXPECT_EQ(warnings.status, 3);
+  EXPECT_TRUE(warnings.out.ends_with("\n2 files: 1 with warnings only, 1 with neither\n"));
+  const Outcome clean = RunQuarvel({"check", good_, good_});
+  EXPECT_EQ(clean.status, 0);
+  EXPECT_TRUE(clean.out.ends_with("\n2 files: 2 with neither\n"));
+}
+
+TEST_F(CheckOfSeveral, GoesOnBehindAFileThatCannotBeRead) {
+  const Outcome run = RunQuarvel({"check", folder_.Path("none.mps"), good_});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(run.out.ends_with("\n2 files: 1 with errors, 1 with neither\n")) << run.out;
+}
+
+TEST_F(CheckOfSeveral, PrintsAnObjectALine) {
+  const Outcome run = RunQuarvel({"check", bad_, good_, risky_, "--json"});
+  EXPECT_EQ(run.status, 1);
+  std::vector<std::string> files;
+  for (std::size_t at = 0; at < run.out.size();) {
+    const std::size_t end = run.out.find('\n', at);
+    ASSERT_NE(end, std::string::npos);
+    files.push_back(JsonValue::Parse(run.out.substr(at, end - at))["file"].text());
+    at = end + 1;
+  }
+  EXPECT_EQ(files, (std::vector<std::string>{bad_, good_, risky_}));
+}
+
+TEST_F(CheckOfSeveral, PrintsOneLogWithARunForEach) {
+  const Outcome run = RunQuarvel({"check", bad_, good_, risky_, "--sarif"});
+  const JsonValue log = JsonValue::Parse(run.out);
+  EXPECT_EQ(log["version"].text(), "2.1.0");
+  ASSERT_EQ(log["runs"].size(), 3U);
+  EXPECT_NE(log["runs"][0]["results"].size(), 0U);
+  EXPECT_EQ(log["runs"][1]["results"].size(), 0U);
+  EXPECT_EQ(log["runs"][2]["results"][0]["ruleId"].text(), "W401");
+}
+
 }  // namespace
 }  // namespace quarvel

@@ -16,10 +16,19 @@ TEST(OutputName, IsRefusedWhereItsSuffixSaysAnotherFormat) {
     EXPECT_EQ(ObjectionToOutput(path), "") << path;
   }
   EXPECT_EQ(
-      ObjectionToOutput("a.mps.Gz"),
-      "is no name for an MPS file: .Gz is another format; names that end in .mps, or anything "
+      ObjectionToOutput("a.mps.Zip"),
+      "is no name for an MPS file: .Zip is another format; names that end in .mps, or anything "
       "else, are fine");
   EXPECT_NE(ObjectionToOutput("a.lp"), "");
+}
+
+TEST(OutputName, MaySayHowTheFileIsPacked) {
+  EXPECT_EQ(ObjectionToOutput("a.mps.gz"), "");
+  EXPECT_EQ(ObjectionToOutput("a.GZ"), "");
+  EXPECT_EQ(
+      ObjectionToOutput("a.lp.gz"),
+      "is no name for an MPS file: .lp is another format; names that end in .mps, or anything "
+      "else, are fine");
 }
 
 TEST(OutputName, IsLookedAtBeforeAnythingIsWritten) {

@@ -1,15 +1,20 @@
 // The program on a terminal of its own: what it asks there, with names that try to steer it.
+#include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <sys/ioctl.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -44,6 +49,13 @@ class OnTerminal {
   // Waits until the screen ends in `prompt`; false when it never does.
   bool WaitFor(std::string_view prompt) {
     while (!shown_.ends_with(prompt)) {
+      if (!ReadMore()) return false;
+    }
+    return true;
+  }
+  // Waits until that has been on the screen.
+  bool WaitToSee(std::string_view text) {
+    while (shown_.find(text) == std::string::npos) {
       if (!ReadMore()) return false;
     }
     return true;
@@ -222,6 +234,145 @@ TEST(Terminal, HasListsAsWideAsItIs) {
   }
   const Variable dumb("TERM", "dumb");
   EXPECT_EQ(ShownOn(60, words), expected(60, false));
+}
+
+// What stands on the screen in the end, without empty lines at its end.
+std::string ScreenAfter(std::string_view shown) {
+  std::vector<std::string> lines(1);
+  std::size_t column = 0;
+  for (const char c : shown) {
+    if (c == '\r') {
+      column = 0;
+    } else if (c == '\n') {
+      lines.emplace_back();
+    } else {
+      std::string& line = lines.back();
+      line.resize(std::max(line.size(), column + 1), ' ');
+      line[column++] = c;
+    }
+  }
+  std::string screen;
+  for (std::string& line : lines) {
+    line.erase(line.find_last_not_of(' ') + 1);
+    screen += line + '\n';
+  }
+  return screen.erase(screen.find_last_not_of('\n') + 1);
+}
+
+// A pipe with a name, which somebody is slow at.
+class SlowPipe {
+ public:
+  SlowPipe(const HostFolder& folder, const char* name) : path_(folder.Path(name)) {
+    EXPECT_EQ(mkfifo(path_.c_str(), 0600), 0);
+  }
+  ~SlowPipe() {
+    if (file_ >= 0) close(file_);
+  }
+  SlowPipe(const SlowPipe&) = delete;
+  SlowPipe& operator=(const SlowPipe&) = delete;
+
+  const std::string& path() const { return path_; }
+  void Open(int flags) { file_ = open(path_.c_str(), flags); }
+  void Write(std::string_view text) {
+    EXPECT_EQ(write(file_, text.data(), text.size()), static_cast<ssize_t>(text.size()));
+  }
+  // Until nobody reads it any more.
+  void WriteToWhoMayBeGone(std::string_view text) {
+    const auto before = std::signal(SIGPIPE, SIG_IGN);
+    while (!text.empty()) {
+      const ssize_t count = write(file_, text.data(), text.size());
+      if (count <= 0) break;
+      text.remove_prefix(static_cast<std::size_t>(count));
+    }
+    std::signal(SIGPIPE, before);
+  }
+  void Close() { close(std::exchange(file_, -1)); }
+  std::string ReadAll() {
+    std::string all;
+    char buffer[65536];
+    for (ssize_t count = 1; count > 0;) {
+      count = read(file_, buffer, sizeof(buffer));
+      if (count > 0) all.append(buffer, static_cast<std::size_t>(count));
+    }
+    return all;
+  }
+
+ private:
+  std::string path_;
+  int file_ = -1;
+};
+
+constexpr useconds_t kLongerThanTheDelay = 700'000;
+
+std::string RowLines(int from, int to) {
+  std::string lines;
+  for (int i = from; i < to; ++i) lines += " L R" + std::to_string(i) + "\n";
+  return lines;
+}
+
+TEST(Terminal, ShowsTheProgressOfASlowReadAndNothingOfItInTheEnd) {
+  const HostFolder folder;
+  SlowPipe pipe(folder, "slow.mps");
+  OnTerminal terminal({"info", pipe.path(), folder.Example("diet.mps")});
+  ASSERT_TRUE(terminal.started());
+  pipe.Open(O_WRONLY);
+  pipe.Write("ROWS\n N C\n" + RowLines(0, 5000));
+  usleep(kLongerThanTheDelay);
+  pipe.Write(RowLines(5000, 100'000));
+  ASSERT_TRUE(terminal.WaitToSee("]")) << terminal.shown();
+  EXPECT_NE(terminal.shown().find("\rReading " + pipe.path().substr(0, 20)), std::string::npos);
+  pipe.Write("COLUMNS\n X C 1\nENDATA\n");
+  pipe.Close();
+  EXPECT_EQ(terminal.Finish(), 0);
+  const std::string screen = ScreenAfter(terminal.shown());
+  EXPECT_EQ(screen.find("Reading"), std::string::npos) << screen;
+  EXPECT_EQ(screen.find('['), std::string::npos) << screen;
+  EXPECT_TRUE(screen.ends_with("2 files")) << screen;
+}
+
+TEST(Terminal, ShowsNothingOfAReadThatIsStopped) {
+  const HostFolder folder;
+  SlowPipe pipe(folder, "slow.mps");
+  OnTerminal terminal({"check", pipe.path()});
+  ASSERT_TRUE(terminal.started());
+  pipe.Open(O_WRONLY);
+  pipe.Write("ROWS\n N C\n" + RowLines(0, 5000));
+  usleep(kLongerThanTheDelay);
+  pipe.Write(RowLines(5000, 100'000));
+  ASSERT_TRUE(terminal.WaitToSee("]")) << terminal.shown();
+  terminal.Type("\x03");
+  pipe.WriteToWhoMayBeGone(RowLines(100'000, 200'000));
+  pipe.Close();
+  EXPECT_EQ(terminal.Finish(), 130);
+  EXPECT_TRUE(ScreenAfter(terminal.shown()).ends_with("quarvel: stopped")) << terminal.shown();
+  EXPECT_EQ(ScreenAfter(terminal.shown()).find('['), std::string::npos) << terminal.shown();
+}
+
+TEST(Terminal, ShowsTheProgressOfASlowWrite) {
+  const HostFolder folder;
+  std::string model = "ROWS\n N C\nCOLUMNS\n";
+  for (int i = 0; i < 40'000; ++i) model += " X" + std::to_string(i) + " C 1\n";
+  SlowPipe pipe(folder, "slow.out");
+  OnTerminal terminal({"convert", folder.Write("a.mps", model + "ENDATA\n"), pipe.path()});
+  ASSERT_TRUE(terminal.started());
+  pipe.Open(O_RDONLY);
+  usleep(kLongerThanTheDelay);
+  const std::string written = pipe.ReadAll();
+  EXPECT_EQ(terminal.Finish(), 0) << terminal.shown();
+  EXPECT_TRUE(written.ends_with("ENDATA\r\n"));
+  EXPECT_NE(terminal.shown().find("\rWriting "), std::string::npos) << terminal.shown();
+  EXPECT_EQ(ScreenAfter(terminal.shown()),
+            "quarvel: " + pipe.path() +
+                ": written, but not read again, as it cannot be replaced: 1 row, 40000 columns, "
+                "40000 coefficients");
+}
+
+TEST(Terminal, ShowsNoProgressOfWhatTakesNoTime) {
+  const HostFolder folder;
+  OnTerminal terminal({"simplify", folder.Example("ranges.mps"), folder.Path("b.mps")});
+  ASSERT_TRUE(terminal.started());
+  EXPECT_EQ(terminal.Finish(), 0);
+  EXPECT_EQ(terminal.shown().find('['), std::string::npos) << terminal.shown();
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ TEST(WriteJson, TellsTheWholeStoryOfAConversion) {
           "{\"input\":\"@a.mps\",\"output\":\"@b.mps\",\"outcome\":\"written\","
           "\"read\":{\"rows\":2,\"columns\":2,\"elements\":3},\"hasEndata\":true,\"problems\":[],"
           "\"simplified\":false,\"commands\":0,\"model\":{\"rows\":2,\"columns\":2,\"elements\":3},"
-          "\"layout\":\"free\",\"fitsFixedColumns\":true,\"inPlace\":false,"
+          "\"layout\":\"free\",\"fitsFixedColumns\":true,\"packing\":\"none\",\"inPlace\":false,"
           "\"receipt\":{\"readAgain\":true,\"whole\":true,\"equalRows\":2,\"equalColumns\":2,"
           "\"equalElements\":3,\"unexpected\":[]},\"losses\":[]}\n"));
 }

@@ -1,5 +1,6 @@
 #include "inspect/receipt.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,10 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
+std::unique_ptr<platform::ByteSource> BytesOf(const std::string& path) {
+  return std::make_unique<platform::FileBytes>(platform::InputFile(path));
+}
+
 class ReceiptTest : public ::testing::Test {
  protected:
   // The receipt of kSmallModel for a file that holds `text`.
@@ -20,7 +25,7 @@ class ReceiptTest : public ::testing::Test {
                   const std::string& model = std::string(kSmallModel)) {
     const mps::FileFacts facts = mps::ReadFile(folder_.Write("a.mps", model), {}, store_).facts;
     Receipt receipt = ReceiptOf(store_, facts, layout);
-    CompareWithFile(store_, facts, platform::InputFile(folder_.Write("b.mps", text)), receipt);
+    CompareWithFile(store_, facts, BytesOf(folder_.Write("b.mps", text)), receipt);
     return receipt;
   }
 
@@ -109,7 +114,7 @@ TEST_F(ReceiptTest, SaysWhenTheFileCannotBeRead) {
   model::ModelStore store;
   Receipt receipt;
   const std::string path = folder_.Write("gone.mps", "");
-  CompareWithFile(store, {}, platform::InputFile(path), receipt);
+  CompareWithFile(store, {}, BytesOf(path), receipt);
   // Nothing was to be written, and nothing is there.
   EXPECT_EQ(receipt.unexpected, Texts());
   EXPECT_TRUE(receipt.is_read_again);

@@ -78,5 +78,63 @@ TEST_F(WriteFileTest, LeavesTheOldFileWhereAnotherModelIsReadAgain) {
   EXPECT_EQ(folder_.Read("b.mps"), "precious");
 }
 
+class KeptText : public platform::ByteSink {
+ public:
+  void Write(std::string_view bytes) override { text += bytes; }
+  std::string text;
+};
+
+TEST_F(WriteFileTest, GivesAStreamWhatItWouldWrite) {
+  ASSERT_EQ(Write(kSmallModel, {}).outcome, kWritten);
+  KeptText kept;
+  const FileWrite write = WriteStream(store_, {}, kept, {});
+  EXPECT_EQ(write.outcome, kWritten);
+  EXPECT_TRUE(write.receipt.is_whole());
+  EXPECT_EQ(kept.text, folder_.Read("b.mps"));
+}
+
+TEST_F(WriteFileTest, GivesAStreamNothingThatLosesSomething) {
+  ASSERT_EQ(Write(kLossy, {}).outcome, kWritten);
+  KeptText kept;
+  const WriteOptions strict = {.layout = mps::FileLayout::kFixed, .strict = true};
+  EXPECT_EQ(WriteStream(store_, {}, kept, strict).outcome, kLosses);
+  EXPECT_EQ(WriteStream(model::ModelStore(), {}, kept, {}).outcome, kNothing);
+  EXPECT_EQ(kept.text, "");
+}
+
+TEST_F(WriteFileTest, TellsHowFarItIs) {
+  std::vector<WriteStage> stages;
+  double part = 0;
+  WriteOptions options;
+  options.on_progress = [&](const WriteProgress& progress) {
+    if (stages.empty() || stages.back() != progress.stage) stages.push_back(progress.stage);
+    part = progress.part;
+    EXPECT_GE(part, 0);
+    EXPECT_LE(part, 1);
+    return true;
+  };
+  std::string model = "ROWS\n N C\nCOLUMNS\n";
+  for (int i = 0; i < 20'000; ++i) model += " X" + std::to_string(i) + " C 1\n";
+  EXPECT_EQ(Write(model + "ENDATA\n", options).outcome, kWritten);
+  EXPECT_EQ(stages, (std::vector<WriteStage>{WriteStage::kWriting, WriteStage::kVerifying}));
+  EXPECT_GT(part, 0.5);
+}
+
+TEST_F(WriteFileTest, LeavesTheOldFileWhenItIsStopped) {
+  std::string model = "ROWS\n N C\nCOLUMNS\n";
+  for (int i = 0; i < 20'000; ++i) model += " X" + std::to_string(i) + " C 1\n";
+  model += "ENDATA\n";
+  for (const WriteStage last : {WriteStage::kWriting, WriteStage::kVerifying}) {
+    folder_.Write("b.mps", "precious");
+    WriteOptions options;
+    options.on_progress = [last](const WriteProgress& progress) { return progress.stage != last; };
+    EXPECT_NE(Write(model, options).outcome, kWritten);
+    EXPECT_EQ(folder_.Read("b.mps"), "precious");
+    KeptText kept;
+    EXPECT_NE(WriteStream(store_, {}, kept, options).outcome, kWritten);
+    EXPECT_EQ(kept.text, "");
+  }
+}
+
 }  // namespace
 }  // namespace quarvel::inspect

@@ -24,13 +24,10 @@ Lines WrittenModel::Section(std::string_view header) const {
 }
 
 WrittenModel HandMadeModel::Write() const {
-  const TemporaryFolder folder;
-  const std::string path = folder.File("written.mps");
-  platform::OutputFile file(path);
+  std::string written;
   MpsWriter writer(model.store().data());
-  writer.Write(file);
-  file.Close();
-  return {ReadWholeFile(path), writer.standard()};
+  writer.Write([&written](std::string_view piece) { written += piece; });
+  return {written, writer.standard()};
 }
 
 std::string GoldenFile(std::string_view name) {

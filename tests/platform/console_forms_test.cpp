@@ -1,4 +1,5 @@
 // Forms on a console: choices, progress, and Ctrl-C as their stop button.
+#include <chrono>
 #include <csignal>
 #include <deque>
 #include <functional>
@@ -167,6 +168,41 @@ TEST_F(ConsoleFormsTest, DrawsProgressOnOneLineAndErasesIt) {
   EXPECT_EQ(Printed([&] { desktop_.DoEvents(); }), line);
   form.stopped = true;
   EXPECT_EQ(Printed([&] { form.Unload(); }), std::string(line.size(), ' '));
+}
+
+TEST_F(ConsoleFormsTest, ShowsNothingOfWorkThatTakesNoTime) {
+  desktop_.set_shows_progress(true);
+  desktop_.set_progress_delay(60'000);
+  frmWork form(desktop_);
+  form.Show();
+  EXPECT_EQ(Printed([&] {
+              desktop_.DoEvents();
+              form.bar.set_value(9);
+              desktop_.DoEvents();
+              form.stopped = true;
+              form.Unload();
+            }),
+            "");
+}
+
+TEST_F(ConsoleFormsTest, TellsHowLongItWillTakeYet) {
+  desktop_.set_shows_progress(true);
+  frmWork form(desktop_);
+  form.Show();
+  Printed([&] { desktop_.DoEvents(); });
+  const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(700);
+  while (std::chrono::steady_clock::now() < until) {
+  }
+  form.bar.set_value(7.5F);
+  const std::string later = Printed([&] { desktop_.DoEvents(); });
+  EXPECT_TRUE(later.starts_with("Working (50.%), ")) << later;
+  EXPECT_TRUE(later.ends_with(" s left [######################........]")) << later;
+  form.bar.set_value(2);
+  std::string back;
+  while (back.empty()) back = Printed([&] { desktop_.DoEvents(); });
+  EXPECT_EQ(back.find("left"), std::string::npos) << "of other work: " << back;
+  form.stopped = true;
+  Printed([&] { form.Unload(); });
 }
 
 TEST_F(ConsoleFormsTest, CutsTheProgressLineToTheScreen) {

@@ -33,9 +33,9 @@ class FakeAnswers : public ConsoleAnswers {
 
 // What standard error got while `action` ran.
 inline std::string Printed(const std::function<void()>& action) {
-  testing::internal::CaptureStderr();
+  ::testing::internal::CaptureStderr();
   action();
-  std::string printed = testing::internal::GetCapturedStderr();
+  std::string printed = ::testing::internal::GetCapturedStderr();
   std::erase(printed, '\r');
   return printed;
 }
@@ -45,6 +45,7 @@ class ConsoleDesktopTest : public ::testing::Test {
   ConsoleDesktopTest() {
     desktop_.set_interactive(false);
     desktop_.set_shows_progress(false);
+    desktop_.set_progress_delay(0);
     desktop_.set_line_source([this]() -> std::optional<std::string> {
       if (typed_.empty()) return std::nullopt;
       const std::string line = typed_.front();
