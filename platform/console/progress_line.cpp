@@ -16,7 +16,9 @@
 namespace quarvel::platform::console {
 namespace {
 
-constexpr std::size_t kColumns = 79;
+// A terminal shows "^C" where the cursor stands when Ctrl-C is pressed.
+constexpr std::size_t kEchoColumns = 2;
+constexpr std::size_t kColumns = 79 - kEchoColumns;
 constexpr std::size_t kBarColumns = 30;
 constexpr std::size_t kLeastBarColumns = 8;
 constexpr std::int64_t kMillisecondsBetweenDraws = 50;
@@ -28,11 +30,11 @@ double PartOf(const ProgressBar& bar) {
   return range > 0 ? static_cast<double>((bar.value() - bar.min()) / range) : 0;
 }
 
-// As long as there is room for behind those words.
+// As long as there is room for behind those words; empty where there is hardly any.
 std::string BarBehind(const std::string& words, double part) {
   const std::size_t taken = text::CharacterCount(words) + std::string_view(" []").size();
-  const bool is_short = taken + kBarColumns > kColumns && taken + kLeastBarColumns <= kColumns;
-  const std::size_t columns = is_short ? kColumns - taken : kBarColumns;
+  if (taken + kLeastBarColumns > kColumns) return {};
+  const std::size_t columns = std::min(kBarColumns, kColumns - taken);
   const auto done = static_cast<std::size_t>(part * static_cast<double>(columns));
   const std::size_t filled = std::min(done, columns);
   return " [" + std::string(filled, '#') + std::string(columns - filled, '.') + ']';
@@ -91,7 +93,7 @@ std::string ProgressLine::TimeLeft(std::int64_t now) const {
 
 void ProgressLine::Erase() {
   if (columns_on_screen_ == 0) return;
-  WriteError('\r' + std::string(columns_on_screen_, ' ') + '\r');
+  WriteError('\r' + std::string(columns_on_screen_ + kEchoColumns, ' ') + '\r');
   columns_on_screen_ = 0;
 }
 

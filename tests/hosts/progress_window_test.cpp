@@ -37,7 +37,8 @@ TEST_F(ProgressWindowTest, TellsPartAndRateAndLeavesNothingBehind) {
     ::testing::internal::CaptureStderr();
   });
   EXPECT_EQ(shown, "\rWriting a.mps (25.%) [#######.......................]");
-  EXPECT_EQ(erased, std::string(shown.size() - 1, ' '));
+  // With what a Ctrl-C behind it would show.
+  EXPECT_EQ(erased, std::string(shown.size() - 1 + 2, ' '));
 }
 
 TEST_F(ProgressWindowTest, TellsBytesWhereTheWholeIsNotKnown) {
@@ -58,7 +59,7 @@ TEST_F(ProgressWindowTest, HasARateAfterHalfASecond) {
     }
     window.Update(1'000'000'000'000, 0.5);
   });
-  EXPECT_NE(printed.find(" GB/s) ["), std::string::npos) << printed;
+  EXPECT_NE(printed.find(" GB/s), "), std::string::npos) << printed;
 }
 
 }  // namespace

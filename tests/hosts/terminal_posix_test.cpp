@@ -319,7 +319,7 @@ TEST(Terminal, ShowsTheProgressOfASlowReadAndNothingOfItInTheEnd) {
   pipe.Write("ROWS\n N C\n" + RowLines(0, 5000));
   usleep(kLongerThanTheDelay);
   pipe.Write(RowLines(5000, 100'000));
-  ASSERT_TRUE(terminal.WaitToSee("]")) << terminal.shown();
+  ASSERT_TRUE(terminal.WaitToSee("B/s)")) << terminal.shown();
   EXPECT_NE(terminal.shown().find("\rReading " + pipe.path().substr(0, 20)), std::string::npos);
   pipe.Write("COLUMNS\n X C 1\nENDATA\n");
   pipe.Close();
@@ -339,7 +339,7 @@ TEST(Terminal, ShowsNothingOfAReadThatIsStopped) {
   pipe.Write("ROWS\n N C\n" + RowLines(0, 5000));
   usleep(kLongerThanTheDelay);
   pipe.Write(RowLines(5000, 100'000));
-  ASSERT_TRUE(terminal.WaitToSee("]")) << terminal.shown();
+  ASSERT_TRUE(terminal.WaitToSee("B/s)")) << terminal.shown();
   terminal.Type("\x03");
   pipe.WriteToWhoMayBeGone(RowLines(100'000, 200'000));
   pipe.Close();
