@@ -39,7 +39,13 @@ class OnTerminal {
     child_ = fork();
     if (child_ == 0) RunChild(slave, words);
   }
-  ~OnTerminal() { close(master_); }
+  ~OnTerminal() {
+    close(master_);
+    if (child_ > 0) {
+      kill(child_, SIGKILL);
+      waitpid(child_, nullptr, 0);
+    }
+  }
   OnTerminal(const OnTerminal&) = delete;
   OnTerminal& operator=(const OnTerminal&) = delete;
 
@@ -69,6 +75,7 @@ class OnTerminal {
     }
     int status = 0;
     waitpid(child_, &status, 0);
+    child_ = -1;
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   }
 
@@ -238,23 +245,26 @@ TEST(Terminal, HasListsAsWideAsItIs) {
 
 // What stands on the screen in the end, without empty lines at its end.
 std::string ScreenAfter(std::string_view shown) {
-  std::vector<std::string> lines(1);
+  std::vector<std::vector<std::string>> lines(1);
   std::size_t column = 0;
   for (const char c : shown) {
+    std::vector<std::string>& line = lines.back();
     if (c == '\r') {
       column = 0;
     } else if (c == '\n') {
       lines.emplace_back();
+    } else if ((static_cast<unsigned char>(c) & 0xC0U) == 0x80U && column > 0) {
+      line[column - 1] += c;  // the rest of a character
     } else {
-      std::string& line = lines.back();
-      line.resize(std::max(line.size(), column + 1), ' ');
+      line.resize(std::max(line.size(), column + 1), " ");
       line[column++] = c;
     }
   }
   std::string screen;
-  for (std::string& line : lines) {
-    line.erase(line.find_last_not_of(' ') + 1);
-    screen += line + '\n';
+  for (const std::vector<std::string>& line : lines) {
+    for (const std::string& cell : line) screen += cell;
+    screen.erase(screen.find_last_not_of(' ') + 1);
+    screen += '\n';
   }
   return screen.erase(screen.find_last_not_of('\n') + 1);
 }
