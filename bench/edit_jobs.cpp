@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <utility>
 
 #include "bench/bench_desktop.h"
 #include "bench/stopwatch.h"
@@ -97,6 +98,43 @@ void DeleteRowsAskingAboutColumns(std::int32_t size) {
   PrintResult("asked", static_cast<double>(sum));
 }
 
+// Each time the row in the middle of that column's list.
+void DeleteRowsOfADenseColumn(std::int32_t size) {
+  Built built(size, 1);
+  LPModel& model = built.model;
+  for (std::int32_t i = 0; i < size; ++i) model.AddElement(i, 0, 1);
+  Time(built, [&] {
+    for (std::int32_t i = 1; i < size; ++i) {
+      model.DeleteRow(model.ColElementrow(0, model.ColNumberElements(0) / 2));
+    }
+  });
+}
+
+void DeleteBindingRows(std::int32_t size) {
+  Built built(size);
+  LPModel& model = built.model;
+  Time(built, [&] {
+    for (std::int32_t i = 1; i < size; ++i) {
+      model.DeleteRow(model.BindingRowIndex(model.NumberOfBindingRows() / 2));
+    }
+  });
+}
+
+// Rows of one coefficient, each named twice by its column.
+void SimplifyDisagreeingPairs(std::int32_t size) {
+  Built built(size, size);
+  LPModel& model = built.model;
+  for (std::int32_t i = 0; i < size; ++i) model.AddElement(i, i, 1);
+  model::ModelData data = model.store().data();
+  for (model::ColumnRecord& column : data.Columns) {
+    column.Elements.Append(model::ElementEntry(column.Elements.last()));
+  }
+  model.store().Take(std::move(data));
+  std::string log;
+  model.KeepLogIn(&log);
+  Time(built, [&] { model.SimplifyMPSModel(); });
+}
+
 void ChangeRowTypes(std::int32_t size) {
   Built built(size);
   Time(built, [&] {
@@ -151,7 +189,8 @@ void AddToDenseLists(std::int32_t size) {
 // In the order of their names.
 constexpr std::array kRuns = {
     DeleteRowsByName,     DeleteColumnsByName,          DeleteAndAdd,
-    DeleteRowsAndColumns, DeleteRowsAskingAboutColumns, ChangeRowTypes,
+    DeleteRowsAndColumns, DeleteRowsAskingAboutColumns, DeleteRowsOfADenseColumn,
+    DeleteBindingRows,    SimplifyDisagreeingPairs,     ChangeRowTypes,
     SetDenseColumn,       DeleteFromDenseRow,           AddToDenseLists,
 };
 static_assert(kRuns.size() == kEditJobs.size());

@@ -49,7 +49,7 @@ struct Session {
     desktop.file = path;
     const double seconds = SecondsOf([this] {
       Require(model.ReadMPSFile() == -1, "the file was not read");
-      model.NumberOfBindingRows();  // the row lists, where they are deferred
+      model.store().data();  // the row lists, where they are deferred
     });
     return seconds;
   }
@@ -251,7 +251,7 @@ void Simplify(Arguments arguments) {
   session.Read(arguments[0]);
   PrintResult("seconds", SecondsOf([&] {
                 session.model.SimplifyMPSModel();
-                session.model.NumberOfBindingRows();
+                session.model.store().data();
               }));
   session.PrintSize();
 }
@@ -267,7 +267,7 @@ void DeleteRowsOf(Session& session, std::int32_t deletions, const Look& look) {
                   model.DeleteRow(k * (step - 1));
                   look();
                 }
-                model.NumberOfBindingRows();
+                model.store().data();
               }));
   session.PrintSize();
 }
@@ -327,7 +327,7 @@ void DeleteColumn(Arguments arguments) {
   }
   PrintResult("seconds", SecondsOf([&] {
                 model.DeleteColumn(column);
-                model.NumberOfBindingRows();
+                model.store().data();
               }));
   Require(model.NumberOfRows() == kept, "the emptied rows are still there");
   session.PrintSize();

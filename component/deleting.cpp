@@ -23,8 +23,9 @@ std::int16_t LPModel::DeleteColumn(std::int32_t col) {
           "Cannot remove the only column.\r\n"
           "Rename it instead of removing it and creating a new one.");
     } else if (model::InRange(col, NumberOfColumns())) {
-      store_.RemoveColumn(model::Stored(col),
-                          [this](const model::RowRecord& row) { log_.AppendEmptyRow(row); });
+      store_.RemoveColumn(model::Stored(col), [this](const model::RowRecord& row) {
+        log_.AppendEmptyRow(row.Type, row.Name);
+      });
     }
     return Number(EditResult::kDone);
   });

@@ -78,10 +78,10 @@ class LPModel final : public model::ModelInterface {
   std::int32_t NumberOfColumns() const override { return store_.NumberOfColumns(); }
   std::int32_t NumberOfElements() const override { return store_.NumberOfElements(); }
   std::int32_t NumberOfBindingRows() const override {
-    return Guarded([&] { return store_.data().NumberOfBindingRows; });
+    return Guarded([&] { return store_.looks().CountListed(model::RowList::kBinding); });
   }
   std::int32_t NumberOfNonBindingRows() const override {
-    return Guarded([&] { return store_.data().NumberOfNonBindingRows; });
+    return Guarded([&] { return store_.looks().CountListed(model::RowList::kNonBinding); });
   }
   std::int32_t NumBindingRows() const { return NumberOfBindingRows(); }
   std::int32_t NumNonBindingRows() const { return NumberOfNonBindingRows(); }
@@ -105,7 +105,7 @@ class LPModel final : public model::ModelInterface {
     return Guarded([&] { return double{ColumnElement(j, k).Value}; });
   }
   std::int32_t ColNumberElements(std::int32_t j) const override {
-    return Guarded([&] { return Column(j).ElementCount(); });
+    return Guarded([&] { return store_.looks().ElementsInColumn(ColumnNumber(j)); });
   }
   double ColUpperBound(std::int32_t j) const override;
   double ColLowerBound(std::int32_t j) const override;
@@ -120,7 +120,7 @@ class LPModel final : public model::ModelInterface {
     return Guarded([&] { return double{RowElement(i, k).Value}; });
   }
   std::int32_t RowNumberElements(std::int32_t i) const override {
-    return Guarded([&] { return store_.ElementsInRow(model::CheckRow(i, store_.NumberOfRows())); });
+    return Guarded([&] { return store_.ElementsInRow(RowNumber(i)); });
   }
   double RowUpperBound(std::int32_t i) const override;
   double RowLowerBound(std::int32_t i) const override;
@@ -227,21 +227,25 @@ class LPModel final : public model::ModelInterface {
 
  private:
   // What stands at 0-based numbers, which are checked.
-  const model::RowRecord& Row(std::int32_t i) const {
-    return store_.Row(model::CheckRow(i, store_.NumberOfRows()));
+  std::int32_t RowNumber(std::int32_t i) const { return model::CheckRow(i, store_.NumberOfRows()); }
+  std::int32_t ColumnNumber(std::int32_t j) const {
+    return model::CheckColumn(j, store_.NumberOfColumns());
   }
-  const model::ColumnRecord& Column(std::int32_t j) const {
-    return store_.Column(model::CheckColumn(j, store_.NumberOfColumns()));
-  }
-  const model::ElementEntry& RowElement(std::int32_t i, std::int32_t k) const {
-    const model::RowRecord& row = Row(i);
+  model::ElementEntry RowElement(std::int32_t i, std::int32_t k) const {
+    if (store_.has_deferred_work()) [[unlikely]]
+      return DeferredRowElement(i, k);
+    const model::RowRecord& row = store_.Row(RowNumber(i));
     return row.Elements.begin()[model::Public(model::CheckRowElement(k, row.ElementCount()))];
   }
-  const model::ElementEntry& ColumnElement(std::int32_t j, std::int32_t k) const {
-    const model::ColumnRecord& column = Column(j);
+  model::ElementEntry ColumnElement(std::int32_t j, std::int32_t k) const {
+    if (store_.has_deferred_work()) [[unlikely]]
+      return DeferredColumnElement(j, k);
+    const model::ColumnRecord& column = store_.Column(ColumnNumber(j));
     return column.Elements
         .begin()[model::Public(model::CheckColumnElement(k, column.ElementCount()))];
   }
+  model::ElementEntry DeferredRowElement(std::int32_t i, std::int32_t k) const;
+  model::ElementEntry DeferredColumnElement(std::int32_t j, std::int32_t k) const;
   // One plain box; the refusals of writes and edits.
   void Refuse(std::string_view text) const;
   void WarnOnceOfLongName(std::string_view name);

@@ -103,7 +103,7 @@ void LPModel::SetRowElementValue(std::int32_t row, std::int32_t rowele,
 void LPModel::SetRowType(std::int32_t i, const model::Variant& value) {
   Guarded([&] {
     // Only the hidden row of a new model is stored but not counted.
-    if (!model::InRange(i, store_.StoredRows())) model::RaiseSubscriptOutOfRange();
+    if (!model::InRange(i, store_.looks().StoredRows())) model::RaiseSubscriptOutOfRange();
     if (!model::InRange(i, NumberOfRows())) {
       return Refuse("Invalid Row number when attempting to SetRowType()");
     }

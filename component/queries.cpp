@@ -5,35 +5,35 @@
 namespace quarvel {
 
 double LPModel::ColUpperBound(std::int32_t j) const {
-  return Guarded([&] { return Column(j).UpperBound; });
+  return Guarded([&] { return store_.looks().BoundsOfColumn(ColumnNumber(j)).UpperBound; });
 }
 
 double LPModel::ColLowerBound(std::int32_t j) const {
-  return Guarded([&] { return Column(j).LowerBound; });
+  return Guarded([&] { return store_.looks().BoundsOfColumn(ColumnNumber(j)).LowerBound; });
 }
 
 std::string LPModel::ColName(std::int32_t j) const {
-  return Guarded([&] { return Column(j).Name; });
+  return Guarded([&] { return store_.looks().NameOfColumn(ColumnNumber(j)); });
 }
 
 std::string LPModel::ColType(std::int32_t j) const {
-  return Guarded([&] { return model::TypeText(Column(j).Type); });
+  return Guarded([&] { return model::TypeText(store_.looks().TypeOfColumn(ColumnNumber(j))); });
 }
 
 double LPModel::RowUpperBound(std::int32_t i) const {
-  return Guarded([&] { return Row(i).UpperBound; });
+  return Guarded([&] { return store_.looks().BoundsOfRow(RowNumber(i)).UpperBound; });
 }
 
 double LPModel::RowLowerBound(std::int32_t i) const {
-  return Guarded([&] { return Row(i).LowerBound; });
+  return Guarded([&] { return store_.looks().BoundsOfRow(RowNumber(i)).LowerBound; });
 }
 
 std::string LPModel::RowName(std::int32_t i) const {
-  return Guarded([&] { return Row(i).Name; });
+  return Guarded([&] { return store_.looks().NameOfRow(RowNumber(i)); });
 }
 
 std::string LPModel::RowType(std::int32_t i) const {
-  return Guarded([&] { return model::TypeText(Row(i).Type); });
+  return Guarded([&] { return model::TypeText(store_.looks().TypeOfRow(RowNumber(i))); });
 }
 
 double LPModel::ElementValue(std::int32_t i, std::int32_t j) const {
@@ -45,18 +45,29 @@ double LPModel::ElementValue(std::int32_t i, std::int32_t j) const {
 
 std::int32_t LPModel::BindingRowIndex(std::int32_t i) const {
   return Guarded([&] {
-    const model::ModelData& data = store_.data();
+    const std::int32_t count = store_.looks().CountListed(model::RowList::kBinding);
     return model::Public(
-        data.BindingRows[model::CheckBindingRowIndex(i, data.NumberOfBindingRows)]);
+        store_.looks().Listed(model::RowList::kBinding, model::CheckBindingRowIndex(i, count)));
   });
 }
 
 std::int32_t LPModel::NonBindingRowIndex(std::int32_t i) const {
   return Guarded([&] {
-    const model::ModelData& data = store_.data();
-    return model::Public(
-        data.NonBindingRows[model::CheckNonBindingRowIndex(i, data.NumberOfNonBindingRows)]);
+    const std::int32_t count = store_.looks().CountListed(model::RowList::kNonBinding);
+    return model::Public(store_.looks().Listed(model::RowList::kNonBinding,
+                                               model::CheckNonBindingRowIndex(i, count)));
   });
+}
+
+model::ElementEntry LPModel::DeferredRowElement(std::int32_t i, std::int32_t k) const {
+  const std::int32_t r = RowNumber(i);
+  return store_.looks().RowElement(r, model::CheckRowElement(k, store_.ElementsInRow(r)));
+}
+
+model::ElementEntry LPModel::DeferredColumnElement(std::int32_t j, std::int32_t k) const {
+  const model::RecordLooks looks = store_.looks();
+  const std::int32_t c = ColumnNumber(j);
+  return looks.ColumnElement(c, model::CheckColumnElement(k, looks.ElementsInColumn(c)));
 }
 
 }  // namespace quarvel

@@ -1,11 +1,9 @@
 // Changes of a model in which there may be gaps, by position.
 
-#include <algorithm>
 #include <string>
 #include <utility>
 
 #include "model/deferred_work.h"
-#include "model/immediate_removal.h"
 
 namespace quarvel::model {
 namespace {
@@ -72,33 +70,6 @@ void RenameAt(OneBased<Record>& records, std::int32_t position, const Gaps& gaps
   AddName(names, gaps, NameKey::Of(record.Name), record.Name, position, records);
 }
 
-// Ascending.
-std::vector<std::int32_t> RowsWithOnly(const ModelData& data, std::int32_t column) {
-  std::vector<std::int32_t> rows;
-  for (std::int32_t r = 1; r <= data.NumberOfRows; ++r) {
-    const ElementList& list = data.Rows[r].Elements;
-    if (list.size() == 1 && list[1].Index == column) rows.push_back(r);
-  }
-  return rows;
-}
-
-// By their positions, ascending: what a column whose list agrees with theirs leaves empty.
-std::vector<std::int32_t> RowsEmptiedBy(const ModelData& data, const DeferredRemovals& removals,
-                                        std::int32_t column) {
-  std::vector<std::int32_t> rows;
-  for (const ElementEntry& entry : data.Columns[column].Elements) {
-    const std::int32_t row = entry.Index;
-    if (!removals.rows.IsGone(row) && removals.elements_left[row] == 1) rows.push_back(row);
-  }
-  std::sort(rows.begin(), rows.end());
-  return rows;
-}
-
-bool AllAgree(const ListAgreement& agreement, const std::vector<std::int32_t>& rows) {
-  return std::all_of(rows.begin(), rows.end(),
-                     [&](std::int32_t row) { return agreement.RowAgrees(row); });
-}
-
 }  // namespace
 
 std::int32_t DeferredWork::FindRow(const NameKey& key, std::string_view name) {
@@ -113,33 +84,26 @@ std::int32_t DeferredWork::FindColumn(const NameKey& key, std::string_view name)
       [this] { Settle(); });
 }
 
-// What there is of a list's agreement is known afterwards.
+// Whether lists agree is known afterwards, and how removals are to be noted.
 void DeferredWork::ReadyForRemoval() {
   FillRowListsIfBehind();
-  if (agreement_.Known(changes_)) return;
-  Settle();
-  agreement_.Examine(model_.data, changes_);
+  const bool fits = removals_.empty() || removals_.in_order != agreement_.everywhere();
+  if (!agreement_.Known(changes_) || !fits) {
+    Settle();
+    agreement_.Examine(model_.data, changes_);
+  }
+  if (!removals_.empty()) return;
+  removals_.in_order = !agreement_.everywhere();
+  if (removals_.in_order) long_.Clear();
 }
 
 void DeferredWork::RemoveRow(std::int32_t number) {
   ReadyForRemoval();
   const std::int32_t position = RowPosition(number);
-  ModelData& data = model_.data;
-  if (!agreement_.RowAgrees(position)) {
-    Settle();
-    long_.Clear();
-    NoteChange();
-    RemoveRowNow(model_, number);
-    row_indexes_.Rebuild(data.NumberOfRows);
-    empty_ = row_indexes_.TryToCatchUp(data);
-    return;
-  }
   removals_.OpenRows(model_);
   empty_ = false;
-  data.NumberOfElements -= ElementsInRow(number);
-  --data.NumberOfRows;
-  removals_.rows.Note(position);
-  row_indexes_.Rebuild(data.NumberOfRows);
+  if (removals_.in_order) removals_.PrepareRow(position);
+  TakeOutRow(position);
   NoteAgreeingChange();
 }
 
@@ -147,59 +111,70 @@ void DeferredWork::RemoveRow(std::int32_t number) {
 void DeferredWork::RemoveColumn(std::int32_t number, const RowNotice& before) {
   ReadyForRemoval();
   const std::int32_t position = ColumnPosition(number);
-  bool notes = agreement_.ColumnAgrees(position);
-  if (notes) {
-    removals_.OpenColumns(model_);
-    empty_ = false;
-  } else {
-    Settle();
-  }
-  std::vector<std::int32_t> rows =
-      notes ? RowsEmptiedBy(model_.data, removals_, position) : RowsWithOnly(model_.data, number);
+  removals_.OpenColumns(model_);
+  empty_ = false;
+  const std::vector<std::int32_t> emptied = removals_.RowsEmptiedBy(model_, position);
   if (before) {
-    for (const std::int32_t row : rows) before(model_.data.Rows[row]);
+    for (const std::int32_t row : emptied) before(model_.data.Rows[row]);
   }
-  notes = notes && AllAgree(agreement_, rows);
-  if (!notes) return RemoveColumnAtOnce(number);
-  if (!rows.empty()) removals_.OpenRows(model_);
-  ModelData& data = model_.data;
-  for (const ElementEntry& entry : data.Columns[position].Elements) {
-    if (removals_.rows.IsGone(entry.Index)) continue;
-    --removals_.elements_left[entry.Index];
-    --data.NumberOfElements;
-    ListPlaces* const places = long_.rows.Known(entry.Index);
-    if (places != nullptr) places->Remove(places->First(position), position);
+  if (!emptied.empty()) removals_.OpenRows(model_);
+  if (removals_.in_order) {
+    for (const std::int32_t row : emptied) removals_.PrepareRow(row);
   }
-  --data.NumberOfColumns;
-  removals_.columns.Note(position);
-  for (const std::int32_t row : rows) removals_.rows.Note(row);
-  data.NumberOfRows -= static_cast<std::int32_t>(rows.size());
-  if (!rows.empty()) row_indexes_.Rebuild(data.NumberOfRows);
+  TakeOutColumn(position, emptied);
   NoteAgreeingChange();
 }
 
-// One by one, each of the rows takes a pass over the model: this is for lists that disagree.
-void DeferredWork::RemoveColumnAtOnce(std::int32_t number) {
-  Settle();
-  const std::vector<std::int32_t> rows = RowsWithOnly(model_.data, number);
-  long_.Clear();
-  NoteChange();
-  RemoveColumnNow(model_, number);
-  std::int32_t gone = 0;
-  for (const std::int32_t row : rows) RemoveRowNow(model_, row - gone++);
-  if (rows.empty()) return;
-  row_indexes_.Rebuild(model_.data.NumberOfRows);
-  empty_ = row_indexes_.TryToCatchUp(model_.data);
+// Where lists agree, each column of the row's list has one coefficient there.
+void DeferredWork::TakeOutRow(std::int32_t position) noexcept {
+  ModelData& data = model_.data;
+  if (removals_.in_order) {
+    removals_.RemoveRowInOrder(model_, position);
+  } else {
+    data.NumberOfElements -= removals_.columns.open() ? removals_.left_in_rows[position]
+                                                      : data.Rows[position].ElementCount();
+    if (!removals_.left_in_columns.empty() || !long_.columns.empty()) {
+      for (const ElementEntry& entry : data.Rows[position].Elements) {
+        if (removals_.columns.IsGone(entry.Index)) continue;
+        if (!removals_.left_in_columns.empty()) --removals_.left_in_columns[entry.Index];
+        ListPlaces* const places = long_.columns.Known(entry.Index);
+        if (places != nullptr) places->Remove(places->First(position), position);
+      }
+    }
+    --data.NumberOfRows;
+    removals_.rows.Note(position);
+  }
+  row_indexes_.NoteGone(position);
+  row_indexes_.Rebuild(data.NumberOfRows);
+}
+
+void DeferredWork::TakeOutColumn(std::int32_t position,
+                                 const std::vector<std::int32_t>& emptied) noexcept {
+  if (removals_.in_order) {
+    removals_.RemoveColumnInOrder(model_, position);
+  } else {
+    ModelData& data = model_.data;
+    for (const ElementEntry& entry : data.Columns[position].Elements) {
+      if (removals_.rows.IsGone(entry.Index)) continue;
+      --removals_.left_in_rows[entry.Index];
+      --data.NumberOfElements;
+      ListPlaces* const places = long_.rows.Known(entry.Index);
+      if (places != nullptr) places->Remove(places->First(position), position);
+    }
+    --data.NumberOfColumns;
+    removals_.columns.Note(position);
+  }
+  for (const std::int32_t row : emptied) TakeOutRow(row);
 }
 
 // Where something disagrees, the number of the new record may be in a list already.
 std::int32_t DeferredWork::AppendRow(const NameKey& key, std::string_view name) {
   ModelData& data = model_.data;
   CheckOneMore(data.NumberOfRows);
-  FillRowListsIfBehind();
+  ReadyForElements();
   if (!agreement_.everywhere()) NoteChange();
   if (removals_.columns.open()) {
-    removals_.elements_left.Resize(removals_.rows.PositionOf(data.NumberOfRows + 1));
+    removals_.left_in_rows.Resize(removals_.rows.PositionOf(data.NumberOfRows + 1));
   }
   return AppendNamed(data.Rows, data.NumberOfRows, removals_.rows, model_.row_names, key, name);
 }
@@ -207,8 +182,11 @@ std::int32_t DeferredWork::AppendRow(const NameKey& key, std::string_view name) 
 std::int32_t DeferredWork::AppendColumn(const NameKey& key, std::string_view name) {
   ModelData& data = model_.data;
   CheckOneMore(data.NumberOfColumns);
-  FillRowListsIfBehind();
+  ReadyForElements();
   if (!agreement_.everywhere()) NoteChange();
+  if (!removals_.left_in_columns.empty()) {
+    removals_.left_in_columns.Resize(removals_.columns.PositionOf(data.NumberOfColumns + 1));
+  }
   return AppendNamed(data.Columns, data.NumberOfColumns, removals_.columns, model_.column_names,
                      key, name);
 }
@@ -224,10 +202,12 @@ void DeferredWork::RenameColumn(std::int32_t number, std::string_view name) {
 
 void DeferredWork::SetRowType(std::int32_t number, RowType type) {
   ModelData& data = model_.data;
-  const RowType old_type = data.Rows[RowPosition(number)].Type;
-  const bool binds = TraitsOf(type).binds;
+  const std::int32_t position = RowPosition(number);
+  const RowType old_type = data.Rows[position].Type;
+  const RowList list = ListOf(type);
   if (old_type != RowType::kNone) {
-    if (binds != TraitsOf(old_type).binds) {
+    if (list != ListOf(old_type)) {
+      row_indexes_.NoteChanged(position, list);
       row_indexes_.Rebuild(data.NumberOfRows);
       empty_ = false;
     }
@@ -235,7 +215,7 @@ void DeferredWork::SetRowType(std::int32_t number, RowType type) {
     // A row that got its first type stands in no index yet. It is taken for the last row, which is
     // where new rows stand.
     Settle();
-    AppendToRowIndex(data, data.NumberOfRows, binds);
+    AppendToRowIndex(data, data.NumberOfRows, list);
   }
   data.Rows[RowPosition(number)].Type = type;
 }

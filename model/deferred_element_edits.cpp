@@ -48,18 +48,11 @@ std::int32_t DeferredWork::PlaceInRow(std::int32_t position, std::int32_t k) {
   const Gaps& columns = removals_.columns;
   if (!columns.open()) return k;
   const ElementList& list = model_.data.Rows[position].Elements;
-  if (const ListPlaces* places = long_.rows.Find(position, list, columns)) {
-    return places->PlaceOf(k);
-  }
-  std::int32_t place = 0;
-  while (k > 0 && place < list.size()) {
-    if (!columns.IsGone(list[++place].Index)) --k;
-  }
-  return k == 0 ? place : 0;
+  return PlaceOfKth(k, list, columns, long_.rows.Find(position, list, columns));
 }
 
 std::int32_t DeferredWork::FindElement(std::int32_t r, std::int32_t c) {
-  FillRowListsIfBehind();
+  ReadyForElements();
   const std::int32_t row = RowPosition(r);
   const std::int32_t place = FirstInRow(row, ColumnPosition(c));
   const Gaps& columns = removals_.columns;
@@ -69,13 +62,6 @@ std::int32_t DeferredWork::FindElement(std::int32_t r, std::int32_t c) {
   return static_cast<std::int32_t>(
       std::count_if(list.begin(), list.begin() + place,
                     [&](const ElementEntry& entry) { return !columns.IsGone(entry.Index); }));
-}
-
-double DeferredWork::ElementValue(std::int32_t r, std::int32_t c) {
-  FillRowListsIfBehind();
-  const std::int32_t row = RowPosition(r);
-  const std::int32_t place = FirstInRow(row, ColumnPosition(c));
-  return place == 0 ? 0.0 : double{model_.data.Rows[row].Elements[place].Value};
 }
 
 // Both or none.
@@ -94,7 +80,7 @@ void DeferredWork::NotePlacesOfNew(std::int32_t row, std::int32_t column) {
 
 void DeferredWork::AddElement(std::int32_t r, std::int32_t c, double value) {
   CheckOneMore(model_.data.NumberOfElements);
-  FillRowListsIfBehind();
+  ReadyForElements();
   ModelData& data = model_.data;
   const std::int32_t row = RowPosition(r);
   const std::int32_t column = ColumnPosition(c);
@@ -106,7 +92,8 @@ void DeferredWork::AddElement(std::int32_t r, std::int32_t c, double value) {
   NotePlacesOfNew(row, column);
   row_list.Append({column, value});
   column_list.Append({row, value});
-  if (removals_.columns.open()) ++removals_.elements_left[row];
+  if (removals_.columns.open()) ++removals_.left_in_rows[row];
+  if (!removals_.left_in_columns.empty()) ++removals_.left_in_columns[column];
   ++data.NumberOfElements;
   if (agrees) {
     NoteAgreeingChange();
@@ -116,7 +103,7 @@ void DeferredWork::AddElement(std::int32_t r, std::int32_t c, double value) {
 }
 
 void DeferredWork::SetElementValue(std::int32_t r, std::int32_t k, double value) {
-  FillRowListsIfBehind();
+  ReadyForElements();
   ModelData& data = model_.data;
   const std::int32_t row = RowPosition(r);
   ElementEntry& element = data.Rows[row].Elements[PlaceInRow(row, k)];
@@ -130,7 +117,7 @@ void DeferredWork::SetElementValue(std::int32_t r, std::int32_t k, double value)
 
 // What a long list loses stays in it as a gap until gaps are closed.
 void DeferredWork::RemoveElement(std::int32_t r, std::int32_t k) {
-  FillRowListsIfBehind();
+  ReadyForElements();
   ModelData& data = model_.data;
   const std::int32_t row = RowPosition(r);
   ElementList& row_list = data.Rows[row].Elements;
@@ -146,7 +133,10 @@ void DeferredWork::RemoveElement(std::int32_t r, std::int32_t k) {
   empty_ = empty_ && removals_.empty();
   if (column_place != 0) TakeOut(column_list, column_place, column_places);
   TakeOut(row_list, place, row_places);
-  if (removals_.columns.open()) --removals_.elements_left[row];
+  if (removals_.columns.open()) --removals_.left_in_rows[row];
+  if (column_place != 0 && !removals_.left_in_columns.empty()) {
+    --removals_.left_in_columns[column];
+  }
   --data.NumberOfElements;
   NoteAgreeingChange();
 }

@@ -21,13 +21,16 @@ class NewNumbers {
     std::int32_t before = 0;
     for (std::size_t offset = 0; offset < within_.size(); ++offset) {
       if (offset % kBlock == 0) blocks_.push_back(before);
-      const bool is_gone = gaps.IsGone(static_cast<std::int32_t>(offset) + 1);
-      within_[offset] = is_gone ? kGone : static_cast<std::uint8_t>(before - blocks_.back());
-      if (is_gone) ++before;
+      const auto position = static_cast<std::int32_t>(offset) + 1;
+      const auto within = static_cast<std::uint8_t>(before - blocks_.back());
+      within_[offset] = within;
+      if (!gaps.IsGone(position)) continue;
+      if (gaps.IsDead(position)) within_[offset] = kGone;
+      ++before;
     }
   }
 
-  // 0 for what is gone. A number beyond what is stored moves down past every gap.
+  // 0 for an entry that is gone. A number beyond what is stored moves down past every gap.
   std::int32_t Of(std::int32_t position) const {
     if (position == Gaps::kNowhere) return 0;
     if (position < 1) return position;
@@ -102,18 +105,85 @@ void CloseGapsOf(OneBased<Record>& records, std::int32_t left, NameIndex& names,
 
 void DeferredRemovals::OpenRows(StoredModel& model) {
   if (rows.open()) return;
-  rows.Open(model.data.NumberOfRows);
-  model.data.Rows.Resize(model.data.NumberOfRows);
+  ModelData& data = model.data;
+  if (in_order) {
+    const std::int32_t lists = columns.open() ? columns.stored() : data.NumberOfColumns;
+    naming_rows.Make(data.Columns, lists, data.NumberOfRows);
+  }
+  rows.Open(data.NumberOfRows, in_order ? Gaps::Entries::kMoveOn : Gaps::Entries::kGo);
+  data.Rows.Resize(data.NumberOfRows);
 }
 
 void DeferredRemovals::OpenColumns(StoredModel& model) {
   if (columns.open()) return;
-  elements_left.Resize(model.data.Rows.size());
-  for (std::int32_t r = 1; r <= elements_left.size(); ++r) {
-    elements_left[r] = model.data.Rows[r].ElementCount();
+  ModelData& data = model.data;
+  if (in_order) {
+    const std::int32_t lists = rows.open() ? rows.stored() : data.NumberOfRows;
+    naming_columns.Make(data.Rows, lists, data.NumberOfColumns);
   }
-  columns.Open(model.data.NumberOfColumns);
-  model.data.Columns.Resize(model.data.NumberOfColumns);
+  left_in_rows.Resize(data.Rows.size());
+  for (std::int32_t r = 1; r <= left_in_rows.size(); ++r) {
+    left_in_rows[r] = data.Rows[r].ElementCount();
+  }
+  columns.Open(data.NumberOfColumns, in_order ? Gaps::Entries::kMoveOn : Gaps::Entries::kGo);
+  data.Columns.Resize(data.NumberOfColumns);
+}
+
+void DeferredRemovals::CountInColumns(const ModelData& data) {
+  if (!left_in_columns.empty()) return;
+  OneBased<std::int32_t> counts;
+  counts.Resize(data.Columns.size());
+  for (std::int32_t c = 1; c <= counts.size(); ++c) {
+    for (const ElementEntry& entry : data.Columns[c].Elements) {
+      if (!rows.IsDead(entry.Index)) ++counts[c];
+    }
+  }
+  left_in_columns = std::move(counts);
+}
+
+// Where lists agree, each row of the column's list has one coefficient there.
+std::vector<std::int32_t> DeferredRemovals::RowsEmptiedBy(const StoredModel& model,
+                                                          std::int32_t column) {
+  std::vector<std::int32_t> emptied;
+  const auto add = [&](std::int32_t row) {
+    if (!rows.IsGone(row) && left_in_rows[row] == 1) emptied.push_back(row);
+  };
+  if (in_order) {
+    naming_columns.Prepare(column);
+    naming_columns.ForEachOwner(column, add);
+  } else {
+    for (const ElementEntry& entry : model.data.Columns[column].Elements) add(entry.Index);
+    std::sort(emptied.begin(), emptied.end());
+  }
+  return emptied;
+}
+
+void DeferredRemovals::RemoveRowInOrder(StoredModel& model, std::int32_t row) noexcept {
+  ModelData& data = model.data;
+  const std::int32_t number = rows.NumberOf(row);
+  rows.Note(row);
+  --data.NumberOfRows;
+  const std::int32_t next = number <= data.NumberOfRows ? rows.PositionOf(number) : 0;
+  naming_rows.TakeFirsts(row, next, [&](const Occurrences::Place& entry) {
+    data.Columns[entry.owner].Elements[entry.place].Index = Gaps::kNowhere;
+    if (columns.IsGone(entry.owner)) return;
+    --data.NumberOfElements;
+    if (!left_in_columns.empty()) --left_in_columns[entry.owner];
+  });
+}
+
+void DeferredRemovals::RemoveColumnInOrder(StoredModel& model, std::int32_t column) noexcept {
+  ModelData& data = model.data;
+  const std::int32_t number = columns.NumberOf(column);
+  columns.Note(column);
+  --data.NumberOfColumns;
+  const std::int32_t next = number <= data.NumberOfColumns ? columns.PositionOf(number) : 0;
+  naming_columns.TakeFirsts(column, next, [&](const Occurrences::Place& entry) {
+    data.Rows[entry.owner].Elements[entry.place].Index = Gaps::kNowhere;
+    if (rows.IsGone(entry.owner)) return;
+    --data.NumberOfElements;
+    --left_in_rows[entry.owner];
+  });
 }
 
 void CloseGaps(StoredModel& model, DeferredRemovals& removals) {

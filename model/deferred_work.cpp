@@ -16,7 +16,7 @@ void ShowWithoutGaps(const Record& stored, const Gaps& others, Record& seen) {
   seen.Type = stored.Type;
   seen.Elements.Release();
   for (const ElementEntry& entry : stored.Elements) {
-    if (others.IsGone(entry.Index)) continue;
+    if (others.IsDead(entry.Index)) continue;
     seen.Elements.Append({others.NumberOf(entry.Index), entry.Value});
   }
 }
@@ -56,14 +56,15 @@ void DeferredWork::FillRowListsIfBehind() {
 void DeferredWork::HandOver() {
   if (removals()) Settle();
   long_.Clear();
+  row_indexes_.NoteMoved();
 }
 
-// What disagrees is marked by position, and what lists say of numbers that are not there may come
-// true once the gaps are closed.
+// What disagreed may have gone.
 void DeferredWork::CloseAllGaps() {
   if (!removals_.empty()) {
     CloseGaps(model_, removals_);
     long_.Clear();
+    row_indexes_.NoteMoved();
     paid_ = 0;
     if (agreement_.everywhere()) {
       NoteAgreeingChange();
@@ -72,6 +73,14 @@ void DeferredWork::CloseAllGaps() {
     }
   }
   row_indexes_.CatchUp(model_.data);
+}
+
+// Gaps that a coefficient leaves say nothing of an order.
+void DeferredWork::ReadyForElements() {
+  FillRowListsIfBehind();
+  if (!removals_.in_order) return;
+  if (removals()) Settle();
+  removals_.in_order = false;
 }
 
 void DeferredWork::NoteEmptied() {
@@ -118,14 +127,10 @@ const ColumnRecord& DeferredWork::Column(std::int32_t number) {
   return seen_column_;
 }
 
-std::int32_t DeferredWork::StoredRows() const {
-  return removals_.rows.open() ? model_.data.NumberOfRows : model_.data.Rows.size();
-}
-
 std::int32_t DeferredWork::ElementsInRow(std::int32_t number) {
   FillRowListsIfBehind();
   const std::int32_t position = RowPosition(number);
-  return removals_.columns.open() ? removals_.elements_left[position]
+  return removals_.columns.open() ? removals_.left_in_rows[position]
                                   : model_.data.Rows[position].ElementCount();
 }
 

@@ -3,14 +3,15 @@
 //   - the row lists of a read that goes on: made at once from the column lists when it ends;
 //   - closing the gaps that removed rows and columns leave, which renumbers every list;
 //   - making the lists of binding and non-binding rows anew.
-// All are done (Settle) before anybody looks at what they change, so nobody can tell. Removals are
-// deferred only where the order in which they are carried out does not matter, which ListAgreement
-// knows; elsewhere they are carried out at once.
+// All are done (Settle) before anybody looks at what they change, so nobody can tell. Where lists
+// disagree, which ListAgreement knows, removals are noted in their order (model/deferred_removals.h);
+// whatever looks at or changes coefficients closes the gaps then.
 //
-// While there are gaps, a loop of removals may go on with anything that concerns one record: it is
-// found by number or name, looked at, changed, or added, all by its position (model/gaps.h). A
-// record whose list may hold entries that are gone is shown as a copy. Such looks are paid for: as
-// soon as they have cost a part of what a pass over the model does, all gaps are closed.
+// While there are gaps, a loop of removals may go on with anything that concerns one record or one
+// coefficient: it is found by number or name, looked at, changed, or added, all by its position
+// (model/gaps.h). A record whose list may hold entries that are gone is shown as a copy when it is
+// asked for as a whole. Such looks are paid for: as soon as they have cost a part of what a pass over
+// the model does, all gaps are closed.
 //
 // Long lists that are walked often are looked up and thinned out through model/list_places.h.
 //
@@ -58,13 +59,10 @@ class DeferredWork {
   // One record as it is seen without gaps; valid until the next look.
   const RowRecord& Row(std::int32_t number);
   const ColumnRecord& Column(std::int32_t number);
-  // How many rows are stored, hidden ones included.
-  std::int32_t StoredRows() const;
   // How many coefficients are left in a row.
   std::int32_t ElementsInRow(std::int32_t number);
-  // Which entry of row r is the first that names column c, and its value; 0 when there is none.
+  // Which entry of row r is the first that names column c; 0 when there is none.
   std::int32_t FindElement(std::int32_t r, std::int32_t c);
-  double ElementValue(std::int32_t r, std::int32_t c);
   // The number of what has that name; 0 when there is none.
   std::int32_t FindRow(const NameKey& key, std::string_view name);
   std::int32_t FindColumn(const NameKey& key, std::string_view name);
@@ -99,17 +97,20 @@ class DeferredWork {
   void HandOver();
 
  private:
+  friend class RecordLooks;
   void FillRowListsIfBehind();
+  void ReadyForElements();
   bool LooksHavePaid(std::int32_t elements);
   void ReadyForRemoval();
   // By position: the first place in one's list that names the other, 0 when none does.
   std::int32_t FirstInRow(std::int32_t row, std::int32_t column);
   std::int32_t FirstInColumn(std::int32_t column, std::int32_t row);
   bool HasPair(std::int32_t row, std::int32_t column);
-  // The place in its list of the k-th entry of a row that is not gone.
+  // The place in its list of the k-th entry of a row that is not gone; 0 when there is none.
   std::int32_t PlaceInRow(std::int32_t position, std::int32_t k);
   void NotePlacesOfNew(std::int32_t row, std::int32_t column);
-  void RemoveColumnAtOnce(std::int32_t number);
+  void TakeOutRow(std::int32_t position) noexcept;
+  void TakeOutColumn(std::int32_t position, const std::vector<std::int32_t>& emptied) noexcept;
 
   StoredModel& model_;
   bool empty_ = true;  // nothing is deferred

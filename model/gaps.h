@@ -3,18 +3,16 @@
 //
 // A record is **stored** at a position, from 1 on; its number counts only those before it that are
 // left. One goes to the other in the time of a logarithm, whatever has been removed in whichever
-// order: how many are left of each of nested ranges of positions is kept in a tree (Fenwick's),
-// which needs one number a position and no memory when a record is removed. What was found last, and
+// order, with one number a position and no memory when a record is removed. What was found last, and
 // what comes next, is found at once.
 //
 // Positions behind the last one stand for records that are not there yet: all of them are left.
 #pragma once
 
-#include <bit>
-#include <cstddef>
 #include <cstdint>
 #include <limits>
-#include <vector>
+
+#include "model/counted_marks.h"
 
 namespace quarvel::model {
 
@@ -23,20 +21,27 @@ class Gaps {
   // A position that is always gone, of what an entry that was taken out of its list names.
   static constexpr std::int32_t kNowhere = std::numeric_limits<std::int32_t>::min();
 
+  // What becomes of an entry of a list that names a position when that is removed: it is gone too, or
+  // it names what comes next from then on.
+  enum class Entries : std::uint8_t { kGo, kMoveOn };
+
   // Whether positions and numbers are told apart. All that follows is for open gaps but where it
   // says otherwise.
-  bool open() const { return !left_.empty(); }
+  bool open() const { return open_; }
   // Begins with `stored` positions, none of which is gone.
-  void Open(std::int32_t stored);
-  void Close();
+  void Open(std::int32_t stored, Entries entries = Entries::kGo);
+  void Close() noexcept;
 
-  std::int32_t stored() const { return static_cast<std::int32_t>(is_gone_.size()); }
+  std::int32_t stored() const { return left_.size(); }
   std::int32_t gone() const { return gone_; }
   // The first that is gone; 0 when none is.
   std::int32_t first_gone() const { return first_gone_; }
   bool IsGone(std::int32_t position) const {
-    return position == kNowhere ||
-           (position >= 1 && position <= stored() && is_gone_[Offset(position)]);
+    return position == kNowhere || (position >= 1 && position <= stored() && !left_.Has(position));
+  }
+  // Whether an entry that names that position is gone. False while gaps are closed.
+  bool IsDead(std::int32_t entry) const {
+    return entries_ == Entries::kGo ? IsGone(entry) : entry == kNowhere;
   }
 
   // The position of what is left as that number. The number itself while gaps are closed.
@@ -44,7 +49,8 @@ class Gaps {
     if (!open()) return number;
     return number == last_.number ? last_.position : FindPosition(number);
   }
-  // The number of what is left at that position. The position itself while gaps are closed.
+  // The number of what is left at that position, or of what comes next when that is gone. The position
+  // itself while gaps are closed.
   std::int32_t NumberOf(std::int32_t position) const {
     return open() ? FindNumber(position) : position;
   }
@@ -59,22 +65,14 @@ class Gaps {
   void TakeBackAppend() noexcept;
 
  private:
-  static std::size_t Offset(std::int32_t position) {
-    return static_cast<std::size_t>(position - 1);
-  }
-  // How many positions the entry at that place counts.
-  static std::size_t RangeOf(std::size_t place) { return place & (~place + 1); }
   std::int32_t FindPosition(std::int32_t number) const;
-  std::int32_t SearchPosition(std::int32_t number) const;
-  bool IsLeft(std::int32_t position) const {
-    return position <= stored() && !is_gone_[Offset(position)];
-  }
-  void MoveLast(std::int32_t gone_position) noexcept;
   std::int32_t FindNumber(std::int32_t position) const;
+  bool IsLeft(std::int32_t position) const { return position <= stored() && left_.Has(position); }
+  void MoveLast(std::int32_t gone_position) noexcept;
 
-  // left_[i]: how many are left of the RangeOf(i) positions up to i. left_[0] is not used.
-  std::vector<std::int32_t> left_;
-  std::vector<bool> is_gone_;
+  CountedMarks left_;
+  bool open_ = false;
+  Entries entries_ = Entries::kGo;
   std::int32_t gone_ = 0;
   std::int32_t first_gone_ = 0;
   // What was found last: a loop asks for one record many times, then for the next. 0: nothing.

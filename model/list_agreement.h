@@ -1,10 +1,10 @@
-// Which rows and columns can be deleted by noting it, without walking the lists of the model.
+// Whether rows and columns can be deleted by noting it, without walking the lists of the model.
 //
-// A row agrees when every coefficient of its list stands exactly once in the list of its column,
-// and no column names the row otherwise; a column likewise. Deleting such a row takes out exactly
-// the entries its own list names, in whatever order rows go. A pair of row and column that was
-// added twice disagrees: a deletion takes out only the first of its entries, and what the other one
-// names afterwards depends on the numbers at that moment.
+// The lists agree when every coefficient of a row's list stands exactly once in the list of its
+// column, and no list names anything otherwise. Deleting a row then takes out exactly the entries
+// that its own list names, in whatever order rows go; a column likewise. A pair of row and column that
+// was added twice disagrees: a deletion takes out only the first of its entries, and what the other
+// one names afterwards depends on the numbers at that moment.
 //
 // What is known is known as of one value of the store's change counter (model/deferred_work.h), so
 // that any change ends it by itself. A change that cannot spoil it says so (Follow).
@@ -14,7 +14,6 @@
 #pragma once
 
 #include <cstdint>
-#include <vector>
 
 namespace quarvel::model {
 
@@ -40,27 +39,16 @@ class ListAgreement {
   // neither names the other yet. Numbers that are not there may come true.
   bool WillSurviveNewPair() const { return everywhere(); }
   // True when Examine found no disagreement at all, or has not looked.
-  bool everywhere() const { return odd_rows_.empty(); }
-
-  // By stored position. Only while Known.
-  bool RowAgrees(std::int32_t position) const { return !Has(odd_rows_, position); }
-  bool ColumnAgrees(std::int32_t position) const { return !Has(odd_columns_, position); }
+  bool everywhere() const { return !disagree_; }
 
  private:
   // Everything, or that nothing can disagree but pairs that were added twice: those stand side by
   // side in their row.
   enum class Extent : std::uint8_t { kNothing, kAllButPairs, kAll };
-  void Forget();
-  static bool Has(const std::vector<bool>& marks, std::int32_t position) {
-    const auto offset = static_cast<std::size_t>(position);
-    return offset < marks.size() && marks[offset];
-  }
 
   Extent extent_ = Extent::kNothing;
   Changes as_of_ = 0;
-  // Marked by position, both absent when everything agrees.
-  std::vector<bool> odd_rows_;
-  std::vector<bool> odd_columns_;
+  bool disagree_ = false;
 };
 
 }  // namespace quarvel::model

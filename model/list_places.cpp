@@ -79,4 +79,14 @@ ListPlaces* LongLists::Known(std::int32_t position) const {
   return found == lists_.end() ? nullptr : found->second.places.get();
 }
 
+std::int32_t PlaceOfKth(std::int32_t k, const ElementList& list, const Gaps& others,
+                        const ListPlaces* places) {
+  if (places != nullptr) return places->PlaceOf(k);
+  std::int32_t place = 0;
+  while (k > 0 && place < list.size()) {
+    if (!others.IsGone(list[++place].Index)) --k;
+  }
+  return k == 0 ? place : 0;
+}
+
 }  // namespace quarvel::model

@@ -66,6 +66,11 @@ class LongLists {
   std::map<std::int32_t, Walked> lists_;
 };
 
+// The place of the k-th entry of a list that is not gone, 0 when there is none. `places` are those of
+// the list, where they are known.
+std::int32_t PlaceOfKth(std::int32_t k, const ElementList& list, const Gaps& others,
+                        const ListPlaces* places);
+
 // By position of a row, of a column.
 struct LongListsOfBoth {
   void Clear() {

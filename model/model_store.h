@@ -24,6 +24,7 @@
 #include "model/change_check.h"
 #include "model/deferred_work.h"
 #include "model/model_fill.h"
+#include "model/record_looks.h"
 #include "model/stored_model.h"
 
 namespace quarvel::model {
@@ -56,14 +57,18 @@ class ModelStore {
     return model_.data.Columns[c];
   }
   // How many coefficients stand in a row's list.
-  std::int32_t ElementsInRow(std::int32_t r) const { return deferred_.ElementsInRow(r); }
+  std::int32_t ElementsInRow(std::int32_t r) const {
+    if (!deferred_.empty()) [[unlikely]]
+      return deferred_.ElementsInRow(r);
+    return model_.data.Rows[r].ElementCount();
+  }
   // Which entry of a row's list is the first that names column c, and its value; 0 when there is none.
   std::int32_t FindElement(std::int32_t r, std::int32_t c) const {
     return deferred_.FindElement(r, c);
   }
-  double ElementValue(std::int32_t r, std::int32_t c) const { return deferred_.ElementValue(r, c); }
-  // How many rows are stored, with a hidden one that is not counted.
-  std::int32_t StoredRows() const { return deferred_.StoredRows(); }
+  double ElementValue(std::int32_t r, std::int32_t c) const { return looks().ElementValue(r, c); }
+  // Anything else about one record or coefficient.
+  RecordLooks looks() const { return {model_, deferred_}; }
   // The first of that name, 0 when there is none. Exact comparison.
   std::int32_t FindRow(std::string_view name) const { return FindRow(NameKey::Of(name), name); }
   std::int32_t FindRow(const NameKey& key, std::string_view name) const;
@@ -106,7 +111,7 @@ class ModelStore {
 
   // --- removing ---
   // Coefficients go with their row or column. Where a pair was added twice, only the first entry of
-  // the other list goes, and the removal is a pass over the model.
+  // the other list goes.
   void RemoveRow(std::int32_t r);
   // Rows that lose their last coefficient by it go too; `before` is called with each of them, in
   // ascending order, before anything goes, for its name and type; it must not change the store.

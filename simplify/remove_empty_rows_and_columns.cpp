@@ -21,11 +21,11 @@ bool Simplifier::RemoveEmptyColumns() {
   for (std::int32_t j = 1; j <= limit; ++j) {
     if (StoppedAfterSteps(1, kInterval, kCaption)) return false;
     if (j > store_.NumberOfColumns()) return true;  // a host that was called back has deleted some
-    const model::ColumnRecord& column = store_.Column(j);
-    if (column.ElementCount() == 0) {
-      log_.Append("Removed empty column:  " + column.Name);
+    if (store_.looks().ElementsInColumn(j) == 0) {
+      log_.Append("Removed empty column:  " + store_.looks().NameOfColumn(j));
       changed_ = true;
-      store_.RemoveColumn(j, [this](const model::RowRecord& row) { log_.AppendEmptyRow(row); });
+      store_.RemoveColumn(
+          j, [this](const model::RowRecord& row) { log_.AppendEmptyRow(row.Type, row.Name); });
       --j;  // what has moved into this place comes next
     }
     if (j == store_.NumberOfColumns()) return true;
@@ -39,7 +39,7 @@ bool Simplifier::RemoveEmptyRows() {
     if (StoppedAfterSteps(1, kInterval, kCaption)) return false;
     if (i > store_.NumberOfRows()) return true;
     if (store_.ElementsInRow(i) == 0) {
-      log_.AppendEmptyRow(store_.Row(i));
+      log_.AppendEmptyRow(store_.looks().TypeOfRow(i), store_.looks().NameOfRow(i));
       changed_ = true;
       store_.RemoveRow(i);
       --i;

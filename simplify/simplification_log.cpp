@@ -66,8 +66,8 @@ void SimplificationLog::Append(std::string_view line) {
   }
 }
 
-void SimplificationLog::AppendEmptyRow(const model::RowRecord& row) {
-  if (is_open()) Append("Removed empty row:  " + model::TypeText(row.Type) + " " + row.Name);
+void SimplificationLog::AppendEmptyRow(model::RowType type, const std::string& name) {
+  if (is_open()) Append("Removed empty row:  " + model::TypeText(type) + " " + name);
 }
 
 void SimplificationLog::Close() {

@@ -45,7 +45,7 @@ class SimplificationLog {
   void Open(const std::string& path, const std::string& file_location);
   // Adds a line; nothing while no log is open. Raises what the system says.
   void Append(std::string_view line);
-  void AppendEmptyRow(const model::RowRecord& row);
+  void AppendEmptyRow(model::RowType type, const std::string& name);
   // Raises what the system says of the file, which is closed all the same.
   void Close();
   // Closes ignoring failures; nothing while no log is open.

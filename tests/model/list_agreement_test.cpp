@@ -54,100 +54,67 @@ Watched AgreeingModel() {
   return model;
 }
 
-using Numbers = std::vector<std::int32_t>;
-
-Numbers OddRows(const Watched& model) {
-  Numbers odd;
-  for (std::int32_t r = 1; r <= model.data.NumberOfRows; ++r) {
-    if (!model.agreement.RowAgrees(r)) odd.push_back(r);
-  }
-  return odd;
-}
-
-Numbers OddColumns(const Watched& model) {
-  Numbers odd;
-  for (std::int32_t c = 1; c <= model.data.NumberOfColumns; ++c) {
-    if (!model.agreement.ColumnAgrees(c)) odd.push_back(c);
-  }
-  return odd;
-}
-
-TEST(ListAgreement, NamesTheRowsAndColumnsOfEveryDisagreement) {
+TEST(ListAgreement, FindsEveryDisagreement) {
   struct Case {
     const char* what;
     std::function<void(Watched&)> spoil;
-    Numbers rows;
-    Numbers columns;
+    bool agree;
   };
   const std::vector<Case> cases = {
-      {"nothing", [](Watched&) {}, {}, {}},
-      {"a pair twice in both lists",
-       [](Watched& m) { AddPair(m, 3, 1), AddPair(m, 3, 1); },
-       {3},
-       {1}},
+      {"nothing", [](Watched&) {}, true},
+      {"a pair twice in both lists", [](Watched& m) { AddPair(m, 3, 1), AddPair(m, 3, 1); }, false},
       {"a pair twice in the row",
        [](Watched& m) {
          m.data.Rows[3].Elements.Append({3, 1});
        },
-       {3},
-       {3}},
+       false},
       {"a pair twice in the column",
        [](Watched& m) {
          m.data.Columns[2].Elements.Append({1, 1});
        },
-       {1},
-       {2}},
+       false},
       {"a pair in the row only",
        [](Watched& m) {
          m.data.Rows[4].Elements.Append({1, 1});
        },
-       {4},
-       {1}},
+       false},
       {"a pair in the column only",
        [](Watched& m) {
          m.data.Columns[4].Elements.Append({2, 1});
        },
-       {2},
-       {4}},
+       false},
       {"pairs exchanged",
        [](Watched& m) {
          m.data.Rows[3].Elements[1].Index = 4;
          m.data.Rows[4].Elements[1].Index = 3;
        },
-       {3, 4},
-       {3, 4}},
+       false},
       {"a column that is not there",
        [](Watched& m) {
          m.data.Rows[2].Elements.Append({5, 1});
        },
-       {2},
-       {}},
+       false},
       {"column 0",
        [](Watched& m) {
          m.data.Rows[2].Elements.Append({0, 1});
        },
-       {2},
-       {}},
+       false},
       {"a row that is not there",
        [](Watched& m) {
          m.data.Columns[3].Elements.Append({5, 1});
        },
-       {},
-       {3}},
+       false},
       {"row -1",
        [](Watched& m) {
          m.data.Columns[3].Elements.Append({-1, 1});
        },
-       {},
-       {3}},
+       false},
   };
   for (const Case& c : cases) {
     Watched model = AgreeingModel();
     c.spoil(model);
     model.Examine();
-    EXPECT_EQ(OddRows(model), c.rows) << c.what;
-    EXPECT_EQ(OddColumns(model), c.columns) << c.what;
-    EXPECT_EQ(model.agreement.everywhere(), c.rows.empty() && c.columns.empty()) << c.what;
+    EXPECT_EQ(model.agreement.everywhere(), c.agree) << c.what;
   }
 }
 
@@ -192,8 +159,7 @@ TEST(ListAgreement, RowsMadeFromColumnsOnlyNeedAGlance) {
     EXPECT_FALSE(model.Known());
     model.Examine();
     EXPECT_TRUE(model.Known());
-    EXPECT_EQ(OddRows(model), twice ? Numbers{3} : Numbers{});
-    EXPECT_EQ(OddColumns(model), twice ? Numbers{3} : Numbers{});
+    EXPECT_EQ(model.agreement.everywhere(), !twice);
   }
 }
 
@@ -203,7 +169,7 @@ TEST(ListAgreement, WhatWasDoneToFilledListsWithoutNoticeIsFound) {
   model.data.Rows[4].Elements.Append({1, 1});
   ++model.changes;
   model.Examine();
-  EXPECT_EQ(OddRows(model), Numbers{4});
+  EXPECT_FALSE(model.agreement.everywhere());
 }
 
 TEST(ListAgreement, NewCoefficientsAddedWithNoticeLeaveItKnown) {
@@ -226,8 +192,7 @@ TEST(ListAgreement, APairAddedTwiceMakesItUnknownAndIsFound) {
     AddNoticed(model, 2, 2);
     EXPECT_FALSE(model.Known());
     model.Examine();
-    EXPECT_EQ(OddRows(model), Numbers{2});
-    EXPECT_EQ(OddColumns(model), Numbers{2});
+    EXPECT_FALSE(model.agreement.everywhere());
   }
 }
 

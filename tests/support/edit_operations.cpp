@@ -234,11 +234,11 @@ EditOperation ChooseQuestion(const Choice& choose, const NaiveModel& model) {
   const std::uint32_t kind = choose(4);
   if (kind == 0 && model.NumberOfRows > 0) {
     const std::int32_t i = within(model.NumberOfRows);
-    return Make(Arguments("RowList", i), [i](const auto& m) { return RowList(m, i); });
+    return Make(Arguments("RowAnswers", i), [i](const auto& m) { return RowAnswers(m, i); });
   }
   if (kind == 1 && model.NumberOfColumns > 0) {
     const std::int32_t j = within(model.NumberOfColumns);
-    return Make(Arguments("ColumnList", j), [j](const auto& m) { return ColumnList(m, j); });
+    return Make(Arguments("ColumnAnswers", j), [j](const auto& m) { return ColumnAnswers(m, j); });
   }
   if (kind == 2) {
     return Make("RowNamed(\"" + name + "\")", [name](const auto& m) { return RowNamed(m, name); });

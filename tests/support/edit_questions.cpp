@@ -18,6 +18,25 @@ std::int32_t BlendOf(const std::vector<NaiveEntry>& list) {
   return sum;
 }
 
+// What else a record is than its list.
+std::int32_t BlendOf(std::int32_t sum, const std::string& name, const std::string& type,
+                     double lower, double upper) {
+  for (const char character : name + type) sum = Blend(sum, character, 1);
+  return Blend(Blend(sum, 1, lower), 2, upper);
+}
+
+std::int32_t BlendOf(const NaiveRecord& record) {
+  return BlendOf(BlendOf(record.Elements), record.Name, record.Type, record.LowerBound,
+                 record.UpperBound);
+}
+
+// How many rows a list holds, and the one at that place.
+std::int32_t BlendOfList(std::int32_t sum, const std::vector<std::int32_t>& list, std::int32_t i) {
+  const auto place = static_cast<std::size_t>(i);
+  sum = Blend(sum, static_cast<std::int32_t>(list.size()), 1);
+  return place < list.size() ? Blend(sum, list[place] - 1, 2) : sum;
+}
+
 std::int32_t NumberNamed(const std::vector<NaiveRecord>& records, std::int32_t count,
                          const std::string& name) {
   for (std::int32_t n = 1; n <= count; ++n) {
@@ -28,26 +47,34 @@ std::int32_t NumberNamed(const std::vector<NaiveRecord>& records, std::int32_t c
 
 }  // namespace
 
-std::int32_t RowList(const LPModel& model, std::int32_t i) {
+std::int32_t RowAnswers(const LPModel& model, std::int32_t i) {
   std::int32_t sum = model.RowNumberElements(i);
   for (std::int32_t k = 0; k < model.RowNumberElements(i); ++k) {
     sum = Blend(sum, model.RowElementCol(i, k), model.RowElementValue(i, k));
   }
+  sum = BlendOf(sum, model.RowName(i), model.RowType(i), model.RowLowerBound(i),
+                model.RowUpperBound(i));
+  sum = Blend(sum, model.NumberOfBindingRows(), 1);
+  if (i < model.NumberOfBindingRows()) sum = Blend(sum, model.BindingRowIndex(i), 2);
+  sum = Blend(sum, model.NumberOfNonBindingRows(), 1);
+  if (i < model.NumberOfNonBindingRows()) sum = Blend(sum, model.NonBindingRowIndex(i), 2);
   return sum;
 }
-std::int32_t RowList(const NaiveModel& model, std::int32_t i) {
-  return BlendOf(model.Rows[static_cast<std::size_t>(i)].Elements);
+std::int32_t RowAnswers(const NaiveModel& model, std::int32_t i) {
+  const std::int32_t sum = BlendOf(model.Rows[static_cast<std::size_t>(i)]);
+  return BlendOfList(BlendOfList(sum, model.BindingRows, i), model.NonBindingRows, i);
 }
 
-std::int32_t ColumnList(const LPModel& model, std::int32_t j) {
+std::int32_t ColumnAnswers(const LPModel& model, std::int32_t j) {
   std::int32_t sum = model.ColNumberElements(j);
   for (std::int32_t k = 0; k < model.ColNumberElements(j); ++k) {
     sum = Blend(sum, model.ColElementrow(j, k), model.ColElementvalue(j, k));
   }
-  return sum;
+  return BlendOf(sum, model.ColName(j), model.ColType(j), model.ColLowerBound(j),
+                 model.ColUpperBound(j));
 }
-std::int32_t ColumnList(const NaiveModel& model, std::int32_t j) {
-  return BlendOf(model.Columns[static_cast<std::size_t>(j)].Elements);
+std::int32_t ColumnAnswers(const NaiveModel& model, std::int32_t j) {
+  return BlendOf(model.Columns[static_cast<std::size_t>(j)]);
 }
 
 std::int32_t RowNamed(const LPModel& model, const std::string& name) {

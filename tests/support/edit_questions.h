@@ -10,11 +10,12 @@
 
 namespace quarvel::testing {
 
-// A number that tells the list of a 0-based row or column from other lists.
-std::int32_t RowList(const LPModel& model, std::int32_t i);
-std::int32_t RowList(const NaiveModel& model, std::int32_t i);
-std::int32_t ColumnList(const LPModel& model, std::int32_t j);
-std::int32_t ColumnList(const NaiveModel& model, std::int32_t j);
+// A number that tells a 0-based row or column, with its list, from others. Of a row: with what the
+// lists of binding and of non-binding rows hold at that number.
+std::int32_t RowAnswers(const LPModel& model, std::int32_t i);
+std::int32_t RowAnswers(const NaiveModel& model, std::int32_t i);
+std::int32_t ColumnAnswers(const LPModel& model, std::int32_t j);
+std::int32_t ColumnAnswers(const NaiveModel& model, std::int32_t j);
 
 // The 1-based number of the first of that name, 0 when there is none.
 std::int32_t RowNamed(const LPModel& model, const std::string& name);
