@@ -51,6 +51,7 @@ void EditScript::PrintTo(const Print& print) {
   ForEach(&EditScript::PrintRecords);
   ForEach(&EditScript::PrintElements);
   ForEach(&EditScript::PrintElementDeletions);
+  PrintRepeatedPairsThatGo();
   ForEach(&EditScript::PrintRowDeletions);
   PrintEmptiedRows();
   ForEach(&EditScript::PrintColumnDeletions);
@@ -171,7 +172,8 @@ void EditScript::PrintElementsOfNewColumn(std::int32_t column_of_b) {
 void EditScript::PrintRepeatedPair(const Difference& d, std::int32_t count_in_a) {
   const std::int32_t place = b_.FindElement(d.row.b, d.column.b);
   if (place == 0 || !done_.try_emplace({d.row.a, d.column.a}, 0).second) return;
-  for (std::int32_t i = 1; i < count_in_a; ++i) PrintElementDeletion(d);
+  for (std::int32_t i = 1; i < count_in_a; ++i)
+    PrintElementDeletion(a_.Row(d.row.a), a_.Column(d.column.a));
   PrintElement("set-element", b_.Row(d.row.b).Name, b_.Column(d.column.b).Name,
                b_.ElementValue(d.row.b, d.column.b));
 }
@@ -179,7 +181,17 @@ void EditScript::PrintRepeatedPair(const Difference& d, std::int32_t count_in_a)
 void EditScript::PrintElementDeletions(const Difference& d) {
   if (d.kind != kElementWent || IsEmptied(d.row.a)) return;
   if (CountInA(d) > 1 && b_.FindElement(d.row.b, d.column.b) != 0) return;
-  PrintElementDeletion(d);
+  PrintElementDeletion(a_.Row(d.row.a), a_.Column(d.column.a));
+}
+
+void EditScript::PrintRepeatedPairsThatGo() {
+  for (const auto& [pair, count] : repeated_in_a_) {
+    const RowRecord& row = a_.Row(pair.first);
+    const ColumnRecord& column = a_.Column(pair.second);
+    const bool stays = b_.FindRow(row.Name) != 0 && b_.FindColumn(column.Name) != 0;
+    if (stays && !IsEmptied(pair.first)) continue;
+    for (std::int32_t i = 1; i < count; ++i) PrintElementDeletion(row, column);
+  }
 }
 
 void EditScript::PrintRowDeletions(const Difference& d) {
@@ -203,9 +215,8 @@ void EditScript::PrintElement(std::string_view command, std::string_view row,
   (*print_)(Line(command, row) + ' ' + QuotedWord(column) + ' ' + text::RoundTripText(value));
 }
 
-void EditScript::PrintElementDeletion(const Difference& d) {
-  (*print_)(Line("delete-element", a_.Row(d.row.a).Name) + ' ' +
-            QuotedWord(a_.Column(d.column.a).Name));
+void EditScript::PrintElementDeletion(const RowRecord& row, const ColumnRecord& column) {
+  (*print_)(Line("delete-element", row.Name) + ' ' + QuotedWord(column.Name));
 }
 
 std::int32_t EditScript::CountInA(const Difference& d) const {

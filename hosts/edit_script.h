@@ -58,7 +58,9 @@ class EditScript {
   void PrintRepeatedPair(const inspect::Difference& difference, std::int32_t count_in_a);
   void PrintElement(std::string_view command, std::string_view row, std::string_view column,
                     double value);
-  void PrintElementDeletion(const inspect::Difference& difference);
+  // The deletion of a row or column takes out one value of each of its pairs: the others go before.
+  void PrintRepeatedPairsThatGo();
+  void PrintElementDeletion(const model::RowRecord& row, const model::ColumnRecord& column);
   bool IsEmptied(std::int32_t row_of_a) const {
     return emptied_[static_cast<std::size_t>(row_of_a)];
   }

@@ -7,6 +7,7 @@
 #include "mps/exact_limits.h"
 #include "mps/exact_writer.h"
 #include "mps/fact_losses.h"
+#include "mps/list_losses.h"
 #include "mps/name_losses.h"
 #include "mps/order_losses.h"
 #include "mps/record_losses.h"
@@ -29,6 +30,7 @@ class ExactLossFinder {
       : store_(store), data_(store.data()), facts_(facts), objective_(ObjectiveOf(data_, facts)) {}
 
   Losses Find() {
+    if (!AddListLosses(data_, losses_)) return std::move(losses_);
     AddTextLosses(data_, FileLayout::kFree, losses_);
     for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) CheckColumn(j);
     for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) CheckRow(i);

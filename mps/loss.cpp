@@ -22,6 +22,7 @@ constexpr std::size_t kLongestWords = 400;
 using enum LossKind;
 using enum LossWeight;
 constexpr std::array<KindTraits, kLossKinds> kKinds = {{
+    {kListsDiffer, kBreaks, "lists-differ"},
     {kEmptyName, kBreaks, "empty-name"},
     {kBlankInName, kBreaks, "blank-in-name"},
     {kLineEnd, kBreaks, "line-end"},

@@ -19,6 +19,7 @@ enum class LossWeight : std::uint8_t {
 };
 
 enum class LossKind : std::uint8_t {
+  kListsDiffer,
   kEmptyName,
   kBlankInName,
   kLineEnd,

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "model/record_number.h"
+#include "mps/list_losses.h"
 #include "mps/name_losses.h"
 #include "mps/order_losses.h"
 #include "mps/read_back.h"
@@ -62,6 +63,7 @@ class LossFinder {
   explicit LossFinder(const model::ModelStore& store) : store_(store), data_(store.data()) {}
 
   Losses Find() {
+    if (!AddListLosses(data_, losses_)) return std::move(losses_);
     AddTextLosses(data_, FileLayout::kFixed, losses_);
     for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) CheckColumn(j);
     for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) CheckRow(i);

@@ -207,6 +207,29 @@ TEST_F(EditTest, NamesTheLineOfStandardInput) {
   EXPECT_FALSE(folder_.Has("b.mps"));
 }
 
+// One of its elements goes with the row; the others would come to stand at another one.
+TEST_F(EditTest, RefusesToWriteElementsThatADeletedRowLeftBehind) {
+  const HostFolder folder;
+  const std::string model = folder.Write(
+      "a.mps", "ROWS\n N COST\n L OLD\n L CAP\nCOLUMNS\n X COST 1 OLD 2\n X OLD 3 CAP 1\nENDATA\n");
+  for (const char* const layout : {"fixed", "free"}) {
+    const std::string out = folder.Write("b.mps", "precious");
+    const Outcome run = RunQuarvel(
+        {"edit", model, out, "--layout", layout, "-c", "delete-row OLD", "--allow-loss"});
+    EXPECT_EQ(run.status, 1) << layout;
+    EXPECT_NE(
+        run.err.find("row CAP (number 1) has other elements than the columns have at it: of a "
+                     "pair with several elements one was deleted with its row or column"),
+        std::string::npos)
+        << run.err;
+    EXPECT_EQ(folder.Read("b.mps"), "precious");
+    EXPECT_EQ(RunQuarvel({"edit", model, out, "--layout", layout, "-c", "delete-element OLD X",
+                          "-c", "delete-row OLD"})
+                  .status,
+              0);
+  }
+}
+
 TEST_F(EditTest, RefusesToDeleteTheOnlyRow) {
   const Outcome run = Edit({"delete-row R2", "delete-row R1"});
   EXPECT_EQ(run.status, 1);

@@ -86,6 +86,28 @@ TEST_F(EditScriptTest, AddsBeforeItDeletes) {
             "delete-column Y\n");
 }
 
+// The deletion of a row or a column takes out one element of each of its pairs.
+TEST_F(EditScriptTest, DeletesSeveralElementsOfAPairBeforeItsRowOrColumn) {
+  constexpr std::string_view kTwice =
+      "NAME A\nROWS\n N COST\n L CAP\n L OLD\nCOLUMNS\n X COST 1 OLD 2\n X OLD 3\n X OLD 4\n"
+      " Y CAP 5 CAP 6\n Y COST 1\n Z CAP 1\n Z COST 1\nENDATA\n";
+  EXPECT_EQ(ScriptTo("NAME A\nROWS\n N COST\n L CAP\nCOLUMNS\n X COST 1\n Z CAP 1\n Z COST 1\n"
+                     "ENDATA\n",
+                     kTwice),
+            "delete-element CAP Y\n"
+            "delete-element OLD X\n"
+            "delete-element OLD X\n"
+            "delete-row OLD\n"
+            "delete-column Y\n");
+  EXPECT_EQ(ScriptTo("NAME A\nROWS\n N COST\n L CAP\n L OLD\nCOLUMNS\n X COST 1\n Y COST 1 CAP 5\n"
+                     " Y CAP 6\n Z CAP 1\n Z COST 1\nENDATA\n",
+                     kTwice, "free"),
+            "delete-element OLD X\n"
+            "delete-element OLD X\n"
+            "delete-row OLD\n"
+            "add-row OLD L\n");
+}
+
 TEST_F(EditScriptTest, SetsTypesLimitsAndBoundsThatAreNone) {
   EXPECT_EQ(ScriptTo("NAME A\nROWS\n N COST\n G CAP\n G MIN\n L BAL\nCOLUMNS\n X COST 1 CAP 2\n"
                      " X MIN 3\n Y CAP 5 BAL 1\n Z COST 7 BAL -1\nRHS\n RHS CAP 4 MIN 1\n"

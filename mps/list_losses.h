@@ -1,0 +1,16 @@
+// Whether the row lists and the column lists of a model hold the same elements. They do in whatever was
+// read; of a row and a column that have several elements together, the deletion of one of the two takes
+// out only one, and the others stay in the lists of the other record, under numbers that mean something
+// else by then. A file is written from the column lists, so that such a model is not what its rows show.
+#pragma once
+
+#include "model/model_data.h"
+#include "mps/loss.h"
+
+namespace quarvel::mps {
+
+// False when they differ: nothing else can be said of such a model, whose lists may name records that
+// are not there. One pass over each of the lists; 8 bytes for each row.
+bool AddListLosses(const model::ModelData& data, Losses& losses);
+
+}  // namespace quarvel::mps
