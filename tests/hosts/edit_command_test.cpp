@@ -320,7 +320,7 @@ TEST_F(EditTest, KeepsTheBackupBesideTheFileAndOthersAsTheyAre) {
     const char* backup;
   } cases[] = {
       {"y.d/model", "y.d/model.bkp"}, {"y.d/m.mps", "y.d/m.bkp"}, {"y.d/.m", "y.d/.m.bkp"}};
-  std::filesystem::create_directory(folder_.Path("y.d"));
+  std::filesystem::create_directory(ToPath(folder_.Path("y.d")));
   folder_.Write("y.bkp", "a thesis");
   for (const auto& [name, backup] : cases) {
     const std::string file = folder_.Write(name, kSmallModel);
@@ -338,7 +338,7 @@ TEST_F(EditTest, KeepsTheBackupBesideTheFileAndOthersAsTheyAre) {
 
 TEST_F(EditTest, NamesTheBackupThatCannotBeMade) {
   const std::string file = folder_.Write("a.mps", kSmallModel);
-  std::filesystem::create_directory(folder_.Path("a.bkp"));
+  std::filesystem::create_directory(ToPath(folder_.Path("a.bkp")));
   const Outcome run = RunQuarvel({"edit", file, file, "-c", "set-bound X UP 4"});
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.err,

@@ -62,7 +62,7 @@ TEST(LogOption, IsRefusedOverAFileThatIsNotThereYet) {
 TEST(LogOption, SaysThatNothingWasWrittenWithoutIt) {
   const HostFolder folder;
   folder.Write("in.mps", kSmallModel);
-  fs::create_directory(folder.Path("log"));
+  fs::create_directory(ToPath(folder.Path("log")));
   const Outcome run = Simplify(folder, folder.Path("log"));
   EXPECT_EQ(run.status, 1);
   EXPECT_TRUE(run.err.ends_with(folder.Expand("; @out.mps was not written\n"))) << run.err;

@@ -108,11 +108,11 @@ TEST_F(BackupOfAFile, ThatIsGoneIsNotNeededBesideIt) {
 }
 
 TEST_F(BackupOfAFile, CannotTakeThePlaceOfAFolder) {
-  std::filesystem::create_directory(name_);
+  std::filesystem::create_directory(ToPath(name_));
   Backup backup(path_, kBeside);
   EXPECT_THROW(backup.Make(), AutomationError);
   EXPECT_FALSE(backup.is_made());
-  EXPECT_TRUE(std::filesystem::is_directory(name_));
+  EXPECT_TRUE(std::filesystem::is_directory(ToPath(name_)));
 }
 
 }  // namespace

@@ -6,15 +6,7 @@
 #include "tests/support/test_paths.h"
 
 namespace quarvel::mps {
-namespace {
-
 namespace fs = std::filesystem;
-
-fs::path ToPath(const std::string& utf8) {
-  return fs::path(std::u8string(utf8.begin(), utf8.end()));
-}
-
-}  // namespace
 
 std::vector<std::string> DataFiles() {
   std::vector<std::string> files;

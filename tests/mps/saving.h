@@ -29,10 +29,6 @@ inline constexpr std::string_view kSmallModel =
     "ROWS\r\n N  COST\r\nCOLUMNS\r\n    X         COST                1.\r\nRHS\r\nBOUNDS\r\n"
     "ENDATA\r\n";
 
-inline std::filesystem::path ToPath(const std::string& utf8) {
-  return std::u8string(utf8.begin(), utf8.end());
-}
-
 // A model with one coefficient, and a folder to save it in.
 class Saving : public ::testing::Test, protected HandMadeModel {
  protected:

@@ -12,6 +12,7 @@
 #include "platform/files.h"
 #include "tests/simplify/simplify_helpers.h"
 #include "tests/support/shown_form.h"
+#include "tests/support/test_paths.h"
 
 namespace quarvel::simplify {
 namespace {
@@ -20,10 +21,6 @@ using platform::MsgBoxResult;
 using platform::MsgBoxStyle;
 using platform::ShownBox;
 using Lines = std::vector<std::string>;
-
-std::filesystem::path ToPath(const std::string& utf8) {
-  return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
-}
 
 // `rows` rows of two elements that nothing simplifies.
 void BuildRows(SimplifySession& session, int rows) {

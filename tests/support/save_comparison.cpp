@@ -14,6 +14,7 @@
 #include "tests/support/naive_simplify.h"
 #include "tests/support/naive_writer.h"
 #include "tests/support/read_comparison.h"
+#include "tests/support/test_paths.h"
 
 namespace quarvel::testing {
 namespace {
@@ -24,10 +25,6 @@ constexpr std::string_view kNotStandard =
     "element values was too long";
 constexpr std::string_view kOldFile = "what the file held\n";
 constexpr std::string_view kOldBackup = "what an older save left\n";
-
-std::filesystem::path ToPath(const std::string& utf8) {
-  return std::u8string(utf8.begin(), utf8.end());
-}
 
 // A multiple of 1/8 that every picture holds exactly.
 double ChooseKeptNumber(const Choice& choose) {

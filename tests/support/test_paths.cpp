@@ -14,8 +14,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path ToPath(std::string_view utf8) { return fs::path(std::u8string(utf8.begin(), utf8.end())); }
-
 std::string ToText(const fs::path& path) {
   const std::u8string utf8 = path.generic_u8string();
   return {utf8.begin(), utf8.end()};
@@ -48,6 +46,8 @@ fs::path FolderAt(TemporaryFolder::Place place) {
 }
 
 }  // namespace
+
+fs::path ToPath(std::string_view utf8) { return fs::path(std::u8string(utf8.begin(), utf8.end())); }
 
 std::string SourceFolder() {
   if (auto folder = FolderOfEnvironment("QUARVEL_SOURCE")) return *folder;

@@ -3,6 +3,7 @@
 // through the drive Z: that Wine gives to it.
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,6 +27,9 @@ std::string ReadWholeFile(const std::string& path);
 
 // The same of a file of the project, by its path from the root.
 std::string ProjectFile(const std::string& path);
+
+// Names are UTF-8 everywhere, which the standard library takes for another encoding on Windows.
+std::filesystem::path ToPath(std::string_view utf8);
 
 // Writes the bytes to a file, replacing it. Throws std::runtime_error when that fails.
 void WriteWholeFile(const std::string& path, std::string_view bytes);
