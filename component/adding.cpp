@@ -40,8 +40,7 @@ std::string_view RefusalOf(std::string_view name, const NameRefusals& refusals, 
 }  // namespace
 
 // The record stands: a warning that there is no memory for is given with the next long name.
-void LPModel::WarnOnceOfLongName(std::string_view name) {
-  if (store_.settings().LongNameWarningShown || !model::IsLongName(name)) return;
+void LPModel::WarnOfLongName() {
   try {
     desktop_.MsgBox(platform::Note(model::kLongNameWarning));
   } catch (const std::bad_alloc&) {

@@ -28,6 +28,7 @@
 #include <string_view>
 
 #include "model/error_reports.h"
+#include "model/long_name.h"
 #include "model/model_interface.h"
 #include "model/model_store.h"
 #include "model/model_view.h"
@@ -248,7 +249,10 @@ class LPModel final : public model::ModelInterface {
   model::ElementEntry DeferredColumnElement(std::int32_t j, std::int32_t k) const;
   // One plain box; the refusals of writes and edits.
   void Refuse(std::string_view text) const;
-  void WarnOnceOfLongName(std::string_view name);
+  void WarnOnceOfLongName(std::string_view name) {
+    if (!store_.settings().LongNameWarningShown && model::IsLongName(name)) WarnOfLongName();
+  }
+  void WarnOfLongName();
   void View(bool editing, const std::function<void(viewer::frmViewEquations&)>& show);
   void ViewRowNumber(std::int32_t row, bool editing);
   void RefuseRow(std::string_view text);

@@ -26,7 +26,6 @@ std::int32_t NumberOfNamed(const NameIndex& names, const Gaps& gaps, const Find&
 template <class Record>
 void MakeWay(NameIndex& names, const Gaps& gaps, const NameKey& key, std::string_view name,
              const OneBased<Record>& records) {
-  if (!gaps.open()) return;
   const std::int32_t bearer = names.Find(key, name, NamesOf(records));
   if (bearer != 0 && gaps.IsGone(bearer)) names.Remove(name, bearer);
 }
@@ -34,7 +33,7 @@ void MakeWay(NameIndex& names, const Gaps& gaps, const NameKey& key, std::string
 template <class Record>
 void AddName(NameIndex& names, const Gaps& gaps, const NameKey& key, std::string_view name,
              std::int32_t position, const OneBased<Record>& records) {
-  MakeWay(names, gaps, key, name, records);
+  if (gaps.open()) MakeWay(names, gaps, key, name, records);
   names.Add(key, name, position, NamesOf(records));
 }
 
@@ -52,9 +51,11 @@ std::int32_t AppendNamed(OneBased<Record>& records, std::int32_t& count, Gaps& g
     records.Resize(stored);
     throw;
   }
-  if (gaps.open()) gaps.Append();
   ++count;
-  MakeWay(names, gaps, key, name, records);
+  if (gaps.open()) {
+    gaps.Append();
+    MakeWay(names, gaps, key, name, records);
+  }
   names.AddNew(key, position);
   return position;
 }
@@ -72,7 +73,7 @@ void RenameAt(OneBased<Record>& records, std::int32_t position, const Gaps& gaps
 
 }  // namespace
 
-std::int32_t DeferredWork::FindRow(const NameKey& key, std::string_view name) {
+std::int32_t DeferredWork::FindRowWhileDeferring(const NameKey& key, std::string_view name) {
   return NumberOfNamed(
       model_.row_names, removals_.rows, [&] { return model::FindRow(model_, key, name); },
       [this] { Settle(); });

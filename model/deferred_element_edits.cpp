@@ -25,6 +25,20 @@ void TakeOut(ElementList& list, std::int32_t place, ListPlaces* places) {
   list[place].Index = Gaps::kNowhere;
 }
 
+// Both or none.
+void NotePlacesOfNew(const LongListsOfBoth& lists, std::int32_t row, std::int32_t column) {
+  ListPlaces* const of_row = lists.rows.Known(row);
+  ListPlaces* const of_column = lists.columns.Known(column);
+  if (of_row != nullptr) of_row->Append(column);
+  if (of_column == nullptr) return;
+  try {
+    of_column->Append(row);
+  } catch (...) {
+    if (of_row != nullptr) of_row->TakeBackAppend(column);
+    throw;
+  }
+}
+
 }  // namespace
 
 std::int32_t DeferredWork::FirstInRow(std::int32_t row, std::int32_t column) {
@@ -35,13 +49,6 @@ std::int32_t DeferredWork::FirstInRow(std::int32_t row, std::int32_t column) {
 std::int32_t DeferredWork::FirstInColumn(std::int32_t column, std::int32_t row) {
   const ElementList& list = model_.data.Columns[column].Elements;
   return FirstIn(list, row, long_.columns.Find(column, list, removals_.rows));
-}
-
-bool DeferredWork::HasPair(std::int32_t row, std::int32_t column) {
-  const ModelData& data = model_.data;
-  return data.Rows[row].ElementCount() <= data.Columns[column].ElementCount()
-             ? FirstInRow(row, column) != 0
-             : FirstInColumn(column, row) != 0;
 }
 
 std::int32_t DeferredWork::PlaceInRow(std::int32_t position, std::int32_t k) {
@@ -64,32 +71,22 @@ std::int32_t DeferredWork::FindElement(std::int32_t r, std::int32_t c) {
                     [&](const ElementEntry& entry) { return !columns.IsGone(entry.Index); }));
 }
 
-// Both or none.
-void DeferredWork::NotePlacesOfNew(std::int32_t row, std::int32_t column) {
-  ListPlaces* const of_row = long_.rows.Known(row);
-  ListPlaces* const of_column = long_.columns.Known(column);
-  if (of_row != nullptr) of_row->Append(column);
-  if (of_column == nullptr) return;
-  try {
-    of_column->Append(row);
-  } catch (...) {
-    if (of_row != nullptr) of_row->TakeBackAppend(column);
-    throw;
-  }
-}
-
 void DeferredWork::AddElement(std::int32_t r, std::int32_t c, double value) {
   CheckOneMore(model_.data.NumberOfElements);
   ReadyForElements();
   ModelData& data = model_.data;
   const std::int32_t row = RowPosition(r);
   const std::int32_t column = ColumnPosition(c);
-  const bool agrees = agreement_.WillSurviveNewPair() && !HasPair(row, column);
   ElementList& row_list = data.Rows[row].Elements;
   ElementList& column_list = data.Columns[column].Elements;
+  const auto is_new = [&] {
+    return row_list.size() <= column_list.size() ? FirstInRow(row, column) == 0
+                                                 : FirstInColumn(column, row) == 0;
+  };
+  const bool agrees = agreement_.WillSurviveNewPair() && is_new();
   row_list.MakeRoom();
   column_list.MakeRoom();
-  NotePlacesOfNew(row, column);
+  NotePlacesOfNew(long_, row, column);
   row_list.Append({column, value});
   column_list.Append({row, value});
   if (removals_.columns.open()) ++removals_.left_in_rows[row];

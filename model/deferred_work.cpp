@@ -45,8 +45,7 @@ void DeferredWork::Settle() {
 // Walking the columns in order meets the coefficients in the order in which a read appended them,
 // as long as no column was taken up again; a read settles the row lists then and keeps them up to
 // date itself.
-void DeferredWork::FillRowListsIfBehind() {
-  if (!model_.row_lists_behind) return;
+void DeferredWork::FillRowListsThatAreBehind() {
   FillRowLists(model_);
   model_.row_lists_behind = false;
   long_.Clear();
@@ -73,14 +72,6 @@ void DeferredWork::CloseAllGaps() {
     }
   }
   row_indexes_.CatchUp(model_.data);
-}
-
-// Gaps that a coefficient leaves say nothing of an order.
-void DeferredWork::ReadyForElements() {
-  FillRowListsIfBehind();
-  if (!removals_.in_order) return;
-  if (removals()) Settle();
-  removals_.in_order = false;
 }
 
 void DeferredWork::NoteEmptied() {

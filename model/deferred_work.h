@@ -64,7 +64,9 @@ class DeferredWork {
   // Which entry of row r is the first that names column c; 0 when there is none.
   std::int32_t FindElement(std::int32_t r, std::int32_t c);
   // The number of what has that name; 0 when there is none.
-  std::int32_t FindRow(const NameKey& key, std::string_view name);
+  std::int32_t FindRow(const NameKey& key, std::string_view name) {
+    return empty_ ? model::FindRow(model_, key, name) : FindRowWhileDeferring(key, name);
+  }
   std::int32_t FindColumn(const NameKey& key, std::string_view name);
 
   // --- changing, by current numbers, which must be those of records ---
@@ -98,17 +100,26 @@ class DeferredWork {
 
  private:
   friend class RecordLooks;
-  void FillRowListsIfBehind();
-  void ReadyForElements();
+  void FillRowListsIfBehind() {
+    if (model_.row_lists_behind) [[unlikely]]
+      FillRowListsThatAreBehind();
+  }
+  void FillRowListsThatAreBehind();
+  // Gaps that a coefficient leaves say nothing of an order.
+  void ReadyForElements() {
+    FillRowListsIfBehind();
+    if (!removals_.in_order) return;
+    if (removals()) Settle();
+    removals_.in_order = false;
+  }
+  std::int32_t FindRowWhileDeferring(const NameKey& key, std::string_view name);
   bool LooksHavePaid(std::int32_t elements);
   void ReadyForRemoval();
   // By position: the first place in one's list that names the other, 0 when none does.
   std::int32_t FirstInRow(std::int32_t row, std::int32_t column);
   std::int32_t FirstInColumn(std::int32_t column, std::int32_t row);
-  bool HasPair(std::int32_t row, std::int32_t column);
   // The place in its list of the k-th entry of a row that is not gone; 0 when there is none.
   std::int32_t PlaceInRow(std::int32_t position, std::int32_t k);
-  void NotePlacesOfNew(std::int32_t row, std::int32_t column);
   void TakeOutRow(std::int32_t position) noexcept;
   void TakeOutColumn(std::int32_t position, const std::vector<std::int32_t>& emptied) noexcept;
 

@@ -38,9 +38,11 @@ class SourceLine {
   std::size_t token_count() const { return line_->tokens.count(); }
   std::string_view operator[](std::size_t token) const { return line_->tokens[token]; }
   model::NameKey Key(std::size_t token) const {
-    const model::NameKey* const key = keys_->Find(token);
+    const model::NameKey* const key = KnownKey(token);
     return key != nullptr ? *key : model::NameKey::Of(line_->tokens[token]);
   }
+  // Null when it has not been made. What may be long at hand is not copied in the busiest place.
+  const model::NameKey* KnownKey(std::size_t token) const { return keys_->Find(token); }
   // True only when the first token is that of the line before.
   bool goes_on() const { return keys_->goes_on(); }
 

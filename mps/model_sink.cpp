@@ -22,10 +22,6 @@ void ModelSink::AddDescription(std::string_view line) {
   description += added.append(line);  // all of it or nothing
 }
 
-std::int32_t ModelSink::FindRow(const SourceLine& line, std::size_t token) const {
-  return fill_.FindRow(line.Key(token), line[token]);
-}
-
 std::int32_t ModelSink::FindColumn(const SourceLine& line, std::size_t token) const {
   return fill_.FindColumn(line.Key(token), line[token]);
 }

@@ -42,7 +42,10 @@ class ModelSink {
   }
   bool HasRows() const { return fill_.data().NumberOfRows >= 1; }
   bool HasColumns() const { return fill_.data().NumberOfColumns >= 1; }
-  std::int32_t FindRow(const SourceLine& line, std::size_t token) const;
+  std::int32_t FindRow(const SourceLine& line, std::size_t token) const {
+    const model::NameKey* const key = line.KnownKey(token);
+    return key != nullptr ? fill_.FindRow(*key, line[token]) : FindRow(line[token]);
+  }
   std::int32_t FindColumn(const SourceLine& line, std::size_t token) const;
   std::int32_t FindRow(std::string_view name) const;
   std::int32_t FindColumn(std::string_view name) const;
