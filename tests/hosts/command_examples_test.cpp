@@ -10,38 +10,12 @@
 #include "hosts/commands.h"
 #include "hosts/streams.h"
 #include "tests/support/run_quarvel.h"
+#include "tests/support/shell_line.h"
 
 namespace quarvel::hosts {
 namespace {
 
 namespace fs = std::filesystem;
-
-struct ShellLine {
-  std::vector<std::string> words;
-  std::string input;  // the file behind "<"; that behind ">" is left out
-};
-
-// Words between blanks; those in '' are one.
-ShellLine TakeApart(std::string_view line) {
-  std::vector<std::string> words(1);
-  bool is_quoted = false;
-  for (const char c : line) {
-    if (c == '\'') {
-      is_quoted = !is_quoted;
-    } else if (c == ' ' && !is_quoted) {
-      words.emplace_back();
-    } else {
-      words.back() += c;
-    }
-  }
-  ShellLine taken;
-  if (words.size() > 2 && (words[words.size() - 2] == "<" || words[words.size() - 2] == ">")) {
-    if (words[words.size() - 2] == "<") taken.input = words.back();
-    words.resize(words.size() - 2);
-  }
-  taken.words = std::move(words);
-  return taken;
-}
 
 // The folder of the examples, which are run one after the other.
 class Examples : public ::testing::Test {
@@ -72,7 +46,7 @@ TEST_F(Examples, AreTwoToFourOfEachCommandAndItsOwn) {
     EXPECT_GE(examples.size(), 2U) << command.name;
     EXPECT_LE(examples.size(), 4U) << command.name;
     for (const CommandExample& example : examples) {
-      const std::vector<std::string> words = TakeApart(example.line).words;
+      const std::vector<std::string> words = TakeShellLineApart(example.line).words;
       ASSERT_GE(words.size(), 2U) << example.line;
       EXPECT_EQ(words[0], "quarvel") << example.line;
       EXPECT_EQ(words[1], command.name) << example.line;
@@ -88,7 +62,7 @@ TEST_F(Examples, RunAsTheyStand) {
   for (const Command& command : Commands()) {
     if (command.name == "view") continue;  // opens windows
     for (const CommandExample& example : ExamplesOf(command.name)) {
-      const ShellLine line = TakeApart(example.line);
+      const ShellLine line = TakeShellLineApart(example.line);
       const std::string input = line.input.empty() ? "" : folder_.Read(line.input);
       const Outcome run = RunQuarvel({line.words.begin() + 1, line.words.end()}, input);
       EXPECT_TRUE(StatusesOf(command.name).contains(run.status)) << example.line << '\n' << run.err;

@@ -1,0 +1,16 @@
+* What readers make different models of.
+NAME DIALECTS
+ROWS
+ N COST
+ N SECOND
+ L LIMIT
+COLUMNS
+ X COST 1 LIMIT 2
+ Y COST 3 LIMIT 4
+RHS
+ RHS COST -5 LIMIT 6
+BOUNDS
+ UP B X -7
+ LO B Y 1
+ LO B Y 2
+ENDATA
