@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
 # Installs what is missing from Debian's packages:
-# cmake/setup.sh native|format|display|browser|checks|coverage|windows|wine32|peers|counts|solvers ...
+# cmake/setup.sh native|format|display|browser|checks|coverage|windows|systems|peers|counts|solvers ...
 # Asks nothing. Packages that are installed already cost one look at the package database.
 set -eu
 
 # The program and its native tests.
 native=(cmake ninja-build g++ libgtest-dev qt6-base-dev zlib1g-dev libbz2-dev liblzma-dev libzstd-dev
-  python3-jsonschema)
+  bzip2 xz-utils zstd python3-jsonschema)
 # The formatter, and the interpreter of tools/longest.
 format=(clang-format python3)
 # A display that nobody sees, and a user at it.
@@ -20,8 +20,8 @@ coverage=(llvm)
 # Cross-building for Windows, and running what was built.
 windows=(g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-win32 mingw-w64-tools libwine-dev libwine
   googletest libz-mingw-w64-dev wine wine64 xvfb)
-# What makes the 32-bit system of cmake/wine32.sh.
-wine32=(debootstrap)
+# What makes a Debian system of its own (cmake/debian_root.sh).
+systems=(debootstrap)
 # The libraries that the benchmarks compare with, and what counts instructions.
 peers=(coinor-libcoinutils-dev libglpk-dev)
 counts=(valgrind)
@@ -38,7 +38,7 @@ for part in "$@"; do
     checks) wanted+=("${checks[@]}") ;;
     coverage) wanted+=("${coverage[@]}") ;;
     windows) wanted+=("${windows[@]}") ;;
-    wine32) wanted+=("${wine32[@]}") ;;
+    systems) wanted+=("${systems[@]}") ;;
     peers) wanted+=("${peers[@]}") ;;
     counts) wanted+=("${counts[@]}") ;;
     solvers) wanted+=("${solvers[@]}") ;;

@@ -111,6 +111,21 @@ fuzz_all() { # SECONDS
   done
 }
 
+# The program without Qt, in a small Debian of its own.
+test_bare_system() {
+  local title="a server without Qt" log="$logs/bare_system.log" start=$SECONDS status=0
+  tests/bare_system.sh build/linux/quarvel >"$log" 2>&1 || status=$?
+  if [ $status -eq 0 ]; then
+    passed=$((passed + 1))
+    pass "$title" $((SECONDS - start)) "$(tail -n 1 "$log")"
+  elif [ $status -eq 3 ]; then
+    skip "$title" "$(tail -n 1 "$log") ($log)"
+  else
+    failed=$((failed + 1))
+    fail "$title" $((SECONDS - start)) "$log"
+  fi
+}
+
 # A display that nobody sees, and Wine's prefix made before the first test is timed.
 start_windows() {
   local number=build/display

@@ -23,7 +23,7 @@ std::vector<std::string> ViewerWords(const std::string& program, const Arguments
 std::string Objection(const std::string& program, int error) {
   if (error == ENOENT) {
     return "the viewer is not installed: there is no " + program +
-           "; \"quarvel rows\" prints a model";
+           ", which a build with Qt 6 makes; \"quarvel rows\" prints a model";
   }
   return program + " does not start: " + std::strerror(error);
 }

@@ -83,7 +83,8 @@ TEST_F(ViewProgram, IsMissedWhereItIsNotInstalled) {
   const ProgramRun run = RunShell(Quoted(folder_.File("quarvel")) + " view " + model_);
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.text, "quarvel: the viewer is not installed: there is no " +
-                          folder_.File("quarvel-view") + "; \"quarvel rows\" prints a model\n");
+                          folder_.File("quarvel-view") +
+                          ", which a build with Qt 6 makes; \"quarvel rows\" prints a model\n");
 }
 
 TEST_F(ViewProgram, IsNotTakenWhereItDoesNotStart) {
