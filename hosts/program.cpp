@@ -33,7 +33,15 @@ std::string Objection(const Command& command, const Arguments& arguments) {
   return arguments.log.empty() ? "" : ObjectionToLog(arguments.log, operands);
 }
 
-int RunCommand(Arguments& arguments, const Streams& streams, int& failure) {
+// The status of a failure of the command among those words, known before anything can fail.
+int FailureOf(std::span<const std::string> words) {
+  for (const std::string& word : words) {
+    if (const Command* const command = FindCommand(word)) return command->failure;
+  }
+  return kProblem;
+}
+
+int RunCommand(Arguments& arguments, const Streams& streams) {
   if (arguments.command.empty()) {
     (arguments.help ? streams.out : streams.err) << ProgramHelp();
     return arguments.help ? kGood : kUsage;
@@ -43,7 +51,6 @@ int RunCommand(Arguments& arguments, const Streams& streams, int& failure) {
     streams.out << CommandHelp(*command);
     return kGood;
   }
-  failure = command->failure;
   const std::string objection = Objection(*command, arguments);
   if (!objection.empty()) {
     throw CommandError(kUsage, std::string(command->name) + ' ' + objection);
@@ -61,13 +68,14 @@ int Run(std::span<const std::string> words, const Streams& streams, std::string&
     streams.out << CompletionText(Complete(words.subspan(1), streams));
     return kGood;
   }
+  failure = FailureOf(words);
   Arguments arguments = ParseArguments(words);
   command = arguments.command;
   if (arguments.version) {
     streams.out << "quarvel " << model::ProductVersion() << '\n';
     return kGood;
   }
-  return RunCommand(arguments, streams, failure);
+  return RunCommand(arguments, streams);
 }
 
 void Complain(const Streams& streams, std::string_view text) {
