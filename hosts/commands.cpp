@@ -97,7 +97,7 @@ std::string CompletionHelp() {
 std::string ViewHelp() {
   return "The dialogs about reading, and its questions, are windows too.\n"
          "On Linux it needs quarvel-view beside quarvel, the only program with Qt in it. The exit status is 1 "
-         "when\nthat or a display is missing, or the file was not read.\n";
+         "when\nthat, a library of it or a display is missing, or the file was not read.\n";
 }
 
 constexpr Command kCommands[] = {

@@ -129,11 +129,23 @@ run_lines() {
   [ "$lines" -gt 60 ] || fail "only $lines command lines were found"
 }
 
+# The viewer put there, but nothing of what it needs.
+run_viewer_alone() {
+  local viewer="$root/usr/local/bin/quarvel-view" told
+  [ -f "$program-view" ] || { echo "no $program-view to try without Qt"; return; }
+  cp "$program-view" "$viewer"
+  told=$(outcome "$root" "quarvel view diet.mps")
+  rm "$viewer"
+  grep -qx 'status 1' <<<"$told" && grep -q 'needs what is not installed: .*libQt6Widgets' <<<"$told" ||
+    fail "a viewer without Qt: $told"
+}
+
 need_plain_program
 trap 'unmount_all' EXIT
 make_system
 for tree in "$root" "$here"; do install_program "$tree" || exit 1; done
 assert_no_toolkit
+run_viewer_alone
 run_lines
 rm -rf "$root$folder" "$here"
 [ "$failures" -eq 0 ]

@@ -87,6 +87,23 @@ TEST_F(ViewProgram, IsMissedWhereItIsNotInstalled) {
                           ", which a build with Qt 6 makes; \"quarvel rows\" prints a model\n");
 }
 
+TEST_F(ViewProgram, SaysWhichOfItsLibrariesAreMissing) {
+  std::filesystem::copy_file(QUARVEL_PROGRAM, folder_.File("quarvel"));
+  const std::string viewer = folder_.File("quarvel-view");
+  std::string bytes = ReadWholeFile(QUARVEL_PROGRAM "-view");
+  const std::string_view known = "libQt6Widgets.so.6";
+  const std::size_t at = bytes.find(known);
+  ASSERT_NE(at, std::string::npos);
+  bytes.replace(at, known.size(), "libQt6Nowhere.so.6");
+  WriteWholeFile(viewer, bytes);
+  std::filesystem::permissions(viewer, std::filesystem::perms::owner_all);
+  const ProgramRun run = RunShell(Quoted(folder_.File("quarvel")) + " view " + model_);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.text, "quarvel: " + viewer +
+                          " needs what is not installed: libQt6Nowhere.so.6; Debian's package "
+                          "libqt6widgets6 has Qt 6; \"quarvel rows\" prints a model\n");
+}
+
 TEST_F(ViewProgram, IsNotTakenWhereItDoesNotStart) {
   std::filesystem::copy_file(QUARVEL_PROGRAM, folder_.File("quarvel"));
   WriteWholeFile(folder_.File("quarvel-view"), "");
