@@ -28,6 +28,7 @@ class JobLister {
   explicit JobLister(const Plan& plan) : plan_(plan), divisor_(plan.small ? 50 : 1) {}
 
   std::vector<Job> List() {
+    AddStarts();
     AddReads();
     AddReadAsData();
     AddCheck();
@@ -122,6 +123,32 @@ class JobLister {
     AddRead("read, 2 pairs a line", File("pairs2", 1, {0, 0, {"--pairs", "2"}}), "fixed", 4, 0);
     AddRead("read, CR LF", File("crlf", 1, {0, 0, {"--crlf"}}), "fixed", 4, 0);
     AddRead("read, rows in order", File("sorted", 1, {0, 0, {"--order", "sorted"}}), "fixed", 4, 0);
+  }
+
+  // A whole process each time: what a script waits for at each call.
+  void AddStarts() {
+    const std::string quarvel = plan_.programs + "/quarvel";
+    ModelFile tiny;
+    tiny.path = plan_.folder + "/tiny.mps";
+    tiny.options = {"--rows", "20", "--columns", "50"};
+    AddStart("start, --version", {}, {quarvel, "--version"}, 0);
+    AddStart("start, info of a small file", {tiny}, {quarvel, "info", tiny.path}, 0.006);
+  }
+
+  void AddStart(const char* name, std::vector<ModelFile> files, std::vector<std::string> command,
+                double most_seconds) {
+    const std::string times = "200";
+    command.insert(command.begin(), times);
+    Job job;
+    job.name = name;
+    job.size = times + " starts";
+    job.files = std::move(files);
+    job.command = Command("bench_start", std::move(command));
+    Contender empty = {Peer::kOther, "an empty program", {}};
+    empty.command = Command("bench_start", {times, plan_.programs + "/bench_empty"});
+    job.contenders = {std::move(empty)};
+    job.most_seconds = most_seconds;
+    jobs_.push_back(std::move(job));
   }
 
   void AddReadAsData() {

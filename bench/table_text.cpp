@@ -56,7 +56,8 @@ std::string AimCell(const Measurement& measurement) {
     AddAim(cell, "ratio " + Fixed(job.least_ratio, 2), *ratio >= job.least_ratio);
   }
   if (job.most_seconds > 0) {
-    AddAim(cell, Fixed(job.most_seconds, 0) + " s", measurement.ours->seconds <= job.most_seconds);
+    AddAim(cell, Fixed(job.most_seconds, job.most_seconds < 1 ? 3 : 0) + " s",
+           measurement.ours->seconds <= job.most_seconds);
   }
   if (job.most_megabytes > 0) {
     AddAim(cell, Fixed(job.most_megabytes, 0) + " MB",

@@ -22,7 +22,9 @@ LineReader::LineReader(platform::InputFile file)
     : LineReader(std::make_unique<platform::FileBytes>(std::move(file))) {}
 
 LineReader::LineReader(std::unique_ptr<platform::ByteSource> bytes)
-    : bytes_(std::move(bytes)), buffer_(new char[kBufferSize + kPadding]()) {
+    : bytes_(std::move(bytes)),
+      // Not filled: most files are much smaller.
+      buffer_(std::make_unique_for_overwrite<char[]>(kBufferSize + kPadding)) {
   next_ = buffer_.get();
   end_ = buffer_.get();
 }
@@ -82,6 +84,7 @@ bool LineReader::Refill() {
   if (watches_tabs_ && !has_tabs_) has_tabs_ = std::memchr(end_, '\t', count) != nullptr;
   at_end_ = false;
   end_ += count;
+  std::memset(end_, 0, kPadding);  // blocks are looked at as a whole
   return true;
 }
 
