@@ -19,19 +19,21 @@ namespace {
 // A broken file has a problem in each of its lines.
 constexpr std::int64_t kUsualLimit = 20;
 
-std::unique_ptr<ProblemReport> MakeReport(const Arguments& arguments, const std::string& path,
-                                          std::ostream& out, const ReportPlace& place) {
+std::unique_ptr<ProblemReport> MakeReport(const Session& session, const std::string& path,
+                                          const ReportPlace& place) {
+  const Arguments& arguments = session.arguments;
+  std::ostream& out = session.streams.out;
   const std::string file = NameOfInput(path);
   if (arguments.sarif) return MakeSarifReport(file, out, place);
-  return arguments.json ? MakeJsonReport(file, out, place) : MakeTextReport(file, out);
+  if (arguments.json) return MakeJsonReport(file, out, place);
+  return MakeTextReport(file, out, session.streams.screen, arguments.color);
 }
 
 // Gives the status of that file.
 int CheckOne(Session& session, const std::string& file, const ReportPlace& place) {
   const Arguments& arguments = session.arguments;
   const bool is_limited = (arguments.used & kLimit) != 0;
-  const std::unique_ptr<ProblemReport> report =
-      MakeReport(arguments, file, session.streams.out, place);
+  const std::unique_ptr<ProblemReport> report = MakeReport(session, file, place);
   ModelCheck check(session, file, *report, is_limited ? arguments.limit : kUsualLimit);
   report->Begin();
   check.Read();

@@ -103,7 +103,7 @@ std::string ViewHelp() {
 constexpr Command kCommands[] = {
     {"info", "FILE ...", 1, kAnyNumber, kReadings | kJson, "print what each file holds, in numbers",
      InfoHelp, RunInfo},
-    {"stats", "FILE", 1, 1, kReadings | kJson | kLimit,
+    {"stats", "FILE", 1, 1, kReadings | kJson | kLimit | kFull,
      "print sizes, kinds and patterns of names, in numbers", StatsHelp, RunStats},
     {"spy", "FILE", 1, 1, kReadings | kOutput | kWidth | kHeight, "show the matrix as a picture",
      SpyHelp, RunSpy},

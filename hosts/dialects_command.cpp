@@ -23,7 +23,8 @@ using Quotes = std::map<std::int64_t, std::string>;
 
 void PrintFinding(Session& session, const inspect::DialectFinding& finding, const Quotes& quotes) {
   const inspect::DialectTraits& traits = inspect::TraitsOf(finding.point);
-  std::string text(traits.id);
+  const Pen pen(session.arguments.color, session.streams.screen);
+  std::string text = pen.Draw(Ink::kHeading, traits.id);
   text.append(": ").append(traits.words).append(", ").append(Counted(finding.count, "line"));
   text += '\n';
   for (const std::int64_t line : finding.lines) {
@@ -34,7 +35,10 @@ void PrintFinding(Session& session, const inspect::DialectFinding& finding, cons
     text += '\n';
   }
   const std::int64_t more = finding.count - static_cast<std::int64_t>(finding.lines.size());
-  if (more > 0) text += "   ... " + text::IntegerText(more) + " more (--limit all lists them)\n";
+  if (more > 0) {
+    text += pen.Draw(Ink::kAside,
+                     "   ... " + text::IntegerText(more) + " more (--limit all lists them)\n");
+  }
   for (const inspect::ReaderReading& reading : traits.readings) {
     text += "  ";
     AppendLeft(text, reading.reader, kReaderWidth);

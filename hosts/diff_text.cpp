@@ -107,14 +107,21 @@ std::string ElementLine(const Difference& d, const model::ModelData& a) {
 
 }  // namespace
 
-void DiffText::PrintLine(std::string_view line) { out() << text::VisibleText(line) + '\n'; }
-
-void DiffText::Begin() {
-  PrintLine("--- " + file_a() + ": " + SizeText(sides().a.model()));
-  PrintLine("+++ " + file_b() + ": " + SizeText(sides().b.model()));
+void DiffText::PrintLine(std::string_view line, std::optional<Ink> ink) {
+  std::string shown = text::VisibleText(line) + '\n';
+  out() << (ink ? pen_.Draw(*ink, shown) : shown);
 }
 
-void DiffText::Print(const Difference& difference) { PrintLine(LineOf(difference)); }
+void DiffText::Begin() {
+  PrintLine("--- " + file_a() + ": " + SizeText(sides().a.model()), Ink::kHeading);
+  PrintLine("+++ " + file_b() + ": " + SizeText(sides().b.model()), Ink::kHeading);
+}
+
+void DiffText::Print(const Difference& difference) {
+  const std::string line = LineOf(difference);
+  const Ink one_sided = line.front() == '-' ? Ink::kGone : Ink::kCame;
+  PrintLine(line, line.front() == '!' ? Ink::kChanged : one_sided);
+}
 
 std::string DiffText::LineOf(const Difference& d) const {
   const model::ModelData& a = sides().a.model().store().data();
@@ -144,7 +151,8 @@ std::string DiffText::LineOf(const Difference& d) const {
 
 void DiffText::End() {
   if (unlisted() > 0) {
-    PrintLine("... " + text::IntegerText(unlisted()) + " more (--limit all lists them)");
+    PrintLine("... " + text::IntegerText(unlisted()) + " more (--limit all lists them)",
+              Ink::kAside);
   }
   std::string counts;
   std::string order;

@@ -2,16 +2,19 @@
 // what both have differently.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "hosts/diff_report.h"
+#include "hosts/screen.h"
 
 namespace quarvel::hosts {
 
 class DiffText : public DiffReport {
  public:
-  using DiffReport::DiffReport;
+  explicit DiffText(const DiffSides& sides)
+      : DiffReport(sides), pen_(sides.a.arguments.color, sides.a.streams.screen) {}
 
   void Begin() override;
   void End() override;
@@ -20,8 +23,10 @@ class DiffText : public DiffReport {
   void Print(const inspect::Difference& difference) override;
 
  private:
-  void PrintLine(std::string_view line);
+  void PrintLine(std::string_view line, std::optional<Ink> ink = std::nullopt);
   std::string LineOf(const inspect::Difference& difference) const;
+
+  Pen pen_;
 };
 
 }  // namespace quarvel::hosts

@@ -9,6 +9,7 @@
 #include "hosts/streams.h"
 #include "model/bound_code.h"
 #include "model/record_number.h"
+#include "text/edit_distance.h"
 #include "text/numbers.h"
 #include "text/upper_case.h"
 
@@ -213,8 +214,10 @@ const EditCommand& FindEditCommand(std::string_view name) {
   const auto found =
       std::find_if(commands.begin(), commands.end(),
                    [name](const EditCommand& command) { return command.name == name; });
-  if (found == commands.end()) RaiseBad("there is no command " + std::string(name));
-  return *found;
+  if (found != commands.end()) return *found;
+  text::NearestWords nearest(name);
+  for (const EditCommand& known : commands) nearest.Offer(known.name);
+  RaiseBad("there is no command " + std::string(name) + text::DidYouMean(nearest.words()));
 }
 
 }  // namespace

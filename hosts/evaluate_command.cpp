@@ -1,6 +1,7 @@
 // quarvel evaluate: a row's activity at a point.
 
 #include "hosts/commands.h"
+#include "hosts/input_bytes.h"
 #include "hosts/point.h"
 #include "hosts/printing.h"
 
@@ -19,6 +20,16 @@ std::string ActivityJson(Session& session, std::int32_t row, double activity) {
   return json + "}\n";
 }
 
+// What is wrong with a column is told with the model's file.
+void Set(Point& point, const std::string& pair, const std::string& file) {
+  try {
+    point.Set(pair, kUsage);
+  } catch (const CommandError& error) {
+    if (error.status() == kUsage) throw;
+    throw CommandError(error.status(), NameOfInput(file) + ": " + error.text());
+  }
+}
+
 }  // namespace
 
 int RunEvaluate(Session& session) {
@@ -32,7 +43,7 @@ int RunEvaluate(Session& session) {
   Point point(model, note);
   if (!arguments.point.empty()) point.SetFromFile(arguments.point, session.streams);
   for (std::size_t i = 2; i < arguments.operands.size(); ++i) {
-    point.Set(arguments.operands[i], kUsage);
+    Set(point, arguments.operands[i], arguments.operands[0]);
   }
   double activity = 0;
   model.RowBodyValue(row, point.values(), activity);

@@ -12,6 +12,7 @@
 #include "inspect/quoted_lines.h"
 #include "inspect/where_from.h"
 #include "model/record_number.h"
+#include "text/edit_distance.h"
 #include "text/upper_case.h"
 
 namespace quarvel::hosts {
@@ -83,6 +84,15 @@ class ExplainedRead {
     auto quotes = inspect::QuotedLines(options_.open, LinesOf(records));
     return {session_, file(), std::move(records), facts_, std::move(quotes)};
   }
+  // "; did you mean ...": rows and columns of like names.
+  std::string Likely() const {
+    text::NearestWords nearest(text::UpperCase(session_.arguments.operands[1]));
+    for (std::int32_t r = 1; r <= store_.NumberOfRows(); ++r) nearest.Offer(store_.Row(r).Name);
+    for (std::int32_t c = 1; c <= store_.NumberOfColumns(); ++c) {
+      nearest.Offer(store_.Column(c).Name);
+    }
+    return text::DidYouMean(nearest.words());
+  }
   std::string file() const {
     return path_ == kStandardInput ? std::string(kStandardInputName) : path_;
   }
@@ -117,7 +127,8 @@ int RunExplain(Session& session) {
     PrintExplanationText(explanation);
   }
   if (IsAny(explanation.records)) return kGood;
-  session.Note(read.file() + ": there is no row or column " + session.arguments.operands[1]);
+  session.Note(read.file() + ": there is no row or column " + session.arguments.operands[1] +
+               read.Likely());
   return kProblem;
 }
 

@@ -81,6 +81,10 @@ std::string ObjectiveText(const mps::FileFacts& facts, const RecordOrigin& recor
   return record.constant_line == 0 ? text : text + ": " + LineText(record.constant_line);
 }
 
+Pen PenOf(const Explanation& explanation) {
+  return Pen(explanation.session.arguments.color, explanation.session.streams.screen);
+}
+
 void PrintFact(const Explanation& explanation, std::string_view what, std::string_view fact) {
   std::string line = "  ";
   AppendLeft(line, what, kFactWidth);
@@ -102,8 +106,9 @@ void PrintCoefficients(const Explanation& explanation, const RecordOrigin& recor
 
 void PrintRecord(const Explanation& explanation, const RecordOrigin& record) {
   const std::string noun = record.is_row ? "row " : "column ";
-  explanation.session.streams.out << text::VisibleText(noun + record.name) + " (number " +
-                                         text::IntegerText(model::Public(record.number)) + ")\n";
+  const std::string heading = text::VisibleText(noun + record.name) + " (number " +
+                              text::IntegerText(model::Public(record.number)) + ")\n";
+  explanation.session.streams.out << PenOf(explanation).Draw(Ink::kHeading, heading);
   PrintFact(explanation, "type", HistoryText(record.type, record));
   PrintFact(explanation, "lower", HistoryText(record.lower, record, Bound::Side::kLower));
   PrintFact(explanation, "upper", HistoryText(record.upper, record, Bound::Side::kUpper));
@@ -132,12 +137,14 @@ void PrintRest(const Explanation& explanation, const RecordOrigin& record) {
 
 void PrintLines(const Explanation& explanation) {
   if (explanation.quotes.empty()) return;
+  const Pen pen = PenOf(explanation);
   const std::size_t width = text::IntegerText(explanation.quotes.rbegin()->first).size();
   for (const auto& [number, quote] : explanation.quotes) {
     if (!explanation.session.KeepPrinting()) return;
     std::string line;
     AppendRight(line, text::IntegerText(number), width);
-    explanation.session.streams.out << line + " |" + text::VisibleText(quote) + '\n';
+    explanation.session.streams.out
+        << pen.Draw(Ink::kAside, line + " |") + text::VisibleText(quote) + '\n';
   }
 }
 

@@ -1,6 +1,7 @@
 #include "hosts/help.h"
 
 #include "hosts/command_examples.h"
+#include "hosts/folded_text.h"
 #include "hosts/printing.h"
 #include "text/visible_text.h"
 
@@ -71,9 +72,14 @@ std::string CommandHelp(const Command& command) {
   return help.append("\n").append(NamesHelp()).append(StatusHelp());
 }
 
+void PrintHelp(std::ostream& out, const Screen& screen, std::string_view help) {
+  out << FoldedHelp(help, screen.is_terminal ? screen.width : 0);
+}
+
 int RunHelp(Session& session) {
   const auto& operands = session.arguments.operands;
-  session.streams.out << (operands.empty() ? ProgramHelp() : CommandHelp(CommandOf(operands[0])));
+  PrintHelp(session.streams.out, session.streams.screen,
+            operands.empty() ? ProgramHelp() : CommandHelp(CommandOf(operands[0])));
   return kGood;
 }
 

@@ -2,6 +2,7 @@
 // manual.
 #pragma once
 
+#include <ostream>
 #include <span>
 #include <string>
 #include <string_view>
@@ -12,6 +13,8 @@ namespace quarvel::hosts {
 
 std::string ProgramHelp();
 std::string CommandHelp(const Command& command);
+// Prints it, folded to the width of a terminal.
+void PrintHelp(std::ostream& out, const Screen& screen, std::string_view help);
 
 inline constexpr std::string_view kProgramSummary =
     "Reads, queries, edits and writes linear and mixed-integer models in MPS files.";

@@ -48,43 +48,55 @@ std::string InfoJson(const Session& session, const LPModel& model) {
   return json + "}\n";
 }
 
-void AppendFact(std::string& text, std::string_view what, std::string_view fact) {
-  constexpr std::size_t kWidth = 18;
-  if (fact.empty()) return;
-  AppendLeft(text, what, kWidth);
-  text += text::VisibleText(fact) + '\n';
-}
+// Facts of one file, a line each.
+class FactList {
+ public:
+  explicit FactList(const Session& session)
+      : pen_(session.arguments.color, session.streams.screen) {}
 
-void AppendDescription(std::string& text, std::string_view description) {
+  void Add(std::string_view what, std::string_view fact) {
+    constexpr std::size_t kWidth = 18;
+    if (fact.empty()) return;
+    text_ += pen_.Draw(Ink::kHeading, what);
+    text_.append(kWidth - what.size(), ' ').append(text::VisibleText(fact)).append("\n");
+  }
+  const std::string& text() const { return text_; }
+
+ private:
+  Pen pen_;
+  std::string text_;
+};
+
+void AddDescription(FactList& list, std::string_view description) {
   constexpr std::string_view kLineEnd = "\r\n";
   std::string_view what = "Description";
   while (!description.empty()) {
     const std::size_t end = description.find(kLineEnd);
-    AppendFact(text, what, description.substr(0, end));
+    list.Add(what, description.substr(0, end));
     what = "";
     if (end == std::string_view::npos) break;
     description.remove_prefix(end + kLineEnd.size());
   }
 }
 
-void AppendFacts(std::string& text, const mps::FileFacts& facts) {
-  AppendFact(text, "Objective", facts.objective);
-  AppendFact(text, "  sense", SenseText(facts.sense));
+void AddFacts(FactList& list, const mps::FileFacts& facts) {
+  list.Add("Objective", facts.objective);
+  list.Add("  sense", SenseText(facts.sense));
   if (facts.objective_constant == 0) return;
-  AppendFact(text, "  constant", text::RoundTripText(facts.objective_constant));
+  list.Add("  constant", text::RoundTripText(facts.objective_constant));
 }
 
-std::string InfoText(const LPModel& model, const mps::FileFacts& facts) {
-  std::string text;
-  AppendFact(text, "Name", model.ModelName());
-  AppendDescription(text, model.ModelDescription());
-  AppendFact(text, "File", model.FileLocation());
-  AppendFacts(text, facts);
-  AppendFact(text, "Binding rows", text::IntegerText(model.NumberOfBindingRows()));
-  AppendFact(text, "Non-binding rows", text::IntegerText(model.NumberOfNonBindingRows()));
-  AppendFact(text, "Integer columns", text::IntegerText(IntegerColumns(model)));
-  AppendFact(text, "Summary", SizeText(model));
-  return text;
+std::string InfoText(const Session& session, const LPModel& model) {
+  FactList list(session);
+  list.Add("Name", model.ModelName());
+  AddDescription(list, model.ModelDescription());
+  list.Add("File", model.FileLocation());
+  AddFacts(list, session.facts());
+  list.Add("Binding rows", text::IntegerText(model.NumberOfBindingRows()));
+  list.Add("Non-binding rows", text::IntegerText(model.NumberOfNonBindingRows()));
+  list.Add("Integer columns", text::IntegerText(IntegerColumns(model)));
+  list.Add("Summary", SizeText(model));
+  return list.text();
 }
 
 // One file a line.
@@ -125,7 +137,8 @@ class FileTable {
       for (const std::string_view title : {"Rows", "Columns", "Elements", "Integer"}) {
         AppendRight(line, title, kWidth);
       }
-      line += "  File\n";
+      line = Pen(session_.arguments.color, session_.streams.screen)
+                 .Draw(Ink::kHeading, line + "  File\n");
     }
     const LPModel& model = session_.model();
     for (const std::int32_t count : {model.NumberOfRows(), model.NumberOfColumns(),
@@ -149,7 +162,7 @@ int RunInfo(Session& session) {
     session.Read(files[0]);
     const LPModel& model = session.model();
     session.streams.out << (session.arguments.json ? InfoJson(session, model)
-                                                   : InfoText(model, session.facts()));
+                                                   : InfoText(session, model));
     return kGood;
   }
   FileTable table(session);

@@ -57,7 +57,9 @@ std::string Equation(const Item& item) {
 // What stands behind the elements where these are not all.
 std::string LastLine(const Item& item) {
   std::string line(kFactWidth, ' ');
-  if (item.limit_is_given) return line + "(the first " + text::IntegerText(item.shown) + ")\n";
+  if (item.limit_is_given) {
+    return item.pen.Draw(Ink::kAside, line + "(the first " + text::IntegerText(item.shown) + ")\n");
+  }
   line += "... " + GroupedText(item.Elements() - item.shown) + " more (--full lists all)";
   return item.pen.Draw(Ink::kAside, line + '\n');
 }
@@ -74,16 +76,28 @@ std::string ItemHeading(const Item& item) {
   return text;
 }
 
-void PrintItemText(const Item& item) {
-  item.session.streams.out << ItemHeading(item);
+// Of the elements' names, which make room for the values on a terminal.
+std::size_t NameWidth(const Item& item) {
+  constexpr std::size_t kLeast = 12;
   std::size_t width = 0;
+  std::size_t values = 0;
   for (std::int32_t k = 0; k < item.shown; ++k) {
     width = std::max(width, text::CellCount(text::VisibleText(item.OtherName(k))));
+    values = std::max(values, text::GeneralText(item.Value(k)).size());
   }
+  const std::size_t others = kFactWidth + 2 + values;
+  const std::size_t screen = item.session.streams.screen.width;
+  if (!item.is_fitted || screen == 0) return width;
+  return std::min(width, screen > others + kLeast ? screen - others : kLeast);
+}
+
+void PrintItemText(const Item& item) {
+  item.session.streams.out << ItemHeading(item);
+  const std::size_t width = NameWidth(item);
   std::string line;
   for (std::int32_t k = 0; k < item.shown && item.session.KeepPrinting(); ++k) {
     line.assign(kFactWidth, ' ');
-    AppendLeft(line, text::VisibleText(item.OtherName(k)), width);
+    AppendLeft(line, text::CutToCells(text::VisibleText(item.OtherName(k)), width), width);
     line += "  " + text::GeneralText(item.Value(k)) + '\n';
     item.session.streams.out << line;
   }

@@ -34,12 +34,14 @@ std::size_t ListTable::StartOfLast() const {
 void ListTable::FitInto(std::size_t cells) {
   is_fitted_ = true;
   const std::size_t all = StartOfLast() + columns_.back().width;
-  std::size_t excess = all > cells ? all - cells : 0;
-  for (auto column = columns_.rbegin(); column != columns_.rend(); ++column) {
-    if (column->least == 0 || column->least >= column->width) continue;
-    const std::size_t less = std::min(excess, column->width - column->least);
-    column->width -= less;
-    excess -= less;
+  for (std::size_t excess = all > cells ? all - cells : 0; excess > 0; --excess) {
+    ListColumn* widest = nullptr;
+    for (ListColumn& column : columns_) {
+      if (column.least == 0 || column.least >= column.width) continue;
+      if (widest == nullptr || column.width >= widest->width) widest = &column;
+    }
+    if (widest == nullptr) return;
+    --widest->width;
   }
 }
 

@@ -22,7 +22,7 @@ class ListTable {
 
   // Makes a column as wide as this cell.
   void Widen(std::size_t column, std::string_view cell);
-  // Narrows the columns that may be cut, the last one first, until a line has no more than so many
+  // Narrows the columns that may be cut, the widest first, until a line has no more than so many
   // cells, or all are at their least.
   void FitInto(std::size_t cells);
   std::size_t width(std::size_t column) const { return columns_[column].width; }

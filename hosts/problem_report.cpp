@@ -1,5 +1,7 @@
 #include "hosts/problem_report.h"
 
+#include <algorithm>
+
 #include "hosts/printing.h"
 #include "hosts/source_excerpt.h"
 #include "text/numbers.h"
@@ -17,15 +19,16 @@ constexpr std::size_t kGutter = 5;
 
 class TextReport : public ProblemReport {
  public:
-  using ProblemReport::ProblemReport;
+  TextReport(const std::string& file, std::ostream& out, const Screen& screen, ColorChoice color)
+      : ProblemReport(file, out), width_(ExcerptWidth(screen)), pen_(color, screen) {}
 
   void Print(const FileProblem& problem) override {
     const FileProblemTraits& traits = mps::TraitsOf(problem.code);
-    std::string words = Place(problem);
-    words.append(" ").append(WeightWord(traits.weight())).append(": ");
-    words.append(mps::SentenceOf(problem)).append(" [").append(traits.id).append(" ");
-    words.append(traits.name).append("]");
-    std::string text = text::OneLine(words) + '\n';
+    const std::string weight = std::string(WeightWord(traits.weight())) + ':';
+    std::string words = mps::SentenceOf(problem);
+    words.append(" [").append(traits.id).append(" ").append(traits.name).append("]");
+    std::string text = pen_.Draw(Ink::kHeading, text::OneLine(Place(problem))) + ' ';
+    text += pen_.Draw(InkOf(traits.weight()), weight) + ' ' + text::OneLine(words) + '\n';
     if (!problem.text.empty()) AppendExcerpt(text, problem);
     AppendRemark(text, "expected: ", traits.expected);
     AppendRemark(text, "lines: ", OtherLines(problem));
@@ -54,12 +57,31 @@ class TextReport : public ProblemReport {
     return place;
   }
 
-  static void AppendExcerpt(std::string& text, const FileProblem& problem) {
-    const SourceExcerpt excerpt = ExcerptOf(problem);
+  // What a terminal has beside the numbers of lines.
+  static std::size_t ExcerptWidth(const Screen& screen) {
+    constexpr std::size_t kLeast = 60;
+    constexpr std::size_t kBefore = kGutter + 3;
+    if (!screen.is_terminal || screen.width == 0) return kUsualExcerpt;
+    return std::max(kLeast + kBefore, screen.width) - kBefore;
+  }
+
+  static Ink InkOf(ProblemWeight weight) {
+    if (weight == ProblemWeight::kError) return Ink::kError;
+    return weight == ProblemWeight::kAdapted ? Ink::kRemark : Ink::kWarning;
+  }
+
+  // Without the blanks before them.
+  std::string DrawnMarks(const std::string& marks) const {
+    const std::size_t first = marks.find_first_not_of(' ');
+    return marks.substr(0, first) + pen_.Draw(Ink::kMark, marks.substr(first));
+  }
+
+  void AppendExcerpt(std::string& text, const FileProblem& problem) const {
+    const SourceExcerpt excerpt = ExcerptOf(problem, width_);
     AppendRight(text, text::IntegerText(problem.line), kGutter);
     text.append(" | ").append(excerpt.text).append("\n");
     if (excerpt.marks.empty()) return;
-    text.append(kGutter, ' ').append(" | ").append(excerpt.marks).append("\n");
+    text.append(kGutter, ' ').append(" | ").append(DrawnMarks(excerpt.marks)).append("\n");
   }
 
   static void AppendRemark(std::string& text, std::string_view what, std::string_view remark) {
@@ -108,6 +130,9 @@ class TextReport : public ProblemReport {
     return Counted(result.rows, "row") + ", " + Counted(result.columns, "column") + ", " +
            Counted(result.elements, "element");
   }
+
+  std::size_t width_;  // of excerpts
+  Pen pen_;
 };
 
 }  // namespace
@@ -132,8 +157,9 @@ std::int64_t ProblemCounts::Printed() const {
   return printed;
 }
 
-std::unique_ptr<ProblemReport> MakeTextReport(const std::string& file, std::ostream& out) {
-  return std::make_unique<TextReport>(file, out);
+std::unique_ptr<ProblemReport> MakeTextReport(const std::string& file, std::ostream& out,
+                                              const Screen& screen, ColorChoice color) {
+  return std::make_unique<TextReport>(file, out, screen, color);
 }
 
 std::string_view WeightWord(ProblemWeight weight) {

@@ -10,6 +10,7 @@
 #include <string_view>
 #include <utility>
 
+#include "hosts/screen.h"
 #include "mps/file_problem.h"
 
 namespace quarvel::hosts {
@@ -90,7 +91,9 @@ struct ReportPlace {
   bool is_only() const { return is_first && is_last; }
 };
 
-std::unique_ptr<ProblemReport> MakeTextReport(const std::string& file, std::ostream& out);
+// As wide as the screen, and in its colors.
+std::unique_ptr<ProblemReport> MakeTextReport(const std::string& file, std::ostream& out,
+                                              const Screen& screen, ColorChoice color);
 // One object; of several files on one line each.
 std::unique_ptr<ProblemReport> MakeJsonReport(const std::string& file, std::ostream& out,
                                               const ReportPlace& place);

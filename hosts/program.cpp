@@ -43,12 +43,12 @@ int FailureOf(std::span<const std::string> words) {
 
 int RunCommand(Arguments& arguments, const Streams& streams) {
   if (arguments.command.empty()) {
-    (arguments.help ? streams.out : streams.err) << ProgramHelp();
+    PrintHelp(arguments.help ? streams.out : streams.err, streams.screen, ProgramHelp());
     return arguments.help ? kGood : kUsage;
   }
   const Command* const command = &CommandOf(arguments.command);
   if (arguments.help) {
-    streams.out << CommandHelp(*command);
+    PrintHelp(streams.out, streams.screen, CommandHelp(*command));
     return kGood;
   }
   const std::string objection = Objection(*command, arguments);

@@ -8,6 +8,11 @@
 namespace quarvel::hosts {
 namespace {
 
+// In the order of Ink.
+constexpr std::string_view kInks[] = {"\x1b[1m",    "\x1b[2m",    "\x1b[1;31m",
+                                      "\x1b[1;35m", "\x1b[1;36m", "\x1b[1;32m",
+                                      "\x1b[31m",   "\x1b[32m",   "\x1b[33m"};
+
 std::string_view Variable(const char* name) {
   const char* const value = std::getenv(name);
   return value == nullptr ? std::string_view() : value;
@@ -38,7 +43,7 @@ std::string Pen::Draw(Ink ink, std::string_view text) const {
   if (!is_colored_ || text.empty()) return std::string(text);
   const std::string_view end = text.ends_with('\n') ? "\n" : "";
   text.remove_suffix(end.size());
-  std::string drawn = ink == Ink::kHeading ? "\x1b[1m" : "\x1b[2m";
+  std::string drawn(kInks[static_cast<std::size_t>(ink)]);
   return drawn.append(text).append("\x1b[0m").append(end);
 }
 

@@ -22,7 +22,17 @@ struct Screen {
   static Screen OfStandardOutput();
 };
 
-enum class Ink : std::uint8_t { kHeading, kAside };
+enum class Ink : std::uint8_t {
+  kHeading,
+  kAside,  // what is said beside the matter: counts, "... more"
+  kError,
+  kWarning,
+  kRemark,
+  kMark,  // of a place in a line
+  kGone,
+  kCame,
+  kChanged,
+};
 
 // Puts text into colors where there are some.
 class Pen {

@@ -25,7 +25,7 @@ std::string CutEquation(const model::ModelData& data, const model::RowRecord& ro
     model::AppendTerm(term, data, entry);
     term = text::VisibleText(term);
     used += text::CellCount(term);
-    if (shown >= room.terms || (shown > 0 && used > room.cells)) break;
+    if (shown >= room.terms || used > room.cells) break;
     text += term;
     ++shown;
   }

@@ -11,7 +11,6 @@
 namespace quarvel::hosts {
 namespace {
 
-constexpr std::size_t kWidest = 92;
 constexpr std::size_t kTab = 8;
 constexpr std::string_view kLeftOut = "...";
 
@@ -32,7 +31,7 @@ Cell CellOf(std::string_view character, char32_t code, std::size_t column) {
   return {std::move(shown), width};
 }
 
-std::vector<Cell> CellsOf(const mps::FileProblem& problem) {
+std::vector<Cell> CellsOf(const mps::FileProblem& problem, std::size_t widest) {
   std::vector<Cell> cells;
   std::size_t column = 0;
   std::int32_t number = problem.text_column;
@@ -46,7 +45,7 @@ std::vector<Cell> CellsOf(const mps::FileProblem& problem) {
     rest.remove_prefix(character.size);
   }
   // A token may be missing where the line ends.
-  for (; problem.column > 0 && number <= problem.column && column < kWidest; ++number, ++column) {
+  for (; problem.column > 0 && number <= problem.column && column < widest; ++number, ++column) {
     cells.push_back({" ", 1, number == problem.column});
   }
   return cells;
@@ -59,11 +58,11 @@ std::size_t WidthOf(const std::vector<Cell>& cells) {
 }
 
 // Where to begin so that the token stands well in view.
-std::size_t FirstShown(const std::vector<Cell>& cells) {
+std::size_t FirstShown(const std::vector<Cell>& cells, std::size_t widest) {
   constexpr std::size_t kBefore = 30;
   const auto token =
       std::find_if(cells.begin(), cells.end(), [](const Cell& cell) { return cell.marked; });
-  if (token == cells.end() || WidthOf({cells.begin(), token}) <= kWidest / 2) return 0;
+  if (token == cells.end() || WidthOf({cells.begin(), token}) <= widest / 2) return 0;
   auto first = static_cast<std::size_t>(token - cells.begin());
   for (std::size_t before = 0; before < kBefore;) before += cells[--first].width;
   return first;
@@ -78,17 +77,17 @@ void DropBlanksAtEnd(std::string& text) { text.erase(text.find_last_not_of(' ') 
 
 }  // namespace
 
-SourceExcerpt ExcerptOf(const mps::FileProblem& problem) {
-  const std::vector<Cell> cells = CellsOf(problem);
-  const bool wide = WidthOf(cells) > kWidest;
-  const std::size_t first = wide ? FirstShown(cells) : 0;
+SourceExcerpt ExcerptOf(const mps::FileProblem& problem, std::size_t width) {
+  const std::vector<Cell> cells = CellsOf(problem, width);
+  const bool wide = WidthOf(cells) > width;
+  const std::size_t first = wide ? FirstShown(cells, width) : 0;
   SourceExcerpt excerpt;
   if (first > 0 || problem.text_column > 1) {
     Append(excerpt, {std::string(kLeftOut), kLeftOut.size()});
   }
   std::size_t next = first;
   for (; next < cells.size(); ++next) {
-    const bool has_room = excerpt.marks.size() + cells[next].width <= kWidest - kLeftOut.size();
+    const bool has_room = excerpt.marks.size() + cells[next].width <= width - kLeftOut.size();
     if (wide && !has_room) break;
     Append(excerpt, cells[next]);
   }

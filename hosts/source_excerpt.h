@@ -16,6 +16,8 @@ struct SourceExcerpt {
   std::string marks;
 };
 
-SourceExcerpt ExcerptOf(const mps::FileProblem& problem);
+// In so many cells, of which a caller gives at least 60.
+inline constexpr std::size_t kUsualExcerpt = 92;
+SourceExcerpt ExcerptOf(const mps::FileProblem& problem, std::size_t width = kUsualExcerpt);
 
 }  // namespace quarvel::hosts

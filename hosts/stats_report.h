@@ -2,10 +2,12 @@
 // promises.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
 #include "component/lp_model.h"
+#include "hosts/screen.h"
 #include "inspect/stats.h"
 #include "simplify/forecast.h"
 
@@ -16,6 +18,8 @@ struct StatsReport {
   const inspect::ModelStats& stats;
   const simplify::Forecast& forecast;
   std::int64_t most_families;  // of rows and of columns, that are listed
+  std::size_t width;           // of a terminal, to which names are cut; 0 for none
+  Pen pen;
 };
 
 // For the help of the command.

@@ -27,11 +27,19 @@ std::string CountText(std::int64_t count) { return count == 0 ? "" : text::Integ
 
 // --- the model as a whole ---
 
-void AppendFact(std::string& text, std::string_view what, const std::string& fact) {
+void AppendFact(const StatsReport& report, std::string& text, std::string_view what,
+                const std::string& fact) {
   constexpr std::size_t kWidth = 18;
   if (fact.empty()) return;
-  AppendLeft(text, what, kWidth);
-  text += text::VisibleText(fact) + '\n';
+  text += report.pen.Draw(Ink::kHeading, what);
+  text.append(kWidth - what.size(), ' ').append(text::VisibleText(fact)).append("\n");
+}
+
+// A table whose first line is its heading.
+std::string TableText(const StatsReport& report, const TextTable& table) {
+  const std::string text = table.Text("", report.width);
+  const std::size_t end = text.find('\n') + 1;
+  return '\n' + report.pen.Draw(Ink::kHeading, text.substr(0, end)) + text.substr(end);
 }
 
 std::string DuplicatesText(const StatsReport& report) {
@@ -45,33 +53,33 @@ std::string DuplicatesText(const StatsReport& report) {
 
 std::string HeadText(const StatsReport& report) {
   std::string text;
-  AppendFact(text, "Name", report.model.ModelName());
-  AppendFact(text, "File", report.model.FileLocation());
-  AppendFact(text, "Size", SizeText(report.model));
-  AppendFact(text, "Density", ShortText(100 * report.stats.density) + " %");
-  AppendFact(text, "Given twice", DuplicatesText(report));
-  AppendFact(text, "Simplification", ForecastText(report.model.store(), report.forecast));
+  AppendFact(report, text, "Name", report.model.ModelName());
+  AppendFact(report, text, "File", report.model.FileLocation());
+  AppendFact(report, text, "Size", SizeText(report.model));
+  AppendFact(report, text, "Density", ShortText(100 * report.stats.density) + " %");
+  AppendFact(report, text, "Given twice", DuplicatesText(report));
+  AppendFact(report, text, "Simplification", ForecastText(report.model.store(), report.forecast));
   return text;
 }
 
 // --- rows and columns by kind ---
 
-std::string RowKinds(const ModelStats& stats) {
+std::string RowKinds(const StatsReport& report) {
   TextTable table({kLeft, kRight});
   for (const model::RowTypeTraits& type : model::kRowTypes) {
-    const std::int32_t count = stats.row_types[static_cast<std::size_t>(type.type)];
+    const std::int32_t count = report.stats.row_types[static_cast<std::size_t>(type.type)];
     if (count == 0) continue;
     table.Add({type.word.empty() ? "no type" : std::string(type.word), CountText(count)});
   }
-  return "\nRows\n" + table.Text(kIndent);
+  return '\n' + report.pen.Draw(Ink::kHeading, "Rows\n") + table.Text(kIndent);
 }
 
 // A line for each shape and a column for each type that there is.
-std::string ColumnKinds(const ModelStats& stats) {
+std::string ColumnKinds(const StatsReport& report) {
   std::vector<std::string> heading = {"Columns"};
   std::vector<const std::array<std::int32_t, inspect::kBoundShapes>*> types;
   for (const model::ColumnTypeTraits& type : model::kColumnTypes) {
-    const auto& shapes = stats.column_types[static_cast<std::size_t>(type.type)];
+    const auto& shapes = report.stats.column_types[static_cast<std::size_t>(type.type)];
     if (CountOf(shapes) == 0) continue;
     types.push_back(&shapes);
     heading.emplace_back(type.word.empty() ? "no type" : type.word);
@@ -87,13 +95,13 @@ std::string ColumnKinds(const ModelStats& stats) {
         std::all_of(line.begin() + 1, line.end(), [](const std::string& t) { return t.empty(); });
     if (!is_empty) table.Add(line);
   }
-  return '\n' + table.Text();
+  return TableText(report, table);
 }
 
 // --- lengths ---
 
 std::string LengthsText(const StatsReport& report) {
-  TextTable table({kLeft, kRight, kLeft, kRight, kLeft, kRight, kRight, kRight});
+  TextTable table({kLeft, kRight, kName, kRight, kName, kRight, kRight, kRight});
   table.Add({"Elements in a", "least", "", "most", "", "mean", "median", "empty"});
   const auto add = [&table](std::string_view what, const RecordLengths& lengths,
                             const auto& record) {
@@ -109,14 +117,14 @@ std::string LengthsText(const StatsReport& report) {
       [&store](std::int32_t r) -> const model::ModelRecord& { return store.Row(r); });
   add("column", report.stats.column_lengths,
       [&store](std::int32_t c) -> const model::ModelRecord& { return store.Column(c); });
-  return '\n' + table.Text();
+  return TableText(report, table);
 }
 
 // --- sizes of numbers ---
 
 std::string ExtremesText(const StatsReport& report) {
   const model::ModelStore& store = report.model.store();
-  TextTable table({kLeft, kRight, kRight, kRight, kLeft, kRight, kLeft});
+  TextTable table({kLeft, kRight, kRight, kRight, kName, kRight, kName});
   table.Add({"Sizes", "zeros", "nonzeros", "smallest", "", "largest", ""});
   for (const NamedSizes& column : SizesOf(report.stats)) {
     const NumberSizes& sizes = column.sizes;
@@ -131,11 +139,11 @@ std::string ExtremesText(const StatsReport& report) {
     }
     table.Add(line);
   }
-  return '\n' + table.Text();
+  return TableText(report, table);
 }
 
-std::string HistogramText(const ModelStats& stats) {
-  const std::array<NamedSizes, 4> columns = SizesOf(stats);
+std::string HistogramText(const StatsReport& report) {
+  const std::array<NamedSizes, 4> columns = SizesOf(report.stats);
   std::array<std::vector<NumberSizes::Bucket>, 4> histograms;
   std::set<int> decades;
   std::vector<std::string> heading = {"Sizes from"};
@@ -156,17 +164,18 @@ std::string HistogramText(const ModelStats& stats) {
     }
     table.Add(line);
   }
-  return decades.empty() ? "" : '\n' + table.Text();
+  return decades.empty() ? "" : TableText(report, table);
 }
 
 // --- families of names ---
 
-std::string FamiliesText(const std::vector<RecordFamily>& families, std::string_view title,
-                         std::string (*types)(const RecordFamily&), std::int64_t most) {
-  TextTable table({kLeft, kRight, kLeft, kLeft, kLeft, kRight, kLeft});
+std::string FamiliesText(const StatsReport& report, const std::vector<RecordFamily>& families,
+                         std::string_view title, std::string (*types)(const RecordFamily&)) {
+  TextTable table({kName, kRight, kLeft, kLeft, kLeft, kRight, kLeft});
   table.Add({std::string(title) + " by name", "count", "types", "lower", "upper", "elements",
              "coefficients"});
-  const auto shown = std::min<std::int64_t>(most, static_cast<std::int64_t>(families.size()));
+  const auto shown =
+      std::min<std::int64_t>(report.most_families, static_cast<std::int64_t>(families.size()));
   for (std::int64_t i = 0; i < shown; ++i) {
     const RecordFamily& family = families[static_cast<std::size_t>(i)];
     table.Add({"  " + family.pattern, text::IntegerText(family.count), types(family),
@@ -174,10 +183,11 @@ std::string FamiliesText(const std::vector<RecordFamily>& families, std::string_
                RangeText(family.upper, Bound::Side::kUpper),
                text::IntegerText(family.elements.count), CoefficientsText(family.elements)});
   }
-  std::string text = '\n' + table.Text();
+  std::string text = TableText(report, table);
   const std::int64_t more = static_cast<std::int64_t>(families.size()) - shown;
   if (more > 0) {
-    text += "  ... " + Counted(more, "more pattern") + " (--limit all lists them)\n";
+    text += report.pen.Draw(
+        Ink::kAside, "  ... " + Counted(more, "more pattern") + " (--limit all lists them)\n");
   }
   return text;
 }
@@ -186,10 +196,10 @@ std::string FamiliesText(const std::vector<RecordFamily>& families, std::string_
 
 std::string StatsText(const StatsReport& report) {
   const ModelStats& stats = report.stats;
-  return HeadText(report) + RowKinds(stats) + ColumnKinds(stats) + LengthsText(report) +
-         ExtremesText(report) + HistogramText(stats) +
-         FamiliesText(stats.row_families, "Rows", RowTypesText, report.most_families) +
-         FamiliesText(stats.column_families, "Columns", ColumnTypesText, report.most_families);
+  return HeadText(report) + RowKinds(report) + ColumnKinds(report) + LengthsText(report) +
+         ExtremesText(report) + HistogramText(report) +
+         FamiliesText(report, stats.row_families, "Rows", RowTypesText) +
+         FamiliesText(report, stats.column_families, "Columns", ColumnTypesText);
 }
 
 }  // namespace quarvel::hosts

@@ -2,6 +2,7 @@
 // without a heading, which holds its lines until all are there.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,15 +11,17 @@ namespace quarvel::hosts {
 
 class TextTable {
  public:
-  enum class Align { kLeft, kRight };
+  // kName: at the left, and cut where a line would be too long.
+  enum class Align { kLeft, kRight, kName };
 
   explicit TextTable(std::vector<Align> columns) : columns_(std::move(columns)) {}
 
   // The texts of one line, at most as many as there are columns. Whatever would steer a terminal is
   // shown as escapes.
   void Add(const std::vector<std::string>& texts);
-  // A line each, with `indent` before it and no blanks at its end.
-  std::string Text(std::string_view indent = "") const;
+  // A line each, with `indent` before it and no blanks at its end, in no more than so many cells where
+  // cutting names makes it so; 0 for any number.
+  std::string Text(std::string_view indent = "", std::size_t width = 0) const;
 
  private:
   std::vector<Align> columns_;

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "hosts/commands.h"
+#include "hosts/folded_text.h"
 #include "hosts/input_bytes.h"
 #include "hosts/point.h"
 #include "hosts/printing.h"
@@ -141,21 +142,24 @@ std::string SummaryText(const Findings& findings) {
 
 void PrintText(const Findings& findings) {
   Session& session = findings.session;
+  const Screen& screen = session.streams.screen;
+  const std::size_t width = screen.is_terminal ? screen.width : 0;
   for (const Violation& violation : findings.violations.worst) {
     if (!session.KeepPrinting()) break;
     std::string text = text::VisibleText(ViolationText(findings, violation)) + '\n';
     if (violation.kind == ViolationKind::kRow) {
-      text += text::VisibleText(EquationText(findings, violation)) + '\n';
+      text += FoldedLine(text::VisibleText(EquationText(findings, violation)), width, 6) + '\n';
     }
     session.streams.out << text;
   }
   session.StopIfInterrupted();
   if (findings.unlisted() > 0) {
-    session.streams.out << "... " + text::IntegerText(findings.unlisted()) +
-                               " more (--limit all lists them)\n";
+    const Pen pen(session.arguments.color, screen);
+    session.streams.out << pen.Draw(Ink::kAside, "... " + text::IntegerText(findings.unlisted()) +
+                                                     " more (--limit all lists them)\n");
   }
   PrintNotes(findings);
-  session.streams.out << text::VisibleText(SummaryText(findings)) + '\n';
+  session.streams.out << FoldedLine(text::VisibleText(SummaryText(findings)), width, 2) + '\n';
 }
 
 void AppendSumJson(std::string& json, const Findings& findings, const inspect::RowTerms& sum) {

@@ -158,6 +158,7 @@ struct Bad {
 TEST_F(EditTest, WritesNothingAtABadCommand) {
   const Bad cases[] = {
       {"polish", "there is no command polish"},
+      {"delete-rows R1", "there is no command delete-rows; did you mean delete-row?"},
       {"add-row R9", "add-row takes NAME N|G|L|E|R"},
       {"simplify now", "simplify takes nothing"},
       {"add-row r1 L", "Row not added:  that name is already in use"},

@@ -17,9 +17,12 @@ TEST(ListTable, PutsCellsBelowEachOther) {
 
 TEST(ListTable, NarrowsWhatMayBeCut) {
   ListTable table({{"Name", true, 20, 8}, {"Bound", false, 6}, {"Equation", true, 30, 10}});
-  table.FitInto(40);
+  table.FitInto(55);
   EXPECT_EQ(table.width(0), 20u);
-  EXPECT_EQ(table.width(2), 10u);
+  EXPECT_EQ(table.width(2), 25u);
+  table.FitInto(40);
+  EXPECT_EQ(table.width(0), 15u);
+  EXPECT_EQ(table.width(2), 15u);
   table.FitInto(30);
   EXPECT_EQ(table.width(0), 10u);
   EXPECT_EQ(table.Line({"ABCDEFGHIJK", "1234567", "0123456789X"}),

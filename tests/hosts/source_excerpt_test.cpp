@@ -43,6 +43,17 @@ TEST(SourceExcerpt, CountsTabsWideLettersAndEscapes) {
   ExpectExcerpt(Excerpt("\xC3\xA4\xE2\x80\xAE z", 4, 1), "\xC3\xA4\\u202E z", "        ^");
 }
 
+TEST(SourceExcerpt, IsAsWideAsItMayBe) {
+  mps::FileProblem problem = {.code = mps::FileProblemCode::kNoSuchRow, .line = 1};
+  problem.text = std::string(80, 'a') + " tok";
+  problem.column = 82;
+  problem.length = 3;
+  problem.text_column = 1;
+  ExpectExcerpt(ExcerptOf(problem, 60), "..." + std::string(29, 'a') + " tok",
+                std::string(33, ' ') + "^^^");
+  ExpectExcerpt(ExcerptOf(problem, 84), problem.text, std::string(81, ' ') + "^^^");
+}
+
 TEST(SourceExcerpt, CutsALongLineAroundTheToken) {
   const std::string long_text(200, 'a');
   ExpectExcerpt(Excerpt(long_text + " tok " + long_text, 202, 3),

@@ -323,7 +323,7 @@ std::string RowLines(int from, int to) {
 TEST(Terminal, ShowsTheProgressOfASlowReadAndNothingOfItInTheEnd) {
   const HostFolder folder;
   SlowPipe pipe(folder, "slow.mps");
-  OnTerminal terminal({"info", pipe.path(), folder.Example("diet.mps")});
+  OnTerminal terminal({"info", pipe.path(), folder.Example("diet.mps"), "--color=never"});
   ASSERT_TRUE(terminal.started());
   pipe.Open(O_WRONLY);
   pipe.Write("ROWS\n N C\n" + RowLines(0, 5000));

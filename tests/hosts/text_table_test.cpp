@@ -24,6 +24,21 @@ TEST(TextTable, ShowsWhatWouldSteerATerminalAsEscapes) {
   EXPECT_EQ(table.Text(), "a\\x1B[2J  b\n");
 }
 
+TEST(TextTable, CutsNamesWhereALineWouldBeTooLong) {
+  TextTable table({kName, kRight, kName});
+  table.Add({"A_NAME_OF_TWENTY_ONES", "12345", "ANOTHER_ONE_OF_20_ONE"});
+  table.Add({"B", "6", "C"});
+  const std::string whole =
+      " A_NAME_OF_TWENTY_ONES  12345  ANOTHER_ONE_OF_20_ONE\n"
+      " B                          6  C\n";
+  EXPECT_EQ(table.Text(" "), whole);
+  EXPECT_EQ(table.Text(" ", 52), whole);
+  EXPECT_EQ(table.Text(" ", 40),
+            " A_NAME_OF_TW...  12345  ANOTHER_ONE_...\n"
+            " B                    6  C\n");
+  EXPECT_EQ(table.Text(" ", 20), table.Text(" ", 26));
+}
+
 TEST(TextTable, IsNothingWithoutLines) { EXPECT_EQ(TextTable({kLeft}).Text(), ""); }
 
 }  // namespace

@@ -34,9 +34,17 @@ struct Mark {
   std::string_view shown;
 };
 // The first that fits counts.
+constexpr std::size_t kColors = 10;  // of them, before those of other bytes
 constexpr Mark kMarks[] = {{"\x1b[1m", "{bold}"},
                            {"\x1b[2m", "{dim}"},
                            {"\x1b[0m", "{plain}"},
+                           {"\x1b[1;31m", "{bold red}"},
+                           {"\x1b[1;32m", "{bold green}"},
+                           {"\x1b[1;35m", "{bold purple}"},
+                           {"\x1b[1;36m", "{bold blue}"},
+                           {"\x1b[31m", "{red}"},
+                           {"\x1b[32m", "{green}"},
+                           {"\x1b[33m", "{yellow}"},
                            {"\x1b", "{ESC}"},
                            {"\r", "{CR}"}};
 
@@ -103,7 +111,7 @@ std::string Shown(const Outcome& run, const HostFolder& folder) {
 }
 
 std::string WithoutColors(std::string text) {
-  for (const Mark& mark : std::span(kMarks).first<3>()) ReplaceAll(text, mark.shown, "");
+  for (const Mark& mark : std::span(kMarks).first<kColors>()) ReplaceAll(text, mark.shown, "");
   return text;
 }
 

@@ -9,7 +9,7 @@
 //     (exit status 1)
 //
 // Each line is typed into a pipe and into terminals of 80 and 200 columns, each with and without colors.
-// What is the same everywhere stands there once, without "--". The marks of colors ({bold}, {dim}, {plain})
+// What is the same everywhere stands there once, without "--". The marks of colors ({bold}, {red} ... {plain})
 // are there where a terminal takes colors; without them nothing else may differ, or the outputs stand there
 // one by one.
 #pragma once
