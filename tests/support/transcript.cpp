@@ -103,8 +103,9 @@ std::string Shown(const Outcome& run, const HostFolder& folder) {
   std::string path = folder.Path("");
   path.pop_back();
   ReplaceAll(text, path, "FOLDER");
-  ReplaceAll(text, fs::path(std::u8string(path.begin(), path.end())).make_preferred().string(),
-             "FOLDER");
+  const std::u8string native =
+      fs::path(std::u8string(path.begin(), path.end())).make_preferred().u8string();
+  ReplaceAll(text, std::string(native.begin(), native.end()), "FOLDER");
   ReplaceAll(text, "quarvel " + std::string(model::ProductVersion()), "quarvel VERSION");
   for (const Mark& mark : kMarks) ReplaceAll(text, mark.bytes, mark.shown);
   return text;
