@@ -107,7 +107,15 @@ class PackedInput : public ::testing::TestWithParam<std::size_t> {
   void SetUp() override {
 #ifdef _WIN32
     // Debian has these libraries for Windows in part only.
-    if (!IsBuiltIn(packed())) GTEST_SKIP() << "this build has no library for " << packed().name;
+    if (IsBuiltIn(packed())) return;
+    const HostFolder folder;
+    const Outcome run = RunQuarvel({"info", folder.Write("a.mps", packed().bytes)});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(
+        run.err,
+        folder.Expand(std::string("quarvel: @a.mps: this program was built without ") +
+                      packed().name + ": unpack the file first\nquarvel: @a.mps was not read\n"));
+    GTEST_SKIP() << "this build has no library for " << packed().name;
 #else
     ASSERT_TRUE(IsBuiltIn(packed())) << "built without the library for " << packed().name;
 #endif
