@@ -2,6 +2,8 @@
 # Runs a Windows program under Wine in the project's own prefix, build/wine.
 #   cmake/wine.sh PROGRAM.exe [ARGUMENT...]
 #   cmake/wine.sh --stop          ends everything that runs in the prefix
+# With QUARVEL_WINE_LATE set what the program prints comes when it has ended: Wine's own processes have
+# the output of the program that started them, and who waits for the end of that would wait for theirs.
 # With QUARVEL_WINE32 set it is the Wine of the 32-bit system that cmake/wine32.sh has started.
 set -u
 project="$(cd "$(dirname "$0")/.." && pwd)"
@@ -39,4 +41,11 @@ if [ ! -f "$prefix/.made" ]; then
   (flock 9; [ -f "$prefix/.made" ] || make_prefix) \
     9>"$prefix/.lock" >/dev/null || { echo "wine.sh: the prefix could not be made" >&2; exit 125; }
 fi
-exec "${within[@]}" wine "$@"
+if [ -z "${QUARVEL_WINE_LATE:-}" ]; then exec "${within[@]}" wine "$@"; fi
+
+output=$(mktemp) || exit 125
+"${within[@]}" wine "$@" >"$output" 2>&1
+status=$?
+cat "$output"
+rm -f "$output"
+exit $status
