@@ -6,7 +6,7 @@
 #   cmake/wine32.sh --stop                unmounts everything
 # Status 3 of --start: this machine cannot have one; why is the last line of its output.
 set -u
-project="$(cd "$(dirname "$0")/.." && pwd)"
+project="$(cd "$(dirname "$0")/.." && pwd -P)" # as the list of mounts has it
 root="$project/build/wine32"
 . "$project/cmake/debian_root.sh"
 

@@ -7,7 +7,7 @@
 # only `quarvel view` has nothing to show there, and says what is missing.
 # Status 3: this machine cannot have such a system; why is the last line of the output.
 set -u
-project="$(cd "$(dirname "$0")/.." && pwd)"
+project="$(cd "$(dirname "$0")/.." && pwd -P)" # as the list of mounts has it
 root="$project/build/bare"
 here="$project/build/bare-compared" # the same installation in this system
 folder=/tmp/examples                # of the root and of `here`
