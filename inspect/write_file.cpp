@@ -78,17 +78,11 @@ class ReceiptListener : public mps::SaveListener {
     auto contents = file.Review();
     // What went to the file itself is there already.
     if (!contents) return true;
-    std::unique_ptr<ByteSource> bytes =
-        std::make_unique<platform::FileBytes>(std::move(*contents));
+    std::unique_ptr<ByteSource> bytes = std::make_unique<platform::FileBytes>(std::move(*contents));
     if (options_.unpack) bytes = options_.unpack(std::move(bytes));
     CompareWithFile(store_, facts_, std::move(bytes), write_.receipt, course_.Verifying());
-    if (!write_.receipt.unexpected.empty()) {
-      write_.outcome = WriteOutcome::kNotSame;
-      return false;
-    }
-    if (!IsOthers(file.target())) return true;
-    write_.failure.emplace(static_cast<std::int32_t>(RunTimeError::kPermissionDenied), "",
-                           "another program has changed the file since it was read");
+    if (write_.receipt.unexpected.empty()) return true;
+    write_.outcome = WriteOutcome::kNotSame;
     return false;
   }
   void Kept(const std::string& name) override { write_.kept = name; }
@@ -104,12 +98,6 @@ class ReceiptListener : public mps::SaveListener {
   }
 
  private:
-  bool IsOthers(const std::string& path) const {
-    if (!options_.read_as) return false;
-    const auto there = platform::StampUnder(path);
-    return there && there != options_.read_as;
-  }
-
   const model::ModelStore& store_;
   const mps::FileFacts& facts_;
   const WriteOptions& options_;
@@ -180,7 +168,8 @@ FileWrite WriteFile(model::ModelStore& store, const mps::FileFacts& facts, const
   FileWrite write;
   if (!Prepare(store, facts, options, write)) return write;
   ReceiptListener listener(store, facts, options, write);
-  mps::SaveFile(store, path, options.layout, facts, listener, mps::BackupManner::kBeside);
+  mps::SaveFile(store, path, options.layout, facts, listener,
+                {.backup = mps::BackupManner::kBeside, .read_as = options.read_as});
   return write;
 }
 

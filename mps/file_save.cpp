@@ -39,7 +39,7 @@ void RemoveSilently(const std::string& path) {
 class SaveJob {
  public:
   SaveJob(model::ModelStore& store, const std::string& path, SaveListener& listener,
-          BackupManner manner)
+          const SaveManner& manner)
       : store_(store), given_path_(path), listener_(listener), manner_(manner) {}
 
   // False when the listener did not accept what was written.
@@ -63,7 +63,7 @@ class SaveJob {
   model::ModelStore& store_;
   const std::string& given_path_;
   SaveListener& listener_;
-  BackupManner manner_;
+  const SaveManner& manner_;
   std::string path_;  // a copy, as a host may do anything while a box is shown
   std::optional<Backup> backup_;
   std::optional<platform::FileReplacement> replacement_;
@@ -91,18 +91,18 @@ bool SaveJob::Run(FileLayout layout, const FileFacts& facts) {
 }
 
 void SaveJob::BackUp() {
-  backup_.emplace(path_, manner_);
+  backup_.emplace(path_, manner_.backup);
   try {
     backup_->Make();
   } catch (const AutomationError&) {
-    if (manner_ == BackupManner::kBeside) AddNote(kNoBackup, backup_->name());
+    if (manner_.backup == BackupManner::kBeside) AddNote(kNoBackup, backup_->name());
     throw;
   }
 }
 
 // Without a writer the file is empty then.
 bool SaveJob::WriteFile(std::optional<ModelWriter>& writer) {
-  replacement_.emplace(path_);
+  replacement_.emplace(path_, nullptr, manner_.read_as);
   if (writer) {
     writer->Write(
         [this](std::string_view piece) { listener_.Take(piece, replacement_->output()); });
@@ -134,7 +134,7 @@ void SaveJob::Fail(const AutomationError& failure) {
 void SaveJob::Restore() {
   const bool is_as_before = IsAsBefore();
   if (!backup_) return;
-  if (is_as_before && manner_ == BackupManner::kBeside) backup_->Delete();
+  if (is_as_before && manner_.backup == BackupManner::kBeside) backup_->Delete();
   if (!backup_->kept().empty()) AddNote(kOlderBackup, backup_->kept());
 }
 
@@ -179,7 +179,7 @@ bool SaveListener::Accepts(platform::FileReplacement&) { return true; }
 void SaveListener::Kept(const std::string&) {}
 
 SaveResult SaveFile(model::ModelStore& store, const std::string& path, FileLayout layout,
-                    const FileFacts& facts, SaveListener& listener, BackupManner manner) {
+                    const FileFacts& facts, SaveListener& listener, const SaveManner& manner) {
   if (path.empty()) return SaveResult::kNotSaved;
   SaveJob job(store, path, listener, manner);
   std::optional<AutomationError> failure;

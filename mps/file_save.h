@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,8 +14,17 @@
 #include "mps/file_layout.h"
 #include "platform/automation_error.h"
 #include "platform/file_replacement.h"
+#include "platform/system_names.h"
 
 namespace quarvel::mps {
+
+// How the commands save, and the component without any of it.
+struct SaveManner {
+  BackupManner backup = BackupManner::kComponent;
+  // The file as it was read: one that is there and is another by now is left alone, which is a failure
+  // (platform/file_replacement.h).
+  std::optional<platform::FileStamp> read_as = {};
+};
 
 enum class SaveResult : std::int16_t { kSaved = -1, kCancelled = 0, kNotSaved = 1 };
 
@@ -42,7 +52,6 @@ class SaveListener {
 // saved: an empty path, what the listener did not accept, or a failure it has heard of. The facts are
 // written by the free layout alone.
 SaveResult SaveFile(model::ModelStore& store, const std::string& path, FileLayout layout,
-                    const FileFacts& facts, SaveListener& listener,
-                    BackupManner manner = BackupManner::kComponent);
+                    const FileFacts& facts, SaveListener& listener, const SaveManner& manner = {});
 
 }  // namespace quarvel::mps

@@ -1,5 +1,6 @@
 #include "platform/file_replacement.h"
 
+#include <cstdint>
 #include <utility>
 
 #include "platform/automation_error.h"
@@ -17,10 +18,16 @@ bool SpeaksOfFolder(const AutomationError& error) {
   return number == kPermissionDenied || number == kPathFileAccessError || number == kPathNotFound;
 }
 
+[[noreturn]] void RaiseChanged() {
+  throw AutomationError(static_cast<std::int32_t>(kPermissionDenied), "",
+                        "another program has changed the file since it was read");
+}
+
 }  // namespace
 
-FileReplacement::FileReplacement(const std::string& path, const FileTraits* when_new)
-    : target_(path), old_(AskForWriting(path)) {
+FileReplacement::FileReplacement(const std::string& path, const FileTraits* when_new,
+                                 const std::optional<FileStamp>& read_as)
+    : target_(path), old_(AskForWriting(path)), read_as_(read_as) {
   const bool is_plain = !old_ || old_->is_plain;
   if (is_plain) target_ = FinalName(path);
   if (old_) {
@@ -48,7 +55,9 @@ bool FileReplacement::OpenTemporary() {
 
 void FileReplacement::OpenDirectly(const std::string& path) {
   if (old_ && old_->is_plain) {
+    GuardOld();
     direct_.emplace(SystemFile::OpenInPlace(target_));
+    IsStillThere();
     contents_ = Contents::kIncomplete;
     direct_->system_file().CutOff(0);
   } else {
@@ -66,19 +75,43 @@ void FileReplacement::Commit() {
   if (direct_) {
     direct_->FlushToDisk();
     direct_->Close();
-  } else if (!TakePlace()) {
-    WriteInPlace();
+  } else {
+    const bool is_alike = BecomeAlike();
+    temporary_->Complete();
+    // Nothing that takes its time stands between this look and the replacement.
+    const bool is_there = GuardOld();
+    if (!is_alike || !TakePlace(is_there)) WriteInPlace();
   }
   if (!old_ || old_->is_plain) contents_ = Contents::kNew;
 }
 
-bool FileReplacement::TakePlace() {
+bool FileReplacement::BecomeAlike() {
   const bool is_alone = !old_ || old_->links == 1;
-  const bool is_alike = is_alone && (!to_have_ || temporary_->TakeTraits(*to_have_) || !old_);
-  temporary_->Complete();
-  if (!is_alike) return false;
+  return is_alone && (!to_have_ || temporary_->TakeTraits(*to_have_) || !old_);
+}
+
+bool FileReplacement::GuardOld() {
+  if (read_as_) lock_.emplace(target_, *read_as_);
+  return IsStillThere();
+}
+
+bool FileReplacement::IsStillThere() const {
+  if (!read_as_) return true;
+  const auto there = AskAboutName(target_);
+  if (there && there->stamp != *read_as_) RaiseChanged();
+  return there.has_value();
+}
+
+// Where nothing is left of what was read, another file may still come.
+bool FileReplacement::TakeName(bool is_there) {
+  if (is_there) return temporary_->TakeName(target_);
+  if (!temporary_->TakeFreeName(target_)) RaiseChanged();
+  return true;
+}
+
+bool FileReplacement::TakePlace(bool is_there) {
   try {
-    if (temporary_->TakeName(target_)) {
+    if (TakeName(is_there)) {
       if (clears_late_) temporary_->ClearAbandoned();
       return true;
     }
@@ -99,6 +132,8 @@ void FileReplacement::WriteInPlace() {
   const std::uint64_t size = contents.Size();
   contents.MoveTo(0);
   OutputFile target(SystemFile::OpenInPlace(target_));
+  // Who writes in place without the lock of saves is done by now.
+  IsStillThere();
   target.system_file().Reserve(size);
   contents_ = Contents::kIncomplete;
   try {

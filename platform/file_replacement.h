@@ -17,6 +17,8 @@
 
 #include "platform/file_traits.h"
 #include "platform/files.h"
+#include "platform/save_lock.h"
+#include "platform/system_names.h"
 #include "platform/temporary_file.h"
 
 namespace quarvel::platform {
@@ -24,8 +26,11 @@ namespace quarvel::platform {
 class FileReplacement {
  public:
   // Raises what opening the file for writing raises. A file that does not exist yet gets the traits
-  // `when_new`, if there are some.
-  explicit FileReplacement(const std::string& path, const FileTraits* when_new = nullptr);
+  // `when_new`, if there are some. With `read_as`, only the file that has that stamp is replaced: another
+  // one is left as it is, which raises 70, here or in Commit; one that is gone is made anew. Others that
+  // replace the file so are held off from that look until this object goes (save_lock.h).
+  explicit FileReplacement(const std::string& path, const FileTraits* when_new = nullptr,
+                           const std::optional<FileStamp>& read_as = std::nullopt);
 
   // For the new contents.
   OutputFile& output() { return temporary_ ? temporary_->output() : *direct_; }
@@ -49,13 +54,20 @@ class FileReplacement {
  private:
   bool OpenTemporary();
   void OpenDirectly(const std::string& path);
-  bool TakePlace();
+  bool BecomeAlike();
+  // False when there is no file.
+  bool GuardOld();
+  bool IsStillThere() const;
+  bool TakePlace(bool is_there);
+  bool TakeName(bool is_there);
   void WriteInPlace();
 
   std::string target_;
   std::optional<FileTraits> old_;      // of the file, where there is one
   std::optional<FileTraits> to_have_;  // that the new contents get
   std::optional<TemporaryFile> temporary_;
+  std::optional<FileStamp> read_as_;
+  std::optional<SaveLock> lock_;
   bool clears_late_ = false;  // what others have abandoned, once the file is whole
   std::optional<OutputFile> direct_;
   std::string kept_;

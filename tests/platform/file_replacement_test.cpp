@@ -88,6 +88,57 @@ TEST(FileReplacement, MakesAFileThatWasNotThere) {
   EXPECT_EQ(NamesIn(folder).size(), 1u);
 }
 
+struct FileAsRead {
+  bool has_two_names = false;
+  TemporaryFolder folder{};
+  std::string path = folder.File("model.mps");
+  FileStamp stamp{};
+
+  void Lay() {
+    WriteWholeFile(path, "as read");
+    if (has_two_names) fs::create_hard_link(AsPath(path), AsPath(folder.File("second.mps")));
+    stamp = StampUnder(path).value();
+  }
+  int Replace(std::string_view text, const std::string& others = "") const {
+    return FailureOf([&] {
+      FileReplacement replacement(path, nullptr, stamp);
+      replacement.output().Write(text);
+      if (!others.empty()) WriteWholeFile(path, others);
+      replacement.Commit();
+    });
+  }
+};
+
+TEST(FileReplacement, LeavesAFileThatIsNoMoreWhatWasRead) {
+  for (const bool has_two_names : {false, true}) {
+    SCOPED_TRACE(has_two_names);
+    FileAsRead file{has_two_names};
+    file.Lay();
+    EXPECT_EQ(file.Replace("new", "what others write"), 70);
+    EXPECT_EQ(ReadWholeFile(file.path), "what others write");
+    EXPECT_EQ(NamesIn(file.folder).size(), has_two_names ? 2 : 1);
+  }
+}
+
+TEST(FileReplacement, LetsOneOfTwoAloneReplaceWhatBothHaveRead) {
+  for (const bool has_two_names : {false, true}) {
+    SCOPED_TRACE(has_two_names);
+    FileAsRead file{has_two_names};
+    file.Lay();
+    EXPECT_EQ(file.Replace("of the first"), 0);
+    EXPECT_EQ(file.Replace("of the second"), 70);
+    EXPECT_EQ(ReadWholeFile(file.path), "of the first");
+  }
+}
+
+TEST(FileReplacement, MakesAFileAnewThatIsGoneSinceItWasRead) {
+  FileAsRead file;
+  file.Lay();
+  fs::remove(AsPath(file.path));
+  EXPECT_EQ(file.Replace("new"), 0);
+  EXPECT_EQ(ReadWholeFile(file.path), "new");
+}
+
 TEST(FileReplacement, SaysWhatIsWrongWithTheName) {
   const TemporaryFolder folder;
   WriteWholeFile(folder.File("file"), "text");

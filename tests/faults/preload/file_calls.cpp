@@ -219,6 +219,22 @@ int flock(int descriptor, int operation) noexcept {
   call.number = operation;
   return Through(call, [&] { return Real<int(int, int)>("flock")(descriptor, operation); });
 }
+// Of its kinds only the locks of open files are told of and refused.
+int fcntl(int descriptor, int command, ...) {
+  va_list rest;
+  va_start(rest, command);
+  void* const argument = va_arg(rest, void*);
+  va_end(rest);
+  const auto make = [&] {
+    return Real<int(int, int, ...)>("fcntl")(descriptor, command, argument);
+  };
+  if (command != F_OFD_SETLK) return make();
+  faults::Call call = faults::Reading("lock", descriptor);
+  call.number = LOCK_EX;
+  return Through(call, make);
+}
+int fcntl64(int descriptor, int command, ...) __attribute__((alias("fcntl")));
+
 int fsetxattr(int descriptor, const char* name, const void* value, size_t size,
               int flags) noexcept {
   faults::Call call = faults::OnFile("attribute", descriptor);
