@@ -7,6 +7,7 @@
 #include "hosts/view_in_windows.h"
 #include "hosts/viewer_desktop.h"
 #else
+#include "hosts/stack_room.h"
 #include "hosts/viewer_program.h"
 #endif
 
@@ -28,5 +29,11 @@ int main(int argc, char** argv) {
 #ifdef _WIN32
   hosts::RestrictLibrarySearch();
 #endif
-  return hosts::RunOnStandardStreams([&] { return hosts::CommandLineWords(argc, argv); }, View);
+  const auto words = [&] {
+#ifndef _WIN32
+    hosts::ClaimStack();
+#endif
+    return hosts::CommandLineWords(argc, argv);
+  };
+  return hosts::RunOnStandardStreams(words, View);
 }
