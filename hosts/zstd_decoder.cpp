@@ -5,6 +5,7 @@
 #include <utility>
 
 #include <zstd.h>
+#include <zstd_errors.h>
 #endif
 
 namespace quarvel::hosts {
@@ -40,6 +41,7 @@ class Zstd : public Decoder {
     ZSTD_inBuffer in = {input().data(), input().size(), 0};
     const std::size_t result = ZSTD_decompressStream(context_, &out, &in);
     Use(in.pos);
+    if (ZSTD_getErrorCode(result) == ZSTD_error_memory_allocation) throw std::bad_alloc();
     if (ZSTD_isError(result) != 0) RaiseDamaged();
     is_within_frame_ = result != 0;
   }
