@@ -28,6 +28,23 @@ bool WouldBeSame(const std::string& a, const std::string& b) {
   }
 }
 
+// Without the number of a backup that is kept beside another one.
+std::string WithoutNumber(const std::string& name) {
+  const std::size_t point = name.find_last_not_of("0123456789");
+  const bool has_number = point != std::string::npos && name[point] == '.';
+  return has_number ? name.substr(0, point) : name;
+}
+
+bool IsBackupOf(const std::string& model, const std::string& log) {
+  if (model == kStandardInput) return false;
+  using enum mps::BackupManner;
+  for (const auto manner : {kBeside, kComponent}) {
+    const std::string name = mps::Backup(model, manner).name();
+    if (WouldBeSame(name, log) || WouldBeSame(name, WithoutNumber(log))) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 std::string ObjectionToLog(const std::string& log, std::span<const std::string> operands) {
@@ -36,10 +53,10 @@ std::string ObjectionToLog(const std::string& log, std::span<const std::string> 
       std::any_of(operands.begin(), operands.end(),
                   [&log](const std::string& operand) { return WouldBeSame(operand, log); });
   if (is_model) return "cannot copy the log over a model";
-  const bool overwrites = operands.size() == 2 && WouldBeSame(operands[0], operands[1]);
-  if (!overwrites) return {};
-  const mps::Backup backup(operands[0], mps::BackupManner::kBeside);
-  return WouldBeSame(backup.name(), log) ? "cannot copy the log over the backup of a model" : "";
+  const bool is_backup =
+      std::any_of(operands.begin(), operands.end(),
+                  [&log](const std::string& operand) { return IsBackupOf(operand, log); });
+  return is_backup ? "cannot copy the log over the backup of a model" : "";
 }
 
 void WriteLog(const std::string& log, const std::string& model, std::string_view text) {

@@ -8,8 +8,8 @@
 namespace quarvel::hosts {
 
 // What is wrong with the name for a command with these operands; empty when nothing is. The log would be
-// lost, or something else, where it is a model, the backup of one that is written over itself, or bears
-// the name of a temporary file. The files need not exist.
+// lost, or something else, where it is a model, the backup of one (a failed save may have left it as
+// all that is whole), or bears the name of a temporary file. The files need not exist.
 std::string ObjectionToLog(const std::string& log, std::span<const std::string> operands);
 
 // Writes it as a log beside the model of that path is written (platform/log_file.h), in place of any file

@@ -28,18 +28,26 @@ TEST(ObjectionToLog, KnowsAModelByWhateverName) {
   const std::string in = folder.Write("in.mps", kSmallModel);
   const Words operands = {in, folder.Path("out.mps")};
   EXPECT_EQ(hosts::ObjectionToLog(folder.Path("log"), operands), "");
-  EXPECT_EQ(hosts::ObjectionToLog(folder.Path("in.bkp"), operands), "");
   for (const char* const name : {"in.mps", "./in.mps", "out.mps", "./out.mps", ".//./out.mps"}) {
     EXPECT_EQ(hosts::ObjectionToLog(folder.Path(name), operands), kOverModel) << name;
   }
 }
 
-TEST(ObjectionToLog, KnowsTheBackupOfWhatIsWrittenOverItself) {
+TEST(ObjectionToLog, KnowsTheBackupsOfWhatIsReadOrWritten) {
   const HostFolder folder;
   const std::string in = folder.Write("in.mps", kSmallModel);
-  const Words operands = {in, folder.Path("./in.mps")};
-  EXPECT_EQ(hosts::ObjectionToLog(folder.Path("./in.bkp"), operands), kOverBackup);
-  EXPECT_EQ(hosts::ObjectionToLog(folder.Path("in.log"), operands), "");
+  const std::vector<Words> commands = {{in, folder.Path("./in.mps")},
+                                       {in, folder.Path("out.mps")},
+                                       {folder.Path("out.mps"), in},
+                                       {in}};
+  for (const Words& operands : commands) {
+    for (const char* const name : {"in.bkp", "./in.bkp", "in.bkp.1", "in.bkp.12"}) {
+      EXPECT_EQ(hosts::ObjectionToLog(folder.Path(name), operands), kOverBackup) << name;
+    }
+    for (const char* const name : {"in.log", "in.bkp.x", "in.bkp1", "1", "other.bkp"}) {
+      EXPECT_EQ(hosts::ObjectionToLog(folder.Path(name), operands), "") << name;
+    }
+  }
 }
 
 TEST(ObjectionToLog, KnowsTemporaryFiles) {
