@@ -1,9 +1,11 @@
 #include "hosts/file_reading.h"
 
+#include <memory>
 #include <set>
 #include <utility>
 
 #include "hosts/input_bytes.h"
+#include "hosts/input_end.h"
 #include "hosts/printing.h"
 #include "hosts/progress_window.h"
 #include "hosts/source_excerpt.h"
@@ -28,6 +30,14 @@ std::string ExcerptLines(const mps::FileProblem& problem) {
   std::string lines = "    " + excerpt.text + "\r\n";
   if (!excerpt.marks.empty()) lines += "    " + excerpt.marks + "\r\n";
   return lines;
+}
+
+// The first time; what is opened again only shows lines.
+std::unique_ptr<platform::ByteSource> Watched(std::unique_ptr<platform::ByteSource> bytes,
+                                              std::shared_ptr<InputEnd>& input) {
+  if (input || !bytes) return bytes;
+  input = std::make_shared<InputEnd>(std::move(bytes));
+  return std::make_unique<SharedInput>(input);
 }
 
 platform::Box BoxOf(const std::string& name, const mps::FileProblem& problem) {
@@ -68,8 +78,9 @@ mps::ReadOutcome FileReading::Read(const std::string& path) {
   answers_.file = name;
   mps::ReadOptions options = ReadOptionsOf(arguments_);
   InputOpener opener(path, streams_);
+  std::shared_ptr<InputEnd> input;
   mps::LineTexts texts([&opener] { return opener(); });
-  options.open = [&opener] { return opener(); };
+  options.open = [&opener, &input] { return Watched(opener(), input); };
   options.on_problem = [this, &texts](const mps::FileProblem& problem) {
     return GoesOnAfter(problem, texts);
   };
@@ -78,6 +89,8 @@ mps::ReadOutcome FileReading::Read(const std::string& path) {
   problems_ = std::move(read.problems);
   size_ = SizeOf(model_.store());
   if (read.outcome != mps::ReadOutcome::kStopped) Tell(name, problems_);
+  is_cut_off_ = read.outcome == mps::ReadOutcome::kRefused && input && input->IsCutOff();
+  input.reset();
   if (read.outcome != mps::ReadOutcome::kRead) return read.outcome;
   model_.store().settings().FileLocation = path == kStandardInput ? "" : path;
   const platform::MsgBoxResult answer = desktop_.MsgBox(model::SimplifyOffer());

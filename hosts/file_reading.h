@@ -45,6 +45,8 @@ class FileReading {
   // What Read passed over, and how big the model was before it may have been simplified.
   const mps::FileProblems& problems() const { return problems_; }
   const ModelSize& size() const { return size_; }
+  // An error stopped Read, and the file ends like one that was cut off.
+  bool is_cut_off() const { return is_cut_off_; }
 
  private:
   // The question shows the line as it stands in the file.
@@ -59,6 +61,7 @@ class FileReading {
   mps::FileFacts facts_;
   mps::FileProblems problems_;
   ModelSize size_;
+  bool is_cut_off_ = false;
 };
 
 }  // namespace quarvel::hosts

@@ -4,6 +4,7 @@
 
 #include "hosts/find_record.h"
 #include "hosts/input_bytes.h"
+#include "hosts/input_end.h"
 #include "hosts/log_option.h"
 #include "hosts/loss_report.h"
 #include "hosts/output_name.h"
@@ -83,6 +84,7 @@ void Session::Read(const std::string& path) {
   answers_.TellRest();
   size_ = arguments.reads_as_component() ? SizeOf(model_.store()) : reading_.size();
   StopIfInterrupted();
+  if (!is_read && !answers_.file_failed) NoteCutEnd(path);
   StopIfUnanswered();
   if (is_read) return TakeLog();
   std::string text = path + " was not read";
@@ -92,6 +94,15 @@ void Session::Read(const std::string& path) {
     text += "; \"--on-error continue\" passes over problems, \"quarvel check\" lists them";
   }
   throw CommandError(kProblem, text);
+}
+
+void Session::NoteCutEnd(const std::string& path) {
+  bool is_cut_off = reading_.is_cut_off();
+  if (arguments.reads_as_component()) {
+    InputEnd input(std::make_unique<platform::FileBytes>(platform::InputFile(path)));
+    is_cut_off = input.IsCutOff();
+  }
+  if (is_cut_off) Note(MissingEndText(NameOfInput(path)));
 }
 
 std::int32_t Session::Find(const std::string& path, const model::RecordKind& kind,

@@ -1,24 +1,20 @@
 #include "mps/backup.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <exception>
 #include <memory>
 #include <string_view>
 #include <utility>
 
+#include "mps/end_line.h"
 #include "platform/automation_error.h"
 #include "platform/file_replacement.h"
 #include "platform/files.h"
-#include "text/upper_case.h"
 
 namespace quarvel::mps {
 namespace {
 
 using platform::NameKind;
-
-// Where the line that ends a model is looked for; what follows it is no part of the model.
-constexpr std::uint64_t kEndOfModel = 4096;
 
 std::string BackupName(const std::string& path, BackupManner manner) {
   const std::size_t point = path.rfind('.');
@@ -28,26 +24,6 @@ std::string BackupName(const std::string& path, BackupManner manner) {
   }
   const bool has_extension = has_point && point > platform::NameStart(path);
   return (has_extension ? path.substr(0, point) : path) + ".bkp";
-}
-
-// A line whose first word is ENDATA, in any case.
-bool EndsModel(std::string_view line) {
-  constexpr std::string_view kEnd = "ENDATA";
-  line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
-  if (line.size() < kEnd.size()) return false;
-  for (std::size_t i = 0; i < kEnd.size(); ++i) {
-    if (text::UpperCaseAscii(line[i]) != kEnd[i]) return false;
-  }
-  return line.size() == kEnd.size() || line[kEnd.size()] == ' ';
-}
-
-bool IsWholeModel(std::string_view tail) {
-  while (!tail.empty()) {
-    const std::size_t end = tail.find_first_of("\r\n");
-    if (EndsModel(tail.substr(0, end))) return true;
-    tail.remove_prefix(end == tail.npos ? tail.size() : end + 1);
-  }
-  return false;
 }
 
 std::string NumberedName(const std::string& name, int number) {
@@ -93,8 +69,8 @@ bool Backup::MayGo(const platform::FileStamp& there, platform::TemporaryFile& co
   if (there.size == 0) return true;
   if (!platform::IsUntouchedCopy(there)) return false;
   const std::string tail = copy.LastBytes(kEndOfModel);
-  if (IsWholeModel(tail)) return true;
-  return !tail.empty() && !IsWholeModel(platform::LastBytes(name_, kEndOfModel));
+  if (HasEndLine(tail)) return true;
+  return !tail.empty() && !HasEndLine(platform::LastBytes(name_, kEndOfModel));
 }
 
 void Backup::Keep() {
