@@ -64,7 +64,8 @@ bool IsProcessorHeader(std::string_view path, std::string_view name) {
 
 // What packs and unpacks files: for the programs only.
 bool IsPackersHeader(std::string_view name) {
-  return name == "zlib.h" || name == "bzlib.h" || name == "lzma.h" || name == "zstd.h";
+  return name == "zlib.h" || name == "bzlib.h" || name == "lzma.h" || name == "zstd.h" ||
+         name == "zstd_errors.h";
 }
 
 bool IsQtHeader(std::string_view name) { return name.starts_with("Q"); }
