@@ -102,13 +102,41 @@ fuzz_target() {
     "$program" "${limits[@]}" -seed=1 "-max_total_time=$2" "$new" "$kept"
 }
 
+# ended PROCESS LOG: waits for one that was started before; what it said.
+ended() {
+  local status=0
+  wait "$1" || status=$?
+  cat "$2"
+  return $status
+}
+
+# Two targets at a time.
 fuzz_all() { # SECONDS
-  local source name
-  for source in fuzz/*.cpp; do
-    [ -e "$source" ] || { step "fuzz targets" false; return; }
-    name=$(basename "$source" .cpp)
-    step "fuzz $name" fuzz_target "$name" "$1"
+  local name names processes i
+  names=($(basename -s .cpp fuzz/*.cpp))
+  for ((i = 0; i < ${#names[@]}; i += 2)); do
+    processes=()
+    for name in "${names[@]:i:2}"; do
+      fuzz_target "$name" "$1" >"$logs/of_$name.log" 2>&1 &
+      processes+=($!)
+    done
+    for name in "${names[@]:i:2}"; do
+      step "fuzz $name" ended "${processes[0]}" "$logs/of_$name.log"
+      processes=("${processes[@]:1}")
+    done
   done
+}
+
+# Half of the ways of saving at a time.
+every_fault() {
+  local half processes=() status=0
+  for half in 0 1; do
+    GTEST_TOTAL_SHARDS=2 GTEST_SHARD_INDEX=$half QUARVEL_FAULTS_ALL=1 build/linux/faults_tests \
+      >"$logs/faults_$half.log" 2>&1 &
+    processes+=($!)
+  done
+  for half in 0 1; do ended "${processes[half]}" "$logs/faults_$half.log" || status=1; done
+  return $status
 }
 
 # The program without Qt, in a small Debian of its own.
