@@ -47,7 +47,7 @@ void Backup::Make() {
   if (is_own) {
     TakeFreeName(*copy);
   } else {
-    if (is_file && !MayGo(there->stamp, *copy)) Keep();
+    if (there && !MayGo(*there, *copy)) Keep();
     if (!copy->TakeName(name_)) {
       RaiseRunTimeError(there && there->kind == NameKind::kFolder
                             ? RunTimeError::kPathFileAccessError
@@ -65,9 +65,13 @@ void Backup::TakeFreeName(platform::TemporaryFile& copy) {
   }
 }
 
-bool Backup::MayGo(const platform::FileStamp& there, platform::TemporaryFile& copy) const {
-  if (there.size == 0) return true;
-  if (!platform::IsUntouchedCopy(there)) return false;
+bool Backup::MayGo(const platform::NamedFile& there, platform::TemporaryFile& copy) const {
+  // A folder is in the way, which is told.
+  if (there.kind == NameKind::kFolder) return true;
+  if (there.kind == NameKind::kLink) return manner_ == BackupManner::kComponent;
+  if (there.kind != NameKind::kFile) return false;
+  if (there.stamp.size == 0) return true;
+  if (!platform::IsUntouchedCopy(there.stamp)) return false;
   const std::string tail = copy.LastBytes(kEndOfModel);
   if (HasEndLine(tail)) return true;
   return !tail.empty() && !HasEndLine(platform::LastBytes(name_, kEndOfModel));

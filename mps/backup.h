@@ -1,10 +1,11 @@
 // The copy of a model's own file that stands beside it while the file is saved.
 //
 // Its name is the file's with "bkp" for the last extension ("model.bkp" of "model.mps"). It takes that
-// name when it is complete; a link of that name is replaced, not followed. It can be read by nobody who
-// cannot read the file.
+// name when it is complete; a link of that name is never followed. It can be read by nobody who cannot
+// read the file.
 //
-// A file that has the name already is kept as "model.bkp.1" (the first number that is free), unless it
+// What has the name already, also a pipe or a device, and for the commands a link (the component
+// replaces it), is kept as "model.bkp.1" (the first number that is free), unless it
 // is a backup that an earlier save has left, which nobody has written to since, and is no better than
 // the file: one is better when the file is empty, or does not end as a model does, and it is whole.
 // And where the file has the backup's name itself, the backup gets such a name.
@@ -49,7 +50,7 @@ class Backup {
 
  private:
   void TakeFreeName(platform::TemporaryFile& copy);
-  bool MayGo(const platform::FileStamp& there, platform::TemporaryFile& copy) const;
+  bool MayGo(const platform::NamedFile& there, platform::TemporaryFile& copy) const;
   void Keep();
 
   std::string path_;

@@ -4,6 +4,9 @@
 #include <string>
 
 #include <gtest/gtest.h>
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
 
 #include "platform/automation_error.h"
 #include "platform/files.h"
@@ -96,6 +99,24 @@ TEST_F(BackupOfAFile, KeepsOneThatIsBetterThanTheFileOrWasWrittenTo) {
   EXPECT_EQ(other.kept(), name_ + ".2");
   EXPECT_EQ(ReadWholeFile(name_ + ".2"), "notes");
 }
+
+#ifndef _WIN32
+TEST_F(BackupOfAFile, KeepsAPipeOfItsNameAndForACommandALink) {
+  namespace fs = std::filesystem;
+  for (const BackupManner manner : {kComponent, kBeside}) {
+    ASSERT_EQ(mkfifo(name_.c_str(), 0600), 0);
+    Backup backup(path_, manner);
+    backup.Make();
+    EXPECT_TRUE(fs::is_fifo(backup.kept())) << backup.kept();
+    backup.Delete();
+  }
+  fs::create_symlink("nowhere", name_);
+  Backup backup(path_, kBeside);
+  backup.Make();
+  EXPECT_TRUE(fs::is_symlink(backup.kept())) << backup.kept();
+  EXPECT_EQ(ReadWholeFile(name_), kText);
+}
+#endif
 
 TEST_F(BackupOfAFile, ThatIsGoneIsNotNeededBesideIt) {
   platform::RemoveFile(path_);
