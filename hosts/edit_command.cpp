@@ -13,6 +13,9 @@
 namespace quarvel::hosts {
 namespace {
 
+// At the start of what some editors save.
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
 // Names the line in what is wrong with it. Ctrl-C is nothing of the line's.
 void RunNamed(Session& session, std::string_view what, std::int64_t number,
               const std::string& line) {
@@ -42,8 +45,9 @@ std::optional<std::string> NextLine(const Session& session) {
 
 void RunStandardInput(Session& session) {
   std::int64_t number = 0;
-  while (const std::optional<std::string> line = NextLine(session)) {
+  while (std::optional<std::string> line = NextLine(session)) {
     session.StopIfInterrupted();
+    if (number == 0 && line->starts_with(kByteOrderMark)) line->erase(0, kByteOrderMark.size());
     RunNamed(session, "line", ++number, *line);
   }
 }
