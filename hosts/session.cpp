@@ -16,6 +16,7 @@
 #include "platform/automation_error.h"
 #include "platform/box.h"
 #include "platform/files.h"
+#include "simplify/simplification_log.h"
 #include "text/visible_text.h"
 
 namespace quarvel::hosts {
@@ -86,7 +87,9 @@ void Session::Read(const std::string& path) {
   StopIfInterrupted();
   if (!is_read && !answers_.file_failed) NoteCutEnd(path);
   StopIfUnanswered();
-  if (is_read) return TakeLog();
+  const bool simplifies = AnswerTo(platform::BoxKind::kOfferToSimplify, arguments).answer ==
+                          platform::MsgBoxResult::kYes;
+  if (is_read) return simplifies ? TakeLogOfSimplification() : TakeLog();
   std::string text = path + " was not read";
   const bool passes_over =
       AnswerTo(platform::BoxKind::kReadProblem, arguments).answer == platform::MsgBoxResult::kYes;
@@ -159,7 +162,7 @@ void Session::Simplify() {
   }
   StopIfInterrupted();
   StopIfUnanswered();
-  TakeLog();
+  TakeLogOfSimplification();
 }
 
 void Session::TakeLog() {
@@ -167,14 +170,24 @@ void Session::TakeLog() {
   logs_ += std::exchange(log_, {});
   if (arguments.log.empty())
     return Note("the model was simplified; --log FILE lists what was done");
+  ReplaceLog(logs_);
+  Note("the simplifications are listed in " + arguments.log);
+}
+
+void Session::TakeLogOfSimplification() {
+  TakeLog();
+  if (!logs_.empty() || arguments.log.empty()) return;
+  ReplaceLog(simplify::LogHeading(model_.FileLocation()) + "\r\nNo simplifications were made.\r\n");
+}
+
+void Session::ReplaceLog(std::string_view log_text) {
   try {
-    WriteLog(arguments.log, arguments.operands[0], logs_);
+    WriteLog(arguments.log, arguments.operands[0], log_text);
   } catch (const AutomationError& error) {
     std::string text = arguments.log + ": " + error.description();
     if (!output_.empty()) text.append("; ").append(output_).append(" was not written");
     throw CommandError(kProblem, text);
   }
-  Note("the simplifications are listed in " + arguments.log);
 }
 
 void Session::Write(const std::string& path, mps::FileLayout usual) {
@@ -196,7 +209,7 @@ void Session::Write(const std::string& path, mps::FileLayout usual) {
   const std::string name = NameOfOutput(path);
   if (!is_written) StopUnwritten(write, name);
   if (!write.kept.empty()) {
-    Note("a file that had the name of the backup is kept as " + write.kept);
+    Note("what had the name of the backup is kept as " + write.kept);
   }
   NoteLosses(write.receipt.losses, mps::LossWeight::kChanges, name);
   NoteLosses(write.receipt.losses, mps::LossWeight::kNoted, name);
@@ -272,10 +285,23 @@ void Session::StopUnwritten(const inspect::FileWrite& write, const std::string& 
       }
       break;
     case inspect::WriteOutcome::kFailed:
-      if (write.failure) Note(prefix + text::OneLine(write.failure->description() + write.notes));
+      if (write.failure) NoteFailure(prefix, *write.failure, write.notes);
       break;
   }
   throw CommandError(kProblem, (path + " was not written").append(way_out));
+}
+
+// A line for the failure, and one for each note.
+void Session::NoteFailure(const std::string& prefix, const AutomationError& failure,
+                          std::string_view notes) {
+  constexpr std::string_view kLineEnd = "\r\n";
+  Note(prefix + failure.description());
+  while (!notes.empty()) {
+    notes.remove_prefix(kLineEnd.size());
+    const std::size_t end = notes.find(kLineEnd);
+    Note(prefix + std::string(notes.substr(0, end)));
+    notes.remove_prefix(end == notes.npos ? notes.size() : end);
+  }
 }
 
 std::string_view Session::NoteForbidden(const mps::Losses& losses, const std::string& path) {

@@ -90,12 +90,18 @@ class Session {
   void NoteFreeColumns(mps::FileLayout layout, const std::string& path);
   // Raises a CommandError, after notes of what is in the way; nothing when it was written.
   void StopUnwritten(const inspect::FileWrite& write, const std::string& path);
+  // `notes`: what it has left in files, each behind a line end.
+  void NoteFailure(const std::string& prefix, const AutomationError& failure,
+                   std::string_view notes);
   // Notes on the losses that were not allowed; gives what there is to say of a way out.
   std::string_view NoteForbidden(const mps::Losses& losses, const std::string& path);
   // Notes on the losses of that weight.
   void NoteLosses(const mps::Losses& losses, mps::LossWeight weight, const std::string& path);
   // Writes what the last simplification did to where --log says, and says so.
   void TakeLog();
+  // The same of one that was asked for: --log then names no longer what an earlier one did.
+  void TakeLogOfSimplification();
+  void ReplaceLog(std::string_view log_text);
 
   Answers answers_;
   platform::ConsoleDesktop desktop_;

@@ -25,7 +25,6 @@ constexpr std::string_view kHasNew =
 constexpr std::string_view kOldContents = "\r\nWhat it held before is in ";
 constexpr std::string_view kNewContents = "\r\nWhat it was to hold is in ";
 constexpr std::string_view kOlderBackup = "\r\nAn older backup is kept as ";
-constexpr std::string_view kNoBackup = "\r\nThis backup of it could not be made: ";
 
 void RemoveSilently(const std::string& path) {
   try {
@@ -94,9 +93,11 @@ void SaveJob::BackUp() {
   backup_.emplace(path_, manner_.backup);
   try {
     backup_->Make();
-  } catch (const AutomationError&) {
-    if (manner_.backup == BackupManner::kBeside) AddNote(kNoBackup, backup_->name());
-    throw;
+  } catch (const AutomationError& error) {
+    if (manner_.backup == BackupManner::kComponent) throw;
+    throw AutomationError(
+        error.number(), "",
+        "its backup " + backup_->name() + " could not be made: " + error.description());
   }
 }
 

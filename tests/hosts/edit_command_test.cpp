@@ -290,6 +290,14 @@ TEST_F(EditTest, WritesNothingWhenItsCommandsCannotBeRead) {
   EXPECT_EQ(folder_.Read("a.mps"), kSmallModel);
 }
 
+TEST_F(EditTest, PassesOverAByteOrderMarkBeforeItsCommands) {
+  const std::string file = folder_.Write("a.mps", kSmallModel);
+  const Outcome run = RunQuarvel({"edit", file, file}, "\xEF\xBB\xBFset-name Q\r\n");
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_NE(folder_.Read("a.mps").find(" Q\r\n"), std::string::npos);
+  EXPECT_EQ(RunQuarvel({"edit", file, file}, "set-name P\n\xEF\xBB\xBFset-name Q\n").status, 1);
+}
+
 TEST_F(EditTest, LeavesAFileThatAnotherProgramHasChangedMeanwhile) {
   const std::string file = folder_.Write("a.mps", kSmallModel);
   const Outcome run = EditOwn(file, [&]() -> std::optional<std::string> {
@@ -328,9 +336,8 @@ TEST_F(EditTest, KeepsTheBackupBesideTheFileAndOthersAsTheyAre) {
     folder_.Write(backup, "notes");
     const Outcome run = RunQuarvel({"edit", file, file, "-c", "set-bound X UP 4"});
     EXPECT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(run.err,
-              folder_.Expand("quarvel: a file that had the name of the backup is kept as @" +
-                             std::string(backup) + ".1\n"));
+    EXPECT_EQ(run.err, folder_.Expand("quarvel: what had the name of the backup is kept as @" +
+                                      std::string(backup) + ".1\n"));
     EXPECT_FALSE(folder_.Has(backup)) << name;
     EXPECT_EQ(folder_.Read(std::string(backup) + ".1"), "notes");
   }
@@ -343,8 +350,8 @@ TEST_F(EditTest, NamesTheBackupThatCannotBeMade) {
   const Outcome run = RunQuarvel({"edit", file, file, "-c", "set-bound X UP 4"});
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.err,
-            folder_.Expand("quarvel: @a.mps: Path/File access error This backup of it could "
-                           "not be made: @a.bkp\nquarvel: @a.mps was not written\n"));
+            folder_.Expand("quarvel: @a.mps: its backup @a.bkp could not be made: Path/File "
+                           "access error\nquarvel: @a.mps was not written\n"));
   EXPECT_EQ(folder_.Read("a.mps"), kSmallModel);
 }
 

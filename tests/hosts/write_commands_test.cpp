@@ -172,11 +172,14 @@ TEST(Simplify, WritesTheSimplifiedModelAndCopiesTheLog) {
 
 TEST(Simplify, SaysWhenThereWasNothingToDo) {
   const HostFolder folder;
+  folder.Write("copy.log", "Log file for simplification of another model\r\n");
   const Outcome run = RunQuarvel({"simplify", folder.Example("transport.mps"),
                                   folder.Path("out.mps"), "--log", folder.Path("copy.log")});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err.substr(0, run.err.find('\n')), "quarvel: No simplifications were made.");
-  EXPECT_FALSE(folder.Has("copy.log"));
+  EXPECT_EQ(folder.Read("copy.log"),
+            folder.Expand("Log file for simplification of @transport.mps\r\n"
+                          "No simplifications were made.\r\n"));
   EXPECT_FALSE(folder.Has("transport.log"));
   EXPECT_TRUE(folder.Has("out.mps"));
 }
