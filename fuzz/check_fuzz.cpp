@@ -49,8 +49,13 @@ bool AreMultiples(const Entries& a, const Entries& b) {
 
 class NaiveLint {
  public:
-  explicit NaiveLint(const model::ModelData& data) : data_(data) {
-    for (std::int32_t j = 1; j <= data.NumberOfColumns; ++j) Look(data.Columns[j]);
+  NaiveLint(const model::ModelData& data, const mps::FileFacts& facts) : data_(data) {
+    for (std::int32_t j = 1; j <= data.NumberOfColumns; ++j) {
+      Look(data.Columns[j]);
+      const bool is_unbounded = data.Columns[j].Type == model::ColumnType::kInteger &&
+                                data.Columns[j].UpperBound >= model::BoundLimit;
+      if (is_unbounded && !facts.SaysUpper(j)) ++counts_[FileProblemCode::kIntegerWithoutUpper];
+    }
     for (std::int32_t i = 1; i <= data.NumberOfRows; ++i) {
       if (AreFarApart(data.Rows[i])) ++counts_[FileProblemCode::kRowScale];
     }
@@ -85,10 +90,6 @@ class NaiveLint {
       met[entry.Index] = entry.Value;
     }
     if (AreFarApart(column)) ++counts_[FileProblemCode::kColumnScale];
-    if (column.Type == model::ColumnType::kInteger && column.LowerBound == 0 &&
-        column.UpperBound == model::BoundLimit) {
-      ++counts_[FileProblemCode::kIntegerWithoutUpper];
-    }
   }
 
   std::string CompareRows(const mps::FileProblems& found) const {
@@ -124,7 +125,7 @@ std::string LintFault(const std::string& path) {
   mps::FileRead read = mps::ReadFile(path, {.kept_of_each = kAll}, store);
   if (read.outcome != mps::ReadOutcome::kRead) return "not read";
   inspect::Lint(store, read.facts, read.problems);
-  const std::string fault = NaiveLint(store.data()).Compare(read.problems);
+  const std::string fault = NaiveLint(store.data(), read.facts).Compare(read.problems);
   if (!fault.empty()) return fault;
   const auto keeps = [&](mps::FileLayout layout) {
     return mps::LossesOf(store, read.facts, layout).groups().empty();

@@ -36,11 +36,34 @@ std::set<std::int64_t> LinesOf(const std::vector<RecordOrigin>& records) {
       for (const Setting& setting : history->last) lines.insert(setting.line);
     }
     for (const inspect::CoefficientOrigin& entry : record.coefficients) lines.insert(entry.line);
+    for (const inspect::CoefficientOrigin& entry : record.zeros) lines.insert(entry.line);
     for (const mps::FileProblem& problem : record.problems) lines.insert(problem.line);
     lines.insert(record.idle_lines.begin(), record.idle_lines.end());
     lines.insert({record.marker_line, record.sense_line, record.constant_line});
   }
   return lines;
+}
+
+bool IsSaidOf(const RecordOrigin& record, const mps::FileProblem& problem) {
+  return std::any_of(record.problems.begin(), record.problems.end(),
+                     [&problem](const mps::FileProblem& other) {
+                       return other.code == problem.code && other.line == problem.line &&
+                              other.column == problem.column;
+                     });
+}
+
+// A line in error may be about the row or the column of its name. Of one that there is none of, only that
+// is left which is not said of the other one.
+void DropRepeated(const RecordOrigin& other, RecordOrigin& missing) {
+  if (missing.number != 0) return;
+  const auto problems = std::erase_if(missing.problems, [&other](const mps::FileProblem& problem) {
+    return IsSaidOf(other, problem);
+  });
+  missing.problem_count -= static_cast<std::int64_t>(problems);
+  const auto lines = std::erase_if(missing.idle_lines, [&other](std::int64_t line) {
+    return LinesOf({other}).count(line) != 0;
+  });
+  missing.idle_count -= static_cast<std::int64_t>(lines);
 }
 
 // The row and the column of that name.
@@ -81,6 +104,8 @@ class ExplainedRead {
       std::vector<RecordOrigin> numbered = RecordsOfNumber(store_, text);
       if (!numbered.empty()) records = Find(std::move(numbered));
     }
+    DropRepeated(records[0], records[1]);
+    if (records[1].number != 0) DropRepeated(records[1], records[0]);
     auto quotes = inspect::QuotedLines(options_.open, LinesOf(records));
     return {session_, file(), std::move(records), facts_, std::move(quotes)};
   }

@@ -45,10 +45,14 @@ void AppendObjective(std::string& json, const mps::FileFacts& facts, const Recor
   AppendJsonMember(json, "objectiveConstantLine", record.constant_line);
 }
 
-std::string CoefficientsJson(const RecordOrigin& record) {
-  std::string json = ",\"elements\":{\"count\":" + text::IntegerText(record.coefficient_count);
+std::string CoefficientsJson(std::string_view key, std::int64_t count,
+                             const std::vector<inspect::CoefficientOrigin>& first,
+                             const RecordOrigin& record) {
+  std::string json = ",";
+  AppendJson(json, key);
+  json += ":{\"count\":" + text::IntegerText(count);
   json += ",\"first\":[";
-  for (const inspect::CoefficientOrigin& entry : record.coefficients) {
+  for (const inspect::CoefficientOrigin& entry : first) {
     json += json.back() == '[' ? "\n{" : ",\n{";
     json += "\"line\":" + text::IntegerText(entry.line);
     AppendJsonMember(json, record.is_row ? "column" : "row", entry.other);
@@ -91,7 +95,10 @@ void PrintRecordJson(const Explanation& explanation, const RecordOrigin& record)
     AppendHistory(json, "lowerBound", record.lower, Bound::Side::kLower);
     AppendHistory(json, "upperBound", record.upper, Bound::Side::kUpper);
     if (explanation.IsObjective(record)) AppendObjective(json, explanation.facts, record);
-    json += CoefficientsJson(record);
+    json += CoefficientsJson("elements", record.coefficient_count, record.coefficients, record);
+    if (record.zero_count != 0) {
+      json += CoefficientsJson("zeros", record.zero_count, record.zeros, record);
+    }
   } else {
     AppendJsonMember(json, "name", record.name);
   }

@@ -104,11 +104,24 @@ void PrintCoefficients(const Explanation& explanation, const RecordOrigin& recor
   }
 }
 
-void PrintRecord(const Explanation& explanation, const RecordOrigin& record) {
+void PrintZeros(const Explanation& explanation, const RecordOrigin& record) {
+  for (const inspect::CoefficientOrigin& entry : record.zeros) {
+    PrintFact(explanation, "",
+              entry.other + " 0: " + LineText(entry.line) + ", of which no element is made");
+  }
+  const auto more = record.zero_count - static_cast<std::int64_t>(record.zeros.size());
+  if (more > 0) PrintFact(explanation, "", Counted(more, "more coefficient") + " of 0");
+}
+
+void PrintHeading(const Explanation& explanation, const RecordOrigin& record,
+                  const std::string& what) {
   const std::string noun = record.is_row ? "row " : "column ";
-  const std::string heading = text::VisibleText(noun + record.name) + " (number " +
-                              text::IntegerText(model::Public(record.number)) + ")\n";
+  const std::string heading = text::VisibleText(noun + record.name) + " (" + what + ")\n";
   explanation.session.streams.out << PenOf(explanation).Draw(Ink::kHeading, heading);
+}
+
+void PrintRecord(const Explanation& explanation, const RecordOrigin& record) {
+  PrintHeading(explanation, record, "number " + text::IntegerText(model::Public(record.number)));
   PrintFact(explanation, "type", HistoryText(record.type, record));
   PrintFact(explanation, "lower", HistoryText(record.lower, record, Bound::Side::kLower));
   PrintFact(explanation, "upper", HistoryText(record.upper, record, Bound::Side::kUpper));
@@ -117,6 +130,7 @@ void PrintRecord(const Explanation& explanation, const RecordOrigin& record) {
   }
   PrintFact(explanation, "elements", text::IntegerText(record.coefficient_count));
   PrintCoefficients(explanation, record);
+  PrintZeros(explanation, record);
 }
 
 // What changed nothing, and what was wrong.
@@ -152,7 +166,11 @@ void PrintLines(const Explanation& explanation) {
 
 void PrintExplanationText(const Explanation& explanation) {
   for (const RecordOrigin& record : explanation.records) {
-    if (record.number != 0) PrintRecord(explanation, record);
+    if (record.number != 0) {
+      PrintRecord(explanation, record);
+    } else if (record.idle_count != 0 || record.problem_count != 0) {
+      PrintHeading(explanation, record, "there is none");
+    }
     PrintRest(explanation, record);
   }
   PrintLines(explanation);

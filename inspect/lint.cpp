@@ -57,7 +57,7 @@ void Lint(const model::ModelStore& store, const mps::FileFacts& facts,
           const LintListener& listener) {
   const model::ModelData& data = store.data();
   LintPairs(data, listener);
-  LintBounds(data, listener);
+  LintBounds(data, facts, listener);
   LintNames(data, listener);
   LintScale(data, listener);
   LintParallel(data, listener);

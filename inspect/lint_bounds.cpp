@@ -34,26 +34,30 @@ void LintLimit(const model::ModelRecord& record, const LintListener& listener) {
   });
 }
 
-// Only a column without any line of BOUNDS is read differently.
+std::string AllowedValues(double lower) {
+  if (!model::HasLower(lower)) return "any value is allowed here";
+  return "any value from " + GeneralText(lower) + " on is allowed here";
+}
+
+// Only a column whose upper bound no line of BOUNDS speaks of is read differently.
 void LintInteger(const model::ColumnRecord& column, const LintListener& listener) {
-  const bool is_bare = column.Type == model::ColumnType::kInteger && column.LowerBound == 0 &&
-                       column.UpperBound == BoundLimit;
-  if (!is_bare) return;
+  if (column.Type != model::ColumnType::kInteger || model::HasUpper(column.UpperBound)) return;
   listener.Tell(FileProblemCode::kIntegerWithoutUpper, [&column] {
     return FileProblem{
         .code = {},
         .item = column.Name,
-        .made = "any value from 0 on is allowed here; to other readers the bound is 1"};
+        .made = AllowedValues(column.LowerBound) + "; to other readers the upper bound is 1"};
   });
 }
 
 }  // namespace
 
-void LintBounds(const model::ModelData& data, const LintListener& listener) {
+void LintBounds(const model::ModelData& data, const mps::FileFacts& facts,
+                const LintListener& listener) {
   for (std::int32_t j = 1; j <= data.NumberOfColumns; ++j) {
     const model::ColumnRecord& column = data.Columns[j];
     LintLimit(column, listener);
-    LintInteger(column, listener);
+    if (!facts.SaysUpper(j)) LintInteger(column, listener);
   }
   for (std::int32_t i = 1; i <= data.NumberOfRows; ++i) {
     if (data.Rows[i].Type != model::RowType::kFree) LintLimit(data.Rows[i], listener);

@@ -9,7 +9,8 @@ namespace quarvel::inspect {
 // Coefficients that a column has twice in one row.
 void LintPairs(const model::ModelData& data, const LintListener& listener);
 // Bounds and limits that are none, or are read differently elsewhere.
-void LintBounds(const model::ModelData& data, const LintListener& listener);
+void LintBounds(const model::ModelData& data, const mps::FileFacts& facts,
+                const LintListener& listener);
 // Names that fixed columns do not hold: one problem for all of them.
 void LintNames(const model::ModelData& data, const LintListener& listener);
 // Coefficients whose sizes are far apart.

@@ -73,10 +73,15 @@ class PairLines : public SolutionLines {
 // line, and the rest below it.
 class GlpsolReportLines : public SolutionLines {
  public:
+  static constexpr std::string_view kRanges = " - SENSITIVITY ANALYSIS REPORT";
+
   std::string Use(std::string_view line, std::int64_t number, SolutionUser& user) override {
     if (line.starts_with("Columns:")) {
       std::string_view rest = line.substr(line.find(':') + 1);
       columns_ = Count(TakeWord(rest)).value_or(-1);
+    }
+    if (number == 1 && line.find(kRanges) != std::string_view::npos) {
+      return "a sensitivity report holds no solution: glpsol writes one with --output or --write";
     }
     if (line.find("Column name") != std::string_view::npos) {
       state_ = State::kRule;
@@ -156,8 +161,11 @@ class GlpsolRawLines : public SolutionLines {
 class LpSolveLines : public SolutionLines {
  public:
   static constexpr std::string_view kHeading = "Actual values of the variables:";
+  // "infeasible" or "unbounded", in place of values.
+  static constexpr std::string_view kNone = "This problem is ";
 
   std::string Use(std::string_view line, std::int64_t number, SolutionUser& user) override {
+    if (!in_values_ && line.starts_with(kNone)) outcome_ = Trimmed(line);
     if (line.starts_with(kHeading)) {
       user.Begin(SolutionKind::kLpSolve);
       in_values_ = has_values_ = true;
@@ -169,9 +177,14 @@ class LpSolveLines : public SolutionLines {
     return in_values_ ? TakeValue(number, name, value, user) : "";
   }
 
-  std::string End() override { return has_values_ ? "" : "there are no values of the variables"; }
+  std::string End() override {
+    if (has_values_) return {};
+    if (!outcome_.empty()) return "there is no solution in it: " + Quoted(outcome_);
+    return "there are no values of the variables";
+  }
 
  private:
+  std::string outcome_;  // that came without values
   bool in_values_ = false;
   bool has_values_ = false;
 };
@@ -306,7 +319,8 @@ SolutionKind KindOf(std::span<const std::string> first_lines) {
   if (first_lines.empty()) return SolutionKind::kPairs;
   const std::string& first = first_lines.front();
   if (IsGlpsolRaw(first_lines)) return SolutionKind::kGlpsolRaw;
-  if (first.starts_with("Problem:") && AnyStartsWith(first_lines, "Rows:")) {
+  const bool is_report = first.starts_with("Problem:") && AnyStartsWith(first_lines, "Rows:");
+  if (is_report || first.find(GlpsolReportLines::kRanges) != std::string::npos) {
     return SolutionKind::kGlpsolReport;
   }
   if (first.find(" - objective value ") != std::string::npos) return SolutionKind::kCbc;
@@ -315,7 +329,8 @@ SolutionKind KindOf(std::span<const std::string> first_lines) {
   }
   if (AnyStartsWith(first_lines, HighsReportLines::kTitles)) return SolutionKind::kHighsReport;
   if (AnyStartsWith(first_lines, "Value of objective function:") ||
-      AnyStartsWith(first_lines, LpSolveLines::kHeading)) {
+      AnyStartsWith(first_lines, LpSolveLines::kHeading) ||
+      AnyStartsWith(first_lines, LpSolveLines::kNone)) {
     return SolutionKind::kLpSolve;
   }
   return SolutionKind::kPairs;

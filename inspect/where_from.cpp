@@ -127,7 +127,12 @@ class OriginWatch {
       // What is said of one row in a line is not said of the other.
       const bool is_about_another =
           record.is_row && !problem.item.empty() && problem.item != record.name;
-      if (!is_about_another && problem.line == line.number()) AddProblem(record, problem);
+      if (is_about_another || problem.line != line.number()) continue;
+      AddProblem(record, problem);
+      if (problem.code == mps::FileProblemCode::kZeroCoefficient) {
+        AddZero(record, line, problem);
+        changes = true;
+      }
     }
     if (changes) return;
     if (record.idle_lines.size() < kept_) record.idle_lines.push_back(line.number());
@@ -218,6 +223,13 @@ class OriginWatch {
       record.coefficients.push_back({line.number(), other, entry.Value});
     }
     return any;
+  }
+
+  void AddZero(RecordOrigin& record, const mps::SourceLine& line,
+               const mps::FileProblem& problem) const {
+    if (++record.zero_count > static_cast<std::int64_t>(kept_)) return;
+    const std::string other = record.is_row ? std::string(line[1]) : problem.item;
+    record.zeros.push_back({line.number(), other, 0});
   }
 
   // Of a right-hand side of an N row.

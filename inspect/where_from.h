@@ -52,6 +52,8 @@ struct RecordOrigin {
   std::int64_t constant_line = 0;
   std::int64_t coefficient_count = 0;
   std::vector<CoefficientOrigin> coefficients = {};
+  std::int64_t zero_count = 0;
+  std::vector<CoefficientOrigin> zeros = {};  // that a line gives, and no element is made of
   std::int64_t idle_count = 0;
   std::vector<std::int64_t> idle_lines = {};  // that name it and change nothing of it
   std::int64_t problem_count = 0;

@@ -116,6 +116,8 @@ constexpr FileProblemTraits kTable[] = {
     {kObjectiveUnnamed, "W422", "objective-unnamed", "no name of an objective",
      "the name of a row of type N"},
     {kSmallHeader, "A317", "small-header", "a header in small letters", ""},
+    {kZeroCoefficient, "W423", "zero-coefficient", "a coefficient of 0",
+     "a number other than 0, or no pair"},
 
     {kSetRenamed, "A316", "set-renamed", "a name that the fixed layout does not keep", ""},
 };

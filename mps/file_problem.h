@@ -102,6 +102,7 @@ enum class FileProblemCode : std::uint8_t {
   kMarkerPair,
   kObjectiveUnnamed,
   kSmallHeader,
+  kZeroCoefficient,
 
   // of lint
   kSetRenamed,

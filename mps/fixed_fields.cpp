@@ -27,6 +27,13 @@ class ByColumns {
     return Trimmed(text_.substr(begin, offset_ - begin));
   }
   std::string_view Rest() const { return Trimmed(text_.substr(offset_)); }
+  // The word that stands on both sides of where the last call ended; empty when there is none.
+  std::string_view Across() const {
+    if (offset_ == 0 || offset_ == text_.size()) return {};
+    if (text_[offset_ - 1] == ' ' || text_[offset_] == ' ') return {};
+    const std::size_t begin = text_.find_last_of(' ', offset_) + 1;
+    return text_.substr(begin, std::min(text_.find(' ', offset_), text_.size()) - begin);
+  }
 
  private:
   static bool IsTrail(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
@@ -49,6 +56,7 @@ FixedFields::FixedFields(std::string_view text) {
     fields_[field] = found;
   }
   behind_ = columns.Rest();
+  across_ = columns.Across();
 }
 
 }  // namespace quarvel::mps

@@ -50,11 +50,14 @@ class FixedFields {
   std::string_view between() const { return between_; }
   // What stands behind the last field.
   std::string_view behind() const { return behind_; }
+  // The word that begins in the last field, or before it, and ends behind it; empty when there is none.
+  std::string_view across() const { return across_; }
 
  private:
   std::array<std::string_view, kFieldCount + 1> fields_{};
   std::string_view between_;
   std::string_view behind_;
+  std::string_view across_;
 };
 
 }  // namespace quarvel::mps

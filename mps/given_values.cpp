@@ -23,10 +23,11 @@ void GivenValues::Tell(const SourceLine& line, std::string_view word,
 }
 
 // A zero has no other digit before its exponent.
-void GivenValues::CheckZero(const SourceLine& line, std::string_view word) const {
+bool GivenValues::CheckZero(const SourceLine& line, std::string_view word) const {
   const std::string_view digits = word.substr(0, word.find_first_of("EDed"));
-  if (digits.find_first_of("123456789") == std::string_view::npos) return;
+  if (digits.find_first_of("123456789") == std::string_view::npos) return false;
   TellOf(hear_, FileProblemCode::kTooSmall, line, word, {}, "taken as 0");
+  return true;
 }
 
 }  // namespace quarvel::mps

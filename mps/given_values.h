@@ -1,5 +1,6 @@
 // Which right-hand sides, ranges and bounds a file has given so far. One that is given again counts, and
-// is told with the line before that gave it (W415); so is a number too small for a double (W416).
+// is told with the line before that gave it (W415); so are a number too small for a double (W416) and a
+// coefficient of 0 (W423).
 //
 // Memory: 8 bytes for each row that has a right-hand side or a range, or stands before one that has, 16
 // bytes in the same way for each column with a bound.
@@ -7,6 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -42,6 +44,12 @@ class GivenValues {
     if (given.lower) last.lower = line.number();
     if (given.upper) last.upper = line.number();
   }
+  // The line gives a coefficient of 0, which is that word, in the row of that name.
+  void NoteZero(const SourceLine& line, std::string_view word, std::string_view row) const {
+    if (!CheckZero(line, word)) {
+      TellOf(hear_, FileProblemCode::kZeroCoefficient, line, word, std::string(row), "no element");
+    }
+  }
   // The word was read as that value.
   void CheckNumber(const SourceLine& line, std::string_view word, double value) const {
     if (value == 0 && word != "0") [[unlikely]]
@@ -71,7 +79,8 @@ class GivenValues {
   void TellBounds(const SourceLine& line, std::string_view word, const BoundLines& last,
                   BoundsGiven given) const;
   void Tell(const SourceLine& line, std::string_view word, std::vector<std::int64_t> lines) const;
-  void CheckZero(const SourceLine& line, std::string_view word) const;
+  // Of a word that was read as 0: true when it is another number, which is told.
+  bool CheckZero(const SourceLine& line, std::string_view word) const;
 
   const HearProblem& hear_;
   std::vector<std::int64_t> rhs_lines_;    // by row

@@ -12,12 +12,17 @@ void HeaderOrder::Use(const SourceLine& line, std::string_view word, WideHeader 
   const std::int64_t last = std::exchange(lines_[place], line.number());
   const std::int64_t later = LineOfLater(place);
   if (last == 0 && later == 0) return;
-  const char* const made = place < kName ? "its lines are read as ever" : "the last one counts";
   FileProblem problem =
       ProblemOf(last != 0 ? FileProblemCode::kHeaderAgain : FileProblemCode::kSectionOrder, line,
-                word, std::string(word), made);
+                word, std::string(word), MadeOf(place));
   problem.lines = {last != 0 ? last : later};
   hear_(std::move(problem));
+}
+
+// A header without a word of its kind changes nothing of what the others said.
+const char* HeaderOrder::MadeOf(Place place) {
+  if (place < kName) return "its lines are read as ever";
+  return place == kSense ? "the last sense counts" : "the last name counts";
 }
 
 HeaderOrder::Place HeaderOrder::PlaceOf(std::string_view word, WideHeader header) {

@@ -34,6 +34,8 @@ class HeaderOrder {
     kNone
   };
 
+  // What becomes of a header that stands there again.
+  static const char* MadeOf(Place place);
   static Place PlaceOf(std::string_view word, WideHeader header);
   // The line of the first section that should stand behind that one and does not; 0 for none.
   std::int64_t LineOfLater(Place place) const;

@@ -30,6 +30,7 @@ void RangedRows::Use(const SourceLine& line, std::string_view word, std::int32_t
   }
   if (!has_rhs_) TellOrder(line, {}, "they wait for the right-hand sides");
   Apply(row, RangeOf(row), range);
+  DropInfinite(line, word, row);
   const auto place = static_cast<std::size_t>(row);
   if (place >= ranges_.size()) ranges_.resize(place + 1, kNoRange);
   ranges_[place] = range;
@@ -40,6 +41,7 @@ void RangedRows::UseRhs(const SourceLine& line, std::string_view word, std::int3
   if (std::isnan(range)) return;
   TellOrder(line, word, "its range goes by this right-hand side");
   Apply(row, kNoRange, range);
+  DropInfinite(line, word, row);
 }
 
 double RangedRows::RangeOf(std::int32_t row) const {
@@ -62,6 +64,20 @@ void RangedRows::Apply(std::int32_t row, double last_range, double range) {
       ApplyToEqual(limits, last_range, range);
       break;
   }
+}
+
+// Both add up to more than a double holds.
+void RangedRows::DropInfinite(const SourceLine& line, std::string_view word, std::int32_t row) {
+  const model::RowLimits limits = sink_.Row(row);
+  const bool no_lower = std::isinf(limits.LowerBound);
+  if (!no_lower && !std::isinf(limits.UpperBound)) return;
+  if (no_lower) {
+    limits.LowerBound = -model::BoundLimit;
+  } else {
+    limits.UpperBound = model::BoundLimit;
+  }
+  TellOf(hear_, FileProblemCode::kInfiniteValue, line, word, std::string(word),
+         no_lower ? "no lower limit" : "no upper limit");
 }
 
 void RangedRows::TellOrder(const SourceLine& line, std::string_view word, const char* made) {

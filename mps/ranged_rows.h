@@ -4,6 +4,8 @@
 //   L row  from rhs - |R| to rhs          E row, R > 0   from rhs to rhs + R
 //   G row  from rhs to rhs + |R|          E row, R <= 0  from rhs + R to rhs
 //
+// A limit too large for a double is none, which is told (A313).
+//
 // Memory: 8 bytes for each row up to the last that has a range.
 #pragma once
 
@@ -33,6 +35,8 @@ class RangedRows {
   // Not a number where the row has no range.
   double RangeOf(std::int32_t row) const;
   void Apply(std::int32_t row, double last_range, double range);
+  // A limit that its range has made infinite is none.
+  void DropInfinite(const SourceLine& line, std::string_view word, std::int32_t row);
   void TellOrder(const SourceLine& line, std::string_view word, const char* made);
 
   ModelSink& sink_;

@@ -41,6 +41,7 @@ class FileRun {
               sink_, read_.facts, values_, hear_),
         order_(sink_, hear_) {
     read_.problems = FileProblems(options.kept_of_each);
+    sink_.TellUppers(read_.facts);
     if (IsWide()) sink_.Watch(values_);
   }
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "model/bounds.h"
+#include "mps/file_facts.h"
 #include "mps/given_values.h"
 #include "mps/model_sink.h"
 #include "mps/section.h"
@@ -17,12 +18,14 @@ class WatchedSink : public ModelSink {
 
   // Must outlive this. Without it nothing is watched.
   void Watch(GivenValues& values) { values_ = &values; }
+  // Must outlive this, and hears of upper bounds without being watched.
+  void TellUppers(FileFacts& facts) { facts_ = &facts; }
 
   // --- what sections tell such a sink ---
 
   // A coefficient of 0 was read out of that token.
   void HearZero(const SourceLine& line, std::size_t token) const {
-    if (values_ != nullptr) values_->CheckNumber(line, line[token], 0);
+    if (values_ != nullptr) values_->NoteZero(line, line[token], line[token - 1]);
   }
   // A right-hand side of the row that is the token, which its value follows.
   void HearRhs(const SourceLine& line, std::size_t token, std::int32_t row, double value) const {
@@ -32,9 +35,11 @@ class WatchedSink : public ModelSink {
   }
   void HearBound(const SourceLine& line, std::int32_t column, const model::BoundsChange& change,
                  double value) const {
+    const bool says_upper = change.upper != model::BoundChange::kKept;
+    if (says_upper && facts_ != nullptr) facts_->SayUpper(column);
     if (values_ == nullptr) return;
     const BoundsGiven given = {.lower = change.lower != model::BoundChange::kKept,
-                               .upper = change.upper != model::BoundChange::kKept};
+                               .upper = says_upper};
     const bool has_value =
         change.lower == model::BoundChange::kGiven || change.upper == model::BoundChange::kGiven;
     if (has_value) values_->CheckNumber(line, line[4], value);
@@ -43,6 +48,7 @@ class WatchedSink : public ModelSink {
 
  private:
   GivenValues* values_ = nullptr;
+  FileFacts* facts_ = nullptr;
 };
 
 }  // namespace quarvel::mps

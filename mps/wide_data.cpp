@@ -149,8 +149,10 @@ bool WideData::UseBound(const SourceLine& line, const TokenList& words) {
   const std::optional<WideBound> wide = FindWideBound(words[1]);
   if (wide) UseWideBound(line, words, *wide);
   if (!wide && !no_bound) return false;
-  values_.NoteBounds(line, words[3], sink_.FindColumn(words[3]),
-                     GivenBy(words[1], words.count() == kValue));
+  const std::int32_t column = sink_.FindColumn(words[3]);
+  // To other readers a column with a line of LI has no upper bound either.
+  if (words[1] != "LO") facts_.SayUpper(column);
+  values_.NoteBounds(line, words[3], column, GivenBy(words[1], words.count() == kValue));
   return true;
 }
 

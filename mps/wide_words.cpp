@@ -113,8 +113,9 @@ TokenList WordsOf(const FixedFields& fields, Section section) {
 }
 
 std::string_view TextBetween(const FixedFields& fields, Section section) {
+  if (!fields.between().empty()) return fields.between();
   const bool is_beside = FirstField(section) > 1 && !fields[1].empty();
-  return fields.between().empty() && is_beside ? fields[1] : fields.between();
+  return is_beside ? fields[1] : fields.across();
 }
 
 bool IsMarker(const TokenList& words) { return words.count() >= 3 && words[2] == "'MARKER'"; }

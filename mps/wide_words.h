@@ -35,7 +35,8 @@ TokenList WordsOf(std::string_view text);
 // The fields that the section uses, without the empty ones at the end.
 TokenList WordsOf(const FixedFields& fields, Section section);
 
-// The first text that stands where the section has no field, but for what is behind the last one.
+// The first text that stands where the section has no field, but for what is behind the last one; or the
+// word that the end of that one cuts.
 std::string_view TextBetween(const FixedFields& fields, Section section);
 
 // A line of COLUMNS that is a marker: name, 'MARKER' and what it marks.

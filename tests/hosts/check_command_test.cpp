@@ -60,7 +60,7 @@ TEST(Check, FindsEachKindOfMistake) {
   const Outcome run = RunQuarvel({"check", folder.Example("mistakes.mps"), "--no-lint"});
   EXPECT_EQ(run.status, 1);
   EXPECT_TRUE(
-      run.out.ends_with(": 21 errors, 8 warnings, 2 adaptations; 4 rows, 4 columns, 5 elements\n"))
+      run.out.ends_with(": 21 errors, 9 warnings, 2 adaptations; 4 rows, 4 columns, 5 elements\n"))
       << run.out;
   EXPECT_TRUE(HasCount(run.out, "4", "E109 not-numeric\n")) << run.out;
 }

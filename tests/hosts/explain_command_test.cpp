@@ -169,10 +169,74 @@ TEST(Explain, TellsWhatNamesARecordThatIsNotThere) {
   const Outcome run = RunQuarvel({"explain", folder.Write("a.mps", kExplainedModel), "none"});
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out,
+            "row NONE (there is none)\n"
             "  unused    line 7 names it and changes none of this\n"
             "  problem   E110, line 7: no row of this name: NONE\n"
             "7 | X NONE 1 X 3\n");
   EXPECT_EQ(run.err, folder.Expand("quarvel: @a.mps: there is no row or column none\n"));
+}
+
+TEST(Explain, TellsALineInErrorUnderTheRecordThatThereIs) {
+  const HostFolder folder;
+  const std::string model =
+      folder.Write("a.mps",
+                   "ROWS\n N COST\n L MOST\nCOLUMNS\n X COST 1 MOST 1\n X COST 1 MOST 2 MOST 3\n"
+                   "BOUNDS\n UP B MOST 2\nENDATA\n");
+  EXPECT_EQ(RunQuarvel({"explain", model, "X"}).out,
+            "column X (number 0)\n"
+            "  type      R: line 5\n"
+            "  lower     0: default\n"
+            "  upper     inf: default\n"
+            "  elements  2\n"
+            "            COST 1: line 5\n"
+            "            MOST 1: line 5\n"
+            "  unused    line 6 names it and changes none of this\n"
+            "  problem   E105, line 6: a wrong number of words\n"
+            "5 | X COST 1 MOST 1\n"
+            "6 | X COST 1 MOST 2 MOST 3\n");
+  EXPECT_EQ(RunQuarvel({"explain", model, "MOST"}).out,
+            "row MOST (number 1)\n"
+            "  type      L: line 3\n"
+            "  lower     -inf: default\n"
+            "  upper     0: default\n"
+            "  elements  1\n"
+            "            X 1: line 5\n"
+            "  unused    line 6 names it and changes none of this\n"
+            "  problem   E105, line 6: a wrong number of words\n"
+            "column MOST (there is none)\n"
+            "  unused    line 8 names it and changes none of this\n"
+            "  problem   E114, line 8: no column of this name: MOST\n"
+            "3 | L MOST\n"
+            "5 | X COST 1 MOST 1\n"
+            "6 | X COST 1 MOST 2 MOST 3\n"
+            "8 | UP B MOST 2\n");
+}
+
+TEST(Explain, TellsTheLineOfACoefficientOfZero) {
+  const HostFolder folder;
+  const std::string model = folder.Write(
+      "a.mps",
+      "ROWS\n N COST\n G NEED\nCOLUMNS\n X COST 1\n X NEED 0\n Y NEED 2 COST 0.0\nENDATA\n");
+  EXPECT_EQ(RunQuarvel({"explain", model, "X"}).out,
+            "column X (number 0)\n"
+            "  type      R: line 5\n"
+            "  lower     0: default\n"
+            "  upper     inf: default\n"
+            "  elements  1\n"
+            "            COST 1: line 5\n"
+            "            NEED 0: line 6, of which no element is made\n"
+            "  problem   W423, line 6: a coefficient of 0: NEED; no element\n"
+            "5 | X COST 1\n"
+            "6 | X NEED 0\n");
+  const std::string row = RunQuarvel({"explain", model, "COST", "--limit", "1"}).out;
+  EXPECT_NE(row.find("            Y 0: line 7, of which no element is made\n"), std::string::npos)
+      << row;
+  EXPECT_EQ(row.find("unused"), std::string::npos) << row;
+  const std::string json = RunQuarvel({"explain", model, "NEED", "--json"}).out;
+  EXPECT_NE(
+      json.find("\"zeros\":{\"count\":1,\"first\":[\n{\"line\":6,\"column\":\"X\",\"value\":0}]}"),
+      std::string::npos)
+      << json;
 }
 
 TEST(Explain, ListsTenElementsUnlessItIsToldOtherwise) {

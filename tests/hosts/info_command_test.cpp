@@ -196,8 +196,10 @@ TEST(Reading, TellsOfColumnsWithoutElementsAndGoesOn) {
       folder.Write("a.mps", "ROWS\n L R1\nCOLUMNS\n X R1 1\n Y R1 0\n Z R1 0\nENDATA\n");
   const Outcome run = RunQuarvel({"info", model});
   EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(run.err,
-            folder.Expand("quarvel: @a.mps: the column has no coefficients: Y (and 1 more)\n"));
+  EXPECT_EQ(
+      run.err,
+      folder.Expand("quarvel: @a.mps: line 5: a coefficient of 0: R1; no element (and 1 more)\n"
+                    "quarvel: @a.mps: the column has no coefficients: Y (and 1 more)\n"));
 }
 
 TEST(Reading, EndsWithAFileThatCannotBeRead) {

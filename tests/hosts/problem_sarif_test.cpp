@@ -60,7 +60,7 @@ TEST(ProblemSarif, HasAResultForEachProblem) {
   const JsonValue log = CheckAsSarif(folder.Example("mistakes.mps"));
   const JsonValue& run = log["runs"][0];
   const JsonValue& rules = run["tool"]["driver"]["rules"];
-  ASSERT_EQ(run["results"].size(), 34U);
+  ASSERT_EQ(run["results"].size(), 35U);
   for (const JsonValue& result : run["results"].items()) {
     const auto index = static_cast<std::size_t>(result["ruleIndex"].number());
     EXPECT_EQ(rules[index]["id"].text(), result["ruleId"].text());

@@ -81,8 +81,40 @@ TEST_F(LintTest, FindsWhatIsBeyondTheLimitOnEitherSide) {
 
 TEST_F(LintTest, FindsIntegersThatReadersBoundDifferently) {
   build_.Integer("A").Integer("B", 0, 9).Integer("C", -4).Column("D");
-  EXPECT_EQ(Find(FileProblemCode::kIntegerWithoutUpper),
-            Sentences{"A; any value from 0 on is allowed here; to other readers the bound is 1"});
+  EXPECT_EQ(
+      Find(FileProblemCode::kIntegerWithoutUpper),
+      (Sentences{"A; any value from 0 on is allowed here; to other readers the upper bound is 1",
+                 "C; any value from -4 on is allowed here; to other readers the upper bound "
+                 "is 1"}));
+  facts_.SayUpper(1);
+  EXPECT_EQ(Find(FileProblemCode::kIntegerWithoutUpper).size(), 1U);
+}
+
+// The columns that a file with such BOUNDS of five integer columns leaves to its reader.
+std::string UnboundedBy(const std::string& bounds, const mps::ReadOptions& options = {}) {
+  const TemporaryFolder folder;
+  WriteWholeFile(folder.File("m.mps"),
+                 "ROWS\n N C\n L R\nCOLUMNS\n M 'MARKER' 'INTORG'\n U R 1\n V R 2\n W R 3\n X R 4\n"
+                 " Y R 5\n N 'MARKER' 'INTEND'\nBOUNDS\n" +
+                     bounds + "ENDATA\n");
+  model::ModelStore store;
+  mps::FileRead read = mps::ReadFile(folder.File("m.mps"), options, store);
+  FileProblems problems;
+  Lint(store, read.facts, problems);
+  std::string names;
+  for (const FileProblem& problem : problems.kept()) {
+    if (problem.code == FileProblemCode::kIntegerWithoutUpper) names += problem.item;
+  }
+  return names;
+}
+
+TEST(LintOfFiles, TellsOfIntegersWhoseUpperBoundNoLineOfBoundsSettles) {
+  EXPECT_EQ(UnboundedBy(" PL B U\n FR B V\n UP B W 1e30\n UP B X 4\n FX B Y 2\n"), "");
+  EXPECT_EQ(UnboundedBy(" LI B U 0\n LI B V 2\n UI B W inf\n UP B X inf\n SI B Y\n"), "");
+  EXPECT_EQ(UnboundedBy(" LO B U 5\n MI B V\n LO B W 0\n LO B X -inf\n"), "UVWXY");
+  // To a reader of the first set alone the others say nothing.
+  EXPECT_EQ(UnboundedBy(" PL B U\n PL OTHER V\n PL OTHER W\n"), "VWXY");
+  EXPECT_EQ(UnboundedBy(" PL B U\n LO B V 3\n", {.dialect = mps::FileDialect::kComponent}), "VWXY");
 }
 
 TEST_F(LintTest, CountsLongNamesInOneProblem) {

@@ -90,7 +90,7 @@ TEST(WhereFrom, TellsTheLinesThatMadeAColumn) {
   EXPECT_EQ(TextOf(Find(kModel, false, "X")),
             "1 R@9 of 1\n 0@0 of 1\n 10000000000@0 4@23 9@25 of 3\n"
             "COST=1@9 LIM1=1@9 LIM2=1@10 LIM2=7@16 of 4\nidle 24\n"
-            "problems column-again@16 given-again@24 given-again@25\n");
+            "problems zero-coefficient@10 column-again@16 given-again@24 given-again@25\n");
 }
 
 TEST(WhereFrom, TellsTheLinesThatMadeARow) {
@@ -113,8 +113,21 @@ TEST(WhereFrom, TellsTheMarkerOfAColumnAndTheProblemsOfItsLines) {
 
 TEST(WhereFrom, TellsARowAndAColumnOfOneNameApart) {
   EXPECT_EQ(TextOf(Find(kModel, true, "BOTH")),
-            "4 L@7 of 1\n -10000000000@0 of 1\n 0@0 of 1\nBOTH=4@13 of 1\nidle 10\n"
-            "problems other-letters@13\n");
+            "4 L@7 of 1\n -10000000000@0 of 1\n 0@0 of 1\nBOTH=4@13 of 1\nidle\n"
+            "problems zero-coefficient@10 other-letters@13\n");
+}
+
+TEST(WhereFrom, TellsWhichLineGivesACoefficientOfZero) {
+  const RecordOrigin row = Find(kModel, true, "BOTH");
+  ASSERT_EQ(row.zeros.size(), 1U);
+  EXPECT_EQ(row.zero_count, 1);
+  EXPECT_EQ(row.zeros[0].line, 10);
+  EXPECT_EQ(row.zeros[0].other, "X");
+  const RecordOrigin column = Find(kModel, false, "X", 0);
+  EXPECT_EQ(column.zero_count, 1);
+  EXPECT_TRUE(column.zeros.empty());
+  EXPECT_EQ(Find(kModel, false, "X").zeros[0].other, "BOTH");
+  EXPECT_EQ(Find(kModel, true, "LIM2").zero_count, 0);
 }
 
 TEST(WhereFrom, TellsWhatNamesARecordThatTheFileDoesNotMake) {

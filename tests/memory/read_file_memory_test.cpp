@@ -47,7 +47,7 @@ TEST(ReadFileMemory, StoreIsEmptyOrWholeAtEveryFailedAllocation) {
   WriteWholeFile(path, SomeFile());
   model::ModelStore whole_store;
   const Read whole = ReadOf(mps::ReadFile(path, {}, whole_store), whole_store);
-  ASSERT_EQ(whole.problems, 7);
+  ASSERT_EQ(whole.problems, 8);
   const auto attempt = [&](std::int64_t n, Shortage shortage) -> std::optional<std::string> {
     model::ModelStore store;
     mps::FileRead read;

@@ -67,6 +67,16 @@ TEST(FixedFields, OfAShortLineAreEmpty) {
   EXPECT_EQ(fields.behind(), "");
 }
 
+TEST(FixedFields, TellWhatTheEndOfTheLastOneCuts) {
+  const std::string before(56, ' ');
+  EXPECT_EQ(FixedFields(before + " 1234").across(), "");
+  EXPECT_EQ(FixedFields(before + " 12345").across(), "12345");
+  EXPECT_EQ(FixedFields(before + " 1234 5").across(), "");
+  EXPECT_EQ(FixedFields(before + " 12345 note").across(), "12345");
+  EXPECT_EQ(FixedFields(before + "     note").across(), "");
+  EXPECT_EQ(FixedFields("    X         $      " + before + " 12345").across(), "");
+}
+
 TEST(FixedFields, HaveTheirBits) {
   EXPECT_EQ(FieldBitsText(1), " xx");
   EXPECT_EQ(FieldBitsText(2), "    xxxxxxxx");

@@ -61,13 +61,24 @@ TEST(GivenValues, TellBoundsOfTheWideCodes) {
 }
 
 TEST(GivenValues, TellNumbersTooSmallForADouble) {
-  EXPECT_EQ(GivenProblems("    Y  LIM  1e-400  COST  0\n"), "W416 8 1e-400");
-  EXPECT_EQ(GivenProblems("    Y  LIM  0e-400  COST  -0.00\n    Y  LIM  1e-320\n"), "");
+  EXPECT_EQ(GivenProblems("    Y  LIM  1e-400  COST  2\n"), "W416 8 1e-400");
+  EXPECT_EQ(GivenProblems("    Y  LIM  1e-320\n"), "");
   EXPECT_EQ(GivenProblems("RHS\n    R  LIM  -1D-400  COST  1e-400\n"),
             "W416 9 -1D-400; W416 9 1e-400; A309 9 COST");
   EXPECT_EQ(GivenProblems("RHS\nRANGES\n    G  LIM  1e-400\n"), "W416 10 1e-400");
   EXPECT_EQ(GivenProblems("BOUNDS\n LO B X 1e-400\n UI B Y 1e-400\n FR B Y 1e-400\n"),
             "W416 9 1e-400; W416 10 1e-400; A306 10 UI; W415 11 Y <10");
+}
+
+TEST(GivenValues, TellCoefficientsOfZero) {
+  EXPECT_EQ(GivenProblems("    Y  LIM  0e-400  COST  -0.00\n    Y  LIM  0\n"),
+            "W423 8 0e-400; W423 8 -0.00; W423 9 0");
+  EXPECT_EQ(GivenProblems("    Y  NONE  0\nRHS\n    R  LIM  0\nBOUNDS\n LO B X 0\n"),
+            "E110 8 NONE");
+  const WideReading reading("ROWS\n L LIM\nCOLUMNS\n X LIM 1\n Y LIM 0\nENDATA\n");
+  ASSERT_EQ(reading.read.problems.kept().size(), 2U);
+  EXPECT_EQ(SentenceOf(reading.read.problems.kept()[0]), "a coefficient of 0: LIM; no element");
+  EXPECT_EQ(reading.read.problems.kept()[1].item, "Y");
 }
 
 TEST(GivenValues, AreNotWatchedInTheComponentsDialect) {

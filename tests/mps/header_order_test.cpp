@@ -36,9 +36,11 @@ TEST(HeaderOrder, TellsHeadersThatStandThereAgain) {
   EXPECT_EQ(HeaderProblems("COLUMNS\nCOLUMNS\n"),
             "W417 7 COLUMNS its lines are read as ever <5; "
             "W417 8 COLUMNS its lines are read as ever <7");
-  EXPECT_EQ(HeaderProblems("NAME n\n"), "W417 7 NAME the last one counts <1");
-  EXPECT_EQ(HeaderProblems("OBJNAME COST\nOBJNAME COST\n").substr(0, 39),
-            "W417 8 OBJNAME the last one counts <7; ");
+  EXPECT_EQ(HeaderProblems("NAME n\n"), "W417 7 NAME the last name counts <1");
+  EXPECT_EQ(HeaderProblems("OBJNAME COST\nOBJNAME COST\n").substr(0, 40),
+            "W417 8 OBJNAME the last name counts <7; ");
+  EXPECT_EQ(HeaderProblems("OBJSENSEMAX\nOBJSENSE\n").substr(0, 42),
+            "W417 8 OBJSENSE the last sense counts <7; ");
 }
 
 TEST(HeaderOrder, LetsRowsOfASpecialKindStandAnywhere) {

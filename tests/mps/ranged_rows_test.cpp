@@ -49,6 +49,19 @@ TEST(RangedRows, GoByRightHandSidesBehindThem) {
   EXPECT_EQ(LimitsBy("L", kRanged), "-3..0, A314 8");
 }
 
+TEST(RangedRows, HaveNoLimitWhereNoDoubleHoldsIt) {
+  const std::string rhs = "RHS\n    R  LIM  1e308\n";
+  const std::string range = "RANGES\n    G  LIM  1e308\n";
+  EXPECT_EQ(LimitsBy("E", rhs + range), "1E+308..10000000000, A313 10, W504 0");
+  EXPECT_EQ(LimitsBy("G", rhs + range), "1E+308..10000000000, A313 10");
+  EXPECT_EQ(LimitsBy("G", range + rhs), "1E+308..10000000000, A314 8, W418 9, A313 10");
+  const std::string low = "RHS\n    R  LIM  -1e308\n";
+  EXPECT_EQ(LimitsBy("L", low + range), "-10000000000..-1E+308, A313 10");
+  EXPECT_EQ(LimitsBy("E", low + "RANGES\n    G  LIM  -1e308\n"),
+            "-10000000000..-1E+308, A310 10, A313 10, W504 0");
+  EXPECT_EQ(LimitsBy("E", low + range), "-1E+308..0, W504 0");
+}
+
 TEST(RangedRows, TakeTheLastRange) {
   const std::string rhs = kRangedRhs;
   EXPECT_EQ(LimitsBy("L", rhs + "RANGES\n    G  LIM  3\n    G  LIM  5\n"), "15..20, W415 11");

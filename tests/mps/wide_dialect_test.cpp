@@ -198,6 +198,18 @@ TEST(WideDialect, RefusesTextInAFieldThatTheSectionHasNot) {
   EXPECT_EQ(reading.Problems(), "A301 4; E122 5:2+1 'Q'");
 }
 
+TEST(WideDialect, RefusesAWordThatTheEndOfTheLastFieldCuts) {
+  const std::string begin =
+      "ROWS\n N  COST\n L  LIM 1\nCOLUMNS\n    X         COST              1.     LIM 1             2.\n"
+      "RHS\n    RHS       COST              1.     LIM 1     ";
+  WideReading cut(begin + "          125\nENDATA\n");
+  EXPECT_EQ(cut.Problems(), "A301 3; A301 5; E122 7:60+3 '125'");
+  EXPECT_EQ(cut.Row("LIM 1").UpperBound, 0);
+  WideReading whole(begin + "        125 6\nENDATA\n");
+  EXPECT_EQ(whole.Problems(), "A301 3; A301 5; W411 7:62+1 '6'; A309 7:15+4 'COST'");
+  EXPECT_EQ(whole.Row("LIM 1").UpperBound, 125);
+}
+
 TEST(WideDialect, FindsFreeAtTheEndOfAnyNameLine) {
   const WideReading reading("NAME  one of many words in it FREE  \nROWS\n N  A B\nENDATA\n");
   EXPECT_EQ(reading.Problems().substr(0, 6), "E102 3");

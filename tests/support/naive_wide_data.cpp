@@ -88,8 +88,11 @@ void NaiveWideReader::UseColumn(const NaiveWords& words) {
   }
   for (std::size_t place = 1; place < words.size(); place += 2) {
     const auto [row, value] = ReadPair(words, place);
-    if (row != 0 && IsTooSmall(words[place + 1], value)) Tell("W416");
-    if (row == 0 || value == 0) continue;
+    if (row == 0) continue;
+    if (value == 0) {
+      Tell(IsTooSmall(words[place + 1], value) ? "W416" : "W423");
+      continue;
+    }
     ++model_.NumberOfElements;
     model_.Columns.at(static_cast<std::size_t>(column - 1)).Elements.push_back({row, value});
     Row(row).Elements.push_back({column, value});
@@ -214,9 +217,13 @@ void NaiveWideReader::ApplyRange(std::int32_t number) {
   const double rhs = right_hand_sides_[number];
   if (row.Type == "G") row.UpperBound = rhs + std::fabs(range);
   if (row.Type == "L") row.LowerBound = rhs - std::fabs(range);
-  if (row.Type != "E") return;
-  row.LowerBound = range > 0 ? rhs : rhs + range;
-  row.UpperBound = range > 0 ? rhs + range : rhs;
+  if (row.Type == "E") {
+    row.LowerBound = range > 0 ? rhs : rhs + range;
+    row.UpperBound = range > 0 ? rhs + range : rhs;
+  }
+  if (std::isinf(row.LowerBound) || std::isinf(row.UpperBound)) Tell("A313");
+  if (std::isinf(row.LowerBound)) row.LowerBound = -1e10;
+  if (std::isinf(row.UpperBound)) row.UpperBound = 1e10;
 }
 
 // A line that makes no sense, for the first reason that there is.

@@ -158,6 +158,10 @@ NaiveFields::NaiveFields(const std::string& line, NaiveSection section) {
     }
     done = last;
   }
+  // Columns 61 and 62.
+  if (!is_cut && characters.size() > 61 && characters[60] != " " && characters[61] != " ") {
+    has_text_between = true;
+  }
   has_text_behind = !is_cut && !TextIn(characters, done + 1, characters.size()).empty();
   while (!words.empty() && words.back().empty()) words.pop_back();
 }
