@@ -1,88 +1,21 @@
 #include "inspect/dialects.h"
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 #include <utility>
 
-#include "model/bound_code.h"
 #include "model/model_fill.h"
 #include "mps/line_source.h"
 #include "mps/section.h"
+#include "mps/wide_headers.h"
+#include "mps/wide_words.h"
 #include "text/numbers.h"
 
 namespace quarvel::inspect {
 namespace {
 
 using mps::Section;
-
-constexpr std::array<ReaderReading, kReaders> Readings(std::string_view quarvel,
-                                                       std::string_view glpsol,
-                                                       std::string_view lp_solve,
-                                                       std::string_view cbc) {
-  return {{{"quarvel", quarvel}, {"glpsol", glpsol}, {"lp_solve", lp_solve}, {"cbc", cbc}}};
-}
-
-constexpr std::string_view kRefuses = "refuses the file";
-
-constexpr std::array<DialectTraits, 21> kDialects = {{
-    {DialectPoint::kObjectiveSense, "objective-sense", "OBJSENSE",
-     Readings("a fact beside the model", kRefuses,
-              "takes the sense from the line below, in free columns only",
-              "minimizes whatever stands in the line below; refuses a sense in the same line")},
-    {DialectPoint::kSecondFreeRow, "second-free-row", "N rows after the first",
-     Readings("a row like any other", "left out of what is solved", "left out", "left out")},
-    {DialectPoint::kIntegerWithoutBounds, "integer-without-bounds",
-     "integer columns that BOUNDS does not name",
-     Readings("no upper bound", "upper bound 1", "no upper bound", "upper bound 1")},
-    {DialectPoint::kIntegerWithLowerOnly, "integer-with-lower-only",
-     "integer columns that BOUNDS gives a lower bound alone",
-     Readings("no upper bound", "upper bound 1", "no upper bound", "no upper bound")},
-    {DialectPoint::kPairTwice, "pair-twice", "a row given twice by one column",
-     Readings("two coefficients", kRefuses, kRefuses, kRefuses)},
-    {DialectPoint::kObjectiveConstant, "objective-constant", "a right-hand side of the objective",
-     Readings("taken off the objective", "added to the objective", "added to the objective",
-              "taken off the objective")},
-    {DialectPoint::kSetWithoutName, "set-without-name", "lines without the name of a set",
-     Readings("reads them", "reads them in fixed columns with a warning, refuses them in free ones",
-              "reads them", "reads them in fixed columns, refuses them in free ones")},
-    {DialectPoint::kSecondRhsSet, "second-rhs-set", "a second set of right-hand sides",
-     Readings("applies the first set alone", kRefuses, "applies every set",
-              "applies the first set alone")},
-    {DialectPoint::kSecondRangesSet, "second-ranges-set", "a second set of ranges",
-     Readings("applies the first set alone", kRefuses, "applies every set",
-              "applies the first set alone")},
-    {DialectPoint::kSecondBoundsSet, "second-bounds-set", "a second set of bounds",
-     Readings("applies the first set alone", kRefuses, "applies every set",
-              "applies the first set alone")},
-    {DialectPoint::kRangeOfFreeRow, "range-of-free-row", "a range of an N row",
-     Readings("passes over it", "passes over it with a warning", "passes over it", kRefuses)},
-    {DialectPoint::kNegativeUpper, "negative-upper",
-     "a negative UP without a lower bound before it",
-     Readings("the lower bound stays 0", "the lower bound stays 0", "the lower bound stays 0",
-              "takes the lower bound away")},
-    {DialectPoint::kSemiContinuous, "semi-continuous", "SC bounds",
-     Readings("an upper bound alone", kRefuses, "a semi-continuous column", "reads it")},
-    {DialectPoint::kLargeNumber, "large-number",
-     "an upper bound or limit of 1E+10 or more, or a lower one of -1E+10 or less",
-     Readings("no limit", "a number like any other", "a number like any other",
-              "a number like any other")},
-    {DialectPoint::kMissingEndata, "missing-endata", "no ENDATA line",
-     Readings("reads what is there", kRefuses, kRefuses, kRefuses)},
-    {DialectPoint::kGivenAgain, "given-again", "a right-hand side or bound given again",
-     Readings("the last one counts", kRefuses, "the last one counts", kRefuses)},
-    {DialectPoint::kRangeAgain, "range-again", "a range given again",
-     Readings("the last one counts", kRefuses,
-              "the first one of an L row counts, the last one of a G row", kRefuses)},
-    {DialectPoint::kHeaderAgain, "header-again", "NAME or a section for a second time",
-     Readings("reads both", kRefuses, "reads both, but no ROWS behind COLUMNS", kRefuses)},
-    {DialectPoint::kSectionOrder, "section-order", "a section behind one that should follow it",
-     Readings("reads them in any order", kRefuses,
-              "reads RHS, RANGES and BOUNDS in any order, refuses another", kRefuses)},
-    {DialectPoint::kColumnAgain, "column-again", "a column taken up again behind another",
-     Readings("one column", kRefuses, kRefuses, "reads it")},
-    {DialectPoint::kSmallHeader, "small-header", "a header in small letters",
-     Readings("the same as in capitals", kRefuses, kRefuses, kRefuses)},
-}};
 
 // Of a line whose problem is all there is to find; nothing for most.
 std::optional<DialectPoint> PointOf(const mps::FileProblem& problem, Section section) {
@@ -104,6 +37,12 @@ std::optional<DialectPoint> PointOf(const mps::FileProblem& problem, Section sec
       return DialectPoint::kColumnAgain;
     case kSmallHeader:
       return DialectPoint::kSmallHeader;
+    case kOtherLetters:
+      return DialectPoint::kOtherLetters;
+    case kInfiniteValue:
+      return DialectPoint::kInfiniteBound;
+    case kTab:
+      return DialectPoint::kTab;
     default:
       return std::nullopt;
   }
@@ -112,18 +51,27 @@ std::optional<DialectPoint> PointOf(const mps::FileProblem& problem, Section sec
 class DialectWatch {
  public:
   DialectWatch(model::ModelStore& store, std::size_t kept) : fill_(store.fill()), kept_(kept) {
-    for (const DialectTraits& traits : kDialects) found_.push_back({.point = traits.point});
+    for (const DialectTraits& traits : DialectTable()) found_.push_back({.point = traits.point});
+    last_lines_.resize(found_.size());
   }
 
   void Use(const mps::SourceLine& line, Section section, Section next) {
     section_ = next;
-    if (line.too_long() || line.text().empty() || section != next || !line.is_split()) return;
+    if (line.too_long() || line.text().empty() || !line.is_split()) return;
     number_ = line.number();
+    NoteName(line);
+    if (section != next) return UseHeader(section, next);
+    if (IsDataInFirstColumn(line, section)) Find(DialectPoint::kFirstColumn);
     if (section == Section::kRows) UseRow(line);
     if (section == Section::kColumns) UseColumn(line);
     if (section == Section::kRhs) UsePairs(line, rhs_set_, DialectPoint::kSecondRhsSet);
     if (section == Section::kRanges) UsePairs(line, ranges_set_, DialectPoint::kSecondRangesSet);
     if (section == Section::kBounds) UseBound(line);
+  }
+
+  // Of a line that is passed over.
+  void Pass(const mps::SourceLine& line) {
+    if (!line.too_long() && !line.text().empty() && line.is_split()) NoteName(line);
   }
 
   void Hear(const mps::FileProblem& problem) {
@@ -140,8 +88,7 @@ class DialectWatch {
       Find(column.has_lower ? DialectPoint::kIntegerWithLowerOnly
                             : DialectPoint::kIntegerWithoutBounds);
     }
-    number_ = facts.lines;
-    if (!facts.has_endata) Find(DialectPoint::kMissingEndata);
+    FindMissing(facts);
     // The sense that counts is told behind those that do not.
     for (DialectFinding& finding : found_) std::sort(finding.lines.begin(), finding.lines.end());
     std::erase_if(found_, [](const DialectFinding& finding) { return finding.count == 0; });
@@ -153,7 +100,7 @@ class DialectWatch {
     std::int64_t line = 0;  // its first
     bool is_integer = false;
     bool has_lower = false;  // in BOUNDS
-    bool has_upper = false;
+    bool has_upper = false;  // or what says to all readers that there is none
   };
 
   void Find(DialectPoint point) {
@@ -164,13 +111,56 @@ class DialectWatch {
     ++finding.count;
   }
 
+  void FindMissing(const mps::FileFacts& facts) {
+    number_ = facts.lines;
+    if (!facts.has_endata) Find(DialectPoint::kMissingEndata);
+    number_ = behind_columns_ != 0 ? behind_columns_ : facts.lines;
+    if (!has_rhs_) Find(DialectPoint::kMissingRhs);
+    number_ = first_header_;
+    if (!has_name_) Find(DialectPoint::kMissingName);
+  }
+
+  // One behind the first header comes too late.
+  void NoteName(const mps::SourceLine& line) {
+    has_name_ |= first_header_ == 0 && line.text()[0] != ' ' && line[1] == "NAME";
+  }
+
+  void UseHeader(Section section, Section next) {
+    if (first_header_ == 0) first_header_ = number_;
+    if (section == Section::kColumns && behind_columns_ == 0) behind_columns_ = number_;
+    has_rhs_ |= next == Section::kRhs;
+  }
+
+  // A header that stands in its own section is none, unless words behind it are a pair of the section.
+  bool IsDataInFirstColumn(const mps::SourceLine& line, Section section) const {
+    const char first = line.text()[0];
+    if (section == Section::kStart || first == ' ' || first == '\t') return false;
+    if (mps::FindWideHeader(line[1]) == mps::WideHeader::kUnknown) return true;
+    return line.token_count() > 2 && fill_.FindRow(line.Key(2), line[2]) != 0;
+  }
+
+  void FindDExponent(std::string_view word) {
+    if (word.find('D') != std::string_view::npos && text::ParseNumber(word)) {
+      Find(DialectPoint::kDExponent);
+    }
+  }
+  void FindDExponents(const mps::SourceLine& line) {
+    if (line.token_count() != 3 && line.token_count() != 5) return;
+    for (std::size_t token = 3; token <= line.token_count(); token += 2) FindDExponent(line[token]);
+  }
+
   void UseRow(const mps::SourceLine& line) {
-    if (line.token_count() != 2 || line[1] != "N") return;
+    if (line.token_count() != 2) return;
+    if (!model::TraitsOf(model::RowTypeOf(line[1])).in_files()) return;
+    if (line.SmallLettersOf(line[1]) != 0) Find(DialectPoint::kSmallCode);
+    if (line[1] != "N") return;
     if (objective_ != 0) return Find(DialectPoint::kSecondFreeRow);
     objective_ = fill_.FindRow(line.Key(2), line[2]);
   }
 
   void UseColumn(const mps::SourceLine& line) {
+    FindDExponents(line);
+    FindSmallMarker(line);
     const std::int32_t elements = fill_.data().NumberOfElements;
     const std::int32_t added = elements - std::exchange(elements_, elements);
     const auto count = static_cast<std::size_t>(fill_.data().NumberOfColumns);
@@ -179,6 +169,12 @@ class DialectWatch {
       columns_.push_back({.line = number_, .is_integer = type == model::ColumnType::kInteger});
     }
     if (added > 0) FindPairs(fill_.FindColumn(line.Key(1), line[1]), added);
+  }
+
+  void FindSmallMarker(const mps::SourceLine& line) {
+    if (line.token_count() != 3 || line[2] != "'MARKER'") return;
+    const bool is_small = (line.SmallLettersOf(line[2]) | line.SmallLettersOf(line[3])) != 0;
+    if (is_small) Find(DialectPoint::kSmallMarker);
   }
 
   // Rows that the last column of a name has had before.
@@ -196,7 +192,8 @@ class DialectWatch {
   void UsePairs(const mps::SourceLine& line, std::optional<std::string>& first_set,
                 DialectPoint second_set) {
     if (line.token_count() != 3 && line.token_count() != 5) return;
-    if (!line[1].empty()) UseSet(line[1], first_set, second_set);
+    FindDExponents(line);
+    if (!line[1].empty() && !UseSet(line[1], first_set, second_set)) return;
     for (std::size_t token = 2; token < line.token_count(); token += 2) {
       const std::int32_t row = fill_.FindRow(line.Key(token), line[token]);
       const std::optional<double> value = text::ParseNumber(line[token + 1]);
@@ -206,31 +203,43 @@ class DialectWatch {
 
   void UsePair(std::int32_t row, double value, bool is_rhs) {
     const model::RowTypeTraits& type = model::TraitsOf(fill_.data().Rows[row].Type);
-    const bool is_free = type.type == model::RowType::kFree;
-    if (is_free && !is_rhs) Find(DialectPoint::kRangeOfFreeRow);
-    if (is_rhs && row == objective_ && value != 0) Find(DialectPoint::kObjectiveConstant);
-    if (is_rhs && CountsAsNone(value, type.has_lower, type.has_upper)) {
-      Find(DialectPoint::kLargeNumber);
-    }
+    if (!is_rhs) return UseRange(fill_.data().Rows[row], type, value);
+    if (row == objective_ && value != 0) Find(DialectPoint::kObjectiveConstant);
+    if (CountsAsNone(value, type.has_lower, type.has_upper)) Find(DialectPoint::kLargeNumber);
   }
 
-  void UseSet(std::string_view set, std::optional<std::string>& first_set,
+  // The row has it already.
+  void UseRange(const model::RowRecord& row, const model::RowTypeTraits& type, double value) {
+    constexpr double kInfinite = 1e30;
+    const bool by_sign = type.range == model::RangeEffect::kBySign;
+    const bool sets_upper = by_sign ? value > 0 : type.range == model::RangeEffect::kSetsUpper;
+    if (type.range == model::RangeEffect::kNothing) return Find(DialectPoint::kRangeOfFreeRow);
+    if (by_sign && std::fabs(value) >= kInfinite) Find(DialectPoint::kInfiniteRange);
+    const bool has_limit =
+        sets_upper ? model::HasUpper(row.UpperBound) : model::HasLower(row.LowerBound);
+    if (!has_limit) Find(DialectPoint::kLargeNumber);
+  }
+
+  // Whether it is the first set.
+  bool UseSet(std::string_view set, std::optional<std::string>& first_set,
               DialectPoint second_set) {
-    if (!first_set) {
-      first_set = set;
-    } else if (*first_set != set) {
-      Find(second_set);
-    }
+    if (!first_set) first_set = set;
+    const bool is_first = *first_set == set;
+    if (!is_first) Find(second_set);
+    return is_first;
   }
 
   void UseBound(const mps::SourceLine& line) {
     if (line.token_count() < 3) return;
     const std::string_view code = line[1];
-    const model::BoundCodeTraits* const known = model::FindBoundCode(code);
-    const bool needs_value =
-        known != nullptr ? known->needs_value : code == "LI" || code == "UI" || code == "SC";
+    const std::optional<mps::BoundValue> use = mps::ValueOfBound(code);
+    if (!use) return;
+    const bool needs_value = use != mps::BoundValue::kIgnored;
+    if (needs_value && line.token_count() > 3) FindDExponent(line[4]);
+    if (line.SmallLettersOf(code) != 0) Find(DialectPoint::kSmallCode);
     if (!line[2].empty()) UseSet(line[2], bounds_set_, DialectPoint::kSecondBoundsSet);
     if (code == "SC") Find(DialectPoint::kSemiContinuous);
+    if (code == "SI") Find(DialectPoint::kSemiInteger);
     const std::int32_t column = fill_.FindColumn(line.Key(3), line[3]);
     if (column == 0) return;
     const std::optional<double> value =
@@ -242,11 +251,12 @@ class DialectWatch {
     const bool is_upper = code == "UP" || code == "UI";
     if (is_upper && value && *value < 0 && !column.has_lower) Find(DialectPoint::kNegativeUpper);
     const bool is_lower = code == "LO" || code == "LI";
-    if (value && CountsAsNone(*value, !is_upper && code != "SC", !is_lower)) {
+    if (value && CountsAsNone(*value, !is_upper && code[0] != 'S', !is_lower)) {
       Find(DialectPoint::kLargeNumber);
     }
     column.has_lower |= !is_upper && code != "PL";
-    column.has_upper |= !is_lower;
+    // LI gives none either, and to no reader one of 1.
+    column.has_upper |= code != "LO" && code != "MI";
   }
 
   // Of what is made the lower bound, the upper one, or both.
@@ -257,11 +267,15 @@ class DialectWatch {
   model::ModelFill fill_;
   std::size_t kept_;
   std::vector<DialectFinding> found_;
-  std::array<std::int64_t, kDialects.size()> last_lines_{};  // of each point
-  Section section_ = Section::kStart;                        // of the next line
-  std::int64_t number_ = 0;                                  // of the line
-  std::int32_t objective_ = 0;                               // the first row of type N
-  std::int32_t elements_ = 0;  // of the model after the last line of COLUMNS
+  std::vector<std::int64_t> last_lines_;  // of each point
+  Section section_ = Section::kStart;     // of the next line
+  bool has_name_ = false;
+  bool has_rhs_ = false;
+  std::int64_t first_header_ = 0;    // the line of the first section; 0 for none, as in the next
+  std::int64_t behind_columns_ = 0;  // of the first one behind COLUMNS
+  std::int64_t number_ = 0;          // of the line
+  std::int32_t objective_ = 0;       // the first row of type N
+  std::int32_t elements_ = 0;        // of the model after the last line of COLUMNS
   std::vector<ColumnSeen> columns_;
   std::vector<std::int32_t> columns_of_rows_;  // that named the row last
   std::optional<std::string> rhs_set_;
@@ -270,12 +284,6 @@ class DialectWatch {
 };
 
 }  // namespace
-
-std::span<const DialectTraits> DialectTable() { return kDialects; }
-
-const DialectTraits& TraitsOf(DialectPoint point) {
-  return kDialects[static_cast<std::size_t>(point)];
-}
 
 DialectFindings FindDialects(const std::string& path, const mps::ReadOptions& options,
                              model::ModelStore& store, std::size_t kept) {
@@ -288,9 +296,7 @@ DialectFindings FindDialects(const std::string& path, const mps::ReadOptions& op
   watched.on_line = [&](const mps::SourceLine& line, Section section, Section next) {
     watch.Use(line, section, next);
   };
-  watched.on_passed_line = [&](const mps::SourceLine& line, Section section) {
-    watch.Use(line, section, section);
-  };
+  watched.on_passed_line = [&](const mps::SourceLine& line, Section) { watch.Pass(line); };
   DialectFindings findings;
   findings.read = mps::ReadFile(path, watched, store);
   if (findings.read.outcome == mps::ReadOutcome::kRead) {

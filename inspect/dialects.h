@@ -1,61 +1,16 @@
-// What MPS readers in use make different models of: one table of such things with what each reader does,
-// and a read that finds them in a file. docs/dialects.md tells how what the others do was found out.
+// A read that finds in a file what MPS readers in use make different models of (dialect_points.h).
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "inspect/dialect_points.h"
 #include "model/model_store.h"
 #include "mps/read_file.h"
 
 namespace quarvel::inspect {
-
-enum class DialectPoint : std::uint8_t {
-  kObjectiveSense,
-  kSecondFreeRow,
-  kIntegerWithoutBounds,
-  kIntegerWithLowerOnly,
-  kPairTwice,
-  kObjectiveConstant,
-  kSetWithoutName,
-  kSecondRhsSet,
-  kSecondRangesSet,
-  kSecondBoundsSet,
-  kRangeOfFreeRow,
-  kNegativeUpper,
-  kSemiContinuous,
-  kLargeNumber,
-  kMissingEndata,
-  kGivenAgain,
-  kRangeAgain,
-  kHeaderAgain,
-  kSectionOrder,
-  kColumnAgain,
-  kSmallHeader,
-};
-
-// A reader that is in use, and what it makes of something.
-struct ReaderReading {
-  std::string_view reader;
-  std::string_view reading;
-};
-inline constexpr std::size_t kReaders = 4;
-
-struct DialectTraits {
-  DialectPoint point;
-  std::string_view id;     // never changes
-  std::string_view words;  // what stands in the file
-  std::array<ReaderReading, kReaders> readings;
-};
-
-// In the order of the points.
-std::span<const DialectTraits> DialectTable();
-const DialectTraits& TraitsOf(DialectPoint point);
 
 struct DialectFinding {
   DialectPoint point;

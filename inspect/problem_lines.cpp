@@ -7,6 +7,7 @@
 
 #include "inspect/where_from.h"
 #include "model/bounds.h"
+#include "mps/name_spellings.h"
 
 namespace quarvel::inspect {
 namespace {
@@ -18,7 +19,7 @@ using Lines = std::vector<std::int64_t>;
 bool IsOfColumn(FileProblemCode code) {
   using enum FileProblemCode;
   return code == kColumnBoundsReversed || code == kPairTwice || code == kBeyondLimit ||
-         code == kOtherLetters || code == kColumnAgain;
+         code == kColumnAgain;
 }
 bool IsOfRow(FileProblemCode code) {
   using enum FileProblemCode;
@@ -26,13 +27,23 @@ bool IsOfRow(FileProblemCode code) {
          code == kRowTwice;
 }
 
+// The one problem that says itself which of the two it is about.
+bool IsOfRow(const FileProblem& problem) {
+  if (problem.code == FileProblemCode::kOtherLetters) return problem.made == mps::kOneRow;
+  return IsOfRow(problem.code);
+}
+bool IsOfColumn(const FileProblem& problem) {
+  if (problem.code == FileProblemCode::kOtherLetters) return problem.made != mps::kOneRow;
+  return IsOfColumn(problem.code);
+}
+
 // The records that problems are about, each once.
 class WatchedRecords {
  public:
   explicit WatchedRecords(const std::vector<FileProblem>& problems) {
     for (const FileProblem& problem : problems) {
-      if (IsOfRow(problem.code)) Watch(true, problem.item);
-      if (IsOfColumn(problem.code)) Watch(false, problem.item);
+      if (IsOfRow(problem)) Watch(true, problem.item);
+      if (IsOfColumn(problem)) Watch(false, problem.item);
     }
   }
   std::vector<RecordOrigin>& records() { return records_; }
@@ -76,10 +87,9 @@ void AddFirst(const RecordOrigin& record, Lines& lines) {
 
 Lines LinesOf(const FileProblem& problem, const WatchedRecords& watched) {
   Lines lines;
-  const bool is_row_twice = problem.code == FileProblemCode::kRowTwice;
-  if (is_row_twice || problem.code == FileProblemCode::kOtherLetters ||
-      problem.code == FileProblemCode::kColumnAgain) {
-    AddFirst(watched.Of(is_row_twice, problem.item), lines);
+  using enum FileProblemCode;
+  if (problem.code == kRowTwice || problem.code == kOtherLetters || problem.code == kColumnAgain) {
+    AddFirst(watched.Of(IsOfRow(problem), problem.item), lines);
     return lines;
   }
   if (problem.code == FileProblemCode::kPairTwice) {
@@ -95,7 +105,9 @@ Lines LinesOf(const FileProblem& problem, const WatchedRecords& watched) {
 
 }  // namespace
 
-bool HasLinesOfItsRecord(FileProblemCode code) { return IsOfRow(code) || IsOfColumn(code); }
+bool HasLinesOfItsRecord(FileProblemCode code) {
+  return IsOfRow(code) || IsOfColumn(code) || code == FileProblemCode::kOtherLetters;
+}
 
 void FindProblemLines(const std::string& path, const mps::ReadOptions& options,
                       model::ModelStore& store, std::vector<FileProblem>& problems) {

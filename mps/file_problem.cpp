@@ -98,7 +98,7 @@ constexpr FileProblemTraits kTable[] = {
     {kSenseUnknown, "W412", "sense-unknown", "no sense of an objective", "MAX or MIN"},
     {kAtLimit, "W413", "at-limit", "a bound of 1E+10 counts as none", "less than 1E+10"},
     {kOtherLetters, "W414", "other-letters",
-     "a column whose name stands above in other letters, small or capital",
+     "a name that stands above in other letters, small or capital",
      "one spelling; or names that differ in capitals too"},
     {kGivenAgain, "W415", "given-again", "a value that a line above has given", "each value once"},
     {kTooSmall, "W416", "too-small", "a number too small for a double",

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "text/byte_block.h"
+
 namespace quarvel::mps {
 namespace {
 
@@ -24,10 +26,26 @@ void SourceLine::NoteSmallLetters() {
   }
 }
 
-std::uint64_t SourceLine::SmallLettersOf(std::string_view part) const {
+std::uint64_t SourceLine::CapitalLetters() const {
+  const std::string_view text = split_text().substr(0, LineBatch::kLongest);
+  std::uint64_t letters = 0;
+  if (comes_in_batch()) {
+    for (std::size_t at = 0; at < text.size(); at += text::kBlockSize) {
+      const text::ByteBlock block(text.data() + at);
+      letters |= std::uint64_t{block.AtLeast('A') ^ block.AtLeast('[')} << at;
+    }
+    letters &= (std::uint64_t{1} << text.size()) - 1;
+  } else {
+    std::size_t at = 0;
+    for (const char c : text) letters |= std::uint64_t{c >= 'A' && c <= 'Z'} << at++;
+  }
+  return letters & ~small_letters();
+}
+
+std::uint64_t SourceLine::LettersOf(std::uint64_t letters, std::string_view part) const {
   const auto begin = static_cast<std::size_t>(part.data() - split_text().data());
   if (begin >= LineBatch::kLongest) return 0;
-  const std::uint64_t bits = small_letters() >> begin;
+  const std::uint64_t bits = letters >> begin;
   const bool is_long = part.size() >= LineBatch::kLongest;
   return is_long ? bits : bits & ((std::uint64_t{1} << part.size()) - 1);
 }

@@ -53,8 +53,13 @@ class SourceLine {
   // if that was asked for before it was split.
   std::uint64_t small_letters() const { return line_->small; }
   void NoteSmallLetters();
-  // The same of a part of split_text(), from its first byte on.
-  std::uint64_t SmallLettersOf(std::string_view part) const;
+  // The same of capital letters, of a line that is split. Takes a look at each of these bytes.
+  std::uint64_t CapitalLetters() const;
+  // The bits of such letters that are of a part of split_text(), from its first byte on.
+  std::uint64_t LettersOf(std::uint64_t letters, std::string_view part) const;
+  std::uint64_t SmallLettersOf(std::string_view part) const {
+    return LettersOf(small_letters(), part);
+  }
   // It came out of a batch, and there is no tab in it; of a source that watches tabs. Sometimes false
   // for such a line.
   bool is_simple() const { return is_simple_; }

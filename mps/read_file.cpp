@@ -4,12 +4,12 @@
 #include <utility>
 
 #include "mps/column_order.h"
-#include "mps/column_spellings.h"
 #include "mps/exact_writer.h"
 #include "mps/given_values.h"
 #include "mps/line_source.h"
 #include "mps/line_texts.h"
 #include "mps/model_sink.h"
+#include "mps/name_spellings.h"
 #include "mps/sections.h"
 #include "mps/watched_sink.h"
 #include "mps/wide_dialect.h"
@@ -34,15 +34,16 @@ class FileRun {
         source_(store.fill()),
         hear_([this](FileProblem problem) { Tell(std::move(problem)); }),
         values_(hear_),
+        spellings_(hear_),
         sink_(store.fill(), source_),
         sections_(sink_, Hear{*this}),
         wide_({options.columns, text::UpperCase(options.objective),
                options.negative_upper_frees_lower},
-              sink_, read_.facts, values_, hear_),
+              sink_, read_.facts, values_, spellings_, hear_),
         order_(sink_, hear_) {
     read_.problems = FileProblems(options.kept_of_each);
     sink_.TellUppers(read_.facts);
-    if (IsWide()) sink_.Watch(values_);
+    if (IsWide()) sink_.Watch(values_, spellings_);
   }
 
   FileRead Run() {
@@ -137,7 +138,7 @@ class FileRun {
   void CheckColumn(const SourceLine& line, WideDialect::Verdict verdict) {
     const std::int32_t column = sink_.ColumnOf(line);
     if (column != 0) {
-      if (spellings_.Wants(line)) CheckSpelling(line, column);
+      if (spellings_.Wants(line)) CheckSpellings(line, column);
       order_.Use(line, column, sections_.column_type());
     } else if (verdict == WideDialect::Verdict::kData && IsMarkerLine(line)) {
       order_.UseMarker(line);
@@ -150,13 +151,13 @@ class FileRun {
     return sink_.HasRows() && (count == 3 || count == 5) && line[2] == "'MARKER'";
   }
 
-  void CheckSpelling(const SourceLine& line, std::int32_t column) {
-    if (!spellings_.IsAnother(line, column, sink_.IsNewColumn(line))) return;
-    FileProblem problem{.code = FileProblemCode::kOtherLetters, .line = line.number()};
-    ShowPlace(line, line[1], problem);
-    problem.item = line[1];
-    problem.made = "one column";
-    Tell(std::move(problem));
+  // Looks the rows up again: to hear of them as they are found costs plain files too.
+  void CheckSpellings(const SourceLine& line, std::int32_t column) {
+    for (std::size_t token = 2; token < line.token_count(); token += 2) {
+      const std::int32_t row = sink_.FindRow(line, token);
+      if (row != 0) spellings_.UseRow(line, line[token], row);
+    }
+    spellings_.UseColumn(line, line[1], column, sink_.IsNewColumn(line));
   }
 
   void EndLines(SourceLine& line) {
@@ -291,10 +292,10 @@ class FileRun {
   LineSource source_;
   const HearProblem hear_;
   GivenValues values_;
+  NameSpellings spellings_;
   WatchedSink sink_;
   Sections<WatchedSink, Hear> sections_;
   WideDialect wide_;
-  ColumnSpellings spellings_;
   ColumnOrder order_;
 };
 

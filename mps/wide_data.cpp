@@ -80,6 +80,7 @@ std::int32_t WideData::ReadPair(const SourceLine& line, const TokenList& words, 
   if (row == 0) {
     Tell(kNoSuchRow, line, words[first], Named(words[first]));
   } else {
+    spellings_.UseRow(line, words[first], row);
     values_.CheckNumber(line, words[first + 1], value);
   }
   return row;
@@ -153,6 +154,7 @@ bool WideData::UseBound(const SourceLine& line, const TokenList& words) {
   // To other readers a column with a line of LI has no upper bound either.
   if (words[1] != "LO") facts_.SayUpper(column);
   values_.NoteBounds(line, words[3], column, GivenBy(words[1], words.count() == kValue));
+  spellings_.UseColumn(line, words[3], column);
   return true;
 }
 

@@ -17,6 +17,7 @@
 #include "mps/free_rows.h"
 #include "mps/given_values.h"
 #include "mps/model_sink.h"
+#include "mps/name_spellings.h"
 #include "mps/ranged_rows.h"
 #include "mps/wide_options.h"
 #include "mps/wide_report.h"
@@ -28,11 +29,12 @@ class WideData {
  public:
   // All must outlive this.
   WideData(const WideOptions& options, ModelSink& sink, FileFacts& facts, GivenValues& values,
-           const HearProblem& hear)
+           NameSpellings& spellings, const HearProblem& hear)
       : options_(options),
         sink_(sink),
         facts_(facts),
         values_(values),
+        spellings_(spellings),
         hear_(hear),
         free_rows_(options, sink, facts, hear),
         ranged_rows_(sink, hear) {}
@@ -106,6 +108,7 @@ class WideData {
   ModelSink& sink_;
   FileFacts& facts_;
   GivenValues& values_;
+  NameSpellings& spellings_;
   const HearProblem& hear_;
   FreeRows free_rows_;
   RangedRows ranged_rows_;

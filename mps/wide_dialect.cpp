@@ -21,13 +21,13 @@ std::string_view LastWord(std::string_view text) {
 }  // namespace
 
 WideDialect::WideDialect(WideOptions options, ModelSink& sink, FileFacts& facts,
-                         GivenValues& values, const HearProblem& hear)
+                         GivenValues& values, NameSpellings& spellings, const HearProblem& hear)
     : options_(std::move(options)),
       sink_(sink),
       facts_(facts),
       hear_(hear),
       sense_(sink),
-      data_(options_, sink, facts, values, hear),
+      data_(options_, sink, facts, values, spellings, hear),
       headers_(hear),
       said_columns_(options_.columns),
       columns_(said_columns_) {
@@ -37,7 +37,7 @@ WideDialect::WideDialect(WideOptions options, ModelSink& sink, FileFacts& facts,
 WideDialect::Verdict WideDialect::LookCloser(SourceLine& line, Section section) {
   if (line.too_long()) return Verdict::kLine;
   if (section == Section::kStart && line.text().starts_with('*')) return Verdict::kLine;
-  if (section == Section::kColumns || !line.text().starts_with(' ')) line.NoteSmallLetters();
+  line.NoteSmallLetters();
   line.Split();
   const bool decided = columns_ == FileColumns::kFree || line.comes_in_batch();
   if (decided && !HasTab(line.split_text()) && IsPlain(line, section)) return Verdict::kLine;

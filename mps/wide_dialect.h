@@ -31,6 +31,7 @@
 #include "mps/header_order.h"
 #include "mps/line_source.h"
 #include "mps/model_sink.h"
+#include "mps/name_spellings.h"
 #include "mps/section.h"
 #include "mps/wide_data.h"
 #include "mps/wide_headers.h"
@@ -52,7 +53,7 @@ class WideDialect {
   // All but the options must outlive this. `hear` is called while a line is looked at, or in Finish.
   // Lines are of a source that watches tabs.
   WideDialect(WideOptions options, ModelSink& sink, FileFacts& facts, GivenValues& values,
-              const HearProblem& hear);
+              NameSpellings& spellings, const HearProblem& hear);
   WideDialect(const WideDialect&) = delete;
   WideDialect& operator=(const WideDialect&) = delete;
 

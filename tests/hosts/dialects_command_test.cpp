@@ -6,8 +6,8 @@ namespace quarvel {
 namespace {
 
 constexpr std::string_view kDialectModel =
-    "ROWS\n N COST\n L LIM\nCOLUMNS\n X COST 1 LIM 1\n Y LIM 1\nRHS\n RHS LIM 4\nBOUNDS\n UP BND X -4\n"
-    " up bnd y -3\nENDATA\n";
+    "NAME M\nROWS\n N COST\n L LIM\nCOLUMNS\n X COST 1 LIM 1\n Y LIM 1\nRHS\n RHS LIM 4\nBOUNDS\n UP BND X -4\n"
+    " UP BND Y -3\nENDATA\n";
 
 TEST(DialectsCommand, ListsWhatReadersDisagreeAbout) {
   const HostFolder folder;
@@ -23,11 +23,11 @@ TEST(DialectsCommand, ListsWhatReadersDisagreeAbout) {
   const std::string end = std::string(kReadings) + "@a.mps: 1 thing that readers disagree about\n";
   EXPECT_EQ(run.out,
             folder.Expand("negative-upper: a negative UP without a lower bound before it, 2 "
-                          "lines\n    10 | UP BND X -4\n    11 | up bnd y -3\n" +
+                          "lines\n    11 | UP BND X -4\n    12 | UP BND Y -3\n" +
                           end));
   EXPECT_EQ(RunQuarvel({"dialects", model, "--limit", "1"}).out,
             folder.Expand("negative-upper: a negative UP without a lower bound before it, 2 lines\n"
-                          "    10 | UP BND X -4\n   ... 1 more (--limit all lists them)\n" +
+                          "    11 | UP BND X -4\n   ... 1 more (--limit all lists them)\n" +
                           end));
 }
 
@@ -47,7 +47,7 @@ TEST(DialectsCommand, PrintsJson) {
             folder.Expand(
                 "{\"file\":\"@a.mps\",\"dialects\":[\n{\"id\":\"negative-upper\",\"text\":\"a "
                 "negative UP without a lower bound before it\",\"count\":2,\"lines\":["
-                "{\"line\":10,\"text\":\" UP BND X -4\"},{\"line\":11,\"text\":\" up bnd y -3\"}"
+                "{\"line\":11,\"text\":\" UP BND X -4\"},{\"line\":12,\"text\":\" UP BND Y -3\"}"
                 "],\"readers\":{\"quarvel\":\"the lower bound stays 0\",\"glpsol\":\"the lower "
                 "bound stays 0\",\"lp_solve\":\"the lower bound stays 0\",\"cbc\":\"takes the "
                 "lower bound away\"}}]}\n"));

@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::string_view kExplainedModel =
     "ROWS\n N COST\n L LIM\n E X\nCOLUMNS\n X COST 1 LIM 2\n X NONE 1 X 3\n M 'MARKER' 'INTORG'\n"
-    " i lim 5\nRHS\n RHS LIM 4\nRANGES\n RNG LIM 2.5\nBOUNDS\n UP BND X 4\n up bnd x 9\n LO BND X 0\n"
+    " i LIM 5\nRHS\n RHS LIM 4\nRANGES\n RNG LIM 2.5\nBOUNDS\n UP BND X 4\n up bnd X 9\n LO BND X 0\n"
     "ENDATA\n";
 
 TEST(Explain, TellsWhichLinesMadeAColumn) {
@@ -23,7 +23,7 @@ TEST(Explain, TellsWhichLinesMadeAColumn) {
             "  elements  1\n"
             "            LIM 5: line 9\n"
             "8 | M 'MARKER' 'INTORG'\n"
-            "9 | i lim 5\n");
+            "9 | i LIM 5\n");
 }
 
 TEST(Explain, TellsWhichLinesMadeARow) {
@@ -38,7 +38,7 @@ TEST(Explain, TellsWhichLinesMadeARow) {
             "            I 5: line 9\n"
             " 3 | L LIM\n"
             " 6 | X COST 1 LIM 2\n"
-            " 9 | i lim 5\n"
+            " 9 | i LIM 5\n"
             "11 | RHS LIM 4\n"
             "13 | RNG LIM 2.5\n");
 }
@@ -68,7 +68,7 @@ TEST(Explain, TellsWhatWasOverriddenAndOfBothRecordsOfAName) {
       " 6 | X COST 1 LIM 2\n"
       " 7 | X NONE 1 X 3\n"
       "15 | UP BND X 4\n"
-      "16 | up bnd x 9\n"
+      "16 | up bnd X 9\n"
       "17 | LO BND X 0\n");
 }
 
@@ -267,7 +267,7 @@ TEST(Explain, PrintsJson) {
           "\"upperBound\":{\"count\":1,\"settings\":[{\"value\":\"inf\"}]},"
           "\"elements\":{\"count\":1,\"first\":[\n{\"line\":9,\"row\":\"LIM\",\"value\":5}]},"
           "\"unused\":{\"count\":0,\"lines\":[]},\"problems\":{\"count\":0,\"first\":[]}},\"lines\":[\n"
-          "{\"line\":8,\"text\":\" M 'MARKER' 'INTORG'\"},\n{\"line\":9,\"text\":\" i lim 5\"}],"
+          "{\"line\":8,\"text\":\" M 'MARKER' 'INTORG'\"},\n{\"line\":9,\"text\":\" i LIM 5\"}],"
           "\"hasEndata\":true}\n"));
   const std::string objective = RunQuarvel({"explain", folder.Path("a.mps"), "COST", "--json"}).out;
   EXPECT_NE(objective.find("\"objective\":null,\"objectiveConstant\":0,"), std::string::npos)

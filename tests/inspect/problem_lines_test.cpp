@@ -35,6 +35,12 @@ TEST(ProblemLines, AreThoseOfEachCoefficientOfAPair) {
   EXPECT_EQ(LinesOf({.code = Code::kPairTwice, .item = "X", .read = "A"}), (LineNumbers{6, 8, 9}));
 }
 
+TEST(ProblemLines, AreTheFirstOfANameInOtherLetters) {
+  EXPECT_EQ(LinesOf({.code = Code::kOtherLetters, .item = "A", .made = "one row"}), LineNumbers{3});
+  EXPECT_EQ(LinesOf({.code = Code::kOtherLetters, .item = "A", .made = "one column"}),
+            LineNumbers{10});
+}
+
 TEST(ProblemLines, AreNoneOfARecordThatIsNotThere) {
   EXPECT_EQ(LinesOf({.code = Code::kPairTwice, .item = "Z", .read = "A"}), LineNumbers{});
   EXPECT_EQ(LinesOf({.code = Code::kColumnBoundsReversed, .item = "Y"}), LineNumbers{});

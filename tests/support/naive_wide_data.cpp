@@ -58,6 +58,7 @@ void NaiveWideReader::UseRow(const NaiveWords& words) {
   row.UpperBound = type == "G" || type == "N" ? 1e10 : 0;
   model_.Rows.push_back(row);
   names_.rows[row.Name] = ++model_.NumberOfRows;
+  CheckSpelling("row", words, 1);
 }
 
 void NaiveWideReader::UseMarker(const std::string& what) {
@@ -97,7 +98,10 @@ void NaiveWideReader::UseColumn(const NaiveWords& words) {
     model_.Columns.at(static_cast<std::size_t>(column - 1)).Elements.push_back({row, value});
     Row(row).Elements.push_back({column, value});
   }
-  CheckSpelling(words[0]);
+  for (std::size_t place = 1; place < words.size(); place += 2) {
+    if (names_.rows.count(words[place]) > 0) CheckSpelling("row", words, place);
+  }
+  CheckSpelling("column", words, 0);
   CheckOrder(words[0], column);
 }
 
@@ -117,16 +121,21 @@ void NaiveWideReader::NoteGiven(const std::string& what) {
   if (!given_.insert(what).second) Tell("W415");
 }
 
-// Which letters of the name are small, in the first 63 bytes of the line.
-void NaiveWideReader::CheckSpelling(const std::string& name) {
-  const std::size_t begin = raw_.find_first_not_of(" \t");
+// Which letters of the name are small, when it ends in the first 63 bytes of the line.
+void NaiveWideReader::CheckSpelling(const std::string& kind, const NaiveWords& words,
+                                    std::size_t place) {
+  const std::string& name = words[place];
+  std::size_t begin = 0;
+  for (std::size_t word = 0; word < place; ++word) {
+    if (!words[word].empty()) begin = raw_.find_first_not_of(" \t", begin) + words[word].size();
+  }
+  begin = raw_.find_first_not_of(" \t", begin);
+  if (begin + name.size() > 63) return;
   std::string spelling;
-  for (std::size_t at = begin; at < std::min<std::size_t>(begin + name.size(), 63); ++at) {
+  for (std::size_t at = begin; at < begin + name.size(); ++at) {
     spelling += raw_[at] >= 'a' && raw_[at] <= 'z' ? 'a' : 'A';
   }
-  // Behind its end the line could have none.
-  spelling.resize(64, 'A');
-  const auto [found, is_new] = spellings_.try_emplace(name, spelling);
+  const auto [found, is_new] = spellings_.try_emplace(kind + " " + name, spelling);
   if (found->second != spelling) Tell("W414");
   found->second = spelling;
 }
@@ -150,6 +159,7 @@ std::pair<std::int32_t, double> NaiveWideReader::ReadPair(const NaiveWords& word
     return {0, 0};
   }
   if (row == 0) Tell("E110");
+  if (row != 0 && section_ != NaiveSection::kColumns) CheckSpelling("row", words, place);
   return {row, *value};
 }
 
@@ -278,6 +288,7 @@ void NaiveWideReader::ApplyBound(const NaiveWords& words) {
   if (code == "PL" || code == "FR") column.UpperBound = 1e10;
   ApplyIntegerBound(column, words, has_value, value);
   NoteBounds(words, has_value);
+  CheckSpelling("column", words, 2);
 }
 
 // One line that gives both again is told once.

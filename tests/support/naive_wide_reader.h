@@ -64,7 +64,8 @@ class NaiveWideReader {
   void UseColumn(const NaiveWords& words);
   void UseMarker(const std::string& what);
   void AddColumn(const std::string& name);
-  void CheckSpelling(const std::string& name);
+  // Of the name that is that word, from 0.
+  void CheckSpelling(const std::string& kind, const NaiveWords& words, std::size_t place);
   void CheckOrder(const std::string& name, std::int32_t column);
   // A value of that name is given.
   void NoteGiven(const std::string& what);
@@ -108,7 +109,7 @@ class NaiveWideReader {
   NaiveWords words_;
 
   std::string column_type_ = "R";
-  std::map<std::string, std::string> spellings_;  // of columns, in the last line of each
+  std::map<std::string, std::string> spellings_;  // of rows and columns, in the last line of each
   NaiveObjective objective_;
   std::map<std::int32_t, double> right_hand_sides_;
   std::map<std::int32_t, double> ranges_;
