@@ -85,6 +85,7 @@ int RunCheck(Session& session) {
     throw CommandError(kUsage, "check takes --json or --sarif, not both");
   }
   const std::vector<std::string>& files = arguments.operands;
+  StopAtSecondStandardInput(files);
   Summary summary;
   for (const std::string& file : files) {
     if (!session.KeepPrinting()) break;

@@ -73,6 +73,7 @@ int RunDiff(Session& session) {
   if (arguments.script && (arguments.json || arguments.quiet)) {
     throw CommandError(kUsage, "diff takes --script without --json and --quiet");
   }
+  StopAtSecondStandardInput(arguments.operands);
   session.Read(arguments.operands[0]);
   Session other(arguments, session.streams);
   other.Read(arguments.operands[1]);

@@ -137,7 +137,8 @@ void SetBound(Session& session, const Words& words) {
   const std::int32_t column = NumberOf<model::kColumnKind>(session, words[0]);
   const std::string letters = text::UpperCase(words[1]);
   const model::BoundCodeTraits* const code = model::FindBoundCode(letters);
-  if (code == nullptr) RaiseBad("there is no bound " + words[1]);
+  if (code == nullptr)
+    RaiseBad("there is no bound " + words[1] + ": it is one of " + model::BoundCodeLetters());
   if ((words.size() == 3) != code->needs_value) {
     RaiseBad(letters + (code->needs_value ? " needs a value" : " takes no value"));
   }
@@ -160,7 +161,8 @@ void SetObjective(Session& session, const Words& words) {
 
 void SetObjectiveSense(Session& session, const Words& words) {
   const std::string sense = text::UpperCase(words[0]);
-  if (sense != "MIN" && sense != "MAX") RaiseBad("there is no sense " + words[0]);
+  if (sense != "MIN" && sense != "MAX")
+    RaiseBad("there is no sense " + words[0] + ": it is MIN or MAX");
   session.facts().sense =
       sense == "MAX" ? mps::ObjectiveSense::kMaximize : mps::ObjectiveSense::kMinimize;
 }

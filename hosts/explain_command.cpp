@@ -13,6 +13,7 @@
 #include "inspect/where_from.h"
 #include "model/record_number.h"
 #include "text/edit_distance.h"
+#include "text/numbers.h"
 #include "text/upper_case.h"
 
 namespace quarvel::hosts {
@@ -71,8 +72,17 @@ std::vector<RecordOrigin> RecordsOf(const std::string& row, const std::string& c
   return {{.is_row = true, .name = row}, {.is_row = false, .name = column}};
 }
 
+// "#5" is a number whatever the names are.
+bool IsForcedNumber(std::string_view text) { return text.starts_with('#'); }
+
+bool IsNumber(std::string_view text) {
+  if (IsForcedNumber(text)) text.remove_prefix(1);
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 // Those of that number, where there are some.
 std::vector<RecordOrigin> RecordsOfNumber(const model::ModelStore& store, std::string_view text) {
+  if (IsForcedNumber(text)) text.remove_prefix(1);
   std::int32_t index = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), index);
   if (error != std::errc() || end != text.data() + text.size()) return {};
@@ -82,6 +92,25 @@ std::vector<RecordOrigin> RecordsOfNumber(const model::ModelStore& store, std::s
   const std::int32_t number = model::Stored(index);
   return RecordsOf(is_row ? store.Row(number).Name : "",
                    is_column ? store.Column(number).Name : "");
+}
+
+// "row COST and column BREAD".
+std::string NamesOf(const std::vector<RecordOrigin>& records) {
+  std::string names;
+  for (const RecordOrigin& record : records) {
+    if (record.name.empty()) continue;
+    if (!names.empty()) names += " and ";
+    names.append(record.is_row ? "row " : "column ").append(record.name);
+  }
+  return names;
+}
+
+// Whether the name that was found is that of every record of the number.
+bool AreSame(const std::vector<RecordOrigin>& named, const std::vector<RecordOrigin>& numbered) {
+  return std::equal(named.begin(), named.end(), numbered.begin(),
+                    [](const RecordOrigin& a, const RecordOrigin& b) {
+                      return b.name == (a.number == 0 ? "" : a.name);
+                    });
 }
 
 class ExplainedRead {
@@ -99,18 +128,26 @@ class ExplainedRead {
     const std::string& text = session_.arguments.operands[1];
     const std::string name = text::UpperCase(text);
     std::vector<RecordOrigin> records = Find(RecordsOf(name, name));
-    // Standard input is read once only.
-    if (!IsAny(records) && path_ != kStandardInput) {
-      std::vector<RecordOrigin> numbered = RecordsOfNumber(store_, text);
-      if (!numbered.empty()) records = Find(std::move(numbered));
+    std::vector<RecordOrigin> numbered = RecordsOfNumber(store_, text);
+    const bool is_named = IsAny(records);
+    if (!numbered.empty() && is_named) NoteBoth(text, records, numbered);
+    if (!numbered.empty() && (!is_named || IsForcedNumber(text))) {
+      if (path_ == kStandardInput) {
+        throw CommandError(kProblem, file() + ": " + text +
+                                         " is a number, which takes reading twice: give the file, "
+                                         "or the name of " +
+                                         NamesOf(numbered));
+      }
+      records = Find(std::move(numbered));
     }
     DropRepeated(records[0], records[1]);
     if (records[1].number != 0) DropRepeated(records[1], records[0]);
     auto quotes = inspect::QuotedLines(options_.open, LinesOf(records));
     return {session_, file(), std::move(records), facts_, std::move(quotes)};
   }
-  // "; did you mean ...": rows and columns of like names.
+  // "; did you mean ...": rows and columns of like names, or which numbers there are.
   std::string Likely() const {
+    if (IsNumber(session_.arguments.operands[1])) return Numbers();
     text::NearestWords nearest(text::UpperCase(session_.arguments.operands[1]));
     for (std::int32_t r = 1; r <= store_.NumberOfRows(); ++r) nearest.Offer(store_.Row(r).Name);
     for (std::int32_t c = 1; c <= store_.NumberOfColumns(); ++c) {
@@ -123,6 +160,27 @@ class ExplainedRead {
   }
 
  private:
+  // Tells which was taken of two things that the word could be.
+  void NoteBoth(const std::string& text, const std::vector<RecordOrigin>& named,
+                const std::vector<RecordOrigin>& numbered) {
+    if (AreSame(named, numbered)) return;
+    const std::string name = text::UpperCase(text);
+    if (IsForcedNumber(text)) {
+      return session_.Note(text + " is taken as a number; there is a name " + name + " too");
+    }
+    session_.Note(text + " is taken as a name; #" + text + " is " + NamesOf(numbered));
+  }
+  std::string Numbers() const {
+    const auto last = [](std::int32_t count) { return text::IntegerText(count - 1); };
+    std::string text;
+    if (store_.NumberOfRows() > 0) {
+      text += "; rows are numbered from 0 to " + last(store_.NumberOfRows());
+    }
+    if (store_.NumberOfColumns() > 0) {
+      text += "; columns are numbered from 0 to " + last(store_.NumberOfColumns());
+    }
+    return text;
+  }
   std::vector<RecordOrigin> Find(std::vector<RecordOrigin> records) {
     const bool limited = (session_.arguments.used & kLimit) != 0;
     const std::int64_t limit = limited ? session_.arguments.limit : kUsualLimit;

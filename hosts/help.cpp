@@ -8,13 +8,19 @@
 namespace quarvel::hosts {
 namespace {
 
-constexpr ExitStatus kStatuses[] = {
-    {"0", "good"},
-    {"1", "a problem was found, a file was not read or written, an edit was refused"},
-    {"2", "the command line was not understood"},
-    {"3", "check found warnings only"},
-    {"130", "stopped by Ctrl-C"},
-};
+constexpr ExitStatus kGoodStatus = {"0", "good"};
+constexpr ExitStatus kProblemStatus = {
+    "1", "a problem was found, a file was not read or written, an edit was refused"};
+constexpr ExitStatus kUsageStatus = {"2", "the command line was not understood"};
+constexpr ExitStatus kWarningsStatus = {"3", "check found warnings only"};
+constexpr ExitStatus kInterruptedStatus = {"130", "stopped by Ctrl-C"};
+
+// Of commands whose 1 is an answer.
+constexpr ExitStatus kDifferenceStatuses[] = {
+    {"0", "there is no difference"},
+    {"1", "there is a difference"},
+    {"2", "a file was not read, no edit commands do it, the command line was not understood"},
+    kInterruptedStatus};
 
 constexpr Variable kVariables[] = {
     {"QUARVEL_DEFAULT_BOUNDS", "0 or inf: what --default-bounds says where it is not given"},
@@ -22,10 +28,10 @@ constexpr Variable kVariables[] = {
     {"COLUMNS", "the width of the terminal"},
 };
 
-std::string StatusHelp() {
+std::string StatusHelp(const Command* command) {
   constexpr std::size_t kIndent = 8;
   std::string text = "\nExit status:\n";
-  for (const ExitStatus& status : kStatuses) {
+  for (const ExitStatus& status : ExitStatuses(command)) {
     AppendLeft(text, std::string("  ").append(status.number).append("  "), kIndent);
     text.append(status.meaning).append("\n");
   }
@@ -40,7 +46,25 @@ std::string_view NamesHelp() {
          "one.\n";
 }
 
-std::span<const ExitStatus> ExitStatuses() { return kStatuses; }
+bool TakesNames(const Command& command) {
+  const auto has = [&command](std::string_view word) {
+    return command.operands.find(word) != std::string_view::npos;
+  };
+  return has("NAME") || has("ROW") || (command.options & kCommand) != 0;
+}
+
+std::vector<ExitStatus> ExitStatuses(const Command* command) {
+  if (command != nullptr && command->failure != kProblem) {
+    return {std::begin(kDifferenceStatuses), std::end(kDifferenceStatuses)};
+  }
+  std::vector<ExitStatus> statuses = {kGoodStatus, kProblemStatus, kUsageStatus};
+  if (command == nullptr) {
+    statuses[2].meaning = "the command line was not understood; of diff: a file was not read";
+  }
+  if (command == nullptr || command->name == "check") statuses.push_back(kWarningsStatus);
+  statuses.push_back(kInterruptedStatus);
+  return statuses;
+}
 
 std::span<const Variable> Variables() { return kVariables; }
 
@@ -56,7 +80,7 @@ std::string ProgramHelp() {
   }
   help += "\nOptions:\n" + DescribeOptions(0);
   help += "\n\"quarvel help COMMAND\" tells the options of a command, with examples.\n";
-  return help.append(StatusHelp());
+  return help.append(StatusHelp(nullptr));
 }
 
 std::string CommandHelp(const Command& command) {
@@ -69,7 +93,8 @@ std::string CommandHelp(const Command& command) {
     help.append("  # ").append(example.purpose).append("\n  ").append(example.line).append("\n");
   }
   help += "\nOptions:\n" + DescribeOptions(command.options);
-  return help.append("\n").append(NamesHelp()).append(StatusHelp());
+  if (TakesNames(command)) help.append("\n").append(NamesHelp());
+  return help.append(StatusHelp(&command));
 }
 
 void PrintHelp(std::ostream& out, const Screen& screen, std::string_view help) {

@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "hosts/commands.h"
 
@@ -25,7 +26,10 @@ struct ExitStatus {
   std::string_view number;
   std::string_view meaning;
 };
-std::span<const ExitStatus> ExitStatuses();
+// Of a command, or of the whole program for null.
+std::vector<ExitStatus> ExitStatuses(const Command* command);
+// Whether it takes names of rows or columns.
+bool TakesNames(const Command& command);
 
 // Of the environment.
 struct Variable {

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "hosts/commands.h"
+#include "hosts/input_bytes.h"
 #include "hosts/printing.h"
 #include "text/numbers.h"
 #include "text/visible_text.h"
@@ -158,6 +159,7 @@ class FileTable {
 
 int RunInfo(Session& session) {
   const std::vector<std::string>& files = session.arguments.operands;
+  StopAtSecondStandardInput(files);
   if (files.size() == 1) {
     session.Read(files[0]);
     const LPModel& model = session.model();

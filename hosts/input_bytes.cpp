@@ -53,6 +53,11 @@ class LookedAt : public ByteSource {
 
 }  // namespace
 
+void StopAtSecondStandardInput(const std::vector<std::string>& paths) {
+  if (std::count(paths.begin(), paths.end(), kStandardInput) < 2) return;
+  throw CommandError(kUsage, "standard input can be read once only: give - once");
+}
+
 std::unique_ptr<ByteSource> Unpacked(std::unique_ptr<ByteSource> bytes) {
   auto looked_at = std::make_unique<LookedAt>(std::move(bytes));
   const Packing* const packing = PackingOfBytes(looked_at->first());

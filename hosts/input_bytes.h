@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "hosts/streams.h"
 #include "platform/byte_source.h"
@@ -15,6 +16,9 @@ namespace quarvel::hosts {
 
 inline constexpr std::string_view kStandardInput = "-";
 inline constexpr std::string_view kStandardInputName = "standard input";
+// Raises a CommandError of status kUsage where more than one of them is standard input, which can be read
+// once only.
+void StopAtSecondStandardInput(const std::vector<std::string>& paths);
 // What the user is told that it is called.
 inline std::string NameOfInput(const std::string& path) {
   return path == kStandardInput ? std::string(kStandardInputName) : path;

@@ -194,7 +194,10 @@ RecordFields ChosenFields(const Arguments& arguments, const model::RecordKind& k
   if (arguments.equations) {
     throw CommandError(kUsage, "--equations is a choice of columns, as --columns is: give one");
   }
-  return FieldsOf(kind, arguments.list.columns, "--columns");
+  RecordFields fields = FieldsOf(kind, arguments.list.columns, "--columns");
+  // All are of one table, whose order is that of the members.
+  if (arguments.json) std::sort(fields.begin(), fields.end());
+  return fields;
 }
 
 int List(Session& session, const model::RecordKind& kind) {

@@ -79,9 +79,9 @@ std::string Environment() {
   return text;
 }
 
-std::string Statuses() {
+std::string Statuses(const Command* command) {
   std::string text = ".SH EXIT STATUS\n";
-  for (const ExitStatus& status : ExitStatuses()) {
+  for (const ExitStatus& status : ExitStatuses(command)) {
     text += Entry(Bold(status.number), status.meaning);
   }
   return text;
@@ -108,8 +108,8 @@ std::string SeeAlso(const Command* command) {
 std::string Description(const Command& command) {
   std::string text = ".SH DESCRIPTION\n";
   text += Roff(command.details == nullptr ? std::string(command.summary) : command.details());
-  return text + ".PP\n" + Roff(NamesHelp()) + Examples(command.name) + ".SH OPTIONS\n" +
-         OptionEntries(command.options);
+  if (TakesNames(command)) text += ".PP\n" + Roff(NamesHelp());
+  return text + Examples(command.name) + ".SH OPTIONS\n" + OptionEntries(command.options);
 }
 
 std::string ProgramDescription() {
@@ -133,7 +133,7 @@ std::string ManualPage(const Command* command) {
               : Bold("quarvel " + std::string(command->name)) + ' ' + Italic(command->operands);
   page += " [" + Italic("OPTION") + " ...]\n";
   page += command == nullptr ? ProgramDescription() : Description(*command);
-  return page + Environment() + Statuses() + SeeAlso(command);
+  return page + Environment() + Statuses(command) + SeeAlso(command);
 }
 
 int RunMan(Session& session) {

@@ -1,7 +1,7 @@
 #include "hosts/output_name.h"
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 
 #include "hosts/packing.h"
 #include "text/upper_case.h"
@@ -9,10 +9,91 @@
 namespace quarvel::hosts {
 namespace {
 
-// Those that people who have models also have; any other suffix is the user's own business.
-constexpr std::array<std::string_view, 12> kOtherFormats = {".ZIP",  ".LP",  ".SOL",  ".NL",
-                                                            ".MOD",  ".GMS", ".JSON", ".CSV",
-                                                            ".XLSX", ".LOG", ".BAS",  ".HTML"};
+// Other files that people have, those that commands of this program make among them; any other suffix is
+// the user's own business.
+constexpr std::string_view kOtherFormats[] = {
+    // models and what belongs to them
+    ".LP",
+    ".SOL",
+    ".NL",
+    ".MOD",
+    ".GMS",
+    ".BAS",
+    ".LOG",
+    // data and texts for programs
+    ".JSON",
+    ".CSV",
+    ".TSV",
+    ".XML",
+    ".YAML",
+    ".YML",
+    ".TOML",
+    ".SQL",
+    ".DB",
+    ".SQLITE",
+    ".PARQUET",
+    // pictures and pages
+    ".SVG",
+    ".PNG",
+    ".JPG",
+    ".JPEG",
+    ".GIF",
+    ".BMP",
+    ".TIF",
+    ".TIFF",
+    ".WEBP",
+    ".HTML",
+    ".HTM",
+    ".PDF",
+    ".PS",
+    ".EPS",
+    // documents
+    ".DOC",
+    ".DOCX",
+    ".XLS",
+    ".XLSX",
+    ".PPT",
+    ".PPTX",
+    ".ODT",
+    ".ODS",
+    ".ODP",
+    ".RTF",
+    ".TEX",
+    ".MD",
+    // archives, and what is packed in ways that are not written here
+    ".ZIP",
+    ".TAR",
+    ".TGZ",
+    ".TBZ2",
+    ".TXZ",
+    ".TZST",
+    ".RAR",
+    ".7Z",
+    ".Z",
+    ".LZ",
+    ".LZ4",
+    ".LZMA",
+    ".LZO",
+    ".BR",
+    ".ISO",
+    // programs
+    ".PY",
+    ".JL",
+    ".CC",
+    ".CPP",
+    ".HPP",
+    ".CS",
+    ".JAVA",
+    ".JS",
+    ".RS",
+    ".GO",
+    ".SH",
+    ".BAT",
+    ".PS1",
+    ".EXE",
+    ".DLL",
+    ".SO",
+};
 
 }  // namespace
 
@@ -27,9 +108,9 @@ std::string ObjectionToOutput(std::string_view path) {
   std::transform(upper.begin(), upper.end(), upper.begin(),
                  [](char c) { return text::UpperCaseAscii(c); });
   const auto* const found =
-      std::find_if(kOtherFormats.begin(), kOtherFormats.end(),
+      std::find_if(std::begin(kOtherFormats), std::end(kOtherFormats),
                    [&upper](std::string_view suffix) { return upper.ends_with(suffix); });
-  if (found == kOtherFormats.end()) return {};
+  if (found == std::end(kOtherFormats)) return {};
   const std::string suffix(path.substr(path.size() - found->size()));
   return "is no name for an MPS file: " + suffix +
          " is another format; names that end in .mps, or anything else, are fine";

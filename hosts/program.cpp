@@ -33,12 +33,12 @@ std::string Objection(const Command& command, const Arguments& arguments) {
   return arguments.log.empty() ? "" : ObjectionToLog(arguments.log, operands);
 }
 
-// The status of a failure of the command among those words, known before anything can fail.
-int FailureOf(std::span<const std::string> words) {
+// The command among those words, known before anything can fail; null for none.
+const Command* CommandAmong(std::span<const std::string> words) {
   for (const std::string& word : words) {
-    if (const Command* const command = FindCommand(word)) return command->failure;
+    if (const Command* const command = FindCommand(word)) return command;
   }
-  return kProblem;
+  return nullptr;
 }
 
 int RunCommand(Arguments& arguments, const Streams& streams) {
@@ -68,7 +68,10 @@ int Run(std::span<const std::string> words, const Streams& streams, std::string&
     streams.out << CompletionText(Complete(words.subspan(1), streams));
     return kGood;
   }
-  failure = FailureOf(words);
+  if (const Command* const named = CommandAmong(words)) {
+    failure = named->failure;
+    command = named->name;
+  }
   Arguments arguments = ParseArguments(words);
   command = arguments.command;
   if (arguments.version) {

@@ -107,6 +107,10 @@ RecordFields FieldsOf(const model::RecordKind& kind, std::string_view keys,
       complaint.append(" takes ").append(FieldKeys(kind)).append(", not \"").append(key);
       throw CommandError(kUsage, complaint + '"' + text::DidYouMean(nearest.words()));
     }
+    if (std::find(fields.begin(), fields.end(), field) != fields.end()) {
+      throw CommandError(kUsage,
+                         std::string(option).append(" names ").append(key).append(" twice"));
+    }
     fields.push_back(field);
     if (comma == std::string_view::npos) return fields;
     keys.remove_prefix(comma + 1);

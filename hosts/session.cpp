@@ -205,6 +205,8 @@ void Session::Write(const std::string& path, mps::FileLayout usual) {
   const inspect::FileWrite write = WriteInWindow(target, options);
   const bool is_written = write.outcome == inspect::WriteOutcome::kWritten;
   if (!is_written) StopIfInterrupted();
+  // Whoever reads it may be gone, a disk full: the end of the program tells that.
+  if (target.is_standard_output && !streams.out.flush()) return;
   if (is_written || arguments.json) PrintReceipt(path, target, options.layout, write);
   const std::string name = NameOfOutput(path);
   if (!is_written) StopUnwritten(write, name);

@@ -21,6 +21,12 @@ struct sigaction action_before = {};
 
 void NoteInterrupt(int) { interrupt_count = interrupt_count + 1; }
 
+TerminalSize SizeOf(int descriptor) {
+  winsize size = {};
+  if (ioctl(descriptor, TIOCGWINSZ, &size) != 0) return {};
+  return {.width = size.ws_col, .height = size.ws_row};
+}
+
 }  // namespace
 
 bool InputIsTerminal() { return isatty(STDIN_FILENO) == 1; }
@@ -29,11 +35,9 @@ bool ErrorIsTerminal() { return isatty(STDERR_FILENO) == 1; }
 
 bool OutputIsTerminal() { return isatty(STDOUT_FILENO) == 1; }
 
-TerminalSize OutputSize() {
-  winsize size = {};
-  if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0) return {};
-  return {.width = size.ws_col, .height = size.ws_row};
-}
+TerminalSize OutputSize() { return SizeOf(STDOUT_FILENO); }
+
+TerminalSize ErrorSize() { return SizeOf(STDERR_FILENO); }
 
 bool OutputTakesColors() { return OutputIsTerminal(); }
 

@@ -19,6 +19,8 @@ struct TerminalSize {
 };
 // Of the terminal that standard output is.
 TerminalSize OutputSize();
+// Of the terminal that standard error is.
+TerminalSize ErrorSize();
 // Whether the terminal that standard output is takes the codes for colors. Turns these on where the
 // system asks for that.
 bool OutputTakesColors();

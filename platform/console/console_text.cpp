@@ -39,15 +39,6 @@ std::string PlainCaption(std::string_view caption) {
   return plain;
 }
 
-std::string FirstCharacters(std::string_view utf8, std::size_t count) {
-  std::size_t end = 0;
-  for (std::size_t taken = 0; end < utf8.size(); ++end) {
-    const bool starts_character = (static_cast<unsigned char>(utf8[end]) & 0xC0U) != 0x80U;
-    if (starts_character && taken++ == count) break;
-  }
-  return std::string(utf8.substr(0, end));
-}
-
 std::string_view Trimmed(std::string_view text) {
   constexpr std::string_view kBlanks = " \t\r\n";
   const std::size_t first = text.find_first_not_of(kBlanks);

@@ -25,9 +25,6 @@ std::string WithNameOnOneLine(std::string_view words, std::string_view name);
 // Without the marks of access keys: "&OK" is "OK", "&&" is "&".
 std::string PlainCaption(std::string_view caption);
 
-// The text's first `count` characters, or all of it.
-std::string FirstCharacters(std::string_view utf8, std::size_t count);
-
 // Without blanks and line ends at its ends.
 std::string_view Trimmed(std::string_view text);
 

@@ -53,6 +53,13 @@ void WriteAsciiToConsole(std::string_view text) {
                 &written, nullptr);
 }
 
+TerminalSize SizeOf(DWORD stream) {
+  CONSOLE_SCREEN_BUFFER_INFO info = {};
+  if (GetConsoleScreenBufferInfo(GetStdHandle(stream), &info) == 0) return {};
+  return {.width = static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1),
+          .height = static_cast<std::size_t>(info.srWindow.Bottom - info.srWindow.Top + 1)};
+}
+
 std::optional<std::string> ReadFromConsole() {
   std::u16string line;
   std::array<wchar_t, 512> piece;
@@ -77,12 +84,9 @@ bool ErrorIsTerminal() { return IsConsole(STD_ERROR_HANDLE); }
 
 bool OutputIsTerminal() { return IsConsole(STD_OUTPUT_HANDLE); }
 
-TerminalSize OutputSize() {
-  CONSOLE_SCREEN_BUFFER_INFO info = {};
-  if (GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &info) == 0) return {};
-  return {.width = static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1),
-          .height = static_cast<std::size_t>(info.srWindow.Bottom - info.srWindow.Top + 1)};
-}
+TerminalSize OutputSize() { return SizeOf(STD_OUTPUT_HANDLE); }
+
+TerminalSize ErrorSize() { return SizeOf(STD_ERROR_HANDLE); }
 
 bool OutputTakesColors() {
   constexpr DWORD kTakesCodes = 0x0004;  // ENABLE_VIRTUAL_TERMINAL_PROCESSING, since Windows 10

@@ -9,7 +9,7 @@
 #include "platform/console/console_controls.h"
 #include "platform/console/console_system.h"
 #include "platform/console/console_text.h"
-#include "text/encoding.h"
+#include "text/cell_width.h"
 #include "text/numbers.h"
 #include "text/visible_text.h"
 
@@ -18,7 +18,7 @@ namespace {
 
 // A terminal shows "^C" where the cursor stands when Ctrl-C is pressed.
 constexpr std::size_t kEchoColumns = 2;
-constexpr std::size_t kColumns = 79 - kEchoColumns;
+constexpr std::size_t kMostColumns = 79;
 constexpr std::size_t kBarColumns = 30;
 constexpr std::size_t kLeastBarColumns = 8;
 constexpr std::int64_t kMillisecondsBetweenDraws = 50;
@@ -31,13 +31,20 @@ double PartOf(const ProgressBar& bar) {
 }
 
 // As long as there is room for behind those words; empty where there is hardly any.
-std::string BarBehind(const std::string& words, double part) {
-  const std::size_t taken = text::CharacterCount(words) + std::string_view(" []").size();
-  if (taken + kLeastBarColumns > kColumns) return {};
-  const std::size_t columns = std::min(kBarColumns, kColumns - taken);
+std::string BarBehind(const std::string& words, double part, std::size_t room) {
+  const std::size_t taken = text::CellCount(words) + std::string_view(" []").size();
+  if (taken + kLeastBarColumns > room) return {};
+  const std::size_t columns = std::min(kBarColumns, room - taken);
   const auto done = static_cast<std::size_t>(part * static_cast<double>(columns));
   const std::size_t filled = std::min(done, columns);
   return " [" + std::string(filled, '#') + std::string(columns - filled, '.') + ']';
+}
+
+// Of the line. It must not reach the last cell of the terminal, behind which the next line begins.
+std::size_t Room() {
+  const std::size_t width = ErrorSize().width;
+  const std::size_t columns = width == 0 ? kMostColumns : std::min(kMostColumns, width - 1);
+  return columns > kEchoColumns ? columns - kEchoColumns : 0;
 }
 
 std::int64_t MillisecondsNow() {
@@ -60,8 +67,9 @@ void ProgressLine::Draw(std::span<Form* const> shown) {
   std::string words = text::VisibleText((*drawn)->caption());
   const std::string left = TimeLeft(now);
   if (!left.empty()) words += ", " + left;
-  const std::string line = FirstCharacters(words + BarBehind(words, work_.part), kColumns);
-  const std::size_t columns = text::CharacterCount(line);
+  const std::size_t room = Room();
+  const std::string line = text::CutToCells(words + BarBehind(words, work_.part, room), room);
+  const std::size_t columns = text::CellCount(line);
   const std::size_t left_over = columns_on_screen_ > columns ? columns_on_screen_ - columns : 0;
   WriteError('\r' + line + std::string(left_over, ' '));
   columns_on_screen_ = columns + left_over;

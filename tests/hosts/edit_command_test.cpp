@@ -182,12 +182,12 @@ TEST_F(EditTest, WritesNothingAtABadCommand) {
       {"add-element R2 Y one", "\"one\" is not a number"},
       {"add-element R2 Y inf", "\"inf\" is not a number"},
       {"set-row-bounds R2 0 ten", "\"ten\" is not a number"},
-      {"set-bound X BV", "there is no bound BV"},
+      {"set-bound X BV", "there is no bound BV: it is one of LO|UP|FX|FR|MI|PL"},
       {"set-bound X UP", "UP needs a value"},
       {"set-bound X FR 1", "FR takes no value"},
       {"set-name \"open", "a quote is not closed"},
       {"set-objective R2", "row R2 is not of type N, as an objective is"},
-      {"set-objective-sense up", "there is no sense up"},
+      {"set-objective-sense up", "there is no sense up: it is MIN or MAX"},
       {"set-objective-constant x", "\"x\" is not a number"},
   };
   for (const Bad& bad : cases) {

@@ -164,6 +164,31 @@ TEST(Explain, TakesNumbersWhereThereIsNoSuchName) {
   EXPECT_EQ(RunQuarvel({"explain", model, "3"}).status, 1);
 }
 
+TEST(Explain, TakesNumbersBehindANumberSignWhateverTheNamesAre) {
+  const HostFolder folder;
+  const std::string model =
+      folder.Write("a.mps", "ROWS\n N #1\n L 0\n L LIM\nCOLUMNS\n X 0 1 LIM 2\nENDATA\n");
+  const Outcome plain = RunQuarvel({"explain", model, "#0"});
+  EXPECT_TRUE(plain.out.starts_with("row #1 (number 0)\n")) << plain.out;
+  EXPECT_NE(plain.out.find("column X (number 0)\n"), std::string::npos) << plain.out;
+  EXPECT_EQ(plain.err, "");
+  const Outcome forced = RunQuarvel({"explain", model, "#1"});
+  EXPECT_TRUE(forced.out.starts_with("row 0 (number 1)\n")) << forced.out;
+  EXPECT_EQ(forced.err, "quarvel: #1 is taken as a number; there is a name #1 too\n");
+  const Outcome named = RunQuarvel({"explain", model, "0"});
+  EXPECT_TRUE(named.out.starts_with("row 0 (number 1)\n")) << named.out;
+  EXPECT_EQ(named.err, "quarvel: 0 is taken as a name; #0 is row #1 and column X\n");
+}
+
+TEST(Explain, TellsWhichNumbersThereAre) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", kExplainedModel);
+  EXPECT_EQ(
+      RunQuarvel({"explain", model, "#9"}).err,
+      folder.Expand("quarvel: @a.mps: there is no row or column #9; rows are numbered from 0 to "
+                    "2; columns are numbered from 0 to 1\n"));
+}
+
 TEST(Explain, TellsWhatNamesARecordThatIsNotThere) {
   const HostFolder folder;
   const Outcome run = RunQuarvel({"explain", folder.Write("a.mps", kExplainedModel), "none"});
@@ -284,8 +309,10 @@ TEST(Explain, ReadsStandardInput) {
   const Outcome run = RunQuarvel({"explain", "-", "I"}, kExplainedModel);
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_TRUE(run.out.starts_with("column I (number 1)\n")) << run.out;
-  EXPECT_EQ(RunQuarvel({"explain", "-", "1"}, kExplainedModel).err,
-            "quarvel: standard input: there is no row or column 1\n");
+  EXPECT_EQ(
+      RunQuarvel({"explain", "-", "1"}, kExplainedModel).err,
+      "quarvel: standard input: 1 is a number, which takes reading twice: give the file, or the "
+      "name of row LIM and column I\n");
 }
 
 TEST(Explain, EndsWithAFileThatCannotBeRead) {

@@ -308,5 +308,15 @@ TEST(Reading, OverwritesNoFileForALog) {
   }
 }
 
+TEST(Commands, ReadStandardInputOnce) {
+  for (const char* const command : {"info", "check", "diff"}) {
+    const Outcome run = RunQuarvel({command, "-", "-"}, kSmallModel);
+    EXPECT_EQ(run.status, 2) << command;
+    EXPECT_EQ(run.out, "");
+    EXPECT_TRUE(run.err.starts_with("quarvel: standard input can be read once only: give - once\n"))
+        << run.err;
+  }
+}
+
 }  // namespace
 }  // namespace quarvel

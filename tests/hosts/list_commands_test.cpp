@@ -81,6 +81,18 @@ TEST(Columns, ArePrintedAsJson) {
             "]\n");
 }
 
+TEST(Columns, HaveEachMemberOnceAndInOneOrder) {
+  const HostFolder folder;
+  const std::string model = folder.Example("knapsack.mps");
+  EXPECT_EQ(RunQuarvel({"columns", model, "--json", "--columns", "type,name", "--limit", "1"}).out,
+            "[\n{\"name\":\"TENT\",\"type\":\"I\"}\n]\n");
+  EXPECT_EQ(RunQuarvel({"columns", model, "--csv", "--columns", "type,name", "--limit", "1"}).out,
+            "type,name\r\nI,TENT\r\n");
+  const Outcome twice = RunQuarvel({"columns", model, "--columns", "name,type,name"});
+  EXPECT_EQ(twice.status, 2);
+  EXPECT_TRUE(twice.err.starts_with("quarvel: --columns names name twice\n")) << twice.err;
+}
+
 TEST(Columns, WidenForLongNames) {
   const HostFolder folder;
   const std::string model =

@@ -19,7 +19,11 @@ TEST(OutputName, IsRefusedWhereItsSuffixSaysAnotherFormat) {
       ObjectionToOutput("a.mps.Zip"),
       "is no name for an MPS file: .Zip is another format; names that end in .mps, or anything "
       "else, are fine");
-  EXPECT_NE(ObjectionToOutput("a.lp"), "");
+  for (const char* const path :
+       {"a.lp", "a.png", "a.svg", "a.PDF", "a.jpg", "a.docx", "a.tar", "a.tar.gz", "a.tgz", "a.rar",
+        "a.mps.7z", "a.mps.Z", "a.mps.lz4", "a.mps.br", "a.xml", "a.py"}) {
+    EXPECT_NE(ObjectionToOutput(path), "") << path;
+  }
 }
 
 TEST(OutputName, MaySayHowTheFileIsPacked) {

@@ -123,5 +123,30 @@ TEST(Program, KnowsTheModelUnderAnotherNameOfItsFile) {
   EXPECT_EQ(folder.Read("a.mps"), kSmallModel);
 }
 
+TEST(Program, PointsToTheHelpOfTheCommandWhoseLineIsWrong) {
+  for (const std::vector<std::string>& words :
+       {std::vector<std::string>{"rows", "a.mps", "--limit", "ALL"},
+        {"rows", "a.mps", "--sort"},
+        {"rows", "--jsn", "a.mps"},
+        {"--tolerance", "x", "rows"}}) {
+    const Outcome run = RunQuarvel(words);
+    EXPECT_EQ(run.status, 2) << words[1];
+    EXPECT_TRUE(run.err.ends_with("quarvel: \"quarvel rows --help\" tells more\n")) << run.err;
+  }
+  EXPECT_TRUE(RunQuarvel({"--jsn"}).err.ends_with("quarvel: \"quarvel --help\" tells more\n"));
+}
+
+TEST(Program, TellsTheStatusesOfEachCommandInItsHelp) {
+  const auto helps = [](const char* command) {
+    return RunQuarvel({"help", command}).out + RunQuarvel({"man", command}).out;
+  };
+  EXPECT_NE(helps("diff").find("  1     there is a difference\n"), std::string::npos);
+  EXPECT_EQ(helps("diff").find("a file was not read or written"), std::string::npos);
+  EXPECT_NE(helps("check").find("check found warnings only"), std::string::npos);
+  EXPECT_EQ(helps("rows").find("check found warnings only"), std::string::npos);
+  EXPECT_NE(helps("row").find("Rows and columns are given by name"), std::string::npos);
+  EXPECT_EQ(helps("man").find("Rows and columns are given by name"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace quarvel

@@ -42,6 +42,17 @@ TEST_F(StandardStreams, ThatAreClosedGiveNoFileTheirPlace) {
   }
 }
 
+TEST_F(StandardStreams, ThatTakeNoModelAreNotSaidToHaveIt) {
+  folder_.Write("a.mps", kSmallModel);
+  EXPECT_EQ(Run("\"$q\" convert a.mps - 2>&1 > /dev/full"),
+            "quarvel: standard output could not be written\nstatus 1\n");
+  std::string model = "ROWS\n N C\nCOLUMNS\n";
+  for (int i = 0; i < 40'000; ++i) model += " X" + std::to_string(i) + " C 1\n";
+  folder_.Write("b.mps", model + "ENDATA\n");
+  Run("\"$q\" convert b.mps - 2> told | head -1 > first");
+  EXPECT_EQ(folder_.Read("told"), "");
+}
+
 TEST_F(StandardStreams, AreGoneOnWithUnderNamesOfTheirOwn) {
   folder_.Write("a.mps", kSmallModel);
   // A name as /dev/stdout is, but in a folder where nothing is lost if it is replaced.

@@ -17,12 +17,6 @@ TEST(ConsoleText, TakesTheMarksOfAccessKeysOut) {
   EXPECT_EQ(PlainCaption("at the end&"), "at the end");
 }
 
-TEST(ConsoleText, CutsBetweenCharacters) {
-  EXPECT_EQ(FirstCharacters("a\u00E9b", 2), "a\u00E9");
-  EXPECT_EQ(FirstCharacters("a\u00E9b", 9), "a\u00E9b");
-  EXPECT_EQ(FirstCharacters("a", 0), "");
-}
-
 TEST(ConsoleText, ComparesTypedWords) {
   EXPECT_EQ(Trimmed(" \tyes\r\n"), "yes");
   EXPECT_EQ(Trimmed(" \t"), "");
