@@ -204,7 +204,8 @@ void Session::Write(const std::string& path, mps::FileLayout usual) {
   }
   const inspect::FileWrite write = WriteInWindow(target, options);
   const bool is_written = write.outcome == inspect::WriteOutcome::kWritten;
-  if (!is_written) StopIfInterrupted();
+  // What stands in the file by now is told also when it was stopped.
+  if (!is_written && write.notes.empty()) StopIfInterrupted();
   // Whoever reads it may be gone, a disk full: the end of the program tells that.
   if (target.is_standard_output && !streams.out.flush()) return;
   if (is_written || arguments.json) PrintReceipt(path, target, options.layout, write);
@@ -290,7 +291,8 @@ void Session::StopUnwritten(const inspect::FileWrite& write, const std::string& 
       if (write.failure) NoteFailure(prefix, *write.failure, write.notes);
       break;
   }
-  throw CommandError(kProblem, (path + " was not written").append(way_out));
+  throw CommandError(desktop_.interrupted() ? kInterrupted : kProblem,
+                     (path + " was not written").append(way_out));
 }
 
 // A line for the failure, and one for each note.

@@ -153,8 +153,10 @@ std::unique_ptr<TemporaryFile> CopyBeside(const std::string& file, const std::st
   copy->output().Append(input, input.Size());
   static_cast<void>(copy->TakeTraits(traits));
   copy->output().Flush();
-  static_cast<void>(
-      copy->output().system_file().SetTime(traits.time / kSecond * kSecond + kCopyPart));
+  // Without it the next save would take the copy for another program's file.
+  if (!copy->output().system_file().SetTime(traits.time / kSecond * kSecond + kCopyPart)) {
+    RaiseSystemError(name);
+  }
   copy->Complete();
   return copy;
 }

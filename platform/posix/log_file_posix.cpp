@@ -8,6 +8,7 @@
 
 #include "platform/automation_error.h"
 #include "platform/log_file.h"
+#include "platform/posix/posix_calls.h"
 #include "platform/system_file.h"
 
 namespace quarvel::platform {
@@ -28,8 +29,9 @@ class OpenFile {
  public:
   // Does not wait for a reader when the name is that of a pipe.
   OpenFile(const std::string& path, int flags, mode_t mode)
-      : descriptor_(
-            open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY | O_NOFOLLOW | O_NONBLOCK, mode)) {
+      : descriptor_(RetryInterrupted([&] {
+          return open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY | O_NOFOLLOW | O_NONBLOCK, mode);
+        })) {
     if (descriptor_ != -1) return;
     if (errno == ELOOP || errno == ENXIO || errno == EISDIR) Refuse(kNoPlainFile);
     RaiseSystemError(path);
@@ -81,8 +83,10 @@ SystemFile Emptied(OpenFile& file, const struct stat& model) {
   const struct stat status = file.Status();
   const mode_t mode = status.st_mode & kAll;
   const mode_t allowed = mode & AllowedMode(model, status.st_gid);
-  if (mode != allowed && fchmod(file.descriptor(), allowed) == -1) RaiseSystemError({});
-  if (ftruncate(file.descriptor(), 0) == -1) RaiseSystemError({});
+  const int descriptor = file.descriptor();
+  const auto restrict = [&] { return fchmod(descriptor, allowed); };
+  if (mode != allowed && RetryInterrupted(restrict) == -1) RaiseSystemError({});
+  if (RetryInterrupted([&] { return ftruncate(descriptor, 0); }) == -1) RaiseSystemError({});
   return file.Release();
 }
 
