@@ -40,10 +40,12 @@ class CompletionScriptsTest : public ::testing::Test {
     }
   }
 
-  // What `program`, with the script read by it, prints in the folder; "quarvel" is the program.
+  // What `program`, with the script read by it, prints in the folder; "quarvel" is the program. The
+  // folder's name is not ASCII, which fish takes apart where no locale says what it is.
   std::string Run(const std::string& shell, const std::string& program) const {
     folder_.Write("run", program);
-    return ShellOutput("cd '" + folder_.Path("") + "' && quarvel='" QUARVEL_PROGRAM "' " + shell +
+    return ShellOutput("cd '" + folder_.Path("") +
+                       "' && LC_ALL=C.UTF-8 quarvel='" QUARVEL_PROGRAM "' " + shell +
                        " ./run 2>&1");
   }
 
@@ -96,7 +98,7 @@ TEST_F(CompletionScriptsTest, CompleteInFish) {
     const std::string program =
         start + "complete -C 'quarvel " + quoted + "' | string replace -r '\\t.*' '' | sort\n";
     const std::string sorted =
-        ShellOutput("printf '%s' '" + std::string(c.candidates) + "' | sort");
+        ShellOutput("printf '%s' '" + std::string(c.candidates) + "' | LC_ALL=C.UTF-8 sort");
     EXPECT_EQ(Run("fish", program), sorted) << c.words;
   }
   EXPECT_EQ(Run("fish", start + "complete -C 'quarvel rows '\n"),
