@@ -60,10 +60,9 @@ std::string ObjectionToLog(const std::string& log, std::span<const std::string> 
 }
 
 void WriteLog(const std::string& log, const std::string& model, std::string_view text) {
-  const std::string file = model == kStandardInput ? "" : model;
-  platform::OutputFile output = platform::IsNameOfOpenFile(log)
-                                    ? platform::OutputFile(log)
-                                    : platform::OpenLog({log, file, {}});
+  const platform::LogPlace place = {log, model == kStandardInput ? "" : model, {}};
+  platform::OutputFile output =
+      platform::IsNameOfOpenFile(log) ? platform::OutputFile(log) : platform::OpenLog(place);
   output.Write(text);
   output.Close();
 }
