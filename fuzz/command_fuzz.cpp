@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -241,6 +242,14 @@ void RunAnything(const Workplace& workplace, Choices& choose) {
 
 // --- lines of the edit language ---
 
+// A column with a bound of 1E+10 and none beyond it, or one of -1E+10, which other programs read as fixed.
+bool IsWrittenAsFixed(const NaiveModel& model) {
+  constexpr double kNone = 1e10;
+  return std::any_of(model.Columns.begin(), model.Columns.end(), [](const NaiveRecord& column) {
+    return column.LowerBound == column.UpperBound && std::fabs(column.UpperBound) == kNone;
+  });
+}
+
 // Whether the model's file is read as that model, so that there is no reason to refuse to write it.
 bool IsKept(const NaiveModel& model) {
   NaiveModel read;
@@ -252,7 +261,7 @@ bool IsKept(const NaiveModel& model) {
   NaiveModel expected = AsReadBack(model);
   expected.FileLocation = "";
   expected.LongNameWarningShown = false;
-  return Dump(read) == Dump(expected);
+  return Dump(read) == Dump(expected) && !IsWrittenAsFixed(model);
 }
 
 // Where a pair was added twice, a deletion leaves an entry that names a row that is not there; such a

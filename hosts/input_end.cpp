@@ -9,10 +9,11 @@
 namespace quarvel::hosts {
 
 std::size_t InputEnd::Read(char* buffer, std::size_t capacity) {
+  constexpr auto kMost = static_cast<std::size_t>(mps::kEndOfModel);
   const std::size_t count = bytes_->Read(buffer, capacity);
-  const std::size_t taken = std::min<std::size_t>(count, mps::kEndOfModel);
+  const std::size_t taken = std::min(count, kMost);
   last_.append(buffer + count - taken, taken);
-  if (last_.size() > mps::kEndOfModel) last_.erase(0, last_.size() - mps::kEndOfModel);
+  if (last_.size() > kMost) last_.erase(0, last_.size() - kMost);
   return count;
 }
 

@@ -26,6 +26,7 @@ class Occurrences {
   struct Place {
     std::int32_t owner;
     std::int32_t place;
+    // What the compiler makes of it compares with a 0. NOLINTNEXTLINE(modernize-use-nullptr)
     auto operator<=>(const Place&) const = default;
   };
 

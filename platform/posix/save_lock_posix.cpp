@@ -28,7 +28,7 @@ LockAnswer TryWholeFile(int descriptor, const std::string& path) {
 SaveLock::SaveLock(const std::string& path, const FileStamp&) {
   constexpr int kLook = O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | O_NOCTTY;
   constexpr int kStep = 5;  // milliseconds
-  constexpr timespec kPause = {0, kStep * 1'000'000};
+  constexpr timespec kPause = {0, kStep * 1'000'000L};
   const int descriptor = MakeCall(FileCall::kOpen, path, [&] { return open(path.c_str(), kLook); });
   if (descriptor == -1) return;
   int waited = 0;
