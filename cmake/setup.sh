@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what is missing from Debian's packages:
-# cmake/setup.sh native|format|display|browser|checks|coverage|windows|systems|peers|counts|solvers ...
+# cmake/setup.sh native|format|display|browser|manual|checks|coverage|windows|systems|peers|counts|solvers ...
 # Asks nothing. Packages that are installed already cost one look at the package database.
 set -eu
 
@@ -13,6 +13,8 @@ format=(clang-format python3)
 display=(xvfb xdotool)
 # What looks at the page of a report.
 browser=(chromium)
+# What makes the manual of docs/.
+manual=(mkdocs)
 # clang's sanitizers, fuzzer and checker.
 checks=(clang libclang-rt-dev clang-tidy)
 # What reads clang's source coverage.
@@ -35,6 +37,7 @@ for part in "$@"; do
     format) wanted+=("${format[@]}") ;;
     display) wanted+=("${display[@]}") ;;
     browser) wanted+=("${browser[@]}") ;;
+    manual) wanted+=("${manual[@]}") ;;
     checks) wanted+=("${checks[@]}") ;;
     coverage) wanted+=("${coverage[@]}") ;;
     windows) wanted+=("${windows[@]}") ;;
@@ -60,7 +63,14 @@ done
 [ ${#missing[@]} -gt 0 ] || exit 0
 
 as_root=(env)
-[ "$(id -u)" -eq 0 ] || as_root=(sudo env)
+if [ "$(id -u)" -ne 0 ]; then
+  if ! command -v sudo >/dev/null; then
+    echo "setup.sh: you are not root, and there is no sudo. Have root run:" >&2
+    echo "  apt-get install --no-install-recommends ${missing[*]}" >&2
+    exit 1
+  fi
+  as_root=(sudo env)
+fi
 apt=("${as_root[@]}" DEBIAN_FRONTEND=noninteractive apt-get -q -y
   -o DPkg::Lock::Timeout=300 -o Acquire::Retries=3)
 echo "Installing ${missing[*]}" >&2
