@@ -18,3 +18,7 @@ cd build/screenshots
 for folder in 200 win32-96 win32-192; do
   diff <(ls 100) <(ls "$folder") || { echo "other pictures in $folder than in 100" >&2; exit 1; }
 done
+
+# The pictures of the manual are among them.
+cd ../..
+cmake/manual_pictures.py

@@ -1,4 +1,4 @@
-// What README.md and examples/README.md promise: their command lines run, the output that stands
+// What README.md, docs/command.md and examples/README.md promise: their command lines run, the output that stands
 // beside some of them is theirs, and the program in C++ compiles as it stands and prints what is said.
 
 #include <filesystem>
@@ -97,7 +97,7 @@ class Readme : public ::testing::Test {
   }();
 };
 
-constexpr const char* kFiles[] = {"README.md", "examples/README.md"};
+constexpr const char* kFiles[] = {"README.md", "docs/command.md", "examples/README.md"};
 constexpr std::string_view kIndent = "    ";
 
 TEST_F(Readme, NamesCommandLinesThatRun) {
