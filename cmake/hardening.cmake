@@ -27,7 +27,10 @@ function(quarvel_harden target)
   endif()
   # A stack that grows touches every page on its way. Places by chance; the linker's tables are complete
   # and read-only before the program starts.
-  target_compile_options(${target} PRIVATE -fstack-clash-protection -fPIE)
+  target_compile_options(${target} PRIVATE -fstack-clash-protection)
+  if(NOT CMAKE_POSITION_INDEPENDENT_CODE)
+    target_compile_options(${target} PRIVATE -fPIE)
+  endif()
   target_link_options(${target} PUBLIC "$<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:-pie>"
                                           -Wl,-z,relro,-z,now,-z,noexecstack)
   if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64|i.86")

@@ -21,6 +21,7 @@ using Arrows = std::map<std::string, std::set<std::string>>;
 std::string RoomOf(const std::string& path) {
   static const std::regex drawer("platform/(qt|win32|console|scripted)/.*");
   std::smatch found;
+  if (path.starts_with("quarvel/") || path.starts_with("include/quarvel/")) return "api";
   if (std::regex_match(path, found, drawer)) return "platform/" + found[1].str();
   return path.substr(0, path.find('/'));
 }

@@ -21,9 +21,15 @@ std::string_view DrawerOf(std::string_view path) {
   return end == std::string_view::npos ? std::string_view() : path.substr(0, end);
 }
 
+// The public headers, which belong to the room that implements them: as they are included, and by
+// their paths.
+constexpr std::string_view kPublicHeaders = "quarvel/";
+constexpr std::string_view kPublicFolder = "include/quarvel/";
+
 // The place of the path's room in the stack; nothing for a folder that is no room.
 std::optional<std::ptrdiff_t> LevelOf(std::string_view path) {
   const auto& rooms = Rooms();
+  if (path.starts_with(kPublicHeaders) || path.starts_with(kPublicFolder)) path = "api/";
   const auto room = std::find(rooms.begin(), rooms.end(), path.substr(0, path.find('/')));
   if (room == rooms.end()) return std::nullopt;
   return room - rooms.begin();
@@ -78,9 +84,11 @@ std::string QuotedProblem(std::string_view path, std::string_view name) {
   const auto level = LevelOf(name);
   if (!level) return "is the header of no room";
   const bool above = *level > *LevelOf(path);
-  // The two rooms at the top do not know each other.
-  const bool beside = name.starts_with("automation/") && IsHost(path);
-  return above || beside ? "does not go downwards" : "";
+  // The three rooms at the top do not know each other.
+  const bool beside = level >= LevelOf("api/") && level != LevelOf(path);
+  if (above || beside) return "does not go downwards";
+  const bool shows_inside = path.starts_with(kPublicFolder) && !name.starts_with(kPublicHeaders);
+  return shows_inside ? "shows programs what is inside of the library" : "";
 }
 
 std::string SystemProblem(std::string_view path, std::string_view name) {
@@ -165,8 +173,8 @@ std::vector<std::string> IncludeCircles(const SourceTexts& sources) {
 
 const std::vector<std::string_view>& Rooms() {
   static const std::vector<std::string_view> rooms = {
-      "text",    "platform", "model",     "mps",        "simplify",
-      "inspect", "viewer",   "component", "automation", "hosts"};
+      "text",   "platform",  "model", "mps",        "simplify", "inspect",
+      "viewer", "component", "api",   "automation", "hosts"};
   return rooms;
 }
 

@@ -1,6 +1,6 @@
 // What a source of a room may include. The rooms form a stack and includes go downwards only:
 //
-//   hosts, automation -> component -> viewer -> inspect -> simplify -> mps -> model -> platform -> text
+//   hosts, automation, api -> component -> viewer -> inspect -> simplify -> mps -> model -> platform -> text
 //
 // The folders inside platform/ are drawers and system parts. Only hosts and tests include a drawer,
 // and only these folders, and sources of hosts named *_win32 or *_posix, use headers beyond the

@@ -14,7 +14,7 @@ const std::map<std::string, std::string>& ProjectSources() {
     std::map<std::string, std::string> found;
     const fs::path root = SourceFolder();
     std::vector<std::string> folders(Rooms().begin(), Rooms().end());
-    folders.insert(folders.end(), {"tests", "fuzz", "bench"});
+    folders.insert(folders.end(), {"include", "tests", "fuzz", "bench"});
     for (const std::string& folder : folders) {
       if (!fs::exists(root / folder)) continue;
       for (const auto& entry : fs::recursive_directory_iterator(root / folder)) {

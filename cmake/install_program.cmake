@@ -1,0 +1,29 @@
+# What cmake --install puts where for users. Components: `program` is the command, `viewer` its windows on
+# Linux, `automation` Quarvel.dll with what stands beside it, `documentation` the manual, the scripts that
+# complete command lines, the pages of docs/ and the licence.
+include(GNUInstallDirs)
+set(doc_folder "${CMAKE_INSTALL_DATAROOTDIR}/doc/quarvel")
+
+install(TARGETS quarvel RUNTIME COMPONENT program)
+if(TARGET quarvel-view)
+  install(TARGETS quarvel-view RUNTIME COMPONENT viewer)
+endif()
+set(readme "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/quarvel.readme.txt")
+if(WIN32)
+  install(TARGETS Quarvel RUNTIME COMPONENT automation)
+  install(FILES "${QUARVEL_MADE}/packaging/Quarvel.Component.manifest"
+                "${PROJECT_BINARY_DIR}/automation/quarvel.tlb"
+          DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT automation)
+  # Beside whatever has a Help menu.
+  install(FILES "${readme}" DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT program)
+else()
+  install(FILES "${readme}" DESTINATION "${doc_folder}" COMPONENT documentation)
+endif()
+
+install(FILES LICENSE README.md DESTINATION "${doc_folder}" COMPONENT documentation)
+install(DIRECTORY docs/ DESTINATION "${doc_folder}/docs" COMPONENT documentation)
+install(DIRECTORY examples DESTINATION "${doc_folder}" COMPONENT documentation)
+if(TARGET quarvel_manual)
+  install(DIRECTORY "${CMAKE_BINARY_DIR}/share/" DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}"
+          COMPONENT documentation)
+endif()
