@@ -73,7 +73,7 @@ Receipt PublicReceipt(const inspect::FileWrite& write) {
                      .equal_elements = inner.equal_coefficients,
                      .losses = {},
                      .unexpected = inner.unexpected,
-                     .fits_fixed_columns = write.fits_fixed_columns,
+                     .fits_fixed_columns = write.long_field.empty(),
                      .failure = write.failure ? write.failure->description() : std::string(),
                      .notes = write.notes};
   for (const mps::LossGroup& group : inner.losses.groups()) {

@@ -1,5 +1,6 @@
 #include "hosts/answers.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "mps/frm_set_default_bounds.h"
@@ -83,6 +84,18 @@ std::optional<MsgBoxResult> Answers::AnswerQuestion(const Box& box, const Questi
     on_note(Told(box, option, *given));
   }
   return failed ? MsgBoxResult::kNo : given->answer;
+}
+
+// Told as what an option passes over is.
+bool Answers::TellPassedOver(const Box& box) {
+  const QuestionOption* const option = DecisionOn(box.kind).option;
+  if (option == nullptr) return false;
+  const auto given =
+      std::find_if(option->answers.begin(), option->answers.end(),
+                   [](const GivenAnswer& answer) { return answer.answer == MsgBoxResult::kYes; });
+  if (given == option->answers.end()) return false;
+  if (IsToBeTold(box, *option, *given)) on_note(Told(box, *option, *given));
+  return true;
 }
 
 bool Answers::IsToBeTold(const Box& box, const QuestionOption& option, const GivenAnswer& given) {

@@ -36,6 +36,7 @@ class Answers : public platform::ConsoleAnswers {
   std::optional<platform::Box> unanswered;
 
   std::optional<platform::MsgBoxResult> AnswerBox(const platform::Box& box, bool& print) override;
+  bool TellPassedOver(const platform::Box& box) override;
   std::optional<std::string> AnswerFile(const platform::FileDialog& dialog) override;
   bool DriveForm(platform::Form& form) override;
 

@@ -23,10 +23,9 @@ std::unique_ptr<ProblemReport> MakeReport(const Session& session, const std::str
                                           const ReportPlace& place) {
   const Arguments& arguments = session.arguments;
   std::ostream& out = session.streams.out;
-  const std::string file = NameOfInput(path);
-  if (arguments.sarif) return MakeSarifReport(file, out, place);
-  if (arguments.json) return MakeJsonReport(file, out, place);
-  return MakeTextReport(file, out, session.streams.screen, arguments.color);
+  if (arguments.sarif) return MakeSarifReport(path, out, place);
+  if (arguments.json) return MakeJsonReport(path, out, place);
+  return MakeTextReport(NameOfInput(path), out, session.streams.screen, arguments.color);
 }
 
 // Gives the status of that file.

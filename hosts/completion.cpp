@@ -10,12 +10,15 @@
 
 #include "hosts/commands.h"
 #include "hosts/completion_scripts.h"
+#include "hosts/edit_language.h"
 #include "hosts/input_bytes.h"
 #include "hosts/list_options.h"
 #include "hosts/option.h"
 #include "hosts/record_fields.h"
+#include "hosts/record_selection.h"
 #include "hosts/session.h"
 #include "model/record_kind.h"
+#include "mps/file_problem.h"
 #include "mps/read_file.h"
 #include "text/upper_case.h"
 #include "text/visible_text.h"
@@ -152,6 +155,9 @@ class Completer {
   void OfferValues(const Option& option) {
     if (option.id == kObjectiveRow) return OfferNames({&model::kRowKind}, "");
     if (option.id == kSort || option.id == kFields) return OfferKeys();
+    if (option.id == kType) return OfferTypes();
+    if (option.id == kOnly || option.id == kIgnore) return OfferProblems();
+    if (option.id == kCommand) return OfferEditCommands();
     if (option.value == "FILE") completion_.files = Files::kAny;
     if (option.value.find('|') == std::string_view::npos) return;
     for (const std::string_view word : Split(option.value, "|")) {
@@ -160,14 +166,41 @@ class Completer {
     }
   }
 
-  // Of what is shown of a record; some may stand there already.
-  void OfferKeys() {
+  // Keeps what stands before the last of these characters: words of a list may be there already.
+  void KeepBehind(std::string_view separators) {
     const std::string_view typed = word_.substr(kept_.size());
-    const std::size_t last = typed.find_last_of(",-");
+    const std::size_t last = typed.find_last_of(separators);
     kept_ = word_.substr(0, kept_.size() + (last == std::string_view::npos ? 0 : last + 1));
+  }
+
+  const model::RecordKind& ListedKind() const {
     const bool of_columns = typed_.command != nullptr && typed_.command->name == "columns";
-    const std::string keys = FieldKeys(of_columns ? model::kColumnKind : model::kRowKind);
+    return of_columns ? model::kColumnKind : model::kRowKind;
+  }
+
+  // Of what is shown of a record.
+  void OfferKeys() {
+    KeepBehind(",-");
+    const std::string keys = FieldKeys(ListedKind());
     for (const std::string_view key : Split(keys, ", ")) Offer(key);
+  }
+
+  void OfferTypes() {
+    KeepBehind(",");
+    const std::string types = TypeWords(ListedKind());
+    for (const std::string_view type : Split(types, ", ")) Offer(type);
+  }
+
+  void OfferProblems() {
+    KeepBehind(",");
+    for (const mps::FileProblemTraits& traits : mps::FileProblemTable()) {
+      Offer(traits.id, traits.name);
+      if (!word_.substr(kept_.size()).empty()) Offer(traits.name, traits.id);
+    }
+  }
+
+  void OfferEditCommands() {
+    for (const EditCommandUse& use : EditCommandUses()) Offer(use.name, use.operands);
   }
 
   void OfferCommands() {

@@ -98,7 +98,7 @@ void PrintAllJson(Session& session, const std::string& file,
 int RunDialects(Session& session) {
   const Arguments& arguments = session.arguments;
   const std::string& path = arguments.operands[0];
-  const std::string file = path == kStandardInput ? std::string(kStandardInputName) : path;
+  const std::string file = NameOfInput(path);
   mps::ReadOptions options = ReadOptionsOf(arguments);
   options.open = InputOpener(path, session.streams);
   options.on_progress = [&session](std::uint64_t, std::uint64_t) { return session.KeepPrinting(); };
@@ -114,7 +114,7 @@ int RunDialects(Session& session) {
   }
   const Quotes quotes = inspect::QuotedLines(options.open, lines);
   if (arguments.json) {
-    PrintAllJson(session, file, findings, quotes);
+    PrintAllJson(session, path, findings, quotes);
   } else {
     PrintAll(session, file, findings, quotes);
   }

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "hosts/edit_words.h"
+#include "hosts/input_bytes.h"
 #include "hosts/printing.h"
 #include "text/numbers.h"
 #include "text/visible_text.h"
@@ -113,8 +114,8 @@ void DiffText::PrintLine(std::string_view line, std::optional<Ink> ink) {
 }
 
 void DiffText::Begin() {
-  PrintLine("--- " + file_a() + ": " + SizeText(sides().a.model()), Ink::kHeading);
-  PrintLine("+++ " + file_b() + ": " + SizeText(sides().b.model()), Ink::kHeading);
+  PrintLine("--- " + NameOfInput(file_a()) + ": " + SizeText(sides().a.model()), Ink::kHeading);
+  PrintLine("+++ " + NameOfInput(file_b()) + ": " + SizeText(sides().b.model()), Ink::kHeading);
 }
 
 void DiffText::Print(const Difference& difference) {

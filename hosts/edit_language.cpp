@@ -224,6 +224,13 @@ const EditCommand& FindEditCommand(std::string_view name) {
 
 }  // namespace
 
+std::vector<EditCommandUse> EditCommandUses() {
+  std::vector<EditCommandUse> uses;
+  for (const EditCommand& command : EditCommands())
+    uses.push_back({command.name, command.operands});
+  return uses;
+}
+
 void RunEditLine(Session& session, std::string_view line) {
   Words words = SplitWords(line);
   if (words.empty()) return;

@@ -4,10 +4,18 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "hosts/session.h"
 
 namespace quarvel::hosts {
+
+// The commands, each with what it takes.
+struct EditCommandUse {
+  std::string_view name;
+  std::string_view operands;
+};
+std::vector<EditCommandUse> EditCommandUses();
 
 // What the help text of the program's command says about all this.
 std::string EditHelp();

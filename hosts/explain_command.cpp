@@ -143,7 +143,7 @@ class ExplainedRead {
     DropRepeated(records[0], records[1]);
     if (records[1].number != 0) DropRepeated(records[1], records[0]);
     auto quotes = inspect::QuotedLines(options_.open, LinesOf(records));
-    return {session_, file(), std::move(records), facts_, std::move(quotes)};
+    return {session_, path_, std::move(records), facts_, std::move(quotes)};
   }
   // "; did you mean ...": rows and columns of like names, or which numbers there are.
   std::string Likely() const {
@@ -155,9 +155,7 @@ class ExplainedRead {
     }
     return text::DidYouMean(nearest.words());
   }
-  std::string file() const {
-    return path_ == kStandardInput ? std::string(kStandardInputName) : path_;
-  }
+  std::string file() const { return NameOfInput(path_); }
 
  private:
   // Tells which was taken of two things that the word could be.

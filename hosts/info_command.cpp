@@ -33,11 +33,12 @@ void AppendFactMembers(std::string& json, const mps::FileFacts& facts) {
   }
 }
 
-std::string InfoJson(const Session& session, const LPModel& model) {
+std::string InfoJson(const Session& session, const std::string& path) {
+  const LPModel& model = session.model();
   std::string json = "{";
   AppendJsonMember(json, "name", model.ModelName());
   AppendJsonMember(json, "description", model.ModelDescription());
-  AppendJsonMember(json, "file", model.FileLocation());
+  AppendJsonMember(json, "file", path);
   AppendJsonMember(json, "rows", model.NumberOfRows());
   AppendJsonMember(json, "columns", model.NumberOfColumns());
   AppendJsonMember(json, "elements", model.NumberOfElements());
@@ -87,11 +88,12 @@ void AddFacts(FactList& list, const mps::FileFacts& facts) {
   list.Add("  constant", text::RoundTripText(facts.objective_constant));
 }
 
-std::string InfoText(const Session& session, const LPModel& model) {
+std::string InfoText(const Session& session, const std::string& path) {
+  const LPModel& model = session.model();
   FactList list(session);
   list.Add("Name", model.ModelName());
   AddDescription(list, model.ModelDescription());
-  list.Add("File", model.FileLocation());
+  list.Add("File", NameOfInput(path));
   AddFacts(list, session.facts());
   list.Add("Binding rows", text::IntegerText(model.NumberOfBindingRows()));
   list.Add("Non-binding rows", text::IntegerText(model.NumberOfNonBindingRows()));
@@ -116,8 +118,7 @@ class FileTable {
       ++failed_;
       return;
     }
-    session_.streams.out << (session_.arguments.json ? InfoJson(session_, session_.model())
-                                                     : Line(path));
+    session_.streams.out << (session_.arguments.json ? InfoJson(session_, path) : Line(path));
   }
 
   int End() {
@@ -146,7 +147,7 @@ class FileTable {
                                      model.NumberOfElements(), IntegerColumns(model)}) {
       AppendRight(line, text::IntegerText(count), kWidth);
     }
-    return line + "  " + text::VisibleText(path) + '\n';
+    return line + "  " + text::VisibleText(NameOfInput(path)) + '\n';
   }
 
   Session& session_;
@@ -162,9 +163,8 @@ int RunInfo(Session& session) {
   StopAtSecondStandardInput(files);
   if (files.size() == 1) {
     session.Read(files[0]);
-    const LPModel& model = session.model();
-    session.streams.out << (session.arguments.json ? InfoJson(session, model)
-                                                   : InfoText(session, model));
+    session.streams.out << (session.arguments.json ? InfoJson(session, files[0])
+                                                   : InfoText(session, files[0]));
     return kGood;
   }
   FileTable table(session);

@@ -6,7 +6,9 @@
 #include <utility>
 
 #include "hosts/packing.h"
+#include "platform/automation_error.h"
 #include "platform/files.h"
+#include "platform/system_file.h"
 
 namespace quarvel::hosts {
 namespace {
@@ -51,7 +53,21 @@ class LookedAt : public ByteSource {
   std::size_t end_ = 0;
 };
 
+std::unique_ptr<ByteSource> OpenFile(const std::string& path) {
+  try {
+    return std::make_unique<platform::FileBytes>(platform::InputFile(path));
+  } catch (const AutomationError& error) {
+    if (!IsFolder(path)) throw;
+    throw AutomationError(error.number(), "", "it is a folder, not a file");
+  }
+}
+
 }  // namespace
+
+bool IsFolder(const std::string& path) {
+  const auto info = platform::AskSystemAbout(path);
+  return info && info->is_folder;
+}
 
 void StopAtSecondStandardInput(const std::vector<std::string>& paths) {
   if (std::count(paths.begin(), paths.end(), kStandardInput) < 2) return;
@@ -70,7 +86,7 @@ std::unique_ptr<ByteSource> InputOpener::operator()() {
   if (path_ != kStandardInput) {
     // What has no size may be a pipe, which nobody may write to any more.
     if (again && platform::FileLength(path_) == 0) return nullptr;
-    return Unpacked(std::make_unique<platform::FileBytes>(platform::InputFile(path_)));
+    return Unpacked(OpenFile(path_));
   }
   if (again) return nullptr;
   return Unpacked(std::make_unique<StandardInput>(streams_));

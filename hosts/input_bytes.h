@@ -24,9 +24,11 @@ inline std::string NameOfInput(const std::string& path) {
   return path == kStandardInput ? std::string(kStandardInputName) : path;
 }
 
+bool IsFolder(const std::string& path);
+
 // Opens the file at `path`, or standard input. What has no size, as a pipe, can be had once: null when it is
 // asked for again.
-// Raises what opening raises, and 57 with a description of its own for what is compressed in a way that
+// Raises what opening raises, of a folder saying that it is one, and 57 with a description of its own for what is compressed in a way that
 // this build cannot read. Reading raises 57 for compressed data that are damaged or cut off.
 class InputOpener {
  public:

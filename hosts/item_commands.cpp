@@ -46,7 +46,7 @@ void AppendFact(const Item& item, std::string& text, std::string_view what, std:
 
 std::string Equation(const Item& item) {
   const Screen& screen = item.session.streams.screen;
-  EquationRoom room;
+  EquationRoom room = {.is_shown = !item.session.arguments.json};
   if (item.is_fitted && screen.width > kFactWidth) {
     room.cells = kEquationLines * screen.width - kFactWidth;
   }
@@ -112,7 +112,7 @@ void PrintItemJson(const Item& item) {
   AppendJsonMember(json, "type", item.Type());
   AppendJsonMember(json, "lowerBound", AsLower(item.Lower()));
   AppendJsonMember(json, "upperBound", AsUpper(item.Upper()));
-  if (item.IsRow()) AppendJsonMember(json, "equation", item.model.RowEquation(item.index));
+  if (item.IsRow()) AppendJsonMember(json, "equation", Equation(item));
   item.session.streams.out << json + ",\"elements\":[";
   for (std::int32_t k = 0; k < item.shown && item.session.KeepPrinting(); ++k) {
     json = k == 0 ? "{" : ",{";
@@ -122,8 +122,10 @@ void PrintItemJson(const Item& item) {
     item.session.streams.out << json + '}';
   }
   item.session.StopIfInterrupted();
-  item.session.streams.out << "],\"hasEndata\":";
-  item.session.streams.out << (item.session.may_be_cut_off() ? "false}\n" : "true}\n");
+  json = "]";
+  AppendJsonMember(json, "unlisted", item.Elements() - item.shown);
+  AppendJsonMember(json, "hasEndata", !item.session.may_be_cut_off());
+  item.session.streams.out << json + "}\n";
 }
 
 int PrintItem(Session& session, const model::RecordKind& kind) {

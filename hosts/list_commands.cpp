@@ -32,6 +32,7 @@ class Lister {
         fields_(std::move(fields)),
         records_(selection.Of(listed_)) {}
 
+  bool is_empty() const { return records_.empty(); }
   void PrintText();
   void PrintCsv();
   void PrintJson();
@@ -209,6 +210,10 @@ int List(Session& session, const model::RecordKind& kind) {
   const RecordSelection selection(arguments.list, kind);
   session.Read(arguments.operands[0]);
   Lister lister(session, kind, fields, selection);
+  if (lister.is_empty()) {
+    const std::string hint = selection.HintOfNone();
+    if (!hint.empty()) session.Note(hint);
+  }
   if (arguments.json) {
     lister.PrintJson();
   } else if (arguments.list.csv) {

@@ -7,11 +7,6 @@
 #include "text/cell_width.h"
 
 namespace quarvel::hosts {
-namespace {
-
-constexpr std::string_view kGap = "  ";
-
-}  // namespace
 
 ListTable::ListTable(std::vector<ListColumn> columns) : columns_(std::move(columns)) {
   for (ListColumn& column : columns_) {
@@ -26,7 +21,7 @@ void ListTable::Widen(std::size_t column, std::string_view cell) {
 std::size_t ListTable::StartOfLast() const {
   std::size_t cells = 0;
   for (std::size_t i = 0; i + 1 < columns_.size(); ++i) {
-    cells += columns_[i].width + kGap.size();
+    cells += columns_[i].width + gap_.size();
   }
   return cells;
 }
@@ -40,7 +35,10 @@ void ListTable::FitInto(std::size_t cells) {
       if (column.least == 0 || column.least >= column.width) continue;
       if (widest == nullptr || column.width >= widest->width) widest = &column;
     }
-    if (widest == nullptr) return;
+    if (widest == nullptr) {
+      gap_ = " ";
+      return;
+    }
     --widest->width;
   }
 }
@@ -55,7 +53,7 @@ std::string ListTable::Line(const std::vector<std::string>& cells) const {
   std::string line;
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     const ListColumn& column = columns_[i];
-    if (i > 0) line += kGap;
+    if (i > 0) line += gap_;
     const bool is_cut = is_fitted_ && column.least > 0;
     const std::string cell = is_cut ? text::CutToCells(cells[i], column.width) : cells[i];
     (column.is_left ? AppendLeft : AppendRight)(line, cell, column.width);

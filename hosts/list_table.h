@@ -1,4 +1,4 @@
-// Lines of text with columns that stand below each other, two blanks apart.
+// Lines of text with columns that stand below each other, mostly two blanks apart.
 #pragma once
 
 #include <cstddef>
@@ -23,7 +23,7 @@ class ListTable {
   // Makes a column as wide as this cell.
   void Widen(std::size_t column, std::string_view cell);
   // Narrows the columns that may be cut, the widest first, until a line has no more than so many
-  // cells, or all are at their least.
+  // cells, or all are at their least. Columns then stand one blank apart where two are too many.
   void FitInto(std::size_t cells);
   std::size_t width(std::size_t column) const { return columns_[column].width; }
   // Where the last column begins.
@@ -36,6 +36,7 @@ class ListTable {
  private:
   std::vector<ListColumn> columns_;
   bool is_fitted_ = false;
+  std::string_view gap_ = "  ";
 };
 
 }  // namespace quarvel::hosts

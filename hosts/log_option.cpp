@@ -48,15 +48,16 @@ bool IsBackupOf(const std::string& model, const std::string& log) {
 }  // namespace
 
 std::string ObjectionToLog(const std::string& log, std::span<const std::string> operands) {
-  if (platform::IsTemporaryName(log)) return "cannot keep a log under the name of a temporary file";
+  const std::string start = "cannot keep the log in " + log + ", ";
+  if (platform::IsTemporaryName(log)) return start + "which is the name of a temporary file";
   const bool is_model =
       std::any_of(operands.begin(), operands.end(),
                   [&log](const std::string& operand) { return WouldBeSame(operand, log); });
-  if (is_model) return "cannot copy the log over a model";
+  if (is_model) return start + "which is a model";
   const bool is_backup =
       std::any_of(operands.begin(), operands.end(),
                   [&log](const std::string& operand) { return IsBackupOf(operand, log); });
-  return is_backup ? "cannot copy the log over the backup of a model" : "";
+  return is_backup ? start + "which is the backup of a model" : "";
 }
 
 void WriteLog(const std::string& log, const std::string& model, std::string_view text) {

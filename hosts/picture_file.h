@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,7 +16,14 @@ struct PictureRoom {
   // Pixels for the matrix itself.
   std::int32_t width = 1000;
   std::int32_t height = 1000;
+  // Of the whole picture, which is just so wide or high where that leaves room for a matrix. Points are then
+  // as large as that takes, and the margins take what is left over.
+  std::optional<std::int32_t> whole_width = {};
+  std::optional<std::int32_t> whole_height = {};
 };
+
+// Of the whole picture, in pixels.
+inspect::PictureSize PictureSizeOf(const model::ModelStore& store, const PictureRoom& room);
 
 std::string SvgPicture(const model::ModelStore& store, const PictureRoom& room);
 std::string PngPicture(const model::ModelStore& store, const PictureRoom& room);

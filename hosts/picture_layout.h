@@ -11,6 +11,24 @@ namespace quarvel::hosts {
 
 inline constexpr int kPictureShades = 8;
 
+// One direction of the matrix.
+struct PictureSide {
+  std::int32_t points = 0;
+  std::int32_t pixels = 1;  // of a point
+
+  std::int32_t length() const { return points * pixels; }
+};
+
+// How large everything is, and where the matrix stands.
+struct PictureFrame {
+  PictureSide across;
+  PictureSide down;
+  std::int32_t left;
+  std::int32_t top;
+  std::int32_t width;
+  std::int32_t height;
+};
+
 struct PictureLayout {
   PictureLayout(const model::ModelStore& store, const PictureRoom& room);
 
@@ -31,6 +49,9 @@ struct PictureLayout {
   std::string last_column;
   std::string rows_word;
   std::string columns_word;
+
+ private:
+  PictureLayout(const model::ModelStore& store, const PictureFrame& frame);
 };
 
 }  // namespace quarvel::hosts

@@ -90,13 +90,17 @@ void Point::Set(std::string_view pair, int status_of_bad_text) {
   if (equals == std::string_view::npos) {
     throw CommandError(status_of_bad_text, "\"" + std::string(pair) + "\" is not NAME=VALUE");
   }
+  const std::string_view name = Trimmed(pair.substr(0, equals));
+  if (name.empty()) {
+    throw CommandError(status_of_bad_text, "\"" + std::string(pair) + "\" names no column");
+  }
   const std::string_view value = pair.substr(equals + 1);
   const std::optional<double> number = text::ParseNumber(Trimmed(value));
   if (!number) {
-    throw CommandError(status_of_bad_text, "\"" + std::string(value) + "\" is not a number");
+    throw CommandError(status_of_bad_text, "the value of " + std::string(name) + ", \"" +
+                                               std::string(value) + "\", is not a number");
   }
-  SetColumn(FindRecord(model_, model::kColumnKind, Trimmed(pair.substr(0, equals)), note_),
-            *number);
+  SetColumn(FindRecord(model_, model::kColumnKind, name, note_), *number);
 }
 
 void Point::SetFromFile(const std::string& path, const Streams& streams, UnknownName unknown) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "hosts/streams.h"
+#include "text/edit_distance.h"
 #include "text/upper_case.h"
 
 namespace quarvel::hosts {
@@ -21,8 +22,11 @@ Codes CodesOf(std::string_view option, const std::string& word) {
     }
   }
   if (codes.any()) return codes;
+  text::NearestWords nearest(word);
+  for (const mps::FileProblemTraits& traits : mps::FileProblemTable()) nearest.Offer(traits.name);
+  const std::string likely = text::DidYouMean(nearest.words());
   throw CommandError(kUsage, std::string(option) + ": there is no problem " + word +
-                                 "; docs/problems.md lists them");
+                                 (likely.empty() ? "; docs/problems.md lists them" : likely));
 }
 
 Codes CodesOf(std::string_view option, const std::vector<std::string>& words) {

@@ -16,6 +16,12 @@
 namespace quarvel::hosts {
 namespace {
 
+bool MaySimplify(const Command& command, const Arguments& arguments) {
+  const bool is_edit = (command.options & kCommand) != 0;
+  const bool is_simplify = (command.options & kSimplify) == 0;
+  return is_edit || is_simplify || arguments.ask || (arguments.used & kSimplify) != 0;
+}
+
 // What is wrong with the command line as a whole; empty when nothing is.
 std::string Objection(const Command& command, const Arguments& arguments) {
   const OptionSet foreign = arguments.used & ~command.options;
@@ -30,7 +36,9 @@ std::string Objection(const Command& command, const Arguments& arguments) {
   const bool empty = std::any_of(operands.begin(), operands.end(),
                                  [](const std::string& operand) { return operand.empty(); });
   if (empty) return "takes no empty words";
-  return arguments.log.empty() ? "" : ObjectionToLog(arguments.log, operands);
+  if (arguments.log.empty()) return "";
+  if (!MaySimplify(command, arguments)) return "takes --log with --simplify, whose doings it lists";
+  return ObjectionToLog(arguments.log, operands);
 }
 
 // The command among those words, known before anything can fail; null for none.

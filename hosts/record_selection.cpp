@@ -123,6 +123,14 @@ bool RecordSelection::Keeps(const ListedModel& listed, std::int32_t index) const
                      [&name](const text::Glob& pattern) { return pattern.Matches(name); });
 }
 
+std::string RecordSelection::HintOfNone() const {
+  for (std::size_t i = 0; i < patterns_.size(); ++i) {
+    if (!patterns_[i].has_open_bracket()) continue;
+    return "--match " + choices_.patterns[i] + ": a [ that no ] closes stands for itself";
+  }
+  return "";
+}
+
 bool RecordSelection::KeepsBounds(const ListedModel& listed, std::int32_t index) const {
   if (!choices_.is_free && !choices_.is_fixed) return true;
   const model::Bounds bounds = {(listed.model.*listed.kind.lower)(index),
@@ -159,7 +167,7 @@ std::string ListHelp(const model::RecordKind& kind) {
   return "Options that choose go together: a record must fit all of them. Types: " +
          TypeWords(kind) + ".\nWhat --columns shows and --sort goes by: " + FieldKeys(kind) +
          ".\nWhere there is no bound, --csv has inf or -inf. On a terminal the first 100 are listed, as "
-         "wide as\nit is, unless --limit or --full is given.\n";
+         "wide as\nit is, unless --limit or --full is given; --csv and --json list all there too.\n";
 }
 
 }  // namespace quarvel::hosts

@@ -18,6 +18,8 @@ class RecordSelection {
 
   // The numbers of the records that all choices keep, in order; those that are equal in it, by number.
   std::vector<std::int32_t> Of(const ListedModel& listed) const;
+  // What there is to say where they keep none: of a pattern that may be meant otherwise. Mostly empty.
+  std::string HintOfNone() const;
 
  private:
   using TypeTest = bool (*)(const ListedModel& listed, std::int32_t index);

@@ -12,7 +12,6 @@
 #include "hosts/progress_window.h"
 #include "hosts/questions.h"
 #include "hosts/receipt_text.h"
-#include "mps/save_driver.h"
 #include "platform/automation_error.h"
 #include "platform/box.h"
 #include "platform/files.h"
@@ -90,7 +89,7 @@ void Session::Read(const std::string& path) {
   const bool simplifies = AnswerTo(platform::BoxKind::kOfferToSimplify, arguments).answer ==
                           platform::MsgBoxResult::kYes;
   if (is_read) return simplifies ? TakeLogOfSimplification() : TakeLog();
-  std::string text = path + " was not read";
+  std::string text = NameOfInput(path) + " was not read";
   const bool passes_over =
       AnswerTo(platform::BoxKind::kReadProblem, arguments).answer == platform::MsgBoxResult::kYes;
   if (!passes_over && !answers_.can_ask && !answers_.file_failed) {
@@ -132,6 +131,7 @@ bool Session::ReadAsComponent(const std::string& path) {
 void Session::ReadToWrite(const std::string& path) {
   const std::string& output = arguments.operands[1];
   output_ = NameOfOutput(output);
+  if (IsFolder(output)) throw CommandError(kProblem, output + " is a folder, not a file");
   const std::string objection = ObjectionToOutput(output);
   if (!objection.empty()) throw CommandError(kUsage, output + ' ' + objection);
   if (output == kStandardOutput && arguments.json) {
@@ -216,7 +216,10 @@ void Session::Write(const std::string& path, mps::FileLayout usual) {
   }
   NoteLosses(write.receipt.losses, mps::LossWeight::kChanges, name);
   NoteLosses(write.receipt.losses, mps::LossWeight::kNoted, name);
-  if (!write.fits_fixed_columns) NoteFreeColumns(options.layout, name);
+  if (write.long_field.empty()) return;
+  Note(
+      name + ": " + write.long_field +
+      " takes more room than fixed columns have, so that the file is to be read with free columns");
 }
 
 inspect::FileWrite Session::WriteInWindow(const OutputTarget& target,
@@ -250,7 +253,7 @@ void Session::PrintReceipt(const std::string& path, const OutputTarget& target,
     streams.out << text::OneLine(line) + '\n';
     return;
   }
-  streams.out << WriteJson({.input = NameOfInput(arguments.operands[0]),
+  streams.out << WriteJson({.input = arguments.operands[0],
                             .output = path,
                             .read = size_,
                             .has_endata = !may_be_cut_off(),
@@ -262,13 +265,6 @@ void Session::PrintReceipt(const std::string& path, const OutputTarget& target,
                             .packing = target.packing,
                             .in_place = target.in_place,
                             .write = write});
-}
-
-void Session::NoteFreeColumns(mps::FileLayout layout, const std::string& path) {
-  if (layout == mps::FileLayout::kFixed) return Note(mps::kNotStandardNote);
-  Note(path +
-       ": some names or values are longer than fixed columns are, so that it is to be read with "
-       "free columns");
 }
 
 void Session::StopUnwritten(const inspect::FileWrite& write, const std::string& path) {

@@ -31,6 +31,7 @@ class Session {
   const Arguments& arguments;
   const Streams& streams;
   LPModel& model() { return model_; }
+  const LPModel& model() const { return model_; }
   Answers& answers() { return answers_; }
 
   // Reads the file as the options say. Raises a CommandError when it was not read or Ctrl-C came.
@@ -87,7 +88,6 @@ class Session {
                     const inspect::FileWrite& write);
   // Writes with progress, which `options` are given.
   inspect::FileWrite WriteInWindow(const OutputTarget& target, inspect::WriteOptions& options);
-  void NoteFreeColumns(mps::FileLayout layout, const std::string& path);
   // Raises a CommandError, after notes of what is in the way; nothing when it was written.
   void StopUnwritten(const inspect::FileWrite& write, const std::string& path);
   // `notes`: what it has left in files, each behind a line end.

@@ -23,7 +23,7 @@ std::string CutEquation(const model::ModelData& data, const model::RowRecord& ro
   for (const model::ElementEntry& entry : row.Elements) {
     std::string term;
     model::AppendTerm(term, data, entry);
-    term = text::VisibleText(term);
+    if (room.is_shown) term = text::VisibleText(term);
     used += text::CellCount(term);
     if (shown >= room.terms || used > room.cells) break;
     text += term;
@@ -46,7 +46,8 @@ std::string ShortEquation(const LPModel& model, std::int32_t row, const Equation
   const auto terms = static_cast<std::size_t>(model.RowNumberElements(row));
   const bool may_fit = terms <= room.terms && terms <= room.cells / kShortestTerm;
   if (may_fit || terms == 0) {
-    std::string whole = text::VisibleText(model.RowEquation(row));
+    std::string whole = model.RowEquation(row);
+    if (room.is_shown) whole = text::VisibleText(whole);
     if (terms == 0 || text::CellCount(whole) <= room.cells) return whole;
   }
   const model::ModelData& data = model.store().data();

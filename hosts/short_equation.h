@@ -15,13 +15,15 @@ struct EquationRoom {
 
   std::size_t cells = kAny;
   std::size_t terms = kAny;
+  bool is_shown =
+      true;  // on a terminal, say, which names must not steer; else they stand as they are
 };
 
 // "499,994", as people read it.
 std::string GroupedText(std::int64_t count);
 
 // The equation as a terminal may show it. Where it has more than there is room for, its first terms,
-// "... 499,994 more", and its end; with at least one term, whatever the room. Raises what RowEquation
+// "... 499,994 more", and its end. Raises what RowEquation
 // raises. Cost: what is shown.
 std::string ShortEquation(const LPModel& model, std::int32_t row, const EquationRoom& room);
 

@@ -8,6 +8,7 @@
 #include "hosts/made_file.h"
 #include "hosts/picture_file.h"
 #include "hosts/png_file.h"
+#include "text/numbers.h"
 #include "text/visible_text.h"
 
 namespace quarvel::hosts {
@@ -40,20 +41,32 @@ PictureWriter WriterFor(std::string_view path) {
   return path.ends_with(".png") ? PngPicture : nullptr;
 }
 
+void NoteOtherSize(Session& session, std::string_view side, std::optional<std::int32_t> wanted,
+                   std::int32_t size) {
+  if (!wanted || *wanted == size) return;
+  session.Note(session.arguments.output + " is " + text::IntegerText(size) + " pixels " +
+               std::string(side) + ", not " + text::IntegerText(*wanted) +
+               ": the numbers beside the matrix leave no less");
+}
+
 void WritePicture(Session& session, PictureWriter writer) {
   const std::string& path = session.arguments.output;
   PictureRoom room;
-  if (session.arguments.width) room.width = *session.arguments.width;
-  if (session.arguments.height) room.height = *session.arguments.height;
+  room.whole_width = session.arguments.width;
+  room.whole_height = session.arguments.height;
   WriteMadeFile(path, writer(session.model().store(), room));
   session.streams.out << text::OneLine(path) + ": " + SizeText(session.model()) + '\n';
+  const inspect::PictureSize size = PictureSizeOf(session.model().store(), room);
+  NoteOtherSize(session, "wide", room.whole_width, size.width);
+  NoteOtherSize(session, "high", room.whole_height, size.height);
 }
 
 }  // namespace
 
 std::string SpyHelp() {
   return "Each dot is an element, or some of them where there are more rows or columns than dots. In a "
-         "file\nthat ends in .svg or .png darker points have more elements.\n";
+         "file\nthat ends in .svg or .png darker points have more elements; --width and --height are those of the "
+         "whole\npicture there. One of them alone leaves the other to the shape of the matrix.\n";
 }
 
 int RunSpy(Session& session) {

@@ -18,7 +18,8 @@ std::string StatsHelp() {
 }
 
 int RunStats(Session& session) {
-  session.Read(session.arguments.operands[0]);
+  const std::string& file = session.arguments.operands[0];
+  session.Read(file);
   const model::ModelStore& store = session.model().store();
   const inspect::ModelStats stats = inspect::StatsOf(store);
   const simplify::Forecast forecast = simplify::ForecastOf(store);
@@ -26,6 +27,7 @@ int RunStats(Session& session) {
   const Screen& screen = session.streams.screen;
   const bool is_fitted = screen.is_terminal && !session.arguments.full;
   const StatsReport report = {session.model(),
+                              file,
                               stats,
                               forecast,
                               is_limited ? session.arguments.limit : kUsualFamilies,

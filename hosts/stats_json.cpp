@@ -173,7 +173,7 @@ std::string WholeJson(const StatsReport& report) {
   const ModelStats& stats = report.stats;
   std::string json = "{";
   AppendJsonMember(json, "name", report.model.ModelName());
-  AppendJsonMember(json, "file", report.model.FileLocation());
+  AppendJsonMember(json, "file", report.file);
   AppendCount(json, "rows", stats.rows);
   AppendCount(json, "columns", stats.columns);
   AppendCount(json, "elements", stats.elements);

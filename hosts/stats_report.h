@@ -15,6 +15,7 @@ namespace quarvel::hosts {
 
 struct StatsReport {
   const LPModel& model;
+  const std::string& file;  // as it was given
   const inspect::ModelStats& stats;
   const simplify::Forecast& forecast;
   std::int64_t most_families;  // of rows and of columns, that are listed

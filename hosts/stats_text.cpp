@@ -4,6 +4,7 @@
 #include <array>
 #include <set>
 
+#include "hosts/input_bytes.h"
 #include "hosts/printing.h"
 #include "hosts/session.h"
 #include "hosts/stats_report.h"
@@ -54,7 +55,7 @@ std::string DuplicatesText(const StatsReport& report) {
 std::string HeadText(const StatsReport& report) {
   std::string text;
   AppendFact(report, text, "Name", report.model.ModelName());
-  AppendFact(report, text, "File", report.model.FileLocation());
+  AppendFact(report, text, "File", NameOfInput(report.file));
   AppendFact(report, text, "Size", SizeText(report.model));
   AppendFact(report, text, "Density", ShortText(100 * report.stats.density) + " %");
   AppendFact(report, text, "Given twice", DuplicatesText(report));

@@ -46,7 +46,7 @@ struct Findings {
 
   const LPModel& model() const { return session.model(); }
   const std::string& file() const { return session.arguments.operands[0]; }
-  std::string point_file() const { return NameOfInput(session.arguments.operands[1]); }
+  const std::string& point_file() const { return session.arguments.operands[1]; }
   const inspect::SolutionKindTraits& kind() const { return inspect::TraitsOf(point.kind()); }
   std::int64_t unlisted() const {
     return violations.count() - static_cast<std::int64_t>(violations.worst.size());
@@ -130,7 +130,7 @@ void PrintNotes(const Findings& findings) {
 
 std::string SummaryText(const Findings& findings) {
   const inspect::Violations& found = findings.violations;
-  std::string text = findings.file() + ": " + Counted(found.count(), "violation");
+  std::string text = NameOfInput(findings.file()) + ": " + Counted(found.count(), "violation");
   if (found.count() != 0) {
     text += ": " + text::IntegerText(found.rows) + " of rows, " + text::IntegerText(found.bounds) +
             " of bounds, " + text::IntegerText(found.integers) + " of integers";

@@ -118,7 +118,7 @@ std::string WriteJson(const WriteStory& story) {
   AppendJsonMember(json, "commands", story.commands);
   AppendJsonObject(json, "model", SizeJson(story.model));
   AppendJsonMember(json, "layout", story.layout == mps::FileLayout::kFixed ? "fixed" : "free");
-  AppendJsonMember(json, "fitsFixedColumns", write.fits_fixed_columns);
+  AppendJsonMember(json, "fitsFixedColumns", write.long_field.empty());
   AppendJsonMember(json, "packing", story.packing != nullptr ? story.packing->name : "none");
   AppendJsonMember(json, "inPlace", story.in_place);
   AppendJsonObject(json, "receipt", ReceiptJson(write.receipt));

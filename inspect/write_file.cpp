@@ -15,6 +15,10 @@ namespace {
 using platform::ByteSink;
 using platform::ByteSource;
 
+std::string LongFieldOf(const mps::ModelWriter& writer) {
+  return writer.long_field() ? mps::TextOf(*writer.long_field()) : "";
+}
+
 class FileSink : public ByteSink {
  public:
   explicit FileSink(platform::OutputFile& file) : file_(file) {}
@@ -87,9 +91,9 @@ class ReceiptListener : public mps::SaveListener {
   }
   void Kept(const std::string& name) override { write_.kept = name; }
   void NothingWritten() override { write_.outcome = WriteOutcome::kNothing; }
-  void Written(bool is_standard) override {
+  void Written(const mps::ModelWriter& writer) override {
+    write_.long_field = LongFieldOf(writer);
     write_.outcome = WriteOutcome::kWritten;
-    write_.fits_fixed_columns = is_standard;
   }
   void Failed(const AutomationError& failure, const std::string& notes) override {
     write_.outcome = WriteOutcome::kFailed;
@@ -185,7 +189,7 @@ FileWrite WriteStream(const model::ModelStore& store, const mps::FileFacts& fact
       pieces.Add(piece);
       course.Written(piece);
     });
-    write.fits_fixed_columns = writer.is_standard();
+    write.long_field = LongFieldOf(writer);
     CompareWithFile(store, facts, std::make_unique<Pieces::Source>(pieces), write.receipt,
                     course.Verifying());
     write.outcome = WriteOutcome::kNotSame;

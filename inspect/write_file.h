@@ -56,15 +56,16 @@ enum class WriteOutcome : std::uint8_t {
 struct FileWrite {
   WriteOutcome outcome = WriteOutcome::kFailed;
   Receipt receipt;
-  // Every name and value stands where fixed columns have it.
-  bool fits_fixed_columns = true;
+  // In words, the first name or value that does not stand where fixed columns have it; empty: all do.
+  std::string long_field = {};
   std::string kept = {};  // the name that what had the name of the backup is kept under
   std::optional<AutomationError> failure = {};
   std::string notes = {};  // what the failure left in files, each note behind a line end
 };
 
 // Saves as SaveFile (mps/file_save.h) does: the old file or the new one, whole; the path becomes the
-// model's location. The backup of the model's own file stands beside it (mps/backup.h). Unless the outcome is kWritten the file is as it was, but for what a failure leaves.
+// model's location. The backup of the model's own file stands beside it (mps/backup.h). Unless the outcome is
+// kWritten the file is as it was, but for what a failure leaves.
 // What cannot be replaced (a pipe, a device) is written without being read again.
 // Cost: of finding what is lost, the write and a read; while that goes on, twice the memory of the model.
 FileWrite WriteFile(model::ModelStore& store, const mps::FileFacts& facts, const std::string& path,

@@ -93,7 +93,7 @@ void ExactLossFinder::CheckRow(std::int32_t i) {
 bool ExactLossFinder::FitsFixedColumns() const {
   ExactWriter writer(store_, facts_);
   writer.Write([](std::string_view) {});
-  return writer.fits_fixed_columns();
+  return !writer.long_field();
 }
 
 }  // namespace

@@ -83,7 +83,7 @@ ExactWriter::ExactWriter(const model::ModelStore& store, const FileFacts& facts)
 
 void ExactWriter::Write(const std::function<void(std::string_view)>& take) {
   take_ = &take;
-  fits_ = true;
+  long_field_.reset();
   bounds_due_ = true;
   WriteTexts();
   WriteSense();
@@ -124,7 +124,9 @@ void ExactWriter::WriteRows() {
     lines_ += ' ';
     lines_ += model::TraitsOf(lines.type).file_letter;
     WriteLine(kWordGap, data_.Rows[i].Name);
-    if (text::CharacterCount(data_.Rows[i].Name) > kLongestFixedName) fits_ = false;
+    if (text::CharacterCount(data_.Rows[i].Name) > kLongestFixedName) {
+      NoteLong({LongFieldKind::kName, data_.Rows[i].Name});
+    }
   }
 }
 
@@ -149,10 +151,12 @@ void ExactWriter::WriteMarker(bool integers) {
 
 void ExactWriter::WriteColumn(const ColumnRecord& column) {
   for (const model::ElementEntry& element : column.Elements) {
-    WriteEntry(column.Name, data_.Rows[element.Index].Name, element.Value);
+    WriteEntry(LongFieldKind::kCoefficient, column.Name, data_.Rows[element.Index].Name,
+               element.Value);
   }
   if (column.ElementCount() != 0 || data_.NumberOfRows == 0) return;
-  WriteEntry(column.Name, data_.Rows[objective_ != 0 ? objective_ : 1].Name, 0);
+  const std::int32_t row = objective_ != 0 ? objective_ : 1;
+  WriteEntry(LongFieldKind::kCoefficient, column.Name, data_.Rows[row].Name, 0);
 }
 
 void ExactWriter::WriteRightHandSides() {
@@ -162,7 +166,7 @@ void ExactWriter::WriteRightHandSides() {
     RowLines lines = RowLinesOf(data_.Rows[i], i >= objective_);
     if (i == objective_ && constant != 0) lines.right_hand_side = -constant;
     if (!lines.right_hand_side) continue;
-    WriteEntry(rhs_set_, data_.Rows[i].Name, *lines.right_hand_side);
+    WriteEntry(LongFieldKind::kRightHandSide, rhs_set_, data_.Rows[i].Name, *lines.right_hand_side);
   }
 }
 
@@ -172,7 +176,7 @@ void ExactWriter::WriteRanges() {
     const RowLines lines = RowLinesOf(data_.Rows[i], i >= objective_);
     if (!lines.range) continue;
     Header(kRangesHeader, is_due);
-    WriteEntry(ranges_set_, data_.Rows[i].Name, *lines.range);
+    WriteEntry(LongFieldKind::kRange, ranges_set_, data_.Rows[i].Name, *lines.range);
   }
 }
 
@@ -208,24 +212,28 @@ void ExactWriter::WriteUpperBound(const ColumnRecord& column) {
   }
 }
 
-void ExactWriter::WriteEntry(std::string_view name, std::string_view row, double value) {
+void ExactWriter::WriteEntry(LongFieldKind kind, std::string_view name, std::string_view row,
+                             double value) {
   lines_ += kEntryIndent;
   AppendName(name);
   AppendName(row);
-  AppendValue(value);
+  const bool is_coefficient = kind == LongFieldKind::kCoefficient;
+  AppendValue(value, is_coefficient ? LongField{kind, name, row} : LongField{kind, row});
   EndLine();
 }
 
 void ExactWriter::WriteBound(BoundCode code, const ColumnRecord& column) {
   BeginBound(code);
   WriteLine({}, column.Name);
-  if (text::CharacterCount(column.Name) > kLongestFixedName) fits_ = false;
+  if (text::CharacterCount(column.Name) > kLongestFixedName) {
+    NoteLong({LongFieldKind::kName, column.Name});
+  }
 }
 
 void ExactWriter::WriteBound(BoundCode code, const ColumnRecord& column, double value) {
   BeginBound(code);
   AppendName(column.Name);
-  AppendValue(value);
+  AppendValue(value, {LongFieldKind::kBound, column.Name});
   EndLine();
 }
 
@@ -249,19 +257,23 @@ void ExactWriter::AppendName(std::string_view name) {
     lines_.append(kNameWidth - size, ' ');
   } else {
     lines_ += kWordGap;
-    fits_ = false;
+    NoteLong({LongFieldKind::kName, name});
   }
 }
 
-void ExactWriter::AppendValue(double value) {
+void ExactWriter::AppendValue(double value, const LongField& field) {
   value_.clear();
   text::AppendShortestText(value_, value, kValueWidth);
   if (value_.size() <= kValueWidth) {
     lines_.append(kValueWidth - value_.size(), ' ');
   } else {
-    fits_ = false;
+    NoteLong(field);
   }
   lines_ += value_;
+}
+
+void ExactWriter::NoteLong(const LongField& field) {
+  if (!long_field_) long_field_ = field;
 }
 
 void ExactWriter::WriteLine(std::string_view prefix, std::string_view rest) {

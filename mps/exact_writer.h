@@ -37,12 +37,14 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "model/bound_code.h"
 #include "model/model_store.h"
 #include "mps/file_facts.h"
+#include "mps/long_field.h"
 
 namespace quarvel::mps {
 
@@ -68,8 +70,9 @@ class ExactWriter {
   // Hands all of the file to `take`, piece by piece. Raises what that raises.
   void Write(const std::function<void(std::string_view)>& take);
 
-  // Of what was written: every field stands where fixed columns have it.
-  bool fits_fixed_columns() const { return fits_; }
+  // Of what was written: the first field that does not stand where fixed columns have it. Its names live as
+  // long as the writer and what it was given.
+  const std::optional<LongField>& long_field() const { return long_field_; }
 
  private:
   void WriteTexts();
@@ -85,13 +88,15 @@ class ExactWriter {
   void WriteUpperBound(const model::ColumnRecord& column);
 
   // An entry of COLUMNS, RHS or RANGES.
-  void WriteEntry(std::string_view name, std::string_view row, double value);
+  void WriteEntry(LongFieldKind kind, std::string_view name, std::string_view row, double value);
   void WriteBound(model::BoundCode code, const model::ColumnRecord& column);
   void WriteBound(model::BoundCode code, const model::ColumnRecord& column, double value);
   void BeginBound(model::BoundCode code);
   void Header(std::string_view header, bool& is_due);
   void AppendName(std::string_view name);
-  void AppendValue(double value);
+  // `field`: what it is, where it turns out to be long.
+  void AppendValue(double value, const LongField& field);
+  void NoteLong(const LongField& field);
   void WriteLine(std::string_view prefix, std::string_view rest = {});
   void EndLine();
   void HandOver();
@@ -105,7 +110,7 @@ class ExactWriter {
   std::string bounds_set_;
   const std::function<void(std::string_view)>* take_ = nullptr;
   bool bounds_due_ = true;  // the header
-  bool fits_ = true;
+  std::optional<LongField> long_field_;
   std::string lines_;  // not yet handed over
   std::string value_;
 };

@@ -83,7 +83,7 @@ bool SaveJob::Run(FileLayout layout, const FileFacts& facts) {
     return true;
   }
   if (is_accepted && backup_ && !backup_->kept().empty()) listener_.Kept(backup_->kept());
-  if (is_accepted) listener_.Written(writer->is_standard());
+  if (is_accepted) listener_.Written(*writer);
   if (backup_) backup_->Delete();
   if (is_accepted) store_.settings().FileLocation = std::move(path_);
   return is_accepted;

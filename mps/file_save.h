@@ -18,6 +18,8 @@
 
 namespace quarvel::mps {
 
+class ModelWriter;
+
 // How the commands save, and the component without any of it.
 struct SaveManner {
   BackupManner backup = BackupManner::kComponent;
@@ -42,8 +44,8 @@ class SaveListener {
   virtual void NothingWritten() = 0;
   // What had the name of the backup before has that name now.
   virtual void Kept(const std::string& name);
-  // The file is there, its backup too. `is_standard`: every field stands where fixed columns have it.
-  virtual void Written(bool is_standard) = 0;
+  // The file is there, its backup too. The writer knows what it wrote.
+  virtual void Written(const ModelWriter& writer) = 0;
   // `notes`: what there is to say of the files, each note behind a line end.
   virtual void Failed(const AutomationError& failure, const std::string& notes) = 0;
 };

@@ -22,8 +22,13 @@ class ModelWriter {
 
   // Hands all of the file to `take`, piece by piece. Raises what that raises.
   void Write(const std::function<void(std::string_view)>& take);
-  // Of what was written: every field stands where fixed columns have it.
-  bool is_standard() const { return fixed_ ? fixed_->standard() : exact_->fits_fixed_columns(); }
+  // Of what was written: what the component calls a standard file (mps_writer.h); of the free layout one whose
+  // fields all stand where fixed columns have them.
+  bool is_standard() const { return fixed_ ? fixed_->standard() : !exact_->long_field(); }
+  // The first field that does not; its names live as long as the writer and what it was given.
+  const std::optional<LongField>& long_field() const {
+    return fixed_ ? fixed_->long_field() : exact_->long_field();
+  }
 
  private:
   std::optional<MpsWriter> fixed_;

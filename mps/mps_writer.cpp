@@ -117,6 +117,7 @@ void MpsWriter::WriteRows() {
     lines_ += ' ';
     lines_ += model::TraitsOf(row.Type).file_letter;
     WriteLine(kWordGap, row.Name);
+    if (!RowName(i).fits) NoteLong({LongFieldKind::kName, row.Name});
   }
 }
 
@@ -182,13 +183,14 @@ void MpsWriter::WriteElements(const model::ColumnRecord& column) {
       lines_ += line.With(row.padded, value);
       if (lines_.size() >= kHandOverSize) HandOver();
     } else {
-      WriteElement(name, RowName(element.Index), value);
+      WriteElement(name, element.Index, value);
     }
   }
 }
 
-void MpsWriter::WriteElement(const NameField& column, const NameField& row,
+void MpsWriter::WriteElement(const NameField& column, std::int32_t row_number,
                              std::string_view value) {
+  const NameField row = RowName(row_number);
   lines_ += kEntryIndent;
   if (column.fits && row.fits && FitsValueField(value)) {
     AppendPadded(column);
@@ -196,6 +198,10 @@ void MpsWriter::WriteElement(const NameField& column, const NameField& row,
     AppendRightAligned(value);
   } else {
     standard_ = false;
+    const std::string& row_name = data_.Rows[row_number].Name;
+    if (!column.fits) NoteLong({LongFieldKind::kName, column.name});
+    if (!row.fits) NoteLong({LongFieldKind::kName, row_name});
+    NoteLong({LongFieldKind::kCoefficient, column.name, row_name});
     lines_ += column.name;
     lines_ += kWordGap;
     lines_ += row.name;
@@ -211,7 +217,8 @@ void MpsWriter::WriteRightHandSides() {
     const model::RowRecord& row = data_.Rows[i];
     const NameField name(row.Name);
     if (!name.fits) standard_ = false;
-    if (const auto value = RightHandSideOf(row)) WriteRowEntry(kRightHandSide, name, *value);
+    const auto value = RightHandSideOf(row);
+    if (value) WriteRowEntry(LongFieldKind::kRightHandSide, name, *value);
   }
 }
 
@@ -222,16 +229,17 @@ void MpsWriter::WriteRanges() {
     if (row.Type != model::RowType::kRanged) continue;
     if (header_due) WriteLine(kRangesHeader);
     header_due = false;
-    WriteRowEntry(kRange, NameField(row.Name), row.UpperBound - row.LowerBound);
+    WriteRowEntry(LongFieldKind::kRange, NameField(row.Name), row.UpperBound - row.LowerBound);
   }
 }
 
-void MpsWriter::WriteRowEntry(std::string_view prefix, const NameField& row, double value) {
-  lines_ += prefix;
+void MpsWriter::WriteRowEntry(LongFieldKind kind, const NameField& row, double value) {
+  lines_ += kind == LongFieldKind::kRange ? kRange : kRightHandSide;
   if (row.fits) {
     AppendPadded(row);
   } else {
     standard_ = false;
+    NoteLong({LongFieldKind::kName, row.name});
     lines_ += row.name;
     lines_ += kWordGap;
   }
@@ -240,6 +248,7 @@ void MpsWriter::WriteRowEntry(std::string_view prefix, const NameField& row, dou
     AppendRightAligned(text);
   } else {
     standard_ = false;
+    NoteLong({kind, row.name});
     lines_ += kWordGap;
     lines_ += text;
   }
@@ -276,6 +285,7 @@ void MpsWriter::WriteUpperBound(const model::ColumnRecord& column, const NameFie
     standard_ = false;
     AppendBoundCode(model::BoundCode::kFree);
     WriteLine(name.name);
+    if (!name.fits) NoteLong({LongFieldKind::kName, name.name});
     return;
   }
   const model::BoundCode code = fixed ? model::BoundCode::kFixed : model::BoundCode::kUpper;
@@ -305,11 +315,16 @@ void MpsWriter::WriteFixedBound(model::BoundCode code, const NameField& column,
 
 void MpsWriter::WriteFreeBound(model::BoundCode code, const NameField& column,
                                std::string_view value) {
+  NoteLong({column.fits ? LongFieldKind::kBound : LongFieldKind::kName, column.name});
   AppendBoundCode(code);
   lines_ += column.name;
   lines_ += kWordGap;
   lines_ += value;
   EndLine();
+}
+
+void MpsWriter::NoteLong(const LongField& field) {
+  if (!long_field_) long_field_ = field;
 }
 
 std::string_view MpsWriter::Format(double value, text::Picture picture) {

@@ -40,6 +40,7 @@
 #include "model/model_data.h"
 #include "model/one_based.h"
 #include "mps/file_words.h"
+#include "mps/long_field.h"
 #include "text/picture.h"
 
 namespace quarvel::mps {
@@ -59,6 +60,9 @@ class MpsWriter {
 
   // False when a name, a value or a kind of record does not belong in a standard file.
   bool standard() const { return standard_; }
+  // Of what was written: the first field that does not stand where fixed columns have it. A file that is not
+  // standard may have none. Its names live as long as the data.
+  const std::optional<LongField>& long_field() const { return long_field_; }
 
  private:
   // A name with what its place in the fixed columns takes.
@@ -82,7 +86,7 @@ class MpsWriter {
   void WriteRows();
   void WriteColumns();
   void WriteElements(const model::ColumnRecord& column);
-  void WriteElement(const NameField& column, const NameField& row, std::string_view value);
+  void WriteElement(const NameField& column, std::int32_t row_number, std::string_view value);
   void WriteRightHandSides();
   void WriteRanges();
   void WriteBounds();
@@ -99,10 +103,11 @@ class MpsWriter {
 
   void WriteLine(std::string_view prefix, std::string_view rest = {});
   // An entry of RHS or RANGES: name and value leave the fixed columns independently of each other.
-  void WriteRowEntry(std::string_view prefix, const NameField& row, double value);
+  void WriteRowEntry(LongFieldKind kind, const NameField& row, double value);
   void AppendBoundCode(model::BoundCode code);
   void WriteFixedBound(model::BoundCode code, const NameField& column, std::string_view value);
   void WriteFreeBound(model::BoundCode code, const NameField& column, std::string_view value);
+  void NoteLong(const LongField& field);
   void AppendPadded(const NameField& field);
   void AppendRightAligned(std::string_view value);
   void EndLine();
@@ -114,6 +119,7 @@ class MpsWriter {
   std::string lines_;  // not yet handed over
   std::string value_;
   bool standard_ = true;
+  std::optional<LongField> long_field_;
 };
 
 }  // namespace quarvel::mps

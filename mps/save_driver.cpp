@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "mps/frm_mps_file_open.h"
+#include "mps/model_writer.h"
 #include "platform/box.h"
 #include "platform/desktop.h"
 #include "platform/file_dialog.h"
@@ -10,6 +11,10 @@
 namespace quarvel::mps {
 namespace {
 
+// What is said of a file that readers of fixed columns cannot take.
+constexpr std::string_view kNotStandardNote =
+    "The file written is not a standard MPS file, since at least one of the row or column names or "
+    "element values was too long";
 constexpr std::string_view kNoElements = "No elements in the model.  Aborting save.";
 
 class DesktopListener : public SaveListener {
@@ -17,8 +22,8 @@ class DesktopListener : public SaveListener {
   explicit DesktopListener(platform::Desktop& desktop) : desktop_(desktop) {}
 
   void NothingWritten() override { desktop_.MsgBox(platform::Refusal(kNoElements)); }
-  void Written(bool is_standard) override {
-    if (!is_standard) desktop_.MsgBox(platform::Note(kNotStandardNote));
+  void Written(const ModelWriter& writer) override {
+    if (!writer.is_standard()) desktop_.MsgBox(platform::Note(kNotStandardNote));
   }
   void Failed(const AutomationError& failure, const std::string& notes) override {
     platform::Box box = platform::Failure(failure);

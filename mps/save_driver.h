@@ -3,7 +3,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "model/model_store.h"
 #include "mps/file_save.h"
@@ -12,11 +11,6 @@
 namespace quarvel::mps {
 
 class frmMPSFileOpen;
-
-// What is said of a file that readers of fixed columns cannot take.
-inline constexpr std::string_view kNotStandardNote =
-    "The file written is not a standard MPS file, since at least one of the row or column names or "
-    "element values was too long";
 
 // Saved also when there was nothing to write, after its box. Not saved: an empty path, or an error,
 // after its box.

@@ -34,6 +34,7 @@ Glob::Glob(std::string_view pattern) : spelled_(UpperCase(pattern)) {
     } else if (left.front() == U'*' || left.front() == U'?') {
       parts_.push_back({.any_number = left.front() == U'*', .ranges = {}});
     } else {
+      has_open_bracket_ = has_open_bracket_ || left.front() == U'[';
       parts_.push_back({.ranges = {{left.front(), left.front()}}});
     }
     left.remove_prefix(1);

@@ -21,6 +21,8 @@ class Glob {
 
   // Cost: the length of the name times that of the pattern at most, mostly the length of the name.
   bool Matches(std::string_view name) const;
+  // It has a "[" that is not closed, which stands for itself.
+  bool has_open_bracket() const { return has_open_bracket_; }
 
  private:
   struct Range {
@@ -39,6 +41,7 @@ class Glob {
   bool MatchesParts(std::u32string_view name) const;
 
   std::string spelled_;
+  bool has_open_bracket_ = false;
   std::vector<Part> parts_;
 };
 

@@ -71,7 +71,9 @@ MsgBoxResult ConsoleDesktop::MsgBox(const Box& box) {
   const auto answer = answers_.AnswerBox(box, print);
   const bool ask = look.asks() && !answer && user_.present();
   if (ask && agreed_.contains(box.kind)) {
-    WriteError(AsLines(console::WithNameOnOneLine(box.statement, box.item)));
+    if (!answers_.TellPassedOver(box)) {
+      WriteError(AsLines(console::WithNameOnOneLine(box.statement, box.item)));
+    }
     return MsgBoxResult::kYes;
   }
   if (print || ask) {

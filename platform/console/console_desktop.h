@@ -31,6 +31,8 @@ class ConsoleAnswers {
   virtual ~ConsoleAnswers() = default;
   // A box is about to be shown. `print` may be set to false to keep it silent.
   virtual std::optional<MsgBoxResult> AnswerBox(const Box&, bool&) { return std::nullopt; }
+  // A question gets the Yes that the user gave to all of its kind, unasked. False: its statement is printed.
+  virtual bool TellPassedOver(const Box&) { return false; }
   // A file dialog; the path to answer.
   virtual std::optional<std::string> AnswerFile(const FileDialog&) { return std::nullopt; }
   // A form waits for its user. True when the answers drove it (selected options, pressed a button).

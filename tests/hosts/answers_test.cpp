@@ -78,6 +78,21 @@ TEST_F(AnswersTest, TellsTheFirstOfAKindThatIsPassedOverAndCountsTheRest) {
   EXPECT_EQ(notes_.size(), 22U) << "they are told once";
 }
 
+TEST_F(AnswersTest, TellsWhatTheUserHasPassedOverAsWhatAnOptionPassesOver) {
+  Box odd = Problem();
+  odd.code = "odd";
+  for (int i = 0; i < 25; ++i) EXPECT_TRUE(answers_.TellPassedOver(odd));
+  EXPECT_EQ(notes_.size(), 20U);
+  EXPECT_EQ(notes_.front(), "m.mps: It is bad.");
+  answers_.TellRest();
+  EXPECT_EQ(notes_.back(),
+            "m.mps: 5 more problems of the kind odd; \"quarvel check --limit all\" lists them");
+  EXPECT_TRUE(answers_.TellPassedOver(
+      {.kind = BoxKind::kConflict, .statement = "They clash.", .question = "What now?"}));
+  EXPECT_EQ(notes_.back(), "They clash.  Removed.");
+  EXPECT_FALSE(answers_.TellPassedOver(Question(BoxKind::kConfirmDeletion, "Delete it?")));
+}
+
 TEST_F(AnswersTest, LeavesAProblemToAUserWhoCanBeAsked) {
   answers_.can_ask = true;
   EXPECT_EQ(Answer(Problem()), std::nullopt);

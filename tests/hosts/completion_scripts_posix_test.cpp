@@ -23,6 +23,9 @@ constexpr Completed kCommon[] = {
     {"row diet.mps CAL", "CALORIES\nCALCIUM\n"},
     {"row 'with blanks.mps' ''", "ONE\n"},
     {"evaluate diet.mps COST BR", "BREAD=\n"},
+    {"rows diet.mps --type ''", "E\nG\nL\nN\nR\n"},
+    {"check --only E90", "E901\n"},
+    {"edit diet.mps out.mps -c delete-e", "delete-element\n"},
     {"polish ''", ""},
 };
 

@@ -73,6 +73,13 @@ TEST(Completion, KnowsTheValuesOfOptions) {
   EXPECT_EQ(CompletionOf({"why", "--log", ""}).files, Completion::Files::kAny);
   EXPECT_EQ(CompletionOf({"why", "--log="}).files, Completion::Files::kAny);
   EXPECT_EQ(Candidates({"rows", "--no-such", "--li"}), Strings{"--limit"});
+  EXPECT_EQ(Candidates({"rows", "--type", ""}), (Strings{"E", "G", "L", "N", "R"}));
+  EXPECT_EQ(Candidates({"columns", "--type=binary,i"}), Strings{"--type=binary,integer"});
+  EXPECT_EQ(Candidates({"check", "--only", "E90"}), Strings{"E901"});
+  EXPECT_EQ(Candidates({"check", "--ignore", "E901,long-n"}), Strings{"E901,long-names"});
+  EXPECT_EQ(CompletionOf({"check", "--only", "E90"}).candidates.at(0).purpose, "failure");
+  EXPECT_EQ(Candidates({"edit", "a", "b", "-c", "set-n"}), Strings{"set-name"});
+  EXPECT_EQ(CompletionOf({"edit", "-c", "set-n"}).candidates.at(0).purpose, "TEXT");
 }
 
 TEST(Completion, LeavesFilesToTheShell) {

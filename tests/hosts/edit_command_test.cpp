@@ -146,8 +146,10 @@ TEST_F(EditTest, WarnsOfLongNamesOnly) {
       "quarvel: The name you entered had more than 8 characters.  In a standard MPS file, "
       "names can be no longer than 8 characters.  If you wish your model to be standard, "
       "please reset the name to have 8 or fewer characters\n"
-      "quarvel: The file written is not a standard MPS file, since at least one of the row or "
-      "column names or element values was too long\n");
+      "quarvel: " +
+          folder_.Path("b.mps") +
+          ": the name LONGROWNAME takes more room than fixed columns have, so that the file is to be "
+          "read with free columns\n");
 }
 
 struct Bad {

@@ -83,8 +83,11 @@ TEST(Evaluate, RefusesABadPoint) {
     int status;
     const char* complaint;
   } cases[] = {
-      {"X", 2, "\"X\" is not NAME=VALUE"},        {"X=two", 2, "\"two\" is not a number"},
-      {"X=inf", 2, "\"inf\" is not a number"},    {"X=", 2, "\"\" is not a number"},
+      {"X", 2, "\"X\" is not NAME=VALUE"},
+      {"X=two", 2, "the value of X, \"two\", is not a number"},
+      {"X=inf", 2, "the value of X, \"inf\", is not a number"},
+      {"X=", 2, "the value of X, \"\", is not a number"},
+      {"=2", 2, "\"=2\" names no column"},
       {"Z=1", 1, "@a.mps: there is no column Z"},
   };
   for (const auto& c : cases) {

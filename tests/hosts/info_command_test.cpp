@@ -210,7 +210,7 @@ TEST(Reading, EndsWithAFileThatCannotBeRead) {
   } cases[] = {
       {folder.Path("missing.mps"), "File not found"},
       {folder.Path("no/such/folder.mps"), "Path not found"},
-      {folder.Path(""), "Path/File access error"},
+      {folder.Path(""), "it is a folder, not a file"},
   };
   for (const auto& c : cases) {
     for (const char* const on_error : {"stop", "continue"}) {

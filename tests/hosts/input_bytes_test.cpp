@@ -203,6 +203,32 @@ TEST(InputBytes, OfStandardInputAreReadOnce) {
       << wrong.err;
 }
 
+TEST(InputBytes, OfStandardInputHaveOneNameInTextAndOneInJson) {
+  const HostFolder folder;
+  const std::string other = folder.Write("a.mps", kTiny);
+  const std::string point = folder.Write("p", "X=1\n");
+  const std::vector<std::vector<std::string>> commands = {
+      {"info", "-"},       {"info", "-", other}, {"stats", "-"},
+      {"check", "-"},      {"dialects", "-"},    {"diff", "-", other},
+      {"why", "-", point}, {"why", other, "-"},  {"explain", "-", "X"}};
+  for (std::vector<std::string> words : commands) {
+    const std::string input(words.back() == "-" && words.size() == 3 ? "X=1\n" : kTiny);
+    const Outcome text = RunQuarvel(words, input);
+    if (words[1] == "-" && words[0] != "explain") {
+      EXPECT_NE(text.out.find("standard input"), std::string::npos) << text.out;
+    }
+    words.emplace_back("--json");
+    const std::string json = RunQuarvel(words, input).out;
+    EXPECT_NE(json.find(":\"-\""), std::string::npos) << json;
+    EXPECT_EQ(json.find("standard input"), std::string::npos) << json;
+  }
+  const Outcome convert =
+      RunQuarvel({"convert", "-", folder.Path("b.mps"), "--json"}, std::string(kTiny));
+  EXPECT_TRUE(convert.out.starts_with("{\"input\":\"-\",")) << convert.out;
+  const Outcome failed = RunQuarvel({"info", "-"}, "ROWS\n Q R1\nENDATA\n");
+  EXPECT_NE(failed.err.find("\nquarvel: standard input was not read"), std::string::npos);
+}
+
 TEST(InputBytes, OfStandardInputAreNotCommandsToo) {
   const HostFolder folder;
   const Outcome run = RunQuarvel({"edit", "-", folder.Path("b.mps")}, std::string(kTiny));

@@ -186,7 +186,29 @@ TEST(Row, IsPrintedAsJson) {
             "{\"index\":0,\"name\":\"R1\",\"type\":\"N\",\"lowerBound\":\"-inf\","
             "\"upperBound\":\"inf\",\"equation\":\" + 1*X - 3.5*Y  (non-binding/objective)\","
             "\"elements\":[{\"column\":\"X\",\"index\":0,\"value\":1},"
-            "{\"column\":\"Y\",\"index\":1,\"value\":-3.5}],\"hasEndata\":true}\n");
+            "{\"column\":\"Y\",\"index\":1,\"value\":-3.5}],\"unlisted\":0,\"hasEndata\":true}\n");
+}
+
+TEST(Row, CutsItsEquationInJsonTooAndCountsWhatIsUnlisted) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", kSmallModel);
+  EXPECT_EQ(RunQuarvel({"row", model, "R1", "--json", "--limit", "1"}).out,
+            "{\"index\":0,\"name\":\"R1\",\"type\":\"N\",\"lowerBound\":\"-inf\","
+            "\"upperBound\":\"inf\",\"equation\":\" + 1*X ... 1 more  (non-binding/objective)\","
+            "\"elements\":[{\"column\":\"X\",\"index\":0,\"value\":1}],\"unlisted\":1,"
+            "\"hasEndata\":true}\n");
+  EXPECT_TRUE(RunQuarvel({"column", model, "X", "--json", "--limit", "0"})
+                  .out.ends_with("\"elements\":[],\"unlisted\":2,\"hasEndata\":true}\n"));
+}
+
+TEST(Rows, SayWhyAnOpenBracketMatchesNothing) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", kSmallModel);
+  const Outcome none = RunQuarvel({"rows", model, "--match", "[R1"});
+  EXPECT_EQ(none.status, 0);
+  EXPECT_EQ(none.err, "quarvel: --match [R1: a [ that no ] closes stands for itself\n");
+  EXPECT_EQ(RunQuarvel({"rows", model, "--match", "[R1", "--match", "R*"}).err, "");
+  EXPECT_EQ(RunQuarvel({"rows", model, "--match", "[Q]1"}).err, "");
 }
 
 TEST(Column, IsPrintedWithItsElements) {
@@ -206,7 +228,7 @@ TEST(Column, IsPrintedAsJson) {
   EXPECT_EQ(RunQuarvel({"column", folder.Write("a.mps", kSmallModel), "X", "--json"}).out,
             "{\"index\":0,\"name\":\"X\",\"type\":\"R\",\"lowerBound\":0,\"upperBound\":10,"
             "\"elements\":[{\"row\":\"R1\",\"index\":0,\"value\":1},"
-            "{\"row\":\"R2\",\"index\":1,\"value\":2}],\"hasEndata\":true}\n");
+            "{\"row\":\"R2\",\"index\":1,\"value\":2}],\"unlisted\":0,\"hasEndata\":true}\n");
 }
 
 TEST(Names, AreFoundExactlyThenInUpperCaseThenAsNumbers) {

@@ -31,5 +31,13 @@ TEST(ListTable, NarrowsWhatMayBeCut) {
   EXPECT_EQ(table.width(0), 8u);
 }
 
+TEST(ListTable, PutsColumnsCloserWhereCuttingIsNotEnough) {
+  ListTable table({{"Index", false}, {"Name", true, 0, 5}, {"Elements", false}});
+  table.Widen(1, "PRODUCTION");
+  table.FitInto(20);
+  EXPECT_EQ(table.Line({"1", "PRODUCTION", "7"}), "    1 PR...        7\n");
+  EXPECT_EQ(table.StartOfLast(), 12U);
+}
+
 }  // namespace
 }  // namespace quarvel::hosts

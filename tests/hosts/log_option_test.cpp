@@ -19,9 +19,9 @@ namespace {
 namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
 
-constexpr std::string_view kOverModel = "cannot copy the log over a model";
-constexpr std::string_view kOverBackup = "cannot copy the log over the backup of a model";
-constexpr std::string_view kTemporary = "cannot keep a log under the name of a temporary file";
+std::string Objection(const std::string& log, const std::string& what) {
+  return "cannot keep the log in " + log + ", which is " + what;
+}
 
 TEST(ObjectionToLog, KnowsAModelByWhateverName) {
   const HostFolder folder;
@@ -29,7 +29,8 @@ TEST(ObjectionToLog, KnowsAModelByWhateverName) {
   const Words operands = {in, folder.Path("out.mps")};
   EXPECT_EQ(hosts::ObjectionToLog(folder.Path("log"), operands), "");
   for (const char* const name : {"in.mps", "./in.mps", "out.mps", "./out.mps", ".//./out.mps"}) {
-    EXPECT_EQ(hosts::ObjectionToLog(folder.Path(name), operands), kOverModel) << name;
+    const std::string log = folder.Path(name);
+    EXPECT_EQ(hosts::ObjectionToLog(log, operands), Objection(log, "a model"));
   }
 }
 
@@ -42,7 +43,8 @@ TEST(ObjectionToLog, KnowsTheBackupsOfWhatIsReadOrWritten) {
                                        {in}};
   for (const Words& operands : commands) {
     for (const char* const name : {"in.bkp", "./in.bkp", "in.bkp.1", "in.bkp.12"}) {
-      EXPECT_EQ(hosts::ObjectionToLog(folder.Path(name), operands), kOverBackup) << name;
+      const std::string log = folder.Path(name);
+      EXPECT_EQ(hosts::ObjectionToLog(log, operands), Objection(log, "the backup of a model"));
     }
     for (const char* const name : {"in.log", "in.bkp.x", "in.bkp1", "1", "other.bkp"}) {
       EXPECT_EQ(hosts::ObjectionToLog(folder.Path(name), operands), "") << name;
@@ -51,7 +53,9 @@ TEST(ObjectionToLog, KnowsTheBackupsOfWhatIsReadOrWritten) {
 }
 
 TEST(ObjectionToLog, KnowsTemporaryFiles) {
-  EXPECT_EQ(hosts::ObjectionToLog("a/.in.mps.quarvel-0~", Words{"in.mps"}), kTemporary);
+  const std::string log = "a/.in.mps.quarvel-0~";
+  EXPECT_EQ(hosts::ObjectionToLog(log, Words{"in.mps"}),
+            Objection(log, "the name of a temporary file"));
 }
 
 Outcome Simplify(const HostFolder& folder, const std::string& log) {
@@ -63,8 +67,25 @@ TEST(LogOption, IsRefusedOverAFileThatIsNotThereYet) {
   folder.Write("in.mps", kSmallModel);
   const Outcome run = Simplify(folder, folder.Path("./out.mps"));
   EXPECT_EQ(run.status, 2);
-  EXPECT_TRUE(run.err.starts_with("quarvel: simplify cannot copy the log over a model\n"));
+  EXPECT_TRUE(run.err.starts_with(
+      folder.Expand("quarvel: simplify cannot keep the log in @./out.mps, which is a model\n")));
   EXPECT_FALSE(folder.Has("out.mps"));
+}
+
+TEST(LogOption, IsRefusedWhereNothingIsSimplified) {
+  const HostFolder folder;
+  const std::string model = folder.Write("in.mps", kSmallModel);
+  const std::string log = folder.Path("steps.txt");
+  for (const Words& words : {Words{"info", model, "--log", log},
+                             {"convert", model, folder.Path("out.mps"), "--log", log}}) {
+    const Outcome run = RunQuarvel(words);
+    EXPECT_EQ(run.status, 2);
+    EXPECT_TRUE(run.err.starts_with("quarvel: " + words[0] +
+                                    " takes --log with --simplify, whose doings it lists\n"))
+        << run.err;
+  }
+  EXPECT_EQ(RunQuarvel({"info", model, "--log", log, "--simplify"}).status, 0);
+  EXPECT_NE(folder.Read("steps.txt").find("Converted row R2"), std::string::npos);
 }
 
 TEST(LogOption, SaysThatNothingWasWrittenWithoutIt) {

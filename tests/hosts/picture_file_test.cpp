@@ -1,5 +1,8 @@
 #include "hosts/picture_file.h"
 
+#include <algorithm>
+#include <utility>
+
 #include <gtest/gtest.h>
 
 #include "component/lp_model.h"
@@ -55,6 +58,46 @@ TEST_F(PictureFile, KeepsToTheRoom) {
   EXPECT_EQ(layout.point_width, 2);
   EXPECT_EQ(layout.point_height, 4);  // few rows are stretched
   EXPECT_EQ(layout.width, layout.left + 500 + 16);
+}
+
+TEST_F(PictureFile, IsAsWideOrHighAsAsked) {
+  Build(6, 6);
+  const PictureLayout wide = Layout({.whole_width = 600});
+  EXPECT_EQ(wide.width, 600);
+  EXPECT_EQ(wide.point_width, 85);
+  EXPECT_EQ(wide.point_height, 85);
+  EXPECT_EQ(wide.matrix_width, 510);
+  EXPECT_GE(wide.left + wide.matrix_width + 16, 599);
+  const PictureLayout high = Layout({.whole_height = 300});
+  EXPECT_EQ(high.height, 300);
+  EXPECT_EQ(high.matrix_width, high.matrix_height);
+  const PictureLayout both = Layout({.whole_width = 400, .whole_height = 200});
+  EXPECT_EQ(both.width, 400);
+  EXPECT_EQ(both.height, 200);
+  EXPECT_GT(both.matrix_width, both.matrix_height);
+  const inspect::PictureSize size = PictureSizeOf(model_.store(), {.whole_width = 400});
+  EXPECT_EQ(size.width, 400);
+}
+
+TEST_F(PictureFile, IsAsWideAsAskedWhateverTheShape) {
+  for (const auto& [rows, columns] : {std::pair(3, 900), {900, 300}, {1, 1}}) {
+    model_.store().Clear();
+    Build(rows, columns);
+    for (const int width : {200, 333, 1000, 3000}) {
+      const PictureLayout layout = Layout({.whole_width = width});
+      EXPECT_EQ(layout.width, width) << rows << ' ' << columns;
+      EXPECT_LE(layout.left + layout.matrix_width + 16, width);
+      EXPECT_LE(layout.matrix_height, std::max(1000, width));
+    }
+  }
+}
+
+TEST_F(PictureFile, IsLargerWhereTheNumbersTakeMore) {
+  Build(6, 6);
+  const PictureLayout layout = Layout({.whole_width = 50, .whole_height = 10});
+  EXPECT_EQ(layout.points.width(), 1);
+  EXPECT_EQ(layout.width, layout.left + 2 + 16);
+  EXPECT_EQ(layout.height, layout.top + 2 + 16);
 }
 
 TEST_F(PictureFile, DrawsSvg) {

@@ -76,6 +76,8 @@ TEST(Program, RefusesWhatItDoesNotUnderstand) {
       {{"check", "a", "--json", "--sarif"}, "check takes --json or --sarif, not both"},
       {{"check", "a", "--only", "E1,nonsense"},
        "--only: there is no problem nonsense; docs/problems.md lists them"},
+      {{"check", "a", "--only", "no-such-rw"},
+       "--only: there is no problem no-such-rw; did you mean no-such-row?"},
       {{"check", "a", "--ignore=W9"},
        "--ignore: there is no problem W9; docs/problems.md lists them"},
       {{"check", "a", "--only", "E1,,W"}, "--only takes CODES, not \"E1,,W\""},
@@ -96,8 +98,8 @@ TEST(Program, RefusesWhatItDoesNotUnderstand) {
       {{"info", "a", "--on-error", "go"}, "--on-error takes ask|stop|continue, not \"go\""},
       {{"info", "a", "--default-bounds=1"}, "--default-bounds takes 0|inf, not \"1\""},
       {{"info", "a", "--on-conflict="}, "--on-conflict takes ask|remove|reset|stop, not \"\""},
-      {{"simplify", "a", "b", "--log", "a"}, "simplify cannot copy the log over a model"},
-      {{"simplify", "a", "b", "--log=b"}, "simplify cannot copy the log over a model"},
+      {{"simplify", "a", "b", "--log", "a"}, "simplify cannot keep the log in a, which is a model"},
+      {{"simplify", "a", "b", "--log=b"}, "simplify cannot keep the log in b, which is a model"},
   };
   for (const Misuse& misuse : cases) {
     const Outcome run = RunQuarvel(misuse.words);

@@ -49,6 +49,24 @@ TEST(Spy, WritesAFileByItsSuffix) {
   EXPECT_TRUE(folder.Read("a.png").starts_with("\x89PNG"));
 }
 
+TEST(Spy, MakesAFileAsWideAsAskedOrSaysWhyNot) {
+  const HostFolder folder;
+  const std::string model = folder.Example("transport.mps");
+  const std::string picture = folder.Path("a.svg");
+  const Outcome wide = RunQuarvel({"spy", model, "-o", picture, "--width", "600"});
+  EXPECT_EQ(wide.err, "");
+  EXPECT_NE(folder.Read("a.svg").find(" width=\"600\""), std::string::npos);
+  const Outcome narrow =
+      RunQuarvel({"spy", model, "-o", picture, "--width", "50", "--height", "20"});
+  EXPECT_EQ(narrow.status, 0);
+  EXPECT_EQ(narrow.err,
+            folder.Expand("quarvel: @a.svg is 90 pixels wide, not 50: the numbers beside "
+                          "the matrix leave no less\n"
+                          "quarvel: @a.svg is 58 pixels high, not 20: the numbers beside "
+                          "the matrix leave no less\n"));
+  EXPECT_NE(folder.Read("a.svg").find(" width=\"90\" height=\"58\""), std::string::npos);
+}
+
 TEST(Spy, RefusesOtherFiles) {
   const HostFolder folder;
   const std::string model = folder.Example("diet.mps");

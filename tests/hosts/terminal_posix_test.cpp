@@ -145,7 +145,9 @@ TEST(Terminal, ShowsTheLineOfAProblemAndTakesAllForAnAnswer) {
       << terminal.shown();
   terminal.Type("al\n");
   EXPECT_EQ(terminal.Finish(), 0) << terminal.shown();
-  EXPECT_NE(terminal.shown().find("line 6: not a number: 2,5\r\n"), std::string::npos)
+  EXPECT_NE(
+      terminal.shown().find("quarvel: " + folder.Path("a.mps") + ": line 6: not a number: 2,5\r\n"),
+      std::string::npos)
       << terminal.shown();
 }
 

@@ -106,21 +106,38 @@ TEST(Convert, GivesEveryExampleBackUnchanged) {
   }
 }
 
-TEST(Convert, TellsOfAFileThatIsNotStandard) {
+TEST(Convert, NamesWhatDoesNotFitFixedColumns) {
   const HostFolder folder;
   const std::string model =
       folder.Write("a.mps", "ROWS\n L LONGROWNAME\nCOLUMNS\n X LONGROWNAME 1\nENDATA\n");
-  const Outcome free = RunQuarvel({"convert", model, folder.Path("b.mps")});
-  EXPECT_EQ(
-      free.err,
-      folder.Expand("quarvel: @b.mps: some names or values are longer than fixed columns are, so "
-                    "that it is to be read with free columns\n"));
-  const Outcome run = RunQuarvel({"convert", model, folder.Path("b.mps"), "--layout=fixed"});
-  EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(
-      run.err,
-      "quarvel: The file written is not a standard MPS file, since at least one of the row or "
-      "column names or element values was too long\n");
+  for (const char* const layout : {"--layout=free", "--layout=fixed"}) {
+    const Outcome run = RunQuarvel({"convert", model, folder.Path("b.mps"), layout});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.err, folder.Expand("quarvel: @b.mps: the name LONGROWNAME takes more room than "
+                                     "fixed columns have, so that the file is to be read with free "
+                                     "columns\n"))
+        << layout;
+  }
+}
+
+TEST(Convert, SaysNothingOfFreeColumnsThatFitFixedOnes) {
+  const HostFolder folder;
+  const std::string model = folder.Write(
+      "a.mps", "ROWS\n L R\nCOLUMNS\n X R 1\n Y R 1\nBOUNDS\n FR B X\n MI B Y\nENDATA\n");
+  for (const char* const layout : {"--layout=free", "--layout=fixed"}) {
+    const std::string output = folder.Path("b.mps");
+    EXPECT_EQ(RunQuarvel({"convert", model, output, layout}).err.find("fixed columns"),
+              std::string::npos);
+    const Outcome json = RunQuarvel({"convert", model, output, layout, "--json"});
+    EXPECT_NE(json.out.find("\"fitsFixedColumns\":true"), std::string::npos) << json.out;
+  }
+}
+
+TEST(Convert, WritesToNoFolder) {
+  const HostFolder folder;
+  const Outcome run = RunQuarvel({"convert", folder.Write("a.mps", kSmallModel), folder.Path("")});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err, folder.Expand("quarvel: @ is a folder, not a file\n"));
 }
 
 TEST(Convert, LeavesTheTargetAloneWhenThereIsNothingToWrite) {

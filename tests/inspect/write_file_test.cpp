@@ -31,7 +31,7 @@ TEST_F(WriteFileTest, GivesAReceiptOfWhatStandsInTheFile) {
   const FileWrite write = Write(kSmallModel, {});
   EXPECT_EQ(write.outcome, kWritten);
   EXPECT_TRUE(write.receipt.is_whole());
-  EXPECT_TRUE(write.fits_fixed_columns);
+  EXPECT_EQ(write.long_field, "");
   EXPECT_EQ(store_.settings().FileLocation, folder_.Path("b.mps"));
   model::ModelStore back;
   EXPECT_EQ(mps::ReadFile(folder_.Path("b.mps"), {}, back).problems.kept().size(), 0U);

@@ -23,7 +23,7 @@ Exact Write(const model::ModelStore& store, const FileFacts& facts = {}) {
   ExactWriter writer(store, facts);
   std::string text;
   writer.Write([&text](std::string_view piece) { text += piece; });
-  return {text, writer.fits_fixed_columns()};
+  return {text, !writer.long_field()};
 }
 
 constexpr const char* kSmallExact =

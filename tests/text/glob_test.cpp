@@ -58,6 +58,13 @@ TEST(Glob, MatchesNames) {
   }
 }
 
+TEST(Glob, KnowsABracketThatIsNotClosed) {
+  EXPECT_TRUE(Glob("X[12").has_open_bracket());
+  EXPECT_TRUE(Glob("[A]*[").has_open_bracket());
+  EXPECT_FALSE(Glob("X[12]").has_open_bracket());
+  EXPECT_FALSE(Glob("X\\[12").has_open_bracket());
+}
+
 TEST(Glob, TakesNoLongTimeForManyStars) {
   std::string pattern;
   for (int i = 0; i < 1000; ++i) pattern += "A*";
