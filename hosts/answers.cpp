@@ -108,8 +108,9 @@ void Answers::TellRest() {
     if (count <= kMostTold) continue;
     const std::string more = text::IntegerText(count - kMostTold);
     const std::string kind = code.empty() ? "" : " of the kind " + code;
-    on_note(file + ": " + more + " more problems" + kind +
-            "; \"quarvel check --limit all\" lists them");
+    std::string note = file;
+    note.append(": ").append(more).append(" more problems").append(kind);
+    on_note(note.append("; \"quarvel check --limit all\" lists them"));
   }
 }
 
