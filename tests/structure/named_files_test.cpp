@@ -56,10 +56,12 @@ bool TellsOfFiles(std::string_view path) {
   return false;
 }
 
-// Whether there is a file that the name may mean, or one that it is made from.
+// Whether there is a file that the name may mean, or one that it is made from. Public headers are named as
+// programs include them.
 bool IsThere(const std::string& name) {
   if (name.find('/') != std::string::npos) {
-    return ProjectFiles().contains(name) || ProjectFiles().contains(name + ".in");
+    return ProjectFiles().contains(name) || ProjectFiles().contains(name + ".in") ||
+           ProjectFiles().contains("include/" + name);
   }
   for (const std::string& file : ProjectFiles()) {
     if (fs::path(file).filename() == name) return true;
