@@ -2,7 +2,9 @@
 #   table         the rows of the table of late-bound calls (members.cpp)
 #   declarations  the members of the COM object (lp_model_object.h)
 #   page          docs/members.md
-# A member without a help text, or of a type that is not in the lists below, is an error.
+# The page also has what members_notes.txt says of each member: numbers, errors, an example.
+# A member without a help text or, for the page, without a note and example, and one of a type that is not in
+# the lists below, is an error.
 #   awk -v WANT=page -v OUT=members.md -f members.awk quarvel.idl
 
 BEGIN {
@@ -25,7 +27,10 @@ BEGIN {
   Kind("propput", "put_", "kLet", "let")
   Kind("propputref", "putref_", "kSet", "set")
   printf "" >OUT
-  if (WANT == "page") PageHead()
+  if (WANT == "page") {
+    ReadNotes("members_notes.txt")
+    PageHead()
+  }
 }
 
 function Type(name, in_cxx, as_argument, as_result, words) {
@@ -53,6 +58,10 @@ function Fail(what) {
 
 END {
   if (failed) exit 1
+  if (WANT == "page") {
+    PageDetails()
+    for (key in note) if (!(key in told)) { print "members_notes.txt: no member " key >"/dev/stderr"; exit 1 }
+  }
   if (count == 0) { print "members.awk: no members in " FILENAME >"/dev/stderr"; exit 1 }
 }
 
@@ -81,6 +90,7 @@ function Member(text, attributes, name, list, parts, i) {
   } else {
     printf "| `%s` | %s | `%s` | %s | %s | %s |\n", name, kind_word[kind], id,
       in_words == "" ? "-" : in_words, result == "" ? "-" : word[result], help >OUT
+    Detail(name, kind_word[kind])
   }
 }
 
@@ -108,10 +118,40 @@ function PageHead() {
   print "[automation/quarvel.idl](../automation/quarvel.idl) by `cmake --build build/linux --target members_page`;" >OUT
   print "[component.md](component.md) tells how to call them and what their errors are.\n" >OUT
   print "A *get* is the read of a property, a *let* its write, a *set* its write of an object; a *method* is an" >OUT
-  print "ordinary call. The new value of a property is its last argument." >OUT
+  print "ordinary call. The new value of a property is its last argument.\n" >OUT
+  print "All numbers of rows, columns and elements start at 0. Each member has an example in VBScript, which a test runs with" >OUT
+  print "this before it; what an example prints stands behind `'>`. `folder` is a folder to write in.\n" >OUT
+  while ((getline line < "members_model.vbs") > 0) lines = lines line "\n"
+  if (lines == "") Fail("members_model.vbs is not there")
+  printf "```vb\n%s```\n", lines >OUT
+}
+
+# The notes by "NAME KIND": the words, and the example without its indent.
+function ReadNotes(file, line, key) {
+  while ((getline line < file) > 0) {
+    if (line ~ /^#/ || line == "") continue
+    if (line ~ /^= /) key = substr(line, 3)
+    else if (line ~ /^    /) example[key] = example[key] substr(line, 5) "\n"
+    else note[key] = note[key] line "\n"
+  }
+  close(file)
+}
+
+# What the section that is being printed will tell below its table.
+function Detail(name, kind, key) {
+  key = name " " kind
+  if (!(key in note) || !(key in example)) Fail("members_notes.txt has nothing about " key)
+  told[key] = 1
+  details = details "\n### " name ", " kind "\n\n" note[key] "\n```vb\n" example[key] "```\n"
+}
+
+function PageDetails() {
+  printf "%s", details >OUT
+  details = ""
 }
 
 function PageHeading(title) {
+  PageDetails()
   printf "\n## %s\n\n", title >OUT
   print "| Member | Kind | Identifier | Arguments | Result | What it does |" >OUT
   print "|---|---|---|---|---|---|" >OUT

@@ -11,6 +11,8 @@ function(quarvel_members what file)
     WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}/automation"
     DEPENDS "${PROJECT_SOURCE_DIR}/automation/members.awk"
             "${PROJECT_SOURCE_DIR}/automation/quarvel.idl"
+            "${PROJECT_SOURCE_DIR}/automation/members_notes.txt"
+            "${PROJECT_SOURCE_DIR}/automation/members_model.vbs"
     VERBATIM)
 endfunction()
 

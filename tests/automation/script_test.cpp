@@ -5,7 +5,9 @@
 #include <deque>
 #include <functional>
 #include <set>
+#include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <windows.h>
@@ -14,6 +16,7 @@
 #include "model/about.h"
 #include "tests/automation/component_file.h"
 #include "tests/automation/host_process.h"
+#include "tests/automation/interface_table.h"
 #include "tests/automation/object_fixture.h"
 #include "tests/support/test_paths.h"
 #include "text/encoding.h"
@@ -34,9 +37,11 @@ class Script : public ::testing::Test {
   void TearDown() override { EXPECT_EQ(component_.Call("DllUnregisterServer"), S_OK); }
 
   // Runs a script with the folder to write in as its argument; what it printed.
-  std::string Run(const std::string& script) {
-    return RunCommand(L"cscript.exe //nologo \"" + Wide(SourceFolder() + "/" + script) + L"\" \"" +
-                      Wide(folder_.path()) + L"\"");
+  std::string Run(const std::string& script) { return RunFile(SourceFolder() + "/" + script); }
+
+  std::string RunFile(const std::string& path) {
+    return RunCommand(L"cscript.exe //nologo \"" + Wide(path) + L"\" \"" + Wide(folder_.path()) +
+                      L"\"");
   }
 
   std::string RunCommand(const std::wstring& command) {
@@ -133,6 +138,55 @@ TEST_F(Script, ReadsShowsAndSavesInWindowsOfAUser) {
   EXPECT_EQ(std::count(windows_.begin(), windows_.end(), "Model Viewer"), 3);
   EXPECT_EQ(std::count(windows_.begin(), windows_.end(), "Save As..."), 1);
   EXPECT_NE(ReadWholeFile(folder_.File("out.mps")).find("TOUR"), std::string::npos);
+}
+
+// The blocks of VBScript on a page.
+std::vector<std::string> BlocksOf(const std::string& page) {
+  std::vector<std::string> blocks;
+  std::istringstream lines(page);
+  bool inside = false;
+  for (std::string line; std::getline(lines, line);) {
+    if (line.ends_with('\r')) line.pop_back();
+    if (inside && line == "```") {
+      inside = false;
+    } else if (inside) {
+      blocks.back() += line + "\r\n";
+    } else if (line == "```vb") {
+      blocks.emplace_back();
+      inside = true;
+    }
+  }
+  return blocks;
+}
+
+// What a block says that it prints.
+std::string ToldBy(const std::string& block) {
+  constexpr std::string_view kMark = "  '> ";
+  std::string told;
+  for (std::size_t at = block.find(kMark); at != std::string::npos; at = block.find(kMark, at)) {
+    at += kMark.size();
+    told += block.substr(at, block.find("\r\n", at) + 2 - at);
+  }
+  return told;
+}
+
+// Each example of docs/members.md on a model of its own, which the first block of the page makes.
+TEST_F(Script, ExamplesOfThePageOfMembersPrintWhatStandsThere) {
+  const std::vector<std::string> blocks = BlocksOf(ProjectFile("docs/members.md"));
+  ASSERT_EQ(blocks.size(), 1 + InterfaceTable().size());
+  std::string script = "folder = WScript.Arguments(0)\r\n" + blocks[0];
+  std::string expected;
+  for (std::size_t i = 1; i < blocks.size(); ++i) {
+    const std::string name = "Example" + std::to_string(i);
+    script += "Sub " + name + "\r\n" + blocks[i] + "End Sub\r\nSet model = SmallModel()\r\n" +
+              "WScript.Echo \"" + name + "\"\r\n" + name + "\r\n";
+    expected += name + "\r\n" + ToldBy(blocks[i]);
+  }
+  WriteWholeFile(folder_.File("examples.vbs"), script);
+  WriteWholeFile(folder_.File("transport.mps"), ProjectFile("examples/transport.mps"));
+  files_ = {folder_.File("transport.mps"), folder_.File("chosen.mps")};
+  EXPECT_EQ(RunFile(folder_.File("examples.vbs")), expected);
+  EXPECT_NE(ReadWholeFile(folder_.File("chosen.mps")), "");
 }
 
 // The tours of the examples, whose hosts print the same.
