@@ -15,13 +15,18 @@ using platform::MsgBoxStyle;
 
 constexpr std::int16_t kSaved = -1;
 
-#ifdef _WIN32
-constexpr std::string_view kReadme = "\\quarvel.readme.txt";
-#else
-constexpr std::string_view kReadme = "/quarvel.readme.txt";
-#endif
-
 }  // namespace
+
+std::string ReadmeOf(const std::string& folder) {
+#ifdef _WIN32
+  return folder + "\\quarvel.readme.txt";
+#else
+  const std::string beside = folder + "/quarvel.readme.txt";
+  const std::string installed =
+      platform::FolderOf(folder) + "/share/doc/quarvel/quarvel.readme.txt";
+  return !platform::FileExists(beside) && platform::FileExists(installed) ? installed : beside;
+#endif
+}
 
 bool FileCommands::OfferToSave() {
   if (desk_.model().NumberOfElements() < 1) return true;
@@ -101,7 +106,7 @@ void FileCommands::Simplify() {
 }
 
 void FileCommands::Help() {
-  const std::string readme = platform::ComponentFolder().append(kReadme);
+  const std::string readme = ReadmeOf(platform::ComponentFolder());
   if (!desk_.desktop().OpenInEditor(readme)) {
     desk_.Say("The help could not be opened.  It can be found at " + readme);
   }

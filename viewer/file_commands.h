@@ -1,7 +1,13 @@
 // The viewer's commands on the model as a whole: files, simplifying, help.
 #pragma once
 
+#include <string>
+
 namespace quarvel::viewer {
+
+// What Help shows, of a component in that folder: the file beside it. On other systems than Windows an
+// installation has the file among its documents, ../share/doc/quarvel.
+std::string ReadmeOf(const std::string& folder);
 
 class CommandDesk;
 

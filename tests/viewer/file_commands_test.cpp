@@ -1,6 +1,11 @@
 // The commands on the model as a whole: new, open, save, simplify, help.
+#include "viewer/file_commands.h"
+
+#include <filesystem>
+
 #include "mps/frm_set_default_bounds.h"
 #include "platform/files.h"
+#include "tests/support/test_paths.h"
 #include "tests/viewer/viewer_session.h"
 
 namespace quarvel::viewer {
@@ -321,6 +326,21 @@ TEST_F(FileCommandsTest, HelpOpensTheReadmeBesideTheComponent) {
     EXPECT_EQ(Boxes(), Texts{"The help could not be opened.  It can be found at " + path});
   });
 }
+
+#ifndef _WIN32
+TEST(ReadmeOfTest, KnowsWhereAnInstallationHasIt) {
+  const TemporaryFolder folder;
+  const std::string programs = folder.File("bin");
+  const std::string documents = folder.File("share/doc/quarvel");
+  std::filesystem::create_directories(programs);
+  std::filesystem::create_directories(documents);
+  EXPECT_EQ(ReadmeOf(programs), programs + "/quarvel.readme.txt");
+  WriteWholeFile(documents + "/quarvel.readme.txt", "installed");
+  EXPECT_EQ(ReadmeOf(programs), documents + "/quarvel.readme.txt");
+  WriteWholeFile(programs + "/quarvel.readme.txt", "beside");
+  EXPECT_EQ(ReadmeOf(programs), programs + "/quarvel.readme.txt");
+}
+#endif
 
 }  // namespace
 }  // namespace quarvel::viewer
