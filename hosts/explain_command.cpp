@@ -33,14 +33,15 @@ bool IsAny(const std::vector<RecordOrigin>& records) {
 std::set<std::int64_t> LinesOf(const std::vector<RecordOrigin>& records) {
   std::set<std::int64_t> lines;
   for (const RecordOrigin& record : records) {
-    for (const inspect::History* const history : {&record.type, &record.lower, &record.upper}) {
+    for (const inspect::History* const history :
+         {&record.type, &record.lower, &record.upper, &record.sense, &record.constant}) {
       for (const Setting& setting : history->last) lines.insert(setting.line);
     }
     for (const inspect::CoefficientOrigin& entry : record.coefficients) lines.insert(entry.line);
     for (const inspect::CoefficientOrigin& entry : record.zeros) lines.insert(entry.line);
     for (const mps::FileProblem& problem : record.problems) lines.insert(problem.line);
     lines.insert(record.idle_lines.begin(), record.idle_lines.end());
-    lines.insert({record.marker_line, record.sense_line, record.constant_line});
+    lines.insert(record.marker_line);
   }
   return lines;
 }

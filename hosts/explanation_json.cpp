@@ -1,5 +1,7 @@
 // What made a record what it is, as JSON.
 
+#include <optional>
+
 #include "hosts/explanation.h"
 #include "hosts/printing.h"
 #include "model/record_number.h"
@@ -17,32 +19,40 @@ void AppendSense(std::string& json, mps::ObjectiveSense sense) {
   AppendJsonMember(json, "objective", sense == kMaximize ? "maximize" : "minimize");
 }
 
-// The settings of one kind, the one that counts last.
+// The settings of one kind, the one that counts last; nothing where there is none.
 void AppendHistory(std::string& json, std::string_view key, const inspect::History& history,
-                   Bound::Side side = {}) {
+                   std::optional<Bound::Side> side = std::nullopt) {
+  if (history.count == 0) return;
   json += ',';
   AppendJson(json, key);
   json += ":{\"count\":" + text::IntegerText(history.count) + ",\"settings\":[";
   for (const Setting& setting : history.last) {
     json += json.back() == '[' ? "{" : ",{";
     if (setting.line != 0) json += "\"line\":" + text::IntegerText(setting.line);
-    if (setting.type.empty()) {
-      AppendJsonMember(json, "value", Bound{side, setting.value});
-    } else {
+    if (!setting.type.empty()) {
       AppendJsonMember(json, "value", setting.type);
+    } else if (side) {
+      AppendJsonMember(json, "value", Bound{*side, setting.value});
+    } else {
+      AppendJsonMember(json, "value", setting.value);
     }
     json += '}';
   }
   json += "]}";
 }
 
-// A line is there where one has said it.
+// That of the setting that counts, where a line has said it.
+void AppendLine(std::string& json, std::string_view key, const inspect::History& history) {
+  if (history.count > 0) AppendJsonMember(json, key, history.last.back().line);
+}
+
 void AppendObjective(std::string& json, const mps::FileFacts& facts, const RecordOrigin& record) {
   AppendSense(json, facts.sense);
-  if (record.sense_line != 0) AppendJsonMember(json, "objectiveLine", record.sense_line);
+  AppendLine(json, "objectiveLine", record.sense);
+  AppendHistory(json, "objectiveHistory", record.sense);
   AppendJsonMember(json, "objectiveConstant", facts.objective_constant);
-  if (record.constant_line == 0) return;
-  AppendJsonMember(json, "objectiveConstantLine", record.constant_line);
+  AppendLine(json, "objectiveConstantLine", record.constant);
+  AppendHistory(json, "objectiveConstantHistory", record.constant);
 }
 
 std::string CoefficientsJson(std::string_view key, std::int64_t count,

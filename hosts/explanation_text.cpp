@@ -29,6 +29,22 @@ std::string ValueText(const Setting& setting, Bound::Side side) {
   return text;
 }
 
+// "; line 12 had said 4, line 9 had said 7 (and 3 before)"; nothing where nothing was overridden.
+template <class TextOf>
+std::string OverriddenText(const inspect::History& history, TextOf text_of) {
+  std::string text;
+  std::string_view gap = "; ";
+  for (std::size_t i = history.last.size(); i-- > 0;) {
+    const Setting& before = history.last[i];
+    if (before.line == 0 || &before == &history.last.back()) continue;
+    text.append(gap).append(LineText(before.line)).append(" had said ").append(text_of(before));
+    gap = ", ";
+  }
+  const std::int64_t more = history.count - static_cast<std::int64_t>(history.last.size());
+  if (more > 0) text += " (and " + text::IntegerText(more) + " before)";
+  return text;
+}
+
 // "9: line 13; line 12 had said 4"
 std::string HistoryText(const inspect::History& history, const RecordOrigin& record,
                         Bound::Side side = {}) {
@@ -45,19 +61,8 @@ std::string HistoryText(const inspect::History& history, const RecordOrigin& rec
   if (is_type && record.marker_line != 0) {
     text += ", under the marker of " + LineText(record.marker_line);
   }
-  std::string_view gap = "; ";
-  for (std::size_t i = history.last.size() - 1; i-- > 0;) {
-    const Setting& before = history.last[i];
-    if (before.line == 0) continue;
-    text.append(gap)
-        .append(LineText(before.line))
-        .append(" had said ")
-        .append(ValueText(before, side));
-    gap = ", ";
-  }
-  const std::int64_t more = history.count - static_cast<std::int64_t>(history.last.size());
-  if (more > 0) text += " (and " + text::IntegerText(more) + " before)";
-  return text;
+  return text +
+         OverriddenText(history, [side](const Setting& before) { return ValueText(before, side); });
 }
 
 std::string_view SenseWord(mps::ObjectiveSense sense) {
@@ -72,13 +77,20 @@ std::string_view SenseWord(mps::ObjectiveSense sense) {
   return "";
 }
 
-// "maximized: line 1; 5 added to it: line 17"
-std::string ObjectiveText(const mps::FileFacts& facts, const RecordOrigin& record) {
+// "maximized: line 7; line 1 had said minimize"
+std::string SenseText(const mps::FileFacts& facts, const inspect::History& sense) {
   std::string text(SenseWord(facts.sense));
-  if (record.sense_line != 0) text += ": " + LineText(record.sense_line);
-  if (facts.objective_constant == 0) return text;
-  text += "; " + text::GeneralText(facts.objective_constant) + " added to it";
-  return record.constant_line == 0 ? text : text + ": " + LineText(record.constant_line);
+  if (sense.last.empty()) return text;
+  text += ": " + LineText(sense.last.back().line);
+  return text + OverriddenText(sense, [](const Setting& before) { return before.type; });
+}
+
+// "5 added to it: line 17; line 16 had said 3"
+std::string ConstantText(const inspect::History& constant) {
+  const Setting& now = constant.last.back();
+  return text::GeneralText(now.value) + " added to it: " + LineText(now.line) +
+         OverriddenText(constant,
+                        [](const Setting& before) { return text::GeneralText(before.value); });
 }
 
 Pen PenOf(const Explanation& explanation) {
@@ -126,7 +138,8 @@ void PrintRecord(const Explanation& explanation, const RecordOrigin& record) {
   PrintFact(explanation, "lower", HistoryText(record.lower, record, Bound::Side::kLower));
   PrintFact(explanation, "upper", HistoryText(record.upper, record, Bound::Side::kUpper));
   if (explanation.IsObjective(record)) {
-    PrintFact(explanation, "objective", ObjectiveText(explanation.facts, record));
+    PrintFact(explanation, "objective", SenseText(explanation.facts, record.sense));
+    if (record.constant.count > 0) PrintFact(explanation, "", ConstantText(record.constant));
   }
   PrintFact(explanation, "elements", text::IntegerText(record.coefficient_count));
   PrintCoefficients(explanation, record);

@@ -19,6 +19,16 @@ using mps::Section;
 struct Seen {
   std::string type;
   model::Bounds bounds;
+  bool has_range = false;
+};
+
+// The right-hand sides of an N row, and the lines that give no more of the row: they are used when it is
+// the objective, which is known at the end.
+struct FreeRhs {
+  History constants = {};
+  std::int64_t last_line = 0;
+  std::int64_t line_count = 0;
+  std::vector<std::int64_t> lines = {};
 };
 
 class OriginWatch {
@@ -28,21 +38,32 @@ class OriginWatch {
         records_(records),
         kept_(kept),
         seen_(records.size()),
-        free_rhs_lines_(records.size()) {
+        given_lines_(records.size()),
+        free_rhs_(records.size()) {
     for (std::size_t i = 0; i < records.size(); ++i) {
       (records[i].is_row ? rows_ : columns_).emplace(records[i].name, i);
     }
   }
 
   void Hear(const mps::FileProblem& problem) {
-    if (problem.code == mps::FileProblemCode::kObjectiveSense) sense_line_ = problem.line;
     if (problem.line != 0 && !IsToldAtTheEnd(problem)) return of_this_line_.push_back(problem);
     for (std::size_t i = 0; i < records_.size(); ++i) {
       RecordOrigin& record = records_[i];
       if (record.name != problem.item || !MayBeAbout(record, problem)) continue;
       AddProblem(record, problem);
-      if (IsFreeRhs(problem)) free_rhs_lines_[i] = problem.line;
     }
+  }
+
+  // A value of a line that Use hears of next, or of a line that says the sense.
+  void Take(const mps::SourceLine& line, const mps::GivenValue& given) {
+    using Kind = mps::GivenValue::Kind;
+    if (given.kind == Kind::kSense) {
+      const bool maximize = given.sense == mps::ObjectiveSense::kMaximize;
+      return sense_.Add({.line = line.number(), .type = maximize ? "maximize" : "minimize"}, kept_);
+    }
+    const Numbers& numbers = given.kind == Kind::kBounds ? column_numbers_ : row_numbers_;
+    const auto found = numbers.find(given.number);
+    if (found != numbers.end()) TakeOf(found->second, line.number(), given);
   }
 
   // A line that was used in that section.
@@ -61,16 +82,50 @@ class OriginWatch {
       RecordOrigin& record = records_[i];
       if (record.number == 0) continue;
       Compare(i, 0);
-      if (!record.is_row || record.name != facts.objective) continue;
-      record.sense_line = sense_line_;
-      record.constant_line = free_rhs_lines_[i];
-      const auto dropped = std::erase(record.idle_lines, record.constant_line);
-      record.idle_count -= static_cast<std::int64_t>(dropped);
+      if (!record.is_row) continue;
+      if (record.name != facts.objective) {
+        AddIdle(record, free_rhs_[i]);
+        continue;
+      }
+      record.sense = sense_;
+      record.constant = free_rhs_[i].constants;
     }
   }
 
  private:
   using Names = std::unordered_map<std::string_view, std::size_t>;
+  using Numbers = std::unordered_map<std::int32_t, std::size_t>;
+
+  void TakeOf(std::size_t i, std::int64_t line, const mps::GivenValue& given) {
+    const bool is_free =
+        records_[i].is_row && fill_.data().Rows[given.number].Type == model::RowType::kFree;
+    if (!is_free) {
+      Compare(i, line, SidesOf(i, given));
+      given_lines_[i] = line;
+      seen_[i].has_range |= given.kind == mps::GivenValue::Kind::kRange;
+    } else if (given.kind == mps::GivenValue::Kind::kRhs) {
+      const double constant = given.value == 0 ? 0 : -given.value;
+      free_rhs_[i].constants.Add({.line = line, .value = constant}, kept_);
+      free_rhs_[i].last_line = line;
+    }
+  }
+
+  // Which bounds of the record the line says, be they what they were.
+  mps::BoundsGiven SidesOf(std::size_t i, const mps::GivenValue& given) const {
+    if (given.kind == mps::GivenValue::Kind::kBounds) return given.bounds;
+    const model::RowTypeTraits& type = model::TraitsOf(fill_.data().Rows[given.number].Type);
+    if (given.kind == mps::GivenValue::Kind::kRhs) {
+      return {.lower = type.right_hand_side.lower == model::BoundChange::kGiven,
+              .upper = type.right_hand_side.upper == model::BoundChange::kGiven};
+    }
+    if (type.range != model::RangeEffect::kBySign) {
+      return {.lower = type.range == model::RangeEffect::kSetsLower,
+              .upper = type.range == model::RangeEffect::kSetsUpper};
+    }
+    // A second range also takes back what the first one made.
+    const bool again = seen_[i].has_range;
+    return {.lower = again || given.value <= 0, .upper = again || given.value > 0};
+  }
 
   void UseTokens(const mps::SourceLine& line, Section section) {
     if (section == Section::kColumns && line[2] == "'MARKER'") {
@@ -120,7 +175,8 @@ class OriginWatch {
   void Touch(std::size_t i, const mps::SourceLine& line, Section section) {
     RecordOrigin& record = records_[i];
     const bool is_new = record.number == 0 && FindNew(i);
-    bool changes = is_new || (record.number != 0 && Compare(i, line.number()));
+    bool changes = is_new || (record.number != 0 && Compare(i, line.number())) ||
+                   given_lines_[i] == line.number();
     if (is_new) Begin(i, line.number());
     if (section == Section::kColumns && AddCoefficients(record, line)) changes = true;
     for (const mps::FileProblem& problem : of_this_line_) {
@@ -135,8 +191,19 @@ class OriginWatch {
       }
     }
     if (changes) return;
-    if (record.idle_lines.size() < kept_) record.idle_lines.push_back(line.number());
-    ++record.idle_count;
+    const bool is_free_rhs = free_rhs_[i].last_line == line.number();
+    auto& lines = is_free_rhs ? free_rhs_[i].lines : record.idle_lines;
+    if (lines.size() < kept_) lines.push_back(line.number());
+    ++(is_free_rhs ? free_rhs_[i].line_count : record.idle_count);
+  }
+
+  // The right-hand sides of an N row that is not the objective.
+  void AddIdle(RecordOrigin& record, const FreeRhs& rhs) const {
+    std::vector<std::int64_t>& lines = record.idle_lines;
+    lines.insert(lines.end(), rhs.lines.begin(), rhs.lines.end());
+    std::sort(lines.begin(), lines.end());
+    if (lines.size() > kept_) lines.resize(kept_);
+    record.idle_count += rhs.line_count;
   }
 
   bool FindNew(std::size_t i) {
@@ -144,7 +211,9 @@ class OriginWatch {
     const model::NameKey key = model::NameKey::Of(record.name);
     record.number =
         record.is_row ? fill_.FindRow(key, record.name) : fill_.FindColumn(key, record.name);
-    return record.number != 0;
+    if (record.number == 0) return false;
+    (record.is_row ? row_numbers_ : column_numbers_).emplace(record.number, i);
+    return true;
   }
 
   Seen Look(const RecordOrigin& record) const {
@@ -178,8 +247,8 @@ class OriginWatch {
     return {infinite ? -model::BoundLimit : 0, model::BoundLimit};
   }
 
-  // True when the record is not what it was.
-  bool Compare(std::size_t i, std::int64_t line) {
+  // True when the record is not what it was. Bounds that are given are settings, be they what they were.
+  bool Compare(std::size_t i, std::int64_t line, mps::BoundsGiven given = {}) {
     RecordOrigin& record = records_[i];
     std::string type = Look(record).type;
     const bool changes = type != seen_[i].type;
@@ -188,22 +257,18 @@ class OriginWatch {
       record.type.Add({.line = line, .type = std::move(type)}, kept_);
       record.marker_line = 0;
     }
-    return CompareBounds(i, line) || changes;
+    return CompareBounds(i, line, given) || changes;
   }
 
-  bool CompareBounds(std::size_t i, std::int64_t line) {
+  bool CompareBounds(std::size_t i, std::int64_t line, mps::BoundsGiven given) {
     RecordOrigin& record = records_[i];
     const model::Bounds now = Look(record).bounds;
     const model::Bounds before = std::exchange(seen_[i].bounds, now);
-    const bool lower = CompareBound(record.lower, before.LowerBound, now.LowerBound, line);
-    const bool upper = CompareBound(record.upper, before.UpperBound, now.UpperBound, line);
+    const bool lower = now.LowerBound != before.LowerBound;
+    const bool upper = now.UpperBound != before.UpperBound;
+    if (lower || given.lower) record.lower.Add({.line = line, .value = now.LowerBound}, kept_);
+    if (upper || given.upper) record.upper.Add({.line = line, .value = now.UpperBound}, kept_);
     return lower || upper;
-  }
-
-  bool CompareBound(History& history, double before, double now, std::int64_t line) const {
-    if (now == before) return false;
-    history.Add({.line = line, .value = now}, kept_);
-    return true;
   }
 
   // Those that the line has added to the last column of a name.
@@ -232,15 +297,11 @@ class OriginWatch {
     record.zeros.push_back({line.number(), other, 0});
   }
 
-  // Of a right-hand side of an N row.
-  static bool IsFreeRhs(const mps::FileProblem& problem) {
-    using enum mps::FileProblemCode;
-    return problem.code == kObjectiveConstant || problem.code == kFreeRowRhs;
-  }
-
   // Of an N row, once it is known which of them is the objective.
   static bool IsToldAtTheEnd(const mps::FileProblem& problem) {
-    return problem.code == mps::FileProblemCode::kFurtherFreeRow || IsFreeRhs(problem);
+    using enum mps::FileProblemCode;
+    return problem.code == kFurtherFreeRow || problem.code == kObjectiveConstant ||
+           problem.code == kFreeRowRhs;
   }
 
   // Of a problem of no line or one told at the end: whether it is one of such a record.
@@ -264,15 +325,18 @@ class OriginWatch {
   std::vector<RecordOrigin>& records_;
   std::size_t kept_;
   std::vector<Seen> seen_;
-  std::vector<std::int64_t> free_rhs_lines_;  // that of an N row; 0: none
+  std::vector<std::int64_t> given_lines_;  // the last that gave it a bound
+  std::vector<FreeRhs> free_rhs_;
   Names rows_;
   Names columns_;
+  Numbers row_numbers_;  // of those that the file has made
+  Numbers column_numbers_;
   std::vector<mps::FileProblem> of_this_line_;
   std::vector<std::size_t> touched_;  // by this line
   std::int32_t elements_ = 0;         // of the model after the last line
   std::int32_t added_ = 0;            // by this line
   std::int64_t marker_line_ = 0;
-  std::int64_t sense_line_ = 0;
+  History sense_;
 };
 
 }  // namespace
@@ -294,6 +358,9 @@ mps::FileRead FindOrigins(const std::string& path, const mps::ReadOptions& optio
   };
   watched.on_line = [&](const mps::SourceLine& line, Section section, Section section_after) {
     watch.Use(line, section, section_after);
+  };
+  watched.on_value = [&](const mps::SourceLine& line, const mps::GivenValue& given) {
+    watch.Take(line, given);
   };
   mps::FileRead read = mps::ReadFile(path, watched, store);
   if (read.outcome == mps::ReadOutcome::kRead) watch.Finish(read.facts);

@@ -13,16 +13,16 @@
 
 namespace quarvel::inspect {
 
-// A type or bound that a record got.
+// A type or bound that a record got, also one that it had already; what the objective got.
 struct Setting {
   // 0: the first, by default; a later one, made at the end of the read by no line alone. A range that waits
-  // for the end of the read stands with its own line, behind those that were used before.
+  // for its right-hand side stands with its own line, before that of the right-hand side.
   std::int64_t line = 0;
-  double value = 0;       // of a bound
-  std::string type = {};  // of a type: its letter
+  double value = 0;       // of a bound or constant
+  std::string type = {};  // of a type: its letter; of a sense: minimize or maximize
 };
 
-// What a type or bound was from the first line to the last.
+// What something was from the first line to the last.
 struct History {
   std::int64_t count = 0;          // of all settings
   std::vector<Setting> last = {};  // the last of them, in their order; the very last one counts
@@ -47,9 +47,9 @@ struct RecordOrigin {
   History lower = {};
   History upper = {};
   std::int64_t marker_line = 0;  // the marker that the type of a column comes from; 0 for none
-  // Of the row that is the objective: what said its sense, and what gave it a constant; 0 for none.
-  std::int64_t sense_line = 0;
-  std::int64_t constant_line = 0;
+  // Of the row that is the objective; empty where no line says it.
+  History sense = {};
+  History constant = {};  // what is added to it
   std::int64_t coefficient_count = 0;
   std::vector<CoefficientOrigin> coefficients = {};
   std::int64_t zero_count = 0;
@@ -61,7 +61,8 @@ struct RecordOrigin {
 };
 
 // Reads the file into the store, as mps::ReadFile does, and fills in what is found of each record.
-// Keeps at most `kept` of anything, and the last setting anyhow; the callbacks of `options` are called too, but for on_line.
+// Keeps at most `kept` of anything, and the last setting anyhow; the callbacks of `options` are called too, but for
+// on_line and on_value.
 //
 // Cost: a read, and a look-up or two for each line.
 mps::FileRead FindOrigins(const std::string& path, const mps::ReadOptions& options,

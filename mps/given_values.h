@@ -1,6 +1,6 @@
 // Which right-hand sides, ranges and bounds a file has given so far. One that is given again counts, and
 // is told with the line before that gave it (W415); so are a number too small for a double (W416) and a
-// coefficient of 0 (W423).
+// coefficient of 0 (W423). Who wants to hears of every value, and of the sense of the objective.
 //
 // Memory: 8 bytes for each row that has a right-hand side or a range, or stands before one that has, 16
 // bytes in the same way for each column with a bound.
@@ -13,27 +13,27 @@
 #include <utility>
 #include <vector>
 
+#include "mps/given_value.h"
 #include "mps/wide_report.h"
 
 namespace quarvel::mps {
 
-// The bounds of a column that a line sets, maybe to none.
-struct BoundsGiven {
-  bool lower = false;
-  bool upper = false;
-};
-
 class GivenValues {
  public:
-  // `hear` must outlive this.
-  explicit GivenValues(const HearProblem& hear) : hear_(hear) {}
+  // Both must outlive this; `on_value` may be empty.
+  GivenValues(const HearProblem& hear, const HearGivenValue& on_value)
+      : hear_(hear), on_value_(on_value) {}
 
   // The line gives a row or column of that number, whose name in the line is `word`, that value.
-  void NoteRhs(const SourceLine& line, std::string_view word, std::int32_t row) {
+  void NoteRhs(const SourceLine& line, std::string_view word, std::int32_t row, double value) {
     Note(rhs_lines_, line, word, row);
+    if (on_value_) [[unlikely]]
+      on_value_(line, {.kind = GivenValue::Kind::kRhs, .number = row, .value = value});
   }
-  void NoteRange(const SourceLine& line, std::string_view word, std::int32_t row) {
+  void NoteRange(const SourceLine& line, std::string_view word, std::int32_t row, double value) {
     Note(range_lines_, line, word, row);
+    if (on_value_) [[unlikely]]
+      on_value_(line, {.kind = GivenValue::Kind::kRange, .number = row, .value = value});
   }
   void NoteBounds(const SourceLine& line, std::string_view word, std::int32_t column,
                   BoundsGiven given) {
@@ -43,6 +43,11 @@ class GivenValues {
       TellBounds(line, word, last, given);
     if (given.lower) last.lower = line.number();
     if (given.upper) last.upper = line.number();
+    if (on_value_) [[unlikely]]
+      on_value_(line, {.kind = GivenValue::Kind::kBounds, .number = column, .bounds = given});
+  }
+  void NoteSense(const SourceLine& line, ObjectiveSense sense) const {
+    if (on_value_) on_value_(line, {.kind = GivenValue::Kind::kSense, .sense = sense});
   }
   // The line gives a coefficient of 0, which is that word, in the row of that name.
   void NoteZero(const SourceLine& line, std::string_view word, std::string_view row) const {
@@ -83,6 +88,7 @@ class GivenValues {
   bool CheckZero(const SourceLine& line, std::string_view word) const;
 
   const HearProblem& hear_;
+  const HearGivenValue& on_value_;
   std::vector<std::int64_t> rhs_lines_;    // by row
   std::vector<std::int64_t> range_lines_;  // by row
   std::vector<BoundLines> bound_lines_;    // by column

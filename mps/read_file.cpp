@@ -33,7 +33,7 @@ class FileRun {
         store_(store),
         source_(store.fill()),
         hear_([this](FileProblem problem) { Tell(std::move(problem)); }),
-        values_(hear_),
+        values_(hear_, options.on_value),
         spellings_(hear_),
         sink_(store.fill(), source_),
         sections_(sink_, Hear{*this}),

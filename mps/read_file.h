@@ -11,6 +11,7 @@
 #include "model/model_store.h"
 #include "mps/file_facts.h"
 #include "mps/file_problem.h"
+#include "mps/given_value.h"
 #include "mps/line_source.h"
 #include "mps/section.h"
 #include "mps/wide_options.h"
@@ -45,6 +46,10 @@ struct ReadOptions {
   // Hears of each line once it is used, as it was used, with the section it stands in and that of the
   // next line; the store's fill() has what it made. It must not change the store.
   std::function<void(const SourceLine& line, Section section, Section next)> on_line = {};
+  // Hears of each sense of the objective, right-hand side, range and bound that a line of the wide dialect
+  // gives, once the store's fill() has it, before on_line or on_passed_line of that line; a later line
+  // may give it again. It must not change the store.
+  HearGivenValue on_value = {};
   // Hears of each line that the wide dialect passes over, or that is none of the sections': a comment, a
   // line of another set, OBJSENSE. It must not change the store.
   std::function<void(const SourceLine& line, Section section)> on_passed_line = {};

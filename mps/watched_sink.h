@@ -42,7 +42,7 @@ class WatchedSink : public ModelSink {
     if (values_ == nullptr) return;
     spellings_->UseRow(line, line[token], row);
     values_->CheckNumber(line, line[token + 1], value);
-    values_->NoteRhs(line, line[token], row);
+    values_->NoteRhs(line, line[token], row, value);
   }
   void HearBound(const SourceLine& line, std::int32_t column, const model::BoundsChange& change,
                  double value) const {

@@ -110,7 +110,7 @@ bool WideData::UseRhs(const SourceLine& line, const TokenList& words) {
       model::TraitsOf(limits.Type).right_hand_side.Apply(limits, value);
       ranged_rows_.UseRhs(line, words[first], row);
     }
-    values_.NoteRhs(line, words[first], row);
+    values_.NoteRhs(line, words[first], row, value);
   }
   return true;
 }
@@ -126,7 +126,7 @@ bool WideData::UseRanges(const SourceLine& line, const TokenList& words) {
       Tell(kRangeOfFreeRow, line, words[first], Named(words[first]), "passed over");
     } else {
       ranged_rows_.Use(line, words[first], row, range);
-      values_.NoteRange(line, words[first], row);
+      values_.NoteRange(line, words[first], row, range);
     }
   }
   return true;

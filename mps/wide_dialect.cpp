@@ -25,6 +25,7 @@ WideDialect::WideDialect(WideOptions options, ModelSink& sink, FileFacts& facts,
     : options_(std::move(options)),
       sink_(sink),
       facts_(facts),
+      values_(values),
       hear_(hear),
       sense_(sink),
       data_(options_, sink, facts, values, spellings, hear),
@@ -181,6 +182,7 @@ void WideDialect::UseSense(const SourceLine& line, std::string_view word, Object
     return Tell(kSenseUnknown, line, word, std::string(word), "passed over");
   }
   facts_.sense = sense;
+  values_.NoteSense(line, sense);
   const bool maximize = sense == ObjectiveSense::kMaximize;
   sense_told_ = ProblemOf(kObjectiveSense, line, word, {},
                           maximize ? "the objective is maximized" : "the objective is minimized");

@@ -146,6 +146,7 @@ class WideDialect {
   const WideOptions options_;
   ModelSink& sink_;
   FileFacts& facts_;
+  const GivenValues& values_;
   const HearProblem& hear_;
   WordSense sense_;
   WideData data_;

@@ -55,13 +55,12 @@ TEST(Explain, TellsWhatWasOverriddenAndOfBothRecordsOfAName) {
       "            X 3: line 7\n"
       "column X (number 0)\n"
       "  type      R: line 6\n"
-      "  lower     0: default\n"
+      "  lower     0: line 17\n"
       "  upper     9: line 16; line 15 had said 4\n"
       "  elements  3\n"
       "            COST 1: line 6\n"
       "            LIM 2: line 6\n"
       "            X 3: line 7\n"
-      "  unused    line 17 names it and changes none of this\n"
       "  problem   E110, line 7: no row of this name: NONE\n"
       "  problem   W415, line 16: a value that a line above has given: X; the last one counts\n"
       " 4 | E X\n"
@@ -90,7 +89,8 @@ TEST(Explain, TellsTheLinesOfSenseAndConstant) {
             "  type      N: line 3\n"
             "  lower     -inf: default\n"
             "  upper     inf: default\n"
-            "  objective maximized: line 1; 5 added to it: line 9\n"
+            "  objective maximized: line 1\n"
+            "            5 added to it: line 9\n"
             "  elements  1\n"
             "            X 1: line 6\n"
             "  problem   A309, line 9: a right-hand side of the objective: COST; 5 is added to the "
@@ -100,10 +100,56 @@ TEST(Explain, TellsTheLinesOfSenseAndConstant) {
             "6 | X COST 1 LIM 1\n"
             "9 | R COST -5\n");
   const std::string json = RunQuarvel({"explain", model, "COST", "--json"}).out;
-  EXPECT_NE(json.find("\"objective\":\"maximize\",\"objectiveLine\":1,\"objectiveConstant\":5,"
-                      "\"objectiveConstantLine\":9,"),
+  EXPECT_NE(json.find("\"objective\":\"maximize\",\"objectiveLine\":1,"
+                      "\"objectiveHistory\":{\"count\":1,\"settings\":[{\"line\":1,"
+                      "\"value\":\"maximize\"}]},\"objectiveConstant\":5,"
+                      "\"objectiveConstantLine\":9,\"objectiveConstantHistory\":{\"count\":1,"
+                      "\"settings\":[{\"line\":9,\"value\":5}]},"),
             std::string::npos)
       << json;
+}
+
+TEST(Explain, TellsWhatSensesAndConstantsWereOverridden) {
+  const HostFolder folder;
+  const std::string model = folder.Write(
+      "a.mps",
+      "OBJSENSE MAX\nROWS\n N COST\n L LIM\nCOLUMNS\n X COST 1 LIM 1\nOBJSENSEMIN\nRHS\n"
+      " R COST 3\n R COST 5 LIM 9\n R COST 0\nENDATA\n");
+  const std::string text = RunQuarvel({"explain", model, "COST"}).out;
+  EXPECT_NE(text.find("  objective minimized: line 7; line 1 had said maximize\n"
+                      "            0 added to it: line 11; line 10 had said -5, line 9 had said "
+                      "-3\n"
+                      "  elements  1\n"),
+            std::string::npos)
+      << text;
+  EXPECT_EQ(text.find("unused"), std::string::npos) << text;
+  EXPECT_NE(text.find("\n 1 |OBJSENSE MAX\n"), std::string::npos) << text;
+  EXPECT_NE(text.find("\n10 | R COST 5 LIM 9\n"), std::string::npos) << text;
+  const std::string one = RunQuarvel({"explain", model, "COST", "--limit", "1"}).out;
+  EXPECT_NE(one.find("minimized: line 7 (and 1 before)\n            0 added to it: line 11 (and 2 "
+                     "before)\n"),
+            std::string::npos)
+      << one;
+  const std::string json = RunQuarvel({"explain", model, "COST", "--json"}).out;
+  EXPECT_NE(json.find("\"objectiveHistory\":{\"count\":2,\"settings\":[{\"line\":1,\"value\":"
+                      "\"maximize\"},{\"line\":7,\"value\":\"minimize\"}]}"),
+            std::string::npos)
+      << json;
+}
+
+TEST(Explain, TellsDefaultsThatALineGave) {
+  const HostFolder folder;
+  const std::string model = folder.Write(
+      "a.mps",
+      "ROWS\n L MOST\nCOLUMNS\n X MOST 1\n Y MOST 2\nRHS\n rhs MOST 0\n rhs MOST 4\nBOUNDS\n"
+      " LO b X 0\n LO b X 1\n FR b Y\n UP b Y 3\nENDATA\n");
+  const std::string row = RunQuarvel({"explain", model, "MOST"}).out;
+  EXPECT_NE(row.find("  upper     4: line 8; line 7 had said 0\n"), std::string::npos) << row;
+  const std::string x = RunQuarvel({"explain", model, "X"}).out;
+  EXPECT_NE(x.find("  lower     1: line 11; line 10 had said 0\n"), std::string::npos) << x;
+  EXPECT_EQ(x.find("unused"), std::string::npos) << x;
+  const std::string y = RunQuarvel({"explain", model, "Y"}).out;
+  EXPECT_NE(y.find("  upper     3: line 13; line 12 had said inf\n"), std::string::npos) << y;
 }
 
 TEST(Explain, TellsBothLinesOfARangeBeforeItsRightHandSide) {

@@ -88,8 +88,8 @@ RecordOrigin Find(std::string_view bytes, bool is_row, std::string name, std::si
 
 TEST(WhereFrom, TellsTheLinesThatMadeAColumn) {
   EXPECT_EQ(TextOf(Find(kModel, false, "X")),
-            "1 R@9 of 1\n 0@0 of 1\n 10000000000@0 4@23 9@25 of 3\n"
-            "COST=1@9 LIM1=1@9 LIM2=1@10 LIM2=7@16 of 4\nidle 24\n"
+            "1 R@9 of 1\n 0@0 of 1\n 10000000000@0 4@23 4@24 9@25 of 4\n"
+            "COST=1@9 LIM1=1@9 LIM2=1@10 LIM2=7@16 of 4\nidle\n"
             "problems zero-coefficient@10 column-again@16 given-again@24 given-again@25\n");
 }
 
@@ -148,6 +148,37 @@ TEST(WhereFrom, TellsOfNRowsWhatIsKnownAtTheEnd) {
   EXPECT_TRUE(TextOf(Find(kFreeRows, false, "ELSE")).ends_with("problems\n"));
 }
 
+TEST(WhereFrom, TellsEachLineThatGaveASideOfARangedRow) {
+  const std::string rows = "ROWS\n L LOW\n G HIGH\n E SAME\nCOLUMNS\n X LOW 1 HIGH 1\n X SAME 1\n";
+  const std::string rhs = "RHS\n R LOW 4 HIGH 4\n R SAME 4\n";  // 8 to 10
+  const std::string ranges = "RANGES\n G LOW 0 HIGH 0\n G SAME 0\n G SAME 2\n G LOW 0 LOW 1\n";
+  const std::string text = rows + rhs + ranges + "ENDATA\n";
+  EXPECT_NE(TextOf(Find(text, true, "LOW"))
+                .find("\n -10000000000@0 4@12 4@15 3@15 of 4\n 0@0 4@9 of 2\n"),
+            std::string::npos);
+  EXPECT_NE(TextOf(Find(text, true, "HIGH")).find("\n 0@0 4@9 of 2\n 10000000000@0 4@12 of 2\n"),
+            std::string::npos);
+  EXPECT_NE(
+      TextOf(Find(text, true, "SAME")).find("\n 0@0 4@10 4@13 4@14 of 4\n 0@0 4@10 6@14 of 3\n"),
+      std::string::npos);
+}
+
+TEST(WhereFrom, TellsOfTheObjectiveEachLineOfItsSenseAndConstant) {
+  constexpr std::string_view kObjective =
+      "OBJSENSE MAX\nROWS\n N COST\n N ELSE\n L LIM\nOBJSENSE\n max\nCOLUMNS\n X COST 1 LIM 1\n"
+      "OBJSENSEMIN\nRHS\n R COST 3 LIM 4\n R ELSE 1\n R COST 5 COST 0\n R ELSE 2\nENDATA\n";
+  const RecordOrigin cost = Find(kObjective, true, "COST");
+  EXPECT_EQ(TextOf(cost.sense), " maximize@1 maximize@7 minimize@10 of 3\n");
+  EXPECT_EQ(TextOf(cost.constant), " -3@12 -5@14 0@14 of 3\n");
+  EXPECT_EQ(cost.idle_count, 0);
+  const RecordOrigin other = Find(kObjective, true, "ELSE", 1);
+  EXPECT_EQ(TextOf(other.sense) + TextOf(other.constant), " of 0\n of 0\n");
+  EXPECT_EQ(other.idle_lines, std::vector<std::int64_t>{13});
+  EXPECT_EQ(other.idle_count, 2);
+  EXPECT_EQ(TextOf(Find(kObjective, true, "COST", 0).constant), " 0@14 of 3\n");
+  EXPECT_EQ(TextOf(Find(kObjective, true, "LIM").sense), " of 0\n");
+}
+
 TEST(WhereFrom, TellsOfASecondSetThatItIsPassedOver) {
   EXPECT_EQ(
       TextOf(Find("ROWS\n L R\nCOLUMNS\n X R 1\nBOUNDS\n UP A X 4\n UP B X 9\n UP A X 5\nENDATA\n",
@@ -175,12 +206,12 @@ TEST(WhereFrom, KeepsAFewOfMany) {
   text += "ENDATA\n";
   const RecordOrigin column = Find(text, false, "X", 2);
   EXPECT_EQ(TextOf(column),
-            "1 R@4 of 1\n 0@0 of 1\n 49@200 50@203 of 51\nR=1@4 R=2@5 of 51\nidle 57 58\n"
+            "1 R@4 of 1\n 0@0 of 1\n 50@203 50@204 of 101\nR=1@4 R=2@5 of 51\nidle 58 61\n"
             "problems given-again@57 bound-code@58\n");
-  EXPECT_EQ(column.idle_count, 100);
+  EXPECT_EQ(column.idle_count, 50);
   EXPECT_EQ(column.problem_count, 149);
   EXPECT_EQ(TextOf(Find(text, false, "X", 0)),
-            "1 R@4 of 1\n 0@0 of 1\n 50@203 of 51\nof 51\nidle\nproblems\n");
+            "1 R@4 of 1\n 0@0 of 1\n 50@204 of 101\nof 51\nidle\nproblems\n");
 }
 
 TEST(WhereFrom, WatchesSeveralRecordsInOneRead) {

@@ -81,6 +81,23 @@ TEST(GivenValues, TellCoefficientsOfZero) {
   EXPECT_EQ(reading.read.problems.kept()[1].item, "Y");
 }
 
+TEST(GivenValues, AreHeardWithTheirLinesAndNumbers) {
+  std::string heard;
+  ReadOptions options;
+  options.on_value = [&heard](const SourceLine& line, const GivenValue& given) {
+    heard += std::to_string(line.number()) + ':' + std::to_string(static_cast<int>(given.kind)) +
+             '#' + std::to_string(given.number) + '=' +
+             std::to_string(static_cast<int>(given.value)) + (given.bounds.lower ? "l" : "") +
+             (given.bounds.upper ? "u " : " ");
+    if (given.sense == ObjectiveSense::kMaximize) heard += "max ";
+  };
+  GivenProblems(
+      "OBJSENSE MAX\nRHS\n R LIM 0\n R COST 3\n S LIM 5\nRANGES\n G DEM 4 COST 1\n"
+      "BOUNDS\n UP B Y 4\n BV B X\n LO B Z 1\n",
+      options);
+  EXPECT_EQ(heard, "8:0#0=0 max 10:1#2=0 11:1#1=3 14:2#3=4 16:3#2=0u 17:3#1=0lu ");
+}
+
 TEST(GivenValues, AreNotWatchedInTheComponentsDialect) {
   EXPECT_EQ(GivenProblems("RHS\n    R  LIM  4\n    R  LIM  1e-400\nBOUNDS\n UP B X 4\n UP B X 3\n",
                           {.dialect = FileDialect::kComponent}),
