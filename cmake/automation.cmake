@@ -11,7 +11,9 @@ find_path(QUARVEL_SYSTEM_IDL oaidl.idl REQUIRED
 find_path(QUARVEL_SYSTEM_TLB stdole2.tlb REQUIRED
           PATHS /usr/lib/x86_64-linux-gnu/wine/x86_64-windows
                 /usr/lib/aarch64-linux-gnu/wine/aarch64-windows NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
-set(widl "${QUARVEL_WIDL}" "-I${QUARVEL_SYSTEM_IDL}" "-L${QUARVEL_SYSTEM_TLB}")
+# A type library carries the time it was made at: one that stays keeps two builds alike.
+set(widl "${CMAKE_COMMAND}" -E env WIDL_TIME_OVERRIDE=0 "${QUARVEL_WIDL}"
+         "-I${QUARVEL_SYSTEM_IDL}" "-L${QUARVEL_SYSTEM_TLB}")
 add_custom_command(
   OUTPUT "${generated}/quarvel_idl.h" "${generated}/quarvel.tlb"
   COMMAND ${widl} -h -H quarvel_idl.h "${idl}"
@@ -49,7 +51,8 @@ target_link_options(Quarvel PRIVATE -Wl,--enable-stdcall-fixup)
 set_source_files_properties(
   automation/quarvel.rc
   PROPERTIES INCLUDE_DIRECTORIES "${generated};${QUARVEL_MADE}"
-             OBJECT_DEPENDS "${generated}/quarvel.tlb;${QUARVEL_MADE}/text/version.h")
+             OBJECT_DEPENDS
+             "${generated}/quarvel.tlb;${QUARVEL_MADE}/text/version.h;${PROJECT_SOURCE_DIR}/packaging/icons/quarvel.ico")
 
 # For programs that use the component without registering it, and one that does.
 configure_file("${QUARVEL_MADE}/packaging/Quarvel.Component.manifest"

@@ -20,6 +20,8 @@ function(quarvel_harden target)
     # Places by chance, in the whole address space where that is a large one, and no code in data. The
     # compiler has the check of the stack in a library of its own, which becomes part of the program.
     target_link_options(${target} PUBLIC -fstack-protector-strong -Wl,--dynamicbase,--nxcompat)
+    # The same sources make the same file whenever it is linked.
+    target_link_options(${target} PUBLIC -Wl,--no-insert-timestamp)
     if(CMAKE_SIZEOF_VOID_P EQUAL 8)
       target_link_options(${target} PUBLIC -Wl,--high-entropy-va)
     endif()
