@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing from Debian's packages:
-# cmake/setup.sh native|format|display|browser|manual|checks|coverage|windows|systems|peers|counts|solvers ...
+# cmake/setup.sh native|format|display|browser|manual|checks|coverage|windows|packages|systems|peers|counts|solvers
+# ...
 # Asks nothing. Packages that are installed already cost one look at the package database.
 set -eu
 
@@ -22,6 +23,8 @@ coverage=(llvm)
 # Cross-building for Windows, and running what was built.
 windows=(g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-win32 mingw-w64-tools libwine-dev libwine
   googletest libz-mingw-w64-dev wine wine64 xvfb)
+# What makes and reads the packages.
+packages=(zip unzip python3)
 # What makes a Debian system of its own (cmake/debian_root.sh).
 systems=(debootstrap)
 # The libraries that the benchmarks compare with, and what counts instructions.
@@ -41,6 +44,7 @@ for part in "$@"; do
     checks) wanted+=("${checks[@]}") ;;
     coverage) wanted+=("${coverage[@]}") ;;
     windows) wanted+=("${windows[@]}") ;;
+    packages) wanted+=("${packages[@]}") ;;
     systems) wanted+=("${systems[@]}") ;;
     peers) wanted+=("${peers[@]}") ;;
     counts) wanted+=("${counts[@]}") ;;

@@ -91,6 +91,9 @@ run_tests() {
   [ "$left" -eq 0 ] || note "$left skipped of $1: see SKIPPED in $log"
 }
 
+# Both builds for Windows, packed, and used under Wine.
+check_windows_packages() { packaging/build windows && tests/windows_packages.sh; }
+
 build_and_test() { build "$1" && run_tests "$1"; } # PRESET
 
 # fuzz_target NAME SECONDS: the kept inputs once, then new ones from a fixed start.
