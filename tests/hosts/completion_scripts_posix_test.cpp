@@ -72,7 +72,7 @@ TEST_F(CompletionScriptsTest, AreKnownByTheirShells) {
 }
 
 TEST_F(CompletionScriptsTest, CompleteInBash) {
-  if (!HasProgram("bash")) GTEST_SKIP() << "no bash";
+  if (!HasProgram("bash")) GTEST_SKIP() << "there is no bash: cmake/setup.sh shells installs it";
   for (const Completed& c : kCommon) EXPECT_EQ(InBash(c.words), c.candidates) << c.words;
   // As Readline takes apart what is typed.
   EXPECT_EQ(InBash("rows --color = ne"), "never\n");
@@ -82,7 +82,7 @@ TEST_F(CompletionScriptsTest, CompleteInBash) {
 }
 
 TEST_F(CompletionScriptsTest, CompleteFilesInBash) {
-  if (!HasProgram("bash")) GTEST_SKIP() << "no bash";
+  if (!HasProgram("bash")) GTEST_SKIP() << "there is no bash: cmake/setup.sh shells installs it";
   const std::string sorted =
       "IFS=$'\\n' COMPREPLY=($(printf '%s\\n' \"${COMPREPLY[@]}\" | LC_ALL=C sort))\n";
   EXPECT_EQ(InBash("rows ''", sorted), "diet.mps\nmodels\npacked.MPS.gz\nwith blanks.mps\n");
@@ -91,7 +91,7 @@ TEST_F(CompletionScriptsTest, CompleteFilesInBash) {
 }
 
 TEST_F(CompletionScriptsTest, CompleteInFish) {
-  if (!HasProgram("fish")) GTEST_SKIP() << "no fish";
+  if (!HasProgram("fish")) GTEST_SKIP() << "there is no fish: cmake/setup.sh shells installs it";
   const std::string start = "set -x PATH (dirname $quarvel) $PATH\nsource script.fish\n";
   for (const Completed& c : kCommon) {
     std::string words = c.words;
@@ -111,7 +111,7 @@ TEST_F(CompletionScriptsTest, CompleteInFish) {
 
 // zsh itself, with its own completion replaced where it would draw on a terminal.
 TEST_F(CompletionScriptsTest, CompleteInZsh) {
-  if (!HasProgram("zsh")) GTEST_SKIP() << "no zsh";
+  if (!HasProgram("zsh")) GTEST_SKIP() << "there is no zsh: cmake/setup.sh shells installs it";
   const std::string start =
       "setopt extendedglob\ncompdef() { }\ncompset() { files=1 }\n"
       "_files() { if [[ $1 == -g ]]; then print -l -- ${~2}; else print files; fi }\n"

@@ -1,16 +1,15 @@
 #include "hosts/input_bytes.h"
 
-#include <algorithm>
 #include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "platform/automation_error.h"
+#include "tests/support/given_bytes.h"
 #include "tests/support/run_quarvel.h"
 
 namespace quarvel::hosts {
@@ -57,27 +56,9 @@ const std::vector<Packed>& AllPacked() {
   return all;
 }
 
-// Gives so many bytes a time.
-class Bytes : public platform::ByteSource {
- public:
-  Bytes(std::string bytes, std::size_t at_once) : bytes_(std::move(bytes)), at_once_(at_once) {}
-  std::uint64_t size() const override { return bytes_.size(); }
-  std::size_t Read(char* buffer, std::size_t capacity) override {
-    const std::size_t count = std::min({capacity, at_once_, bytes_.size() - done_});
-    std::memcpy(buffer, bytes_.data() + done_, count);
-    done_ += count;
-    return count;
-  }
-
- private:
-  std::string bytes_;
-  std::size_t at_once_;
-  std::size_t done_ = 0;
-};
-
 std::string UnpackedText(const std::string& bytes, std::size_t at_once = 1000,
                          std::size_t capacity = 1000) {
-  const auto source = Unpacked(std::make_unique<Bytes>(bytes, at_once));
+  const auto source = Unpacked(std::make_unique<testing::GivenBytes>(bytes, at_once));
   std::string text;
   std::string buffer(capacity, ' ');
   for (;;) {

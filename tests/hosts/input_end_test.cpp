@@ -5,28 +5,14 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/given_bytes.h"
 #include "tests/support/run_quarvel.h"
 
 namespace quarvel {
 namespace {
 
-class TextBytes : public platform::ByteSource {
- public:
-  explicit TextBytes(std::string text) : text_(std::move(text)) {}
-  std::uint64_t size() const override { return text_.size(); }
-  std::size_t Read(char* buffer, std::size_t capacity) override {
-    const std::size_t count = text_.copy(buffer, std::min(capacity, std::size_t{1000}), at_);
-    at_ += count;
-    return count;
-  }
-
- private:
-  std::string text_;
-  std::size_t at_ = 0;
-};
-
 bool EndsCutOff(const std::string& text, std::size_t read_before) {
-  hosts::InputEnd input(std::make_unique<TextBytes>(text));
+  hosts::InputEnd input(std::make_unique<testing::GivenBytes>(text, 1000));
   std::array<char, 1000> buffer = {};
   if (read_before > 0) input.Read(buffer.data(), read_before);
   return input.IsCutOff();

@@ -12,7 +12,8 @@ namespace quarvel {
 namespace {
 
 TEST(ManualPages, AreCleanRoff) {
-  if (!HasProgram("mandoc")) GTEST_SKIP() << "no mandoc";
+  if (!HasProgram("mandoc"))
+    GTEST_SKIP() << "there is no mandoc: cmake/setup.sh shells installs it";
   const HostFolder folder;
   folder.Write("page.1", hosts::ManualPage(nullptr));
   const std::string lint =
@@ -25,7 +26,7 @@ TEST(ManualPages, AreCleanRoff) {
 }
 
 TEST(ManualPages, AreShownByMan) {
-  if (!HasProgram("man")) GTEST_SKIP() << "no man";
+  if (!HasProgram("man")) GTEST_SKIP() << "there is no man: cmake/setup.sh shells installs it";
   const HostFolder folder;
   const std::string page = folder.Write("page.1", hosts::ManualPage(&hosts::CommandOf("rows")));
   const std::string shown =

@@ -27,7 +27,8 @@ TEST(OptionSet, MovesWhatGoesOverTheMiddle) {
 TEST(OptionSet, StandsInSomeOrder) {
   EXPECT_LT(OptionSet{1}, OptionSet{2});
   EXPECT_NE(OptionSet{1}, OptionSet{1} << 64);
-  EXPECT_TRUE((OptionSet{1} < OptionSet{1} << 64) != (OptionSet{1} << 64 < OptionSet{1}));
+  const OptionSet high = OptionSet{1} << 64;
+  EXPECT_TRUE((OptionSet{1} < high) != (high < OptionSet{1}));
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "hosts/packing.h"
 
-#include <algorithm>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -11,6 +10,7 @@
 
 #include "hosts/input_bytes.h"
 #include "hosts/output_name.h"
+#include "tests/support/given_bytes.h"
 #include "tests/support/json_value.h"
 #include "tests/support/run_quarvel.h"
 
@@ -25,24 +25,8 @@ class KeptBytes : public platform::ByteSink {
   int finished = 0;
 };
 
-class GivenBytes : public platform::ByteSource {
- public:
-  explicit GivenBytes(std::string bytes) : bytes_(std::move(bytes)) {}
-  std::uint64_t size() const override { return bytes_.size(); }
-  std::size_t Read(char* buffer, std::size_t capacity) override {
-    const std::size_t count = std::min(capacity, bytes_.size() - done_);
-    std::memcpy(buffer, bytes_.data() + done_, count);
-    done_ += count;
-    return count;
-  }
-
- private:
-  std::string bytes_;
-  std::size_t done_ = 0;
-};
-
 std::string UnpackedBytes(std::string packed) {
-  const auto source = Unpacked(std::make_unique<GivenBytes>(std::move(packed)));
+  const auto source = Unpacked(std::make_unique<testing::GivenBytes>(std::move(packed)));
   std::string text;
   char buffer[5000];
   while (const std::size_t count = source->Read(buffer, sizeof(buffer))) text.append(buffer, count);

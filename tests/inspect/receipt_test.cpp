@@ -1,22 +1,18 @@
 #include "inspect/receipt.h"
 
-#include <memory>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "mps/read_file.h"
+#include "tests/support/given_bytes.h"
 #include "tests/support/run_quarvel.h"
 
 namespace quarvel::inspect {
 namespace {
 
 using Texts = std::vector<std::string>;
-
-std::unique_ptr<platform::ByteSource> BytesOf(const std::string& path) {
-  return std::make_unique<platform::FileBytes>(platform::InputFile(path));
-}
 
 class ReceiptTest : public ::testing::Test {
  protected:
@@ -25,7 +21,7 @@ class ReceiptTest : public ::testing::Test {
                   const std::string& model = std::string(kSmallModel)) {
     const mps::FileFacts facts = mps::ReadFile(folder_.Write("a.mps", model), {}, store_).facts;
     Receipt receipt = ReceiptOf(store_, facts, layout);
-    CompareWithFile(store_, facts, BytesOf(folder_.Write("b.mps", text)), receipt);
+    CompareWithFile(store_, facts, testing::BytesOf(folder_.Write("b.mps", text)), receipt);
     return receipt;
   }
 
@@ -114,7 +110,7 @@ TEST_F(ReceiptTest, SaysWhenTheFileCannotBeRead) {
   model::ModelStore store;
   Receipt receipt;
   const std::string path = folder_.Write("gone.mps", "");
-  CompareWithFile(store, {}, BytesOf(path), receipt);
+  CompareWithFile(store, {}, testing::BytesOf(path), receipt);
   // Nothing was to be written, and nothing is there.
   EXPECT_EQ(receipt.unexpected, Texts());
   EXPECT_TRUE(receipt.is_read_again);

@@ -1,6 +1,5 @@
 #include "inspect/solution_file.h"
 
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +10,7 @@
 #include "platform/automation_error.h"
 #include "platform/byte_source.h"
 #include "platform/files.h"
+#include "tests/support/given_bytes.h"
 #include "tests/support/test_paths.h"
 #include "text/numbers.h"
 
@@ -36,16 +36,12 @@ struct ReadPoint {
   std::string complaint;  // with its line before it
 };
 
-std::unique_ptr<platform::ByteSource> BytesOfPoint(const std::string& path) {
-  return std::make_unique<platform::FileBytes>(platform::InputFile(path));
-}
-
 ReadPoint Read(std::string_view bytes) {
   const TemporaryFolder folder;
   WriteWholeFile(folder.File("point"), bytes);
   TakenValues taken;
   ReadPoint read;
-  read.file = ReadSolutionFile(BytesOfPoint(folder.File("point")), taken);
+  read.file = ReadSolutionFile(testing::BytesOf(folder.File("point")), taken);
   read.values = taken.text;
   if (read.file.complaint) {
     read.complaint =
@@ -279,7 +275,7 @@ TEST(SolutionFile, ReadsMoreLinesThanItIsKnownBy) {
 TEST(SolutionFile, RaisesWhatOpeningRaises) {
   const TemporaryFolder folder;
   TakenValues taken;
-  EXPECT_THROW(ReadSolutionFile(BytesOfPoint(folder.File("missing")), taken), AutomationError);
+  EXPECT_THROW(ReadSolutionFile(testing::BytesOf(folder.File("missing")), taken), AutomationError);
   EXPECT_EQ(taken.text, "");
 }
 

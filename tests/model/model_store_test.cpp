@@ -44,6 +44,14 @@ std::string NamesOfRows(const ModelStore& store) {
   return names;
 }
 
+// The same row or column of both, which hold the same records.
+void RemoveAnyRecord(std::mt19937& random, ModelStore& a, ModelStore& b) {
+  const bool row = a.NumberOfColumns() == 0 || random() % 2 == 0;
+  const auto count = static_cast<unsigned>(row ? a.NumberOfRows() : a.NumberOfColumns());
+  const auto number = static_cast<std::int32_t>(random() % count) + 1;
+  for (ModelStore* store : {&a, &b}) row ? store->RemoveRow(number) : store->RemoveColumn(number);
+}
+
 TEST(ModelStore, FindsRecordsByNameThroughEveryChange) {
   ModelStore store;
   Build(store, 4, 4, 2);
@@ -118,13 +126,7 @@ TEST(ModelStore, DefersRemovalsWhereListsDisagreeWithoutATrace) {
       for (ModelStore* store : {&deferred, &plain}) store->AddElement(r, c, pair);
     }
     for (int step = 0; step < 9 && deferred.NumberOfRows() > 0; ++step) {
-      const bool row = deferred.NumberOfColumns() == 0 || random() % 2 == 0;
-      const auto count =
-          static_cast<unsigned>(row ? deferred.NumberOfRows() : deferred.NumberOfColumns());
-      const auto number = static_cast<std::int32_t>(random() % count) + 1;
-      for (ModelStore* store : {&deferred, &plain}) {
-        row ? store->RemoveRow(number) : store->RemoveColumn(number);
-      }
+      RemoveAnyRecord(random, deferred, plain);
       plain.data();
       ASSERT_EQ(NamesOfRows(deferred), NamesOfRows(plain)) << "run " << run;
       for (std::int32_t c = 1; c <= plain.NumberOfColumns(); ++c) {
@@ -319,13 +321,7 @@ TEST(ModelStore, DefersRandomRemovalsWithoutATrace) {
     Build(deferred, 20, 15, 3);
     Build(plain, 20, 15, 3);
     for (int step = 0; step < 12 && deferred.NumberOfRows() > 0; ++step) {
-      const bool row = deferred.NumberOfColumns() == 0 || random() % 2 == 0;
-      const auto count =
-          static_cast<unsigned>(row ? deferred.NumberOfRows() : deferred.NumberOfColumns());
-      const auto number = static_cast<std::int32_t>(random() % count) + 1;
-      for (ModelStore* store : {&deferred, &plain}) {
-        row ? store->RemoveRow(number) : store->RemoveColumn(number);
-      }
+      RemoveAnyRecord(random, deferred, plain);
       plain.data();
       ASSERT_EQ(NamesOfRows(deferred), NamesOfRows(plain)) << "run " << run;
     }

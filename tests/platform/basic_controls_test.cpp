@@ -22,7 +22,7 @@ class ControlsTest : public ::testing::Test {
   Form form_{desktop_, "frmTest"};
 };
 
-using Lines = std::vector<std::string>;
+using Texts = std::vector<std::string>;
 
 TEST_F(ControlsTest, StandInTheirFormInCreationOrder) {
   Label label(form_, "lblFirst", {1, 2, 3, 4});
@@ -41,7 +41,7 @@ TEST_F(ControlsTest, TellTheDrawerWhatChanged) {
   button.set_caption("Go");
   button.set_enabled(false);
   button.set_visible(false);
-  EXPECT_EQ(Told(), (Lines{"frmTest.cmdGo caption: Go", "frmTest.cmdGo enabled: false",
+  EXPECT_EQ(Told(), (Texts{"frmTest.cmdGo caption: Go", "frmTest.cmdGo enabled: false",
                            "frmTest.cmdGo visible: false"}));
 }
 
@@ -56,14 +56,14 @@ TEST_F(ControlsTest, SayNothingWhenNothingChanges) {
   option.set_value(false);
   bar.set_range(0, 100);
   bar.set_value(0);
-  EXPECT_EQ(Told(), Lines{});
+  EXPECT_EQ(Told(), Texts{});
 }
 
 TEST_F(ControlsTest, KeepTheirStateWithoutAWindow) {
   Button button(form_, "cmdGo", {});
   button.set_caption("Go");
   EXPECT_EQ(button.caption(), "Go");
-  EXPECT_EQ(desktop_.transcript(), Lines{});
+  EXPECT_EQ(desktop_.transcript(), Texts{});
 }
 
 TEST_F(ControlsTest, ButtonRunsItsHandlerWhenPressed) {
@@ -117,7 +117,7 @@ TEST_F(ControlsTest, OptionTellsTheClearedOneBeforeItself) {
   a.set_value(true);
   form_.Show();
   b.set_value(true);
-  EXPECT_EQ(Told(), (Lines{"frmTest.optA value: false", "frmTest.optB value: true"}));
+  EXPECT_EQ(Told(), (Texts{"frmTest.optA value: false", "frmTest.optB value: true"}));
 }
 
 TEST_F(ControlsTest, OptionCanBeClearedFromCode) {
@@ -183,7 +183,7 @@ TEST_F(ControlsTest, ProgressBarTakesItsValueAlongWithTheRange) {
   bar.set_range(0, 50);
   EXPECT_EQ(bar.value(), 50);
   bar.set_range(0, 150'000'000);
-  EXPECT_EQ(Told(), (Lines{"frmTest.pbr range: 0 50", "frmTest.pbr value: 50",
+  EXPECT_EQ(Told(), (Texts{"frmTest.pbr range: 0 50", "frmTest.pbr value: 50",
                            "frmTest.pbr range: 0 150000000"}));
 }
 

@@ -142,7 +142,7 @@ TEST(FileReplacement, MakesAFileAnewThatIsGoneSinceItWasRead) {
 TEST(FileReplacement, SaysWhatIsWrongWithTheName) {
   const TemporaryFolder folder;
   WriteWholeFile(folder.File("file"), "text");
-  const struct {
+  const struct Case {
     std::string name;
     int error;
   } cases[] = {
@@ -152,8 +152,8 @@ TEST(FileReplacement, SaysWhatIsWrongWithTheName) {
       {folder.File(std::string("a\0b", 3)), 52},
       {folder.File("file/model.mps"), 76},
   };
-  for (const auto& [name, error] : cases) {
-    EXPECT_EQ(FailureOf([&] { const FileReplacement replacement(name); }), error) << name;
+  for (const Case& c : cases) {
+    EXPECT_EQ(FailureOf([&] { const FileReplacement replacement(c.name); }), c.error) << c.name;
   }
   EXPECT_EQ(NamesIn(folder), FileNames{"file"});
 }

@@ -6,31 +6,14 @@
 #include <cstdint>
 #include <cstring>
 #include <memory>
-#include <utility>
 #include <vector>
 
-#include "platform/byte_source.h"
+#include "tests/support/given_bytes.h"
 #include "tests/support/naive_wide_reader.h"
 #include "tests/support/read_comparison.h"
 
 namespace quarvel::testing {
 namespace {
-
-class TextBytes : public platform::ByteSource {
- public:
-  explicit TextBytes(const std::string& text) : text_(text) {}
-  std::uint64_t size() const override { return text_.size(); }
-  std::size_t Read(char* buffer, std::size_t capacity) override {
-    const std::size_t count = std::min(capacity, text_.size() - next_);
-    std::memcpy(buffer, text_.data() + next_, count);
-    next_ += count;
-    return count;
-  }
-
- private:
-  const std::string& text_;
-  std::size_t next_ = 0;
-};
 
 std::string ToldProblem(const NaiveProblem& problem) {
   return problem.first + " in line " + std::to_string(problem.second);
@@ -70,7 +53,7 @@ mps::FileRead ReadWideBytes(const std::string& bytes, const mps::ReadOptions& op
                             model::ModelStore& store) {
   mps::ReadOptions all = options;
   all.kept_of_each = SIZE_MAX;
-  all.open = [&bytes] { return std::make_unique<TextBytes>(bytes); };
+  all.open = [&bytes] { return std::make_unique<GivenBytes>(bytes); };
   return mps::ReadFile("", all, store);
 }
 

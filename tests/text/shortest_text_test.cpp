@@ -63,7 +63,8 @@ TEST(ShortestText, ReadsBackToTheSameBits) {
     std::uint64_t bits = random();
     if (i % 4 == 0) bits &= 0x800FFFFFFFFFFFFFull;  // too small for all digits
     if (i % 4 == 1)
-      bits = std::bit_cast<std::uint64_t>(std::ldexp(1.0, i % 2000 - 1000)) + i % 3 - 1;
+      bits = std::bit_cast<std::uint64_t>(std::ldexp(1.0, i % 2000 - 1000)) +
+             static_cast<std::uint64_t>(i % 3) - 1;
     const auto value = std::bit_cast<double>(bits);
     if (!std::isfinite(value)) continue;
     text.clear();
