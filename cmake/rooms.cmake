@@ -19,7 +19,7 @@ endfunction()
 # takes a third of the time. What is measured is compiled file by file all the same, so that a figure
 # hangs on no neighbour. So names without linkage are told apart within a room, not within a file alone.
 # QUARVEL_TOGETHER=OFF compiles every file on its own; then an include that a source forgets shows.
-set(quarvel_each_alone "^${PROJECT_SOURCE_DIR}/(text|model|mps|simplify|inspect|api|component|viewer|hosts)/")
+set(quarvel_each_alone "^${PROJECT_SOURCE_DIR}/(text|model|mps|simplify)/")
 function(quarvel_together target)
   if(NOT QUARVEL_TOGETHER)
     return()

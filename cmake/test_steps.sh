@@ -98,8 +98,8 @@ build_and_test() { build "$1" && run_tests "$1"; } # PRESET
 
 # fuzz_target NAME SECONDS: the kept inputs once, then new ones from a fixed start.
 fuzz_target() {
-  local program="build/linux-fuzz/$1" kept="fuzz/corpus/$1" new="build/linux-fuzz/new/$1"
-  local limits=(-timeout=10 -rss_limit_mb=2048 "-artifact_prefix=$PWD/build/linux-fuzz/$1-")
+  local program="build/linux-asan/$1" kept="fuzz/corpus/$1" new="build/linux-asan/new/$1"
+  local limits=(-timeout=10 -rss_limit_mb=2048 "-artifact_prefix=$PWD/build/linux-asan/$1-")
   mkdir -p "$new"
   [ -n "$(ls -A "$kept")" ] || { echo "no kept inputs in $kept"; return 1; }
   "$program" "${limits[@]}" -runs=0 "$kept" &&

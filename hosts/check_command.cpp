@@ -17,7 +17,7 @@ namespace quarvel::hosts {
 namespace {
 
 // A broken file has a problem in each of its lines.
-constexpr std::int64_t kUsualLimit = 20;
+constexpr std::int64_t kCheckLimit = 20;
 
 std::unique_ptr<ProblemReport> MakeReport(const Session& session, const std::string& path,
                                           const ReportPlace& place) {
@@ -33,7 +33,7 @@ int CheckOne(Session& session, const std::string& file, const ReportPlace& place
   const Arguments& arguments = session.arguments;
   const bool is_limited = (arguments.used & kLimit) != 0;
   const std::unique_ptr<ProblemReport> report = MakeReport(session, file, place);
-  ModelCheck check(session, file, *report, is_limited ? arguments.limit : kUsualLimit);
+  ModelCheck check(session, file, *report, is_limited ? arguments.limit : kCheckLimit);
   report->Begin();
   check.Read();
   check.TellHeld();

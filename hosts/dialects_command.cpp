@@ -16,7 +16,7 @@
 namespace quarvel::hosts {
 namespace {
 
-constexpr std::int64_t kUsualLimit = 5;  // lines of each kind
+constexpr std::int64_t kDialectsLimit = 5;  // lines of each kind
 constexpr std::size_t kReaderWidth = 10;
 
 using Quotes = std::map<std::int64_t, std::string>;
@@ -102,7 +102,7 @@ int RunDialects(Session& session) {
   mps::ReadOptions options = ReadOptionsOf(arguments);
   options.open = InputOpener(path, session.streams);
   options.on_progress = [&session](std::uint64_t, std::uint64_t) { return session.KeepPrinting(); };
-  const std::int64_t limit = (arguments.used & kLimit) != 0 ? arguments.limit : kUsualLimit;
+  const std::int64_t limit = (arguments.used & kLimit) != 0 ? arguments.limit : kDialectsLimit;
   model::ModelStore store;
   const inspect::DialectFindings findings =
       inspect::FindDialects(path, options, store, static_cast<std::size_t>(limit));

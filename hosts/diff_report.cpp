@@ -7,7 +7,7 @@ namespace quarvel::hosts {
 namespace {
 
 // Large models may differ in each of their coefficients.
-constexpr std::int64_t kUsualLimit = 20;
+constexpr std::int64_t kDiffLimit = 20;
 
 class NoReport : public DiffReport {
  public:
@@ -24,7 +24,7 @@ class NoReport : public DiffReport {
 
 DiffReport::DiffReport(const DiffSides& sides)
     : sides_(sides),
-      limit_((sides.a.arguments.used & kLimit) != 0 ? sides.a.arguments.limit : kUsualLimit) {}
+      limit_((sides.a.arguments.used & kLimit) != 0 ? sides.a.arguments.limit : kDiffLimit) {}
 
 void DiffReport::Add(const inspect::Difference& difference) {
   differences_.Add(difference);

@@ -22,7 +22,7 @@ namespace {
 using inspect::RecordOrigin;
 using inspect::Setting;
 
-constexpr std::int64_t kUsualLimit = 10;  // of anything of a record that there may be many of
+constexpr std::int64_t kExplainLimit = 10;  // of anything of a record that there may be many of
 
 bool IsAny(const std::vector<RecordOrigin>& records) {
   return std::any_of(records.begin(), records.end(),
@@ -182,7 +182,7 @@ class ExplainedRead {
   }
   std::vector<RecordOrigin> Find(std::vector<RecordOrigin> records) {
     const bool limited = (session_.arguments.used & kLimit) != 0;
-    const std::int64_t limit = limited ? session_.arguments.limit : kUsualLimit;
+    const std::int64_t limit = limited ? session_.arguments.limit : kExplainLimit;
     const mps::FileRead read =
         inspect::FindOrigins(path_, options_, store_, records, static_cast<std::size_t>(limit));
     session_.StopIfInterrupted();

@@ -19,7 +19,7 @@ namespace {
 using inspect::Violation;
 using inspect::ViolationKind;
 
-constexpr std::int64_t kUsualLimit = 20;
+constexpr std::int64_t kWhyLimit = 20;
 constexpr std::size_t kUsualTerms = 12;  // of one row
 
 struct KindWords {
@@ -255,7 +255,7 @@ int RunWhy(Session& session) {
   point.SetFromFile(arguments.operands[1], session.streams, UnknownName::kNoted);
   const bool limited = (arguments.used & kLimit) != 0;
   const bool all = limited && arguments.limit == Arguments::kAll;
-  const auto limit = static_cast<std::size_t>(limited ? arguments.limit : kUsualLimit);
+  const auto limit = static_cast<std::size_t>(limited ? arguments.limit : kWhyLimit);
   const inspect::FeasibilityTolerance tolerance = ToleranceOf(arguments);
   const inspect::Violations violations =
       inspect::FindViolations(session.model().store(), point.values(), tolerance,

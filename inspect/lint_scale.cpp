@@ -49,8 +49,8 @@ Sizes SizesOf(const model::ElementList& list, std::int32_t number) {
 
 // Of all of them together.
 template <class Records>
-Sizes LintRecords(const Records& records, std::int32_t count, FileProblemCode code,
-                  const LintListener& listener) {
+Sizes LintSizes(const Records& records, std::int32_t count, FileProblemCode code,
+                const LintListener& listener) {
   Sizes all;
   for (std::int32_t number = 1; number <= count; ++number) {
     const Sizes sizes = SizesOf(records[number].Elements, number);
@@ -67,9 +67,9 @@ Sizes LintRecords(const Records& records, std::int32_t count, FileProblemCode co
 }  // namespace
 
 void LintScale(const model::ModelData& data, const LintListener& listener) {
-  LintRecords(data.Rows, data.NumberOfRows, FileProblemCode::kRowScale, listener);
+  LintSizes(data.Rows, data.NumberOfRows, FileProblemCode::kRowScale, listener);
   const Sizes all =
-      LintRecords(data.Columns, data.NumberOfColumns, FileProblemCode::kColumnScale, listener);
+      LintSizes(data.Columns, data.NumberOfColumns, FileProblemCode::kColumnScale, listener);
   if (!all.AreFarApart()) return;
   const bool is_one = all.smallest_in == all.largest_in;
   listener.Tell(FileProblemCode::kModelScale, [&] {

@@ -13,7 +13,7 @@ double HalfUnit(double value, int digits) {
   return 0.5 * std::pow(10, std::floor(std::log10(std::fabs(value))) - digits + 1);
 }
 
-bool IsWorse(const Violation& a, const Violation& b) {
+bool IsWorseViolation(const Violation& a, const Violation& b) {
   return std::tie(b.amount, a.kind, a.number) < std::tie(a.amount, b.kind, b.number);
 }
 
@@ -45,7 +45,7 @@ class ViolationSearch {
   }
 
   Violations Take() {
-    std::sort_heap(found_.worst.begin(), found_.worst.end(), IsWorse);
+    std::sort_heap(found_.worst.begin(), found_.worst.end(), IsWorseViolation);
     return std::move(found_);
   }
 
@@ -72,12 +72,12 @@ class ViolationSearch {
   void Keep(const Violation& violation) {
     std::vector<Violation>& worst = found_.worst;
     if (worst.size() == kept_) {
-      if (kept_ == 0 || !IsWorse(violation, worst.front())) return;
-      std::pop_heap(worst.begin(), worst.end(), IsWorse);
+      if (kept_ == 0 || !IsWorseViolation(violation, worst.front())) return;
+      std::pop_heap(worst.begin(), worst.end(), IsWorseViolation);
       worst.pop_back();
     }
     worst.push_back(violation);
-    std::push_heap(worst.begin(), worst.end(), IsWorse);
+    std::push_heap(worst.begin(), worst.end(), IsWorseViolation);
   }
 
   FeasibilityTolerance tolerance_;

@@ -5,21 +5,22 @@
 namespace quarvel::viewer {
 namespace {
 
-constexpr SetBoundsForm::TypeOption kOptions[] = {
+constexpr SetBoundsForm::TypeOption kColumnOptions[] = {
     {model::TraitsOf(model::ColumnType::kContinuous).letter, "optR", "Real", 'R'},
     {model::TraitsOf(model::ColumnType::kInteger).letter, "optI", "Integer", 'I'},
 };
 
-const SetBoundsForm::Design kDesign = {model::kColumnKind,
-                                       "frmSetColBounds",
-                                       "lblColumn",
-                                       "Column Type",
-                                       "Invalid Column Type specified",
-                                       kOptions};
+const SetBoundsForm::Design kColumnDesign = {model::kColumnKind,
+                                             "frmSetColBounds",
+                                             "lblColumn",
+                                             "Column Type",
+                                             "Invalid Column Type specified",
+                                             kColumnOptions};
 
 }  // namespace
 
-frmSetColBounds::frmSetColBounds(platform::Desktop& desktop) : SetBoundsForm(desktop, kDesign) {}
+frmSetColBounds::frmSetColBounds(platform::Desktop& desktop)
+    : SetBoundsForm(desktop, kColumnDesign) {}
 
 void frmSetColBounds::OrderBounds() {
   if (BoundBoxes::Get(bounds.txtLwrBnd) > BoundBoxes::Get(bounds.txtUprBnd)) bounds.Reverse();

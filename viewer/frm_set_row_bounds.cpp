@@ -11,7 +11,7 @@ constexpr std::string_view RowLetter(model::RowType type) { return model::Traits
 
 // The open side of an inequality gets the limit of the other sign; models have been written with
 // these values and are to stay as they are.
-constexpr SetBoundsForm::TypeOption kOptions[] = {
+constexpr SetBoundsForm::TypeOption kRowOptions[] = {
     {RowLetter(model::RowType::kFree), "optN", "Non-Binding/Objective", 'N'},
     {RowLetter(model::RowType::kRanged), "optR", "Range", 'R'},
     {RowLetter(model::RowType::kEqual), "optE", "Equality", 'E',
@@ -22,13 +22,13 @@ constexpr SetBoundsForm::TypeOption kOptions[] = {
      [](BoundBoxes& bounds) { BoundBoxes::Put(bounds.txtLwrBnd, model::BoundLimit); }},
 };
 
-const SetBoundsForm::Design kDesign = {
+const SetBoundsForm::Design kRowDesign = {
     model::kRowKind, "frmSetRowBounds", "lblRow", "Bound Type", "Invalid Bound Type specified",
-    kOptions};
+    kRowOptions};
 
 }  // namespace
 
-frmSetRowBounds::frmSetRowBounds(platform::Desktop& desktop) : SetBoundsForm(desktop, kDesign) {}
+frmSetRowBounds::frmSetRowBounds(platform::Desktop& desktop) : SetBoundsForm(desktop, kRowDesign) {}
 
 void frmSetRowBounds::OrderBounds() {
   if (!Option(RowLetter(model::RowType::kRanged))->value()) return;
