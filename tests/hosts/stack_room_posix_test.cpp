@@ -17,6 +17,7 @@
 #include "hosts/packing.h"
 #include "hosts/stack_room.h"
 #include "tests/support/run_quarvel.h"
+#include "tests/support/sanitizers.h"
 
 namespace quarvel {
 namespace {
@@ -85,9 +86,9 @@ TEST(ClaimStack, LeavesAStackThatMayNotBeAsLarge) {
 }
 
 TEST(PackedFiles, TellLackingMemoryFromDamage) {
-#ifdef __SANITIZE_ADDRESS__
-  GTEST_SKIP() << "the sanitizer ends the program where a library's memory lacks";
-#endif
+  if (kAddressSanitizer) {
+    GTEST_SKIP() << "the sanitizer ends the program where a library's memory lacks";
+  }
   if (hosts::PackingOfSuffix("m.zst")->pack == nullptr) GTEST_SKIP() << "built without zstd";
   // One block of five bytes as they are, in a frame whose window takes 128 MB.
   static constexpr char kFrame[] = "\x28\xB5\x2F\xFD\x00\x88\x29\x00\x00hello";

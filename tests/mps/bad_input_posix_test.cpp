@@ -16,24 +16,13 @@
 #include "mps/frm_progress.h"
 #include "platform/files.h"
 #include "tests/mps/read_helpers.h"
+#include "tests/support/sanitizers.h"
 #include "tests/support/shown_form.h"
 
 namespace quarvel::mps {
 namespace {
 
 using Texts = std::vector<std::string>;
-
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kMemoryIsMeasurable = false;
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-constexpr bool kMemoryIsMeasurable = false;
-#else
-constexpr bool kMemoryIsMeasurable = true;
-#endif
-#else
-constexpr bool kMemoryIsMeasurable = true;
-#endif
 
 // What `work` gives in a process of its own, so that its memory and its rights are its own as well.
 int InOtherProcess(const std::function<int()>& work) {
@@ -69,7 +58,7 @@ TEST(BadInputPosix, OfOneHugeLineTakesLittleMemory) {
     session.ReadFile(path);
     return static_cast<int>(PeakMemory() - before);
   });
-  EXPECT_LT(growth, kMemoryIsMeasurable ? 16 : 256);
+  EXPECT_LT(growth, kAddressSanitizer ? 256 : 16);
   EXPECT_GE(growth, 0);
   session.ReadFile(path);
   EXPECT_EQ(session.Problems().at(0),
