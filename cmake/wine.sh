@@ -17,6 +17,8 @@ else
   prefix=$WINEPREFIX
 fi
 export WINEDEBUG="${WINEDEBUG:--all}"
+# Wine takes the letters of file names from the locale: without one it could name few files.
+[ "$(locale charmap 2>/dev/null)" = UTF-8 ] || export LC_ALL=C.UTF-8
 # No offers to download anything, and no menu entries in the user's home.
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 
