@@ -164,7 +164,10 @@ void CompareFacts(const ModelStore& store, const mps::FileFacts& facts, const mp
   }
   const bool may_be_another = losses.CountOf(kObjective) != 0 || losses.CountOf(kNameCase) != 0 ||
                               losses.CountOf(kEmptyRow) != 0;
-  if (!may_be_another && ObjectiveName(store, facts) != read.objective) {
+  // A free row with a number for a limit is no N row in the file, and no objective if nobody made it that.
+  const std::string objective = ObjectiveName(store, facts);
+  const bool is_none = read.objective.empty() && objective != facts.objective;
+  if (!may_be_another && !is_none && objective != read.objective) {
     receipt.unexpected.emplace_back("another objective");
   }
 }

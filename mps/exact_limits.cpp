@@ -68,6 +68,10 @@ bool IsAbsent(const Bounds& limits) {
   return limits.LowerBound == -BoundLimit && limits.UpperBound == BoundLimit;
 }
 
+RowLines FreeLines() {
+  return {RowType::kFree, std::nullopt, std::nullopt, FreshLimits(RowType::kFree)};
+}
+
 // Of a row that is not free.
 RowLines ByLimits(const Bounds& limits) {
   const bool no_lower = limits.LowerBound == -BoundLimit;
@@ -90,18 +94,28 @@ RowLines RowLinesOf(const RowRecord& row, bool may_be_free) {
   if (limits_nothing && !(may_be_free && IsAbsent(row))) return ByLimits(row);
   // What limits it by its numbers alone must not bind.
   if (!may_be_free) return WithLimit(RowType::kGreater, -BoundLimit);
-  return {RowType::kFree, std::nullopt, std::nullopt, FreshLimits(RowType::kFree)};
+  return FreeLines();
+}
+
+RowLines RowLinesOf(const model::ModelData& data, const FileFacts& facts, std::int32_t objective,
+                    std::int32_t row) {
+  const RowRecord& record = data.Rows[row];
+  const bool is_named = row == objective && record.Name == facts.objective;
+  return is_named && record.Type == RowType::kFree ? FreeLines()
+                                                   : RowLinesOf(record, row >= objective);
 }
 
 std::int32_t ObjectiveOf(const model::ModelData& data, const FileFacts& facts) {
   std::int32_t first = 0;
+  std::int32_t first_written = 0;
   for (std::int32_t i = 1; i <= data.NumberOfRows; ++i) {
     const RowRecord& row = data.Rows[i];
     if (row.Type != RowType::kFree) continue;
-    if (facts.objective.empty() || row.Name == facts.objective) return i;
+    if (!facts.objective.empty() && row.Name == facts.objective) return i;
     if (first == 0) first = i;
+    if (first_written == 0 && RowLinesOf(row, true).type == RowType::kFree) first_written = i;
   }
-  return first;
+  return first_written != 0 ? first_written : first;
 }
 
 }  // namespace quarvel::mps

@@ -26,8 +26,13 @@ struct RowLines {
 // then, else as one whose limit is absent.
 RowLines RowLinesOf(const model::RowRecord& row, bool may_be_free);
 
-// The row that readers take for the objective, the first of type N; the one that the facts name where it
-// is of that type. 0 when there is none.
+// The same of the row of that number in a model whose objective is row `objective`. The objective that the
+// facts name is written as N even if it has numbers for limits, which limit nothing.
+RowLines RowLinesOf(const model::ModelData& data, const FileFacts& facts, std::int32_t objective,
+                    std::int32_t row);
+
+// The row that readers take for the objective: the one that the facts name where it is of type N, else the
+// first of that type that is written so; where none is, the first of the type. 0 when there is none.
 std::int32_t ObjectiveOf(const model::ModelData& data, const FileFacts& facts);
 
 }  // namespace quarvel::mps

@@ -84,7 +84,7 @@ void ExactLossFinder::CheckRow(std::int32_t i) {
   if (row.Type == RowType::kNone) return told_.AddRow(LossKind::kNoRowType, i, "has no type");
   if (!AreFinite(row))
     return told_.AddRow(LossKind::kNotFinite, i, "has a limit that is no number");
-  const Bounds back = RowLinesOf(row, i >= objective_).back;
+  const Bounds back = RowLinesOf(data_, facts_, objective_, i).back;
   const RowType type = model::RowTypeOf(back.LowerBound, back.UpperBound);
   if (AreSame(row, back) && type == row.Type && !told_.StopsAt(row)) return;
   told_.AddLimits(i, back, type != model::RowTypeOf(row.LowerBound, row.UpperBound));

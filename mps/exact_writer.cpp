@@ -120,7 +120,7 @@ void ExactWriter::WriteSense() {
 void ExactWriter::WriteRows() {
   WriteLine(kRowsHeader);
   for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
-    const RowLines lines = RowLinesOf(data_.Rows[i], i >= objective_);
+    const RowLines lines = RowLinesOf(data_, facts_, objective_, i);
     lines_ += ' ';
     lines_ += model::TraitsOf(lines.type).file_letter;
     WriteLine(kWordGap, data_.Rows[i].Name);
@@ -163,7 +163,7 @@ void ExactWriter::WriteRightHandSides() {
   const double constant = facts_.objective_constant;
   WriteLine(kRhsHeader);
   for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
-    RowLines lines = RowLinesOf(data_.Rows[i], i >= objective_);
+    RowLines lines = RowLinesOf(data_, facts_, objective_, i);
     if (i == objective_ && constant != 0) lines.right_hand_side = -constant;
     if (!lines.right_hand_side) continue;
     WriteEntry(LongFieldKind::kRightHandSide, rhs_set_, data_.Rows[i].Name, *lines.right_hand_side);
@@ -173,7 +173,7 @@ void ExactWriter::WriteRightHandSides() {
 void ExactWriter::WriteRanges() {
   bool is_due = true;
   for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
-    const RowLines lines = RowLinesOf(data_.Rows[i], i >= objective_);
+    const RowLines lines = RowLinesOf(data_, facts_, objective_, i);
     if (!lines.range) continue;
     Header(kRangesHeader, is_due);
     WriteEntry(LongFieldKind::kRange, ranges_set_, data_.Rows[i].Name, *lines.range);

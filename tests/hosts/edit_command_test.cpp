@@ -105,6 +105,24 @@ TEST_F(EditTest, AddsARange) {
   EXPECT_NE(Show({"row", "RG"}).find("2  >=   + 1*Y  <=  5"), std::string::npos);
 }
 
+// A row that its limit of 1E+10 and more has made free.
+TEST_F(EditTest, WritesSuchRowsInTheExactLayout) {
+  const std::string model =
+      "NAME T\nROWS\n N C\n G R\n L S\nCOLUMNS\n X R 1 S 1\n X C 1\n"
+      "RHS\n RHS R -1E11\n RHS S 4\nENDATA\n";
+  const std::string file = folder_.Write("free.mps", model);
+  const std::string made = folder_.Path("b.mps");
+  const Words edit = {"edit", file, made, "--layout", "free", "-c"};
+  Words named = edit;
+  named.emplace_back("set-objective R");
+  EXPECT_EQ(RunQuarvel(named).status, 0);
+  EXPECT_NE(Show({"info"}).find("Objective         R\n"), std::string::npos);
+  Words deleted = edit;
+  deleted.emplace_back("delete-row C");
+  EXPECT_EQ(RunQuarvel(deleted).status, 0);
+  EXPECT_EQ(Show({"info"}).find("Objective         R\n"), std::string::npos);
+}
+
 TEST_F(EditTest, AddsColumns) {
   EXPECT_EQ(Edit({"add-column c1", "add-column C2 i", "add-element R1 C1 1", "add-element R1 C2 1"})
                 .status,

@@ -150,5 +150,26 @@ TEST(ExactLimits, FindTheObjective) {
   EXPECT_EQ(ObjectiveOf(data, facts), 0);
 }
 
+// A number beyond the limit is kept by a row that is no objective.
+TEST(ExactLimits, WriteTheNamedObjectiveAsFree) {
+  model::ModelData data;
+  data.NumberOfRows = 2;
+  data.Rows.Resize(2);
+  data.Rows[1] = Row(RowType::kFree, -1e11, kNone);
+  data.Rows[2] = Row(RowType::kFree, -kNone, kNone);
+  data.Rows[1].Name = "LIMITED";
+  data.Rows[2].Name = "ABSENT";
+  FileFacts facts;
+  EXPECT_EQ(ObjectiveOf(data, facts), 2);
+  EXPECT_EQ(RowLinesOf(data, facts, 2, 1).type, RowType::kGreater);
+  facts.objective = "LIMITED";
+  EXPECT_EQ(ObjectiveOf(data, facts), 1);
+  EXPECT_EQ(RowLinesOf(data, facts, 1, 1).type, RowType::kFree);
+  facts.objective = "GONE";
+  data.NumberOfRows = 1;
+  EXPECT_EQ(ObjectiveOf(data, facts), 1);
+  EXPECT_EQ(RowLinesOf(data, facts, 1, 1).type, RowType::kGreater);
+}
+
 }  // namespace
 }  // namespace quarvel::mps
