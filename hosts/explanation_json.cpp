@@ -36,6 +36,9 @@ void AppendHistory(std::string& json, std::string_view key, const inspect::Histo
     } else {
       AppendJsonMember(json, "value", setting.value);
     }
+    if (setting.range_line != 0) {
+      json += ",\"rangeLine\":" + text::IntegerText(setting.range_line);
+    }
     json += '}';
   }
   json += "]}";

@@ -37,6 +37,7 @@ std::string OverriddenText(const inspect::History& history, TextOf text_of) {
   for (std::size_t i = history.last.size(); i-- > 0;) {
     const Setting& before = history.last[i];
     if (before.line == 0 || &before == &history.last.back()) continue;
+    if (before.line == history.last.back().range_line) continue;  // in force
     text.append(gap).append(LineText(before.line)).append(" had said ").append(text_of(before));
     gap = ", ";
   }
@@ -54,6 +55,7 @@ std::string HistoryText(const inspect::History& history, const RecordOrigin& rec
   std::string text = ValueText(now, side) + ": ";
   if (now.line != 0) {
     text += LineText(now.line);
+    if (now.range_line != 0) text += ", with the range of " + LineText(now.range_line);
   } else {
     const std::string_view later = is_type ? "made of its bounds" : "given at the end of the file";
     text += is_type || history.count > 1 ? later : "default";

@@ -19,7 +19,8 @@ using mps::Section;
 struct Seen {
   std::string type;
   model::Bounds bounds;
-  bool has_range = false;
+  std::int64_t range_line = 0;  // 0: it has no range
+  mps::BoundsGiven range_sides = {};
 };
 
 // The right-hand sides of an N row, and the lines that give no more of the row: they are used when it is
@@ -102,12 +103,18 @@ class OriginWatch {
     if (!is_free) {
       Compare(i, line, SidesOf(i, given));
       given_lines_[i] = line;
-      seen_[i].has_range |= given.kind == mps::GivenValue::Kind::kRange;
+      if (given.kind == mps::GivenValue::Kind::kRange) NoteRange(i, line, given);
     } else if (given.kind == mps::GivenValue::Kind::kRhs) {
       const double constant = given.value == 0 ? 0 : -given.value;
       free_rhs_[i].constants.Add({.line = line, .value = constant}, kept_);
       free_rhs_[i].last_line = line;
     }
+  }
+
+  void NoteRange(std::size_t i, std::int64_t line, const mps::GivenValue& given) {
+    seen_[i].range_line = 0;
+    seen_[i].range_sides = SidesOf(i, given);
+    seen_[i].range_line = line;
   }
 
   // Which bounds of the record the line says, be they what they were.
@@ -123,7 +130,7 @@ class OriginWatch {
               .upper = type.range == model::RangeEffect::kSetsUpper};
     }
     // A second range also takes back what the first one made.
-    const bool again = seen_[i].has_range;
+    const bool again = seen_[i].range_line != 0;
     return {.lower = again || given.value <= 0, .upper = again || given.value > 0};
   }
 
@@ -266,8 +273,14 @@ class OriginWatch {
     const model::Bounds before = std::exchange(seen_[i].bounds, now);
     const bool lower = now.LowerBound != before.LowerBound;
     const bool upper = now.UpperBound != before.UpperBound;
-    if (lower || given.lower) record.lower.Add({.line = line, .value = now.LowerBound}, kept_);
-    if (upper || given.upper) record.upper.Add({.line = line, .value = now.UpperBound}, kept_);
+    const mps::BoundsGiven ranged = seen_[i].range_sides;
+    const auto add = [&](History& history, double value, bool is_ranged) {
+      const bool is_by_both = is_ranged && line != 0 && line != seen_[i].range_line;
+      const std::int64_t range_line = is_by_both ? seen_[i].range_line : 0;
+      history.Add({.line = line, .value = value, .range_line = range_line}, kept_);
+    };
+    if (lower || given.lower) add(record.lower, now.LowerBound, ranged.lower);
+    if (upper || given.upper) add(record.upper, now.UpperBound, ranged.upper);
     return lower || upper;
   }
 

@@ -15,11 +15,13 @@ namespace quarvel::inspect {
 
 // A type or bound that a record got, also one that it had already; what the objective got.
 struct Setting {
-  // 0: the first, by default; a later one, made at the end of the read by no line alone. A range that waits
-  // for its right-hand side stands with its own line, before that of the right-hand side.
+  // 0: the first, by default; a later one, made at the end of the read by no line alone.
   std::int64_t line = 0;
   double value = 0;       // of a bound or constant
   std::string type = {};  // of a type: its letter; of a sense: minimize or maximize
+  // Of a limit that a later right-hand side makes with a range: the line of the range, whose own setting,
+  // made without that right-hand side, stands before this one. Else 0.
+  std::int64_t range_line = 0;
 };
 
 // What something was from the first line to the last.

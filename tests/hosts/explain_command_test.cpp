@@ -159,7 +159,7 @@ TEST(Explain, TellsBothLinesOfARangeBeforeItsRightHandSide) {
   EXPECT_EQ(RunQuarvel({"explain", model, "LIM"}).out,
             "row LIM (number 0)\n"
             "  type      R: made of its bounds; line 2 had said L\n"
-            "  lower     17: line 8; line 6 had said -3\n"
+            "  lower     17: line 8, with the range of line 6\n"
             "  upper     20: line 8\n"
             "  elements  1\n"
             "            X 1: line 4\n"
@@ -169,6 +169,24 @@ TEST(Explain, TellsBothLinesOfARangeBeforeItsRightHandSide) {
             "4 | X LIM 1\n"
             "6 | R LIM 3\n"
             "8 | R LIM 20\n");
+}
+
+// The range stays in force when another right-hand side follows it.
+TEST(Explain, TellsOfNoRangeInForceAsOverridden) {
+  const HostFolder folder;
+  const std::string model = folder.Write(
+      "a.mps",
+      "ROWS\n L LIM\n E EQ\nCOLUMNS\n X LIM 1 EQ 1\nRHS\n R LIM 7\n R EQ 1\nRANGES\n R LIM 3\n"
+      " R EQ 5\nRHS\n R LIM 9\n R EQ 2\nENDATA\n");
+  const std::string limit = RunQuarvel({"explain", model, "LIM"}).out;
+  EXPECT_NE(limit.find("  lower     6: line 13, with the range of line 10\n"), std::string::npos)
+      << limit;
+  const std::string equal = RunQuarvel({"explain", model, "EQ"}).out;
+  EXPECT_NE(equal.find("lower     2: line 14; line 8 had said 1\n  upper     7: line 14, "
+                       "with the range of line 11; line 8 had said 1\n"),
+            std::string::npos);
+  const std::string json = RunQuarvel({"explain", model, "LIM", "--json"}).out;
+  EXPECT_NE(json.find("{\"line\":13,\"value\":6,\"rangeLine\":10}"), std::string::npos) << json;
 }
 
 TEST(Explain, TellsOfAProblemOfARowOnce) {
