@@ -119,10 +119,21 @@ class NaiveLint {
   std::map<FileProblemCode, std::int64_t> counts_;
 };
 
-std::string LintFault(const std::string& path) {
+// Text of two bytes a character: it has the mark of that, or one of the first two bytes is 0.
+bool IsOfTwoBytesEach(const std::string& bytes) {
+  const std::string line = bytes.substr(0, bytes.find_first_of("\r\n"));
+  if (line.size() < 2) return false;
+  return line.starts_with("\xFF\xFE") || line.starts_with("\xFE\xFF") ||
+         (line[0] == 0) != (line[1] == 0);
+}
+
+std::string LintFault(const std::string& path, const std::string& bytes) {
   constexpr std::size_t kAll = 100000;
   model::ModelStore store;
   mps::FileRead read = mps::ReadFile(path, {.kept_of_each = kAll}, store);
+  const bool is_refused = read.outcome == mps::ReadOutcome::kFailed;
+  if (is_refused != IsOfTwoBytesEach(bytes)) return is_refused ? "refused" : "not refused";
+  if (is_refused) return "";
   if (read.outcome != mps::ReadOutcome::kRead) return "not read";
   inspect::Lint(store, read.facts, read.problems);
   const std::string fault = NaiveLint(store.data(), read.facts).Compare(read.problems);
@@ -163,7 +174,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static const HostFolder folder;
   const std::string bytes(reinterpret_cast<const char*>(data), size);
   const std::string path = folder.Write("m.mps", bytes);
-  Require(LintFault(path), bytes);
+  Require(LintFault(path, bytes), bytes);
   Require(PrintFault(path), bytes);
   return 0;
 }

