@@ -11,6 +11,10 @@ namespace quarvel {
 
 using api::Translated;
 
+static_assert(api::IsSameNumber(ObjectiveSense::kNotSaid, mps::ObjectiveSense::kNotSaid));
+static_assert(api::IsSameNumber(ObjectiveSense::kMinimize, mps::ObjectiveSense::kMinimize));
+static_assert(api::IsSameNumber(ObjectiveSense::kMaximize, mps::ObjectiveSense::kMaximize));
+
 Model::Model() : parts_(std::make_unique<Parts>()) {}
 Model::~Model() = default;
 Model::Model(Model&& other) noexcept = default;

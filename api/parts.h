@@ -33,6 +33,13 @@ using ModelParts = ModelAccess::Parts;
 
 namespace api {
 
+// Enumerations of the public headers have the numbers of those inside, and are cast from one to the
+// other: a new one inside must not move what programs were compiled with.
+template <class Public, class Inner>
+constexpr bool IsSameNumber(Public shown, Inner inner) {
+  return static_cast<int>(shown) == static_cast<int>(inner);
+}
+
 // Throws the public Error that tells of `error`, or std::bad_alloc.
 [[noreturn]] void Raise(const AutomationError& error);
 

@@ -29,6 +29,19 @@ class TextBytes : public platform::ByteSource {
   std::size_t at_ = 0;
 };
 
+static_assert(api::IsSameNumber(Severity::kError, mps::ProblemWeight::kError));
+static_assert(api::IsSameNumber(Severity::kAdapted, mps::ProblemWeight::kAdapted));
+static_assert(api::IsSameNumber(Severity::kWarning, mps::ProblemWeight::kWarning));
+static_assert(api::IsSameNumber(Dialect::kWide, mps::FileDialect::kWide));
+static_assert(api::IsSameNumber(Dialect::kComponent, mps::FileDialect::kComponent));
+static_assert(api::IsSameNumber(FieldColumns::kByLine, mps::FileColumns::kByLine));
+static_assert(api::IsSameNumber(FieldColumns::kFixed, mps::FileColumns::kFixed));
+static_assert(api::IsSameNumber(FieldColumns::kFree, mps::FileColumns::kFree));
+static_assert(api::IsSameNumber(ReadOutcome::kRead, mps::ReadOutcome::kRead));
+static_assert(api::IsSameNumber(ReadOutcome::kFailed, mps::ReadOutcome::kFailed));
+static_assert(api::IsSameNumber(ReadOutcome::kRefused, mps::ReadOutcome::kRefused));
+static_assert(api::IsSameNumber(ReadOutcome::kStopped, mps::ReadOutcome::kStopped));
+
 Problem PublicProblem(const mps::FileProblem& problem) {
   const mps::FileProblemTraits& traits = mps::TraitsOf(problem.code);
   return {.severity = static_cast<Severity>(traits.weight()),

@@ -53,6 +53,17 @@ class Progress {
   std::exception_ptr thrown_;
 };
 
+static_assert(api::IsSameNumber(WriteStage::kWriting, inspect::WriteStage::kWriting));
+static_assert(api::IsSameNumber(WriteStage::kVerifying, inspect::WriteStage::kVerifying));
+static_assert(api::IsSameNumber(LossWeight::kBreaks, mps::LossWeight::kBreaks));
+static_assert(api::IsSameNumber(LossWeight::kChanges, mps::LossWeight::kChanges));
+static_assert(api::IsSameNumber(LossWeight::kNoted, mps::LossWeight::kNoted));
+static_assert(api::IsSameNumber(WriteOutcome::kWritten, inspect::WriteOutcome::kWritten));
+static_assert(api::IsSameNumber(WriteOutcome::kNothing, inspect::WriteOutcome::kNothing));
+static_assert(api::IsSameNumber(WriteOutcome::kLosses, inspect::WriteOutcome::kLosses));
+static_assert(api::IsSameNumber(WriteOutcome::kNotSame, inspect::WriteOutcome::kNotSame));
+static_assert(api::IsSameNumber(WriteOutcome::kFailed, inspect::WriteOutcome::kFailed));
+
 Loss PublicLoss(const mps::LossGroup& group) {
   Loss loss = {.weight = static_cast<LossWeight>(mps::WeightOf(group.kind)),
                .name = mps::NameOf(group.kind),
