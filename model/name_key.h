@@ -40,8 +40,8 @@ struct NameKey {
   static bool AreSamePadded(std::string_view name, std::string_view other) {
     if (name.size() != other.size()) return false;
     if (name.size() > kInline) return name == other;
-    const Words a(name.data());
-    const Words b(other.data());
+    const Words a = Words::At(name.data());
+    const Words b = Words::At(other.data());
     const Mask& mask = kMasks[name.size()];
     return (((a.low ^ b.low) & mask.low) | ((a.high ^ b.high) & mask.high)) == 0;
   }
@@ -57,19 +57,25 @@ struct NameKey {
   }
   static NameKey OfLong(std::string_view name);
   static NameKey OfShort(const char* p, std::size_t size) {
-    const Words words(p);
+    const Words words = Words::At(p);
     const Mask& mask = kMasks[size];
     return OfParts(words.low & mask.low, words.high & mask.high);
   }
 
+  template <class Number>
+  static Number Load(const char* p) {
+    Number number;
+    std::memcpy(&number, p, sizeof number);
+    return number;
+  }
   struct Words {
-    explicit Words(const char* p) {
-      std::memcpy(&low, p, sizeof low);
-      std::memcpy(&high, p + sizeof low, sizeof high);
+    static Words At(const char* p) {
+      return {Load<std::uint64_t>(p), Load<std::uint32_t>(p + sizeof(std::uint64_t))};
     }
     std::uint64_t low;
     std::uint32_t high;
   };
+  static Words WordsOf(std::string_view name);
 
   // What belongs to a name of that many bytes. Looked up, because lengths that vary would mislead
   // the processor's guesses.

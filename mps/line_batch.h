@@ -36,6 +36,14 @@ class LineBatch {
   // So many bytes behind the start of each token may be read.
   static constexpr std::size_t kReadable = LineReader::kPadding;
 
+  // How lines are taken apart; each way gives the same.
+  enum class Way { kPlain, kAvx2 };
+  // The fastest that this processor has.
+  static Way BestWay();
+
+  // `way` must be one that the processor has.
+  explicit LineBatch(Way way = BestWay()) : way_(way) {}
+
   // Takes the plain lines that come next, none when the next line is another. The lines before must
   // be done with.
   void Fill(LineReader& reader);
@@ -46,6 +54,7 @@ class LineBatch {
  private:
   std::array<PlainLine, kMost> lines_;
   std::size_t size_ = 0;
+  Way way_;
 };
 
 }  // namespace quarvel::mps

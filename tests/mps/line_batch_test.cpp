@@ -41,8 +41,14 @@ Seen SeeNext(Line& line) {
   return See(line.characters, tokens);
 }
 
-class LineBatchTest : public ::testing::Test {
+class LineBatchTest : public ::testing::TestWithParam<LineBatch::Way> {
  protected:
+  void SetUp() override {
+    if (GetParam() != LineBatch::Way::kPlain && GetParam() != LineBatch::BestWay()) {
+      GTEST_SKIP() << "this processor or this build has no AVX2";
+    }
+  }
+
   LineReader Open(const std::string& bytes) {
     WriteWholeFile(folder_.File("lines.txt"), bytes);
     return LineReader(platform::InputFile(folder_.File("lines.txt")));
@@ -60,7 +66,7 @@ class LineBatchTest : public ::testing::Test {
   std::vector<Seen> InBatches(const std::string& bytes, std::size_t& plain) {
     LineReader reader = Open(bytes);
     std::vector<Seen> lines;
-    LineBatch batch;
+    LineBatch batch(GetParam());
     for (;;) {
       batch.Fill(reader);
       for (std::size_t i = 0; i < batch.size(); ++i) {
@@ -87,7 +93,7 @@ constexpr char kTail[] =
     "\nand a tail that is longer than all a group shows of it, twice over "
     "and once more for good measure, so that it is seen\n";
 
-TEST_F(LineBatchTest, TakesPlainLinesOnceTheFileIsInMemory) {
+TEST_P(LineBatchTest, TakesPlainLinesOnceTheFileIsInMemory) {
   std::string bytes = "first\n";
   for (int i = 0; i < 100; ++i) bytes += " c" + std::to_string(i) + "  r 1.5\n";
   std::size_t plain = 0;
@@ -97,18 +103,18 @@ TEST_F(LineBatchTest, TakesPlainLinesOnceTheFileIsInMemory) {
   EXPECT_GE(plain, 100u);
 }
 
-TEST_F(LineBatchTest, TakesAtMostAFullBatch) {
+TEST_P(LineBatchTest, TakesAtMostAFullBatch) {
   std::string bytes;
   for (std::size_t i = 0; i < 3 * LineBatch::kMost; ++i) bytes += "a b\n";
   LineReader reader = Open(bytes);
   Line line;
   ASSERT_TRUE(reader.Next(line));
-  LineBatch batch;
+  LineBatch batch(GetParam());
   batch.Fill(reader);
   EXPECT_EQ(batch.size(), LineBatch::kMost);
 }
 
-TEST_F(LineBatchTest, SeesTheLineEndsThatOneByOneSees) {
+TEST_P(LineBatchTest, SeesTheLineEndsThatOneByOneSees) {
   for (const std::string end : {"\n", "\r", "\r\n", "\n\r", "\n\n", "\r\r\n", "\r\n\r\n"}) {
     std::string bytes = "first" + end;
     for (int i = 0; i < 80; ++i) bytes += " name  " + std::to_string(i) + end;
@@ -117,7 +123,7 @@ TEST_F(LineBatchTest, SeesTheLineEndsThatOneByOneSees) {
   }
 }
 
-TEST_F(LineBatchTest, LeavesLongLinesAndOtherAlphabetsAlone) {
+TEST_P(LineBatchTest, LeavesLongLinesAndOtherAlphabetsAlone) {
   for (std::size_t length = 55; length <= 70; ++length) {
     const std::string bytes = "first\n" + std::string(length, 'q') + "\nx y z\n";
     ExpectAgreement(bytes + kTail);
@@ -126,7 +132,7 @@ TEST_F(LineBatchTest, LeavesLongLinesAndOtherAlphabetsAlone) {
                   std::string(kTail));
 }
 
-TEST_F(LineBatchTest, AgreesWithOneByOneAcrossPiecesOfTheFile) {
+TEST_P(LineBatchTest, AgreesWithOneByOneAcrossPiecesOfTheFile) {
   static const std::string kBytes = "aZ{~ 0.-    \n\n\r\t" + std::string("\x7F\x80\0", 3);
   std::mt19937 random(5);
   for (int round = 0; round < 6; ++round) {
@@ -144,6 +150,12 @@ TEST_F(LineBatchTest, AgreesWithOneByOneAcrossPiecesOfTheFile) {
     EXPECT_GT(plain, 0u);
   }
 }
+
+INSTANTIATE_TEST_SUITE_P(EachWay, LineBatchTest,
+                         ::testing::Values(LineBatch::Way::kPlain, LineBatch::Way::kAvx2),
+                         [](const auto& way) {
+                           return way.param == LineBatch::Way::kPlain ? "Plain" : "Avx2";
+                         });
 
 }  // namespace
 }  // namespace quarvel::mps

@@ -65,7 +65,8 @@ bool IsComHeader(std::string_view name) {
 
 // What compilers offer of a processor; text/byte_block.h has the same in plain code.
 bool IsProcessorHeader(std::string_view path, std::string_view name) {
-  return path == "text/byte_block.h" && name == "emmintrin.h";
+  return (path == "text/byte_block.h" && name == "emmintrin.h") ||
+         (path == "text/byte_group.h" && name == "immintrin.h");
 }
 
 // What packs and unpacks files: for the programs only.
