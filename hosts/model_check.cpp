@@ -33,6 +33,7 @@ void ModelCheck::Read() {
   facts_ = read.facts;
   result_.read = read.outcome == mps::ReadOutcome::kRead;
   result_.has_endata = result_.read && read.facts.has_endata;
+  if (result_.read && !result_.has_endata) session_.NoteWholeCopies(file_);
   if (result_.read && !session_.arguments.no_lint) Lint();
   const model::ModelStore& store = session_.model().store();
   result_.rows = store.NumberOfRows();

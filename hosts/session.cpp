@@ -12,6 +12,7 @@
 #include "hosts/progress_window.h"
 #include "hosts/questions.h"
 #include "hosts/receipt_text.h"
+#include "mps/left_by_saves.h"
 #include "platform/automation_error.h"
 #include "platform/box.h"
 #include "platform/files.h"
@@ -84,7 +85,8 @@ void Session::Read(const std::string& path) {
   answers_.TellRest();
   size_ = arguments.reads_as_component() ? SizeOf(model_.store()) : reading_.size();
   StopIfInterrupted();
-  if (!is_read && !answers_.file_failed) NoteCutEnd(path);
+  const bool is_cut_off = is_read ? may_be_cut_off() : !answers_.file_failed && NoteCutEnd(path);
+  if (is_cut_off) NoteWholeCopies(path);
   StopIfUnanswered();
   const bool simplifies = AnswerTo(platform::BoxKind::kOfferToSimplify, arguments).answer ==
                           platform::MsgBoxResult::kYes;
@@ -98,13 +100,22 @@ void Session::Read(const std::string& path) {
   throw CommandError(kProblem, text);
 }
 
-void Session::NoteCutEnd(const std::string& path) {
+bool Session::NoteCutEnd(const std::string& path) {
   bool is_cut_off = reading_.is_cut_off();
   if (arguments.reads_as_component()) {
     InputEnd input(std::make_unique<platform::FileBytes>(platform::InputFile(path)));
     is_cut_off = input.IsCutOff();
   }
   if (is_cut_off) Note(MissingEndText(NameOfInput(path)));
+  return is_cut_off;
+}
+
+void Session::NoteWholeCopies(const std::string& path) {
+  if (path == kStandardInput) return;
+  for (const std::string& copy : mps::WholeCopiesBeside(path)) {
+    Note(std::string(path).append(": a save that did not end may have left the whole model in ") +
+         copy);
+  }
 }
 
 std::int32_t Session::Find(const std::string& path, const model::RecordKind& kind,

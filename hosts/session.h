@@ -77,12 +77,14 @@ class Session {
   bool KeepPrinting() const;
   // A line on standard error.
   void Note(std::string_view text);
+  // Where a file without ENDATA may be found whole.
+  void NoteWholeCopies(const std::string& path);
 
  private:
   // The same with the questions that the component asks; true when the model was read.
   bool ReadAsComponent(const std::string& path);
-  // Says of a file whose read an error has stopped that it may be cut off, where it looks so.
-  void NoteCutEnd(const std::string& path);
+  // Says of a file whose read an error has stopped that it may be cut off, where it looks so; true then.
+  bool NoteCutEnd(const std::string& path);
   // With --json the whole story, else one line, as standard output has it.
   void PrintReceipt(const std::string& path, const OutputTarget& target, mps::FileLayout layout,
                     const inspect::FileWrite& write);

@@ -44,6 +44,7 @@ class Backup {
   bool is_made() const { return stamp_.has_value(); }
   // Made, and still there.
   bool IsThere() const;
+  // The name for the copy, until Make finds that the file has it itself.
   const std::string& name() const { return name_; }
   // The name that what had this one is kept under; empty when nothing was.
   const std::string& kept() const { return kept_; }

@@ -49,6 +49,12 @@ bool IsSlot(const std::string& path, const std::string& stem) {
          std::all_of(rest.begin(), rest.end() - 1, is_digit);
 }
 
+std::vector<std::string> SlotsThere(const std::string& stem) {
+  std::vector<std::string> paths = PathsThatBeginWith(stem);
+  std::erase_if(paths, [&](const std::string& path) { return !IsSlot(path, stem); });
+  return paths;
+}
+
 }  // namespace
 
 TemporaryFile::TemporaryFile(const std::string& beside, const std::string& named_after,
@@ -82,8 +88,8 @@ void TemporaryFile::ClearAbandoned() const noexcept {
   try {
     // Those below its own number were all there; others are found where the folder can be read.
     for (int number = 0; number < slot_; ++number) RemoveAbandoned(Slot(stem_, number));
-    for (const std::string& path : PathsThatBeginWith(stem_)) {
-      if (path != path_ && IsSlot(path, stem_)) RemoveAbandoned(path);
+    for (const std::string& path : SlotsThere(stem_)) {
+      if (path != path_) RemoveAbandoned(path);
     }
   } catch (const std::exception&) {
     // A good save stays good.
@@ -136,6 +142,10 @@ void TemporaryFile::Renamed() {
 }
 
 void TemporaryFile::FlushName() const { FlushFolder(folder_); }
+
+std::vector<std::string> TemporaryNamesBeside(const std::string& path) {
+  return SlotsThere(Stem(path, path));
+}
 
 bool IsTemporaryName(const std::string& path) {
   const std::size_t before = path.rfind(kBeforeSlot);

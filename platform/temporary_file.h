@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/file_traits.h"
 #include "platform/files.h"
@@ -72,6 +73,10 @@ class TemporaryFile {
 
 // Whether a file of that path would be taken for a temporary one, and cleared.
 bool IsTemporaryName(const std::string& path);
+
+// The names of the temporary files that stand beside that file and are named after it, in no certain
+// order: of saves that go on and of such as were ended. None where the folder cannot be read.
+std::vector<std::string> TemporaryNamesBeside(const std::string& path);
 
 // A complete copy of the file, beside `name`. As readable as the file, or by this user alone where
 // not all of its traits can be kept. Raises 70 where somebody is writing the file in place.

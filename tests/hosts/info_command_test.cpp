@@ -289,6 +289,26 @@ TEST(Reading, TellsOfAMissingEndataAlsoWhereTheFileIsNotRead) {
       << run.err;
 }
 
+TEST(Reading, TellsWhereASaveThatDidNotEndLeftTheModel) {
+  const HostFolder folder;
+  const std::string torn = folder.Write("a.mps", "ROWS\n N C\nCOLUMNS\n X C 1\n");
+  folder.Write("a.bkp", kSmallModel);
+  const std::string note = folder.Expand(
+      "quarvel: @a.mps: a save that did not end may have left the whole model in @a.bkp\n");
+  for (const char* const command : {"info", "rows", "check"}) {
+    const Outcome run = RunQuarvel({command, torn});
+    EXPECT_TRUE(run.err.find(note) != std::string::npos) << command << run.err;
+  }
+  const Outcome written = RunQuarvel({"convert", torn, folder.Path("b.mps")});
+  EXPECT_EQ(written.status, 1);
+  EXPECT_TRUE(written.err.find(note) != std::string::npos) << written.err;
+  folder.Write("a.mps", "ROWS\n L R1\n");  // is not read
+  EXPECT_TRUE(RunQuarvel({"info", torn}).err.find(note) == std::string::npos);
+  const std::string cut = folder.Write("a.mps", "ROWS\n N C\nCOLUMNS\n X C 1\n Y NONE 1");
+  EXPECT_TRUE(RunQuarvel({"info", cut}).err.find(note) != std::string::npos);
+  EXPECT_TRUE(RunQuarvel({"info", folder.Write("a.mps", kSmallModel)}).err.empty());
+}
+
 TEST(Reading, OverwritesNoFileForALog) {
   const HostFolder folder;
   const std::string model = folder.Write("a.mps", kSmallModel);
