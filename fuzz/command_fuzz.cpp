@@ -250,6 +250,13 @@ bool IsWrittenAsFixed(const NaiveModel& model) {
   });
 }
 
+// Bounds that leave a column no value are written only where a loss is allowed.
+bool HasReversedBounds(const NaiveModel& model) {
+  return std::any_of(model.Columns.begin(), model.Columns.end(), [](const NaiveRecord& column) {
+    return column.LowerBound > column.UpperBound;
+  });
+}
+
 // Whether the model's file is read as that model, so that there is no reason to refuse to write it.
 bool IsKept(const NaiveModel& model) {
   NaiveModel read;
@@ -261,7 +268,7 @@ bool IsKept(const NaiveModel& model) {
   NaiveModel expected = AsReadBack(model);
   expected.FileLocation = "";
   expected.LongNameWarningShown = false;
-  return Dump(read) == Dump(expected) && !IsWrittenAsFixed(model);
+  return Dump(read) == Dump(expected) && !IsWrittenAsFixed(model) && !HasReversedBounds(model);
 }
 
 // Where a pair was added twice, a deletion leaves an entry that names a row that is not there; such a
