@@ -114,6 +114,11 @@ int RunOrComplain(std::span<const std::string> words, const Streams& streams, in
 
 }  // namespace
 
+int FailureStatus(std::span<const std::string> words) noexcept {
+  const Command* const command = CommandAmong(words);
+  return command == nullptr ? kProblem : command->failure;
+}
+
 int RunProgram(std::span<const std::string> words, const Streams& streams) {
   return RunProgram([words] { return std::vector<std::string>(words.begin(), words.end()); },
                     streams);

@@ -14,7 +14,9 @@ namespace quarvel::hosts {
 // `streams.out`, everything else to `streams.err`. Raises nothing: without memory, even for telling
 // what failed, it says so and gives kProblem.
 int RunProgram(std::span<const std::string> words, const Streams& streams);
-// The same; the words are asked for in there, as they take memory too.
+// The status of a failure of the command that the words name.
+int FailureStatus(std::span<const std::string> words) noexcept;
+// As RunProgram() above; the words are asked for in there, as they take memory too.
 int RunProgram(const std::function<std::vector<std::string>()>& words, const Streams& streams);
 
 }  // namespace quarvel::hosts

@@ -1,5 +1,6 @@
 #include "hosts/standard_streams.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "hosts/program.h"
@@ -31,10 +32,16 @@ int RunOnStandardStreams(const std::function<std::vector<std::string>()>& words,
                            .read_bytes = ReadStandardInput,
                            .screen = Screen::OfStandardOutput(),
                            .view = std::move(view)};
-  int status = RunProgram(words, streams);
+  int failure = kProblem;
+  const auto noted_words = [&] {
+    std::vector<std::string> taken = words();
+    failure = FailureStatus(taken);
+    return taken;
+  };
+  const int status = RunProgram(noted_words, streams);
   if (out_buffer.Finish() == WriteResult::kFailed) {
     err << "quarvel: standard output could not be written\n";
-    if (status == kGood) status = kProblem;
+    return std::max(status, failure);
   }
   return status;
 }

@@ -53,6 +53,16 @@ TEST_F(StandardStreams, ThatTakeNoModelAreNotSaidToHaveIt) {
   EXPECT_EQ(folder_.Read("told"), "");
 }
 
+TEST_F(StandardStreams, ThatTakeNoDifferencesAreTroubleAndNoDifference) {
+  folder_.Write("a.mps", kSmallModel);
+  folder_.Write("b.mps", "ROWS\n N C\nCOLUMNS\n X C 1\nENDATA\n");
+  for (const char* const files : {"a.mps a.mps", "a.mps b.mps", "a.mps a.mps --json"}) {
+    EXPECT_EQ(Run("\"$q\" diff " + std::string(files) + " 2>&1 > /dev/full"),
+              "quarvel: standard output could not be written\nstatus 2\n")
+        << files;
+  }
+}
+
 TEST_F(StandardStreams, AreGoneOnWithUnderNamesOfTheirOwn) {
   folder_.Write("a.mps", kSmallModel);
   // A name as /dev/stdout is, but in a folder where nothing is lost if it is replaced.
