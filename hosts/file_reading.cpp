@@ -88,6 +88,7 @@ mps::ReadOutcome FileReading::Read(const std::string& path) {
   facts_ = read.facts;
   problems_ = std::move(read.problems);
   size_ = SizeOf(model_.store());
+  if (desktop_.interrupted()) return mps::ReadOutcome::kStopped;
   if (read.outcome != mps::ReadOutcome::kStopped) Tell(name, problems_);
   is_cut_off_ = read.outcome == mps::ReadOutcome::kRefused && input && input->IsCutOff();
   input.reset();
@@ -103,7 +104,8 @@ mps::FileRead FileReading::ReadInWindow(const std::string& path, mps::ReadOption
   ProgressWindow window(desktop_, "Reading " + name);
   if (!options.open) options.open = InputOpener(path, streams_);
   options.on_problem = [&, hear = std::move(options.on_problem)](const mps::FileProblem& problem) {
-    return hear(problem) && !window.stopped();
+    // What a read that was stopped left out is no problem of the file.
+    return !desktop_.interrupted() && hear(problem) && !window.stopped();
   };
   options.on_progress = [&](std::uint64_t done, std::uint64_t all) {
     return window.Update(done, PartOf(done, all));

@@ -12,7 +12,7 @@
 #include "mps/file_facts.h"
 #include "mps/line_texts.h"
 #include "mps/read_file.h"
-#include "platform/desktop.h"
+#include "platform/console/console_desktop.h"
 
 namespace quarvel::hosts {
 
@@ -26,7 +26,7 @@ class FileReading {
  public:
   // All must outlive this.
   FileReading(const Arguments& arguments, const Streams& streams, Answers& answers,
-              platform::Desktop& desktop, LPModel& model)
+              platform::ConsoleDesktop& desktop, LPModel& model)
       : arguments_(arguments),
         streams_(streams),
         answers_(answers),
@@ -56,7 +56,7 @@ class FileReading {
   const Arguments& arguments_;
   const Streams& streams_;
   Answers& answers_;
-  platform::Desktop& desktop_;
+  platform::ConsoleDesktop& desktop_;
   LPModel& model_;
   mps::FileFacts facts_;
   mps::FileProblems problems_;

@@ -8,6 +8,7 @@
 #include "hosts/input_bytes.h"
 #include "hosts/streams.h"
 #include "platform/automation_error.h"
+#include "platform/console/console_system.h"
 #include "text/numbers.h"
 
 namespace quarvel::hosts {
@@ -115,6 +116,7 @@ void Point::SetFromFile(const std::string& path, const Streams& streams, Unknown
   } catch (const CommandError& error) {
     raise(values.line(), error.text());
   } catch (const AutomationError& error) {
+    if (platform::console::InterruptNoted()) throw CommandError(kInterrupted, "stopped");
     raise(values.line(), error.description());
   }
   if (file.complaint) raise(file.complaint->line, file.complaint->text);

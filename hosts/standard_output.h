@@ -1,4 +1,4 @@
-// Standard input and output, standard error and the command line as the operating system has them, in UTF-8.
+// Standard output, the other standard streams when they are prepared, and the command line as the operating system has them, in UTF-8.
 #pragma once
 
 #include <array>
@@ -43,8 +43,6 @@ class OutputBuffer : public std::streambuf {
 
 // All of `bytes` to standard output; a Windows console is given UTF-16.
 WriteResult WriteStandardOutput(std::string_view bytes);
-// Up to so many bytes of standard input as they are; 0 at its end. Raises 57 when it cannot be read.
-std::size_t ReadStandardInput(char* buffer, std::size_t capacity);
 // Once, before any file is opened: a closed pipe, and a file that grows over a limit of the process, are
 // errors to hear of, not the end of the program; and no file gets the place of a standard stream that is
 // closed, which fails to be read or written as ever.

@@ -7,7 +7,6 @@
 #include <unistd.h>
 
 #include "hosts/standard_output.h"
-#include "platform/automation_error.h"
 
 namespace quarvel::hosts {
 
@@ -21,15 +20,6 @@ WriteResult WriteStandardOutput(std::string_view bytes) {
     }
   }
   return WriteResult::kWritten;
-}
-
-std::size_t ReadStandardInput(char* buffer, std::size_t capacity) {
-  ssize_t count = 0;
-  do {
-    count = read(STDIN_FILENO, buffer, capacity);
-  } while (count == -1 && errno == EINTR);
-  if (count == -1) RaiseRunTimeError(RunTimeError::kDeviceIoError);
-  return static_cast<std::size_t>(count);
 }
 
 void PrepareStandardStreams() {

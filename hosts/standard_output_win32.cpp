@@ -9,7 +9,6 @@
 #include <windows.h>
 
 #include "hosts/standard_output.h"
-#include "platform/automation_error.h"
 #include "text/encoding.h"
 
 namespace quarvel::hosts {
@@ -65,16 +64,6 @@ WriteResult WriteStandardOutput(std::string_view bytes) {
     bytes.remove_prefix(written);
   }
   return WriteResult::kWritten;
-}
-
-std::size_t ReadStandardInput(char* buffer, std::size_t capacity) {
-  constexpr std::size_t kMost = std::size_t{1} << 20;
-  DWORD count = 0;
-  const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
-  const auto wanted = static_cast<DWORD>(std::min(capacity, kMost));
-  if (ReadFile(input, buffer, wanted, &count, nullptr) != 0) return count;
-  if (GetLastError() == ERROR_BROKEN_PIPE) return 0;
-  RaiseRunTimeError(RunTimeError::kDeviceIoError);
 }
 
 void PrepareStandardStreams() {}

@@ -29,7 +29,7 @@ int RunOnStandardStreams(const std::function<std::vector<std::string>()>& words,
                            .out = out,
                            .err = err,
                            .terminal = true,
-                           .read_bytes = ReadStandardInput,
+                           .read_bytes = platform::console::ReadInputBytes,
                            .screen = Screen::OfStandardOutput(),
                            .view = std::move(view)};
   int failure = kProblem;

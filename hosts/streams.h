@@ -25,7 +25,8 @@ struct Streams {
   // True for the real terminal or pipe, where the user may be asked and shown a progress line when
   // there is one; false keeps everything to the streams above.
   bool terminal = false;
-  // Reads up to so many bytes of standard input as they are; 0 at its end. None: there is no input.
+  // Reads up to so many bytes of standard input as they are; 0 at its end. Raises 57 when they cannot be
+  // read, or the user has stopped. None: there is no input.
   std::function<std::size_t(char* buffer, std::size_t capacity)> read_bytes = {};
   // What stands behind `out`.
   Screen screen = {};

@@ -66,7 +66,7 @@ MsgBoxResult ConsoleDesktop::MsgBox(const Box& box) {
   if (box.kind == BoxKind::kConfirmStop && confirming_stop_) return MsgBoxResult::kYes;
   progress_.Erase();
   const BoxLook look = box.look();
-  if (look.asks() && has_quit_) return look.when_closed;
+  if (look.asks() && (has_quit_ || interrupted())) return look.when_closed;
   bool print = true;
   const auto answer = answers_.AnswerBox(box, print);
   const bool ask = look.asks() && !answer && user_.present();

@@ -58,7 +58,8 @@ class ConsoleDesktop : public Desktop {
   void EraseProgress() { progress_.Erase(); }
   // How long work goes on before its progress is shown, in milliseconds.
   void set_progress_delay(std::int64_t delay) { progress_.set_delay(delay); }
-  // True when a Ctrl-C arrived during this desktop's life.
+  // True when a Ctrl-C arrived during this desktop's life. Every question after that is as if it had been
+  // closed, and says nothing: what was being done has no end of its own.
   bool interrupted() const { return interrupts_.Arrived(); }
   // True when the user has quit at a question, or the input ended there. Every question after that is
   // as if it had been closed.

@@ -10,6 +10,7 @@
 
 #include "platform/automation_error.h"
 #include "platform/console/console_system.h"
+#include "platform/wait_end.h"
 
 namespace quarvel::platform::console {
 namespace {
@@ -17,6 +18,7 @@ namespace {
 // A signal handler reaches nothing but variables of static life.
 volatile std::sig_atomic_t interrupt_count = 0;
 int watch_count = 0;
+int count_at_first_watch = 0;
 struct sigaction action_before = {};
 
 void NoteInterrupt(int) { interrupt_count = interrupt_count + 1; }
@@ -63,11 +65,25 @@ std::optional<std::string> ReadInputLine() {
   return std::nullopt;
 }
 
+std::size_t ReadInputBytes(char* buffer, std::size_t capacity) {
+  ssize_t count = -1;
+  do {
+    if (InterruptNoted()) break;
+    count = read(STDIN_FILENO, buffer, capacity);
+  } while (count == -1 && errno == EINTR);
+  if (count == -1 || InterruptNoted()) RaiseRunTimeError(RunTimeError::kDeviceIoError);
+  return static_cast<std::size_t>(count);
+}
+
+bool InterruptNoted() { return watch_count > 0 && interrupt_count != count_at_first_watch; }
+
 InterruptWatch::InterruptWatch() : count_at_start_(interrupt_count) {
   if (watch_count++ > 0) return;
+  count_at_first_watch = interrupt_count;
+  is_wait_over = InterruptNoted;
   struct sigaction action = {};
   action.sa_handler = NoteInterrupt;
-  // Without SA_RESTART, so that a waiting question ends; files retry their interrupted calls.
+  // Without SA_RESTART, so that a waiting question or read ends; files retry their other calls.
   action.sa_flags = static_cast<int>(SA_RESETHAND);
   sigemptyset(&action.sa_mask);
   sigaction(SIGINT, &action, &action_before);
@@ -75,7 +91,9 @@ InterruptWatch::InterruptWatch() : count_at_start_(interrupt_count) {
 }
 
 InterruptWatch::~InterruptWatch() {
-  if (--watch_count == 0) sigaction(SIGINT, &action_before, nullptr);
+  if (--watch_count > 0) return;
+  is_wait_over = nullptr;
+  sigaction(SIGINT, &action_before, nullptr);
 }
 
 bool InterruptWatch::Arrived() const { return interrupt_count != count_at_start_; }

@@ -32,6 +32,11 @@ void WriteError(std::string_view text);
 // Ctrl-C at a waiting terminal counts as too. Raises 57 when it cannot be read to the end of a line.
 std::optional<std::string> ReadInputLine();
 
+// Up to so many bytes of standard input as they are; 0 at its end. Raises 57 when it cannot be read, and
+// when a Ctrl-C was noted before or meanwhile, which ends the wait: what a pipe gives then may be cut off by
+// the same Ctrl-C.
+std::size_t ReadInputBytes(char* buffer, std::size_t capacity);
+
 // While one of these lives, the first Ctrl-C is only noted; the next one ends the program as ever.
 // A program that was started with Ctrl-C ignored goes on ignoring it.
 class InterruptWatch {
@@ -47,5 +52,8 @@ class InterruptWatch {
  private:
   int count_at_start_;
 };
+
+// True when one was noted since the first watch that lives began.
+bool InterruptNoted();
 
 }  // namespace quarvel::platform::console

@@ -6,6 +6,7 @@
 #ifndef WIN32_LEAN_AND_MEAN
 #define WIN32_LEAN_AND_MEAN
 #endif
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cstdio>
@@ -25,12 +26,33 @@ namespace {
 std::atomic<int> interrupt_count = 0;
 std::atomic<bool> next_is_noted = false;
 int watch_count = 0;
+int count_at_first_watch = 0;
+std::atomic<HANDLE> waiting_thread = nullptr;  // it waits for standard input
 
 BOOL WINAPI NoteInterrupt(DWORD event) {
   // What is not handled here ends the program.
   if (event != CTRL_C_EVENT || !next_is_noted.exchange(false)) return FALSE;
   ++interrupt_count;
+  if (const HANDLE thread = waiting_thread) CancelSynchronousIo(thread);
   return TRUE;
+}
+
+// A handle of this thread that others may use, for the time of the program.
+HANDLE OwnThread() {
+  static const HANDLE thread = [] {
+    const HANDLE process = GetCurrentProcess();
+    HANDLE own = nullptr;
+    DuplicateHandle(process, GetCurrentThread(), process, &own, 0, FALSE, DUPLICATE_SAME_ACCESS);
+    return own;
+  }();
+  return thread;
+}
+
+// What a Ctrl-C ends at a console may come back before the handler was called.
+void WaitForHandler() {
+  constexpr int kMostTurns = 100;
+  constexpr DWORD kTurnMs = 10;
+  for (int turn = 0; turn < kMostTurns && !InterruptNoted(); ++turn) Sleep(kTurnMs);
 }
 
 bool IsConsole(DWORD which) {
@@ -124,8 +146,28 @@ std::optional<std::string> ReadInputLine() {
   return line;
 }
 
+std::size_t ReadInputBytes(char* buffer, std::size_t capacity) {
+  constexpr std::size_t kMost = std::size_t{1} << 20;
+  DWORD count = 0;
+  const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
+  const auto wanted = static_cast<DWORD>(std::min(capacity, kMost));
+  SetLastError(ERROR_SUCCESS);
+  waiting_thread = OwnThread();
+  const bool is_read = !InterruptNoted() && ReadFile(input, buffer, wanted, &count, nullptr) != 0;
+  const DWORD error = GetLastError();
+  waiting_thread = nullptr;
+  if (error == ERROR_OPERATION_ABORTED) WaitForHandler();
+  if (InterruptNoted()) RaiseRunTimeError(RunTimeError::kDeviceIoError);
+  if (is_read) return count;
+  if (error == ERROR_BROKEN_PIPE) return 0;
+  RaiseRunTimeError(RunTimeError::kDeviceIoError);
+}
+
+bool InterruptNoted() { return watch_count > 0 && interrupt_count != count_at_first_watch; }
+
 InterruptWatch::InterruptWatch() : count_at_start_(interrupt_count) {
   if (watch_count++ > 0) return;
+  count_at_first_watch = interrupt_count;
   next_is_noted = true;
   SetConsoleCtrlHandler(NoteInterrupt, TRUE);
 }

@@ -10,6 +10,7 @@
 #include <sys/stat.h>
 
 #include "platform/file_watch.h"
+#include "platform/wait_end.h"
 
 namespace quarvel::platform {
 
@@ -17,6 +18,16 @@ template <typename Call>
 auto RetryInterrupted(Call call) {
   auto result = call();
   while (result == -1 && errno == EINTR) result = call();
+  return result;
+}
+
+// For calls that may wait at a pipe.
+template <typename Call>
+auto RetryUntilStopped(Call call) {
+  auto result = call();
+  while (result == -1 && errno == EINTR && (is_wait_over == nullptr || !is_wait_over())) {
+    result = call();
+  }
   return result;
 }
 
@@ -52,7 +63,8 @@ auto CallThatGrows(Call call) {
 // Makes the call unless a watch refuses it; -1 is a failure, as the system's calls have it.
 template <typename Call>
 auto MakeCall(FileCall kind, const std::string& path, Call call) {
-  return IsRefused(kind, path) ? decltype(call()){-1} : RetryInterrupted(call);
+  if (IsRefused(kind, path)) return decltype(call()){-1};
+  return kind == FileCall::kOpen ? RetryUntilStopped(call) : RetryInterrupted(call);
 }
 
 // Opens a file, which programs that are started do not inherit; raises when it cannot.

@@ -194,7 +194,7 @@ std::size_t SystemFile::Read(char* buffer, std::size_t capacity) {
   std::size_t wanted = std::min(capacity, kLargestTransfer);
   if (IsTransferRefused(FileCall::kRead, path_, wanted)) RaiseSystemError(path_);
   const ssize_t count =
-      RetryInterrupted([&] { return read(ToDescriptor(handle_), buffer, wanted); });
+      RetryUntilStopped([&] { return read(ToDescriptor(handle_), buffer, wanted); });
   if (count == -1) RaiseSystemError(path_);
   return static_cast<std::size_t>(count);
 }
