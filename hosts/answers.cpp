@@ -47,9 +47,8 @@ bool IsFileFailure(const Box& problem) {
 
 }  // namespace
 
-std::string Answers::Told(const Box& box, const QuestionOption& option,
-                          const GivenAnswer& given) const {
-  std::string text = option.of_file ? file + ": " : "";
+std::string Answers::Told(const Box& box, const GivenAnswer& given) const {
+  std::string text = file + ": ";
   text += platform::console::WithNameOnOneLine(box.statement, box.item);
   if (!given.outcome.empty()) text.append("  ").append(given.outcome);
   return text;
@@ -60,7 +59,7 @@ std::optional<MsgBoxResult> Answers::AnswerBox(const Box& box, bool& print) {
   const Decision decision = DecisionOn(box.kind);
   switch (decision.manner) {
     case Manner::kTold:
-      on_note(box.statement);
+      on_note(file.empty() ? box.statement : file + ": " + box.statement);
       return MsgBoxResult::kOk;
     case Manner::kKept:
       refusals.emplace_back(text::OneLine(box.statement));
@@ -81,7 +80,7 @@ std::optional<MsgBoxResult> Answers::AnswerQuestion(const Box& box, const Questi
   if (!given->answer && can_ask && !failed) return std::nullopt;
   if (!given->answer) given = FindAnswer(option, option.unasked);
   if (!box.statement.empty() && IsToBeTold(box, option, *given)) {
-    on_note(Told(box, option, *given));
+    on_note(Told(box, *given));
   }
   return failed ? MsgBoxResult::kNo : given->answer;
 }
@@ -94,7 +93,7 @@ bool Answers::TellPassedOver(const Box& box) {
       std::find_if(option->answers.begin(), option->answers.end(),
                    [](const GivenAnswer& answer) { return answer.answer == MsgBoxResult::kYes; });
   if (given == option->answers.end()) return false;
-  if (IsToBeTold(box, *option, *given)) on_note(Told(box, *option, *given));
+  if (IsToBeTold(box, *option, *given)) on_note(Told(box, *given));
   return true;
 }
 

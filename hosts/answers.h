@@ -51,8 +51,7 @@ class Answers : public platform::ConsoleAnswers {
   std::optional<platform::MsgBoxResult> AnswerQuestion(const platform::Box& box,
                                                        const QuestionOption& option);
   // What the user is told about a question that is answered here.
-  std::string Told(const platform::Box& box, const QuestionOption& option,
-                   const GivenAnswer& given) const;
+  std::string Told(const platform::Box& box, const GivenAnswer& given) const;
 
   // Whether it is one of the first of its kind that are passed over.
   bool IsToBeTold(const platform::Box& box, const QuestionOption& option, const GivenAnswer& given);

@@ -124,7 +124,7 @@ constexpr Option kFirstOptions[] = {
 };
 
 constexpr Option kMoreOptions[] = {
-    {kLog, "--log", "", "FILE", "list in FILE what a simplification did",
+    {kLog, "--log", "", "FILE", "list in FILE what a simplification did; - is standard output",
      [](Arguments& a, std::string_view v) { return SetPath(a.log, v); }},
     {kJson, "--json", "", "", "print JSON",
      [](Arguments& a, std::string_view) { return a.json = true; }},

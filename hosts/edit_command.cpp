@@ -70,6 +70,7 @@ int RunEdit(Session& session) {
       RunNamed(session, "command", ++number, command);
     }
   }
+  session.RefuseUnusedLog();
   session.Write(arguments.operands[1], mps::FileLayout::kFixed);
   return kGood;
 }

@@ -4,6 +4,8 @@
 
 #include "hosts/input_bytes.h"
 #include "hosts/made_file.h"
+#include "hosts/output_target.h"
+#include "hosts/packing.h"
 #include "mps/backup.h"
 #include "platform/automation_error.h"
 #include "platform/files.h"
@@ -48,7 +50,11 @@ bool IsBackupOf(const std::string& model, const std::string& log) {
 }  // namespace
 
 std::string ObjectionToLog(const std::string& log, std::span<const std::string> operands) {
+  if (log == kStandardOutput) return "";
   const std::string start = "cannot keep the log in " + log + ", ";
+  if (PackingOfSuffix(log) != nullptr) {
+    return start + "whose name says that it is packed: a log is plain text";
+  }
   if (platform::IsTemporaryName(log)) return start + "which is the name of a temporary file";
   const bool is_model =
       std::any_of(operands.begin(), operands.end(),

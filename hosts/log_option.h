@@ -7,7 +7,8 @@
 
 namespace quarvel::hosts {
 
-// What is wrong with the name for a command with these operands; empty when nothing is. The log would be
+// What is wrong with the name for a command with these operands; empty when nothing is, as with "-", which is
+// standard output. The log is not packed, and would be
 // lost, or something else, where it is a model, the backup of one (a failed save may have left it as
 // all that is whole), or bears the name of a temporary file. The files need not exist.
 std::string ObjectionToLog(const std::string& log, std::span<const std::string> operands);

@@ -8,6 +8,7 @@
 #include "hosts/environment.h"
 #include "hosts/help.h"
 #include "hosts/log_option.h"
+#include "hosts/output_target.h"
 #include "hosts/session.h"
 #include "model/about.h"
 #include "platform/automation_error.h"
@@ -38,6 +39,11 @@ std::string Objection(const Command& command, const Arguments& arguments) {
   if (empty) return "takes no empty words";
   if (arguments.log.empty()) return "";
   if (!MaySimplify(command, arguments)) return "takes --log with --simplify, whose doings it lists";
+  const bool is_data = arguments.json || arguments.list.csv ||
+                       (operands.size() > 1 && operands.back() == kStandardOutput);
+  if (arguments.log == kStandardOutput && is_data) {
+    return "takes a file for --log where standard output has data";
+  }
   return ObjectionToLog(arguments.log, operands);
 }
 

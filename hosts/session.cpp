@@ -178,17 +178,39 @@ void Session::Simplify() {
 
 void Session::TakeLog() {
   if (log_.empty()) return;
-  logs_ += std::exchange(log_, {});
+  is_simplified_ = true;
+  const std::string log = std::exchange(log_, {});
+  logs_ += log;
   if (arguments.log.empty())
-    return Note("the model was simplified; --log FILE lists what was done");
+    return Note(answers_.file + ": the model was simplified; --log FILE lists what was done");
+  if (arguments.log == kStandardOutput) return PrintLog(log);
   ReplaceLog(logs_);
-  Note("the simplifications are listed in " + arguments.log);
+  Note(answers_.file + ": the simplifications are listed in " + arguments.log);
 }
 
 void Session::TakeLogOfSimplification() {
+  is_simplified_ = true;
   TakeLog();
   if (!logs_.empty() || arguments.log.empty()) return;
-  ReplaceLog(simplify::LogHeading(model_.FileLocation()) + "\r\nNo simplifications were made.\r\n");
+  const std::string log =
+      simplify::LogHeading(model_.FileLocation()) + "\r\nNo simplifications were made.\r\n";
+  arguments.log == kStandardOutput ? PrintLog(log) : ReplaceLog(log);
+}
+
+void Session::RefuseUnusedLog() const {
+  if (arguments.log.empty() || is_simplified_) return;
+  throw CommandError(kUsage, arguments.command +
+                                 " takes --log with --simplify or the command "
+                                 "simplify, whose doings it lists");
+}
+
+void Session::PrintLog(std::string_view log_text) {
+  MakeRoom();
+  while (!log_text.empty()) {
+    const std::size_t end = log_text.find("\r\n");
+    streams.out << text::VisibleText(log_text.substr(0, end)) << '\n';
+    log_text.remove_prefix(end == log_text.npos ? log_text.size() : end + 2);
+  }
 }
 
 void Session::ReplaceLog(std::string_view log_text) {
@@ -269,7 +291,7 @@ void Session::PrintReceipt(const std::string& path, const OutputTarget& target,
                             .read = size_,
                             .has_endata = !may_be_cut_off(),
                             .problems = reading_.problems(),
-                            .simplified = !logs_.empty(),
+                            .simplified = is_simplified_,
                             .commands = commands_,
                             .model = SizeOf(model_.store()),
                             .layout = layout,

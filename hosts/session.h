@@ -44,6 +44,8 @@ class Session {
   mps::FileRead ReadAsData(const std::string& path, const mps::ReadOptions& options);
   // Simplifies the model. Raises what stops that, and a CommandError for Ctrl-C.
   void Simplify();
+  // Raises a CommandError of status kUsage where --log has nothing to list, as nothing was simplified.
+  void RefuseUnusedLog() const;
   // Writes the model in the layout that is asked for, or the usual one, and gives a receipt: what was
   // verified, and what the file does not keep of it. Raises a CommandError when it was not written, as one
   // that would read back as another model is not.
@@ -104,11 +106,14 @@ class Session {
   // The same of one that was asked for: --log then names no longer what an earlier one did.
   void TakeLogOfSimplification();
   void ReplaceLog(std::string_view log_text);
+  // To standard output.
+  void PrintLog(std::string_view log_text);
 
   Answers answers_;
   platform::ConsoleDesktop desktop_;
   std::string log_;   // of the last simplification, in the place of a file beside the model
   std::string logs_;  // of all of them
+  bool is_simplified_ = false;
   LPModel model_;
   FileReading reading_;
   std::optional<platform::FileStamp> read_as_;  // the file before it was read

@@ -74,6 +74,7 @@ Simplifier::RowFate Simplifier::AskAboutRow(std::int32_t i, const ConversionRule
   if (answer == MsgBoxResult::kYes) {
     log_.Append(Around(question.removed, name, ""));
     changed_ = changed_ || question.yes_changes;
+    removed_ = true;
     store_.RemoveRow(i);
   } else {
     log_.Append(Around(kConverted, name, question.converted_after_name));

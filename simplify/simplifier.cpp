@@ -84,8 +84,9 @@ void Simplifier::CloseLog() {
   log_.Close();
 }
 
+// A host that keeps the log itself hears of every row that went.
 void Simplifier::TellOutcome() {
-  if (changed_) {
+  if (changed_ || (removed_ && !log_.has_file())) {
     OfferLog();
   } else {
     desktop_.MsgBox(platform::Note(kNothingDone));

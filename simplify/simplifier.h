@@ -77,6 +77,7 @@ class Simplifier {
   std::string log_name_;
   bool owns_log_ = false;
   bool changed_ = false;
+  bool removed_ = false;  // a row, which the component's sentence may not count as a change
   std::int64_t steps_done_ = 0;
   std::int64_t steps_total_ = 0;
 };

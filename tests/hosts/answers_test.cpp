@@ -52,7 +52,7 @@ TEST_F(AnswersTest, TellsNotesAndKeepsRefusals) {
   Answer(platform::Note("One."));
   Answer(platform::Refusal("Two."));
   Answer(platform::Failure(AutomationError(61, "", "Disk full")));
-  EXPECT_EQ(notes_, Texts{"One."});
+  EXPECT_EQ(notes_, Texts{"m.mps: One."});
   EXPECT_EQ(answers_.refusals, (Texts{"Two.", "Disk full"}));
 }
 
@@ -89,7 +89,7 @@ TEST_F(AnswersTest, TellsWhatTheUserHasPassedOverAsWhatAnOptionPassesOver) {
             "m.mps: 5 more problems of the kind odd; \"quarvel check --limit all\" lists them");
   EXPECT_TRUE(answers_.TellPassedOver(
       {.kind = BoxKind::kConflict, .statement = "They clash.", .question = "What now?"}));
-  EXPECT_EQ(notes_.back(), "They clash.  Removed.");
+  EXPECT_EQ(notes_.back(), "m.mps: They clash.  Removed.");
   EXPECT_FALSE(answers_.TellPassedOver(Question(BoxKind::kConfirmDeletion, "Delete it?")));
 }
 
@@ -124,7 +124,8 @@ TEST_F(AnswersTest, FollowsItsOptionsAtConflictsAndOffers) {
   EXPECT_EQ(Answer(conflict), MsgBoxResult::kCancel);
   Give({"--on-conflict", "remove"});
   EXPECT_EQ(Answer(conflict), MsgBoxResult::kYes);
-  EXPECT_EQ(notes_, (Texts{"They clash.  Stopped converting rows.", "They clash.  Removed."}));
+  EXPECT_EQ(notes_, (Texts{"m.mps: They clash.  Stopped converting rows.",
+                           "m.mps: They clash.  Removed."}));
   EXPECT_EQ(Answer(Question(BoxKind::kOfferToSimplify, "Simplify?")), MsgBoxResult::kNo);
   Give({"--simplify"});
   EXPECT_EQ(Answer(Question(BoxKind::kOfferToSimplify, "Simplify?")), MsgBoxResult::kYes);

@@ -247,7 +247,8 @@ TEST(Reading, SimplifiesWhenToldTo) {
   const Outcome run = RunQuarvel({"info", model, "--simplify"});
   EXPECT_EQ(run.status, 0);
   EXPECT_NE(run.out.find("1 row, 2 columns, 2 elements"), std::string::npos) << run.out;
-  EXPECT_EQ(run.err, "quarvel: the model was simplified; --log FILE lists what was done\n");
+  EXPECT_EQ(run.err,
+            "quarvel: " + model + ": the model was simplified; --log FILE lists what was done\n");
   EXPECT_FALSE(folder.Has("a.log"));
 }
 

@@ -52,6 +52,13 @@ TEST(ObjectionToLog, KnowsTheBackupsOfWhatIsReadOrWritten) {
   }
 }
 
+TEST(ObjectionToLog, KnowsStandardOutputAndNamesOfPackedFiles) {
+  EXPECT_EQ(hosts::ObjectionToLog("-", Words{"-"}), "");
+  EXPECT_EQ(
+      hosts::ObjectionToLog("x.log.gz", Words{"in.mps"}),
+      "cannot keep the log in x.log.gz, whose name says that it is packed: a log is plain text");
+}
+
 TEST(ObjectionToLog, KnowsTemporaryFiles) {
   const std::string log = "a/.in.mps.quarvel-0~";
   EXPECT_EQ(hosts::ObjectionToLog(log, Words{"in.mps"}),

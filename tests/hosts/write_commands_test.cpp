@@ -181,8 +181,8 @@ TEST(Simplify, WritesTheSimplifiedModelAndCopiesTheLog) {
             std::string::npos);
   EXPECT_EQ(folder.Read("copy.log"), folder.Expand("Log file for simplification of @ranges.mps\r\n"
                                                    "Converted row FLOOR into variable bound\r\n"));
-  EXPECT_TRUE(
-      run.err.starts_with(folder.Expand("quarvel: the simplifications are listed in @copy.log\n")))
+  EXPECT_TRUE(run.err.starts_with(
+      folder.Expand("quarvel: @ranges.mps: the simplifications are listed in @copy.log\n")))
       << run.err;
   EXPECT_FALSE(folder.Has("ranges.log"));
 }
@@ -193,12 +193,51 @@ TEST(Simplify, SaysWhenThereWasNothingToDo) {
   const Outcome run = RunQuarvel({"simplify", folder.Example("transport.mps"),
                                   folder.Path("out.mps"), "--log", folder.Path("copy.log")});
   EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(run.err.substr(0, run.err.find('\n')), "quarvel: No simplifications were made.");
+  EXPECT_EQ(run.err.substr(0, run.err.find('\n')),
+            folder.Expand("quarvel: @transport.mps: No simplifications were made."));
   EXPECT_EQ(folder.Read("copy.log"),
             folder.Expand("Log file for simplification of @transport.mps\r\n"
                           "No simplifications were made.\r\n"));
   EXPECT_FALSE(folder.Has("transport.log"));
   EXPECT_TRUE(folder.Has("out.mps"));
+}
+
+TEST(Simplify, ListsARowThatIsAllThatWent) {
+  const HostFolder folder;
+  const std::string in = folder.Write("a.mps", kConflictModel);
+  const Outcome run = RunQuarvel({"simplify", in, folder.Path("b.mps"), "--on-conflict", "remove",
+                                  "--log", folder.Path("log"), "--json"});
+  EXPECT_EQ(run.err,
+            folder.Expand("quarvel: @a.mps: The equality R2 violates variable bounds.  Removed.\n"
+                          "quarvel: @a.mps: the simplifications are listed in @log\n"));
+  EXPECT_NE(run.out.find("\"simplified\":true"), std::string::npos) << run.out;
+  EXPECT_EQ(folder.Read("log"), folder.Expand("Log file for simplification of @a.mps\r\n"
+                                              "Removed equality:  R2\r\n"));
+}
+
+TEST(Simplify, PrintsItsLogWhereThatIsAskedFor) {
+  const HostFolder folder;
+  const std::string in = folder.Example("ranges.mps");
+  const Outcome run = RunQuarvel({"simplify", in, folder.Path("b.mps"), "--log", "-"});
+  const std::string log = folder.Expand(
+      "Log file for simplification of @ranges.mps\nConverted row FLOOR into variable bound\n");
+  EXPECT_TRUE(run.out.starts_with(log + folder.Path("b.mps") + ": written")) << run.out;
+  EXPECT_EQ(run.err.find("listed in"), std::string::npos) << run.err;
+  EXPECT_EQ(
+      RunQuarvel({"simplify", folder.Example("transport.mps"), folder.Path("b.mps"), "--log", "-"})
+          .out.find(folder.Expand("Log file for simplification of @transport.mps\n"
+                                  "No simplifications were made.\n")),
+      0u);
+  for (const std::vector<std::string>& words :
+       {std::vector<std::string>{"simplify", in, "-", "--log", "-"},
+        {"simplify", in, folder.Path("c.mps"), "--json", "--log", "-"},
+        {"rows", in, "--simplify", "--csv", "--log", "-"}}) {
+    const Outcome refused = RunQuarvel(words);
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_EQ(refused.out, "");
+    EXPECT_EQ(refused.err.substr(0, refused.err.find('\n')),
+              "quarvel: " + words[0] + " takes a file for --log where standard output has data");
+  }
 }
 
 TEST(Simplify, SettlesConflictsAsToldTo) {
@@ -237,7 +276,8 @@ TEST(Simplify, SettlesConflictsAsToldTo) {
     const Outcome run = RunQuarvel(words);
     EXPECT_EQ(run.status, 0) << c.outcome;
     EXPECT_TRUE(run.err.starts_with(
-        std::string("quarvel: The equality R2 violates variable bounds.  ") + c.outcome + "\n"))
+        folder.Expand("quarvel: @a.mps: The equality R2 violates variable bounds.  ") + c.outcome +
+        "\n"))
         << run.err;
     EXPECT_EQ(run.out,
               folder.Expand(std::string("@b.mps: written and verified: ") + c.size + " equal\n"));
