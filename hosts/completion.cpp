@@ -30,7 +30,7 @@ using Files = Completion::Files;
 
 constexpr std::string_view kSuffixes[] = {".mps", ".mps.gz", ".mps.bz2", ".mps.xz", ".mps.zst"};
 constexpr std::chrono::seconds kPatience{1};
-constexpr OptionSet kManyTimes = kMatch | kCommand | kOnly | kIgnore;
+constexpr OptionSet kManyTimes = kMatch | kType | kFields | kCommand | kOnly | kIgnore;
 
 enum class Wanted : std::uint8_t {
   kNothing,

@@ -45,7 +45,8 @@ double ParseBound(const std::string& word) {
 
 template <const model::RecordKind& kKind>
 std::int32_t NumberOf(Session& session, const std::string& word) {
-  return FindRecord(session.model(), kKind, word);
+  return FindRecord(session.model(), kKind, word,
+                    [&session](std::string_view note) { session.Note(note); });
 }
 
 // The number of the element within its row.
@@ -59,23 +60,33 @@ std::int32_t ElementOf(const LPModel& model, std::int32_t row, std::int32_t colu
 // names that differ in case only would be one there.
 std::string NewName(const std::string& word) { return text::UpperCase(word); }
 
+// A type of those that records of the kind may be given, by its letter in either case.
+std::string TypeLetter(const model::RecordKind& kind, const std::string& word) {
+  const bool is_row = &kind == &model::kRowKind;
+  std::string letter = text::UpperCase(word);
+  const std::string letters = is_row ? model::RowTypeLetters() : model::ColumnTypeLetters();
+  const bool is_known = letter.size() == 1 && letter != "|" && letters.find(letter) != letters.npos;
+  if (is_known) return letter;
+  RaiseBad("there is no " + std::string(kind.noun) + " type " + word + ": it is one of " + letters);
+}
+
 // A new row gets the bounds that a row of its type has in a file without a right-hand side.
 void AddRow(Session& session, const Words& words) {
   LPModel& model = session.model();
+  const std::string letter = TypeLetter(model::kRowKind, words[1]);
   if (model.AddRow(NewName(words[0])) == 0) return;
   const std::int32_t row = model.NumberOfRows() - 1;
-  const std::string letter = text::UpperCase(words[1]);
   model.SetRowType(row, letter);
   const model::RowType type = model::RowTypeOf(letter);
-  if (type == model::RowType::kNone) return;
   model.SetRowLowerBound(row, model::TraitsOf(type).FreshLower());
   model.SetRowUpperBound(row, model::TraitsOf(type).FreshUpper());
 }
 
 void AddColumn(Session& session, const Words& words) {
   LPModel& model = session.model();
-  if (model.AddColumn(NewName(words[0])) == 0 || words.size() == 1) return;
-  model.SetColType(model.NumberOfColumns() - 1, text::UpperCase(words[1]));
+  const std::string letter = words.size() == 1 ? "" : TypeLetter(model::kColumnKind, words[1]);
+  if (model.AddColumn(NewName(words[0])) == 0 || letter.empty()) return;
+  model.SetColType(model.NumberOfColumns() - 1, letter);
 }
 
 void AddElement(Session& session, const Words& words) {
@@ -116,7 +127,8 @@ void RenameRow(Session& session, const Words& words) {
 
 template <const model::RecordKind& kKind>
 void SetType(Session& session, const Words& words) {
-  (session.model().*kKind.set_type)(NumberOf<kKind>(session, words[0]), text::UpperCase(words[1]));
+  const std::int32_t number = NumberOf<kKind>(session, words[0]);
+  (session.model().*kKind.set_type)(number, TypeLetter(kKind, words[1]));
 }
 
 void DeleteElement(Session& session, const Words& words) {

@@ -5,6 +5,13 @@
 namespace quarvel::hosts {
 namespace {
 
+// A list that is given again goes on.
+bool AppendList(std::string& target, std::string_view value) {
+  if (!target.empty()) target += ',';
+  target += value;
+  return !value.empty();
+}
+
 bool SetText(std::string& target, std::string_view value) {
   target = value;
   return !value.empty();
@@ -18,8 +25,9 @@ constexpr Option kOptions[] = {
        a.list.patterns.emplace_back(v);
        return !v.empty();
      }},
-    {kType, "--type", "", "LIST", "only these types, with commas between them",
-     [](Arguments& a, std::string_view v) { return SetText(a.list.types, v); }},
+    {kType, "--type", "", "LIST",
+     "only these types, with commas between them; may be given\nmany times",
+     [](Arguments& a, std::string_view v) { return AppendList(a.list.types, v); }},
     {kInteger, "--integer", "", "", "only integer columns",
      [](Arguments& a, std::string_view) { return a.list.is_integer = true; }},
     {kFree, "--free", "", "", "only those without any bound",
@@ -31,8 +39,9 @@ constexpr Option kOptions[] = {
     {kSort, "--sort", "", "[-]KEY",
      "in the order of a column of the list; -KEY: from the other end",
      [](Arguments& a, std::string_view v) { return SetText(a.list.sort, v); }},
-    {kFields, "--columns", "", "LIST", "what is shown of each, with commas between them",
-     [](Arguments& a, std::string_view v) { return SetText(a.list.columns, v); }},
+    {kFields, "--columns", "", "LIST",
+     "what is shown of each, with commas between them; may be\ngiven many times",
+     [](Arguments& a, std::string_view v) { return AppendList(a.list.columns, v); }},
     {kCsv, "--csv", "", "", "print comma-separated values, with all digits",
      [](Arguments& a, std::string_view) { return a.list.csv = true; }},
     {kFull, "--full", "", "", "print all on a terminal too, where long lists are cut",

@@ -16,8 +16,9 @@ bool IsRowOf(const ListedModel& listed, std::int32_t i) {
   return model::RowTypeOf(listed.model.RowType(i)) == kType;
 }
 
-bool IsContinuous(const ListedModel& listed, std::int32_t j) {
-  return model::ColumnTypeOf(listed.model.ColType(j)) == model::ColumnType::kContinuous;
+template <model::ColumnType kType>
+bool IsColumnOf(const ListedModel& listed, std::int32_t j) {
+  return model::ColumnTypeOf(listed.model.ColType(j)) == kType;
 }
 
 bool IsInteger(const ListedModel& listed, std::int32_t j) {
@@ -41,9 +42,11 @@ constexpr TypeWord kTypeWords[] = {
     {"L", true, IsRowOf<model::RowType::kLess>},
     {"N", true, IsRowOf<model::RowType::kFree>},
     {"R", true, IsRowOf<model::RowType::kRanged>},
-    {"continuous", false, IsContinuous},
+    {"continuous", false, IsColumnOf<model::ColumnType::kContinuous>},
     {"integer", false, IsInteger},
     {"binary", false, IsBinary},
+    {"R", false, IsColumnOf<model::ColumnType::kContinuous>},
+    {"I", false, IsColumnOf<model::ColumnType::kInteger>},
 };
 
 bool IsOf(const TypeWord& type, const model::RecordKind& kind) {

@@ -161,10 +161,11 @@ TEST_F(EditTest, WarnsOfLongNamesOnly) {
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(
       run.err,
-      "quarvel: The name you entered had more than 8 characters.  In a standard MPS file, "
-      "names can be no longer than 8 characters.  If you wish your model to be standard, "
-      "please reset the name to have 8 or fewer characters\n"
-      "quarvel: " +
+      folder_.Expand("quarvel: @a.mps: ") +
+          "The name you entered had more than 8 characters.  In a standard MPS file, "
+          "names can be no longer than 8 characters.  If you wish your model to be standard, "
+          "please reset the name to have 8 or fewer characters\n"
+          "quarvel: " +
           folder_.Path("b.mps") +
           ": the name LONGROWNAME takes more room than fixed columns have, so that the file is to be "
           "read with free columns\n");
@@ -184,11 +185,11 @@ TEST_F(EditTest, WritesNothingAtABadCommand) {
       {"add-row r1 L", "Row not added:  that name is already in use"},
       {"add-row \"A B\" L", "Row not added:  spaces are not allowed in row names"},
       {"add-row \"\" L", "Row not added:  empty name given"},
-      {"add-row R9 X", "Invalid Row Type"},
+      {"add-row R9 X", "there is no row type X: it is one of N|G|L|E|R"},
       {"add-column X", "Column not added:  that name is already in use"},
-      {"add-column Z B", "Invalid Column Type"},
-      {"set-column-type X B", "Invalid Column Type"},
-      {"set-row-type R1 Q", "Invalid Row Type"},
+      {"add-column Z B", "there is no column type B: it is one of R|I"},
+      {"set-column-type X |", "there is no column type |: it is one of R|I"},
+      {"set-row-type R1 Q", "there is no row type Q: it is one of N|G|L|E|R"},
       {"rename-row R1 R2", "That name is already in use"},
       {"rename-row R1 R1", "That name is already in use"},
       {"rename-column X \"\"", "Invalid Name"},

@@ -81,6 +81,19 @@ TEST_F(SelectionTest, TakesChoicesTogether) {
   EXPECT_EQ(Listed({"columns", "--limit", "1"}), "X_1 (the first 1 of 4 columns) ");
 }
 
+TEST_F(SelectionTest, TakesTypesAsTheListShowsThem) {
+  EXPECT_EQ(Listed({"columns", "--type", "r"}), Listed({"columns", "--type", "continuous"}));
+  EXPECT_EQ(Listed({"columns", "--type", "I"}), Listed({"columns", "--type", "integer"}));
+}
+
+TEST_F(SelectionTest, TakesListsThatAreGivenAgain) {
+  EXPECT_EQ(Listed({"rows", "--type", "G", "--type", "E"}), Listed({"rows", "--type", "G,E"}));
+  const std::string columns =
+      RunQuarvel({"rows", folder_.Example("diet.mps"), "--columns", "name", "--columns", "upper"})
+          .out;
+  EXPECT_EQ(columns.substr(0, columns.find('\n')), "Name                Upper");
+}
+
 TEST_F(SelectionTest, SortsByAnyColumn) {
   EXPECT_EQ(Listed({"columns", "--sort", "objective"}), "X_2 \xC3\x84 X_1 Y[1,2] ");
   EXPECT_EQ(Listed({"columns", "--sort", "-objective"}), "Y[1,2] X_1 \xC3\x84 X_2 ");
@@ -115,8 +128,9 @@ TEST_F(SelectionTest, SaysWhatItTakes) {
   } cases[] = {
       {{"rows", "--type", "Q"}, "--type takes E, G, L, N, R, not \"Q\""},
       {{"rows", "--type", "integer"}, "--type takes E, G, L, N, R, not \"integer\""},
-      {{"columns", "--type", "L"}, "--type takes continuous, integer, binary, not \"L\""},
-      {{"columns", "--type", "integer,"}, "--type takes continuous, integer, binary, not \"\""},
+      {{"columns", "--type", "L"}, "--type takes continuous, integer, binary, R, I, not \"L\""},
+      {{"columns", "--type", "integer,"},
+       "--type takes continuous, integer, binary, R, I, not \"\""},
       {{"rows", "--sort", "elemnts"},
        "--sort takes index, name, type, lower, upper, elements, equation, not \"elemnts\"; did you "
        "mean elements?"},
