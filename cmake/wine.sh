@@ -4,12 +4,19 @@
 #   cmake/wine.sh --stop          ends everything that runs in the prefix
 # With QUARVEL_WINE_LATE set what the program prints comes when it has ended: Wine's own processes have
 # the output of the program that started them, and who waits for the end of that would wait for theirs.
-# With QUARVEL_WINE32 set it is the Wine of the 32-bit system that cmake/wine32.sh has started.
+# With QUARVEL_WINE32 set it is the Wine of the 32-bit system that cmake/wine32.sh has started; with "both"
+# in it that of a 64-bit Windows, which runs programs of 32 bits as well (cmake/wine32.sh --with64).
 set -u
 project="$(cd "$(dirname "$0")/.." && pwd)"
+wine=wine
 if [ -n "${QUARVEL_WINE32:-}" ]; then
   within=("$project/cmake/wine32.sh")
-  export WINEPREFIX=/prefix
+  export WINEPREFIX=/prefix WINEARCH=win32
+  if [ "$QUARVEL_WINE32" = both ]; then
+    # The system's own programs are then those of 64 bits.
+    export WINEPREFIX=/prefix-both WINEARCH=win64 WINELOADER=/usr/lib/wine/wine64
+    wine=$WINELOADER
+  fi
   prefix="$project/build/wine32$WINEPREFIX"
 else
   within=()
@@ -32,9 +39,9 @@ fi
 # a window manager, each would wait two seconds for one.
 make_prefix() {
   local explorer='HKCU\Software\Wine\Explorer'
-  "${within[@]}" wine wineboot -i &&
-    "${within[@]}" wine reg add "$explorer" /v Desktop /d Default /f &&
-    "${within[@]}" wine reg add "$explorer\Desktops" /v Default /d 1280x1024 /f &&
+  "${within[@]}" $wine wineboot -i &&
+    "${within[@]}" $wine reg add "$explorer" /v Desktop /d Default /f &&
+    "${within[@]}" $wine reg add "$explorer\Desktops" /v Default /d 1280x1024 /f &&
     "${within[@]}" wineserver -w && touch "$prefix/.made"
 }
 
@@ -43,10 +50,10 @@ if [ ! -f "$prefix/.made" ]; then
   (flock 9; [ -f "$prefix/.made" ] || make_prefix) \
     9>"$prefix/.lock" >/dev/null || { echo "wine.sh: the prefix could not be made" >&2; exit 125; }
 fi
-if [ -z "${QUARVEL_WINE_LATE:-}" ]; then exec "${within[@]}" wine "$@"; fi
+if [ -z "${QUARVEL_WINE_LATE:-}" ]; then exec "${within[@]}" $wine "$@"; fi
 
 output=$(mktemp) || exit 125
-"${within[@]}" wine "$@" >"$output" 2>&1
+"${within[@]}" $wine "$@" >"$output" 2>&1
 status=$?
 cat "$output"
 rm -f "$output"
