@@ -54,6 +54,17 @@ set_source_files_properties(
              OBJECT_DEPENDS
              "${generated}/quarvel.tlb;${QUARVEL_MADE}/text/version.h;${PROJECT_SOURCE_DIR}/packaging/icons/quarvel.ico")
 
+# What registers it from the set-up program.
+add_executable(quarvel_register WIN32 packaging/windows/register.cpp packaging/windows/register.rc)
+set_target_properties(quarvel_register PROPERTIES OUTPUT_NAME register)
+target_compile_definitions(quarvel_register PRIVATE UNICODE _UNICODE _WIN32_WINNT=0x0A00)
+quarvel_harden(quarvel_register)
+set_source_files_properties(
+  packaging/windows/register.rc
+  PROPERTIES INCLUDE_DIRECTORIES "${QUARVEL_MADE}"
+             OBJECT_DEPENDS
+             "${QUARVEL_MADE}/text/version.h;${PROJECT_SOURCE_DIR}/packaging/icons/quarvel.ico")
+
 # For programs that use the component without registering it, and one that does.
 configure_file("${QUARVEL_MADE}/packaging/Quarvel.Component.manifest"
                "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/Quarvel.Component.manifest" COPYONLY)

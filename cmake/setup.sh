@@ -26,7 +26,7 @@ coverage=(llvm)
 windows=(g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-win32 mingw-w64-tools libwine-dev libwine
   googletest libz-mingw-w64-dev wine wine64 xvfb)
 # What makes and reads the packages.
-packages=(zip unzip python3)
+packages=(zip unzip python3 nsis)
 # What makes a Debian system of its own (cmake/debian_root.sh).
 systems=(debootstrap)
 # The libraries that the benchmarks compare with, and what counts instructions.

@@ -194,15 +194,39 @@ runs_x86() {
   [ $? -eq 42 ]
 }
 
-# The 32-bit tests under this machine's Wine, or in a 32-bit system of their own.
+# What runs where programs of 32 bits do.
+use_x86() {
+  run_tests windows-x86
+  step "the zip for 32 bits" tests/windows_packages.sh x86
+}
+
+# The set-up program on a Windows of 32 bits.
+use_setup_x86() { step "set-up program, 32 bits" tests/windows_setup.sh x86; }
+
+# The same on one of 64 bits, which the 32-bit system becomes with this machine's own Wine.
+use_setup_x64() {
+  local title="set-up program, 64 bits" log="$logs/wine_both.log"
+  if ! cmake/wine32.sh --with64 >"$log" 2>&1; then
+    skip "$title" "$(tail -n 1 "$log") ($log)"
+    return
+  fi
+  cmake/wine.sh --stop
+  QUARVEL_WINE32=both step "$title" tests/windows_setup.sh x64
+  QUARVEL_WINE32=both cmake/wine.sh --stop
+}
+
+# The 32-bit tests and the set-up program under this machine's Wine, or in a 32-bit system of their own.
 test_x86() {
   local log="$logs/wine32.log" start=$SECONDS
   if runs_x86; then
-    run_tests windows-x86
+    use_x86
+    step "set-up program, 64 bits" tests/windows_setup.sh x64
+    skip "set-up program, 32 bits" "this machine's Wine is a Windows of 64 bits"
     return
   fi
   if ! cmake/wine32.sh --start >"$log" 2>&1; then
     skip "tests windows-x86" "no 32-bit Wine: $(tail -n 1 "$log") ($log)"
+    skip "set-up program" "it is of 32 bits: $(tail -n 1 "$log") ($log)"
     return
   fi
   pass "a 32-bit system for Wine" $((SECONDS - start))
@@ -211,10 +235,12 @@ test_x86() {
   cmake/wine.sh cmd /c exit 0 # makes its prefix before the first test is timed
   local data="${QUARVEL_DATA:-../shared/data}"
   if [ -d "$data" ]; then
-    QUARVEL_DATA=$(realpath "$data") run_tests windows-x86
+    QUARVEL_DATA=$(realpath "$data") use_x86
   else
-    run_tests windows-x86
+    use_x86
   fi
+  use_setup_x86
+  use_setup_x64
   stop_wine32
 }
 

@@ -1,5 +1,6 @@
-# What is delivered for Windows: one zip for each kind of processes. Read by packaging/build, which has
-# set `version`, `packages` and SOURCE_DATE_EPOCH. The folders of the zips stay in build/windows-packages.
+# What is delivered for Windows: one zip for each kind of processes, and one set-up program for both. Read by
+# packaging/build, which has set `version`, `packages` and SOURCE_DATE_EPOCH. The folders of the zips stay in
+# build/windows-packages.
 
 # stage BITS TRIPLE: the folder of a zip, its programs stripped and all texts with the line ends of
 # Windows.
@@ -25,6 +26,12 @@ stage() {
   find "$folder" -exec touch -d "@$SOURCE_DATE_EPOCH" {} +
 }
 
+# The set-up program's helper, beside the folder: no zip has it.
+stage_register() { # BITS TRIPLE
+  local folder="build/windows-packages/quarvel-$version-windows-$1"
+  "$2-strip" -p -o "$folder.register.exe" "build/windows-$1/register.exe"
+}
+
 # pack BITS: the files in the order of their names, with one time and no owner.
 pack() {
   local name="quarvel-$version-windows-$1"
@@ -38,7 +45,11 @@ x86 i686-w64-mingw32'
 cmake/setup.sh native windows packages
 while read -r bits triple; do
   cmake --preset "windows-$bits"
-  cmake --build "build/windows-$bits" --target Quarvel quarvel quarvel-view
+  cmake --build "build/windows-$bits" --target Quarvel quarvel quarvel-view quarvel_register
   stage "$bits" "$triple"
+  stage_register "$bits" "$triple"
   pack "$bits"
 done <<<"$builds"
+
+packaging/windows/make_setup "$version" build/windows-packages/quarvel-"$version"-windows-{x64,x86} \
+  "$packages/quarvel-$version-windows-setup.exe"

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# tests/windows_packages.sh: what packaging/build has made for Windows, x64, does what it should under Wine
-# on the display that DISPLAY names. Reads build/packages and the tests of build/windows-x64.
+# tests/windows_packages.sh [x86]: what packaging/build has made for Windows is as it should be, and its zip for
+# x64 can be used under Wine on the display that DISPLAY names; with x86 that zip alone is used, under a Wine
+# of 32 bits. Reads build/packages and the tests of build/windows-BITS.
 set -u
 cd "$(dirname "$0")/.." || exit 2
 version=$(sed -n 's/^project(Quarvel VERSION \([0-9.]*\) .*/\1/p' CMakeLists.txt)
@@ -32,12 +33,11 @@ zip_is_whole() { # BITS
 
 # Linked and packed anew, at another time: the same bytes.
 packs_the_same() {
-  local name="quarvel-$version-windows-x64.zip" before after
-  before=$(sha256sum <"build/packages/$name")
-  rm -f build/windows-x64/{Quarvel.dll,quarvel.exe,quarvel-view.exe,automation/quarvel.tlb} \
-    "build/packages/$name"
+  local before after
+  before=$(cat build/packages/SHA256SUMS)
+  rm -f build/windows-x64/{Quarvel.dll,quarvel.exe,quarvel-view.exe,automation/quarvel.tlb} build/packages/*
   packaging/build windows >/dev/null || return 1
-  after=$(sha256sum <"build/packages/$name")
+  after=$(cat build/packages/SHA256SUMS)
   [ "$before" = "$after" ]
 }
 
@@ -57,24 +57,46 @@ takes_tour() { # FOLDER
   grep -q '\[  PASSED  \] 1 test' <<<"$printed" || { echo "$printed"; return 1; }
 }
 
-folder="build/unpacked/a folder $(printf '\303\244\317\211\320\226')"
-rm -rf "build/unpacked"
-mkdir -p "$folder"
-check "SHA256SUMS" sums_are_right
-for bits in x64 x86; do
-  check "the files for $bits" delivered_files $bits
-  check "the zip for $bits" zip_is_whole $bits
-done
-check "linked and packed again, the same bytes" packs_the_same
-check "unpacking" unzip -q "build/packages/quarvel-$version-windows-x64.zip" -d "$folder"
-mv "$folder/quarvel-$version-windows-x64"/* "$folder"
-check "the component is not registered" component_is_unknown
-check "the command" prints "quarvel $version" "$folder/quarvel.exe" --version
-check "a model of the examples" prints 36 \
-  "$folder/quarvel.exe" evaluate "$folder/examples/diet.mps" COST BREAD=2
-# A host of its own beside the component, with the tests' user.
-cp build/windows-x64/automation_tests.exe build/windows-x64/quarvel_tour.exe "$folder"
-check "a tour without registration" takes_tour "$folder"
-check "the component is still not registered" component_is_unknown
-[ $failed -eq 0 ] && rm -rf build/unpacked
+# The viewer shows a model, and ends well when it is told to close.
+viewer_opens_and_closes() { # FOLDER
+  local viewer
+  cmake/wine.sh "$1/quarvel-view.exe" "$1/examples/diet.mps" &
+  viewer=$!
+  for _ in $(seq 50); do
+    cmake/wine.sh taskkill /im quarvel-view.exe 2>/dev/null | grep -q 'close' && break
+    sleep 0.2
+  done
+  wait $viewer
+}
+
+# From a folder of any name, beside which a host of its own stands, with the tests' user.
+use_zip() { # BITS
+  local folder program
+  folder="build/windows-$1/unpacked/a folder $(printf '\303\244\317\211\320\226')"
+  rm -rf "build/windows-$1/unpacked"
+  mkdir -p "$folder"
+  check "unpacking" unzip -q "build/packages/quarvel-$version-windows-$1.zip" -d "$folder"
+  mv "$folder/quarvel-$version-windows-$1"/* "$folder"
+  check "the component is not registered" component_is_unknown
+  check "the command" prints "quarvel $version" "$folder/quarvel.exe" --version
+  check "a model of the examples" prints 36 \
+    "$folder/quarvel.exe" evaluate "$folder/examples/diet.mps" COST BREAD=2
+  check "the viewer" viewer_opens_and_closes "$folder"
+  for program in automation_tests quarvel_tour; do cp "build/windows-$1/$program.exe" "$folder"; done
+  check "a tour without registration" takes_tour "$folder"
+  check "the component is still not registered" component_is_unknown
+  [ $failed -ne 0 ] || rm -rf "build/windows-$1/unpacked"
+}
+
+if [ $# -eq 0 ]; then
+  check "SHA256SUMS" sums_are_right
+  for bits in x64 x86; do
+    check "the files for $bits" delivered_files $bits
+    check "the zip for $bits" zip_is_whole $bits
+  done
+  check "the set-up program" python3 tests/windows_files.py --delivered \
+    "build/packages/quarvel-$version-windows-setup.exe"
+  check "linked and packed again, the same bytes" packs_the_same
+fi
+use_zip "${1:-x64}"
 exit $failed
