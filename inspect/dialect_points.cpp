@@ -12,7 +12,7 @@ constexpr std::array<ReaderReading, kReaders> Readings(std::string_view quarvel,
 
 constexpr std::string_view kRefuses = "refuses the file";
 
-constexpr std::array<DialectTraits, 32> kDialects = {{
+constexpr std::array<DialectTraits, 42> kDialects = {{
     {DialectPoint::kObjectiveSense, "objective-sense", "OBJSENSE",
      Readings("a fact beside the model", kRefuses,
               "takes the sense from the line below, in free columns only",
@@ -107,6 +107,42 @@ constexpr std::array<DialectTraits, 32> kDialects = {{
          "blanks in free columns; next to a blank or at the start of a line refuses the file or "
          "loses what is behind; refuses the file in fixed ones",
          "blanks; refuses the file at the start of a line")},
+    {DialectPoint::kEmptyLine, "empty-line", "a line without words",
+     Readings("passes over it", kRefuses, "passes over it",
+              "passes over it, refuses the file before NAME")},
+    {DialectPoint::kByteOrderMark, "byte-order-mark", "the byte order mark of UTF-8",
+     Readings("passes over it", kRefuses, kRefuses, kRefuses)},
+    {DialectPoint::kCrLineEnd, "cr-line-end", "CR without LF at the end of a line, first here",
+     Readings("the end of a line",
+              "a blank in free columns: loses the next line or refuses the file; refuses it in "
+              "fixed ones",
+              "loses the next line or refuses the file",
+              "loses the next line or refuses the file")},
+    {DialectPoint::kBlankComment, "blank-comment", "a comment that begins behind blanks",
+     Readings("passes over it", kRefuses, kRefuses, kRefuses)},
+    {DialectPoint::kEndComment, "end-comment", "a comment at the end of a line, from $ on",
+     Readings("passes over it",
+              "passes over it, refuses the file where it stands for the first pair or, in fixed "
+              "columns, behind the last field",
+              "refuses the file, but for some fields of fixed columns", kRefuses)},
+    {DialectPoint::kMoreRows, "more-rows", "LAZYCONS or USERCUTS",
+     Readings("rows like those of ROWS", kRefuses, kRefuses, kRefuses)},
+    {DialectPoint::kObjectiveName, "objective-name", "OBJNAME",
+     Readings("the row of that name is the objective", kRefuses,
+              "takes the name from the line below, in free columns; refuses the file in fixed ones",
+              kRefuses)},
+    {DialectPoint::kNameWithBlanks, "name-with-blanks", "a name with blanks, in fixed columns",
+     Readings("reads it", "reads it in fixed columns, refuses the file in free ones",
+              "reads it in fixed columns, refuses the file or makes another model in free ones",
+              "reads it")},
+    {DialectPoint::kLikeFixedColumns, "like-fixed-columns",
+     "words between blanks that begin where fixed columns have some",
+     Readings("words between blanks", "words between blanks in free columns",
+              "words between blanks in free columns", kRefuses)},
+    {DialectPoint::kFractionalBound, "fractional-bound",
+     "a fraction for a bound of an integer column, by UP, LO or FX",
+     Readings("a bound like any other", "reads it, but solves no such model",
+              "a bound like any other; with FX ends with an error", "a bound like any other")},
 }};
 
 }  // namespace

@@ -43,6 +43,16 @@ enum class DialectPoint : std::uint8_t {
   kSmallMarker,
   kFirstColumn,
   kTab,
+  kEmptyLine,
+  kByteOrderMark,
+  kCrLineEnd,
+  kBlankComment,
+  kEndComment,
+  kMoreRows,
+  kObjectiveName,
+  kNameWithBlanks,
+  kLikeFixedColumns,
+  kFractionalBound,
 };
 
 // A reader that is in use, and what it makes of something.

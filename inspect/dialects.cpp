@@ -5,6 +5,8 @@
 #include <optional>
 #include <utility>
 
+#include "inspect/byte_marks.h"
+#include "inspect/like_fixed_columns.h"
 #include "model/model_fill.h"
 #include "mps/line_source.h"
 #include "mps/section.h"
@@ -43,6 +45,10 @@ std::optional<DialectPoint> PointOf(const mps::FileProblem& problem, Section sec
       return DialectPoint::kInfiniteBound;
     case kTab:
       return DialectPoint::kTab;
+    case kEndComment:
+      return DialectPoint::kEndComment;
+    case kMoreRows:
+      return DialectPoint::kMoreRows;
     default:
       return std::nullopt;
   }
@@ -50,17 +56,24 @@ std::optional<DialectPoint> PointOf(const mps::FileProblem& problem, Section sec
 
 class DialectWatch {
  public:
-  DialectWatch(model::ModelStore& store, std::size_t kept) : fill_(store.fill()), kept_(kept) {
+  DialectWatch(const mps::ReadOptions& options, model::ModelStore& store, std::size_t kept)
+      : fill_(store.fill()),
+        kept_(kept),
+        always_fixed_(options.columns == mps::FileColumns::kFixed),
+        reads_fixed_(always_fixed_) {
     for (const DialectTraits& traits : DialectTable()) found_.push_back({.point = traits.point});
     last_lines_.resize(found_.size());
   }
 
   void Use(const mps::SourceLine& line, Section section, Section next) {
     section_ = next;
-    if (line.too_long() || line.text().empty() || !line.is_split()) return;
+    if (line.too_long()) return;
     number_ = line.number();
+    if (IsBlank(line)) return Find(DialectPoint::kEmptyLine);
+    if (!line.is_split()) return;
     NoteName(line);
     if (section != next) return UseHeader(section, next);
+    UseColumnsOf(line, section);
     if (IsDataInFirstColumn(line, section)) Find(DialectPoint::kFirstColumn);
     if (section == Section::kRows) UseRow(line);
     if (section == Section::kColumns) UseColumn(line);
@@ -71,17 +84,28 @@ class DialectWatch {
 
   // Of a line that is passed over.
   void Pass(const mps::SourceLine& line) {
-    if (!line.too_long() && !line.text().empty() && line.is_split()) NoteName(line);
+    if (line.too_long()) return;
+    number_ = line.number();
+    if (IsBlank(line)) return Find(DialectPoint::kEmptyLine);
+    const bool begins_blank = line.text()[0] == ' ' || line.text()[0] == '\t';
+    if (begins_blank && number_ == comment_line_) Find(DialectPoint::kBlankComment);
+    if (!line.is_split()) return;
+    NoteName(line);
+    const bool names_objective =
+        !begins_blank && mps::FindWideHeader(line[1]) == mps::WideHeader::kObjectiveName;
+    if (names_objective) Find(DialectPoint::kObjectiveName);
   }
 
   void Hear(const mps::FileProblem& problem) {
+    if (problem.code == mps::FileProblemCode::kFixedColumns) reads_fixed_ = true;
+    if (problem.code == mps::FileProblemCode::kComment) comment_line_ = problem.line;
     const std::optional<DialectPoint> point = PointOf(problem, section_);
     if (!point) return;
     number_ = problem.line;
     Find(*point);
   }
 
-  std::vector<DialectFinding> Finish(const mps::FileFacts& facts) {
+  std::vector<DialectFinding> Finish(const mps::FileFacts& facts, const ByteMarks& marks) {
     for (const ColumnSeen& column : columns_) {
       if (!column.is_integer || column.has_upper) continue;
       number_ = column.line;
@@ -89,6 +113,7 @@ class DialectWatch {
                             : DialectPoint::kIntegerWithoutBounds);
     }
     FindMissing(facts);
+    FindMarks(facts, marks);
     // The sense that counts is told behind those that do not.
     for (DialectFinding& finding : found_) std::sort(finding.lines.begin(), finding.lines.end());
     std::erase_if(found_, [](const DialectFinding& finding) { return finding.count == 0; });
@@ -120,12 +145,53 @@ class DialectWatch {
     if (!has_name_) Find(DialectPoint::kMissingName);
   }
 
+  void FindMarks(const mps::FileFacts& facts, const ByteMarks& marks) {
+    number_ = 1;
+    if (marks.has_byte_order_mark()) Find(DialectPoint::kByteOrderMark);
+    // At the end of the last line it does no harm.
+    number_ = marks.first_cr_line();
+    if (number_ != 0 && number_ < facts.lines) Find(DialectPoint::kCrLineEnd);
+  }
+
+  static bool IsBlank(const mps::SourceLine& line) {
+    return line.text().find_first_not_of(" \t") == std::string_view::npos;
+  }
+
   // One behind the first header comes too late.
   void NoteName(const mps::SourceLine& line) {
-    has_name_ |= first_header_ == 0 && line.text()[0] != ' ' && line[1] == "NAME";
+    if (first_header_ != 0 || line.text()[0] == ' ' || line[1] != "NAME") return;
+    has_name_ = true;
+    const std::size_t kept = std::min(line.token_count(), mps::TokenList::kKept);
+    for (std::size_t token = 3; token <= kept; ++token) {
+      if (line[token] == "FREE" && line.SmallLettersOf(line[token]) == 0) like_fixed_.SayFree();
+    }
+  }
+
+  // Where the words of a data line stand.
+  void UseColumnsOf(const mps::SourceLine& line, Section section) {
+    if (!reads_fixed_) {
+      const bool is_marker =
+          section == Section::kColumns && line.token_count() > 1 && line[2] == "'MARKER'";
+      if (like_fixed_.Use(line.split_text(), section, is_marker)) {
+        Find(DialectPoint::kLikeFixedColumns);
+      }
+      return;
+    }
+    const std::size_t kept = std::min(line.token_count(), mps::TokenList::kKept);
+    for (std::size_t token = 1; token <= kept; ++token) {
+      const bool has_blank = line[token].find(' ') != std::string_view::npos;
+      if (has_blank) Find(DialectPoint::kNameWithBlanks);
+    }
+    const std::string_view text = line.split_text();
+    for (const std::size_t field : {14U, 39U}) {
+      if (section != Section::kRows && text.size() > field && text[field] == '$') {
+        Find(DialectPoint::kEndComment);
+      }
+    }
   }
 
   void UseHeader(Section section, Section next) {
+    if (next == Section::kColumns) reads_fixed_ = always_fixed_;
     if (first_header_ == 0) first_header_ = number_;
     if (section == Section::kColumns && behind_columns_ == 0) behind_columns_ = number_;
     has_rhs_ |= next == Section::kRhs;
@@ -214,7 +280,7 @@ class DialectWatch {
     const bool by_sign = type.range == model::RangeEffect::kBySign;
     const bool sets_upper = by_sign ? value > 0 : type.range == model::RangeEffect::kSetsUpper;
     if (type.range == model::RangeEffect::kNothing) return Find(DialectPoint::kRangeOfFreeRow);
-    if (by_sign && std::fabs(value) >= kInfinite) Find(DialectPoint::kInfiniteRange);
+    if (by_sign && std::fabs(value) >= kInfinite) return Find(DialectPoint::kInfiniteRange);
     const bool has_limit =
         sets_upper ? model::HasUpper(row.UpperBound) : model::HasLower(row.LowerBound);
     if (!has_limit) Find(DialectPoint::kLargeNumber);
@@ -244,14 +310,19 @@ class DialectWatch {
     if (column == 0) return;
     const std::optional<double> value =
         needs_value && line.token_count() > 3 ? text::ParseNumber(line[4]) : std::nullopt;
-    SetBound(columns_[static_cast<std::size_t>(column) - 1], code, value);
+    SetBound(columns_[static_cast<std::size_t>(column) - 1], code, value.value_or(0));
   }
 
-  void SetBound(ColumnSeen& column, std::string_view code, const std::optional<double>& value) {
+  // A code without a value gives 0, of which there is nothing to find.
+  void SetBound(ColumnSeen& column, std::string_view code, double value) {
     const bool is_upper = code == "UP" || code == "UI";
-    if (is_upper && value && *value < 0 && !column.has_lower) Find(DialectPoint::kNegativeUpper);
+    if (is_upper && value < 0 && !column.has_lower) Find(DialectPoint::kNegativeUpper);
+    const bool is_rounded = code != "UP" && code != "LO" && code != "FX";
+    if (column.is_integer && !is_rounded && value != std::floor(value)) {
+      Find(DialectPoint::kFractionalBound);
+    }
     const bool is_lower = code == "LO" || code == "LI";
-    if (value && CountsAsNone(*value, !is_upper && code[0] != 'S', !is_lower)) {
+    if (CountsAsNone(value, !is_upper && code[0] != 'S', !is_lower)) {
       Find(DialectPoint::kLargeNumber);
     }
     column.has_lower |= !is_upper && code != "PL";
@@ -268,7 +339,11 @@ class DialectWatch {
   std::size_t kept_;
   std::vector<DialectFinding> found_;
   std::vector<std::int64_t> last_lines_;  // of each point
-  Section section_ = Section::kStart;     // of the next line
+  LikeFixedColumns like_fixed_;
+  bool always_fixed_;
+  bool reads_fixed_;                   // the lines, by columns
+  std::int64_t comment_line_ = 0;      // the last that is a comment
+  Section section_ = Section::kStart;  // of the next line
   bool has_name_ = false;
   bool has_rhs_ = false;
   std::int64_t first_header_ = 0;    // the line of the first section; 0 for none, as in the next
@@ -287,8 +362,10 @@ class DialectWatch {
 
 DialectFindings FindDialects(const std::string& path, const mps::ReadOptions& options,
                              model::ModelStore& store, std::size_t kept) {
-  DialectWatch watch(store, kept);
+  DialectWatch watch(options, store, kept);
+  ByteMarks marks;
   mps::ReadOptions watched = options;
+  watched.open = MarkedOpening(path, options.open, marks);
   watched.on_problem = [&](const mps::FileProblem& problem) {
     watch.Hear(problem);
     return !options.on_problem || options.on_problem(problem);
@@ -300,7 +377,7 @@ DialectFindings FindDialects(const std::string& path, const mps::ReadOptions& op
   DialectFindings findings;
   findings.read = mps::ReadFile(path, watched, store);
   if (findings.read.outcome == mps::ReadOutcome::kRead) {
-    findings.found = watch.Finish(findings.read.facts);
+    findings.found = watch.Finish(findings.read.facts, marks);
   }
   return findings;
 }

@@ -6,7 +6,7 @@ namespace quarvel {
 namespace {
 
 constexpr std::string_view kDialectModel =
-    "NAME M\nROWS\n N COST\n L LIM\nCOLUMNS\n X COST 1 LIM 1\n Y LIM 1\nRHS\n RHS LIM 4\nBOUNDS\n UP BND X -4\n"
+    "NAME M FREE\nROWS\n N COST\n L LIM\nCOLUMNS\n X COST 1 LIM 1\n Y LIM 1\nRHS\n RHS LIM 4\nBOUNDS\n UP BND X -4\n"
     " UP BND Y -3\nENDATA\n";
 
 TEST(DialectsCommand, ListsWhatReadersDisagreeAbout) {

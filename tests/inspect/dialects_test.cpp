@@ -29,14 +29,17 @@ std::string FindAll(std::string_view bytes, std::size_t kept = 5) {
   return text;
 }
 
-// Of what may have no NAME and no RHS: without telling of these.
+// Of what may have no NAME and no RHS, and whose words may stand anywhere: without telling of these.
 std::string Find(std::string_view bytes, std::size_t kept = 5) {
   std::string rest;
   std::string all = FindAll(bytes, kept) + ", ";
   while (!all.empty()) {
     const std::string one = all.substr(0, all.find(", "));
     all.erase(0, one.size() + 2);
-    if (one.starts_with("missing-name ") || one.starts_with("missing-rhs ")) continue;
+    if (one.starts_with("missing-name ") || one.starts_with("missing-rhs ") ||
+        one.starts_with("like-fixed-columns ")) {
+      continue;
+    }
     rest.append(rest.empty() ? "" : ", ").append(one);
   }
   return rest;
@@ -90,14 +93,14 @@ TEST(Dialects, FindsEachThingInItsLine) {
       {File("RHS\n R LIM 4\n R LIM 3\nBOUNDS\n FR B X\n UP B X 9\n"), "given-again 12 15"},
       {File("RHS\nRANGES\n R LIM 4\n R LIM 3 EQ 1\n"), "range-again 13"},
       {File("RHS\nNAME F\nRHS\n"), "header-again 11 12"},
-      {"OBJNAME COST\nOBJNAME COST\n" + File(""), ""},
+      {"OBJNAME COST\nOBJNAME COST\n" + File(""), "objective-name 1 2"},
       {"OBJSENSE UP\nOBJSENSE MAX\nOBJSENSE MORE\n" + File(""), "objective-sense 1 2 3"},
       {File("BOUNDS\nRHS\n"), "section-order 11"},
       {File(" Y COST 1\n X LIM 1\n"), "pair-twice 11, column-again 11"},
       {File("Rhs\n"), "small-header 10"},
       {File("RHS\n R lim 4\nBOUNDS\n UP B x 3\n"), "other-letters 11 13"},
-      {File("RHS\nRANGES\n R EQ 1E30\n R LIM 1e30\n"), "large-number 12 13, infinite-range 12"},
-      {File("RHS\nRANGES\n R EQ -1E31\n"), "large-number 12, infinite-range 12"},
+      {File("RHS\nRANGES\n R EQ 1E30\n R LIM 1e30\n"), "large-number 13, infinite-range 12"},
+      {File("RHS\nRANGES\n R EQ -1E31\n"), "infinite-range 12"},
       {File("RHS\nRANGES\n R EQ 1E10\n S LIM 1E10\n"), "second-ranges-set 13, large-number 12"},
       {File("RHS\nRANGES\n R LIM 9999999999 EQ -1E9\n"), ""},
       {File("BOUNDS\n SI A X 4\n"), "semi-integer 11"},
@@ -112,6 +115,24 @@ TEST(Dialects, FindsEachThingInItsLine) {
        "second-rhs-set 13, first-column 10 12 13 15"},
       {"ROWS\n N A\nL B\nCOLUMNS\n X B 1\nENDATA\n", "first-column 3"},
       {File(" Y\tLIM 1\nRHS\n R LIM \t 1\n"), "tab 10 12"},
+      {"\n* first\n  \n" + File("\t\nRHS\n\n", "ENDATA\n\n"), "empty-line 1 3 13 15"},
+      {"\xEF\xBB\xBF" + File(""), "byte-order-mark 1"},
+      {"\xEF\xBB" + File(""), ""},
+      {File("RHS\r\n R LIM 4\r"), "cr-line-end 11"},
+      {File("RHS\r R LIM 4\r"), "cr-line-end 10"},
+      {File("RHS\n R LIM 4\r\n", "ENDATA\r"), ""},
+      {File("", "ENDATA\n text\r\rtext"), ""},
+      {File("  * behind\n* before\nRHS\n R LIM 4 $ at the end\n * EQ 1\n * LIM 3 and EQ\n"),
+       "second-rhs-set 14, blank-comment 10 15, end-comment 13"},
+      {"NAME F\nROWS\n N COST\nLAZYCONS\n L LIM\nUSERCUTS\n L EQ\nCOLUMNS\n X LIM 1\nENDATA\n",
+       "more-rows 4 6"},
+      {"OBJNAME\n COST\n" + File("objname COST\n"), "small-header 12, objective-name 1 12"},
+      {File(" M 'MARKER' 'INTORG'\n I LIM 1\n J LIM 1\n M 'MARKER' 'INTEND'\nBOUNDS\n UP B X 0.5\n"
+            " UP B I 2.5\n LO B J -0.5\n UP B J 3\n"),
+       "fractional-bound 16 17"},
+      {File(" M 'MARKER' 'INTORG'\n I LIM 1\n J LIM 1\n M 'MARKER' 'INTEND'\nBOUNDS\n UI B I 0.5\n"
+            " FX B J 1.5\n"),
+       "fractional-bound 16"},
   };
   for (const auto& c : cases) EXPECT_EQ(Find(c.bytes), c.found) << c.bytes;
 }
@@ -153,7 +174,30 @@ TEST(Dialects, FindsSetsWithoutNamesInFixedColumns) {
            "    X         COST              1.     AT MOST           1.\n"
            "RHS\n              AT MOST           8.\nRANGES\n              AT MOST           3.\n"
            "BOUNDS\n UP           X                 4.\n MI           X\nENDATA\n"),
-      "set-without-name 7 9 11 12");
+      "set-without-name 7 9 11 12, name-with-blanks 3 5 7 9");
+}
+
+TEST(Dialects, FindsNamesWithBlanksInFixedColumnsAlone) {
+  const std::string rows = "ROWS\n N  COST\n L  AT MOST\nCOLUMNS\n";
+  const std::string plain = "    X         COST              1.     AT MOST           1.\n";
+  const std::string rest =
+      "    X Y       COST              1.\nRHS\n    R         AT MOST           8.\n"
+      "BOUNDS\n UP THE SET   X                 4.\nENDATA\n";
+  EXPECT_EQ(Find(rows + plain + rest), "name-with-blanks 3 5 6 8 10");
+  const std::string comments =
+      "    Z         COST              1.     $ at the end\nRHS\n    R         $ no pair\n";
+  EXPECT_EQ(Find(rows + plain + comments + "ENDATA\n"), "end-comment 6 8, name-with-blanks 3 5");
+  EXPECT_EQ(Find("ROWS\n N  COST\n L  LIM\nCOLUMNS\n    X         COST      1.\nENDATA\n"), "");
+}
+
+TEST(Dialects, FindsWordsThatStandAsInFixedColumns) {
+  const std::string start = "NAME T\nROWS\n N COST\n L R1\nCOLUMNS\n";
+  const std::string line = "    X0  COST  -1\n";
+  const std::string end = "RHS\n    RHS  R1  7\nENDATA\n";
+  EXPECT_EQ(FindAll(start + line + end), "like-fixed-columns 6 8");
+  EXPECT_EQ(FindAll(start + "    X0  R1  1\n" + line + end), "");
+  EXPECT_EQ(FindAll("NAME T FREE\n" + start.substr(7) + line + end), "");
+  EXPECT_EQ(FindAll("NAME T free\n" + start.substr(7) + line + end), "like-fixed-columns 6 8");
 }
 
 TEST(Dialects, CountsAllAndKeepsTheFirst) {
