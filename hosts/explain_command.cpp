@@ -68,6 +68,11 @@ void DropRepeated(const RecordOrigin& other, RecordOrigin& missing) {
   missing.idle_count -= static_cast<std::int64_t>(lines);
 }
 
+// The file makes none, and no line names it.
+bool IsUnheardOf(const RecordOrigin& record) {
+  return record.number == 0 && record.idle_count == 0 && record.problem_count == 0;
+}
+
 // The row and the column of that name.
 std::vector<RecordOrigin> RecordsOf(const std::string& row, const std::string& column) {
   return {{.is_row = true, .name = row}, {.is_row = false, .name = column}};
@@ -143,6 +148,7 @@ class ExplainedRead {
     }
     DropRepeated(records[0], records[1]);
     if (records[1].number != 0) DropRepeated(records[1], records[0]);
+    std::erase_if(records, IsUnheardOf);
     auto quotes = inspect::QuotedLines(options_.open, LinesOf(records));
     return {session_, path_, std::move(records), facts_, std::move(quotes)};
   }

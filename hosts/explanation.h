@@ -15,7 +15,7 @@ namespace quarvel::hosts {
 struct Explanation {
   Session& session;
   std::string file;                            // as it was given
-  std::vector<inspect::RecordOrigin> records;  // the row and the column of the name
+  std::vector<inspect::RecordOrigin> records;  // of the name, that the file makes or names
   mps::FileFacts facts;
   std::map<std::int64_t, std::string> quotes;  // the lines that are spoken of, by their numbers
 

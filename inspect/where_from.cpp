@@ -314,7 +314,8 @@ class OriginWatch {
   static bool IsToldAtTheEnd(const mps::FileProblem& problem) {
     using enum mps::FileProblemCode;
     return problem.code == kFurtherFreeRow || problem.code == kObjectiveConstant ||
-           problem.code == kFreeRowRhs;
+           problem.code == kFreeRowRhs || problem.code == kObjectiveName ||
+           problem.code == kNoSuchObjective;
   }
 
   // Of a problem of no line or one told at the end: whether it is one of such a record.

@@ -118,6 +118,7 @@ constexpr FileProblemTraits kTable[] = {
     {kSmallHeader, "A317", "small-header", "a header in small letters", ""},
     {kZeroCoefficient, "W423", "zero-coefficient", "a coefficient of 0",
      "a number other than 0, or no pair"},
+    {kLimitTooLarge, "A318", "limit-too-large", "a limit that is too large for a number", ""},
 
     {kSetRenamed, "A316", "set-renamed", "a name that the fixed layout does not keep", ""},
 };

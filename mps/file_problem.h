@@ -103,6 +103,7 @@ enum class FileProblemCode : std::uint8_t {
   kObjectiveUnnamed,
   kSmallHeader,
   kZeroCoefficient,
+  kLimitTooLarge,
 
   // of lint
   kSetRenamed,

@@ -25,6 +25,10 @@ void FreeRows::NoteRhs(const SourceLine& line, std::string_view word, std::int32
 }
 
 void FreeRows::NameObjective(const SourceLine& line, std::string_view name) {
+  if (!named_.empty()) {
+    naming_.made = "passed over: a later line names the objective";
+    hear_(std::move(naming_));
+  }
   named_ = name;
   naming_ = ProblemOf(kObjectiveName, line, name, named_);
 }

@@ -1,7 +1,8 @@
 // The N rows of a file: which of them is the objective, what is added to it, and what there is to say of
 // the others. The options name the objective, else the last OBJNAME does, else the first N row is it.
 //
-// A file may name its objective anywhere, so all this is told at the end: A308 or E123 for the name,
+// A file may name its objective anywhere, so all this is told at the end, but for the names that a later
+// OBJNAME overrides (A308): A308 or E123 for the name,
 // W405 for each other N row, A309 for the right-hand side of the objective, the last one of several, W407
 // for those of the others.
 //

@@ -76,7 +76,7 @@ void RangedRows::DropInfinite(const SourceLine& line, std::string_view word, std
   } else {
     limits.UpperBound = model::BoundLimit;
   }
-  TellOf(hear_, FileProblemCode::kInfiniteValue, line, word, std::string(word),
+  TellOf(hear_, FileProblemCode::kLimitTooLarge, line, word, std::string(word),
          no_lower ? "no lower limit" : "no upper limit");
 }
 

@@ -4,7 +4,7 @@
 //   L row  from rhs - |R| to rhs          E row, R > 0   from rhs to rhs + R
 //   G row  from rhs to rhs + |R|          E row, R <= 0  from rhs + R to rhs
 //
-// A limit too large for a double is none, which is told (A313).
+// A limit too large for a double is none, which is told (A318).
 //
 // Memory: 8 bytes for each row up to the last that has a range.
 #pragma once

@@ -78,65 +78,6 @@ TEST(Explain, TellsOfTheObjective) {
             std::string::npos);
 }
 
-TEST(Explain, TellsTheLinesOfSenseAndConstant) {
-  const HostFolder folder;
-  const std::string model = folder.Write(
-      "a.mps",
-      "OBJSENSE MAX\nROWS\n N COST\n L LIM\nCOLUMNS\n X COST 1 LIM 1\nRHS\n R LIM 9\n R COST -5\n"
-      "ENDATA\n");
-  EXPECT_EQ(RunQuarvel({"explain", model, "COST"}).out,
-            "row COST (number 0)\n"
-            "  type      N: line 3\n"
-            "  lower     -inf: default\n"
-            "  upper     inf: default\n"
-            "  objective maximized: line 1\n"
-            "            5 added to it: line 9\n"
-            "  elements  1\n"
-            "            X 1: line 6\n"
-            "  problem   A309, line 9: a right-hand side of the objective: COST; 5 is added to the "
-            "objective\n"
-            "1 |OBJSENSE MAX\n"
-            "3 | N COST\n"
-            "6 | X COST 1 LIM 1\n"
-            "9 | R COST -5\n");
-  const std::string json = RunQuarvel({"explain", model, "COST", "--json"}).out;
-  EXPECT_NE(json.find("\"objective\":\"maximize\",\"objectiveLine\":1,"
-                      "\"objectiveHistory\":{\"count\":1,\"settings\":[{\"line\":1,"
-                      "\"value\":\"maximize\"}]},\"objectiveConstant\":5,"
-                      "\"objectiveConstantLine\":9,\"objectiveConstantHistory\":{\"count\":1,"
-                      "\"settings\":[{\"line\":9,\"value\":5}]},"),
-            std::string::npos)
-      << json;
-}
-
-TEST(Explain, TellsWhatSensesAndConstantsWereOverridden) {
-  const HostFolder folder;
-  const std::string model = folder.Write(
-      "a.mps",
-      "OBJSENSE MAX\nROWS\n N COST\n L LIM\nCOLUMNS\n X COST 1 LIM 1\nOBJSENSEMIN\nRHS\n"
-      " R COST 3\n R COST 5 LIM 9\n R COST 0\nENDATA\n");
-  const std::string text = RunQuarvel({"explain", model, "COST"}).out;
-  EXPECT_NE(text.find("  objective minimized: line 7; line 1 had said maximize\n"
-                      "            0 added to it: line 11; line 10 had said -5, line 9 had said "
-                      "-3\n"
-                      "  elements  1\n"),
-            std::string::npos)
-      << text;
-  EXPECT_EQ(text.find("unused"), std::string::npos) << text;
-  EXPECT_NE(text.find("\n 1 |OBJSENSE MAX\n"), std::string::npos) << text;
-  EXPECT_NE(text.find("\n10 | R COST 5 LIM 9\n"), std::string::npos) << text;
-  const std::string one = RunQuarvel({"explain", model, "COST", "--limit", "1"}).out;
-  EXPECT_NE(one.find("minimized: line 7 (and 1 before)\n            0 added to it: line 11 (and 2 "
-                     "before)\n"),
-            std::string::npos)
-      << one;
-  const std::string json = RunQuarvel({"explain", model, "COST", "--json"}).out;
-  EXPECT_NE(json.find("\"objectiveHistory\":{\"count\":2,\"settings\":[{\"line\":1,\"value\":"
-                      "\"maximize\"},{\"line\":7,\"value\":\"minimize\"}]}"),
-            std::string::npos)
-      << json;
-}
-
 TEST(Explain, TellsDefaultsThatALineGave) {
   const HostFolder folder;
   const std::string model = folder.Write(
@@ -349,8 +290,7 @@ TEST(Explain, PrintsJson) {
   EXPECT_EQ(
       run.out,
       folder.Expand(
-          "{\"file\":\"@a.mps\",\"row\":{\"name\":\"I\",\"unused\":{\"count\":0,\"lines\":[]},"
-          "\"problems\":{\"count\":0,\"first\":[]}},\"column\":{\"index\":1,\"name\":\"I\","
+          "{\"file\":\"@a.mps\",\"column\":{\"index\":1,\"name\":\"I\","
           "\"type\":{\"count\":1,\"settings\":[{\"line\":9,\"value\":\"I\"}]},\"marker\":8,"
           "\"lowerBound\":{\"count\":1,\"settings\":[{\"value\":0}]},"
           "\"upperBound\":{\"count\":1,\"settings\":[{\"value\":\"inf\"}]},"
@@ -367,6 +307,26 @@ TEST(Explain, PrintsJson) {
                 "row of this name: NONE\"}"),
       std::string::npos)
       << both;
+}
+
+TEST(Explain, PrintsNoRecordThatIsNeitherMadeNorNamed) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", kExplainedModel);
+  const auto json = [&model](const char* name) {
+    return RunQuarvel({"explain", model, name, "--json"}).out;
+  };
+  const std::string row = json("LIM");
+  EXPECT_NE(row.find("\"row\":{"), std::string::npos) << row;
+  EXPECT_EQ(row.find("\"column\":{"), std::string::npos) << row;
+  const std::string numbered = json("#2");
+  EXPECT_NE(numbered.find("\"row\":{"), std::string::npos) << numbered;
+  EXPECT_EQ(numbered.find("\"column\":{"), std::string::npos) << numbered;
+  const std::string named = json("none");
+  EXPECT_NE(named.find(",\"row\":{\"name\":\"NONE\",\"unused\":{\"count\":1,\"lines\":[7]},"),
+            std::string::npos)
+      << named;
+  EXPECT_EQ(json("nothing").substr(json("nothing").find(",")),
+            ",\"lines\":[],\"hasEndata\":true}\n");
 }
 
 TEST(Explain, ReadsStandardInput) {

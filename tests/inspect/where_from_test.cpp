@@ -144,7 +144,8 @@ TEST(WhereFrom, TellsOfNRowsWhatIsKnownAtTheEnd) {
   EXPECT_EQ(TextOf(Find(kFreeRows, true, "COST")),
             "1 N@2 of 1\n -10000000000@0 of 1\n 10000000000@0 of 1\nX=1@5 of 1\nidle 8\n"
             "problems further-free-row@2 free-row-rhs@8\n");
-  EXPECT_TRUE(TextOf(Find(kFreeRows, true, "ELSE")).ends_with("problems objective-constant@8\n"));
+  EXPECT_TRUE(TextOf(Find(kFreeRows, true, "ELSE"))
+                  .ends_with("problems objective-name@9 objective-constant@8\n"));
   EXPECT_TRUE(TextOf(Find(kFreeRows, false, "ELSE")).ends_with("problems\n"));
 }
 

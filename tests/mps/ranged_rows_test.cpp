@@ -52,13 +52,13 @@ TEST(RangedRows, GoByRightHandSidesBehindThem) {
 TEST(RangedRows, HaveNoLimitWhereNoDoubleHoldsIt) {
   const std::string rhs = "RHS\n    R  LIM  1e308\n";
   const std::string range = "RANGES\n    G  LIM  1e308\n";
-  EXPECT_EQ(LimitsBy("E", rhs + range), "1E+308..10000000000, A313 10, W504 0");
-  EXPECT_EQ(LimitsBy("G", rhs + range), "1E+308..10000000000, A313 10");
-  EXPECT_EQ(LimitsBy("G", range + rhs), "1E+308..10000000000, A314 8, W418 9, A313 10");
+  EXPECT_EQ(LimitsBy("E", rhs + range), "1E+308..10000000000, A318 10, W504 0");
+  EXPECT_EQ(LimitsBy("G", rhs + range), "1E+308..10000000000, A318 10");
+  EXPECT_EQ(LimitsBy("G", range + rhs), "1E+308..10000000000, A314 8, W418 9, A318 10");
   const std::string low = "RHS\n    R  LIM  -1e308\n";
-  EXPECT_EQ(LimitsBy("L", low + range), "-10000000000..-1E+308, A313 10");
+  EXPECT_EQ(LimitsBy("L", low + range), "-10000000000..-1E+308, A318 10");
   EXPECT_EQ(LimitsBy("E", low + "RANGES\n    G  LIM  -1e308\n"),
-            "-10000000000..-1E+308, A310 10, A313 10, W504 0");
+            "-10000000000..-1E+308, A310 10, A318 10, W504 0");
   EXPECT_EQ(LimitsBy("E", low + range), "-1E+308..0, W504 0");
 }
 

@@ -90,7 +90,8 @@ INSTANTIATE_TEST_SUITE_P(
         WideCase{"OBJSENSE\n  * max\n  max\n", "A302 11; A307 12:3+3 'max'"},
         WideCase{"OBJSENSE MIN\nOBJSENSE\n MAX MIN\n",
                  "W417 11:1+8 'OBJSENSE'; A311 12:6+3 'MIN'; A307 12:2+3 'MAX'"},
-        WideCase{"OBJNAME LIM\nOBJNAME COST\n", "W417 11:1+7 'OBJNAME'; A308 11:9+4 'COST'"},
+        WideCase{"OBJNAME LIM\nOBJNAME COST\n",
+                 "W417 11:1+7 'OBJNAME'; A308 10:9+3 'LIM'; A308 11:9+4 'COST'"},
         WideCase{"Rhs\n", "A317 10:1+3 'Rhs'"}, WideCase{"BOUNDS\n FR B X 1 2\n", "E105 11"},
         WideCase{"BOUNDS\n SC B X 1 2\n", "E105 11"},
         WideCase{"RHS\n    R  LIM  1\n    R  $D  2\n", "E110 12:8+2 '$D'"}));

@@ -231,7 +231,7 @@ void NaiveWideReader::ApplyRange(std::int32_t number) {
     row.LowerBound = range > 0 ? rhs : rhs + range;
     row.UpperBound = range > 0 ? rhs + range : rhs;
   }
-  if (std::isinf(row.LowerBound) || std::isinf(row.UpperBound)) Tell("A313");
+  if (std::isinf(row.LowerBound) || std::isinf(row.UpperBound)) Tell("A318");
   if (std::isinf(row.LowerBound)) row.LowerBound = -1e10;
   if (std::isinf(row.UpperBound)) row.UpperBound = 1e10;
 }

@@ -212,6 +212,7 @@ void NaiveWideReader::UseOwnWord(std::size_t place) {
   if (own_ == Own::kSense) {
     UseSense(words_[place]);
   } else {
+    if (!objective_.named.empty()) Tell("A308", objective_.naming_line);
     objective_.named = words_[place];
     objective_.naming_line = line_number_;
   }
