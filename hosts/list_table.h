@@ -20,6 +20,8 @@ class ListTable {
  public:
   explicit ListTable(std::vector<ListColumn> columns);
 
+  // Has columns stand one blank apart instead of two.
+  void Tighten() { gap_ = " "; }
   // Makes a column as wide as this cell.
   void Widen(std::size_t column, std::string_view cell);
   // Narrows the columns that may be cut, the widest first, until a line has no more than so many

@@ -78,7 +78,7 @@ std::string Lengths(const ModelStats& stats, const model::ModelStore& store) {
 // --- names ---
 
 std::string Families(const std::vector<RecordFamily>& families, std::string_view caption,
-                     std::string (*types)(const RecordFamily&)) {
+                     std::string (*types)(const RecordFamily&, Room)) {
   HtmlTable table(caption, {{"Pattern"},
                             {"how many", true},
                             {"types"},
@@ -89,7 +89,7 @@ std::string Families(const std::vector<RecordFamily>& families, std::string_view
   const std::size_t shown = std::min(families.size(), kMostFamilies);
   for (std::size_t i = 0; i < shown; ++i) {
     const RecordFamily& family = families[i];
-    table.Add({family.pattern, GroupedText(family.count), types(family),
+    table.Add({family.pattern, GroupedText(family.count), types(family, Room::kUsual),
                RangeText(family.lower, Bound::Side::kLower),
                RangeText(family.upper, Bound::Side::kUpper), GroupedText(family.elements.count),
                CoefficientsText(family.elements)});

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <set>
+#include <span>
 
 #include "hosts/input_bytes.h"
 #include "hosts/printing.h"
@@ -121,9 +122,35 @@ std::string LengthsText(const StatsReport& report) {
   return TableText(report, table);
 }
 
+// --- tables that fit ---
+
+// How a table is made to fit, the most pleasant first.
+struct Tightness {
+  Room room;
+  bool is_tight;            // one blank between columns
+  TextTable::Align others;  // of texts that are no names
+};
+constexpr Tightness kTightnesses[] = {{Room::kUsual, false, kLeft},
+                                      {Room::kLittle, false, kLeft},
+                                      {Room::kLittle, true, kLeft},
+                                      {Room::kLittle, true, kName}};
+
+// What `make` gives for the first tightness whose lines are no wider than there is room, with names cut to
+// so many cells; else for the last one.
+template <class Make>
+TextTable FittingTable(std::size_t width, std::size_t name_width, const Make& make) {
+  for (const Tightness& tightness : kTightnesses) {
+    TextTable table = make(tightness);
+    if (tightness.is_tight) table.Tighten();
+    const bool is_last = tightness.others == kName;
+    if (is_last || table.FitsInto(width, name_width)) return table;
+  }
+  return make(kTightnesses[0]);
+}
+
 // --- sizes of numbers ---
 
-std::string ExtremesText(const StatsReport& report) {
+TextTable ExtremesTable(const StatsReport& report, Room room) {
   const model::ModelStore& store = report.model.store();
   TextTable table({kLeft, kRight, kRight, kRight, kName, kRight, kName});
   table.Add({"Sizes", "zeros", "nonzeros", "smallest", "", "largest", ""});
@@ -134,13 +161,21 @@ std::string ExtremesText(const StatsReport& report) {
                                      CountText(sizes.count())};
     if (sizes.count() > 0) {
       for (const inspect::PlacedNumber& number : {sizes.smallest(), sizes.largest()}) {
-        line.push_back(ShortText(number.value));
+        line.push_back(ShortText(number.value, room));
         line.push_back(PlaceText(store, number));
       }
     }
     table.Add(line);
   }
-  return TableText(report, table);
+  return table;
+}
+
+std::string ExtremesText(const StatsReport& report) {
+  constexpr std::size_t kReadableNames = 8;
+  return TableText(
+      report, FittingTable(report.width, kReadableNames, [&report](const Tightness& tightness) {
+        return ExtremesTable(report, tightness.room);
+      }));
 }
 
 std::string HistogramText(const StatsReport& report) {
@@ -170,21 +205,38 @@ std::string HistogramText(const StatsReport& report) {
 
 // --- families of names ---
 
+struct FamilyList {
+  std::span<const RecordFamily> families;
+  std::string_view title;
+  std::string (*types)(const RecordFamily&, Room);
+};
+
+TextTable FamiliesTable(const FamilyList& list, const Tightness& tightness) {
+  const TextTable::Align others = tightness.others;
+  const Room room = tightness.room;
+  TextTable table({kName, kRight, others, others, others, kRight, others});
+  table.Add({std::string(list.title) + (room == Room::kUsual ? " by name" : ""), "count", "types",
+             "lower", "upper", "elements", "coefficients"});
+  for (const RecordFamily& family : list.families) {
+    table.Add({"  " + family.pattern, text::IntegerText(family.count), list.types(family, room),
+               RangeText(family.lower, Bound::Side::kLower, room),
+               RangeText(family.upper, Bound::Side::kUpper, room),
+               text::IntegerText(family.elements.count), CoefficientsText(family.elements, room)});
+  }
+  return table;
+}
+
 std::string FamiliesText(const StatsReport& report, const std::vector<RecordFamily>& families,
-                         std::string_view title, std::string (*types)(const RecordFamily&)) {
-  TextTable table({kName, kRight, kLeft, kLeft, kLeft, kRight, kLeft});
-  table.Add({std::string(title) + " by name", "count", "types", "lower", "upper", "elements",
-             "coefficients"});
+                         std::string_view title, std::string (*types)(const RecordFamily&, Room)) {
   const auto shown =
       std::min<std::int64_t>(report.most_families, static_cast<std::int64_t>(families.size()));
-  for (std::int64_t i = 0; i < shown; ++i) {
-    const RecordFamily& family = families[static_cast<std::size_t>(i)];
-    table.Add({"  " + family.pattern, text::IntegerText(family.count), types(family),
-               RangeText(family.lower, Bound::Side::kLower),
-               RangeText(family.upper, Bound::Side::kUpper),
-               text::IntegerText(family.elements.count), CoefficientsText(family.elements)});
-  }
-  std::string text = TableText(report, table);
+  const FamilyList list = {std::span(families).first(static_cast<std::size_t>(shown)), title,
+                           types};
+  constexpr std::size_t kReadableName = 17;
+  std::string text = TableText(
+      report, FittingTable(report.width, kReadableName, [&list](const Tightness& tightness) {
+        return FamiliesTable(list, tightness);
+      }));
   const std::int64_t more = static_cast<std::int64_t>(families.size()) - shown;
   if (more > 0) {
     text += report.pen.Draw(

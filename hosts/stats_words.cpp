@@ -15,7 +15,7 @@ using inspect::RecordFamily;
 using inspect::ValueRange;
 
 template <class Types>
-std::string TypesText(const RecordFamily& family, const Types& types) {
+std::string TypesText(const RecordFamily& family, const Types& types, Room room) {
   std::string text;
   for (const auto& type : types) {
     const std::int32_t count = family.types[static_cast<std::size_t>(type.type)];
@@ -23,47 +23,62 @@ std::string TypesText(const RecordFamily& family, const Types& types) {
     std::string letter = type.letter.empty() ? "none" : std::string(type.letter);
     if (count == family.count) return letter;
     if (!text.empty()) text += ' ';
-    text.append(letter).append(" ").append(text::IntegerText(count));
+    text.append(letter).append(room == Room::kUsual ? " " : "").append(text::IntegerText(count));
   }
   return text;
 }
 
+std::string_view Between(Room room) { return room == Room::kUsual ? " to " : ".."; }
+
+// "1.5E7" of "1.5E+07".
+std::string WithShortExponent(std::string text) {
+  std::size_t sign = text.find('E');
+  if (sign == std::string::npos) return text;
+  ++sign;
+  if (text[sign] == '+') text.erase(sign, 1);
+  if (text[sign] == '-') ++sign;
+  while (text[sign] == '0') text.erase(sign, 1);
+  return text;
+}
+
 // "-inf" and "inf" where there is no bound.
-std::string ShortBound(Bound bound) {
-  return bound.IsNone() ? BoundText(bound) : ShortText(bound.value);
+std::string ShortBound(Bound bound, Room room) {
+  return bound.IsNone() ? BoundText(bound) : ShortText(bound.value, room);
 }
 
 }  // namespace
 
-std::string ShortText(double value) {
-  std::array<char, 32> digits;
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
-                                 std::chars_format::general, 6);
-  std::string text(digits.data(), end.ptr);
+std::string ShortText(double value, Room room) {
+  std::array<char, 32> letters;
+  const auto end = std::to_chars(letters.data(), letters.data() + letters.size(), value,
+                                 std::chars_format::general, room == Room::kUsual ? 6 : 3);
+  std::string text(letters.data(), end.ptr);
   std::replace(text.begin(), text.end(), 'e', 'E');
-  return text;
+  return room == Room::kUsual ? text : WithShortExponent(std::move(text));
 }
 
-std::string RangeText(const ValueRange& range, Bound::Side side) {
+std::string RangeText(const ValueRange& range, Bound::Side side, Room room) {
   if (range.is_empty) return "";
-  const std::string from = ShortBound({side, range.from});
-  const std::string to = ShortBound({side, range.to});
-  return from == to ? from : from + " to " + to;
+  const std::string from = ShortBound({side, range.from}, room);
+  const std::string to = ShortBound({side, range.to}, room);
+  return from == to ? from : from + std::string(Between(room)) + to;
 }
 
-std::string CoefficientsText(const inspect::ElementRange& elements) {
+std::string CoefficientsText(const inspect::ElementRange& elements, Room room) {
   if (elements.count == 0) return "";
   std::string text = elements.values.to > 0 ? "+" : "";
   if (elements.values.from < 0) text += '-';
-  const std::string from = ShortText(elements.sizes.from);
-  const std::string to = ShortText(elements.sizes.to);
-  return text + (from == to ? from : from + " to " + to);
+  const std::string from = ShortText(elements.sizes.from, room);
+  const std::string to = ShortText(elements.sizes.to, room);
+  return text + (from == to ? from : from + std::string(Between(room)) + to);
 }
 
-std::string RowTypesText(const RecordFamily& family) { return TypesText(family, model::kRowTypes); }
+std::string RowTypesText(const RecordFamily& family, Room room) {
+  return TypesText(family, model::kRowTypes, room);
+}
 
-std::string ColumnTypesText(const RecordFamily& family) {
-  return TypesText(family, model::kColumnTypes);
+std::string ColumnTypesText(const RecordFamily& family, Room room) {
+  return TypesText(family, model::kColumnTypes, room);
 }
 
 std::string PlaceText(const model::ModelStore& store, const inspect::PlacedNumber& number) {

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "hosts/list_table.h"
+
 namespace quarvel::hosts {
 
 class TextTable {
@@ -19,13 +21,21 @@ class TextTable {
   // The texts of one line, at most as many as there are columns. Whatever would steer a terminal is
   // shown as escapes.
   void Add(const std::vector<std::string>& texts);
+  // Has one blank between columns instead of two.
+  void Tighten() { is_tight_ = true; }
+  // Whether lines are no wider than so many cells, 0 for any number, when names are cut to so many.
+  bool FitsInto(std::size_t width, std::size_t name_width) const;
   // A line each, with `indent` before it and no blanks at its end, in no more than so many cells where
   // cutting names makes it so; 0 for any number.
   std::string Text(std::string_view indent = "", std::size_t width = 0) const;
 
  private:
+  // For lines of so many cells, 0 for any number.
+  ListTable Fitted(std::size_t cells, std::size_t least_name) const;
+
   std::vector<Align> columns_;
   std::vector<std::vector<std::string>> lines_;
+  bool is_tight_ = false;
 };
 
 }  // namespace quarvel::hosts

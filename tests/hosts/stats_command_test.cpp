@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <filesystem>
+#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -6,6 +8,7 @@
 
 #include "tests/support/real_models.h"
 #include "tests/support/run_quarvel.h"
+#include "text/cell_width.h"
 
 namespace quarvel {
 namespace {
@@ -162,7 +165,54 @@ TEST(Stats, HaveAHelpWithExamples) {
   EXPECT_NE(run.out.find("--limit N|all"), std::string::npos);
 }
 
+std::size_t WidestCells(const std::string& text) {
+  std::istringstream lines(text);
+  std::size_t widest = 0;
+  for (std::string line; std::getline(lines, line);) {
+    // A path is as long as it is.
+    if (!line.starts_with("File ")) widest = std::max(widest, text::CellCount(line));
+  }
+  return widest;
+}
+
+TEST(Stats, FitAScreenWhateverTheNumbersAre) {
+  const HostFolder folder;
+  std::string model = "NAME WIDE\nROWS\n N COST\n";
+  std::string columns = "COLUMNS\n";
+  std::string bounds = "BOUNDS\n";
+  for (int i = 0; i < 300; ++i) {
+    const std::string number = std::to_string(i);
+    const std::string row = std::string(1 + i % 17, static_cast<char>('A' + i % 26)) + number;
+    model += std::string(" ") + "LGE"[i % 3] + ' ' + row + '\n';
+    columns += " LONGNAME_OF_X_" + number + ' ' + row + " -1234.5678" + number + "E" +
+               std::to_string(i % 30 - 15) + " COST 98765.4321" + number + '\n';
+    bounds += " LO B LONGNAME_OF_X_" + number + " -" + number +
+              "34567.123E-7\n UP B LONGNAME_OF_X_" + number + ' ' + number + "12345.678\n";
+  }
+  const std::string file = folder.Write("w.mps", model + columns + bounds + "ENDATA\n");
+  for (const std::size_t width : {std::size_t{60}, std::size_t{80}, std::size_t{120}}) {
+    const hosts::Screen screen = {.is_terminal = true, .width = width, .height = 24};
+    const std::string out = RunQuarvelOn(screen, {"stats", file}).out;
+    // Nothing but headings and counts is left to cut on the narrowest.
+    EXPECT_LE(WidestCells(out), width == 60 ? 64 : width) << out;
+  }
+}
+
 using StatsOnRealModels = OnRealModels;
+
+TEST_F(StatsOnRealModels, FitAScreen) {
+  const hosts::Screen screen = {.is_terminal = true, .width = 80, .height = 24};
+  int files = 0;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(*DataFolder())) {
+    if (!entry.is_regular_file() || entry.file_size() > 1'000'000) continue;
+    const Outcome run =
+        RunQuarvelOn(screen, {"stats", entry.path().string(), "--on-error", "continue"});
+    if (run.status != 0) continue;
+    ++files;
+    EXPECT_LE(WidestCells(run.out), 80U) << run.out;
+  }
+  EXPECT_GT(files, 20);
+}
 
 TEST_F(StatsOnRealModels, ShowThousandsOfNamesAsAFewPatterns) {
   const Outcome run =

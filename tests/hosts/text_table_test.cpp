@@ -40,8 +40,8 @@ TEST(TextTable, CutsNamesWhereALineWouldBeTooLong) {
             " A_NAM...  12345  ANOTH...\n"
             " B             6  C\n");
   EXPECT_EQ(table.Text(" ", 20),
-            " A_NAM... 12345 ANOTH...\n"
-            " B            6 C\n");
+            " A_...  12345  AN...\n"
+            " B          6  C\n");
 }
 
 TEST(TextTable, IsNothingWithoutLines) { EXPECT_EQ(TextTable({kLeft}).Text(), ""); }
