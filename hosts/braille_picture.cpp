@@ -173,7 +173,7 @@ void Drawing::AppendLetters(std::string& text, std::int32_t y, std::int32_t full
 std::string Drawing::Scale() const {
   if (dots_ > 1 || (picture_.width() == picture_.columns() && picture_.height() == picture_.rows()))
     return "";
-  std::string text = "A dot is up to ";
+  std::string text(kScaleStart);
   text += Counted((picture_.rows() + picture_.height() - 1) / picture_.height(), "row") + " by " +
           Counted((picture_.columns() + picture_.width() - 1) / picture_.width(), "column");
   return text + "; the fullest has " + Counted(picture_.most(), "element") + ".\n";

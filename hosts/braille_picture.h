@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "hosts/screen.h"
 #include "model/model_store.h"
@@ -16,6 +17,9 @@ struct BrailleRoom {
   // Where it draws in colors, letters that stand for few elements are faint, those for many bold.
   Pen pen = {ColorChoice::kNever, {}};
 };
+
+// How the line below a picture begins that says what its dots are, where there is one.
+inline constexpr std::string_view kScaleStart = "A dot is up to ";
 
 // For the help of the command.
 std::string SpyHelp();

@@ -1,5 +1,6 @@
 #include "hosts/made_file.h"
 
+#include "hosts/input_bytes.h"
 #include "hosts/streams.h"
 #include "platform/file_replacement.h"
 #include "platform/files.h"
@@ -16,6 +17,7 @@ void WriteMadeFile(const std::string& path, std::string_view bytes) {
     file.output().Write(bytes);
     file.Commit();
   } catch (const AutomationError& error) {
+    if (IsFolder(path)) throw CommandError(kProblem, path + ": it is a folder, not a file");
     throw CommandError(kProblem, path + ": " + error.description());
   }
 }

@@ -5,6 +5,7 @@
 #include "hosts/model_check.h"
 #include "hosts/printing.h"
 #include "hosts/report_page.h"
+#include "text/upper_case.h"
 #include "text/visible_text.h"
 
 namespace quarvel::hosts {
@@ -12,7 +13,10 @@ namespace {
 
 constexpr std::string_view kStandardOutput = "-";
 
-bool IsPage(std::string_view path) { return path.ends_with(".html") || path.ends_with(".htm"); }
+bool IsPage(std::string_view path) {
+  const std::string upper = text::UpperCase(path);
+  return upper.ends_with(".HTML") || upper.ends_with(".HTM");
+}
 
 void RefuseOutput(const Session& session) {
   const std::string& output = session.arguments.output;

@@ -8,7 +8,9 @@
 #include "hosts/made_file.h"
 #include "hosts/picture_file.h"
 #include "hosts/png_file.h"
+#include "text/cell_width.h"
 #include "text/numbers.h"
+#include "text/upper_case.h"
 #include "text/visible_text.h"
 
 namespace quarvel::hosts {
@@ -20,6 +22,7 @@ constexpr std::size_t kUsualHeight = 40;
 constexpr std::size_t kMostCells = 10000;  // as --width and --height
 // Lines of a screen that are not the picture's: its frame, numbers and words, and the next prompt.
 constexpr std::int32_t kOtherLines = 7;
+constexpr std::int32_t kFrameLines = 3;  // above and below the letters
 
 BrailleRoom TerminalRoom(const Session& session) {
   const Screen& screen = session.streams.screen;
@@ -30,23 +33,62 @@ BrailleRoom TerminalRoom(const Session& session) {
                       .height = std::max(cells(screen.height, kUsualHeight) - kOtherLines, 8),
                       .pen = Pen(session.arguments.color, screen)};
   if (session.arguments.width) room.width = *session.arguments.width;
-  if (session.arguments.height) room.height = *session.arguments.height;
+  if (session.arguments.height) room.height = std::max(*session.arguments.height - kFrameLines, 1);
   return room;
 }
 
 // What makes the bytes of a file of that name. Null for a suffix of no picture.
 using PictureWriter = std::string (*)(const model::ModelStore&, const PictureRoom&);
 PictureWriter WriterFor(std::string_view path) {
-  if (path.ends_with(".svg")) return SvgPicture;
-  return path.ends_with(".png") ? PngPicture : nullptr;
+  const std::string upper = text::UpperCase(path);
+  if (upper.ends_with(".SVG")) return SvgPicture;
+  return upper.ends_with(".PNG") ? PngPicture : nullptr;
 }
 
-void NoteOtherSize(Session& session, std::string_view side, std::optional<std::int32_t> wanted,
+// `unit`: what it is measured in, and in which direction.
+void NoteOtherSize(Session& session, std::string_view unit, std::int32_t wanted,
                    std::int32_t size) {
-  if (!wanted || *wanted == size) return;
-  session.Note(session.arguments.output + " is " + text::IntegerText(size) + " pixels " +
-               std::string(side) + ", not " + text::IntegerText(*wanted) +
+  const std::string& output = session.arguments.output;
+  session.Note((output.empty() ? "the picture" : output) + " is " + text::IntegerText(size) + ' ' +
+               std::string(unit) + ", not " + text::IntegerText(wanted) +
                ": the numbers beside the matrix leave no less");
+}
+
+std::string WithoutColors(std::string_view line) {
+  std::string plain;
+  while (!line.empty()) {
+    const std::size_t code = std::min(line.find('\x1B'), line.size());
+    plain += line.substr(0, code);
+    const std::size_t end = line.find('m', code);
+    line.remove_prefix(end == line.npos ? line.size() : end + 1);
+  }
+  return plain;
+}
+
+// Of characters; without the words below it.
+inspect::PictureSize SizeOfLetters(std::string_view picture) {
+  inspect::PictureSize size = {0, 0};
+  while (!picture.empty() && !picture.starts_with(kScaleStart)) {
+    const std::size_t end = picture.find('\n');
+    const std::size_t cells = text::CellCount(WithoutColors(picture.substr(0, end)));
+    size.width = std::max(size.width, static_cast<std::int32_t>(cells));
+    ++size.height;
+    picture.remove_prefix(end + 1);
+  }
+  return size;
+}
+
+void PrintPicture(Session& session, const std::string& name) {
+  const std::string picture = BraillePicture(session.model().store(), TerminalRoom(session));
+  session.streams.out << text::OneLine(name) + ": " + SizeText(session.model()) + '\n' << picture;
+  const inspect::PictureSize size = SizeOfLetters(picture);
+  const Arguments& arguments = session.arguments;
+  if (arguments.width && size.width > *arguments.width) {
+    NoteOtherSize(session, "characters wide", *arguments.width, size.width);
+  }
+  if (arguments.height && size.height > *arguments.height) {
+    NoteOtherSize(session, "lines high", *arguments.height, size.height);
+  }
 }
 
 void WritePicture(Session& session, PictureWriter writer) {
@@ -57,8 +99,12 @@ void WritePicture(Session& session, PictureWriter writer) {
   WriteMadeFile(path, writer(session.model().store(), room));
   session.streams.out << text::OneLine(path) + ": " + SizeText(session.model()) + '\n';
   const inspect::PictureSize size = PictureSizeOf(session.model().store(), room);
-  NoteOtherSize(session, "wide", room.whole_width, size.width);
-  NoteOtherSize(session, "high", room.whole_height, size.height);
+  if (room.whole_width && *room.whole_width != size.width) {
+    NoteOtherSize(session, "pixels wide", *room.whole_width, size.width);
+  }
+  if (room.whole_height && *room.whole_height != size.height) {
+    NoteOtherSize(session, "pixels high", *room.whole_height, size.height);
+  }
 }
 
 }  // namespace
@@ -66,7 +112,7 @@ void WritePicture(Session& session, PictureWriter writer) {
 std::string SpyHelp() {
   return "Each dot is an element, or some of them where there are more rows or columns than dots. In a "
          "file\nthat ends in .svg or .png darker points have more elements; --width and --height are those of the "
-         "whole\npicture there. One of them alone leaves the other to the shape of the matrix.\n";
+         "whole\npicture, its frame and numbers included. One of them alone leaves the other to the shape of the matrix.\n";
 }
 
 int RunSpy(Session& session) {
@@ -94,9 +140,7 @@ int RunSpy(Session& session) {
     WritePicture(session, writer);
     return kGood;
   }
-  const BrailleRoom room = TerminalRoom(session);
-  session.streams.out << text::OneLine(NameOfInput(model)) + ": " + SizeText(session.model()) + '\n'
-                      << BraillePicture(store, room);
+  PrintPicture(session, NameOfInput(model));
   return kGood;
 }
 

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <filesystem>
 #include <sstream>
 #include <utility>
 
@@ -65,6 +66,34 @@ TEST(Spy, MakesAFileAsWideAsAskedOrSaysWhyNot) {
                           "quarvel: @a.svg is 58 pixels high, not 20: the numbers beside "
                           "the matrix leave no less\n"));
   EXPECT_NE(folder.Read("a.svg").find(" width=\"90\" height=\"58\""), std::string::npos);
+}
+
+TEST(Spy, TakesSizesOfTheWholePictureAndSaysWhereThereIsNoRoom) {
+  const HostFolder folder;
+  const std::string model = folder.Example("transport.mps");
+  const Outcome narrow = RunQuarvel({"spy", model, "--width", "1", "--height", "1"});
+  EXPECT_EQ(
+      narrow.err,
+      "quarvel: the picture is 20 characters wide, not 1: the numbers beside the matrix leave "
+      "no less\nquarvel: the picture is 4 lines high, not 1: the numbers beside the matrix "
+      "leave no less\n");
+  const Outcome fitting =
+      RunQuarvel({"spy", model, "--width", "20", "--height", "5", "--color", "always"});
+  EXPECT_EQ(fitting.err, "");
+  EXPECT_EQ(std::count(fitting.out.begin(), fitting.out.end(), '\n'), 6);
+}
+
+TEST(Spy, TakesSuffixesInEitherCase) {
+  const HostFolder folder;
+  EXPECT_EQ(RunQuarvel({"spy", folder.Example("diet.mps"), "-o", folder.Path("A.SVG")}).status, 0);
+  EXPECT_TRUE(folder.Read("A.SVG").starts_with("<svg "));
+}
+
+TEST(Spy, SaysOfAFolderThatItIsOne) {
+  const HostFolder folder;
+  std::filesystem::create_directory(folder.Path("p.svg"));
+  EXPECT_EQ(RunQuarvel({"spy", folder.Example("diet.mps"), "-o", folder.Path("p.svg")}).err,
+            folder.Expand("quarvel: @p.svg: it is a folder, not a file\n"));
 }
 
 TEST(Spy, RefusesOtherFiles) {
