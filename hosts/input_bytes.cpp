@@ -5,6 +5,7 @@
 #include <cstring>
 #include <utility>
 
+#include "hosts/decoder.h"
 #include "hosts/packing.h"
 #include "platform/automation_error.h"
 #include "platform/files.h"
@@ -77,8 +78,13 @@ void StopAtSecondStandardInput(const std::vector<std::string>& paths) {
 std::unique_ptr<ByteSource> Unpacked(std::unique_ptr<ByteSource> bytes) {
   auto looked_at = std::make_unique<LookedAt>(std::move(bytes));
   const Packing* const packing = PackingOfBytes(looked_at->first());
-  if (packing != nullptr) return packing->unpack(std::move(looked_at));
-  return looked_at;
+  if (packing == nullptr) return looked_at;
+  auto unpacked = std::make_unique<LookedAt>(packing->unpack(std::move(looked_at)));
+  const Packing* const inner = PackingOfBytes(unpacked->first());
+  if (inner == nullptr) return unpacked;
+  if (inner->suffix.empty()) return inner->unpack(std::move(unpacked));
+  RaiseInputFailure("this is packed twice, by " + std::string(packing->name) + " and within by " +
+                    std::string(inner->name) + ": unpack it once first");
 }
 
 std::unique_ptr<ByteSource> InputOpener::operator()() {

@@ -29,7 +29,7 @@ bool IsFolder(const std::string& path);
 // Opens the file at `path`, or standard input. What has no size, as a pipe, can be had once: null when it is
 // asked for again.
 // Raises what opening raises, of a folder saying that it is one, and 57 with a description of its own for what is compressed in a way that
-// this build cannot read. Reading raises 57 for compressed data that are damaged or cut off.
+// this build cannot read, for archives, and for what is packed twice. Reading raises 57 for compressed data that are damaged or cut off.
 class InputOpener {
  public:
   InputOpener(std::string path, const Streams& streams)

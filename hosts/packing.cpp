@@ -15,6 +15,9 @@ using platform::ByteSource;
 std::unique_ptr<ByteSource> RefuseZip(std::unique_ptr<ByteSource>) {
   RaiseInputFailure("this is a zip archive: unpack it first");
 }
+std::unique_ptr<ByteSource> RefuseTar(std::unique_ptr<ByteSource>) {
+  RaiseInputFailure("this is a tar archive: unpack it first (tar -xf does)");
+}
 std::unique_ptr<ByteSource> RefuseCompress(std::unique_ptr<ByteSource>) {
   RaiseInputFailure("this was packed by compress: unpack it first (gzip -d does)");
 }
@@ -46,13 +49,14 @@ constexpr Packing kPackings[] = {
     {"xz",
      {"\xFD"
       "7zXZ\0",
-      kPackingBytes},
+      6},
      ".xz",
      XzDecoder,
      kXzEncoder},
     {"zstd", "\x28\xB5\x2F\xFD", ".zst", ZstdDecoder, kZstdEncoder},
     {"zip", "PK\x03\x04", "", RefuseZip, nullptr},
     {"compress", "\x1F\x9D", "", RefuseCompress, nullptr},
+    {"tar", "ustar", "", RefuseTar, nullptr, 257},
 };
 
 template <class Test>
@@ -64,7 +68,9 @@ const Packing* Find(const Test& test) {
 }  // namespace
 
 const Packing* PackingOfBytes(std::string_view first) {
-  return Find([first](const Packing& packing) { return first.starts_with(packing.first); });
+  return Find([first](const Packing& packing) {
+    return first.size() >= packing.place && first.substr(packing.place).starts_with(packing.first);
+  });
 }
 
 const Packing* PackingOfSuffix(std::string_view path) {

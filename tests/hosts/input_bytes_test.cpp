@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include "hosts/packing.h"
 #include "platform/automation_error.h"
 #include "tests/support/given_bytes.h"
 #include "tests/support/run_quarvel.h"
@@ -173,6 +174,37 @@ TEST(InputBytes, OfOtherPackersAreRefused) {
   EXPECT_EQ(FailureOf("\x1F\x9D and more"),
             "this was packed by compress: unpack it first (gzip -d does)");
 }
+
+TEST(InputBytes, OfAnArchiveAreNoModel) {
+  std::string tar(512, '\0');
+  tar.replace(0, 8, "diet.mps");
+  tar.replace(257, 5, "ustar");
+  EXPECT_EQ(FailureOf(tar + std::string(kTiny)),
+            "this is a tar archive: unpack it first (tar -xf does)");
+}
+
+#ifdef QUARVEL_HAS_ZLIB
+TEST(InputBytes, ThatArePackedTwiceAreTold) {
+  class Kept : public platform::ByteSink {
+   public:
+    void Write(std::string_view bytes) override { text += bytes; }
+    void Finish() override {}
+    std::string text;
+  };
+  const auto pack = [](std::string_view bytes) {
+    Kept kept;
+    const auto packer = PackingOfSuffix("a.gz")->pack(kept);
+    packer->Write(bytes);
+    packer->Finish();
+    return kept.text;
+  };
+  EXPECT_EQ(FailureOf(pack(pack(kTiny))),
+            "this is packed twice, by gzip and within by gzip: unpack it once first");
+  std::string tar(600, '\0');
+  tar.replace(257, 5, "ustar");
+  EXPECT_EQ(FailureOf(pack(tar)), "this is a tar archive: unpack it first (tar -xf does)");
+}
+#endif
 
 TEST(InputBytes, OfStandardInputAreReadOnce) {
   const Outcome run = RunQuarvel({"info", "-"}, std::string(kTiny));
