@@ -153,7 +153,7 @@ class Completer {
   }
 
   void OfferValues(const Option& option) {
-    if (option.id == kObjectiveRow) return OfferNames({&model::kRowKind}, "");
+    if (option.id == kObjectiveRow) return OfferNames({&model::kRowKind}, "", IsFreeRow);
     if (option.id == kSort || option.id == kFields) return OfferKeys();
     if (option.id == kType) return OfferTypes();
     if (option.id == kOnly || option.id == kIgnore) return OfferProblems();
@@ -252,7 +252,14 @@ class Completer {
     return command.name == model::kColumnKind.noun ? Wanted::kColumn : Wanted::kRecord;
   }
 
-  void OfferNames(std::initializer_list<const model::RecordKind*> kinds, std::string_view end) {
+  using Test = bool (*)(const LPModel& model, std::int32_t index);
+  static bool IsFreeRow(const LPModel& model, std::int32_t row) {
+    return model::RowTypeOf(model.RowType(row)) == model::RowType::kFree;
+  }
+
+  // Of the records that the test, if there is one, lets pass.
+  void OfferNames(std::initializer_list<const model::RecordKind*> kinds, std::string_view end,
+                  Test test = nullptr) {
     if (typed_.operands.empty()) return;
     const Arguments arguments;
     Session session(arguments, streams_);
@@ -266,6 +273,7 @@ class Completer {
         const std::string name = (session.model().*kind->name)(i);
         if (!name.starts_with(typed) && !name.starts_with(upper)) continue;
         if (text::VisibleText(name) != name) continue;
+        if (test != nullptr && !test(session.model(), i)) continue;
         completion_.candidates.push_back(
             {std::string(kept_).append(name).append(end), std::string(kind->noun)});
       }

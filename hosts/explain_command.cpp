@@ -111,6 +111,17 @@ std::string NamesOf(const std::vector<RecordOrigin>& records) {
   return names;
 }
 
+std::string NumbersOf(const std::vector<RecordOrigin>& records) {
+  std::string numbers;
+  for (const RecordOrigin& record : records) {
+    if (record.number == 0) continue;
+    if (!numbers.empty()) numbers += " and ";
+    numbers.append(record.is_row ? "row #" : "column #");
+    numbers += text::IntegerText(model::Public(record.number));
+  }
+  return numbers;
+}
+
 // Whether the name that was found is that of every record of the number.
 bool AreSame(const std::vector<RecordOrigin>& named, const std::vector<RecordOrigin>& numbered) {
   return std::equal(named.begin(), named.end(), numbered.begin(),
@@ -171,7 +182,8 @@ class ExplainedRead {
     if (AreSame(named, numbered)) return;
     const std::string name = text::UpperCase(text);
     if (IsForcedNumber(text)) {
-      return session_.Note(text + " is taken as a number; there is a name " + name + " too");
+      return session_.Note(text + " is taken as a number; the name " + name + " is that of " +
+                           NumbersOf(named));
     }
     session_.Note(text + " is taken as a name; #" + text + " is " + NamesOf(numbered));
   }

@@ -4,6 +4,8 @@
 #include <array>
 #include <utility>
 
+#include "text/upper_case.h"
+
 namespace quarvel::text {
 namespace {
 
@@ -61,6 +63,15 @@ class BandedTable {
   Band last_;
 };
 
+// A shorter one begins too much.
+constexpr std::size_t kLeastStart = 2;
+
+std::string Folded(std::string_view word) {
+  std::string folded(word);
+  std::transform(folded.begin(), folded.end(), folded.begin(), UpperCaseAscii);
+  return folded;
+}
+
 }  // namespace
 
 std::size_t EditDistance(std::string_view a, std::string_view b, std::size_t limit) {
@@ -71,10 +82,13 @@ std::size_t EditDistance(std::string_view a, std::string_view b, std::size_t lim
 }
 
 NearestWords::NearestWords(std::string_view wanted)
-    : wanted_(wanted), limit_(std::clamp<std::size_t>(wanted.size() / 3, 1, 3)) {}
+    : wanted_(Folded(wanted)), limit_(std::clamp<std::size_t>(wanted.size() / 3, 1, 3)) {}
 
 void NearestWords::Offer(std::string_view word) {
-  const std::size_t distance = EditDistance(wanted_, word, limit_);
+  const std::string folded = Folded(word);
+  const bool may_be_start = wanted_.size() >= kLeastStart && longer_.size() < kMost;
+  if (may_be_start && folded.starts_with(wanted_)) longer_.emplace_back(word);
+  const std::size_t distance = EditDistance(wanted_, folded, limit_);
   // A word of which nothing is left is no mistyped one.
   if (distance > limit_ || distance >= std::max(wanted_.size(), word.size())) return;
   if (distance < limit_) words_.clear();

@@ -104,6 +104,7 @@ TEST(Completion, ReadsNamesFromTheModel) {
   EXPECT_EQ(Candidates({"evaluate", diet, "CO"}), Strings{"COST"});
   EXPECT_EQ(Candidates({"evaluate", diet, "COST", "BREAD=2", "MI"}), Strings{"MILK="});
   EXPECT_EQ(Candidates({"info", diet, "--objective", "CO"}), Strings{"COST"});
+  EXPECT_EQ(Candidates({"info", diet, "--objective", ""}), Strings{"COST"});
   EXPECT_EQ(Candidates({"info", diet, "--objective=CO"}), Strings{"--objective=COST"});
   EXPECT_EQ(CompletionOf({"explain", diet, "CAB"}).candidates.at(0).purpose, "column");
 }

@@ -179,7 +179,7 @@ TEST(Explain, TakesNumbersBehindANumberSignWhateverTheNamesAre) {
   EXPECT_EQ(plain.err, "");
   const Outcome forced = RunQuarvel({"explain", model, "#1"});
   EXPECT_TRUE(forced.out.starts_with("row 0 (number 1)\n")) << forced.out;
-  EXPECT_EQ(forced.err, "quarvel: #1 is taken as a number; there is a name #1 too\n");
+  EXPECT_EQ(forced.err, "quarvel: #1 is taken as a number; the name #1 is that of row #0\n");
   const Outcome named = RunQuarvel({"explain", model, "0"});
   EXPECT_TRUE(named.out.starts_with("row 0 (number 1)\n")) << named.out;
   EXPECT_EQ(named.err, "quarvel: 0 is taken as a name; #0 is row #1 and column X\n");

@@ -70,6 +70,17 @@ TEST(NearestWords, AreTheFirstOfTheNearest) {
   EXPECT_EQ(Nearest("X", {"Y", "Z"}), Words{});
 }
 
+TEST(NearestWords, MayBeginWithWhatWasTyped) {
+  EXPECT_EQ(Nearest("cal", {"CALCIUM", "CALORIES", "BREAD"}), (Words{"CALCIUM", "CALORIES"}));
+  EXPECT_EQ(Nearest("--lim", {"--limit", "--list"}), Words{"--limit"});
+  EXPECT_EQ(Nearest("c", {"CALCIUM"}), Words{});
+}
+
+TEST(NearestWords, AreNearInEitherCase) {
+  EXPECT_EQ(Nearest("ROWS", {"row", "rows"}), Words{"rows"});
+  EXPECT_EQ(Nearest("SET-NAEM", {"set-name"}), Words{"set-name"});
+}
+
 TEST(NearestWords, AreAskedFor) {
   EXPECT_EQ(DidYouMean({}), "");
   EXPECT_EQ(DidYouMean({"A"}), "; did you mean A?");
