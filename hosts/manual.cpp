@@ -1,5 +1,6 @@
 #include "hosts/manual.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "hosts/command_examples.h"
@@ -32,6 +33,23 @@ std::string Roff(std::string_view text) {
   }
   if (!roff.ends_with('\n')) roff += '\n';
   return roff;
+}
+
+// The same of a help text, whose lines that stand further in are a list: one below the other, as they are.
+std::string RoffOfHelp(std::string_view text) {
+  std::string roff;
+  bool is_list = false;
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    const std::string_view line = text.substr(0, end);
+    if (line.starts_with("  ") != is_list) {
+      is_list = !is_list;
+      roff += is_list ? ".RS 2\n.nf\n" : ".fi\n.RE\n.PP\n";
+    }
+    roff += Roff(line);
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return is_list ? roff + ".fi\n.RE\n" : roff;
 }
 
 std::string Line(std::string_view text) {
@@ -107,7 +125,7 @@ std::string SeeAlso(const Command* command) {
 
 std::string Description(const Command& command) {
   std::string text = ".SH DESCRIPTION\n";
-  text += Roff(command.details == nullptr ? std::string(command.summary) : command.details());
+  text += RoffOfHelp(command.details == nullptr ? std::string(command.summary) : command.details());
   if (TakesNames(command)) text += ".PP\n" + Roff(NamesHelp());
   return text + Examples(command.name) + ".SH OPTIONS\n" + OptionEntries(command.options);
 }

@@ -36,5 +36,15 @@ TEST(ManualPages, AreShownByMan) {
   EXPECT_NE(shown.find("--limit N|all"), std::string::npos) << shown;
 }
 
+TEST(ManualPages, ShowTheEditCommandsOneBelowTheOther) {
+  if (!HasProgram("man")) GTEST_SKIP() << "there is no man: cmake/setup.sh shells installs it";
+  const HostFolder folder;
+  const std::string page = folder.Write("page.1", hosts::ManualPage(&hosts::CommandOf("edit")));
+  const std::string shown =
+      ShellOutput("MANPAGER=cat MANWIDTH=80 MANROFFOPT=-c man -l '" + page + "' 2>&1 | col -bx");
+  EXPECT_NE(shown.find("add-row                 NAME N|G|L|E|R\n"), std::string::npos) << shown;
+  EXPECT_NE(shown.find("  simplify\n"), std::string::npos) << shown;
+}
+
 }  // namespace
 }  // namespace quarvel
