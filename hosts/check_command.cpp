@@ -61,7 +61,7 @@ class Summary {
     };
     add(with_errors_, "with errors");
     add(with_warnings_, "with warnings only");
-    add(files_ - with_errors_ - with_warnings_, "with neither");
+    add(files_ - with_errors_ - with_warnings_, "without errors or warnings");
     return text;
   }
 

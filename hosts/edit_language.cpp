@@ -281,7 +281,10 @@ std::string EditHelp() {
          "Bounds may be -inf and inf. Types and bounds of rows do not follow each other: a range "
          "is\n"
          "set-row-type ROW R and set-row-bounds ROW LOWER UPPER. Sense and constant of the objective "
-         "are\nwritten with --layout free alone.\n";
+         "are\nwritten with --layout free alone.\n"
+         "Without --layout the file is laid out as the component does it (fixed), which has twelve "
+         "characters\nfor a number: --layout free keeps all digits. OUT may be IN, which is then "
+         "replaced whole or not at all.\n";
 }
 
 }  // namespace quarvel::hosts

@@ -30,6 +30,18 @@ void Set(Point& point, const std::string& pair, const std::string& file) {
   }
 }
 
+void NoteRepeated(Session& session, const Point& point) {
+  const Point::Names& repeated = point.repeated();
+  if (repeated.count == 0) return;
+  std::string text = Counted(repeated.count, "value") + " given again, the last one counts: ";
+  for (const std::string& name : repeated.first) {
+    if (&name != &repeated.first.front()) text += ", ";
+    text += name;
+  }
+  const bool has_more = repeated.count > static_cast<std::int64_t>(repeated.first.size());
+  session.Note(has_more ? text + ", ..." : text);
+}
+
 }  // namespace
 
 int RunEvaluate(Session& session) {
@@ -45,6 +57,7 @@ int RunEvaluate(Session& session) {
   for (std::size_t i = 2; i < arguments.operands.size(); ++i) {
     Set(point, arguments.operands[i], arguments.operands[0]);
   }
+  NoteRepeated(session, point);
   double activity = 0;
   model.RowBodyValue(row, point.values(), activity);
   session.streams.out << (arguments.json ? ActivityJson(session, row, activity)

@@ -32,6 +32,9 @@ constexpr std::string_view kOtherFormats[] = {
     ".DB",
     ".SQLITE",
     ".PARQUET",
+    ".NPY",
+    ".NPZ",
+    ".PKL",
     // pictures and pages
     ".SVG",
     ".PNG",
@@ -42,8 +45,14 @@ constexpr std::string_view kOtherFormats[] = {
     ".TIF",
     ".TIFF",
     ".WEBP",
+    ".ICO",
+    ".MP3",
+    ".MP4",
+    ".WAV",
     ".HTML",
     ".HTM",
+    ".XHTML",
+    ".CSS",
     ".PDF",
     ".PS",
     ".EPS",
@@ -74,6 +83,14 @@ constexpr std::string_view kOtherFormats[] = {
     ".LZ4",
     ".LZMA",
     ".LZO",
+    ".ZSTD",
+    ".BZ",
+    ".GZIP",
+    ".BZIP2",
+    ".TAZ",
+    ".TBZ",
+    ".DEB",
+    ".RPM",
     ".BR",
     ".ISO",
     // programs
@@ -93,6 +110,8 @@ constexpr std::string_view kOtherFormats[] = {
     ".EXE",
     ".DLL",
     ".SO",
+    ".O",
+    ".A",
 };
 
 }  // namespace
@@ -113,7 +132,7 @@ std::string ObjectionToOutput(std::string_view path) {
   if (found == std::end(kOtherFormats)) return {};
   const std::string suffix(path.substr(path.size() - found->size()));
   return "is no name for an MPS file: " + suffix +
-         " is another format; names that end in .mps, or anything else, are fine";
+         " is another format; a name that ends in .mps is fine, packed in .mps.gz, .bz2, .xz or .zst";
 }
 
 }  // namespace quarvel::hosts

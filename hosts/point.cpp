@@ -101,7 +101,9 @@ void Point::Set(std::string_view pair, int status_of_bad_text) {
     throw CommandError(status_of_bad_text, "the value of " + std::string(name) + ", \"" +
                                                std::string(value) + "\", is not a number");
   }
-  SetColumn(FindRecord(model_, model::kColumnKind, name, note_), *number);
+  const std::int32_t column = FindRecord(model_, model::kColumnKind, name, note_);
+  if (!paired_.insert(column).second) repeated_.Add(model_.ColName(column));
+  SetColumn(column, *number);
 }
 
 void Point::SetFromFile(const std::string& path, const Streams& streams, UnknownName unknown) {

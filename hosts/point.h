@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -50,7 +51,8 @@ class Point {
   Names Missing() const;
   // There are columns, and nobody gave any of them.
   bool GivesNone() const;
-  // Of files: names that the model does not have, and those that were given again.
+  // Names in files that the model does not have; columns that a file, or Set, was given again. What Set
+  // replaces of a file is none.
   const Names& unknown() const { return unknown_; }
   const Names& repeated() const { return repeated_; }
 
@@ -67,6 +69,7 @@ class Point {
   inspect::SolutionKind kind_ = inspect::SolutionKind::kPairs;
   Names unknown_;
   Names repeated_;
+  std::set<std::int32_t> paired_;  // columns that Set was given
 };
 
 // Raises a CommandError of status kUsage where both are.

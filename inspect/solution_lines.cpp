@@ -48,7 +48,7 @@ std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\
 std::string TakeValue(std::int64_t line, std::string_view name, std::string_view value,
                       SolutionUser& user) {
   const std::optional<double> number = text::ParseNumber(Trimmed(value));
-  if (!number) return Quoted(value) + " is not a number";
+  if (!number) return Quoted(Trimmed(value)) + " is not a number";
   user.Take({.line = line, .name = Trimmed(name), .value = *number});
   return {};
 }

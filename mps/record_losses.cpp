@@ -27,7 +27,9 @@ void RecordLosses::AddLimits(std::int32_t number, const model::Bounds& back, boo
   const std::string limits =
       "of type " + model::TypeText(row.Type) + " has the limits " + IntervalText(row) + ", which ";
   const std::string becomes = limits + "read back as " + IntervalText(back);
-  if (row.Type == model::RowType::kFree) return AddRow(LossKind::kFreeRowLimits, number, becomes);
+  if (row.Type == model::RowType::kFree) {
+    return AddRow(LossKind::kFreeRowLimits, number, becomes + ": this type limits nothing");
+  }
   if (is_reversed)
     return AddRow(LossKind::kReversed, number, limits + std::string(ReversedWords(row)));
   if (changes) return AddRow(LossKind::kRowLimits, number, becomes);

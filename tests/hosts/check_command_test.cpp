@@ -275,21 +275,24 @@ class CheckOfSeveral : public ::testing::Test {
 TEST_F(CheckOfSeveral, EndsInALineAboutAllAndTheStatusOfTheWorst) {
   const Outcome run = RunQuarvel({"check", good_, bad_, risky_});
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.out, RunQuarvel({"check", good_}).out + RunQuarvel({"check", bad_}).out +
-                         RunQuarvel({"check", risky_}).out +
-                         "3 files: 1 with errors, 1 with warnings only, 1 with neither\n");
+  EXPECT_EQ(run.out,
+            RunQuarvel({"check", good_}).out + RunQuarvel({"check", bad_}).out +
+                RunQuarvel({"check", risky_}).out +
+                "3 files: 1 with errors, 1 with warnings only, 1 without errors or warnings\n");
   const Outcome warnings = RunQuarvel({"check", risky_, good_});
   EXPECT_EQ(warnings.status, 3);
-  EXPECT_TRUE(warnings.out.ends_with("\n2 files: 1 with warnings only, 1 with neither\n"));
+  EXPECT_TRUE(
+      warnings.out.ends_with("\n2 files: 1 with warnings only, 1 without errors or warnings\n"));
   const Outcome clean = RunQuarvel({"check", good_, good_});
   EXPECT_EQ(clean.status, 0);
-  EXPECT_TRUE(clean.out.ends_with("\n2 files: 2 with neither\n"));
+  EXPECT_TRUE(clean.out.ends_with("\n2 files: 2 without errors or warnings\n"));
 }
 
 TEST_F(CheckOfSeveral, GoesOnBehindAFileThatCannotBeRead) {
   const Outcome run = RunQuarvel({"check", folder_.Path("none.mps"), good_});
   EXPECT_EQ(run.status, 1);
-  EXPECT_TRUE(run.out.ends_with("\n2 files: 1 with errors, 1 with neither\n")) << run.out;
+  EXPECT_TRUE(run.out.ends_with("\n2 files: 1 with errors, 1 without errors or warnings\n"))
+      << run.out;
 }
 
 TEST_F(CheckOfSeveral, PrintsAnObjectALine) {

@@ -69,6 +69,19 @@ TEST(Evaluate, FindsColumnsWithEqualsSignsInTheirNames) {
   EXPECT_EQ(RunQuarvel({"evaluate", model, "R1", "A=B=2"}).out, "6\n");
 }
 
+TEST(Evaluate, SaysWhichValuesAreGivenAgain) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", kSmallModel);
+  const Outcome typed = RunQuarvel({"evaluate", model, "R1", "X=2", "X=3"});
+  EXPECT_EQ(typed.out, "3\n");
+  EXPECT_EQ(typed.err, "quarvel: 1 value given again, the last one counts: X\n");
+  const std::string point = folder.Write("p", "X 2\nX 5\n");
+  EXPECT_EQ(RunQuarvel({"evaluate", model, "R1", "--point", point}).err,
+            "quarvel: 1 value given again, the last one counts: X\n");
+  const std::string once = folder.Write("q", "X 2\n");
+  EXPECT_EQ(RunQuarvel({"evaluate", model, "R1", "X=3", "--point", once}).err, "");
+}
+
 TEST(Evaluate, PrintsInfinityAsEveryCommandDoes) {
   const HostFolder folder;
   const std::string model = folder.Write("a.mps", "ROWS\n L R1\nCOLUMNS\n X R1 -10\nENDATA\n");
@@ -107,7 +120,7 @@ TEST(Evaluate, NamesTheLineOfABadPointsFile) {
     const char* complaint;
   } cases[] = {
       {"X 1\nY\n", "@p:2: \"Y\" is not NAME VALUE or NAME=VALUE"},
-      {"\n#\nX 1 2\n", "@p:3: \" 1 2\" is not a number"},
+      {"\n#\nX 1 2\n", "@p:3: \"1 2\" is not a number"},
       {"Q = 1", "@p:1: there is no column Q"},
       {"9 1", "@p:1: there is no column 9; columns are numbered from 0 to 1"},
   };

@@ -146,7 +146,8 @@ TEST_F(LossyEdit, NotesWhatReadsBackAnotherWay) {
       {{"-c", "add-element R2 Y 1", "-c", "delete-element R2 X", "-c", "add-element R2 X 1"},
        "row R2 (number 1) reads back with its elements in another order"},
       {{"-c", "set-row-type R2 N"},
-       "row R2 (number 1) of type N has the limits [-inf, 8], which read back as [-inf, inf]"},
+       "row R2 (number 1) of type N has the limits [-inf, 8], which read back as [-inf, inf]: this "
+       "type limits nothing"},
       {{"-c", "set-name \"two words\""}, "the model's name \"two words\" reads back as \"TWO\""},
       {{"-c", "set-description \" x\""},
        "the model's description loses blanks around its lines, or empty lines at its ends"},

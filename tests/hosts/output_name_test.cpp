@@ -15,13 +15,14 @@ TEST(OutputName, IsRefusedWhereItsSuffixSaysAnotherFormat) {
        {"a.mps", "a", "a.txt", "gz", "a.gz.mps", "dir.lp/a", "a.mps.bak"}) {
     EXPECT_EQ(ObjectionToOutput(path), "") << path;
   }
-  EXPECT_EQ(
-      ObjectionToOutput("a.mps.Zip"),
-      "is no name for an MPS file: .Zip is another format; names that end in .mps, or anything "
-      "else, are fine");
+  EXPECT_EQ(ObjectionToOutput("a.mps.Zip"),
+            "is no name for an MPS file: .Zip is another format; a name that ends in .mps is "
+            "fine, packed in .mps.gz, .bz2, .xz or .zst");
   for (const char* const path :
-       {"a.lp", "a.png", "a.svg", "a.PDF", "a.jpg", "a.docx", "a.tar", "a.tar.gz", "a.tgz", "a.rar",
-        "a.mps.7z", "a.mps.Z", "a.mps.lz4", "a.mps.br", "a.xml", "a.py"}) {
+       {"a.lp",      "a.png",    "a.svg", "a.PDF",    "a.jpg",  "a.docx", "a.tar",
+        "a.tar.gz",  "a.tgz",    "a.rar", "a.mps.7z", "a.zstd", "a.bz",   "a.taz",
+        "a.tbz",     "a.deb",    "a.rpm", "a.mp3",    "a.npy",  "a.o",    "a.mps.Z",
+        "a.mps.lz4", "a.mps.br", "a.xml", "a.py"}) {
     EXPECT_NE(ObjectionToOutput(path), "") << path;
   }
 }
@@ -29,10 +30,9 @@ TEST(OutputName, IsRefusedWhereItsSuffixSaysAnotherFormat) {
 TEST(OutputName, MaySayHowTheFileIsPacked) {
   EXPECT_EQ(ObjectionToOutput("a.mps.gz"), "");
   EXPECT_EQ(ObjectionToOutput("a.GZ"), "");
-  EXPECT_EQ(
-      ObjectionToOutput("a.lp.gz"),
-      "is no name for an MPS file: .lp is another format; names that end in .mps, or anything "
-      "else, are fine");
+  EXPECT_EQ(ObjectionToOutput("a.lp.gz"),
+            "is no name for an MPS file: .lp is another format; a name that ends in .mps is "
+            "fine, packed in .mps.gz, .bz2, .xz or .zst");
 }
 
 TEST(OutputName, IsLookedAtBeforeAnythingIsWritten) {

@@ -220,7 +220,7 @@ TEST(Why, NamesTheLineOfABadPoint) {
   const std::string model = folder.Write("a.mps", kPointModel);
   const Outcome run = RunQuarvel({"why", model, folder.Write("p", "X 1\nY one\n")});
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.err, folder.Expand("quarvel: @p:2: \" one\" is not a number\n"));
+  EXPECT_EQ(run.err, folder.Expand("quarvel: @p:2: \"one\" is not a number\n"));
   EXPECT_EQ(RunQuarvel({"why", model, folder.Path("missing")}).err,
             folder.Expand("quarvel: @missing: File not found\n"));
 }

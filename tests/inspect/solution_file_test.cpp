@@ -221,7 +221,7 @@ TEST(SolutionFile, SaysWhatItCannotRead) {
     const char* complaint;
   } cases[] = {
       {"X 1\nY\n", "2: \"Y\" is not NAME VALUE or NAME=VALUE"},
-      {"X 1 2\n", "1: \" 1 2\" is not a number"},
+      {"X 1 2\n", "1: \"1 2\" is not a number"},
       {"X=inf\nY\n", "1: \"inf\" is not a number"},
       {"Problem:    P\nRows:       0\nColumns:    0\n", "0: there are no columns"},
       {report.substr(0, report.find("                    B")) + "\n",
@@ -257,7 +257,7 @@ TEST(SolutionFile, SaysWhatItCannotRead) {
 TEST(SolutionFile, TellsTheKindByTheFirstLinesOnly) {
   std::string late(kTellingLines, '\n');
   late += "Actual values of the variables:\nX 1\n";
-  EXPECT_EQ(Read(late).complaint, "201: \" values of the variables:\" is not a number");
+  EXPECT_EQ(Read(late).complaint, "201: \"values of the variables:\" is not a number");
   late.erase(0, 1);
   EXPECT_EQ(Read(late).values, "--\n--\n201 X=1\n");
 }

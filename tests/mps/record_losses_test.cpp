@@ -52,7 +52,8 @@ TEST(RecordLosses, NameWhatBecomesOfTheLimitsOfARow) {
        {4, 9},
        {-kNone, kNone},
        true,
-       {"row T (number 0) of type N has the limits [4, 9], which read back as [-inf, inf]"}},
+       {"row T (number 0) of type N has the limits [4, 9], which read back as [-inf, inf]: this type "
+        "limits nothing"}},
   };
   for (const LimitCase& c : cases) {
     HandMadeModel made;
