@@ -93,6 +93,17 @@ TEST_F(WriteFileTest, GivesAStreamWhatItWouldWrite) {
   EXPECT_EQ(kept.text, folder_.Read("b.mps"));
 }
 
+TEST_F(WriteFileTest, GivesAStreamALargeModelWhole) {
+  std::string model = "ROWS\n N C\nCOLUMNS\n";
+  for (int i = 1; i <= 30'000; ++i) model += " X" + std::to_string(i) + " C 1\n";
+  ASSERT_EQ(Write(model + "ENDATA\n", {}).outcome, kWritten);
+  KeptText kept;
+  const FileWrite write = WriteStream(store_, {}, kept, {});
+  EXPECT_EQ(write.outcome, kWritten);
+  EXPECT_GT(kept.text.size(), 500'000U);
+  EXPECT_TRUE(kept.text == folder_.Read("b.mps"));
+}
+
 TEST_F(WriteFileTest, GivesAStreamNothingThatLosesSomething) {
   ASSERT_EQ(Write(kLossy, {}).outcome, kWritten);
   KeptText kept;

@@ -43,6 +43,36 @@ TEST(Gaps, ClosingForgetsEverything) {
   EXPECT_EQ(gaps.gone(), 0);
 }
 
+TEST(Gaps, AppendingIsTakenBackAsIfItHadNotBeen) {
+  Gaps gaps;
+  gaps.Open(4);
+  gaps.Note(2);
+  gaps.Append();
+  EXPECT_EQ(gaps.PositionOf(4), 5);
+  gaps.TakeBackAppend();
+  EXPECT_EQ(gaps.stored(), 4);
+  EXPECT_EQ(gaps.gone(), 1);
+  EXPECT_EQ(gaps.first_gone(), 2);
+  gaps.Append();
+  gaps.Note(5);
+  gaps.TakeBackAppend();
+  EXPECT_EQ(gaps.gone(), 1);
+  EXPECT_EQ(gaps.first_gone(), 2);
+  EXPECT_EQ(gaps.PositionOf(3), 4);
+  EXPECT_EQ(gaps.NumberOf(4), 3);
+}
+
+TEST(Gaps, TheFirstThatIsGoneMayBeTakenBack) {
+  Gaps gaps;
+  gaps.Open(1);
+  gaps.Append();
+  gaps.Note(2);
+  EXPECT_EQ(gaps.first_gone(), 2);
+  gaps.TakeBackAppend();
+  EXPECT_EQ(gaps.first_gone(), 0);
+  EXPECT_EQ(gaps.gone(), 0);
+}
+
 // Removals and new positions in any order, against the list of what is left.
 TEST(Gaps, AgreesWithAListOfWhatIsLeft) {
   std::mt19937 random(7);
