@@ -113,6 +113,27 @@ void Answers::TellRest() {
   }
 }
 
+// Whoever reads a terminal clicks nothing.
+platform::Box Answers::AsAsked(const Box& box) {
+  Box asked = box;
+  if (box.kind != platform::BoxKind::kConflict) return asked;
+  asked.title = "A row of " + file + " against its column's bounds";
+  asked.question =
+      "yes (or remove) removes the row, no (reset) resets the bounds to it, cancel (stop) stops "
+      "converting\r\nrows; all removes each such row that comes.";
+  return asked;
+}
+
+// The words of its option.
+std::string_view Answers::WordFor(const Box& box, MsgBoxResult result) {
+  const QuestionOption* const option = DecisionOn(box.kind).option;
+  if (option == nullptr) return {};
+  const auto given =
+      std::find_if(option->answers.begin(), option->answers.end(),
+                   [result](const GivenAnswer& answer) { return answer.answer == result; });
+  return given == option->answers.end() ? std::string_view() : given->word;
+}
+
 std::optional<std::string> Answers::AnswerFile(const platform::FileDialog&) { return file; }
 
 bool Answers::DriveForm(platform::Form& form) {

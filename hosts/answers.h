@@ -37,6 +37,8 @@ class Answers : public platform::ConsoleAnswers {
 
   std::optional<platform::MsgBoxResult> AnswerBox(const platform::Box& box, bool& print) override;
   bool TellPassedOver(const platform::Box& box) override;
+  platform::Box AsAsked(const platform::Box& box) override;
+  std::string_view WordFor(const platform::Box& box, platform::MsgBoxResult result) override;
   std::optional<std::string> AnswerFile(const platform::FileDialog& dialog) override;
   bool DriveForm(platform::Form& form) override;
 

@@ -173,8 +173,8 @@ constexpr Option kMoreOptions[] = {
     {kScript, "--script", "", "", "print the edit commands that make A equal to B",
      [](Arguments& a, std::string_view) { return a.script = true; }},
     {0, "--color", "", "auto|always|never",
-     "colors: on a terminal (the default), always or never;\nNO_COLOR in the environment turns the "
-     "default off",
+     "colors of lists, numbers and problems: on a terminal (the\ndefault), always or never; NO_COLOR in "
+     "the environment turns\nthe default off",
      [](Arguments& a, std::string_view v) { return Choose(a.color, kColorWords, v); }},
     {kLayout, "--layout", "", "free|fixed",
      "free: what gives the model back bit for bit; fixed: what\nthe component writes",

@@ -77,8 +77,9 @@ MsgBoxResult ConsoleDesktop::MsgBox(const Box& box) {
     return MsgBoxResult::kYes;
   }
   if (print || ask) {
-    if (look.asks() || box.title != kDefaultTitle) WriteError(AsLines(box.title));
-    WriteError(console::BoxLines(box));
+    const Box shown = ask ? answers_.AsAsked(box) : box;
+    if (look.asks() || shown.title != kDefaultTitle) WriteError(AsLines(shown.title));
+    WriteError(console::BoxLines(shown));
   }
   if (!look.asks()) return MsgBoxResult::kOk;
   if (ask) return AskUser(box);
@@ -89,7 +90,9 @@ MsgBoxResult ConsoleDesktop::MsgBox(const Box& box) {
 
 MsgBoxResult ConsoleDesktop::AskUser(const Box& box) {
   using Reach = console::Reply::Reach;
-  const console::Reply reply = user_.AskButton(box.look(), ComesAgain(box.kind));
+  const console::Reply reply =
+      user_.AskButton(box.look(), ComesAgain(box.kind),
+                      [this, &box](MsgBoxResult result) { return answers_.WordFor(box, result); });
   if (reply.reach == Reach::kAll) agreed_.insert(box.kind);
   has_quit_ = reply.reach == Reach::kQuit;
   return reply.result;

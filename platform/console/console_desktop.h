@@ -33,6 +33,10 @@ class ConsoleAnswers {
   virtual std::optional<MsgBoxResult> AnswerBox(const Box&, bool&) { return std::nullopt; }
   // A question gets the Yes that the user gave to all of its kind, unasked. False: its statement is printed.
   virtual bool TellPassedOver(const Box&) { return false; }
+  // The box as the user at the terminal is asked it: the component's words may speak of windows.
+  virtual Box AsAsked(const Box& box) { return box; }
+  // What that answer of a box is called beside its button; empty for nothing.
+  virtual std::string_view WordFor(const Box&, MsgBoxResult) { return {}; }
   // A file dialog; the path to answer.
   virtual std::optional<std::string> AnswerFile(const FileDialog&) { return std::nullopt; }
   // A form waits for its user. True when the answers drove it (selected options, pressed a button).

@@ -97,11 +97,15 @@ std::optional<std::string> ConsoleUser::Ask(std::string_view prompt) {
   return line;
 }
 
-Reply ConsoleUser::AskButton(const BoxLook& look, bool comes_again) {
+Reply ConsoleUser::AskButton(const BoxLook& look, bool comes_again, const OtherWord& other_word) {
   const std::vector<Choice> choices = ChoicesOf(look, comes_again);
   const std::string prompt = '[' + Joined(choices, "/", "/") + "] ";
   while (const auto line = Ask(prompt)) {
     if (const auto reply = Understand(*line, choices)) return *reply;
+    for (const MsgBoxResult result : look.buttons) {
+      const bool is_other = other_word && !other_word(result).empty();
+      if (is_other && SameWord(Trimmed(*line), other_word(result))) return {result};
+    }
     WriteError("Answer " + Joined(choices, ", ", " or ") + ".\n");
   }
   return choices.back().reply;

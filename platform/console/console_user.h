@@ -42,8 +42,10 @@ class ConsoleUser {
   std::optional<std::string> Ask(std::string_view prompt);
   // One of a box's buttons by its word, or "quit", which is as if the box had been closed; where such
   // boxes come again, "all" is Yes to each of them. Any beginning of a word will do, in either case.
-  // After anything else the words are named; the end of input quits.
-  Reply AskButton(const BoxLook& look, bool comes_again);
+  // So will the whole word that `other_word`, if there is one, has for a button. After anything else the
+  // words are named; the end of input quits.
+  using OtherWord = std::function<std::string_view(MsgBoxResult)>;
+  Reply AskButton(const BoxLook& look, bool comes_again, const OtherWord& other_word = {});
   // Selects one of the form's options, which are listed with the form's labels above them. Nothing
   // for a form without options.
   void AskOption(const Form& form);

@@ -26,6 +26,26 @@
 namespace quarvel {
 namespace {
 
+TEST(Terminal, AsksAboutARowInItsOwnWords) {
+  const HostFolder folder;
+  OnTerminal terminal({"simplify", folder.Write("a.mps", kConflictModel), folder.Path("b.mps")});
+  if (!terminal.started()) GTEST_SKIP() << "no terminal to be had";
+  ASSERT_TRUE(terminal.WaitFor("[yes/no/cancel/all/quit] ")) << terminal.shown();
+  EXPECT_NE(
+      terminal.shown().find("A row of " + folder.Path("a.mps") +
+                            " against its column's bounds\r\nThe equality R2 violates variable "
+                            "bounds."),
+      std::string::npos)
+      << terminal.shown();
+  EXPECT_EQ(terminal.shown().find("lick"), std::string::npos) << terminal.shown();
+  terminal.Type("re\n");
+  ASSERT_TRUE(terminal.WaitToSee("Answer yes, no, cancel, all or quit."));
+  terminal.Type("reset\n");
+  EXPECT_EQ(terminal.Finish(), 0) << terminal.shown();
+  EXPECT_NE(RunQuarvel({"column", folder.Path("b.mps"), "X"}).out.find("Lower     4\n"),
+            std::string::npos);
+}
+
 TEST(Terminal, IsNotSteeredByTheNamesInItsQuestions) {
   const HostFolder folder;
   const std::string model = folder.Write("a.mps",
