@@ -35,7 +35,8 @@ zip_is_whole() { # BITS
 packs_the_same() {
   local before after
   before=$(cat build/packages/SHA256SUMS)
-  rm -f build/windows-x64/{Quarvel.dll,quarvel.exe,quarvel-view.exe,automation/quarvel.tlb} build/packages/*
+  rm -f build/windows-x64/{Quarvel.dll,quarvel.exe,quarvel-view.exe,automation/quarvel.tlb} \
+    build/packages/*-windows-*
   packaging/build windows >/dev/null || return 1
   after=$(cat build/packages/SHA256SUMS)
   [ "$before" = "$after" ]
