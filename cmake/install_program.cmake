@@ -1,5 +1,5 @@
 # What cmake --install puts where for users. Components: `program` is the command, `viewer` its windows on
-# Linux, `automation` Quarvel.dll with what stands beside it, `documentation` the manual, the scripts that
+# Linux, with what a desktop needs to open a model in them, `automation` Quarvel.dll with what stands beside it, `documentation` the manual, the scripts that
 # complete command lines, the pages of docs/ and the licence.
 include(GNUInstallDirs)
 set(doc_folder "${CMAKE_INSTALL_DATAROOTDIR}/doc/quarvel")
@@ -7,6 +7,15 @@ set(doc_folder "${CMAKE_INSTALL_DATAROOTDIR}/doc/quarvel")
 install(TARGETS quarvel RUNTIME COMPONENT program)
 if(TARGET quarvel-view)
   install(TARGETS quarvel-view RUNTIME COMPONENT viewer)
+endif()
+if(TARGET quarvel-view AND NOT WIN32)
+  set(share "${CMAKE_INSTALL_DATAROOTDIR}")
+  install(FILES packaging/desktop/quarvel-view.desktop DESTINATION "${share}/applications"
+          COMPONENT viewer)
+  install(FILES packaging/desktop/quarvel.xml DESTINATION "${share}/mime/packages"
+          COMPONENT viewer)
+  install(FILES packaging/icons/quarvel.svg DESTINATION "${share}/icons/hicolor/scalable/apps"
+          COMPONENT viewer)
 endif()
 set(readme "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/quarvel.readme.txt")
 if(WIN32)

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing from Debian's packages:
-# cmake/setup.sh PART..., each one of native, format, display, browser, shells, manual, checks, coverage, windows,
-# packages, systems, peers, counts, solvers.
+# cmake/setup.sh PART..., each one of native, format, display, browser, desktop, shells, manual, checks, coverage,
+# windows, packages, systems, peers, counts, solvers.
 # Asks nothing. Packages that are installed already cost one look at the package database.
 set -eu
 
@@ -14,6 +14,8 @@ format=(clang-format python3)
 display=(xvfb xdotool)
 # What looks at the page of a report.
 browser=(chromium)
+# What reads and checks the files that a desktop opens models by.
+desktop=(desktop-file-utils shared-mime-info)
 # Whose completion is tested, and what shows and checks pages of the manual.
 shells=(bash fish zsh man-db mandoc bsdextrautils)
 # What makes the manual of docs/.
@@ -42,6 +44,7 @@ for part in "$@"; do
     format) wanted+=("${format[@]}") ;;
     display) wanted+=("${display[@]}") ;;
     browser) wanted+=("${browser[@]}") ;;
+    desktop) wanted+=("${desktop[@]}") ;;
     shells) wanted+=("${shells[@]}") ;;
     manual) wanted+=("${manual[@]}") ;;
     checks) wanted+=("${checks[@]}") ;;

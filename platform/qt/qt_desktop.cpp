@@ -31,6 +31,8 @@ class OwnApplication {
   OwnApplication() {
     if (QCoreApplication::instance() == nullptr) {
       application_ = std::make_unique<QApplication>(count_, words_);
+      // The entry that a desktop takes name and icon of the windows from.
+      QGuiApplication::setDesktopFileName("quarvel-view");
     }
   }
 
