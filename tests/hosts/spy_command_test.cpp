@@ -91,7 +91,7 @@ TEST(Spy, TakesSuffixesInEitherCase) {
 
 TEST(Spy, SaysOfAFolderThatItIsOne) {
   const HostFolder folder;
-  std::filesystem::create_directory(folder.Path("p.svg"));
+  std::filesystem::create_directory(ToPath(folder.Path("p.svg")));
   EXPECT_EQ(RunQuarvel({"spy", folder.Example("diet.mps"), "-o", folder.Path("p.svg")}).err,
             folder.Expand("quarvel: @p.svg: it is a folder, not a file\n"));
 }
