@@ -182,7 +182,8 @@ TEST(Stats, FitAScreenWhateverTheNumbersAre) {
   std::string bounds = "BOUNDS\n";
   for (int i = 0; i < 300; ++i) {
     const std::string number = std::to_string(i);
-    const std::string row = std::string(1 + i % 17, static_cast<char>('A' + i % 26)) + number;
+    const std::string row =
+        std::string(static_cast<std::size_t>(1 + i % 17), static_cast<char>('A' + i % 26)) + number;
     model += std::string(" ") + "LGE"[i % 3] + ' ' + row + '\n';
     columns += " LONGNAME_OF_X_" + number + ' ' + row + " -1234.5678" + number + "E" +
                std::to_string(i % 30 - 15) + " COST 98765.4321" + number + '\n';
