@@ -39,7 +39,7 @@ TEST_F(LeftBySaves, AreNoOtherFiles) {
   WriteWholeFile(folder_.File("model.mps.quarvel-0~"), "ENDATA\n");
   WriteWholeFile(folder_.File(".model.mps.quarvel-~"), "ENDATA\n");
   WriteWholeFile(folder_.File(".other.mps.quarvel-0~"), "ENDATA\n");
-  std::filesystem::create_directory(backup_);
+  std::filesystem::create_directory(ToPath(backup_));
   EXPECT_EQ(WholeCopiesBeside(path_), Names());
   const std::string own = folder_.File("own.bkp");
   WriteWholeFile(own, "ENDATA\n");
