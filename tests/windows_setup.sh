@@ -204,8 +204,8 @@ warm_up() {
 
 rm -rf "$work"
 mkdir -p "$work"
-cp "$setup" "$drive/setup.exe"
-make_others || exit 1
+cmake/wine.sh cmd /c exit || exit 1 # makes the prefix where there is none yet
+cp "$setup" "$drive/setup.exe" && make_others || exit 1
 warm_up
 for_one_user
 for_all_users
