@@ -28,13 +28,13 @@ bool ReadInto(CoinMpsIO& model, const char* path) {
 bool Read(const char* path) {
   CoinMpsIO model;
   bool good = false;
-  const double seconds = SecondsOf([&] { good = mps::ReadInto(model, path); });
+  const double seconds = SecondsOf([&] { good = ReadInto(model, path); });
   return good && Report(model, seconds);
 }
 
 bool Write(const char* path, const char* out) {
   CoinMpsIO model;
-  if (!mps::ReadInto(model, path)) return false;
+  if (!ReadInto(model, path)) return false;
   bool good = false;
   const double seconds = SecondsOf([&] { good = model.writeMps(out) == 0; });
   return good && Report(model, seconds);
