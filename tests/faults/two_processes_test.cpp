@@ -196,13 +196,16 @@ class TwoEdits : public ::testing::TestWithParam<bool> {
     throw std::runtime_error("nothing was flushed");
   }
 
-  // The numbers of the calls around and after it, and of some before.
+  // The numbers of the calls around it, and of some before and after. While the left one holds the file
+  // the right one waits, so that each place after the flush takes long.
   std::vector<std::size_t> Places() const {
     const std::size_t flush = Flush();
-    const auto step = static_cast<std::size_t>(Rounds(40, 3));
+    const auto before = static_cast<std::size_t>(Rounds(40, 3));
+    const auto after = static_cast<std::size_t>(Rounds(4, 1));
     std::vector<std::size_t> places;
     for (std::size_t number = 1; number <= ReadRecord(folder_.RecordPath()).size(); ++number) {
-      if (number + 3 >= flush || number % step == 0) places.push_back(number);
+      const bool around = number + 3 >= flush && number <= flush + 3;
+      if (around || number % (number < flush ? before : after) == 0) places.push_back(number);
     }
     return places;
   }
