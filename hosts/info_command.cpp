@@ -33,12 +33,20 @@ void AppendFactMembers(std::string& json, const mps::FileFacts& facts) {
   }
 }
 
+std::string UnreadJson(const std::string& path) {
+  std::string json = "{";
+  AppendJsonMember(json, "file", path);
+  AppendJsonMember(json, "read", false);
+  return json + "}\n";
+}
+
 std::string InfoJson(const Session& session, const std::string& path) {
   const LPModel& model = session.model();
   std::string json = "{";
   AppendJsonMember(json, "name", model.ModelName());
   AppendJsonMember(json, "description", model.ModelDescription());
   AppendJsonMember(json, "file", path);
+  AppendJsonMember(json, "read", true);
   AppendJsonMember(json, "rows", model.NumberOfRows());
   AppendJsonMember(json, "columns", model.NumberOfColumns());
   AppendJsonMember(json, "elements", model.NumberOfElements());
@@ -107,7 +115,7 @@ class FileTable {
  public:
   explicit FileTable(Session& session) : session_(session) {}
 
-  // Prints a line about it; a file that is not read is told about and counted.
+  // Prints a line about it; why a file is not read is told as well.
   void Add(const std::string& path) {
     ++files_;
     try {
@@ -116,6 +124,7 @@ class FileTable {
       if (error.status() == kInterrupted) throw;
       session_.Note(error.text());
       ++failed_;
+      session_.streams.out << (session_.arguments.json ? UnreadJson(path) : UnreadLine(path));
       return;
     }
     session_.streams.out << (session_.arguments.json ? InfoJson(session_, path) : Line(path));
@@ -133,21 +142,30 @@ class FileTable {
  private:
   static constexpr std::size_t kWidth = 10;
 
-  std::string Line(const std::string& path) {
+  std::string Header() {
+    if (std::exchange(has_header_, true)) return {};
     std::string line;
-    if (!std::exchange(has_header_, true)) {
-      for (const std::string_view title : {"Rows", "Columns", "Elements", "Integer"}) {
-        AppendRight(line, title, kWidth);
-      }
-      line = Pen(session_.arguments.color, session_.streams.screen)
-                 .Draw(Ink::kHeading, line + "  File\n");
+    for (const std::string_view title : {"Rows", "Columns", "Elements", "Integer"}) {
+      AppendRight(line, title, kWidth);
     }
+    return Pen(session_.arguments.color, session_.streams.screen)
+        .Draw(Ink::kHeading, line + "  File\n");
+  }
+
+  std::string Line(const std::string& path) {
+    std::string line = Header();
     const LPModel& model = session_.model();
     for (const std::int32_t count : {model.NumberOfRows(), model.NumberOfColumns(),
                                      model.NumberOfElements(), IntegerColumns(model)}) {
       AppendRight(line, text::IntegerText(count), kWidth);
     }
     return line + "  " + text::VisibleText(NameOfInput(path)) + '\n';
+  }
+
+  std::string UnreadLine(const std::string& path) {
+    std::string line = Header();
+    for (int count = 0; count < 4; ++count) AppendRight(line, "-", kWidth);
+    return line + "  " + text::VisibleText(NameOfInput(path)) + " (not read)\n";
   }
 
   Session& session_;

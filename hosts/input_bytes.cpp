@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "hosts/decoder.h"
@@ -54,12 +56,20 @@ class LookedAt : public ByteSource {
   std::size_t end_ = 0;
 };
 
+bool IsLinkToItself(const std::string& path) {
+  std::error_code error;
+  static_cast<void>(std::filesystem::status(std::u8string(path.begin(), path.end()), error));
+  return error == std::errc::too_many_symbolic_link_levels;
+}
+
+// With more to say than the system's error has, where it can be said.
 std::unique_ptr<ByteSource> OpenFile(const std::string& path) {
   try {
     return std::make_unique<platform::FileBytes>(platform::InputFile(path));
   } catch (const AutomationError& error) {
-    if (!IsFolder(path)) throw;
-    throw AutomationError(error.number(), "", "it is a folder, not a file");
+    if (IsFolder(path)) throw AutomationError(error.number(), "", "it is a folder, not a file");
+    if (!IsLinkToItself(path)) throw;
+    throw AutomationError(error.number(), "", "it is a link that leads back to itself");
   }
 }
 

@@ -169,7 +169,10 @@ FileProblemCode CodeOf(ReadProblemCode code) {
 std::string SentenceOf(const FileProblem& problem) {
   std::string sentence(TraitsOf(problem.code).words);
   const std::string& named = problem.item.empty() ? problem.read : problem.item;
-  if (!named.empty()) sentence.append(": ").append(text::Shortened(named, kLongestNameShown));
+  // The item of a failure is the file, which stands before each of its problems.
+  if (!named.empty() && problem.code != FileProblemCode::kFailure) {
+    sentence.append(": ").append(text::Shortened(named, kLongestNameShown));
+  }
   if (problem.failure) sentence.append(": ").append(problem.failure->description());
   if (!problem.made.empty())
     sentence.append("; ").append(text::Shortened(problem.made, kLongestMadeShown));

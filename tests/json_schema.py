@@ -146,6 +146,7 @@ def look(tests, folder):
         tests.check("check", file, "--limit", "all", "--ignore", "W")
         tests.check("dialects", file)
     tests.check("info", odd, plain)
+    tests.check("info", plain, str(folder / "missing.mps"), plain)
     tests.check("check", odd, plain, odd)
     tests.check("info", "-", stdin=PLAIN)
     for name in ("COST", "CAP"):

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -6,6 +7,7 @@
 
 #include "tests/support/json_value.h"
 #include "tests/support/run_quarvel.h"
+#include "tests/support/test_paths.h"
 
 namespace quarvel {
 namespace {
@@ -237,14 +239,34 @@ TEST(Check, EndsWithAFileThatCannotBeRead) {
   const HostFolder folder;
   const Outcome run = RunQuarvel({"check", folder.Path("missing.mps")});
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.out,
-            folder.Expand("@missing.mps: error: the file cannot be read: @missing.mps: File "
-                          "not found [E901 failure]\n\n"
-                          "        1  E901 failure\n"
-                          "@missing.mps: 1 error; not read\n"));
+  EXPECT_EQ(run.out, folder.Expand("@missing.mps: error: the file cannot be read: File not found "
+                                   "[E901 failure]\n\n"
+                                   "        1  E901 failure\n"
+                                   "@missing.mps: 1 error; not read\n"));
   EXPECT_EQ(RunQuarvel({"check", folder.Path("missing.mps"), "--ignore", "E"}).status, 1);
   const std::string json = RunQuarvel({"check", folder.Path("missing.mps"), "--json"}).out;
   EXPECT_NE(json.find("\"read\":false,\"hasEndata\":false,"), std::string::npos) << json;
+}
+
+TEST(Check, SaysWhatStandsInPlaceOfAFile) {
+  const HostFolder folder;
+  const std::string model = folder.Path("a.mps");
+  std::filesystem::create_directory(ToPath(model));
+  const auto told = [&](std::string_view what) {
+    return folder.Expand("@a.mps: error: the file cannot be read: it is a " + std::string(what) +
+                         " [E901 failure]\n");
+  };
+  const std::string of_folder = RunQuarvel({"check", model}).out;
+  EXPECT_TRUE(of_folder.starts_with(told("folder, not a file"))) << of_folder;
+  std::filesystem::remove(ToPath(model));
+  std::error_code error;
+  std::filesystem::create_symlink(ToPath(model), ToPath(model), error);
+  if (error) GTEST_SKIP() << "no links here: " << error.message();
+  const std::string of_link = RunQuarvel({"check", model}).out;
+  EXPECT_TRUE(of_link.starts_with(told("link that leads back to itself"))) << of_link;
+  EXPECT_EQ(RunQuarvel({"rows", model}).err,
+            folder.Expand("quarvel: @a.mps: it is a link that leads back to itself\n"
+                          "quarvel: @a.mps was not read\n"));
 }
 
 TEST(Check, SurvivesBinaryNoise) {

@@ -39,7 +39,7 @@ TEST(Info, PrintsJson) {
           "{\"name\":\"KNAPSACK\",\"description\":\"Six things to take along or "
           "leave, worth as much as possible within a weight limit.\\r\\nThe worth "
           "is negated, so that less is better; SLACK is the weight left over.\","
-          "\"file\":\"@knapsack.mps\",\"rows\":2,\"columns\":7,\"elements\":13,"
+          "\"file\":\"@knapsack.mps\",\"read\":true,\"rows\":2,\"columns\":7,\"elements\":13,"
           "\"bindingRows\":1,\"nonBindingRows\":1,\"integerColumns\":6,\"objective\":\"WORTH\",\"hasEndata\":true}\n"));
 }
 
@@ -68,6 +68,15 @@ TEST(Info, TellsWhatTheFileSaysOfItsObjective) {
             std::string::npos);
 }
 
+int CountOf(std::string_view text, std::string_view part) {
+  int count = 0;
+  for (std::size_t place = text.find(part); place != std::string_view::npos;
+       place = text.find(part, place + part.size())) {
+    ++count;
+  }
+  return count;
+}
+
 TEST(Info, ListsSeveralFilesAndGoesOnPastThoseThatAreNotRead) {
   const HostFolder folder;
   const std::vector<std::string> files = {folder.Example("diet.mps"), folder.Path("missing.mps"),
@@ -77,17 +86,22 @@ TEST(Info, ListsSeveralFilesAndGoesOnPastThoseThatAreNotRead) {
   words.insert(words.end(), files.begin(), files.end());
   const Outcome run = RunQuarvel(words);
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.out, folder.Expand("      Rows   Columns  Elements   Integer  File\n"
-                                   "         5         5        25         0  @diet.mps\n"
-                                   "         2         7        13         6  @knapsack.mps\n"
-                                   "4 files, 2 not read\n"));
+  EXPECT_EQ(run.out,
+            folder.Expand("      Rows   Columns  Elements   Integer  File\n"
+                          "         5         5        25         0  @diet.mps\n"
+                          "         -         -         -         -  @missing.mps (not read)\n"
+                          "         -         -         -         -  @mistakes.mps (not read)\n"
+                          "         2         7        13         6  @knapsack.mps\n"
+                          "4 files, 2 not read\n"));
   EXPECT_NE(run.err.find(folder.Expand("quarvel: @missing.mps was not read\n")), std::string::npos);
   EXPECT_NE(run.err.find(folder.Expand("quarvel: @mistakes.mps was not read; \"--on-error")),
             std::string::npos);
   words.emplace_back("--json");
   const Outcome json = RunQuarvel(words);
   EXPECT_EQ(json.status, 1);
-  EXPECT_EQ(std::count(json.out.begin(), json.out.end(), '\n'), 2);
+  EXPECT_EQ(std::count(json.out.begin(), json.out.end(), '\n'), 4);
+  EXPECT_EQ(CountOf(json.out, ",\"read\":false}\n"), 2);
+  EXPECT_EQ(CountOf(json.out, ",\"read\":true,"), 2);
   EXPECT_EQ(RunQuarvel({"info", files[0], files[0]}).status, 0);
 }
 

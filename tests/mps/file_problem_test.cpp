@@ -47,7 +47,7 @@ TEST(FileProblem, IsASentence) {
   EXPECT_EQ(SentenceOf({.code = FileProblemCode::kFailure,
                         .item = "a.mps",
                         .failure = AutomationError(53, "", "File not found")}),
-            "the file cannot be read: a.mps: File not found");
+            "the file cannot be read: File not found");
   EXPECT_EQ(SentenceOf({.code = FileProblemCode::kEmptyRow, .item = "R", .made = "kept"}),
             "the row has no coefficients: R; kept");
 }
