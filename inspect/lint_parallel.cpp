@@ -82,6 +82,26 @@ bool MayBeParallel(const model::RowRecord& row) {
 }
 bool MayBeParallel(const model::ColumnRecord& column) { return column.ElementCount() > 1; }
 
+// Leaves out those whose fingerprint no other has, and by chance keeps some of them: of a large model
+// few are left to be sorted.
+void KeepShared(std::vector<Candidate>& candidates) {
+  constexpr std::size_t kMostSlots = std::size_t{1} << 24;
+  const std::size_t slots =
+      std::bit_ceil(std::clamp<std::size_t>(8 * candidates.size(), 64, kMostSlots));
+  const auto slot_of = [mask = slots - 1](const Candidate& candidate) {
+    return static_cast<std::size_t>(candidate.fingerprint) & mask;
+  };
+  std::vector<bool> is_used(slots);
+  std::vector<bool> is_shared(slots);
+  for (const Candidate& candidate : candidates) {
+    const std::size_t slot = slot_of(candidate);
+    if (is_used[slot]) is_shared[slot] = true;
+    is_used[slot] = true;
+  }
+  std::erase_if(candidates,
+                [&](const Candidate& candidate) { return !is_shared[slot_of(candidate)]; });
+}
+
 template <class Records>
 std::vector<Candidate> CandidatesOf(const Records& records, std::int32_t count) {
   std::vector<Candidate> candidates;
@@ -90,6 +110,7 @@ std::vector<Candidate> CandidatesOf(const Records& records, std::int32_t count) 
     if (!MayBeParallel(records[number])) continue;
     candidates.push_back({Fingerprint(records[number].Elements), number});
   }
+  KeepShared(candidates);
   std::sort(candidates.begin(), candidates.end(), [](const Candidate& a, const Candidate& b) {
     return std::tie(a.fingerprint, a.number) < std::tie(b.fingerprint, b.number);
   });

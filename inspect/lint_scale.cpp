@@ -39,11 +39,17 @@ struct Sizes {
 Sizes SizesOf(const model::ElementList& list, std::int32_t number) {
   Sizes sizes;
   sizes.smallest_in = sizes.largest_in = number;
+  double smallest = sizes.smallest;
+  double largest = sizes.largest;
+  // Free of branches, which would go either way.
   for (const ElementEntry& entry : list) {
     const double size = std::fabs(entry.Value);
-    if (size > sizes.largest) sizes.largest = size;
-    if (size < sizes.smallest && size != 0) sizes.smallest = size;
+    largest = size > largest ? size : largest;
+    const double above_zero = size != 0 ? size : smallest;
+    smallest = above_zero < smallest ? above_zero : smallest;
   }
+  sizes.smallest = smallest;
+  sizes.largest = largest;
   return sizes;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
+#include <limits>
 #include <string>
 
 #include "text/numbers.h"
@@ -10,32 +11,52 @@
 namespace quarvel::inspect {
 namespace {
 
-using Powers = std::array<double, kHighestDecade - kLowestDecade + 1>;
+// Between two powers of two lies one power of ten at most.
+struct DecadesOfExponent {
+  double next = std::numeric_limits<double>::infinity();  // from here on it is one decade more
+  int decade = kHighestDecade;
+};
 
-Powers MakePowers() {
-  Powers powers = {};
-  for (int decade = kLowestDecade; decade <= kHighestDecade; ++decade) {
-    const std::string text = "1E" + std::to_string(decade);
-    powers[static_cast<std::size_t>(decade - kLowestDecade)] = text::ParseNumber(text).value_or(0);
-  }
-  return powers;
-}
+constexpr int kExponents = 2048;
+using Decades = std::array<DecadesOfExponent, kExponents>;
 
 double PowerOfTen(int decade) {
-  static const Powers powers = MakePowers();
-  return powers[static_cast<std::size_t>(decade - kLowestDecade)];
+  return text::ParseNumber("1E" + std::to_string(decade)).value_or(0);
+}
+
+// By the bits of a number that are its power of two. The first is that of the numbers too small for
+// one, which are walked through.
+Decades MakeDecades() {
+  Decades decades;
+  int decade = kLowestDecade;
+  double next = PowerOfTen(decade + 1);
+  for (std::uint64_t exponent = 1; exponent < kExponents; ++exponent) {
+    const double least = std::bit_cast<double>(exponent << 52);
+    while (decade < kHighestDecade && least >= next) {
+      ++decade;
+      next = decade < kHighestDecade ? PowerOfTen(decade + 1)
+                                     : std::numeric_limits<double>::infinity();
+    }
+    decades[exponent] = {next, decade};
+  }
+  return decades;
+}
+
+int DecadeOfTiny(double size) {
+  int decade = kLowestDecade;
+  while (size >= PowerOfTen(decade + 1)) ++decade;
+  return decade;
 }
 
 }  // namespace
 
 int DecadeOf(double value) {
+  static const Decades decades = MakeDecades();
   const double size = std::abs(value);
-  // The power of two of a number tells that of ten to within one, but for numbers too small for it.
-  const int two = static_cast<int>(std::bit_cast<std::uint64_t>(size) >> 52) - 1023;
-  int decade = std::clamp((two * 1233) >> 12, kLowestDecade, kHighestDecade);
-  while (decade > kLowestDecade && size < PowerOfTen(decade)) --decade;
-  while (decade < kHighestDecade && size >= PowerOfTen(decade + 1)) ++decade;
-  return decade;
+  const auto exponent = static_cast<std::size_t>(std::bit_cast<std::uint64_t>(size) >> 52);
+  if (exponent == 0) return DecadeOfTiny(size);
+  const DecadesOfExponent& found = decades[exponent];
+  return found.decade + static_cast<int>(size >= found.next);
 }
 
 void NumberSizes::Add(double value, std::int32_t row, std::int32_t column) {

@@ -83,6 +83,8 @@ class NameIndex {
   bool stale() const { return stale_; }
   // A name was added that another number had already.
   bool has_duplicates() const { return has_duplicates_; }
+  // Each name that was added is there once.
+  bool IsDistinct() const { return !stale_ && !has_duplicates_; }
 
   // Builds the index anew for numbers 1..count.
   template <class NameOf>

@@ -13,7 +13,8 @@ namespace quarvel::model {
 
 class RecordLooks {
  public:
-  RecordLooks(const StoredModel& model, DeferredWork& work) : data_(model.data), work_(work) {}
+  RecordLooks(const StoredModel& model, DeferredWork& work)
+      : model_(model), data_(model.data), work_(work) {}
 
   // What a record is but for its list.
   const std::string& NameOfRow(std::int32_t r) const {
@@ -31,6 +32,11 @@ class RecordLooks {
     return data_.Columns[work_.ColumnPosition(c)];
   }
 
+  // True when no two rows and no two columns have one name, as after nearly every read. False also
+  // where only looking each name up would tell.
+  bool KnowsNamesDistinct() const {
+    return model_.row_names.IsDistinct() && model_.column_names.IsDistinct();
+  }
   // How many rows are stored, with a hidden one that is not counted.
   std::int32_t StoredRows() const;
   // How many coefficients stand in a column's list. One pass when it is first asked of a long list
@@ -51,6 +57,7 @@ class RecordLooks {
  private:
   std::int32_t DeferredElementsInColumn(std::int32_t c) const;
 
+  const StoredModel& model_;
   const ModelData& data_;
   DeferredWork& work_;
 };

@@ -35,6 +35,7 @@ bool IsPlain(std::string_view name) {
 struct NameRules {
   FileLayout layout;
   bool blanks_are_kept;
+  bool names_are_distinct;  // none needs to be looked up
 
   template <class Record>
   bool HasLine(const Record& record) const {
@@ -63,7 +64,7 @@ class NameCheck {
       if (name.size() + kBesideNames > LineReader::kLongestLine) {
         Add(LossKind::kLongLine, number, "has a name that is too long for a line");
       }
-      if (find(name) != number) AddTwice(number);
+      if (!rules_.names_are_distinct && find(name) != number) AddTwice(number);
       if (!IsPlain(name)) plain = Check(number) && plain;
     }
     if (!plain) FindTwiceInUpperCase(count);
@@ -198,7 +199,7 @@ void CheckElementLines(const ModelData& data, Losses& losses) {
 void AddNameLosses(const model::ModelStore& store, FileLayout layout, Losses& losses,
                    bool blanks_are_kept) {
   const ModelData& data = store.data();
-  const NameRules rules = {layout, blanks_are_kept};
+  const NameRules rules = {layout, blanks_are_kept, store.looks().KnowsNamesDistinct()};
   const NameCheck rows(rules, "row", data.Rows, data.NumberOfRows, losses,
                        [&store](const std::string& name) { return store.FindRow(name); });
   const NameCheck columns(rules, "column", data.Columns, data.NumberOfColumns, losses,

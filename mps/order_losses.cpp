@@ -17,29 +17,34 @@ using model::RowRecord;
 class OrderCheck {
  public:
   OrderCheck(const ModelData& data, FileLayout layout, Losses& losses)
-      : data_(data), layout_(layout), losses_(losses) {}
+      : data_(data), losses_(losses), behind_(static_cast<std::size_t>(data.NumberOfColumns) + 1) {
+    if (layout != FileLayout::kFixed) return;
+    for (std::int32_t j = 1; j <= data.NumberOfColumns; ++j) {
+      const bool is_integer = data.Columns[j].Type == model::ColumnType::kInteger;
+      behind_[static_cast<std::size_t>(j)] = is_integer;
+    }
+  }
 
   void CheckColumns();
   void CheckElements();
 
  private:
   // Stands behind all columns that do not.
-  bool IsBehind(const ColumnRecord& column) const {
-    return layout_ == FileLayout::kFixed && column.Type == model::ColumnType::kInteger;
-  }
+  bool IsBehind(std::int32_t column) const { return behind_[static_cast<std::size_t>(column)]; }
   bool MeetsARowTwice() const;
   std::vector<bool> RowsInAnotherOrder() const;
 
   const ModelData& data_;
-  FileLayout layout_;
   Losses& losses_;
+  // By column, a bit each: it is asked for every element, and those of a row stand at columns far apart.
+  std::vector<bool> behind_;
 };
 
 void OrderCheck::CheckColumns() {
   std::int32_t behind = 0;
   for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) {
     const ColumnRecord& column = data_.Columns[j];
-    if (IsBehind(column)) {
+    if (IsBehind(j)) {
       if (column.ElementCount() > 0) ++behind;
     } else if (behind > 0 && column.ElementCount() > 0) {
       losses_.Add(LossKind::kColumnOrder, [&] {
@@ -56,7 +61,7 @@ void OrderCheck::CheckElements() {
     std::int64_t last = 0;
     bool moved = !exact.empty() && exact[static_cast<std::size_t>(i)];
     for (const ElementEntry& element : data_.Rows[i].Elements) {
-      const bool behind = IsBehind(data_.Columns[element.Index]);
+      const bool behind = IsBehind(element.Index);
       const std::int64_t place = element.Index + (behind ? std::int64_t{1} << 32 : 0);
       moved = moved || place < last;
       last = place;
@@ -86,7 +91,7 @@ std::vector<bool> OrderCheck::RowsInAnotherOrder() const {
   std::vector<std::int32_t> met(size);
   for (const bool behind : {false, true}) {
     for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) {
-      if (IsBehind(data_.Columns[j]) != behind) continue;
+      if (IsBehind(j) != behind) continue;
       for (const ElementEntry& element : data_.Columns[j].Elements) {
         const auto row = static_cast<std::size_t>(element.Index);
         const ElementEntry& there = data_.Rows[element.Index].Elements[++met[row]];

@@ -1,6 +1,7 @@
 #include "mps/read_back.h"
 
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <optional>
 #include <string>
@@ -22,10 +23,9 @@ bool HasFewDigits(double value) {
   constexpr double kMostDigits = 1e15;
   for (const double unit : {1e10, 1e4}) {
     const double scaled = value * unit;
-    if (std::fabs(scaled) < kMostDigits && std::nearbyint(scaled) == scaled &&
-        scaled / unit == value) {
-      return true;
-    }
+    if (!(std::fabs(scaled) < kMostDigits)) continue;
+    const double whole = static_cast<double>(static_cast<std::int64_t>(scaled));
+    if (whole == scaled && scaled / unit == value) return true;
   }
   return false;
 }

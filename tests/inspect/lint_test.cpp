@@ -167,6 +167,22 @@ TEST_F(LintTest, FindsColumnsThatAreMultiples) {
   EXPECT_EQ(Find(FileProblemCode::kParallelColumns), Sentences{"Y; 0.5 times X"});
 }
 
+// So many that most of them are told apart by their fingerprints' first look.
+TEST_F(LintTest, FindsTheMultiplesAmongManyColumns) {
+  build_.Row("A", 'L').Row("B", 'L');
+  Sentences expected;
+  for (int j = 1; j <= 3000; ++j) {
+    const std::string name = "C" + std::to_string(j);
+    const bool repeats = j % 250 == 0;
+    const double ratio = repeats ? j - 1 : j;
+    const double factor = repeats ? 4 : 1;
+    build_.Column(name).Element(name, "A", factor).Element(name, "B", factor * ratio);
+    if (repeats) expected.push_back(name + "; 4 times C" + std::to_string(j - 1));
+  }
+  EXPECT_EQ(expected.size(), 12U);
+  EXPECT_EQ(Find(FileProblemCode::kParallelColumns), expected);
+}
+
 TEST_F(LintTest, TellsOfEachKindOfLossOnce) {
   build_.Row("A", 'L').Column("X").Column("Y");
   build_.Element("X", "A", 0.123456789012345).Element("Y", "A", 0.3333333333333333);

@@ -66,6 +66,22 @@ TEST(ModelStore, FindsRecordsByNameThroughEveryChange) {
   EXPECT_EQ(CheckModelData(store), "");
 }
 
+TEST(ModelStore, KnowsWhetherNamesAreDistinct) {
+  ModelStore store;
+  EXPECT_TRUE(store.looks().KnowsNamesDistinct());
+  Build(store, 4, 4, 2);
+  EXPECT_TRUE(store.looks().KnowsNamesDistinct());
+  store.RemoveRow(2);
+  EXPECT_FALSE(store.looks().KnowsNamesDistinct() && store.FindRow("R4") != 3);
+  store.RenameRow(1, "R3");
+  EXPECT_FALSE(store.looks().KnowsNamesDistinct());
+  store.Clear();
+  Build(store, 2, 2, 2);
+  EXPECT_TRUE(store.looks().KnowsNamesDistinct());
+  store.RenameColumn(2, "C1");
+  EXPECT_FALSE(store.looks().KnowsNamesDistinct());
+}
+
 TEST(ModelStore, ChangesRecordsWhileRemovalsOfTheirKindAreDeferred) {
   ModelStore store;
   Build(store, 6, 3, 3);

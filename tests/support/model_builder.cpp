@@ -7,6 +7,9 @@
 namespace quarvel {
 namespace {
 
+// A record is added under a name that no other has; it may be given one that another has.
+constexpr std::string_view kNameForNow = "name for now";
+
 template <class Type>
 Type TypeOfLetter(char letter, Type (*find)(std::string_view)) {
   if (letter == ModelBuilder::kNoType) return Type::kNone;
@@ -62,14 +65,20 @@ ModelBuilder& ModelBuilder::Row(std::string_view name, char type, double right_h
 
 ModelBuilder& ModelBuilder::RowWithin(std::string_view name, char type, double lower,
                                       double upper) {
-  const std::int32_t r = store_.AddRow(model::NameKey::Of(name), name);
+  const bool is_taken = store_.FindRow(name) != 0;
+  const std::string_view first_name = is_taken ? kNameForNow : name;
+  const std::int32_t r = store_.AddRow(model::NameKey::Of(first_name), first_name);
+  if (is_taken) store_.RenameRow(r, name);
   store_.RowBounds(r) = {lower, upper};
   store_.SetRowType(r, TypeOfLetter(type, model::RowTypeOf));
   return *this;
 }
 
 ModelBuilder& ModelBuilder::Column(std::string_view name, double lower, double upper, char type) {
-  const std::int32_t c = store_.AddColumn(model::NameKey::Of(name), name);
+  const bool is_taken = store_.FindColumn(name) != 0;
+  const std::string_view first_name = is_taken ? kNameForNow : name;
+  const std::int32_t c = store_.AddColumn(model::NameKey::Of(first_name), first_name);
+  if (is_taken) store_.RenameColumn(c, name);
   store_.ColumnBounds(c) = {lower, upper};
   store_.SetColumnType(c, TypeOfLetter(type, model::ColumnTypeOf));
   return *this;
