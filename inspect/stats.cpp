@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include "inspect/name_families.h"
@@ -103,6 +104,27 @@ void AddLimits(const model::RowRecord& row, std::int32_t r, NumberSizes& sizes) 
   }
 }
 
+// Of one list, put together without branches.
+ElementRange RangeOf(const model::ElementList& list) {
+  ElementRange range;
+  range.count = static_cast<std::int64_t>(list.size());
+  if (range.count == 0) return range;
+  constexpr double kInfinite = std::numeric_limits<double>::infinity();
+  ValueRange values = {kInfinite, -kInfinite, false};
+  ValueRange sizes = {kInfinite, 0, false};
+  for (const model::ElementEntry& entry : list) {
+    const double value = entry.Value;
+    const double size = std::abs(value);
+    values.from = value < values.from ? value : values.from;
+    values.to = value > values.to ? value : values.to;
+    sizes.from = size < sizes.from ? size : sizes.from;
+    sizes.to = size > sizes.to ? size : sizes.to;
+  }
+  range.values = values;
+  range.sizes = sizes;
+  return range;
+}
+
 void WalkRows(const ModelData& data, ModelStats& stats) {
   FamilyCollector families;
   LengthCollector lengths(data.NumberOfRows);
@@ -113,12 +135,8 @@ void WalkRows(const ModelData& data, ModelStats& stats) {
     const bool binds = model::TraitsOf(row.Type).binds;
     if (binds) AddLimits(row, r, stats.right_hand_sides);
     NumberSizes& sizes = binds ? stats.coefficients : stats.objective;
-    ElementRange range;
-    for (const model::ElementEntry& entry : row.Elements) {
-      range.Add(entry.Value);
-      sizes.Add(entry.Value, r, entry.Index);
-    }
-    families.Add(row, r).elements.Add(range);
+    for (const model::ElementEntry& entry : row.Elements) sizes.Add(entry.Value, r, entry.Index);
+    families.Add(row, r).elements.Add(RangeOf(row.Elements));
   }
   stats.row_lengths = lengths.Take();
   stats.row_families = families.Take();
@@ -140,14 +158,12 @@ void WalkColumns(const ModelData& data, ModelStats& stats) {
                         [static_cast<std::size_t>(ShapeOf(column))];
     lengths.Add(column.ElementCount());
     AddBounds(column, c, stats.bounds);
-    ElementRange range;
     for (const model::ElementEntry& entry : column.Elements) {
-      range.Add(entry.Value);
       const bool is_second = std::exchange(last_column[entry.Index], c) == c;
       if (is_second && stats.duplicates++ == 0)
         stats.first_duplicate = {entry.Value, entry.Index, c};
     }
-    families.Add(column, c).elements.Add(range);
+    families.Add(column, c).elements.Add(RangeOf(column.Elements));
   }
   stats.column_lengths = lengths.Take();
   stats.column_families = families.Take();
@@ -176,12 +192,6 @@ void ValueRange::Add(const ValueRange& other) {
   if (other.is_empty) return;
   Add(other.from);
   Add(other.to);
-}
-
-void ElementRange::Add(double value) {
-  ++count;
-  values.Add(value);
-  sizes.Add(std::abs(value));
 }
 
 void ElementRange::Add(const ElementRange& other) {

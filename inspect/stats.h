@@ -47,7 +47,6 @@ struct ElementRange {
   ValueRange values;
   ValueRange sizes;  // magnitudes
 
-  void Add(double value);
   void Add(const ElementRange& other);
 };
 

@@ -31,7 +31,7 @@ class OrderCheck {
  private:
   // Stands behind all columns that do not.
   bool IsBehind(std::int32_t column) const { return behind_[static_cast<std::size_t>(column)]; }
-  bool MeetsARowTwice() const;
+  bool IsOutOfOrder(const RowRecord& row, bool& twice) const;
   std::vector<bool> RowsInAnotherOrder() const;
 
   const ModelData& data_;
@@ -56,17 +56,15 @@ void OrderCheck::CheckColumns() {
 }
 
 void OrderCheck::CheckElements() {
-  const std::vector<bool> exact = MeetsARowTwice() ? RowsInAnotherOrder() : std::vector<bool>();
+  bool meets_a_row_twice = false;
+  std::vector<bool> moved(static_cast<std::size_t>(data_.NumberOfRows) + 1);
   for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
-    std::int64_t last = 0;
-    bool moved = !exact.empty() && exact[static_cast<std::size_t>(i)];
-    for (const ElementEntry& element : data_.Rows[i].Elements) {
-      const bool behind = IsBehind(element.Index);
-      const std::int64_t place = element.Index + (behind ? std::int64_t{1} << 32 : 0);
-      moved = moved || place < last;
-      last = place;
-    }
-    if (!moved) continue;
+    moved[static_cast<std::size_t>(i)] = IsOutOfOrder(data_.Rows[i], meets_a_row_twice);
+  }
+  const std::vector<bool> exact = meets_a_row_twice ? RowsInAnotherOrder() : moved;
+  for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) {
+    const auto row = static_cast<std::size_t>(i);
+    if (!moved[row] && !exact[row]) continue;
     losses_.Add(LossKind::kElementOrder, [&] {
       return Loss{"row", model::Public(i), data_.Rows[i].Name,
                   "reads back with its elements in another order"};
@@ -74,14 +72,21 @@ void OrderCheck::CheckElements() {
   }
 }
 
-// Whether some row has two different values in a row at one column.
-bool OrderCheck::MeetsARowTwice() const {
-  return std::any_of(data_.Rows.begin(), data_.Rows.end(), [](const RowRecord& row) {
-    return std::adjacent_find(row.Elements.begin(), row.Elements.end(),
-                              [](const ElementEntry& a, const ElementEntry& b) {
-                                return a.Index == b.Index && a.Value != b.Value;
-                              }) != row.Elements.end();
-  });
+// Whether its columns come in another order than in the file. `twice` becomes true where two different
+// values stand side by side at one column.
+bool OrderCheck::IsOutOfOrder(const RowRecord& row, bool& twice) const {
+  std::int64_t last = 0;
+  double last_value = 0;
+  bool moved = false;
+  for (const ElementEntry& element : row.Elements) {
+    const bool behind = IsBehind(element.Index);
+    const std::int64_t place = element.Index + (behind ? std::int64_t{1} << 32 : 0);
+    moved |= place < last;
+    twice |= place == last && element.Value != last_value;
+    last = place;
+    last_value = element.Value;
+  }
+  return moved;
 }
 
 // By row; what stands at one column is compared with that column's list.
