@@ -3,6 +3,7 @@
 # complete command lines, the pages of docs/ and the licence.
 include(GNUInstallDirs)
 set(doc_folder "${CMAKE_INSTALL_DATAROOTDIR}/doc/quarvel")
+set(readme "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/quarvel.readme.txt")
 
 install(TARGETS quarvel RUNTIME COMPONENT program)
 if(TARGET quarvel-view)
@@ -16,8 +17,9 @@ if(TARGET quarvel-view AND NOT WIN32)
           COMPONENT viewer)
   install(FILES packaging/icons/quarvel.svg DESTINATION "${share}/icons/hicolor/scalable/apps"
           COMPONENT viewer)
+  # What its Help shows: no document, as systems may be without theirs.
+  install(FILES "${readme}" DESTINATION "${share}/quarvel" COMPONENT viewer)
 endif()
-set(readme "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/quarvel.readme.txt")
 if(WIN32)
   install(TARGETS Quarvel RUNTIME COMPONENT automation)
   install(FILES "${QUARVEL_MADE}/packaging/Quarvel.Component.manifest"
@@ -25,8 +27,6 @@ if(WIN32)
           DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT automation)
   # Beside whatever has a Help menu.
   install(FILES "${readme}" DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT program)
-else()
-  install(FILES "${readme}" DESTINATION "${doc_folder}" COMPONENT documentation)
 endif()
 
 install(FILES LICENSE README.md DESTINATION "${doc_folder}" COMPONENT documentation)

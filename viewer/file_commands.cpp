@@ -22,8 +22,7 @@ std::string ReadmeOf(const std::string& folder) {
   return folder + "\\quarvel.readme.txt";
 #else
   const std::string beside = folder + "/quarvel.readme.txt";
-  const std::string installed =
-      platform::FolderOf(folder) + "/share/doc/quarvel/quarvel.readme.txt";
+  const std::string installed = platform::FolderOf(folder) + "/share/quarvel/quarvel.readme.txt";
   return !platform::FileExists(beside) && platform::FileExists(installed) ? installed : beside;
 #endif
 }

@@ -6,7 +6,7 @@
 namespace quarvel::viewer {
 
 // What Help shows, of a component in that folder: the file beside it. On other systems than Windows an
-// installation has the file among its documents, ../share/doc/quarvel.
+// installation has the file in ../share/quarvel.
 std::string ReadmeOf(const std::string& folder);
 
 class CommandDesk;

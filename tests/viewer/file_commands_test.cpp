@@ -331,12 +331,12 @@ TEST_F(FileCommandsTest, HelpOpensTheReadmeBesideTheComponent) {
 TEST(ReadmeOfTest, KnowsWhereAnInstallationHasIt) {
   const TemporaryFolder folder;
   const std::string programs = folder.File("bin");
-  const std::string documents = folder.File("share/doc/quarvel");
+  const std::string shared = folder.File("share/quarvel");
   std::filesystem::create_directories(programs);
-  std::filesystem::create_directories(documents);
+  std::filesystem::create_directories(shared);
   EXPECT_EQ(ReadmeOf(programs), programs + "/quarvel.readme.txt");
-  WriteWholeFile(documents + "/quarvel.readme.txt", "installed");
-  EXPECT_EQ(ReadmeOf(programs), documents + "/quarvel.readme.txt");
+  WriteWholeFile(shared + "/quarvel.readme.txt", "installed");
+  EXPECT_EQ(ReadmeOf(programs), shared + "/quarvel.readme.txt");
   WriteWholeFile(programs + "/quarvel.readme.txt", "beside");
   EXPECT_EQ(ReadmeOf(programs), programs + "/quarvel.readme.txt");
 }
