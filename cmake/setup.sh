@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing from Debian's packages:
 # cmake/setup.sh PART..., each one of native, format, display, browser, desktop, shells, manual, checks, coverage,
-# windows, packages, systems, peers, counts, solvers.
+# windows, packages, debian, systems, peers, counts, solvers.
 # Asks nothing. Packages that are installed already cost one look at the package database.
 set -eu
 
@@ -29,6 +29,8 @@ windows=(g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-win32 mingw-w64-tools lib
   googletest libz-mingw-w64-dev wine wine64 xvfb)
 # What makes and reads the packages.
 packages=(zip unzip python3 nsis)
+# What makes Debian's packages, and checks them.
+debian=(debhelper lintian python3)
 # What makes a Debian system of its own (cmake/debian_root.sh).
 systems=(debootstrap)
 # The libraries that the benchmarks compare with, and what counts instructions.
@@ -51,6 +53,7 @@ for part in "$@"; do
     coverage) wanted+=("${coverage[@]}") ;;
     windows) wanted+=("${windows[@]}") ;;
     packages) wanted+=("${packages[@]}") ;;
+    debian) wanted+=("${debian[@]}") ;;
     systems) wanted+=("${systems[@]}") ;;
     peers) wanted+=("${peers[@]}") ;;
     counts) wanted+=("${counts[@]}") ;;
