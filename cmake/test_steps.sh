@@ -94,6 +94,9 @@ run_tests() {
 # Both builds for Windows, packed, and used under Wine.
 check_windows_packages() { packaging/build windows && tests/windows_packages.sh; }
 
+# Debian's packages, read and made once more.
+check_debian_files() { packaging/build debian && tests/debian_files.sh; }
+
 build_and_test() { build "$1" && run_tests "$1"; } # PRESET
 
 # fuzz_target NAME SECONDS: the kept inputs once, then new ones from a fixed start.
@@ -143,10 +146,11 @@ every_fault() {
   return $status
 }
 
-# The program without Qt, in a small Debian of its own.
-test_bare_system() {
-  local title="a server without Qt" log="$logs/bare_system.log" start=$SECONDS status=0
-  tests/bare_system.sh build/linux/quarvel >"$log" 2>&1 || status=$?
+# step_in_system TITLE COMMAND... : one step in a small Debian of its own, which not every machine can have.
+step_in_system() {
+  local title=$1 log="$logs/${1//[^a-zA-Z0-9-]/_}.log" start=$SECONDS status=0
+  shift
+  "$@" >"$log" 2>&1 || status=$?
   if [ $status -eq 0 ]; then
     passed=$((passed + 1))
     pass "$title" $((SECONDS - start)) "$(tail -n 1 "$log")"
