@@ -44,14 +44,16 @@ bool AreCloseUpper(double a, double b, const Tolerance& tolerance) {
 }
 
 NamedRecords RowsOf(const ModelStore& store) {
-  return {store.NumberOfRows(),
-          [&store](std::int32_t r) -> std::string_view { return store.Row(r).Name; },
+  const ModelData& data = store.looks().DataWithoutRowLists();
+  return {data.NumberOfRows,
+          [&data](std::int32_t r) -> std::string_view { return data.Rows[r].Name; },
           [&store](std::string_view name) { return store.FindRow(name); }};
 }
 
 NamedRecords ColumnsOf(const ModelStore& store) {
-  return {store.NumberOfColumns(),
-          [&store](std::int32_t c) -> std::string_view { return store.Column(c).Name; },
+  const ModelData& data = store.looks().DataWithoutRowLists();
+  return {data.NumberOfColumns,
+          [&data](std::int32_t c) -> std::string_view { return data.Columns[c].Name; },
           [&store](std::string_view name) { return store.FindColumn(name); }};
 }
 
@@ -59,8 +61,8 @@ class ModelComparison {
  public:
   ModelComparison(const ModelStore& a, const ModelStore& b, const Tolerance& tolerance,
                   const DifferenceVisitor& visit)
-      : a_(a.data()),
-        b_(b.data()),
+      : a_(a.looks().DataWithoutRowLists()),
+        b_(b.looks().DataWithoutRowLists()),
         tolerance_(tolerance),
         visit_(visit),
         rows_(RowsOf(a), RowsOf(b)),

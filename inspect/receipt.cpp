@@ -189,6 +189,7 @@ void CompareWithFile(
     const std::function<bool(std::uint64_t done, std::uint64_t all)>& on_progress) {
   mps::ReadOptions options;
   options.kept_of_each = 0;
+  options.looks_at_records = false;
   options.open = [&file] { return std::move(file); };
   options.on_progress = on_progress;
   ModelStore back;

@@ -1,5 +1,7 @@
 #include "inspect/record_pairing.h"
 
+#include <algorithm>
+
 namespace quarvel::inspect {
 namespace {
 
@@ -24,7 +26,8 @@ Numbers ChainsOf(const NamedRecords& records) {
 RecordPairing::RecordPairing(const NamedRecords& a, const NamedRecords& b) {
   in_b_.Resize(a.count);
   in_a_.Resize(b.count);
-  for (std::int32_t number = 1; number <= a.count; ++number) {
+  PairSameOrder(a, b);
+  for (std::int32_t number = same_ + 1; number <= a.count; ++number) {
     std::int32_t other = b.find(a.name_of(number));
     if (other != 0 && in_a_[other] != 0) other = TakeNextOfName(other, b);
     in_b_[number] = other;
@@ -32,10 +35,22 @@ RecordPairing::RecordPairing(const NamedRecords& a, const NamedRecords& b) {
   }
 }
 
+// The n-th of a name gets the n-th: all of that name before this one are taken, as they stand before it
+// in A too.
+void RecordPairing::PairSameOrder(const NamedRecords& a, const NamedRecords& b) {
+  const std::int32_t shorter = std::min(a.count, b.count);
+  while (same_ < shorter && a.name_of(same_ + 1) == b.name_of(same_ + 1)) {
+    ++same_;
+    in_b_[same_] = same_;
+    in_a_[same_] = same_;
+  }
+}
+
 std::int32_t RecordPairing::TakeNextOfName(std::int32_t first, const NamedRecords& b) {
   if (next_of_name_.empty()) next_of_name_ = ChainsOf(b);
-  const std::int32_t next = next_of_name_[first];
-  if (next != 0) next_of_name_[first] = next_of_name_[next];
+  std::int32_t next = next_of_name_[first];
+  while (next != 0 && in_a_[next] != 0) next = next_of_name_[next];
+  next_of_name_[first] = next == 0 ? 0 : next_of_name_[next];
   return next;
 }
 

@@ -36,10 +36,10 @@ void DeferredWork::DeferRowLists() {
   empty_ = false;
 }
 
-void DeferredWork::Settle() {
-  FillRowListsIfBehind();
+void DeferredWork::Settle(bool with_row_lists) {
+  if (with_row_lists) FillRowListsIfBehind();
   CloseAllGaps();
-  empty_ = true;
+  empty_ = !model_.row_lists_behind;
 }
 
 // Walking the columns in order meets the coefficients in the order in which a read appended them,

@@ -43,7 +43,8 @@ class DeferredWork {
   // Every look at the store asks.
   bool empty() const { return empty_; }
   // When memory runs out, everybody still sees the same.
-  void Settle();
+  // Without row lists those stay behind where they are.
+  void Settle(bool with_row_lists = true);
 
   // A read begins or goes on: until the next look only column lists are kept.
   void DeferRowLists();

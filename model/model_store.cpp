@@ -36,8 +36,10 @@ void ModelStore::SetColumnType(std::int32_t c, ColumnType type) {
   model_.data.Columns[deferred_.ColumnPosition(c)].Type = type;
 }
 
+// Types depend on no list, so row lists may stay behind.
 void ModelStore::DeriveRowTypes() {
-  ModelData& data = Settled();
+  if (!deferred_.empty()) deferred_.Settle(false);
+  ModelData& data = model_.data;
   for (std::int32_t r = 1; r <= data.NumberOfRows; ++r) {
     RowRecord& row = data.Rows[r];
     row.Type = RowTypeOf(row.LowerBound, row.UpperBound);

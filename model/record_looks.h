@@ -1,6 +1,7 @@
 // Questions about one record, one coefficient, or one row of a list that close no gaps, so that a
 // loop of removals may ask them after each. A handle that the store gives out (model/model_store.h),
-// to be used at once. Numbers are 1-based; those of none raise 9.
+// to be used at once. Numbers are 1-based; those of none raise 9. And a look at all fields that makes no
+// row lists.
 #pragma once
 
 #include <cstdint>
@@ -53,6 +54,14 @@ class RecordLooks {
   // How many rows stand in that list, and the number of the k-th.
   std::int32_t CountListed(RowList list) const;
   std::int32_t Listed(RowList list, std::int32_t k) const;
+
+  // All stored fields with no gaps, for who looks at no row list: those may be behind. The same reference
+  // as the store's data().
+  const ModelData& DataWithoutRowLists() const {
+    if (!work_.empty()) [[unlikely]]
+      work_.Settle(false);
+    return data_;
+  }
 
  private:
   std::int32_t DeferredElementsInColumn(std::int32_t c) const;

@@ -211,16 +211,19 @@ class FileRun {
 
   void Check() {
     using enum FileProblemCode;
-    const model::ModelData& data = store_.data();
+    const model::ModelData& data =
+        options_.looks_at_records ? store_.data() : store_.looks().DataWithoutRowLists();
     if (data.NumberOfRows == 0) Tell({kNoRows});
     if (data.NumberOfColumns == 0) Tell({kNoColumns});
     if (data.NumberOfElements == 0) Tell({kNoElements});
-    CheckRecords(data.Columns, data.NumberOfColumns, kColumnBoundsReversed, kEmptyColumn);
-    CheckRecords(data.Rows, data.NumberOfRows, kRowBoundsReversed, kEmptyRow);
+    if (options_.looks_at_records) {
+      CheckRecords(data.Columns, data.NumberOfColumns, kColumnBoundsReversed, kEmptyColumn);
+      CheckRecords(data.Rows, data.NumberOfRows, kRowBoundsReversed, kEmptyRow);
+    }
     for (std::int32_t r = data.NumberOfRows; r >= 1 && !IsWide(); --r) {
       if (data.Rows[r].Type == model::RowType::kFree) read_.facts.objective = data.Rows[r].Name;
     }
-    CheckRowTypes(data);
+    if (options_.looks_at_records) CheckRowTypes(data);
     if (goes_on_) store_.DeriveRowTypes();
   }
 

@@ -34,6 +34,10 @@ struct ReadOptions {
   bool infinite_default_bounds = false;
   // How many problems of each code come back as data; all are counted.
   std::size_t kept_of_each = FileProblems::kUsuallyKept;
+  // Whether rows and columns are looked at, when all lines are read, for problems of their own: one
+  // without elements, limits that are reversed or make another type. Without that the store's row lists
+  // stay deferred, which who looks at none saves.
+  bool looks_at_records = true;
   // Gives the bytes, in place of those of the file at `path`, which is then a name only. Called again
   // where lines are to be shown, and may then give null. It may raise what opening a file raises.
   std::function<std::unique_ptr<platform::ByteSource>()> open = {};

@@ -108,18 +108,19 @@ void LossFinder::CheckBounds(std::int32_t j) {
   const ColumnRecord& column = data_.Columns[j];
   if (!AreFinite(column))
     return told_.AddColumn(LossKind::kNotFinite, j, "has a bound that is no number");
-  const std::string bounds = "has the bounds " + IntervalText(column) + ", which ";
+  // Most columns lose nothing: no text is made for them.
+  const auto bounds = [&column] { return "has the bounds " + IntervalText(column) + ", which "; };
   if (told_.StopsAt(column)) {
-    return told_.AddColumn(LossKind::kReversed, j, bounds + std::string(ReversedWords(column)));
+    return told_.AddColumn(LossKind::kReversed, j, bounds() + std::string(ReversedWords(column)));
   }
   if (IsWrittenAsFixed(column)) {
     return told_.AddColumn(LossKind::kColumnBounds, j,
-                           bounds + "are written as FX, as which other programs read them");
+                           bounds() + "are written as FX, as which other programs read them");
   }
   const Bounds back = BoundsReadBack(column);
   if (AreSame(column, back)) return;
   told_.AddColumn(AreAlike(column, back) ? LossKind::kDigits : LossKind::kColumnBounds, j,
-                  bounds + "read back as " + IntervalText(back));
+                  bounds() + "read back as " + IntervalText(back));
 }
 
 void LossFinder::CheckElements(std::int32_t j) {

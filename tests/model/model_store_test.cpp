@@ -82,6 +82,18 @@ TEST(ModelStore, KnowsWhetherNamesAreDistinct) {
   EXPECT_FALSE(store.looks().KnowsNamesDistinct());
 }
 
+TEST(ModelStore, ShowsItsFieldsWithoutRowListsAndWithoutGaps) {
+  ModelStore store;
+  Build(store, 6, 3, 3);
+  store.RemoveRow(1);
+  store.RemoveRow(3);
+  EXPECT_EQ(store.looks().DataWithoutRowLists().NumberOfRows, 4);
+  EXPECT_EQ(store.looks().DataWithoutRowLists().Rows[2].Name, "R3");
+  const std::string seen = NamesOfRows(store);
+  EXPECT_EQ(seen, "R2 R3 R5 R6 ");
+  EXPECT_EQ(CheckModelData(store), "");
+}
+
 TEST(ModelStore, ChangesRecordsWhileRemovalsOfTheirKindAreDeferred) {
   ModelStore store;
   Build(store, 6, 3, 3);

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "model/model_check.h"
 #include "tests/support/test_paths.h"
 
 namespace quarvel::mps {
@@ -44,6 +45,23 @@ TEST_F(ReadFileTest, ReadsAModelAndWhatTheFileSaysBesideIt) {
   EXPECT_EQ(store_.settings().ModelName, "SMALL");
   EXPECT_EQ(store_.settings().ReadMPSFileErr, -1);
   EXPECT_EQ(store_.data().NumberOfBindingRows, 1);
+}
+
+TEST_F(ReadFileTest, LeavesRowListsDeferredWhereItLooksAtNoRecord) {
+  constexpr std::string_view kText =
+      "ROWS\n N cost\n L lim\n G idle\nCOLUMNS\n x cost 1 lim 2\n y lim 3\nRHS\n r lim 1e30\n"
+      "BOUNDS\n LO b x 9\n UP b x 8\nENDATA\n";
+  EXPECT_EQ(Read(kText).problems.kept().size(), 3U);
+  EXPECT_FALSE(store_.has_deferred_work());
+  const FileRead read = Read(kText, {.looks_at_records = false});
+  EXPECT_EQ(read.outcome, ReadOutcome::kRead);
+  EXPECT_EQ(read.problems.kept().size(), 0U);
+  EXPECT_TRUE(store_.has_deferred_work());
+  EXPECT_EQ(store_.looks().DataWithoutRowLists().Rows[2].Type, model::RowType::kFree);
+  EXPECT_EQ(store_.looks().DataWithoutRowLists().Columns[1].ElementCount(), 2);
+  EXPECT_TRUE(store_.has_deferred_work());
+  EXPECT_EQ(store_.Row(2).ElementCount(), 2);
+  EXPECT_EQ(model::CheckModelData(store_), "");
 }
 
 // Of ASCII.
