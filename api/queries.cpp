@@ -1,6 +1,7 @@
 // Queries by number and by name.
 
 #include "api/parts.h"
+#include "api/row_types.h"
 #include "model/equation.h"
 
 namespace quarvel {
@@ -34,24 +35,6 @@ std::vector<Element> PublicElements(const model::ElementList& list) {
   return elements;
 }
 
-// No operation makes a row without a type.
-RowType PublicType(model::RowType type) {
-  switch (type) {
-    case model::RowType::kGreater:
-      return RowType::kGreater;
-    case model::RowType::kLess:
-      return RowType::kLess;
-    case model::RowType::kEqual:
-      return RowType::kEqual;
-    case model::RowType::kRanged:
-      return RowType::kRanged;
-    case model::RowType::kNone:
-    case model::RowType::kFree:
-      break;
-  }
-  return RowType::kFree;
-}
-
 }  // namespace
 
 std::optional<std::int32_t> Model::FindRow(std::string_view name) const {
@@ -64,7 +47,7 @@ std::string Model::NameOfRow(std::int32_t row) const {
 
 RowType Model::TypeOfRow(std::int32_t row) const {
   return Translated(
-      [&] { return PublicType(parts_->store.looks().TypeOfRow(RowNumber(*parts_, row))); });
+      [&] { return api::PublicType(parts_->store.looks().TypeOfRow(RowNumber(*parts_, row))); });
 }
 
 Bounds Model::BoundsOfRow(std::int32_t row) const {
@@ -95,8 +78,7 @@ std::string Model::NameOfColumn(std::int32_t column) const {
 
 ColumnType Model::TypeOfColumn(std::int32_t column) const {
   return Translated([&] {
-    const auto type = parts_->store.looks().TypeOfColumn(ColumnNumber(*parts_, column));
-    return type == model::ColumnType::kInteger ? ColumnType::kInteger : ColumnType::kContinuous;
+    return api::PublicType(parts_->store.looks().TypeOfColumn(ColumnNumber(*parts_, column)));
   });
 }
 

@@ -30,7 +30,8 @@ function(quarvel_harden target)
   # A stack that grows touches every page on its way. Places by chance; the linker's tables are complete
   # and read-only before the program starts.
   target_compile_options(${target} PRIVATE -fstack-clash-protection)
-  if(NOT CMAKE_POSITION_INDEPENDENT_CODE)
+  get_target_property(is_for_any_place ${target} POSITION_INDEPENDENT_CODE)
+  if(NOT is_for_any_place)
     target_compile_options(${target} PRIVATE -fPIE)
   endif()
   target_link_options(${target} PUBLIC "$<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:-pie>"

@@ -39,6 +39,11 @@ function(quarvel_library name)
   list(FILTER sources EXCLUDE REGEX "/(view_)?main\\.cpp$|platform/win32/[^/]*_win32\\.cpp$")
   add_library(${name} STATIC ${sources})
   quarvel_together(${name})
+  # A module of Python is a shared library. Hidden symbols keep the code of the programs as fast as ever.
+  if(QUARVEL_BUILDS_PYTHON AND name MATCHES "${quarvel_below_python}")
+    set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden
+                                             VISIBILITY_INLINES_HIDDEN ON)
+  endif()
   quarvel_harden(${name})
   target_sources(${name} PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}"
                                 FILES ${headers})

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing from Debian's packages:
 # cmake/setup.sh PART..., each one of native, format, display, browser, desktop, shells, manual, checks, coverage,
-# windows, packages, debian, systems, peers, counts, solvers.
+# windows, packages, debian, systems, peers, counts, solvers, python.
 # Asks nothing. Packages that are installed already cost one look at the package database.
 set -eu
 
@@ -38,6 +38,9 @@ peers=(coinor-libcoinutils-dev libglpk-dev)
 counts=(valgrind)
 # What reads and solves the files that we write.
 solvers=(glpk-utils lp-solve)
+# The Python package: what it is built with, what its tests use, and what checks its types.
+python=(python3-dev pybind11-dev python3-numpy python3-scipy python3-pandas python3-pytest mypy
+  python3-setuptools python3-wheel python3-pip python3-venv)
 
 wanted=()
 for part in "$@"; do
@@ -58,6 +61,7 @@ for part in "$@"; do
     peers) wanted+=("${peers[@]}") ;;
     counts) wanted+=("${counts[@]}") ;;
     solvers) wanted+=("${solvers[@]}") ;;
+    python) wanted+=("${python[@]}") ;;
     *) echo "setup.sh: unknown part $part" >&2; exit 2 ;;
   esac
 done

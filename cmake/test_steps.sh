@@ -43,7 +43,7 @@ step() {
 }
 
 check_format() {
-  find text platform model mps simplify inspect viewer component include api automation hosts tests fuzz bench \
+  find text platform model mps simplify inspect viewer component include api automation hosts python tests fuzz bench \
     examples/native \
     \( -name '*.cpp' -o -name '*.h' \) -print0 2>/dev/null |
     xargs -0 clang-format --dry-run -Werror

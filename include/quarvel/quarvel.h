@@ -4,6 +4,7 @@
 
 #include <string_view>
 
+#include "quarvel/arrays.h"
 #include "quarvel/compare.h"
 #include "quarvel/desktop.h"
 #include "quarvel/error.h"

@@ -109,7 +109,8 @@ TEST(Architecture, PageNamesWhatEachRoomIncludes) {
 TEST(Architecture, LibrariesAreLinkedWithWhatTheirRoomsInclude) {
   const std::string root = SourceFolder();
   const Arrows links = LinksOf(ReadWholeFile(root + "/CMakeLists.txt") +
-                               ReadWholeFile(root + "/cmake/automation.cmake"));
+                               ReadWholeFile(root + "/cmake/automation.cmake") +
+                               ReadWholeFile(root + "/python/CMakeLists.txt"));
   // The component's file, and not its library, takes the drawer; so does the program quarvel-view.
   const std::set<std::string> elsewhere = {"automation -> platform/win32", "hosts -> platform/qt"};
   for (const auto& [room, below] : ArrowsOfPage()) {

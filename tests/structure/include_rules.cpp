@@ -75,6 +75,8 @@ bool IsPackersHeader(std::string_view name) {
          name == "zstd_errors.h";
 }
 
+bool IsPythonHeader(std::string_view name) { return name.starts_with("pybind11/"); }
+
 bool IsQtHeader(std::string_view name) { return name.starts_with("Q"); }
 
 std::string QuotedProblem(std::string_view path, std::string_view name) {
@@ -85,8 +87,10 @@ std::string QuotedProblem(std::string_view path, std::string_view name) {
   const auto level = LevelOf(name);
   if (!level) return "is the header of no room";
   const bool above = *level > *LevelOf(path);
-  // The three rooms at the top do not know each other.
-  const bool beside = level >= LevelOf("api/") && level != LevelOf(path);
+  // The rooms at the top do not know each other, but that Python stands on the library.
+  const bool is_library_for_python =
+      path.starts_with("python/") && level == LevelOf("api/") && name.starts_with(kPublicHeaders);
+  const bool beside = level >= LevelOf("api/") && level != LevelOf(path) && !is_library_for_python;
   if (above || beside) return "does not go downwards";
   const bool shows_inside = path.starts_with(kPublicFolder) && !name.starts_with(kPublicHeaders);
   return shows_inside ? "shows programs what is inside of the library" : "";
@@ -103,6 +107,9 @@ std::string SystemProblem(std::string_view path, std::string_view name) {
   const bool posix = IsHost(path) && file.find("_posix.") < file.size();
   if (IsComHeader(name)) {
     return automation || (IsHost(path) && win32) ? "" : "names COM below automation";
+  }
+  if (IsPythonHeader(name)) {
+    return path.starts_with("python/") ? "" : "names Python outside its package";
   }
   if (IsQtHeader(name)) return drawer == "platform/qt" ? "" : "names a toolkit outside its drawer";
   if (automation || win32) return "";
@@ -175,7 +182,7 @@ std::vector<std::string> IncludeCircles(const SourceTexts& sources) {
 const std::vector<std::string_view>& Rooms() {
   static const std::vector<std::string_view> rooms = {
       "text",   "platform",  "model", "mps",        "simplify", "inspect",
-      "viewer", "component", "api",   "automation", "hosts"};
+      "viewer", "component", "api",   "automation", "hosts",    "python"};
   return rooms;
 }
 

@@ -1,0 +1,67 @@
+// Simplifying and comparing.
+
+#include <string>
+
+#include "python/core.h"
+#include "python/signals.h"
+
+namespace quarvel::python {
+namespace {
+
+namespace py = pybind11;
+
+py::dict Simplified(SharedModel& shared, int on_conflict, const py::object& progress) {
+  const Use use(shared);
+  Pulse pulse(progress);
+  SimplifyOptions options;
+  options.on_conflict = static_cast<OnConflict>(on_conflict);
+  options.on_progress = [&pulse](double part) { return pulse.Beat(part, 1.0); };
+  SimplifyResult result;
+  {
+    const py::gil_scoped_release release;
+    result = Simplify(shared.model, options);
+  }
+  py::dict told;
+  told["is_stopped"] = result.is_stopped;
+  told["conflicts"] = result.conflicts;
+  told["removed_rows"] = result.removed_rows;
+  told["removed_columns"] = result.removed_columns;
+  told["log"] = result.log;
+  return told;
+}
+
+py::dict DifferenceOf(const Difference& difference) {
+  py::dict told;
+  told["kind"] = std::string(difference.kind);
+  told["is_note"] = difference.is_note;
+  told["row_in_a"] = difference.row_in_a;
+  told["row_in_b"] = difference.row_in_b;
+  told["column_in_a"] = difference.column_in_a;
+  told["column_in_b"] = difference.column_in_b;
+  told["before"] = difference.before;
+  told["after"] = difference.after;
+  return told;
+}
+
+py::tuple Compared(SharedModel& a, SharedModel& b, double absolute, double relative,
+                   std::size_t most) {
+  const Use use_a(a);
+  py::list differences;
+  const auto compare = [&] {
+    return Compare(a.model, b.model, {absolute, relative}, [&](const Difference& difference) {
+      if (differences.size() < most) differences.append(DifferenceOf(difference));
+    });
+  };
+  if (&a == &b) return py::make_tuple(compare(), differences);
+  const Use use_b(b);
+  const std::int64_t count = compare();
+  return py::make_tuple(count, differences);
+}
+
+}  // namespace
+
+void AddSimplifying(ModelClass& model) { model.def("simplify", &Simplified); }
+
+void AddComparing(py::module_& module) { module.def("compare", &Compared); }
+
+}  // namespace quarvel::python

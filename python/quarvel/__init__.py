@@ -1,0 +1,16 @@
+"""Linear and mixed-integer models of MPS files: read, looked at, changed, simplified, compared, written."""
+
+from ._core import version as _version
+from .errors import (BusyError, Error, FileError, FullError, NameRefused, NoSuchName, NumberError, Problem,
+                     ReadError, ValueRefused, WriteError)
+from .making import from_arrays
+from .model import Column, Edit, Model, Row, Simplified
+from .comparing import Difference, Differences, diff
+from .reading import Check, check, read
+from .writing import Loss, Receipt
+
+__version__: str = _version()
+__all__ = [
+    "BusyError", "Check", "Column", "Difference", "Differences", "Edit", "Error", "FileError", "FullError", "Loss",
+    "Model", "NameRefused", "NoSuchName", "NumberError", "Problem", "ReadError", "Receipt", "Row", "Simplified",
+    "ValueRefused", "WriteError", "check", "diff", "from_arrays", "read"]

@@ -1,0 +1,94 @@
+"""Writing a model, and the receipt of what the file keeps."""
+
+from __future__ import annotations
+
+import dataclasses
+import os
+from typing import Any, Callable, Optional, Union
+
+from . import _core, packing
+from .errors import FileError, ValueRefused, WriteError
+
+Progress = Callable[[float, float], Optional[bool]]
+_WRITTEN, _NOTHING, _LOSSES, _NOT_SAME, _FAILED = range(5)
+_REASONS = {
+    _NOTHING: "there are no coefficients, and a file without them is no model",
+    _LOSSES: "the file would not keep the model",
+    _NOT_SAME: "what was written was read back as something else"}
+
+
+@dataclasses.dataclass(frozen=True)
+class Loss:
+    """What a layout does not keep of a model: all losses of one kind."""
+
+    weight: str
+    """"breaks", "changes" or "noted"; the last makes no other model, but for digits."""
+    name: str
+    count: int
+    sentences: tuple[str, ...]
+    """Of the first three."""
+
+
+@dataclasses.dataclass(frozen=True)
+class Receipt:
+    """What was written, and what of it came back when it was read again."""
+
+    rows: int
+    columns: int
+    elements: int
+    is_read_again: bool
+    equal_rows: int
+    equal_columns: int
+    equal_elements: int
+    losses: tuple[Loss, ...]
+    unexpected: tuple[str, ...]
+    fits_fixed_columns: bool
+    is_whole: bool
+    """The file gives back all there is."""
+
+
+def _receipt(told: dict[str, Any]) -> Receipt:
+    fields = {field.name: told[field.name] for field in dataclasses.fields(Receipt)}
+    fields["losses"] = tuple(Loss(**loss) for loss in told["losses"])
+    return Receipt(**fields)
+
+
+def write(core: _core.Model, path: Union[str, "os.PathLike[str]"], layout: str, allow_changes: bool, strict: bool,
+          progress: Optional[Progress]) -> Receipt:
+    name = os.fspath(path)
+    if layout not in ("free", "fixed", "component"):
+        raise ValueRefused(f'There is no layout {layout!r}: "free", "fixed", "component"')
+    options = {"layout": int(layout == "component"), "allow_changes": allow_changes, "strict": strict}
+    pack = packing.packer(name)
+    if pack is None and layout != "fixed":
+        return _checked(core.write_file(name, options, progress), name)
+    text, told = core.write_bytes(options, progress)
+    receipt = _checked(told, name)
+    if layout == "fixed" and not receipt.fits_fixed_columns:
+        raise WriteError(f"{name} was not written: names or values do not fit fixed columns", receipt)
+    if pack is None:
+        return _checked(core.write_file(name, options, progress), name)
+    try:
+        packing.replace_file(name, pack(text))
+    except OSError as error:
+        raise FileError(f"{name} was not written: {error}") from error
+    return receipt
+
+
+def to_bytes(core: _core.Model, layout: str, allow_changes: bool, strict: bool) -> bytes:
+    if layout not in ("free", "component"):
+        raise ValueRefused(f'There is no layout {layout!r}: "free", "component"')
+    options = {"layout": int(layout == "component"), "allow_changes": allow_changes, "strict": strict}
+    text, told = core.write_bytes(options, None)
+    _checked(told, "the text")
+    return text
+
+
+def _checked(told: dict[str, Any], name: str) -> Receipt:
+    receipt = _receipt(told)
+    if told["outcome"] == _WRITTEN:
+        return receipt
+    reason = told["failure"] or _REASONS.get(told["outcome"], "it was stopped")
+    if told["outcome"] == _LOSSES and receipt.losses:
+        reason += ": " + receipt.losses[0].sentences[0]
+    raise WriteError(f"{name} was not written: {reason}", receipt)

@@ -1,0 +1,48 @@
+"""What the tests share: a small model, and the folder of real ones."""
+
+import os
+import pathlib
+
+import pytest
+
+PROJECT = pathlib.Path(__file__).resolve().parent.parent.parent
+
+SMALL = b"""NAME          SMALL
+OBJSENSE
+    MAX
+ROWS
+ N  COST
+ L  LIMIT
+ G  NEED
+ E  SAME
+COLUMNS
+    X         COST      3.0        LIMIT     1.0
+    X         NEED      1.0
+    M1        'MARKER'             'INTORG'
+    Y         COST      -2.0       LIMIT     1.0
+    Y         SAME      1.0
+    M2        'MARKER'             'INTEND'
+    Z         SAME      -1.0       NEED      2.0
+RHS
+    RHS       COST      -10.0      LIMIT     4.0
+    RHS       NEED      1.0
+BOUNDS
+ UP BND       Y         3.0
+ FR BND       Z
+ENDATA
+"""
+
+
+@pytest.fixture
+def small_file(tmp_path):
+    path = tmp_path / "small.mps"
+    path.write_bytes(SMALL)
+    return path
+
+
+@pytest.fixture
+def data():
+    folder = pathlib.Path(os.environ.get("QUARVEL_DATA", PROJECT.parent / "shared/data"))
+    if not folder.is_dir():
+        pytest.skip(f"there is no folder {folder} of real models")
+    return folder
