@@ -3,6 +3,7 @@
 #include <array>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "python/core.h"
 
@@ -17,7 +18,7 @@ constexpr std::array kClasses = {"NumberError", "NameRefused", "ValueRefused", "
 
 void Translate(std::exception_ptr thrown) {
   try {
-    if (thrown) std::rethrow_exception(thrown);
+    if (thrown) std::rethrow_exception(std::move(thrown));
   } catch (const Error& error) {
     const py::object type = py::module_::import("quarvel.errors")
                                 .attr(kClasses.at(static_cast<std::size_t>(error.code())));
@@ -95,13 +96,9 @@ void AddWhole(ModelClass& model) {
       .def("set_facts", &SetFacts);
 }
 
-}  // namespace
-}  // namespace quarvel::python
-
-PYBIND11_MODULE(_core, module) {
-  using namespace quarvel::python;
-  pybind11::register_exception_translator(&Translate);
-  module.def("version", [] { return std::string(quarvel::Version()); });
+void AddAll(py::module_& module) {
+  py::register_exception_translator(&Translate);
+  module.def("version", [] { return std::string(Version()); });
   ModelClass model(module, "Model");
   AddWhole(model);
   AddReading(model);
@@ -112,3 +109,8 @@ PYBIND11_MODULE(_core, module) {
   AddSimplifying(model);
   AddComparing(module);
 }
+
+}  // namespace
+}  // namespace quarvel::python
+
+PYBIND11_MODULE(_core, module) { quarvel::python::AddAll(module); }

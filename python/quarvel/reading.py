@@ -75,13 +75,13 @@ def check(source: Source, *, dialect: str = "wide", columns: str = "by-line", ke
 def _result(source: Source, options: dict[str, Any], progress: Optional[Progress]) -> tuple[_core.Model, dict[str, Any]]:
     core = _core.Model()
     try:
-        data = packing.unpacked(source) or source if isinstance(source, bytes) else \
-            packing.unpacked_file(os.fspath(source))
+        data = packing.unpacked(source) if isinstance(source, bytes) else packing.unpacked_file(os.fspath(source))
     except Error as error:
         raise ReadError(str(error)) from error
     if data is not None:
         return core, core.read_bytes(data, options, progress)
-    assert not isinstance(source, bytes)
+    if isinstance(source, bytes):
+        return core, core.read_bytes(source, options, progress)
     return core, core.read_file(os.fspath(source), options, progress)
 
 

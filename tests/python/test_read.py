@@ -37,6 +37,12 @@ def test_packed_files_and_bytes_are_read(tmp_path, ending, pack):
     assert quarvel.read(pack(SMALL)).nnz == 8
 
 
+def test_an_empty_text_is_one_when_it_is_packed_too():
+    for source in (b"", gzip.compress(b"")):
+        told = quarvel.check(source)
+        assert told.lines == 0 and not told.has_endata
+
+
 def test_a_broken_pack_and_zstd_are_told(tmp_path):
     with pytest.raises(quarvel.ReadError, match="broken"):
         quarvel.read(gzip.compress(SMALL)[:40])
