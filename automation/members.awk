@@ -2,6 +2,7 @@
 #   table         the rows of the table of late-bound calls (members.cpp)
 #   declarations  the members of the COM object (lp_model_object.h)
 #   page          docs/members.md
+#   python        the rows of the list that the module for Python has (python/component/bindings.cpp)
 # The page also has what members_notes.txt says of each member: numbers, errors, an example.
 # A member without a help text or, for the page, without a note and example, and one of a type that is not in
 # the lists below, is an error.
@@ -78,7 +79,7 @@ function Member(text, attributes, name, list, parts, i) {
   kind = match(attributes, /^prop[a-z]+/) ? substr(attributes, 1, RLENGTH) : ""
   if (match(attributes, /helpstring\(".*"\)/)) help = substr(attributes, RSTART + 12, RLENGTH - 14)
   if (help == "") Fail(name " has no help text")
-  in_table = in_cxx = in_words = result = ""
+  in_table = in_cxx = in_words = in_python = result = ""
   arguments = split(list, parts, /, \[/)
   for (i = 1; i <= arguments; ++i) Argument(name, parts[i])
   ++count
@@ -87,6 +88,8 @@ function Member(text, attributes, name, list, parts, i) {
       result == "" ? "VT_VOID" : result_type[result], in_table >OUT
   } else if (WANT == "declarations") {
     printf "STDMETHODIMP %s%s(%s) override;\n", prefix[kind], name, in_cxx >OUT
+  } else if (WANT == "python") {
+    printf "{\"%s\", \"%s\", \"%s\", \"%s\", \"%s\"},\n", name, kind_word[kind], in_python, result, help >OUT
   } else {
     printf "| `%s` | %s | `%s` | %s | %s | %s |\n", name, kind_word[kind], id,
       in_words == "" ? "-" : in_words, result == "" ? "-" : word[result], help >OUT
@@ -110,6 +113,8 @@ function Argument(member, text, directions, words, type) {
   in_table = in_table (in_table == "" ? "" : ", ") "{L\"" words[2] "\", " \
     (directions ~ /only read/ ? "kReadArray" : argument[type]) "}"
   in_words = in_words (in_words == "" ? "" : ", ") words[2] " " word[type]
+  sub(/\*$/, "", type)
+  in_python = in_python (in_python == "" ? "" : ", ") type " " words[2]
 }
 
 function PageHead() {

@@ -5,12 +5,14 @@ from .errors import (BusyError, Error, FileError, FullError, NameRefused, NoSuch
                      ReadError, ValueRefused, WriteError)
 from .making import from_arrays
 from .model import Column, Edit, Model, Row, Simplified
+from .component import ConsoleDesktop, Desktop, LPModel, LPModelError, ScriptedDesktop
 from .comparing import Difference, Differences, diff
 from .reading import Check, check, read
 from .writing import Loss, Receipt
 
 __version__: str = _version()
 __all__ = [
-    "BusyError", "Check", "Column", "Difference", "Differences", "Edit", "Error", "FileError", "FullError", "Loss",
-    "Model", "NameRefused", "NoSuchName", "NumberError", "Problem", "ReadError", "Receipt", "Row", "Simplified",
-    "ValueRefused", "WriteError", "check", "diff", "from_arrays", "read"]
+    "BusyError", "Check", "Column", "ConsoleDesktop", "Desktop", "Difference", "Differences", "Edit", "Error",
+    "FileError", "FullError", "LPModel", "LPModelError", "Loss", "Model", "NameRefused", "NoSuchName",
+    "NumberError", "Problem", "ReadError", "Receipt", "Row", "ScriptedDesktop", "Simplified", "ValueRefused",
+    "WriteError", "check", "diff", "from_arrays", "read"]
