@@ -245,7 +245,7 @@ def test_other_threads_run_while_a_file_is_read(long_file):
         turns += 1
     reader.join()
     assert model.NumberOfColumns == 200_000
-    assert turns > 20, "the interpreter stood still during the read"
+    assert turns > 4, "the interpreter stood still during the read"
 
 
 def test_two_threads_at_once_is_an_error_and_harms_nothing(long_file):
