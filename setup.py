@@ -13,7 +13,7 @@ from setuptools.command.build_ext import build_ext
 PROJECT = pathlib.Path(__file__).resolve().parent
 VERSION = re.search(r"^project\(Quarvel VERSION (\S+)", (PROJECT / "CMakeLists.txt").read_text(), re.M)[1]
 # The target of CMake that each module is.
-MODULES = {"quarvel._core": "quarvel_python_core"}
+MODULES = {"quarvel._core": "quarvel_python_core", "quarvel._component": "quarvel_python_component"}
 
 
 class CMakeBuild(build_ext):
