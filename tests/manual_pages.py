@@ -227,7 +227,18 @@ class Html(unittest.TestCase):
                 self.assertTrue(not name or (site / name).exists(), f"{page.name}: {target}")
             self.assertNotIn("<script", made)
         self.assertNotRegex((site / "style.css").read_text(), r"url\(|@import")
-        self.assertTrue((site / "print.html").exists())
+        self.check_paper((site / "print.html").read_text(), (PROJECT / "mkdocs.yml").read_text())
+
+    def check_paper(self, page, configuration):
+        """All pages stand in one, in the order of the contents, and its links lead to places within it."""
+        order = re.findall(r"- ([\w-]+)\.md$", configuration, re.M)
+        self.assertGreater(len(order), 20)
+        self.assertEqual(re.findall(r'<section id="([^"]*)">', page), order)
+        self.assertEqual(re.findall(r'<li><a href="#([^"]*)">', page)[:len(order)], order)
+        places = re.findall(r'\bid="([^"]*)"', page)
+        self.assertEqual(len(places), len(set(places)))
+        for target in re.findall(r'href="#([^"]*)"', page):
+            self.assertIn(target, places)
 
 
 if __name__ == "__main__":
