@@ -30,15 +30,15 @@ std::string TypesOf() {
   return types + ": " + TypeWord<Result>::kWord;
 }
 
-template <class Function, class Result, class... Args, std::size_t... Places>
+template <class Function, class Result, class... Args, std::size_t... kPlaces>
 Binding MakeBinding(Lock lock, Function function, Result (Function::*)(LPModel&, Args...) const,
-                    std::index_sequence<Places...>) {
+                    std::index_sequence<kPlaces...>) {
   const auto call = [lock, function](LPModel& model,
                                      [[maybe_unused]] Arguments given) -> py::object {
     // Braces have them converted from left to right, as the caller wrote them.
     const std::tuple<std::decay_t<Args>...> values{
-        FromPython<std::decay_t<Args>>(given[Places])...};
-    const auto run = [&] { return function(model, std::get<Places>(values)...); };
+        FromPython<std::decay_t<Args>>(given[kPlaces])...};
+    const auto run = [&] { return function(model, std::get<kPlaces>(values)...); };
     if constexpr (std::is_void_v<Result>) {
       RunWith(lock, run);
       return py::none();
