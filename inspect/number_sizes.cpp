@@ -17,7 +17,7 @@ struct DecadesOfExponent {
   int decade = kHighestDecade;
 };
 
-constexpr int kExponents = 2048;
+constexpr std::size_t kExponents = 2048;
 using Decades = std::array<DecadesOfExponent, kExponents>;
 
 double PowerOfTen(int decade) {
@@ -30,8 +30,8 @@ Decades MakeDecades() {
   Decades decades;
   int decade = kLowestDecade;
   double next = PowerOfTen(decade + 1);
-  for (std::uint64_t exponent = 1; exponent < kExponents; ++exponent) {
-    const double least = std::bit_cast<double>(exponent << 52);
+  for (std::size_t exponent = 1; exponent < kExponents; ++exponent) {
+    const double least = std::bit_cast<double>(std::uint64_t{exponent} << 52);
     while (decade < kHighestDecade && least >= next) {
       ++decade;
       next = decade < kHighestDecade ? PowerOfTen(decade + 1)
