@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import signal
 
 import pytest
 
@@ -31,6 +32,14 @@ BOUNDS
  FR BND       Z
 ENDATA
 """
+
+
+@pytest.fixture(autouse=True)
+def interrupts():
+    """Ctrl-C is heard, also where whoever started the tests has it ignored."""
+    before = signal.signal(signal.SIGINT, signal.default_int_handler)
+    yield
+    signal.signal(signal.SIGINT, before)
 
 
 @pytest.fixture
