@@ -15,8 +15,11 @@ void NameIndex::Grow(std::size_t count) {
   mask_ = capacity - 1;
   most_ = capacity * Bucket::kSlots / 4 * 3;
   for (const Bucket& bucket : old) {
-    for (const Slot& slot : bucket.entries) {
-      if (slot.number != 0) FreeSlot(Home(slot)) = slot;
+    for (std::size_t place = 0; place < Bucket::kSlots; ++place) {
+      const Slot slot = bucket.Get(place);
+      if (slot.number == 0) break;
+      Bucket& to = BucketWithRoom(Home(slot));
+      to.Set(to.Count(), slot);
     }
   }
 }
@@ -24,18 +27,17 @@ void NameIndex::Grow(std::size_t count) {
 std::size_t NameIndex::CountDetours() const {
   std::size_t detours = 0;
   for (std::size_t i = 0; i < buckets_.size(); ++i) {
-    for (const Slot& slot : buckets_[i].entries) {
+    for (std::size_t place = 0; place < Bucket::kSlots; ++place) {
+      const Slot slot = buckets_[i].Get(place);
       if (slot.number != 0) detours += (i - Home(slot)) & mask_;
     }
   }
   return detours;
 }
 
-NameIndex::Slot& NameIndex::FreeSlot(std::size_t bucket) {
+NameIndex::Bucket& NameIndex::BucketWithRoom(std::size_t bucket) {
   while (buckets_[bucket].IsFull()) bucket = (bucket + 1) & mask_;
-  Slot* slot = buckets_[bucket].entries.data();
-  while (slot->number != 0) ++slot;
-  return *slot;
+  return buckets_[bucket];
 }
 
 void NameIndex::Remove(std::string_view name, std::int32_t number) {
@@ -44,7 +46,7 @@ void NameIndex::Remove(std::string_view name, std::int32_t number) {
   const NameKey key = NameKey::Of(name);
   for (std::size_t i = Home(key);; i = (i + 1) & mask_) {
     for (std::size_t place = 0; place < Bucket::kSlots; ++place) {
-      const Slot& slot = buckets_[i].entries[place];
+      const Slot slot = buckets_[i].Get(place);
       if (slot.number == 0) return;
       if (slot.number != number || !key.Equals(slot.low, slot.high)) continue;
       CloseGap(i, place);
@@ -58,16 +60,16 @@ void NameIndex::Remove(std::string_view name, std::int32_t number) {
 // of them that may stand here comes back, which leaves a gap where it was.
 void NameIndex::CloseGap(std::size_t bucket, std::size_t place) {
   for (;;) {
-    std::array<Slot, Bucket::kSlots>& entries = buckets_[bucket].entries;
-    const bool was_full = buckets_[bucket].IsFull();
+    Bucket& here = buckets_[bucket];
+    const bool was_full = here.IsFull();
     std::size_t last = place;
-    while (last + 1 < Bucket::kSlots && entries[last + 1].number != 0) ++last;
-    entries[place] = entries[last];
-    entries[last] = Slot{};
+    while (last + 1 < Bucket::kSlots && here.numbers[last + 1] != 0) ++last;
+    here.Set(place, here.Get(last));
+    here.Set(last, Slot{});
     if (!was_full) return;
     const Place sent_on = FindSentOn(bucket);
     if (sent_on.bucket == bucket) return;
-    entries[last] = buckets_[sent_on.bucket].entries[sent_on.slot];
+    here.Set(last, buckets_[sent_on.bucket].Get(sent_on.slot));
     bucket = sent_on.bucket;
     place = sent_on.slot;
   }
@@ -78,7 +80,7 @@ void NameIndex::CloseGap(std::size_t bucket, std::size_t place) {
 NameIndex::Place NameIndex::FindSentOn(std::size_t bucket) const {
   for (std::size_t i = (bucket + 1) & mask_; i != bucket; i = (i + 1) & mask_) {
     for (std::size_t k = 0; k < Bucket::kSlots; ++k) {
-      const Slot& slot = buckets_[i].entries[k];
+      const Slot slot = buckets_[i].Get(k);
       if (slot.number == 0) return {bucket, 0};  // no name was sent on from here
       if (((i - Home(slot)) & mask_) >= ((i - bucket) & mask_)) return {i, k};
     }

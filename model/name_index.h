@@ -2,8 +2,8 @@
 //
 // Open addressing, 16 bytes a slot, four slots to a cache line. A name stands in the bucket it
 // belongs to, or, when that is full, in the next bucket that is not; the slots of a bucket are taken
-// from the first on. So nearly every lookup touches one bucket, and all it compares there is compared
-// without asking which slot it is: where in a bucket a name stands cannot be guessed. A name of up to
+// from the first on. So nearly every lookup touches one bucket, and there compares all four slots at
+// once (text/word_triples.h): where in a bucket a name stands cannot be guessed. A name of up to
 // 12 bytes stands in its slot, so that a lookup never touches the record; a longer one is
 // represented by its hash and compared with the record's name. The index does not own names:
 // `name_of(number)` gives them.
@@ -22,6 +22,7 @@
 #include "model/name_key.h"
 #include "platform/large_pages.h"
 #include "text/prefetch.h"
+#include "text/word_triples.h"
 
 namespace quarvel::model {
 
@@ -67,11 +68,8 @@ class NameIndex {
   // The same for a name that is known not to be there.
   void AddNew(const NameKey& key, std::int32_t number) {
     MakeRoom();
-    // Part by part: copied as a whole, a slot that was just put together is waited for.
-    Slot& slot = FreeSlot(Home(key));
-    slot.low = key.low;
-    slot.high = key.high;
-    slot.number = number;
+    Bucket& bucket = BucketWithRoom(Home(key));
+    bucket.Set(bucket.Count(), {key.low, key.high, number});
     ++size_;
   }
 
@@ -116,23 +114,32 @@ class NameIndex {
     std::int32_t number = 0;  // 0: free
   };
   struct alignas(64) Bucket {
-    static constexpr std::size_t kSlots = 4;
+    static constexpr std::size_t kSlots = text::WordTriples::kCount;
 
-    bool IsFull() const { return entries.back().number != 0; }
-    // A free slot answers 0, whatever the key.
+    Slot Get(std::size_t place) const {
+      return {keys.FirstTwo(place), keys.Third(place), numbers[place]};
+    }
+    void Set(std::size_t place, const Slot& slot) {
+      keys.Set(place, slot.low, slot.high);
+      numbers[place] = slot.number;
+    }
+    bool IsFull() const { return numbers.back() != 0; }
+    // Of a bucket that is not full: how many slots are taken.
+    std::size_t Count() const {
+      std::size_t count = 0;
+      while (numbers[count] != 0) ++count;
+      return count;
+    }
+    // A free slot is one of the key of an empty name.
+    unsigned Same(const NameKey& key) const { return text::FindTriple(keys, key.low, key.high); }
+    // 0 when there is none of that key, as a free slot says too.
     std::int32_t NumberOf(const NameKey& key) const {
-      const unsigned same = Same<0>(key) | Same<1>(key) | Same<2>(key) | Same<3>(key);
-      return same == 0 ? 0 : entries[static_cast<std::size_t>(std::countr_zero(same))].number;
+      const unsigned same = Same(key);
+      return same == 0 ? 0 : numbers[static_cast<std::size_t>(std::countr_zero(same))];
     }
 
-    std::array<Slot, kSlots> entries;
-
-   private:
-    template <std::size_t kPlace>
-    unsigned Same(const NameKey& key) const {
-      const Slot& slot = entries[kPlace];
-      return unsigned{((slot.low ^ key.low) | (slot.high ^ key.high)) == 0} << kPlace;
-    }
+    text::WordTriples keys;
+    std::array<std::int32_t, kSlots> numbers{};
   };
 
   struct Place {
@@ -147,17 +154,18 @@ class NameIndex {
   std::int32_t FindLong(const NameKey& key, std::string_view name, const NameOf& name_of) const {
     if (buckets_.empty()) return 0;
     for (std::size_t i = Home(key);; i = (i + 1) & mask_) {
-      for (const Slot& slot : buckets_[i].entries) {
-        if (slot.number == 0) return 0;
-        if (!key.Equals(slot.low, slot.high)) continue;
-        if (std::string_view(name_of(slot.number)) == name) return slot.number;
+      for (unsigned same = buckets_[i].Same(key); same != 0; same &= same - 1) {
+        const auto place = static_cast<std::size_t>(std::countr_zero(same));
+        const std::int32_t number = buckets_[i].numbers[place];
+        if (std::string_view(name_of(number)) == name) return number;
       }
+      if (!buckets_[i].IsFull()) return 0;
     }
   }
 
   void Grow(std::size_t count);
   // The first from that bucket on.
-  Slot& FreeSlot(std::size_t bucket);
+  Bucket& BucketWithRoom(std::size_t bucket);
   void CloseGap(std::size_t bucket, std::size_t place);
   Place FindSentOn(std::size_t bucket) const;
 

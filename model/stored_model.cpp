@@ -4,14 +4,16 @@
 
 namespace quarvel::model {
 
-const NameIndex& RebuiltRowNames(StoredModel& model) {
-  model.row_names.Rebuild(model.data.NumberOfRows, NamesOf(model.data.Rows));
-  return model.row_names;
+std::int32_t FindRowSlowly(StoredModel& model, const NameKey& key, std::string_view name) {
+  const auto names = NamesOf(model.data.Rows);
+  if (model.row_names.stale()) model.row_names.Rebuild(model.data.NumberOfRows, names);
+  return model.row_names.Find(key, name, names);
 }
 
-const NameIndex& RebuiltColumnNames(StoredModel& model) {
-  model.column_names.Rebuild(model.data.NumberOfColumns, NamesOf(model.data.Columns));
-  return model.column_names;
+std::int32_t FindColumnSlowly(StoredModel& model, const NameKey& key, std::string_view name) {
+  const auto names = NamesOf(model.data.Columns);
+  if (model.column_names.stale()) model.column_names.Rebuild(model.data.NumberOfColumns, names);
+  return model.column_names.Find(key, name, names);
 }
 
 void RebuildRowIndexes(ModelData& data, std::int32_t rows) {

@@ -24,20 +24,18 @@ struct StoredModel {
   bool row_lists_behind = false;
 };
 
-// The indexes of names after making them anew.
-const NameIndex& RebuiltRowNames(StoredModel& model);
-const NameIndex& RebuiltColumnNames(StoredModel& model);
-
 // The first row or column of that name, 0 when there is none. Exact comparison; constant time. No
-// removal of that kind may be deferred.
+// removal of that kind may be deferred. What takes more than a look into the index stands apart, so that
+// the compiler keeps the rest small.
+std::int32_t FindRowSlowly(StoredModel& model, const NameKey& key, std::string_view name);
+std::int32_t FindColumnSlowly(StoredModel& model, const NameKey& key, std::string_view name);
 inline std::int32_t FindRow(StoredModel& model, const NameKey& key, std::string_view name) {
-  const NameIndex& names = model.row_names.stale() ? RebuiltRowNames(model) : model.row_names;
-  return names.Find(key, name, NamesOf(model.data.Rows));
+  if (key.is_long() || model.row_names.stale()) return FindRowSlowly(model, key, name);
+  return model.row_names.Candidate(key);
 }
 inline std::int32_t FindColumn(StoredModel& model, const NameKey& key, std::string_view name) {
-  const NameIndex& names =
-      model.column_names.stale() ? RebuiltColumnNames(model) : model.column_names;
-  return names.Find(key, name, NamesOf(model.data.Columns));
+  if (key.is_long() || model.column_names.stale()) return FindColumnSlowly(model, key, name);
+  return model.column_names.Candidate(key);
 }
 
 // Recomputes both row indexes and their counts from the types of rows 1..rows. When memory runs out

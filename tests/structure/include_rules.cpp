@@ -63,9 +63,10 @@ bool IsComHeader(std::string_view name) {
   return names.contains(name);
 }
 
-// What compilers offer of a processor; text/byte_block.h has the same in plain code.
+// What compilers offer of a processor; these headers have the same in plain code.
 bool IsProcessorHeader(std::string_view path, std::string_view name) {
-  return (path == "text/byte_block.h" && name == "emmintrin.h") ||
+  return ((path == "text/byte_block.h" || path == "text/word_triples.h") &&
+          name == "emmintrin.h") ||
          (path == "text/byte_group.h" && name == "immintrin.h");
 }
 
