@@ -1,10 +1,13 @@
 #include "mps/line_batch.h"
 
+#include <algorithm>
 #include <bit>
 #include <span>
 
 #include "text/byte_block.h"
 #include "text/byte_group.h"
+#include "text/padded_number.h"
+#include "text/vector_number.h"
 
 namespace quarvel::mps {
 namespace {
@@ -13,6 +16,11 @@ using text::ByteBlock;
 using text::kBlockSize;
 using text::kGroupSize;
 
+// Which tokens of a line of pairs are numbers, if there are so many.
+constexpr std::size_t kFirstValue = 3;
+constexpr std::size_t kSecondValue = 5;
+
+static_assert(LineBatch::kReadable >= text::kNumberPadding);
 static_assert(LineBatch::kLongest < kGroupSize, "a group shows the end of every plain line");
 
 struct Taken {
@@ -48,6 +56,7 @@ template <class Group>
     }
     PlainLine& line = lines[taken.lines++];
     line.small = small;
+    line.known_values = 0;
     line.text = next;
     line.size = size;
     line.inside = ~spaces & FirstBits(size);
@@ -58,6 +67,18 @@ template <class Group>
   return taken;
 }
 
+void MakeValuesPlainly(std::span<PlainLine> lines) {
+  for (PlainLine& line : lines) {
+    unsigned known = 0;
+    const std::size_t last = std::min(line.tokens.count(), kSecondValue);
+    for (std::size_t token = kFirstValue; token <= last; token += 2) {
+      double& value = line.values[token / 2 - 1];
+      known |= unsigned{text::ParsePaddedShort(line.tokens[token], value)} << token;
+    }
+    line.known_values = known;
+  }
+}
+
 Taken TakeLinesPlainly(std::span<char> ahead, std::span<PlainLine> lines) {
   return TakeLines<text::ByteGroup>(ahead, lines);
 }
@@ -65,6 +86,17 @@ Taken TakeLinesPlainly(std::span<char> ahead, std::span<PlainLine> lines) {
 #if defined(QUARVEL_HAS_AVX2_GROUPS)
 QUARVEL_AVX2 Taken TakeLinesWithAvx2(std::span<char> ahead, std::span<PlainLine> lines) {
   return TakeLines<text::Avx2ByteGroup>(ahead, lines);
+}
+QUARVEL_AVX2 void MakeValuesWithAvx2(std::span<PlainLine> lines) {
+  for (PlainLine& line : lines) {
+    unsigned known = 0;
+    const std::size_t last = std::min(line.tokens.count(), kSecondValue);
+    for (std::size_t token = kFirstValue; token <= last; token += 2) {
+      double& value = line.values[token / 2 - 1];
+      known |= unsigned{text::ParseVectorNumber(line.tokens[token], value)} << token;
+    }
+    line.known_values = known;
+  }
 }
 #endif
 
@@ -90,6 +122,14 @@ void LineBatch::Fill(LineReader& reader) {
   const Taken taken = TakeOf(way_)(reader.ahead(), lines_);
   size_ = taken.lines;
   reader.Took(taken.next);
+}
+
+void LineBatch::MakeValues() {
+  const std::span<PlainLine> lines = std::span(lines_).first(size_);
+#if defined(QUARVEL_HAS_AVX2_GROUPS)
+  if (way_ == Way::kAvx2) return MakeValuesWithAvx2(lines);
+#endif
+  MakeValuesPlainly(lines);
 }
 
 }  // namespace quarvel::mps

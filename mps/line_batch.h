@@ -27,6 +27,16 @@ struct PlainLine {
   TokenList tokens;          // in upper case
   std::uint64_t inside = 0;  // of a line in a batch: the bits of the bytes that are not spaces
   std::uint64_t small = 0;   // the bits of those that are small letters of ASCII in the file
+
+  // Whether the value of that token is known ahead.
+  bool FindValue(std::size_t token, double& value) const {
+    if ((known_values >> token & 1) == 0) return false;
+    value = values[token / 2 - 1];
+    return true;
+  }
+
+  std::array<double, 2> values;  // of tokens 3 and 5
+  unsigned known_values = 0;     // bit i stands for token i
 };
 
 class LineBatch {
@@ -47,6 +57,9 @@ class LineBatch {
   // Takes the plain lines that come next, none when the next line is another. The lines before must
   // be done with.
   void Fill(LineReader& reader);
+  // Of lines that hold pairs of a name and a number: converts the numbers. Done side by side that is
+  // faster than in between other work, and it gives memory that was prefetched time to come.
+  void MakeValues();
 
   std::size_t size() const { return size_; }
   const PlainLine& operator[](std::size_t place) const { return lines_[place]; }

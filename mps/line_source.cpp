@@ -81,6 +81,7 @@ bool LineSource::NextBatch(Section section) {
   batch_.Fill(*reader_);
   line_.is_simple_ = !reader_->has_tabs();
   keys_.Make(batch_, section, fill_);
+  if (section != Section::kRows && section != Section::kBounds) batch_.MakeValues();
   return batch_.size() > 0;
 }
 

@@ -18,6 +18,7 @@
 #include "mps/section.h"
 #include "mps/token_keys.h"
 #include "mps/tokens.h"
+#include "text/padded_number.h"
 
 namespace quarvel::mps {
 
@@ -43,6 +44,10 @@ class SourceLine {
   }
   // Null when it has not been made. What may be long at hand is not copied in the busiest place.
   const model::NameKey* KnownKey(std::size_t token) const { return keys_->Find(token); }
+  // The number that the token is, ahead of its use or now; false when it is none.
+  bool Number(std::size_t token, double& value) const {
+    return line_->FindValue(token, value) || text::ParsePaddedNumber(line_->tokens[token], value);
+  }
   // True only when the first token is that of the line before.
   bool goes_on() const { return keys_->goes_on(); }
 

@@ -44,7 +44,6 @@
 #include "mps/line_source.h"
 #include "mps/read_problem.h"
 #include "mps/section.h"
-#include "text/padded_number.h"
 
 namespace quarvel::mps {
 
@@ -268,7 +267,7 @@ class Sections {
     double value = 0;
     if (code->needs_value) {
       if (line.token_count() != 4) return Report(line, ReadProblemCode::kBoundWithoutValue);
-      if (!text::ParsePaddedNumber(line[4], value)) {
+      if (!line.Number(4, value)) {
         return Report(line, ReadProblemCode::kNotNumeric, 4);
       }
     }
@@ -285,9 +284,9 @@ class Sections {
     return false;
   }
 
-  Pair ReadPair(const SourceLine& line, std::size_t first_token) {
+  [[gnu::always_inline]] Pair ReadPair(const SourceLine& line, std::size_t first_token) {
     double value;
-    if (!text::ParsePaddedNumber(line[first_token + 1], value)) {
+    if (!line.Number(first_token + 1, value)) {
       Report(line, ReadProblemCode::kNotNumeric, first_token + 1);
       return {};
     }
@@ -296,8 +295,8 @@ class Sections {
     return {row, value};
   }
 
-  void Report(const SourceLine& line, ReadProblemCode code, std::size_t token = 0,
-              std::string_view item = {}) {
+  [[gnu::cold, gnu::noinline]] void Report(const SourceLine& line, ReadProblemCode code,
+                                           std::size_t token = 0, std::string_view item = {}) {
     goes_on_ = ask_(ReadProblem{code, line.number(), std::string(item), std::nullopt, token});
   }
 

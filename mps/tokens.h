@@ -30,15 +30,8 @@ class TokenList {
   // The tokens of a text of up to 63 bytes; the bits of `inside` are those that are not spaces. A
   // token begins or ends wherever the kind of the byte changes.
   void Split(const char* text, std::uint64_t inside) {
-    std::size_t count = 0;
-    for (std::uint64_t edges = inside ^ (inside << 1); edges != 0; ++count) {
-      const auto begin = static_cast<std::size_t>(std::countr_zero(edges));
-      edges &= edges - 1;
-      const auto end = static_cast<std::size_t>(std::countr_zero(edges));
-      edges &= edges - 1;
-      if (count < kKept) kept_[count] = {text + begin, end - begin};
-    }
-    count_ = count;
+    const std::uint64_t edges = inside ^ (inside << 1);
+    if (!SplitInThree(text, edges)) SplitAtEdges(text, edges);
   }
 
   void Clear() { count_ = 0; }
@@ -48,6 +41,38 @@ class TokenList {
   }
 
  private:
+  static std::uint64_t WithoutFirst(std::uint64_t bits) { return bits & (bits - 1); }
+  // Of bits that there are.
+  static std::size_t FirstOf(std::uint64_t bits) {
+    return static_cast<std::size_t>(__builtin_ctzll(bits));
+  }
+
+  // Most lines have three tokens: these without a loop. False when there are more or fewer.
+  bool SplitInThree(const char* text, std::uint64_t edges) {
+    const std::uint64_t end1 = WithoutFirst(edges);
+    const std::uint64_t begin2 = WithoutFirst(end1);
+    const std::uint64_t end2 = WithoutFirst(begin2);
+    const std::uint64_t begin3 = WithoutFirst(end2);
+    const std::uint64_t end3 = WithoutFirst(begin3);
+    if (end3 == 0 || WithoutFirst(end3) != 0) return false;
+    kept_[0] = {text + FirstOf(edges), FirstOf(end1) - FirstOf(edges)};
+    kept_[1] = {text + FirstOf(begin2), FirstOf(end2) - FirstOf(begin2)};
+    kept_[2] = {text + FirstOf(begin3), FirstOf(end3) - FirstOf(begin3)};
+    count_ = 3;
+    return true;
+  }
+  void SplitAtEdges(const char* text, std::uint64_t edges) {
+    std::size_t count = 0;
+    for (; edges != 0; ++count) {
+      const std::size_t begin = FirstOf(edges);
+      edges = WithoutFirst(edges);
+      const std::size_t end = FirstOf(edges);
+      edges = WithoutFirst(edges);
+      if (count < kKept) kept_[count] = {text + begin, end - begin};
+    }
+    count_ = count;
+  }
+
   std::array<std::string_view, kKept> kept_;
   std::size_t count_ = 0;
 };

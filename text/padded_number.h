@@ -24,17 +24,8 @@ inline constexpr std::array<std::uint64_t, 9> kPaddedPowersOfTen = {
     1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000};
 inline constexpr std::array<double, 2> kPaddedSigns = {1, -1};
 
-// Selects so many of the first bytes of a word, which on the machines of today are its lowest.
+// The first byte of a text is the lowest of a word, as on the machines of today.
 static_assert(std::endian::native == std::endian::little);
-inline constexpr std::array<std::uint64_t, 9> kFirstBytes = {0,
-                                                             0xFF,
-                                                             0xFFFF,
-                                                             0xFFFFFF,
-                                                             0xFFFFFFFF,
-                                                             0xFFFFFFFFFF,
-                                                             0xFFFFFFFFFFFF,
-                                                             0xFFFFFFFFFFFFFF,
-                                                             0xFFFFFFFFFFFFFFFF};
 
 // The value of eight digits, of which the first stands in the lowest byte; a zero byte is a zero.
 // Neighbours are joined to pairs, pairs to fours and fours to the whole, all at once.
@@ -58,28 +49,39 @@ inline std::uint64_t AlignDigits(std::uint64_t word, std::size_t count) {
   return word << half << half;
 }
 
-// The digits of up to eight characters with a point, or none, behind the first `whole` of them.
-inline std::uint64_t JoinAroundPoint(const char* at, std::size_t whole, std::size_t points,
-                                     std::size_t fraction) {
-  const std::uint64_t word = LoadWord(at);
-  const std::uint64_t before = kFirstBytes[whole];
-  const std::uint64_t joined = (word & before) | ((word >> (8 * points)) & ~before);
-  return JoinDigits(AlignDigits(joined, whole + fraction));
+// What a number of eight characters has to be divided by, by the place of its point, from 1; 0 is none.
+inline constexpr std::array<double, 9> kPowersBehindPoint = {1,   1e7, 1e6, 1e5, 1e4,
+                                                             1e3, 1e2, 1e1, 1};
+
+// One to eight characters, digits with a point or without one. False when they are others.
+[[gnu::always_inline]] inline bool ParsePaddedWord(const char* at, std::size_t size,
+                                                   double& value) {
+  constexpr std::uint64_t kEach = 0x0101010101010101ull;
+  // The last character stands in the highest byte, zeros in front of the first.
+  const std::uint64_t word = LoadWord(at) << (64 - 8 * size);
+  // The highest bit of each byte that is a point, and maybe of others above the first of these.
+  const std::uint64_t off_point = word ^ kEach * '.';
+  const std::uint64_t marks = (off_point - kEach) & ~off_point & kEach << 7;
+  const std::uint64_t point = marks & (0 - marks);  // the lowest mark
+  const std::size_t points = point != 0;
+  const std::size_t count = size - points;
+  // What stands in front of the point, everything when there is none, moves up into its place.
+  const std::uint64_t before = (point >> 7) - 1;
+  const std::uint64_t behind = 0 - (point << 1);
+  const std::uint64_t joined = (word & before) << (8 * points) | (word & behind);
+  const std::uint64_t digits = joined ^ kEach * '0' << ((64 - 8 * count) & 63);
+  if ((((digits + kEach * (0x80 - 10)) | digits) & kEach << 7) != 0 || count == 0) return false;
+  const auto place = static_cast<std::size_t>(std::bit_width(point | 1)) / 8;
+  value = static_cast<double>(static_cast<std::int64_t>(JoinDigits(digits))) /
+          kPowersBehindPoint[place];
+  return true;
 }
 
-// A sign "-" or none, and up to eight digits on either side of a point or without one, of fewer
-// than 16 characters. No branch depends on where the point is or how many digits there are: the
-// numbers of a file differ in that from line to line, and the processor would guess wrong. False
-// when the text is another, numeric or not.
-inline bool ParsePaddedShort(std::string_view text, double& value) {
+// Up to eight digits on either side of a point or without one, fewer than 16 characters. False when they
+// are others.
+inline bool ParsePaddedBlock(const char* at, std::size_t size, double& value) {
   constexpr std::size_t kMostDigits = kPaddedPowersOfTen.size() - 1;
   static_assert(kNumberPadding >= kBlockSize);
-  if (text.empty()) return false;
-  const std::size_t negative = text[0] == '-';
-  const char* const at = text.data() + negative;
-  const std::size_t size = text.size() - negative;
-  if (size == 0 || size >= kBlockSize) return false;
-
   const ByteBlock block(at);
   const unsigned behind = 1u << size;
   const unsigned other = ~block.Digits() & (behind - 1);
@@ -87,24 +89,41 @@ inline bool ParsePaddedShort(std::string_view text, double& value) {
   const std::size_t points = other != 0;
   const auto whole = static_cast<std::size_t>(std::countr_zero(other | behind));
   const std::size_t fraction = size - whole - points;
-  if (whole > kMostDigits || fraction > kMostDigits || size == points) return false;
+  if (whole > kMostDigits || fraction > kMostDigits) return false;
 
   const std::uint64_t digits =
-      size <= kMostDigits
-          ? JoinAroundPoint(at, whole, points, fraction)
-          : JoinDigits(AlignDigits(LoadWord(at), whole)) * kPaddedPowersOfTen[fraction] +
-                JoinDigits(AlignDigits(LoadWord(at + size - fraction), fraction));
+      JoinDigits(AlignDigits(LoadWord(at), whole)) * kPaddedPowersOfTen[fraction] +
+      JoinDigits(AlignDigits(LoadWord(at + size - fraction), fraction));
   // Below 2^53 and over an exact power of ten: rounded once, so correctly. Signed on purpose:
   // 32-bit processors convert signed integers much faster.
-  const auto integer = static_cast<double>(static_cast<std::int64_t>(digits));
-  value = integer / kExactPowersOfTen[fraction] * kPaddedSigns[negative];
+  value = static_cast<double>(static_cast<std::int64_t>(digits)) / kExactPowersOfTen[fraction];
   return true;
+}
+
+// The same behind a sign "-" or none. No branch depends on where the point is or how many digits there
+// are, but for more than eight characters: the numbers of a file differ in that from line to line, and the
+// processor would guess wrong. False when the text is another, numeric or not.
+[[gnu::always_inline]] inline bool ParsePaddedShort(std::string_view text, double& value) {
+  if (text.empty()) return false;
+  const std::size_t negative = text[0] == '-';
+  const char* const at = text.data() + negative;
+  const std::size_t size = text.size() - negative;
+  if (size - 1 >= kBlockSize - 1) return false;
+  double magnitude = 0;
+  const bool is_short = size <= sizeof(std::uint64_t) ? ParsePaddedWord(at, size, magnitude)
+                                                      : ParsePaddedBlock(at, size, magnitude);
+  value = magnitude * kPaddedSigns[negative];
+  return is_short;
 }
 
 // ParseNumber into `value`; false when the text is not numeric. Not an optional number: putting one
 // together and taking it apart again takes longer than reading most numbers.
 inline bool ParsePaddedNumber(std::string_view text, double& value) {
-  if (ParsePaddedShort(text, value)) return true;
+  double short_value;
+  if (ParsePaddedShort(text, short_value)) {
+    value = short_value;
+    return true;
+  }
   const std::optional<double> number = ParseNumber(text);
   if (number) value = *number;
   return number.has_value();

@@ -1,6 +1,8 @@
 #include "mps/line_batch.h"
 
 #include <algorithm>
+#include <cmath>
+#include <optional>
 #include <random>
 #include <string>
 #include <vector>
@@ -9,6 +11,7 @@
 
 #include "platform/files.h"
 #include "tests/support/test_paths.h"
+#include "text/numbers.h"
 #include "text/upper_case.h"
 
 namespace quarvel::mps {
@@ -69,8 +72,10 @@ class LineBatchTest : public ::testing::TestWithParam<LineBatch::Way> {
     LineBatch batch(GetParam());
     for (;;) {
       batch.Fill(reader);
+      if (plain % 2 == 0) batch.MakeValues();
       for (std::size_t i = 0; i < batch.size(); ++i) {
         lines.push_back(See(batch[i].size, batch[i].tokens));
+        ExpectTrueValues(batch[i]);
       }
       plain += batch.size();
       if (batch.size() > 0) continue;
@@ -79,6 +84,22 @@ class LineBatchTest : public ::testing::TestWithParam<LineBatch::Way> {
       lines.push_back(SeeNext(line));
     }
   }
+
+  // What is known ahead is the number that the token is.
+  void ExpectTrueValues(const PlainLine& line) {
+    for (std::size_t token = 1; token <= TokenList::kKept; ++token) {
+      double value = 0;
+      if (!line.FindValue(token, value)) continue;
+      ASSERT_LE(token, line.tokens.count());
+      const std::optional<double> expected = text::ParseNumber(line.tokens[token]);
+      ASSERT_TRUE(expected.has_value()) << line.tokens[token];
+      ASSERT_EQ(value, *expected) << line.tokens[token];
+      ASSERT_EQ(std::signbit(value), std::signbit(*expected)) << line.tokens[token];
+      ++values_;
+    }
+  }
+
+  std::size_t values_ = 0;  // that were known
 
   void ExpectAgreement(const std::string& bytes) {
     std::size_t plain = 0;
@@ -112,6 +133,40 @@ TEST_P(LineBatchTest, TakesAtMostAFullBatch) {
   LineBatch batch(GetParam());
   batch.Fill(reader);
   EXPECT_EQ(batch.size(), LineBatch::kMost);
+}
+
+TEST_P(LineBatchTest, ConvertsTheNumbersOfPairs) {
+  LineReader reader =
+      Open("first\n c r 1.5\n c r 2 s -0.25\n c r 1e5 s 7\n c\n" + std::string(kTail));
+  Line line;
+  ASSERT_TRUE(reader.Next(line));
+  LineBatch batch(GetParam());
+  batch.Fill(reader);
+  batch.MakeValues();
+  ASSERT_GE(batch.size(), 4u);
+  double value = 0;
+  EXPECT_TRUE(batch[0].FindValue(3, value));
+  EXPECT_EQ(value, 1.5);
+  EXPECT_FALSE(batch[0].FindValue(5, value));
+  EXPECT_TRUE(batch[1].FindValue(3, value));
+  EXPECT_EQ(value, 2);
+  EXPECT_TRUE(batch[1].FindValue(5, value));
+  EXPECT_EQ(value, -0.25);
+  EXPECT_FALSE(batch[2].FindValue(3, value));
+  EXPECT_TRUE(batch[2].FindValue(5, value));
+  EXPECT_EQ(value, 7);
+  EXPECT_FALSE(batch[3].FindValue(3, value));
+}
+
+TEST_P(LineBatchTest, ConvertsNothingUnasked) {
+  LineReader reader = Open("first\n c r 1.5\n" + std::string(kTail));
+  Line line;
+  ASSERT_TRUE(reader.Next(line));
+  LineBatch batch(GetParam());
+  batch.Fill(reader);
+  ASSERT_GE(batch.size(), 1u);
+  double value = 0;
+  EXPECT_FALSE(batch[0].FindValue(3, value));
 }
 
 TEST_P(LineBatchTest, SeesTheLineEndsThatOneByOneSees) {
@@ -149,6 +204,7 @@ TEST_P(LineBatchTest, AgreesWithOneByOneAcrossPiecesOfTheFile) {
     EXPECT_EQ(InBatches(bytes, plain), OneByOne(bytes));
     EXPECT_GT(plain, 0u);
   }
+  EXPECT_GT(values_, 100u);
 }
 
 INSTANTIATE_TEST_SUITE_P(EachWay, LineBatchTest,
