@@ -7,6 +7,7 @@
 
 #include "text/encoding.h"
 #include "text/numbers.h"
+#include "text/short_picture.h"
 
 namespace quarvel::mps {
 namespace {
@@ -32,34 +33,51 @@ bool IsBlank(std::string_view lines) {
   return lines.find_first_not_of(" \r\n") == std::string_view::npos;
 }
 
-// The element lines of one column whose fields all fit: its name is put in place once, then only
-// row and value change. MpsWriter::WriteElement is the plain way and gives the same lines:
+// The element lines of one column whose fields all fit: each begins as the line of its name without row
+// and value, which are put into it. MpsWriter::WriteElement is the plain way and gives the same lines:
 // MpsElementLine in tests/mps/mps_writer_test.cpp.
 class ElementLine {
  public:
+  static constexpr std::size_t kLength =
+      kEntryIndent.size() + 2 * kNameWidth + kValueWidth + kNewLine.size();
+  // What Put may write to.
+  static constexpr std::size_t kRoom = kLength + text::kRoomBehindPicture;
+
   explicit ElementLine(std::string_view column) {
-    std::memset(line_, ' ', kLength);
-    column.copy(line_ + kEntryIndent.size(), column.size());
-    std::memcpy(line_ + kValueEnd, kNewLine.data(), kNewLine.size());
+    std::memset(empty_, ' ', kLength);
+    column.copy(empty_ + kEntryIndent.size(), column.size());
   }
 
-  // `row` is the name with blanks up to the length of the longest that fits.
+  // Writes the line to `to`. `row` is the name with blanks up to the length of the longest that fits. False
+  // when the value is none of those that are quick to write.
   template <std::size_t kSize>
-  std::string_view With(const std::array<char, kSize>& row, std::string_view value) {
+  bool Put(const std::array<char, kSize>& row, double value, char* to) const {
     static_assert(kSize <= kNameWidth);
-    std::memcpy(line_ + kRowAt, row.data(), kSize);
-    std::memset(line_ + kValueAt, ' ', kValueWidth);
-    std::memcpy(line_ + kValueEnd - value.size(), value.data(), value.size());
-    return {line_, kLength};
+    std::memcpy(to, empty_, kLength);
+    const std::size_t size = text::PutShortPicture(value, to + kValueEnd);
+    if (size == 0 || size > kValueWidth) return false;
+    std::memcpy(to + kRowAt, row.data(), kSize);
+    EndLine(to);
+    return true;
+  }
+  template <std::size_t kSize>
+  void Put(const std::array<char, kSize>& row, std::string_view value, char* to) const {
+    std::memcpy(to, empty_, kLength);
+    std::memcpy(to + kRowAt, row.data(), kSize);
+    std::memcpy(to + kValueEnd - value.size(), value.data(), value.size());
+    EndLine(to);
   }
 
  private:
   static constexpr std::size_t kRowAt = kEntryIndent.size() + kNameWidth;
   static constexpr std::size_t kValueAt = kRowAt + kNameWidth;
   static constexpr std::size_t kValueEnd = kValueAt + kValueWidth;
-  static constexpr std::size_t kLength = kValueEnd + kNewLine.size();
+  // In front of the value its room is part of the row's name, which is written behind it.
+  static_assert(text::kRoomBeforePicture <= kValueWidth + kNameWidth);
 
-  char line_[kLength];
+  static void EndLine(char* to) { std::memcpy(to + kValueEnd, kNewLine.data(), kNewLine.size()); }
+
+  char empty_[kLength];
 };
 
 }  // namespace
@@ -78,8 +96,8 @@ MpsWriter::NameField::NameField(std::string_view text, std::size_t characters)
       fits(characters <= kLongestFixedName),
       blanks(fits ? kNameWidth - characters : 0) {}
 
-MpsWriter::MpsWriter(const model::ModelData& data) : data_(data) {
-  lines_.reserve(kHandOverSize + kHandOverSize / 4);
+MpsWriter::MpsWriter(const model::ModelData& data)
+    : data_(data), lines_(kHandOverSize + kHandOverSize / 4) {
   value_.reserve(kLongestValue);
   BuildRowLabels();
 }
@@ -177,11 +195,17 @@ void MpsWriter::WriteElements(const model::ColumnRecord& column) {
       PrefetchRow(column.Elements[k + kRowsPrefetchedAhead].Index);
     }
     const model::ElementEntry& element = column.Elements[k];
-    const std::string_view value = Format(element.Value, text::Picture::kElement);
     const RowLabel& row = row_labels_[element.Index];
-    if (plain && row.length != kOnlyInRow && FitsValueField(value)) {
-      lines_ += line.With(row.padded, value);
-      if (lines_.size() >= kHandOverSize) HandOver();
+    const bool is_plain = plain && row.length != kOnlyInRow;
+    if (is_plain && line.Put(row.padded, element.Value, lines_.Room(ElementLine::kRoom)))
+        [[likely]] {
+      TakeLine(ElementLine::kLength);
+      continue;
+    }
+    const std::string_view value = Format(element.Value, text::Picture::kElement);
+    if (is_plain && FitsValueField(value)) {
+      line.Put(row.padded, value, lines_.Room(ElementLine::kRoom));
+      TakeLine(ElementLine::kLength);
     } else {
       WriteElement(name, element.Index, value);
     }
@@ -328,6 +352,9 @@ void MpsWriter::NoteLong(const LongField& field) {
 }
 
 std::string_view MpsWriter::Format(double value, text::Picture picture) {
+  char* const end = short_value_.data() + text::kRoomBeforePicture;
+  const std::size_t size = text::PutShortPicture(value, end);  // the same for each picture
+  if (size != 0) return {end - size, size};
   value_.clear();
   text::AppendPictureText(value_, value, picture);
   return value_;
@@ -357,11 +384,16 @@ void MpsWriter::AppendRightAligned(std::string_view value) {
 
 void MpsWriter::EndLine() {
   lines_ += kNewLine;
+  TakeLine(0);
+}
+
+void MpsWriter::TakeLine(std::size_t size) {
+  lines_.Take(size);
   if (lines_.size() >= kHandOverSize) HandOver();
 }
 
 void MpsWriter::HandOver() {
-  (*take_)(lines_);
+  (*take_)(lines_.view());
   lines_.clear();
 }
 

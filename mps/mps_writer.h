@@ -41,7 +41,9 @@
 #include "model/one_based.h"
 #include "mps/file_words.h"
 #include "mps/long_field.h"
+#include "mps/text_block.h"
 #include "text/picture.h"
+#include "text/short_picture.h"
 
 namespace quarvel::mps {
 
@@ -111,13 +113,16 @@ class MpsWriter {
   void AppendPadded(const NameField& field);
   void AppendRightAligned(std::string_view value);
   void EndLine();
+  // So much behind the lines is another one, or the end of one.
+  void TakeLine(std::size_t size);
   void HandOver();
 
   const model::ModelData& data_;
   const std::function<void(std::string_view)>* take_ = nullptr;
   model::OneBased<RowLabel> row_labels_;
-  std::string lines_;  // not yet handed over
+  TextBlock lines_;  // not yet handed over
   std::string value_;
+  std::array<char, text::kRoomBeforePicture + text::kRoomBehindPicture> short_value_;
   bool standard_ = true;
   std::optional<LongField> long_field_;
 };
