@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <exception>
 #include <memory>
 #include <optional>
@@ -24,7 +25,10 @@
 #include "fuzz/printed_text.h"
 #include "model/model_check.h"
 #include "platform/automation_error.h"
+#include "platform/basic_controls.h"
 #include "platform/console/console_desktop.h"
+#include "platform/form.h"
+#include "platform/program_search.h"
 #include "tests/support/naive_writer.h"
 #include "tests/support/save_comparison.h"
 
@@ -67,11 +71,24 @@ class CaughtErrors {
   int kept_;
 };
 
+// Work with a bar, whose caption and values are the input's, up to its end or an answer that stops it.
+class frmWork : public Form {
+ public:
+  explicit frmWork(Desktop& desktop) : Form(desktop, "frmWork") {
+    cmdStop.is_stop = true;
+    cmdStop.on_click = [this] { stopped = true; };
+  }
+  ProgressBar bar{*this, "pbr", {}};
+  Button cmdStop{*this, "cmdStop", {}};
+  bool stopped = false;
+};
+
 class Terminal {
  public:
   Terminal(Choices& choose, const TemporaryFolder& folder) : choose_(choose), folder_(folder) {
     desktop_.set_interactive(choose_(8) != 0);
     desktop_.set_shows_progress(choose_(2) == 0);
+    desktop_.set_progress_delay(0);
     desktop_.set_line_source([this] { return Typed(); });
   }
 
@@ -133,9 +150,35 @@ class Terminal {
         return static_cast<void>(model_.AddRow(Words()));
       case 8:
         return model_.SetRowName(0, Words());
+      case 9:
+        return Work();
+      case 10:
+        return Search();
       default:
         return Ask();
     }
+  }
+
+  void Work() {
+    frmWork form(desktop_);
+    form.bar.set_range(static_cast<float>(choose_(3)), static_cast<float>(choose_(200)));
+    form.set_caption(Words());
+    form.Show();
+    for (std::uint32_t more = choose_(5); more > 0 && !form.stopped; --more) {
+      form.bar.set_value(static_cast<float>(choose_(200)));
+      desktop_.DoEvents();
+      if (choose_(4) == 0) Ask();
+    }
+    form.Unload();
+  }
+
+  // A program that PATH leads to stands in a folder with a full name.
+  void Search() {
+    const std::string words = Words() + choose_.Until(0);
+    setenv("PATH", words.substr(0, words.find('\0')).c_str(), 1);
+    const std::string found = FindProgram(choose_(2) == 0 ? "sh" : Words());
+    if (!found.empty() && !found.starts_with('/')) fault_ = "a program of the current folder";
+    if (!SearchedFolders().starts_with('/')) fault_ = "a folder without its full name";
   }
 
   std::string Words() {
