@@ -16,6 +16,7 @@
 
 #include "bench/bench_desktop.h"
 #include "bench/edit_jobs.h"
+#include "bench/query_walks.h"
 #include "bench/stopwatch.h"
 #include "component/lp_model.h"
 #include "inspect/compare.h"
@@ -146,104 +147,16 @@ void WriteAndRead(Arguments arguments) {
   back.PrintSize();
 }
 
-// What a walk over all coefficients adds up, so that none of it can be left out.
-struct Sum {
-  std::int64_t indexes = 0;
-  double values = 0;
-};
-
-void PrintSum(const Sum& sum) {
-  PrintResult("indexes", static_cast<double>(sum.indexes));
-  PrintResult("values", sum.values);
-}
-
-void AddRows(const LPModel& model, Sum& sum) {
-  for (std::int32_t i = 0; i < model.NumberOfRows(); ++i) {
-    const std::int32_t count = model.RowNumberElements(i);
-    for (std::int32_t k = 0; k < count; ++k) {
-      sum.indexes += model.RowElementCol(i, k);
-      sum.values += model.RowElementValue(i, k);
-    }
-  }
-}
-
-void AddColumns(const LPModel& model, Sum& sum) {
-  for (std::int32_t j = 0; j < model.NumberOfColumns(); ++j) {
-    const std::int32_t count = model.ColNumberElements(j);
-    for (std::int32_t k = 0; k < count; ++k) {
-      sum.indexes += model.ColElementrow(j, k);
-      sum.values += model.ColElementvalue(j, k);
-    }
-  }
-}
-
 void Query(Arguments arguments) {
   Session session;
   session.Read(arguments[0]);
-  Sum sum;
-  PrintResult("seconds", SecondsOf([&] {
-                AddRows(session.model, sum);
-                AddColumns(session.model, sum);
-              }));
-  PrintSum(sum);
+  RunQueryWalk(session.model);
 }
 
-// The lists of all rows, or of all columns, one after the other.
-struct Packed {
-  std::vector<std::size_t> starts{0};
-  std::vector<std::int32_t> indexes;
-  std::vector<double> values;
-
-  void Add(std::int32_t index, double value) {
-    indexes.push_back(index);
-    values.push_back(value);
-  }
-  void EndList() { starts.push_back(indexes.size()); }
-};
-
-Packed PackRows(const LPModel& model) {
-  Packed packed;
-  for (std::int32_t i = 0; i < model.NumberOfRows(); ++i) {
-    for (std::int32_t k = 0; k < model.RowNumberElements(i); ++k) {
-      packed.Add(model.RowElementCol(i, k), model.RowElementValue(i, k));
-    }
-    packed.EndList();
-  }
-  return packed;
-}
-
-Packed PackColumns(const LPModel& model) {
-  Packed packed;
-  for (std::int32_t j = 0; j < model.NumberOfColumns(); ++j) {
-    for (std::int32_t k = 0; k < model.ColNumberElements(j); ++k) {
-      packed.Add(model.ColElementrow(j, k), model.ColElementvalue(j, k));
-    }
-    packed.EndList();
-  }
-  return packed;
-}
-
-void AddPacked(const Packed& packed, Sum& sum) {
-  for (std::size_t list = 0; list + 1 < packed.starts.size(); ++list) {
-    for (std::size_t k = packed.starts[list]; k < packed.starts[list + 1]; ++k) {
-      sum.indexes += packed.indexes[k];
-      sum.values += packed.values[k];
-    }
-  }
-}
-
-// The same walk as Query over plain arrays.
 void Loop(Arguments arguments) {
   Session session;
   session.Read(arguments[0]);
-  const Packed rows = PackRows(session.model);
-  const Packed columns = PackColumns(session.model);
-  Sum sum;
-  PrintResult("seconds", SecondsOf([&] {
-                AddPacked(rows, sum);
-                AddPacked(columns, sum);
-              }));
-  PrintSum(sum);
+  RunPlainWalk(session.model);
 }
 
 void Simplify(Arguments arguments) {

@@ -100,13 +100,15 @@ class LPModel final : public model::ModelInterface {
 
   // --- columns (queries.cpp) ---
   std::int32_t ColElementrow(std::int32_t j, std::int32_t k) const override {
-    return Guarded([&] { return model::Public(ColumnElement(j, k).Index); });
+    return ColumnElement<IndexPart>(j, k);
   }
   double ColElementvalue(std::int32_t j, std::int32_t k) const override {
-    return Guarded([&] { return double{ColumnElement(j, k).Value}; });
+    return ColumnElement<ValuePart>(j, k);
   }
   std::int32_t ColNumberElements(std::int32_t j) const override {
-    return Guarded([&] { return store_.looks().ElementsInColumn(ColumnNumber(j)); });
+    if (store_.has_deferred_work()) [[unlikely]]
+      return DeferredColNumberElements(j);
+    return Guarded([&] { return store_.Column(ColumnNumber(j)).ElementCount(); });
   }
   double ColUpperBound(std::int32_t j) const override;
   double ColLowerBound(std::int32_t j) const override;
@@ -115,13 +117,15 @@ class LPModel final : public model::ModelInterface {
 
   // --- rows (queries.cpp) ---
   std::int32_t RowElementCol(std::int32_t i, std::int32_t k) const override {
-    return Guarded([&] { return model::Public(RowElement(i, k).Index); });
+    return RowElement<IndexPart>(i, k);
   }
   double RowElementValue(std::int32_t i, std::int32_t k) const override {
-    return Guarded([&] { return double{RowElement(i, k).Value}; });
+    return RowElement<ValuePart>(i, k);
   }
   std::int32_t RowNumberElements(std::int32_t i) const override {
-    return Guarded([&] { return store_.ElementsInRow(RowNumber(i)); });
+    if (store_.has_deferred_work()) [[unlikely]]
+      return DeferredRowNumberElements(i);
+    return Guarded([&] { return store_.Row(RowNumber(i)).ElementCount(); });
   }
   double RowUpperBound(std::int32_t i) const override;
   double RowLowerBound(std::int32_t i) const override;
@@ -232,21 +236,42 @@ class LPModel final : public model::ModelInterface {
   std::int32_t ColumnNumber(std::int32_t j) const {
     return model::CheckColumn(j, store_.NumberOfColumns());
   }
-  model::ElementEntry RowElement(std::int32_t i, std::int32_t k) const {
+  struct IndexPart {
+    using Type = std::int32_t;
+    static Type Of(const model::ElementEntry& entry) { return model::Public(entry.Index); }
+  };
+  struct ValuePart {
+    using Type = double;
+    static Type Of(const model::ElementEntry& entry) { return entry.Value; }
+  };
+  // One part of what stands at place k of a list. Where work is deferred the call stands apart, and outside
+  // the guard: a loop over these can keep its variables in registers then, and what was looked up
+  // for one part is there for the other.
+  template <class Part>
+  [[gnu::always_inline]] typename Part::Type RowElement(std::int32_t i, std::int32_t k) const {
     if (store_.has_deferred_work()) [[unlikely]]
-      return DeferredRowElement(i, k);
-    const model::RowRecord& row = store_.Row(RowNumber(i));
-    return row.Elements.begin()[model::Public(model::CheckRowElement(k, row.ElementCount()))];
+      return Part::Of(DeferredRowElement(i, k));
+    return Guarded([&] {
+      const model::RowRecord& row = store_.Row(RowNumber(i));
+      return Part::Of(
+          row.Elements.begin()[model::Public(model::CheckRowElement(k, row.ElementCount()))]);
+    });
   }
-  model::ElementEntry ColumnElement(std::int32_t j, std::int32_t k) const {
+  template <class Part>
+  [[gnu::always_inline]] typename Part::Type ColumnElement(std::int32_t j, std::int32_t k) const {
     if (store_.has_deferred_work()) [[unlikely]]
-      return DeferredColumnElement(j, k);
-    const model::ColumnRecord& column = store_.Column(ColumnNumber(j));
-    return column.Elements
-        .begin()[model::Public(model::CheckColumnElement(k, column.ElementCount()))];
+      return Part::Of(DeferredColumnElement(j, k));
+    return Guarded([&] {
+      const model::ColumnRecord& column = store_.Column(ColumnNumber(j));
+      return Part::Of(
+          column.Elements
+              .begin()[model::Public(model::CheckColumnElement(k, column.ElementCount()))]);
+    });
   }
-  model::ElementEntry DeferredRowElement(std::int32_t i, std::int32_t k) const;
-  model::ElementEntry DeferredColumnElement(std::int32_t j, std::int32_t k) const;
+  [[gnu::cold]] model::ElementEntry DeferredRowElement(std::int32_t i, std::int32_t k) const;
+  [[gnu::cold]] model::ElementEntry DeferredColumnElement(std::int32_t j, std::int32_t k) const;
+  [[gnu::cold]] std::int32_t DeferredRowNumberElements(std::int32_t i) const;
+  [[gnu::cold]] std::int32_t DeferredColNumberElements(std::int32_t j) const;
   // One plain box; the refusals of writes and edits.
   void Refuse(std::string_view text) const;
   void WarnOnceOfLongName(std::string_view name) {

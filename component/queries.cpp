@@ -60,14 +60,26 @@ std::int32_t LPModel::NonBindingRowIndex(std::int32_t i) const {
 }
 
 model::ElementEntry LPModel::DeferredRowElement(std::int32_t i, std::int32_t k) const {
-  const std::int32_t r = RowNumber(i);
-  return store_.looks().RowElement(r, model::CheckRowElement(k, store_.ElementsInRow(r)));
+  return Guarded([&] {
+    const std::int32_t r = RowNumber(i);
+    return store_.looks().RowElement(r, model::CheckRowElement(k, store_.ElementsInRow(r)));
+  });
 }
 
 model::ElementEntry LPModel::DeferredColumnElement(std::int32_t j, std::int32_t k) const {
-  const model::RecordLooks looks = store_.looks();
-  const std::int32_t c = ColumnNumber(j);
-  return looks.ColumnElement(c, model::CheckColumnElement(k, looks.ElementsInColumn(c)));
+  return Guarded([&] {
+    const model::RecordLooks looks = store_.looks();
+    const std::int32_t c = ColumnNumber(j);
+    return looks.ColumnElement(c, model::CheckColumnElement(k, looks.ElementsInColumn(c)));
+  });
+}
+
+std::int32_t LPModel::DeferredRowNumberElements(std::int32_t i) const {
+  return Guarded([&] { return store_.ElementsInRow(RowNumber(i)); });
+}
+
+std::int32_t LPModel::DeferredColNumberElements(std::int32_t j) const {
+  return Guarded([&] { return store_.looks().ElementsInColumn(ColumnNumber(j)); });
 }
 
 }  // namespace quarvel
