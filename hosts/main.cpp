@@ -1,5 +1,9 @@
 // The program `quarvel`.
 
+#include <cstddef>
+#include <span>
+
+#include "hosts/program.h"
 #include "hosts/standard_output.h"
 #include "hosts/standard_streams.h"
 #ifdef _WIN32
@@ -26,14 +30,13 @@ int View(hosts::Session& session) { return hosts::BecomeViewer(session); }
 }  // namespace
 
 int main(int argc, char** argv) {
+  const std::span<const char* const> given(argv, static_cast<std::size_t>(argc));
+  const int failure = hosts::FailureStatus(given.subspan(given.empty() ? 0 : 1));
 #ifdef _WIN32
   hosts::RestrictLibrarySearch();
+#else
+  if (!hosts::ClaimStack()) hosts::EndWithoutStack(failure);
 #endif
-  const auto words = [&] {
-#ifndef _WIN32
-    hosts::ClaimStack();
-#endif
-    return hosts::CommandLineWords(argc, argv);
-  };
-  return hosts::RunOnStandardStreams(words, View);
+  const auto words = [&] { return hosts::CommandLineWords(argc, argv); };
+  return hosts::RunOnStandardStreams(words, View, failure);
 }

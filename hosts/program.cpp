@@ -48,8 +48,9 @@ std::string Objection(const Command& command, const Arguments& arguments) {
 }
 
 // The command among those words, known before anything can fail; null for none.
-const Command* CommandAmong(std::span<const std::string> words) {
-  for (const std::string& word : words) {
+template <class Word>
+const Command* CommandAmong(std::span<const Word> words) noexcept {
+  for (const std::string_view word : words) {
     if (const Command* const command = FindCommand(word)) return command;
   }
   return nullptr;
@@ -120,18 +121,18 @@ int RunOrComplain(std::span<const std::string> words, const Streams& streams, in
 
 }  // namespace
 
-int FailureStatus(std::span<const std::string> words) noexcept {
+int FailureStatus(std::span<const char* const> words) noexcept {
   const Command* const command = CommandAmong(words);
   return command == nullptr ? kProblem : command->failure;
 }
 
 int RunProgram(std::span<const std::string> words, const Streams& streams) {
   return RunProgram([words] { return std::vector<std::string>(words.begin(), words.end()); },
-                    streams);
+                    streams, kProblem);
 }
 
-int RunProgram(const std::function<std::vector<std::string>()>& words, const Streams& streams) {
-  int failure = kProblem;
+int RunProgram(const std::function<std::vector<std::string>()>& words, const Streams& streams,
+               int failure) {
   try {
     return RunOrComplain(words(), streams, failure);
   } catch (const std::exception&) {

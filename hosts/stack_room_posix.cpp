@@ -2,10 +2,11 @@
 
 #include <array>
 #include <cstddef>
-#include <new>
+#include <string_view>
 
 #include <sys/mman.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include "hosts/stack_room.h"
 
@@ -29,13 +30,20 @@ bool MayStackGrow() {
 
 }  // namespace
 
-void ClaimStack() {
-  if (!MayStackGrow()) return;
+bool ClaimStack() {
+  if (!MayStackGrow()) return true;
   void* const probe =
       mmap(nullptr, kRoom, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
-  if (probe == MAP_FAILED) throw std::bad_alloc();
+  if (probe == MAP_FAILED) return false;
   munmap(probe, kRoom);
   TouchStack();
+  return true;
+}
+
+void EndWithoutStack(int status) {
+  constexpr std::string_view kText = "quarvel: Out of memory\n";
+  [[maybe_unused]] const auto written = write(STDERR_FILENO, kText.data(), kText.size());
+  _exit(status);
 }
 
 }  // namespace quarvel::hosts

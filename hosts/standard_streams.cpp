@@ -18,7 +18,7 @@ WriteResult WriteStandardError(std::string_view bytes) {
 }  // namespace
 
 int RunOnStandardStreams(const std::function<std::vector<std::string>()>& words,
-                         std::function<int(Session&)> view) {
+                         std::function<int(Session&)> view, int failure) {
   PrepareStandardStreams();
   OutputBuffer out_buffer(WriteStandardOutput);
   OutputBuffer err_buffer(WriteStandardError);
@@ -32,13 +32,7 @@ int RunOnStandardStreams(const std::function<std::vector<std::string>()>& words,
                            .read_bytes = platform::console::ReadInputBytes,
                            .screen = Screen::OfStandardOutput(),
                            .view = std::move(view)};
-  int failure = kProblem;
-  const auto noted_words = [&] {
-    std::vector<std::string> taken = words();
-    failure = FailureStatus(taken);
-    return taken;
-  };
-  const int status = RunProgram(noted_words, streams);
+  const int status = RunProgram(words, streams, failure);
   if (out_buffer.Finish() == WriteResult::kFailed) {
     err << "quarvel: standard output could not be written\n";
     return std::max(status, failure);

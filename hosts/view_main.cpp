@@ -48,5 +48,5 @@ int main(int argc, char** argv) {
     given.insert(given.begin(), "view");
     return given;
   };
-  return hosts::RunOnStandardStreams(words, View);
+  return hosts::RunOnStandardStreams(words, View, hosts::kProblem);
 }

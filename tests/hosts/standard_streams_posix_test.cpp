@@ -8,6 +8,7 @@
 
 #include "tests/hosts/shell_output_posix.h"
 #include "tests/support/run_quarvel.h"
+#include "tests/support/sanitizers.h"
 
 namespace quarvel {
 namespace {
@@ -85,6 +86,30 @@ TEST_F(StandardStreams, OutliveALimitOfSizes) {
             "system\nquarvel: b.mps was not written\nstatus 1\n");
   EXPECT_EQ(Run("ls -A"), "a.mps\nstatus 0\n");
   EXPECT_EQ(Run("(ulimit -f 0; \"$q\" check a.mps > /dev/null)"), "status 0\n");
+}
+
+// From the first limit under which the system's loader starts the program, which has statuses of its own
+// (127) where it cannot: whatever fails first then, it is told.
+TEST_F(StandardStreams, AreToldOfAnyLackOfMemory) {
+  if (kAddressSanitizer) GTEST_SKIP() << "the sanitizer takes all of the address space";
+  folder_.Write("a.mps", kSmallModel);
+  folder_.Write("each",
+                "seen=loader\n"
+                "for limit in $(seq 6000 32 14000); do\n"
+                "  told=$( (ulimit -v $limit; exec \"$q\" $command) 2>&1)\n"
+                "  case $?:$told in\n"
+                "    0:\"$whole\") now=whole;;\n"
+                "    $lacks:'quarvel: Out of memory') now=lacks;;\n"
+                "    127:*) now=loader;;\n"
+                "    *) echo \"$limit: $? $told\"; now=$seen;;\n"
+                "  esac\n"
+                "  [ $now = $seen ] || echo $now\n"
+                "  seen=$now\n"
+                "done\n");
+  EXPECT_EQ(Run("command='info a.mps' lacks=1; whole=$(\"$q\" $command); . ./each"),
+            "lacks\nwhole\nstatus 0\n");
+  EXPECT_EQ(Run("command='diff a.mps a.mps' lacks=2; whole=$(\"$q\" $command); . ./each"),
+            "lacks\nwhole\nstatus 0\n");
 }
 
 }  // namespace

@@ -150,7 +150,7 @@ class ProgramRun {
       const EnoughMemory enough;
       return words_;
     };
-    const int status = hosts::RunProgram(words, {no_line, out, err, false});
+    const int status = hosts::RunProgram(words, {no_line, out, err, false}, hosts::kProblem);
     out_buffer.Finish();
     return status;
   }
