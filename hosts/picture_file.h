@@ -27,7 +27,11 @@ inspect::PictureSize PictureSizeOf(const model::ModelStore& store, const Picture
 
 std::string SvgPicture(const model::ModelStore& store, const PictureRoom& room);
 std::string PngPicture(const model::ModelStore& store, const PictureRoom& room);
-// The points alone, a pixel each, on a light or on a dark ground.
-std::string PngPoints(const inspect::MatrixPicture& points, bool is_dark);
+// The points alone, a pixel each, on a light and on a dark ground.
+struct PointsInPng {
+  std::string light;
+  std::string dark;
+};
+PointsInPng PngPoints(const inspect::MatrixPicture& points);
 
 }  // namespace quarvel::hosts

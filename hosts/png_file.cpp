@@ -77,20 +77,24 @@ std::string_view Raster::Line(std::int32_t y) const {
 
 bool CanWritePng() { return kHasZlib; }
 
-std::string PngBytes(const Raster& raster, const std::vector<Color>& palette) {
+PackedPixels PackPixels(const Raster& raster) {
+  std::string lines;
+  for (std::int32_t y = 0; y < raster.height(); ++y) lines.append(1, '\0').append(raster.Line(y));
+  return {raster.width(), raster.height(), Packed(lines)};
+}
+
+std::string PngBytes(const PackedPixels& pixels, const std::vector<Color>& palette) {
   std::string file = "\x89PNG\r\n\x1A\n";
   std::string header;
-  AppendNumber(header, static_cast<std::uint32_t>(raster.width()));
-  AppendNumber(header, static_cast<std::uint32_t>(raster.height()));
+  AppendNumber(header, static_cast<std::uint32_t>(pixels.width));
+  AppendNumber(header, static_cast<std::uint32_t>(pixels.height));
   // Eight bits a pixel, a palette, and the one way of packing that there is.
   header += std::string_view("\x08\x03\x00\x00\x00", 5);
   AppendChunk(file, "IHDR", header);
   std::string colors;
   for (const Color& color : palette) colors.append(color.begin(), color.end());
   AppendChunk(file, "PLTE", colors);
-  std::string lines;
-  for (std::int32_t y = 0; y < raster.height(); ++y) lines.append(1, '\0').append(raster.Line(y));
-  AppendChunk(file, "IDAT", Packed(lines));
+  AppendChunk(file, "IDAT", pixels.lines);
   AppendChunk(file, "IEND", "");
   return file;
 }

@@ -37,7 +37,14 @@ class Raster {
 
 // False in a build without zlib, which packs the pixels.
 bool CanWritePng();
+// Its pixels as files have them, whatever the colors are.
+struct PackedPixels {
+  std::int32_t width;
+  std::int32_t height;
+  std::string lines;
+};
+PackedPixels PackPixels(const Raster& raster);
 // The bytes of the file. At most 256 colors, and each pixel one of them.
-std::string PngBytes(const Raster& raster, const std::vector<Color>& palette);
+std::string PngBytes(const PackedPixels& pixels, const std::vector<Color>& palette);
 
 }  // namespace quarvel::hosts

@@ -93,9 +93,10 @@ void DrawLabels(Raster& raster, const PictureLayout& layout) {
 }
 
 void DrawPoints(Raster& raster, const PictureLayout& layout) {
+  const inspect::PictureShades shades(layout.points, kPictureShades);
   for (std::int32_t y = 0; y < layout.points.height(); ++y) {
     for (std::int32_t x = 0; x < layout.points.width(); ++x) {
-      const int shade = layout.points.ShadeAt(x, y, kPictureShades);
+      const int shade = shades.At(x, y);
       if (shade == 0) continue;
       raster.Fill(layout.left + x * layout.point_width, layout.top + y * layout.point_height,
                   layout.point_width, layout.point_height,
@@ -157,18 +158,20 @@ std::string PngPicture(const model::ModelStore& store, const PictureRoom& room) 
   DrawLabels(raster, layout);
   DrawPoints(raster, layout);
   DrawFrame(raster, layout);
-  return PngBytes(raster, PaletteOf(kLight));
+  return PngBytes(PackPixels(raster), PaletteOf(kLight));
 }
 
-std::string PngPoints(const inspect::MatrixPicture& points, bool is_dark) {
+PointsInPng PngPoints(const inspect::MatrixPicture& points) {
+  const inspect::PictureShades shades(points, kPictureShades);
   Raster raster(points.width(), points.height());
   for (std::int32_t y = 0; y < points.height(); ++y) {
     for (std::int32_t x = 0; x < points.width(); ++x) {
-      const int shade = points.ShadeAt(x, y, kPictureShades);
+      const int shade = shades.At(x, y);
       if (shade > 0) raster.Set(x, y, static_cast<std::uint8_t>(kFirstShade + shade - 1));
     }
   }
-  return PngBytes(raster, PaletteOf(is_dark ? kDark : kLight));
+  const PackedPixels pixels = PackPixels(raster);
+  return {PngBytes(pixels, PaletteOf(kLight)), PngBytes(pixels, PaletteOf(kDark))};
 }
 
 }  // namespace quarvel::hosts

@@ -40,13 +40,8 @@ std::string Axis(std::string_view where, const std::string& word, const std::str
   return axis + "</div>";
 }
 
-std::string DataOf(const inspect::MatrixPicture& points, bool is_dark) {
-  return "data:image/png;base64," + Base64(PngPoints(points, is_dark));
-}
-
-std::string Image(const PictureLayout& layout, bool is_dark) {
-  return std::string("<img class=\"") + (is_dark ? "dark" : "light") + "\" src=\"" +
-         DataOf(layout.points, is_dark) +
+std::string Image(const PictureLayout& layout, std::string_view ground, std::string_view png) {
+  return "<img class=\"" + std::string(ground) + "\" src=\"data:image/png;base64," + Base64(png) +
          "\" alt=\"Where the coefficients of the matrix stand: " + SizeWords(layout) +
          "\" style=\"aspect-ratio:" + text::IntegerText(layout.matrix_width) + '/' +
          text::IntegerText(layout.matrix_height) + "\">";
@@ -64,13 +59,15 @@ std::string MatrixPart(const model::ModelStore& store) {
                     "<p>This program was built without zlib, which the picture needs.</p>\n");
   }
   const PictureLayout layout(store, kRoom);
+  const PointsInPng points = PngPoints(layout.points);
   return HtmlPart("matrix", "The matrix",
                   "<figure class=\"matrix\">\n<div class=\"axes\" style=\"max-width:calc(" +
                       text::IntegerText(layout.matrix_width) + "px + 5em)\">" +
                       Axis("top", layout.columns_word, layout.last_column) +
                       Axis("left", layout.rows_word, layout.last_row) + "<div>" +
-                      Image(layout, false) + Image(layout, true) + "</div>" +
-                      "</div>\n<figcaption>" + Scale(layout.points) + "</figcaption>\n</figure>\n");
+                      Image(layout, "light", points.light) + Image(layout, "dark", points.dark) +
+                      "</div>" + "</div>\n<figcaption>" + Scale(layout.points) +
+                      "</figcaption>\n</figure>\n");
 }
 
 }  // namespace quarvel::hosts

@@ -17,12 +17,13 @@ std::string Attribute(std::string_view name, std::int32_t value) {
 }
 
 // Of the shade: "M3 5h2" from the point at column 3, line 5, two points on.
-std::string PathOf(const inspect::MatrixPicture& points, int shade) {
+std::string PathOf(const inspect::MatrixPicture& points, const inspect::PictureShades& shades,
+                   int shade) {
   std::string path;
   for (std::int32_t y = 0; y < points.height(); ++y) {
     for (std::int32_t x = 0; x < points.width();) {
       const std::int32_t start = x;
-      while (x < points.width() && points.ShadeAt(x, y, kPictureShades) == shade) ++x;
+      while (x < points.width() && shades.At(x, y) == shade) ++x;
       if (x > start) {
         path += 'M' + Number(start) + ' ' + Number(y) + 'h' + Number(x - start);
       } else {
@@ -63,8 +64,9 @@ std::string Points(const PictureLayout& layout) {
   std::string text = "<g class=\"points\" transform=\"translate(" + Number(layout.left) + ' ' +
                      Number(layout.top) + ") scale(" + Number(layout.point_width) + ' ' +
                      Number(layout.point_height) + ") translate(0 .5)\">\n";
+  const inspect::PictureShades shades(layout.points, kPictureShades);
   for (int shade = 1; shade <= kPictureShades; ++shade) {
-    const std::string path = PathOf(layout.points, shade);
+    const std::string path = PathOf(layout.points, shades, shade);
     if (path.empty()) continue;
     // From a third on, so that a single element is seen.
     const int percent = 34 + 66 * (shade - 1) / (kPictureShades - 1);

@@ -56,7 +56,7 @@ void LintLosses(const model::ModelStore& store, const mps::FileFacts& facts,
 void Lint(const model::ModelStore& store, const mps::FileFacts& facts,
           const LintListener& listener) {
   const model::ModelData& data = store.data();
-  LintPairs(data, listener);
+  if (!store.looks().KnowsPairsDistinct()) LintPairs(data, listener);
   LintBounds(data, facts, listener);
   LintNames(data, listener);
   LintScale(data, listener);

@@ -30,6 +30,16 @@ std::uint64_t Mixed(std::uint64_t bits) {
   return bits ^ (bits >> 31);
 }
 
+// Equal for lists with the same records, in whatever order they stand.
+std::uint64_t PatternOf(const ElementList& list) {
+  std::uint64_t sum = 0;
+  for (const ElementEntry& entry : list) {
+    const std::uint64_t spread = static_cast<std::uint64_t>(entry.Index) * 0x9E3779B97F4A7C15U;
+    sum += spread ^ (spread >> 29);
+  }
+  return Mixed(sum);
+}
+
 // Equal for lists that are multiples of one another, in whatever order they stand: of each quotient
 // the last 12 bits are rounded away, which two ways of computing one number do not agree in.
 std::uint64_t Fingerprint(const ElementList& list) {
@@ -102,18 +112,40 @@ void KeepShared(std::vector<Candidate>& candidates) {
                 [&](const Candidate& candidate) { return !is_shared[slot_of(candidate)]; });
 }
 
+void Sort(std::vector<Candidate>& candidates) {
+  std::sort(candidates.begin(), candidates.end(), [](const Candidate& a, const Candidate& b) {
+    return std::tie(a.fingerprint, a.number) < std::tie(b.fingerprint, b.number);
+  });
+}
+
+// Leaves those that have one with the same fingerprint beside them.
+std::vector<Candidate> SharedOf(const std::vector<Candidate>& sorted) {
+  std::vector<Candidate> shared;
+  for (std::size_t i = 0; i < sorted.size(); ++i) {
+    const auto is_like = [&](std::size_t other) {
+      return other < sorted.size() && sorted[other].fingerprint == sorted[i].fingerprint;
+    };
+    if (is_like(i - 1) || is_like(i + 1)) shared.push_back(sorted[i]);
+  }
+  return shared;
+}
+
+// Most have a pattern of their own: to see that takes no division, and no second look at their lists.
 template <class Records>
 std::vector<Candidate> CandidatesOf(const Records& records, std::int32_t count) {
   std::vector<Candidate> candidates;
   candidates.reserve(static_cast<std::size_t>(count));
   for (std::int32_t number = 1; number <= count; ++number) {
     if (!MayBeParallel(records[number])) continue;
-    candidates.push_back({Fingerprint(records[number].Elements), number});
+    candidates.push_back({PatternOf(records[number].Elements), number});
   }
   KeepShared(candidates);
-  std::sort(candidates.begin(), candidates.end(), [](const Candidate& a, const Candidate& b) {
-    return std::tie(a.fingerprint, a.number) < std::tie(b.fingerprint, b.number);
-  });
+  Sort(candidates);
+  candidates = SharedOf(candidates);
+  for (Candidate& candidate : candidates) {
+    candidate.fingerprint = Fingerprint(records[candidate.number].Elements);
+  }
+  Sort(candidates);
   return candidates;
 }
 

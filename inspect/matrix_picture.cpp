@@ -32,9 +32,16 @@ MatrixPicture::MatrixPicture(const model::ModelStore& store, PictureSize size)
   most_ = *std::max_element(counts_.begin(), counts_.end());
 }
 
-int MatrixPicture::ShadeAt(std::int32_t x, std::int32_t y, int levels) const {
-  const std::int32_t count = At(x, y);
-  return count == 0 ? 0 : ShadeOf(count, most_, levels);
+PictureShades::PictureShades(const MatrixPicture& picture, int levels)
+    : picture_(picture), levels_(levels), of_few_(1) {
+  constexpr std::int32_t kFew = 256;
+  for (std::int32_t count = 1; count <= std::min(picture.most(), kFew); ++count) {
+    of_few_.push_back(OfMany(count));
+  }
+}
+
+int PictureShades::OfMany(std::int32_t count) const {
+  return ShadeOf(count, picture_.most(), levels_);
 }
 
 PictureSize FitPicture(std::int32_t rows, std::int32_t columns, PictureSize room,

@@ -2,6 +2,7 @@
 // and columns that it stands for. Row and column 0 are at the top and at the left.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -28,9 +29,6 @@ class MatrixPicture {
   std::int32_t At(std::int32_t x, std::int32_t y) const { return counts_[Position(x, y)]; }
   // Of the fullest point; 0 when there are no elements.
   std::int32_t most() const { return most_; }
-  // How dark a point is, on a scale of the logarithm: 0 for an empty one, `levels` for the fullest, at
-  // least 1 for any other.
-  int ShadeAt(std::int32_t x, std::int32_t y, int levels) const;
 
  private:
   // Points of one column of the picture stand side by side, as elements of a column do.
@@ -50,6 +48,27 @@ class MatrixPicture {
 // side is made shorter than `least` points, where there are as many rows or columns.
 PictureSize FitPicture(std::int32_t rows, std::int32_t columns, PictureSize room,
                        std::int32_t least);
+
+// How dark the points of a picture are, on a scale of the logarithm: 0 for an empty one, `levels` for the
+// fullest, at least 1 for any other.
+class PictureShades {
+ public:
+  // `picture` must outlive it.
+  PictureShades(const MatrixPicture& picture, int levels);
+
+  int At(std::int32_t x, std::int32_t y) const {
+    const std::int32_t count = picture_.At(x, y);
+    const auto place = static_cast<std::size_t>(count);
+    return place < of_few_.size() ? of_few_[place] : OfMany(count);
+  }
+
+ private:
+  int OfMany(std::int32_t count) const;
+
+  const MatrixPicture& picture_;
+  int levels_;
+  std::vector<int> of_few_;  // by count: most points have small ones, and a logarithm takes long
+};
 
 // A shade from 1 to `levels` for a count from 1 to `most`.
 int ShadeOf(std::int32_t count, std::int32_t most, int levels);

@@ -58,6 +58,22 @@ void AppendPattern(std::string& pattern, std::string_view name) {
   }
 }
 
+// Whether a name without brackets has that pattern: most names have the pattern of the one before.
+bool HasPattern(std::string_view name, std::string_view pattern) {
+  std::size_t place = 0;
+  bool in_number = false;
+  for (const char c : name) {
+    if (c == '[' || c == '(') return false;
+    const bool is_digit = IsDigit(c);
+    if (!is_digit || !in_number) {
+      if (place == pattern.size() || pattern[place] != (is_digit ? kNumber : c)) return false;
+      ++place;
+    }
+    in_number = is_digit;
+  }
+  return place == pattern.size();
+}
+
 // The pattern with its part number `back` from the end (0 for the last) replaced; nothing when it has
 // no such part behind its first, or the part is an index already.
 std::optional<std::string> WithIndexAt(const std::string& pattern, int back) {
@@ -133,6 +149,7 @@ std::string NameFamilies::PatternOf(std::string_view name) {
 }
 
 std::int32_t NameFamilies::Add(std::string_view name) {
+  if (last_number_ >= 0 && HasPattern(name, last_)) return last_number_;
   std::string pattern;
   AppendPattern(pattern, name);
   if (last_number_ >= 0 && pattern == last_) return last_number_;

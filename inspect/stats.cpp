@@ -147,22 +147,27 @@ void AddBounds(const model::Bounds& column, std::int32_t c, NumberSizes& sizes) 
   if (model::HasUpper(column.UpperBound)) sizes.Add(column.UpperBound, 0, c);
 }
 
+void CountDuplicates(const ModelData& data, ModelStats& stats) {
+  model::OneBased<std::int32_t> last_column;  // that named the row
+  last_column.Resize(data.NumberOfRows);
+  for (std::int32_t c = 1; c <= data.NumberOfColumns; ++c) {
+    for (const model::ElementEntry& entry : data.Columns[c].Elements) {
+      const bool is_second = std::exchange(last_column[entry.Index], c) == c;
+      if (is_second && stats.duplicates++ == 0)
+        stats.first_duplicate = {entry.Value, entry.Index, c};
+    }
+  }
+}
+
 void WalkColumns(const ModelData& data, ModelStats& stats) {
   FamilyCollector families;
   LengthCollector lengths(data.NumberOfColumns);
-  model::OneBased<std::int32_t> last_column;  // that named the row
-  last_column.Resize(data.NumberOfRows);
   for (std::int32_t c = 1; c <= data.NumberOfColumns; ++c) {
     const model::ColumnRecord& column = data.Columns[c];
     ++stats.column_types[static_cast<std::size_t>(column.Type)]
                         [static_cast<std::size_t>(ShapeOf(column))];
     lengths.Add(column.ElementCount());
     AddBounds(column, c, stats.bounds);
-    for (const model::ElementEntry& entry : column.Elements) {
-      const bool is_second = std::exchange(last_column[entry.Index], c) == c;
-      if (is_second && stats.duplicates++ == 0)
-        stats.first_duplicate = {entry.Value, entry.Index, c};
-    }
     families.Add(column, c).elements.Add(RangeOf(column.Elements));
   }
   stats.column_lengths = lengths.Take();
@@ -210,6 +215,7 @@ ModelStats StatsOf(const model::ModelStore& store) {
   stats.density = places == 0 ? 0 : static_cast<double>(stats.elements) / places;
   WalkRows(data, stats);
   WalkColumns(data, stats);
+  if (!store.looks().KnowsPairsDistinct()) CountDuplicates(data, stats);
   return stats;
 }
 

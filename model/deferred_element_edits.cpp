@@ -108,6 +108,7 @@ void DeferredWork::SetElementValue(std::int32_t r, std::int32_t k, double value)
   const bool is_stored = column >= 1 && column <= data.Columns.size();
   const std::int32_t place = is_stored ? FirstInColumn(column, row) : 0;
   element.Value = value;  // even when its column raises
+  agreement_.NoteValueSet();
   ElementList& column_list = data.Columns[column].Elements;
   if (place != 0) column_list[place].Value = value;
 }

@@ -88,8 +88,16 @@ bool NamesAColumnTwiceRunning(const RowRecord& row) {
 
 void ListAgreement::NoteFilled(Changes now) {
   extent_ = Extent::kAllButPairs;
-  as_of_ = now;
+  as_of_ = filled_as_of_ = now;
   disagree_ = false;
+}
+
+bool ListAgreement::KnowsPairsDistinct(const ModelData& data, Changes now) {
+  if (Known(now)) return everywhere();
+  if (extent_ != Extent::kAllButPairs || as_of_ != now) return false;
+  if (std::any_of(data.Rows.begin(), data.Rows.end(), NamesAColumnTwiceRunning)) return false;
+  extent_ = Extent::kAll;
+  return true;
 }
 
 void ListAgreement::Examine(const ModelData& data, Changes now) {

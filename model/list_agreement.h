@@ -35,6 +35,14 @@ class ListAgreement {
   void Follow(Changes now) {
     if (as_of_ + 1 == now) as_of_ = now;
   }
+  // True when the row lists were made from the column lists and nothing has changed since, so that both hold
+  // the same coefficients in the same order. Pairs may stand there twice.
+  bool JustFilled(Changes now) const { return filled_as_of_ == now; }
+  // True when it is known that no pair stands twice; looks at the row lists where a glance at each tells. False
+  // also where only Examine would tell.
+  bool KnowsPairsDistinct(const ModelData& data, Changes now);
+  // The value of a coefficient is set, of the first one of a pair in the column's list.
+  void NoteValueSet() { filled_as_of_ = kNever; }
   // True when appending a coefficient to both of its lists will leave what is known as it is, when
   // neither names the other yet. Numbers that are not there may come true.
   bool WillSurviveNewPair() const { return everywhere(); }
@@ -45,9 +53,11 @@ class ListAgreement {
   // Everything, or that nothing can disagree but pairs that were added twice: those stand side by
   // side in their row.
   enum class Extent : std::uint8_t { kNothing, kAllButPairs, kAll };
+  static constexpr Changes kNever = ~Changes{0};
 
   Extent extent_ = Extent::kNothing;
   Changes as_of_ = 0;
+  Changes filled_as_of_ = kNever;
   bool disagree_ = false;
 };
 

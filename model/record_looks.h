@@ -38,6 +38,18 @@ class RecordLooks {
   bool KnowsNamesDistinct() const {
     return model_.row_names.IsDistinct() && model_.column_names.IsDistinct();
   }
+  // True when row lists and column lists hold the same coefficients in the same order, as they do after a
+  // read until the first change of them. False also where only comparing them would tell.
+  bool KnowsListsAlike() const {
+    work_.Settle();
+    return work_.agreement_.JustFilled(work_.changes_);
+  }
+  // True when no pair of row and column has two coefficients; one look at each row list, once. False also
+  // where only comparing rows and columns would tell.
+  bool KnowsPairsDistinct() const {
+    work_.Settle();
+    return work_.agreement_.KnowsPairsDistinct(data_, work_.changes_);
+  }
   // How many rows are stored, with a hidden one that is not counted.
   std::int32_t StoredRows() const;
   // How many coefficients stand in a column's list. One pass when it is first asked of a long list

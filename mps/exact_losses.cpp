@@ -30,7 +30,7 @@ class ExactLossFinder {
       : store_(store), data_(store.data()), facts_(facts), objective_(ObjectiveOf(data_, facts)) {}
 
   Losses Find() {
-    if (!AddListLosses(data_, losses_)) return std::move(losses_);
+    if (!AddListLosses(store_, losses_)) return std::move(losses_);
     AddTextLosses(data_, FileLayout::kFree, losses_);
     for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) CheckColumn(j);
     for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) CheckRow(i);

@@ -70,6 +70,8 @@ class ListCheck {
 
 }  // namespace
 
-bool AddListLosses(const ModelData& data, Losses& losses) { return ListCheck(data, losses).Run(); }
+bool AddListLosses(const model::ModelStore& store, Losses& losses) {
+  return store.looks().KnowsListsAlike() || ListCheck(store.data(), losses).Run();
+}
 
 }  // namespace quarvel::mps

@@ -4,13 +4,14 @@
 // else by then. A file is written from the column lists, so that such a model is not what its rows show.
 #pragma once
 
-#include "model/model_data.h"
+#include "model/model_store.h"
 #include "mps/loss.h"
 
 namespace quarvel::mps {
 
 // False when they differ: nothing else can be said of such a model, whose lists may name records that
-// are not there. One pass over each of the lists; 8 bytes for each row.
-bool AddListLosses(const model::ModelData& data, Losses& losses);
+// are not there. After a read that is known; else one pass over each of the lists and 8 bytes
+// for each row.
+bool AddListLosses(const model::ModelStore& store, Losses& losses);
 
 }  // namespace quarvel::mps

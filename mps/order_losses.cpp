@@ -22,6 +22,7 @@ class OrderCheck {
     for (std::int32_t j = 1; j <= data.NumberOfColumns; ++j) {
       const bool is_integer = data.Columns[j].Type == model::ColumnType::kInteger;
       behind_[static_cast<std::size_t>(j)] = is_integer;
+      any_behind_ = any_behind_ || is_integer;
     }
   }
 
@@ -30,7 +31,9 @@ class OrderCheck {
 
  private:
   // Stands behind all columns that do not.
-  bool IsBehind(std::int32_t column) const { return behind_[static_cast<std::size_t>(column)]; }
+  bool IsBehind(std::int32_t column) const {
+    return any_behind_ && behind_[static_cast<std::size_t>(column)];
+  }
   bool IsOutOfOrder(const RowRecord& row, bool& twice) const;
   std::vector<bool> RowsInAnotherOrder() const;
 
@@ -38,6 +41,7 @@ class OrderCheck {
   Losses& losses_;
   // By column, a bit each: it is asked for every element, and those of a row stand at columns far apart.
   std::vector<bool> behind_;
+  bool any_behind_ = false;
 };
 
 void OrderCheck::CheckColumns() {

@@ -18,18 +18,6 @@ double Read(const std::string& text) {
   return text::ParseNumber(text).value_or(std::numeric_limits<double>::quiet_NaN());
 }
 
-// Whether the value has a decimal text of so few digits that every way of writing shows all of it.
-bool HasFewDigits(double value) {
-  constexpr double kMostDigits = 1e15;
-  for (const double unit : {1e10, 1e4}) {
-    const double scaled = value * unit;
-    if (!(std::fabs(scaled) < kMostDigits)) continue;
-    const double whole = static_cast<double>(static_cast<std::int64_t>(scaled));
-    if (whole == scaled && scaled / unit == value) return true;
-  }
-  return false;
-}
-
 // LO and FX records go over to general text where a picture does not fit.
 double FixedReadBack(double value, bool name_fits) {
   if (HasFewDigits(value)) return value;
@@ -49,8 +37,8 @@ bool HasLowerLine(const model::Bounds& bounds) {
 
 }  // namespace
 
-double ValueReadBack(double value) {
-  return HasFewDigits(value) ? value : Read(text::PictureText(value, text::Picture::kElement));
+double LongValueReadBack(double value) {
+  return Read(text::PictureText(value, text::Picture::kElement));
 }
 
 model::Bounds LimitsReadBack(const model::RowRecord& row) {

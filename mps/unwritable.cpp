@@ -63,7 +63,7 @@ class LossFinder {
   explicit LossFinder(const model::ModelStore& store) : store_(store), data_(store.data()) {}
 
   Losses Find() {
-    if (!AddListLosses(data_, losses_)) return std::move(losses_);
+    if (!AddListLosses(store_, losses_)) return std::move(losses_);
     AddTextLosses(data_, FileLayout::kFixed, losses_);
     for (std::int32_t j = 1; j <= data_.NumberOfColumns; ++j) CheckColumn(j);
     for (std::int32_t i = 1; i <= data_.NumberOfRows; ++i) CheckRow(i);

@@ -27,7 +27,7 @@ TEST(PngFile, HoldsSizePaletteAndPixels) {
   Raster raster(3, 2);
   raster.Set(1, 0, 2);
   raster.Set(2, 1, 1);
-  const std::string file = PngBytes(raster, {{255, 255, 255}, {1, 2, 3}, {4, 5, 6}});
+  const std::string file = PngBytes(PackPixels(raster), {{255, 255, 255}, {1, 2, 3}, {4, 5, 6}});
   EXPECT_TRUE(file.starts_with(Bytes({0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n', 0, 0, 0, 13})));
   EXPECT_EQ(Chunk(file, "IHDR"), Bytes({0, 0, 0, 3, 0, 0, 0, 2, 8, 3, 0, 0, 0}));
   EXPECT_EQ(Chunk(file, "PLTE"), Bytes({255, 255, 255, 1, 2, 3, 4, 5, 6}));

@@ -46,9 +46,10 @@ TEST_F(MatrixPictureTest, CountsWhatAPointStandsFor) {
   EXPECT_EQ(picture.At(0, 1), 0);
   EXPECT_EQ(picture.At(1, 1), 1);
   EXPECT_EQ(picture.most(), 3);
-  EXPECT_EQ(picture.ShadeAt(0, 0, 8), 8);
-  EXPECT_EQ(picture.ShadeAt(0, 1, 8), 0);
-  EXPECT_EQ(picture.ShadeAt(1, 1, 8), 4);
+  const PictureShades shades(picture, 8);
+  EXPECT_EQ(shades.At(0, 0), 8);
+  EXPECT_EQ(shades.At(0, 1), 0);
+  EXPECT_EQ(shades.At(1, 1), 4);
 }
 
 TEST_F(MatrixPictureTest, IsNothingWithoutRowsOrColumns) {

@@ -61,6 +61,20 @@ TEST(NameFamilies, NumberPatternsAsTheyCome) {
   EXPECT_EQ(families.count(), 3);
 }
 
+// Whatever name comes before.
+TEST(NameFamilies, NumberOnePatternAlikeBehindAnyOther) {
+  const std::string names[] = {"",     "X",    "X1", "X12", "X1Y",  "X#",      "X##",  "1",    "1X",
+                               "X1Y2", "X1Y#", "#",  "X(1", "X(1)", "X(LYON)", "X[1]", "X[1]2"};
+  for (const std::string& first : names) {
+    for (const std::string& second : names) {
+      NameFamilies families;
+      const bool same = families.Add(first) == families.Add(second);
+      EXPECT_EQ(same, NameFamilies::PatternOf(first) == NameFamilies::PatternOf(second))
+          << first << ' ' << second;
+    }
+  }
+}
+
 TEST(NameFamilies, KeepAFewTextsApart) {
   std::vector<std::string> names;
   for (int i = 0; i < NameFamilies::kFewTexts; ++i) {

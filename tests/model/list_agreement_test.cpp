@@ -163,6 +163,33 @@ TEST(ListAgreement, RowsMadeFromColumnsOnlyNeedAGlance) {
   }
 }
 
+TEST(ListAgreement, FilledListsAreKnownToBeAlikeUntilAChange) {
+  Watched model = AgreeingModel();
+  EXPECT_FALSE(model.agreement.JustFilled(model.changes));
+  model.NoteFilled();
+  EXPECT_TRUE(model.agreement.JustFilled(model.changes));
+  model.agreement.NoteValueSet();
+  EXPECT_FALSE(model.agreement.JustFilled(model.changes));
+  model.NoteFilled();
+  AddNoticed(model, 4, 1);
+  EXPECT_FALSE(model.agreement.JustFilled(model.changes));
+}
+
+TEST(ListAgreement, AGlanceTellsWhetherPairsAreDistinct) {
+  for (const bool twice : {false, true}) {
+    Watched model = AgreeingModel();
+    if (twice) AddPair(model, 3, 3);
+    EXPECT_FALSE(model.agreement.KnowsPairsDistinct(model.data, model.changes));
+    model.NoteFilled();
+    EXPECT_EQ(model.agreement.KnowsPairsDistinct(model.data, model.changes), !twice);
+    EXPECT_EQ(model.Known(), !twice);
+    model.Examine();
+    EXPECT_EQ(model.agreement.KnowsPairsDistinct(model.data, model.changes), !twice);
+    AddPair(model, 4, 4);
+    EXPECT_FALSE(model.agreement.KnowsPairsDistinct(model.data, model.changes));
+  }
+}
+
 TEST(ListAgreement, WhatWasDoneToFilledListsWithoutNoticeIsFound) {
   Watched model = AgreeingModel();
   model.NoteFilled();

@@ -173,6 +173,16 @@ struct Counts {
   bool operator==(const Counts&) const = default;
 };
 
+// What a read made is known to be alike, as long as no value was set since.
+TEST(Unwritable, FindsAValueThatOnlyOneListHas) {
+  ReadSession session;
+  session.otherwise = kNo;
+  ASSERT_EQ(session.Read("NAME\nROWS\n N  C\n L  A\nCOLUMNS\n X C 1 A 1\n X A 2\nENDATA\n"), -1);
+  EXPECT_EQ(KindsOf(session.model), Names());
+  session.model.store().SetElementValue(2, 2, 7);
+  EXPECT_EQ(KindsOf(session.model), Names{"lists-differ"});
+}
+
 TEST(Unwritable, IsAllThatAWrittenModelReadsBackWithout) {
   const int models = TestLength(1600);
   int same = 0;
