@@ -30,7 +30,7 @@ windows=(g++-mingw-w64-x86-64-win32 g++-mingw-w64-i686-win32 mingw-w64-tools lib
 # What makes and reads the packages.
 packages=(zip unzip python3 nsis)
 # What makes Debian's packages, and checks them.
-debian=(debhelper lintian python3)
+debian=(debhelper dh-python lintian pybind11-dev python3 python3-dev python3-setuptools python3-wheel)
 # What makes a Debian system of its own (cmake/debian_root.sh).
 systems=(debootstrap)
 # The libraries that the benchmarks compare with, and what counts instructions.

@@ -1,5 +1,5 @@
-# What is delivered for Debian: the program, the viewer, the library, and what programs are built with. Read
-# by packaging/build, which has set `version`, `packages` and SOURCE_DATE_EPOCH. packaging/debian is what
+# What is delivered for Debian: the program, the viewer, the library, what programs are built with, and the package
+# for Python. Read by packaging/build, which has set `version`, `packages` and SOURCE_DATE_EPOCH. packaging/debian is what
 # Debian's own tools take; they work in build/debian-packages.
 # A further package is a paragraph of packaging/debian/control, its NAME.install, and what puts its files
 # below debian/tmp in packaging/debian/rules.
@@ -27,7 +27,8 @@ make_debian_packages() {
 
 cmake/setup.sh native debian
 cmake --preset linux
-cmake --build build/linux --target quarvel quarvel-view quarvel_manual quarvel_cpp
+cmake --build build/linux --target quarvel quarvel-view quarvel_manual quarvel_cpp \
+  quarvel_python_core quarvel_python_component
 cmake --preset linux-library
 cmake --build build/linux-library
 make_debian_packages

@@ -15,9 +15,9 @@ export root
 . "$project/cmake/debian_root.sh"
 architecture=$(dpkg --print-architecture)
 version=$(sed -n 's/^project(Quarvel VERSION \([0-9.]*\) .*/\1/p' "$project/CMakeLists.txt")
-ours=(quarvel quarvel-view libquarvel1.1 libquarvel-dev)
+ours=(quarvel quarvel-view libquarvel1.1 libquarvel-dev python3-quarvel)
 # What the test itself needs in there.
-tools=(man-db desktop-file-utils g++ pkg-config)
+tools=(man-db desktop-file-utils g++ cmake make pkg-config python3-scipy)
 failures=0
 
 fail() {
@@ -163,12 +163,33 @@ use_manual() {
 
 use_library() {
   local linking
-  cp "$project/examples/native/tour.cpp" "$project/examples/diet.mps" "$root/tmp"
+  cp -r "$project/examples/native" "$project/examples/diet.mps" "$root/tmp"
+  in_root sh -ec 'cmake -S /tmp/native -B /tmp/built && cmake --build /tmp/built && cd /tmp &&
+    built/tour diet.mps out.mps && readelf -d built/tour && printf "1\nn\n" | built/asking diet.mps asked.mps' >"$root/tmp/told" 2>&1 &&
+    grep -qx '5 of 5 rows read back equal' "$root/tmp/told" && grep -qF '[libquarvel.so.1.1]' "$root/tmp/told" &&
+    in_root quarvel check /tmp/asked.mps >/dev/null || { cat "$root/tmp/told"; fail "a project that says find_package"; }
   for linking in "" -static; do
-    in_root sh -ec "cd /tmp && g++ -std=c++20 $linking tour.cpp \$(pkg-config --cflags --libs quarvel) -o tour &&
+    in_root sh -ec "cd /tmp && g++ -std=c++20 $linking native/tour.cpp \$(pkg-config --cflags --libs quarvel) -o tour &&
       ./tour diet.mps out.mps" | grep -qx '5 of 5 rows read back equal' || fail "a program of the library $linking"
     [ -n "$linking" ] || in_root ldd /tmp/tour | grep -q libquarvel.so.1.1 || fail "the shared library is not used"
   done
+}
+
+use_python() {
+  expect "what Python does with a model" "$(in_root env -C /usr/share/doc/quarvel/examples python3 -c '
+import importlib.metadata, quarvel
+print(quarvel.__file__, importlib.metadata.version("quarvel"))
+model = quarvel.read("diet.mps")
+print(repr(model), model.A.nnz, model.A[:, 0].toarray().ravel())
+with model.edit() as edit:
+    edit.set_row_bounds("CALORIES", 15400, 20000)
+print(model.write("/tmp/changed.mps").losses, quarvel.diff("diet.mps", "/tmp/changed.mps"))
+component = quarvel.LPModel(quarvel.ScriptedDesktop())
+component.MakeNewModel()
+print(component.AddRow("COST"), component)' 2>&1)" "/usr/lib/python3/dist-packages/quarvel/__init__.py $version
+<Model DIET: 5 rows, 5 columns, 25 elements> 25 [ 18. 250.   9.  30.   1.]
+() <2 differences>
+-1 <LPModel '': 1 rows, 0 columns, 0 elements>"
 }
 
 use_all() {
@@ -181,6 +202,7 @@ use_all() {
   use_viewer
   use_manual
   use_library
+  use_python
   purge "${ours[@]}"
   expect "files after the purge of all" "$(tree)" "$before"
 }
