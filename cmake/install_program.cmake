@@ -31,7 +31,8 @@ endif()
 
 install(FILES LICENSE README.md DESTINATION "${doc_folder}" COMPONENT documentation)
 install(DIRECTORY docs/ DESTINATION "${doc_folder}/docs" COMPONENT documentation)
-install(DIRECTORY examples DESTINATION "${doc_folder}" COMPONENT documentation)
+install(DIRECTORY examples DESTINATION "${doc_folder}" COMPONENT documentation
+        PATTERN "__pycache__" EXCLUDE)
 if(TARGET quarvel_manual)
   install(DIRECTORY "${CMAKE_BINARY_DIR}/share/" DESTINATION "${CMAKE_INSTALL_DATAROOTDIR}"
           COMPONENT documentation)

@@ -84,6 +84,22 @@ def try_programs(folder, work, emulator=(), suffix=""):
         sys.exit("asking has saved nothing")
 
 
+def refuse_newer(package, work):
+    """A newer version is asked for: CMake has to name the one that is there."""
+    project = work / "newer"
+    project.mkdir()
+    (project / "CMakeLists.txt").write_text("cmake_minimum_required(VERSION 3.25)\nproject(Newer LANGUAGES CXX)\n"
+                                            "find_package(Quarvel ${WANTED} REQUIRED)\n")
+    version = re.search(r"VERSION ((\d+)\.(\d+)\.\d+) ", (SOURCE / "CMakeLists.txt").read_text())
+    for wanted, taken in ((f"{version[2]}.{version[3]}", True), (f"{version[2]}.{int(version[3]) + 1}", False),
+                          (str(int(version[2]) + 1), False)):
+        result = subprocess.run(["cmake", "-S", project, "-B", project / wanted, "-G", "Ninja", f"-DWANTED={wanted}",
+                                 f"-DQuarvel_DIR={package}"], capture_output=True, text=True, timeout=TIME)
+        told = result.stderr
+        if (result.returncode == 0) != taken or (not taken and f"version: {version[1]}" not in told):
+            sys.exit(f"version {wanted} of {version[1]}: status {result.returncode}\n{told}")
+
+
 def installed(build):
     if not shutil.which("pkg-config"):
         print("pkg-config is not installed (cmake/setup.sh native): not tested")
@@ -105,6 +121,8 @@ def installed(build):
         run("cmake", "-S", EXAMPLES / "native", "-B", found, "-G", "Ninja", *toolchain,
             f"-DQuarvel_DIR={next(prefix.glob('**/cmake/Quarvel'))}")
         run("cmake", "--build", found)
+        if not windows:
+            refuse_newer(next(prefix.glob("**/cmake/Quarvel")), work)
         try_programs(found, work, emulator, suffix)
 
         compiler = "x86_64-w64-mingw32-g++-win32" if windows else "c++"

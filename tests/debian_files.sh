@@ -29,6 +29,11 @@ trap 'rm -rf "$unpacked"' EXIT
 dpkg-deb -x $(file_of libquarvel1.1) "$unpacked"
 soname=$(objdump -p "$unpacked"/usr/lib/*/libquarvel.so.1.1 | sed -n 's/ *SONAME *//p')
 [ "$soname" = libquarvel.so.1.1 ] || fail "the package libquarvel1.1 has $soname"
+# Of the manual and the examples what the commit has, and nothing that a use of them has left.
+dpkg-deb -x $(file_of quarvel) "$unpacked"
+documents=$(git -C ../.. ls-files docs examples | sort)
+packed=$(cd "$unpacked/usr/share/doc/quarvel" && find docs examples -type f | sort)
+[ "$packed" = "$documents" ] || fail "other documents are packed: $(diff <(echo "$documents") <(echo "$packed"))"
 # All of the sources, with their types; the modules of one Python; by what name it is known.
 dpkg-deb -x $(file_of python3-quarvel) "$unpacked"
 found=$(cd "$unpacked/usr/lib/python3/dist-packages" && find . -type f | sort)
