@@ -139,8 +139,9 @@ for_one_user() {
   snapshot before
   check "no component to register" status 7 'start /wait C:\broken-setup.exe /S /CurrentUser'
   check "nowhere to write" status 6 'start /wait C:\setup.exe /S /CurrentUser /D=Z:\proc\quarvel'
-  check "an older version, for one user" status 0 \
-    'start /wait C:\older-setup.exe /S /CurrentUser /STARTMENU=0 /MPS=1 /D=C:\Some Tools\Quarvel here'
+  check "for all users, without the rights" status 3 'C:\without_rights.exe C:\setup.exe /S /AllUsers'
+  check "an older version, for one user without rights" status 0 \
+    'C:\without_rights.exe C:\older-setup.exe /S /STARTMENU=0 /MPS=1 /D=C:\Some Tools\Quarvel here'
   check "its version" says 0.9.0 "HKCU\\$uninstall_key" DisplayVersion
   check "its files" there "$here/docs/older.md"
   check "this version over it" status 0 'start /wait C:\setup.exe /S'
@@ -179,6 +180,8 @@ for_all_users() {
   check "models are the viewer's" says Quarvel.Model "$class\\.mps" ''
   check "nothing is the user's" says '' "HKCU\\$uninstall_key" DisplayVersion
   check "the command for all" runs_command "$here"
+  check "no removal without the rights" status 3 \
+    "C:\\without_rights.exe $(value "HKLM\\$uninstall_key" QuietUninstallString)"
   for kind in x64 x86; do
     [ "$bits/$kind" = x86/x64 ] || check "tours of $kind" tours "$kind" "$here"
   done
@@ -206,10 +209,11 @@ rm -rf "$work"
 mkdir -p "$work"
 cmake/wine.sh cmd /c exit || exit 1 # makes the prefix where there is none yet
 cp "$setup" "$drive/setup.exe" && make_others || exit 1
+i686-w64-mingw32-g++-win32 -std=c++20 -O1 -static tests/setup/without_rights.cpp -o "$drive/without_rights.exe" || exit 1
 warm_up
 for_one_user
 for_all_users
-rm -f "$drive"/{setup,older-setup,broken-setup}.exe "$drive"/{run.bat,classes.txt,classes.txt.new}
+rm -f "$drive"/{setup,older-setup,broken-setup,without_rights}.exe "$drive"/{run.bat,classes.txt,classes.txt.new}
 rmdir "$drive/Some Tools"
 cmake/wine.sh reg delete 'HKCU\Software\Classes\Interface' /f >/dev/null
 cmake/wine.sh reg delete 'HKLM\Software\Classes\.mps' /f >/dev/null
