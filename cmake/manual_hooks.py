@@ -10,6 +10,8 @@ import re
 
 _OUTSIDE = re.compile(r"(?<!!)\[([^\]]+)\]\(\.\./[^)]*\)")
 _ID = re.compile(r'\bid="([^"]+)"')
+# An option or a file's name within a text, which a browser would break at its hyphens.
+_SHORT_CODE = re.compile(r"(?<!<pre>)<code>([^<\n]{1,30})</code>")
 _PLACE = re.compile(r'\bhref="(?:([\w-]+)\.html)?(?:#([^"]*))?"')
 _order = []
 _bodies = {}
@@ -25,6 +27,9 @@ def on_page_markdown(markdown, **_):
 
 
 def on_page_content(content, page, **_):
+    # Python's tests of examples want an empty line at the end of what one prints.
+    content = content.replace("\n\n</code></pre>", "\n</code></pre>")
+    content = _SHORT_CODE.sub(r'<code class="whole">\1</code>', content)
     _bodies[page.file.url] = (page.title, content)
     return content
 
