@@ -52,7 +52,7 @@ with64() {
   ln -sf "$libraries/ld-linux-x86-64.so.2" "$root/lib64/ld-linux-x86-64.so.2"
   mounted "$root$libraries" || mount --bind "$libraries" "$root$libraries" || return 1
   mount -o remount,bind,ro "$root$libraries" &&
-    cp /usr/lib/wine/wine64 /usr/lib/wine/wineserver64 "$root/usr/lib/wine/"
+    cp --remove-destination /usr/lib/wine/wine64 /usr/lib/wine/wineserver64 "$root/usr/lib/wine/"
 }
 
 stop() {

@@ -41,7 +41,7 @@ snapshot() { # NAME
   cmake/wine.sh --stop
   {
     awk "$wine_noise" "$prefix"/{system,user}.reg
-    (cd "$drive" && find . ! -name run.bat ! -name 'classes.txt*' ! -name '*setup*.exe' -printf '%P %y %s\n' |
+    (cd "$drive" && find . ! -name run.bat ! -name value.txt ! -name 'classes.txt*' ! -name '*setup*.exe' -printf '%P %y %s\n' |
       sed 's/ d [0-9]*$/ d/' | sort)
   } >"$work/$1"
 }
@@ -56,14 +56,30 @@ status() {
   run "$2" || got=$?
   [ "$got" -eq "$expected" ] || { echo "exit status $got"; return 1; }
 }
+# ends NUMBER PROGRAM WORD...: the same of a program itself: no batch file of Wine's can name each folder.
+ends() {
+  local expected=$1 got=0
+  shift
+  QUARVEL_WINE_LATE=1 timeout 120 cmake/wine.sh "$@" || got=$?
+  [ "$got" -eq "$expected" ] || { echo "exit status $got"; return 1; }
+}
+# removal NUMBER COMMAND: a program in quotes and its words, as the registry has them.
+removal() {
+  local program=${2#\"} words
+  IFS=' ' read -ra words <<<"${2#*\" }"
+  ends "$1" "${program%%\"*}" "${words[@]}"
+}
 there() { [ -e "$drive/$1" ] || { echo "no $1"; return 1; }; }
 not_there() { [ ! -e "$drive/$1" ] || { echo "still $1"; return 1; }; }
 
-# value KEY NAME: the text of a value, the name "" for the key's own.
+# value KEY NAME: the text of a value, the name "" for the key's own. From a file: a console has not all letters.
 value() {
-  local name=(/v "$2")
-  [ -n "$2" ] || name=(/ve)
-  cmake/wine.sh reg query "$1" "${name[@]}" 2>/dev/null | tr -d '\r' | sed -n 's/^ .*REG_[A-Z_]*    //p'
+  local name="\"$2\"" file="$drive/value.txt"
+  [ -n "$2" ] || name=@
+  rm -f "$file"
+  cmake/wine.sh reg export "$1" 'C:\value.txt' /y >/dev/null 2>&1 || return 0
+  iconv -f UTF-16 -t UTF-8 "$file" | tr -d '\r' |
+    sed -n "/^\[/{x;s/^/+/;/++/q;x}; s/^$name=\"\(.*\)\"\$/\1/p" | sed 's/\\\(.\)/\1/g'
 }
 says() { # EXPECTED KEY NAME
   local got
@@ -120,9 +136,9 @@ tours() { # BITS FOLDER
 
 # What a double click does; the viewer then stands there with its program in use.
 opens_viewer() { # MODEL
-  run "start \"\" \"$1\"" || return 1
+  cmake/wine.sh start "$1" || return 1
   for _ in $(seq 100); do
-    grep -sqa 'Quarvel her[e].quarvel-view\.exe' /proc/[0-9]*/cmdline && return 0
+    grep -sqa 'Ж.quarvel-vie[w]\.exe' /proc/[0-9]*/cmdline && return 0
     sleep 0.2
   done
   echo "no viewer"
@@ -131,36 +147,37 @@ opens_viewer() { # MODEL
 
 uninstall_key='Software\Microsoft\Windows\CurrentVersion\Uninstall\Quarvel'
 
-# An older version for one user, with choices of his own, and this one over it.
+# An older version for one user, with choices of his own, and this one over it; the folder has blanks and letters of
+# more than one language.
 for_one_user() {
-  local here='Some Tools/Quarvel here' class='HKCU\Software\Classes' remove
+  local here='Some Tools/Quarvel ä ω Ж' class='HKCU\Software\Classes' remove
   mkdir -p "$drive/Some Tools"
   cmake/wine.sh reg add "$class\\Interface" /f >/dev/null
   snapshot before
   check "no component to register" status 7 'start /wait C:\broken-setup.exe /S /CurrentUser'
   check "nowhere to write" status 6 'start /wait C:\setup.exe /S /CurrentUser /D=Z:\proc\quarvel'
   check "for all users, without the rights" status 3 'C:\without_rights.exe C:\setup.exe /S /AllUsers'
-  check "an older version, for one user without rights" status 0 \
-    'C:\without_rights.exe C:\older-setup.exe /S /STARTMENU=0 /MPS=1 /D=C:\Some Tools\Quarvel here'
+  check "an older version, for one user without rights" ends 0 \
+    'C:\without_rights.exe' 'C:\older-setup.exe' /S /STARTMENU=0 /MPS=1 '/D=C:\Some' 'Tools\Quarvel' ä ω Ж
   check "its version" says 0.9.0 "HKCU\\$uninstall_key" DisplayVersion
   check "its files" there "$here/docs/older.md"
   check "this version over it" status 0 'start /wait C:\setup.exe /S'
   check "the version" says "$version" "HKCU\\$uninstall_key" DisplayVersion
-  remove="start /wait \"\" $(value "HKCU\\$uninstall_key" QuietUninstallString)"
-  check "the folder is kept" says 'C:\Some Tools\Quarvel here' "HKCU\\$uninstall_key" InstallLocation
+  remove=$(value "HKCU\\$uninstall_key" QuietUninstallString)
+  check "the folder is kept" says 'C:\Some Tools\Quarvel ä ω Ж' "HKCU\\$uninstall_key" InstallLocation
   check "a file that it has not is gone" not_there "$here/docs/older.md"
   check "no entry in the start menu" not_there \
     "$profile/AppData/Roaming/Microsoft/Windows/Start Menu/Programs/Quarvel.lnk"
   check "the command" runs_command "$here"
   check "the user's classes as all programs see them" merge into
   check "tours" tours "$bits" "$here"
-  check "a model opens in the viewer" opens_viewer 'C:\Some Tools\Quarvel here\examples\diet.mps'
+  check "a model opens in the viewer" opens_viewer 'C:\Some Tools\Quarvel ä ω Ж\examples\diet.mps'
   check "no upgrade while the viewer runs" status 4 'start /wait C:\setup.exe /S'
-  check "no removal while the viewer runs" status 4 "$remove"
+  check "no removal while the viewer runs" removal 4 "$remove"
   check "nothing was removed" there "$here/quarvel.exe"
   check "the viewer ends" status 0 'taskkill /f /im quarvel-view.exe'
   merge out
-  check "removal" status 0 "$remove"
+  check "removal" removal 0 "$remove"
   check "the folder goes" gone_in_time "$here"
   check "everything is as before" is_as_before before
 }
@@ -207,13 +224,18 @@ warm_up() {
 
 rm -rf "$work"
 mkdir -p "$work"
+# What a run that was cut off has installed would count as what was there before.
+if [ -e "$drive/Some Tools" ] || [ -e "$drive/Program Files/Quarvel" ]; then
+  cmake/wine.sh --stop
+  rm -rf "$prefix"
+fi
 cmake/wine.sh cmd /c exit || exit 1 # makes the prefix where there is none yet
 cp "$setup" "$drive/setup.exe" && make_others || exit 1
 i686-w64-mingw32-g++-win32 -std=c++20 -O1 -static tests/setup/without_rights.cpp -o "$drive/without_rights.exe" || exit 1
 warm_up
 for_one_user
 for_all_users
-rm -f "$drive"/{setup,older-setup,broken-setup,without_rights}.exe "$drive"/{run.bat,classes.txt,classes.txt.new}
+rm -f "$drive"/{setup,older-setup,broken-setup,without_rights}.exe "$drive"/{run.bat,value.txt,classes.txt,classes.txt.new}
 rmdir "$drive/Some Tools"
 cmake/wine.sh reg delete 'HKCU\Software\Classes\Interface' /f >/dev/null
 cmake/wine.sh reg delete 'HKLM\Software\Classes\.mps' /f >/dev/null
