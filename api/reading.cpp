@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "api/parts.h"
+#include "api/streams.h"
 #include "inspect/lint.h"
 #include "mps/read_file.h"
 #include "platform/byte_source.h"
@@ -100,7 +101,7 @@ ReadResult Read(const std::string& path, Model& model, const ReadOptions& option
     if (!is_read) return result;
     read.facts.says_upper.clear();
     parts.facts = std::move(read.facts);
-    if (!inner.open) parts.store.settings().FileLocation = path;
+    if (!path.empty()) parts.store.settings().FileLocation = path;
     return result;
   });
 }
@@ -109,6 +110,13 @@ ReadResult Read(const std::string& path, Model& model, const ReadOptions& option
 
 ReadResult ReadFile(const std::string& path, Model& model, const ReadOptions& options) {
   return Read(path, model, options, InnerOptions(options));
+}
+
+ReadResult api::ReadOpened(const OpenBytes& open, const std::string& path, Model& model,
+                           const ReadOptions& options) {
+  mps::ReadOptions inner = InnerOptions(options);
+  inner.open = open;
+  return Read(path, model, options, std::move(inner));
 }
 
 ReadResult ReadText(std::string_view text, Model& model, const ReadOptions& options) {

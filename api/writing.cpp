@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "api/parts.h"
+#include "api/streams.h"
 #include "inspect/write_file.h"
 #include "quarvel/files.h"
 
@@ -93,6 +94,21 @@ Receipt PublicReceipt(const inspect::FileWrite& write) {
   return receipt;
 }
 
+Receipt Write(Model& model, const std::string& path, const WriteOptions& options,
+              const api::Packer& packer) {
+  ModelParts& parts = ModelAccess::Of(model);
+  const api::Work work(parts);
+  Progress progress(options);
+  Receipt receipt = api::Translated([&] {
+    inspect::WriteOptions inner = progress.InnerOptions();
+    inner.pack = packer.pack;
+    inner.unpack = packer.unpack;
+    return PublicReceipt(inspect::WriteFile(parts.store, parts.facts, path, inner));
+  });
+  progress.Rethrow();
+  return receipt;
+}
+
 }  // namespace
 
 bool Receipt::is_whole() const {
@@ -100,15 +116,12 @@ bool Receipt::is_whole() const {
 }
 
 Receipt WriteFile(Model& model, const std::string& path, const WriteOptions& options) {
-  ModelParts& parts = ModelAccess::Of(model);
-  const api::Work work(parts);
-  Progress progress(options);
-  Receipt receipt = api::Translated([&] {
-    return PublicReceipt(
-        inspect::WriteFile(parts.store, parts.facts, path, progress.InnerOptions()));
-  });
-  progress.Rethrow();
-  return receipt;
+  return Write(model, path, options, {});
+}
+
+Receipt api::WritePacked(Model& model, const std::string& path, const Packer& packer,
+                         const WriteOptions& options) {
+  return Write(model, path, options, packer);
 }
 
 Receipt WriteText(const Model& model, std::string& text, const WriteOptions& options) {

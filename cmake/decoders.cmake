@@ -1,5 +1,5 @@
-# The libraries that read and write compressed files, for the programs only; the first one packs the pixels
-# of pictures too. Where one is missing the program says so when it meets such a file; on Windows Debian has the
+# The libraries that read and write compressed files, for the programs and the Python package only; the first
+# one packs the pixels of the command's pictures too. Where one is missing the program says so when it meets such a file; on Windows Debian has the
 # first alone.
 set(ZLIB_USE_STATIC_LIBS "${WIN32}")
 find_package(ZLIB)
@@ -20,7 +20,9 @@ foreach(decoder ZLIB BZip2 LibLZMA zstd)
   endif()
   if(TARGET ${library})
     string(TOUPPER ${decoder} name)
-    target_link_libraries(quarvel_hosts PRIVATE ${library})
-    target_compile_definitions(quarvel_hosts PRIVATE QUARVEL_HAS_${name})
+    foreach(user packing hosts)
+      target_link_libraries(quarvel_${user} PRIVATE ${library})
+      target_compile_definitions(quarvel_${user} PRIVATE QUARVEL_HAS_${name})
+    endforeach()
   endif()
 endforeach()

@@ -1,8 +1,19 @@
-# QUARVEL_BUILDS_PYTHON: whether python/ is built: where that is asked for and pybind11 is there. A
-# module would have to be loaded behind the sanitizers' own libraries, so builds with them go without.
+# QUARVEL_BUILDS_PYTHON: whether python/ is built: where that is asked for and pybind11 is there.
+# QUARVEL_SANITIZER: in a build with the address sanitizer its shared library, which has to be loaded before an
+# interpreter that was built without it. Builds with other sanitizers, and those where it is missing, go without.
 set(QUARVEL_BUILDS_PYTHON OFF)
-if(QUARVEL_PYTHON AND QUARVEL_PROGRAM AND NOT CMAKE_CROSSCOMPILING AND NOT CMAKE_CXX_FLAGS MATCHES
-                                                                       "-fsanitize")
+set(QUARVEL_SANITIZER "")
+if(CMAKE_CXX_FLAGS MATCHES "-fsanitize=[a-z,-]*address" AND CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  execute_process(
+    COMMAND "${CMAKE_CXX_COMPILER}" "-print-file-name=libclang_rt.asan-${CMAKE_SYSTEM_PROCESSOR}.so"
+    OUTPUT_VARIABLE QUARVEL_SANITIZER
+    OUTPUT_STRIP_TRAILING_WHITESPACE)
+  if(NOT EXISTS "${QUARVEL_SANITIZER}")
+    set(QUARVEL_SANITIZER "")
+  endif()
+endif()
+if(QUARVEL_PYTHON AND QUARVEL_PROGRAM AND NOT CMAKE_CROSSCOMPILING AND
+   (QUARVEL_SANITIZER OR NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize"))
   # The system's Python, whose packages cmake/setup.sh installs, before another that a path finds first.
   if(NOT DEFINED Python_EXECUTABLE AND EXISTS /usr/bin/python3)
     set(Python_EXECUTABLE /usr/bin/python3)
@@ -17,4 +28,4 @@ if(QUARVEL_PYTHON AND QUARVEL_PROGRAM AND NOT CMAKE_CROSSCOMPILING AND NOT CMAKE
 endif()
 # The libraries that its modules are linked with.
 set(quarvel_below_python
-    "^quarvel_(text|platform|model|mps|simplify|inspect|viewer|component|api)$")
+    "^quarvel_(text|platform|model|mps|simplify|inspect|viewer|component|api|packing)$")

@@ -43,7 +43,7 @@ void AppendNumber(std::string& json, std::string_view key, DifferenceKind kind, 
   AppendJsonMember(json, key, number);
 }
 
-std::string SenseText(const mps::FileFacts& facts) {
+std::string SenseName(const mps::FileFacts& facts) {
   return facts.sense == mps::ObjectiveSense::kMaximize ? "maximize" : "minimize";
 }
 
@@ -86,7 +86,7 @@ void DiffJson::AppendValues(std::string& json, const Difference& d) const {
     case kDescription:
       return AppendBoth(json, a.ModelDescription, b.ModelDescription);
     case kObjectiveSense:
-      return AppendBoth(json, SenseText(facts_a), SenseText(facts_b));
+      return AppendBoth(json, SenseName(facts_a), SenseName(facts_b));
     case kObjective:
       return AppendBoth(json, facts_a.objective, facts_b.objective);
     case kRowWent:

@@ -5,7 +5,7 @@
 #include "hosts/input_bytes.h"
 #include "hosts/made_file.h"
 #include "hosts/output_target.h"
-#include "hosts/packing.h"
+#include "hosts/packing/packing.h"
 #include "mps/backup.h"
 #include "platform/automation_error.h"
 #include "platform/files.h"

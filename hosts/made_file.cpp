@@ -1,6 +1,6 @@
 #include "hosts/made_file.h"
 
-#include "hosts/input_bytes.h"
+#include "hosts/packing/file_bytes.h"
 #include "hosts/streams.h"
 #include "platform/file_replacement.h"
 #include "platform/files.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "hosts/packing.h"
+#include "hosts/packing/packing.h"
 #include "text/upper_case.h"
 
 namespace quarvel::hosts {

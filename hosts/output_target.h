@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "hosts/packing.h"
+#include "hosts/packing/packing.h"
 #include "hosts/streams.h"
 #include "platform/byte_sink.h"
 

@@ -8,6 +8,7 @@
 #include "hosts/log_option.h"
 #include "hosts/loss_report.h"
 #include "hosts/output_name.h"
+#include "hosts/packing/file_bytes.h"
 #include "hosts/printing.h"
 #include "hosts/progress_window.h"
 #include "hosts/questions.h"

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "hosts/packing.h"
+#include "hosts/packing/packing.h"
 #include "inspect/write_file.h"
 #include "model/model_store.h"
 #include "mps/file_layout.h"

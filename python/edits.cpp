@@ -1,11 +1,9 @@
 // Changes of a model, one by one and in bulk.
 
-#include <string>
-#include <vector>
-
 #include <pybind11/numpy.h>
 
 #include "python/core.h"
+#include "python/texts.h"
 
 namespace quarvel::python {
 namespace {
@@ -35,15 +33,16 @@ void AddElements(SharedModel& shared, const Given<std::int32_t>& rows,
 void AddAdding(ModelClass& model) {
   model
       .def("add_row",
-           [](SharedModel& shared, const std::string& name, double lower, double upper) {
+           [](SharedModel& shared, const py::str& name, double lower, double upper) {
              const Use use(shared);
-             return shared.model.AddRow(name, {lower, upper});
+             return shared.model.AddRow(Utf8(name, ErrorCode::kName), {lower, upper});
            })
       .def("add_column",
-           [](SharedModel& shared, const std::string& name, double lower, double upper,
+           [](SharedModel& shared, const py::str& name, double lower, double upper,
               bool is_integer) {
              const Use use(shared);
-             return shared.model.AddColumn(name, {lower, upper}, TypeOf(is_integer));
+             return shared.model.AddColumn(Utf8(name, ErrorCode::kName), {lower, upper},
+                                           TypeOf(is_integer));
            })
       .def("add_elements", &AddElements)
       .def("set_coefficient",
@@ -78,14 +77,14 @@ void AddEdits(ModelClass& model) {
   AddRemoving(model);
   model
       .def("rename_row",
-           [](SharedModel& shared, std::int32_t row, const std::string& name) {
+           [](SharedModel& shared, std::int32_t row, const py::str& name) {
              const Use use(shared);
-             shared.model.RenameRow(row, name);
+             shared.model.RenameRow(row, Utf8(name, ErrorCode::kName));
            })
       .def("rename_column",
-           [](SharedModel& shared, std::int32_t column, const std::string& name) {
+           [](SharedModel& shared, std::int32_t column, const py::str& name) {
              const Use use(shared);
-             shared.model.RenameColumn(column, name);
+             shared.model.RenameColumn(column, Utf8(name, ErrorCode::kName));
            })
       .def("set_row_bounds",
            [](SharedModel& shared, std::int32_t row, double lower, double upper) {

@@ -1,9 +1,12 @@
 // Simplifying and comparing.
 
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "python/core.h"
 #include "python/signals.h"
+#include "python/texts.h"
 
 namespace quarvel::python {
 namespace {
@@ -20,13 +23,14 @@ py::dict Simplified(SharedModel& shared, int on_conflict, const py::object& prog
   {
     const py::gil_scoped_release release;
     result = Simplify(shared.model, options);
+    if (!result.is_stopped) pulse.End(1.0);
   }
   py::dict told;
   told["is_stopped"] = result.is_stopped;
   told["conflicts"] = result.conflicts;
   told["removed_rows"] = result.removed_rows;
   told["removed_columns"] = result.removed_columns;
-  told["log"] = result.log;
+  told["log"] = Told(result.log);
   return told;
 }
 
@@ -46,15 +50,21 @@ py::dict DifferenceOf(const Difference& difference) {
 py::tuple Compared(SharedModel& a, SharedModel& b, double absolute, double relative,
                    std::size_t most) {
   const Use use_a(a);
-  py::list differences;
-  const auto compare = [&] {
-    return Compare(a.model, b.model, {absolute, relative}, [&](const Difference& difference) {
-      if (differences.size() < most) differences.append(DifferenceOf(difference));
+  std::optional<Use> use_b;
+  if (&a != &b) use_b.emplace(b);
+  const py::none nobody;
+  Pulse pulse(nobody);
+  std::vector<Difference> found;
+  std::int64_t count = 0;
+  {
+    const py::gil_scoped_release release;
+    count = Compare(a.model, b.model, {absolute, relative}, [&](const Difference& difference) {
+      if (found.size() < most) found.push_back(difference);
+      pulse.Beat(0, 0);
     });
-  };
-  if (&a == &b) return py::make_tuple(compare(), differences);
-  const Use use_b(b);
-  const std::int64_t count = compare();
+  }
+  py::list differences;
+  for (const Difference& difference : found) differences.append(DifferenceOf(difference));
   return py::make_tuple(count, differences);
 }
 

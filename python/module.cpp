@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "python/core.h"
+#include "python/texts.h"
 
 namespace quarvel::python {
 namespace {
@@ -51,7 +52,7 @@ void SetFacts(SharedModel& shared, const py::dict& told) {
   const Use use(shared);
   Facts facts;
   facts.sense = static_cast<ObjectiveSense>(told["sense"].cast<int>());
-  facts.objective = told["objective"].cast<std::string>();
+  facts.objective = Utf8(told["objective"].cast<py::str>(), ErrorCode::kValue);
   facts.objective_constant = told["objective_constant"].cast<double>();
   facts.rhs_set = told["rhs_set"].cast<std::string>();
   facts.ranges_set = told["ranges_set"].cast<std::string>();
@@ -80,17 +81,17 @@ void AddWhole(ModelClass& model) {
            [](SharedModel& shared) {
              const Use use(shared);
              return py::make_tuple(shared.model.name(), shared.model.description(),
-                                   shared.model.path());
+                                   Told(shared.model.path()));
            })
       .def("set_name",
-           [](SharedModel& shared, const std::string& name) {
+           [](SharedModel& shared, const py::str& name) {
              const Use use(shared);
-             shared.model.set_name(name);
+             shared.model.set_name(Utf8(name, ErrorCode::kValue));
            })
       .def("set_description",
-           [](SharedModel& shared, const std::string& description) {
+           [](SharedModel& shared, const py::str& description) {
              const Use use(shared);
-             shared.model.set_description(description);
+             shared.model.set_description(Utf8(description, ErrorCode::kValue));
            })
       .def("facts", &FactsOf)
       .def("set_facts", &SetFacts);

@@ -1,7 +1,9 @@
 // One row or column by its number.
 
 #include <cmath>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <pybind11/numpy.h>
@@ -43,13 +45,18 @@ void AddRecords(ModelClass& model) {
     });
   };
   const auto find = [&model](const char* name, auto look) {
-    model.def(name, [look](SharedModel& shared, const std::string& record) {
+    model.def(name, [look](SharedModel& shared, const py::str& record) {
       const Use use(shared);
-      return look(shared.model, record);
+      py::ssize_t size = 0;
+      const char* const bytes = PyUnicode_AsUTF8AndSize(record.ptr(), &size);
+      // A name with a surrogate is nobody's.
+      if (bytes == nullptr) PyErr_Clear();
+      return bytes == nullptr ? std::nullopt
+                              : look(shared.model, {bytes, static_cast<std::size_t>(size)});
     });
   };
-  find("find_row", [](const Model& m, const std::string& name) { return m.FindRow(name); });
-  find("find_column", [](const Model& m, const std::string& name) { return m.FindColumn(name); });
+  find("find_row", [](const Model& m, std::string_view name) { return m.FindRow(name); });
+  find("find_column", [](const Model& m, std::string_view name) { return m.FindColumn(name); });
   add("row_name", [](const Model& m, std::int32_t i) { return m.NameOfRow(i); });
   add("row_type", [](const Model& m, std::int32_t i) {
     return std::string(1, static_cast<char>(m.TypeOfRow(i)));

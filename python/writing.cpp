@@ -4,8 +4,12 @@
 
 #include <pybind11/stl.h>
 
+#include "api/streams.h"
+#include "hosts/packing/file_bytes.h"
+#include "hosts/packing/packing.h"
 #include "python/core.h"
 #include "python/signals.h"
+#include "python/texts.h"
 
 namespace quarvel::python {
 namespace {
@@ -37,7 +41,8 @@ py::dict ReceiptOf(const Receipt& receipt) {
   told["losses"] = losses;
   told["unexpected"] = py::tuple(py::cast(receipt.unexpected));
   told["fits_fixed_columns"] = receipt.fits_fixed_columns;
-  told["failure"] = receipt.failure;
+  told["failure"] = Told(receipt.failure);
+  told["notes"] = Told(receipt.notes);
   told["is_whole"] = receipt.is_whole();
   return told;
 }
@@ -48,36 +53,59 @@ WriteOptions OptionsOf(const py::dict& given, Pulse& pulse) {
   options.allow_changes = given["allow_changes"].cast<bool>();
   options.strict = given["strict"].cast<bool>();
   // One measure for both stages: the first half is the writing, the second the reading again.
-  options.on_progress = [&pulse](WriteStage stage, double part) {
+  options.on_progress = [&pulse, last = WriteStage::kWriting](WriteStage stage,
+                                                              double part) mutable {
+    if (stage != last) pulse.Hurry();
+    last = stage;
     return pulse.Beat(stage == WriteStage::kWriting ? part / 2 : 0.5 + part / 2, 1.0);
   };
   return options;
 }
 
-py::dict Written(SharedModel& shared, const std::string& path, const py::dict& given,
-                 const py::object& progress) {
+Receipt WriteAsNamed(Model& model, const std::string& path, const WriteOptions& options) {
+  const hosts::Packing* const packing = hosts::PackingOfSuffix(path);
+  if (packing == nullptr) return WriteFile(model, path, options);
+  if (packing->pack == nullptr) {
+    Receipt receipt;
+    receipt.failure = "this build has no " + std::string(packing->name);
+    return receipt;
+  }
+  return api::WritePacked(model, path, {packing->pack, hosts::Unpacked}, options);
+}
+
+// Runs `write` with the options and a pulse.
+template <class Write>
+py::dict Done(SharedModel& shared, const py::dict& given, const py::object& progress,
+              const Write& write) {
   const Use use(shared);
   Pulse pulse(progress);
   const WriteOptions options = OptionsOf(given, pulse);
   Receipt receipt;
   {
     const py::gil_scoped_release release;
-    receipt = WriteFile(shared.model, path, options);
+    receipt = write(shared.model, options);
+    pulse.Rethrow();
+    if (receipt.is_written()) pulse.End(1.0);
   }
-  return ReceiptOf(receipt);
+  py::dict told = ReceiptOf(receipt);
+  told["is_stopped"] = pulse.is_stopped();
+  return told;
+}
+
+py::dict Written(SharedModel& shared, const std::string& path, const py::dict& given,
+                 const py::object& progress) {
+  return Done(shared, given, progress, [&path](Model& model, const WriteOptions& options) {
+    return WriteAsNamed(model, path, options);
+  });
 }
 
 py::tuple Text(SharedModel& shared, const py::dict& given, const py::object& progress) {
-  const Use use(shared);
-  Pulse pulse(progress);
-  const WriteOptions options = OptionsOf(given, pulse);
-  Receipt receipt;
   std::string text;
-  {
-    const py::gil_scoped_release release;
-    receipt = WriteText(shared.model, text, options);
-  }
-  return py::make_tuple(py::bytes(text), ReceiptOf(receipt));
+  const py::dict told =
+      Done(shared, given, progress, [&text](const Model& model, const WriteOptions& options) {
+        return WriteText(model, text, options);
+      });
+  return py::make_tuple(py::bytes(text), told);
 }
 
 }  // namespace

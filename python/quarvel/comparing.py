@@ -4,12 +4,12 @@ from __future__ import annotations
 
 import dataclasses
 import math
-import os
 from typing import Any, Iterator, Optional, Union
 
 from . import _core
+from .errors import ValueRefused
 from .model import Model
-from .reading import read
+from .reading import Source, read
 
 
 @dataclasses.dataclass(frozen=True)
@@ -45,16 +45,18 @@ class Differences:
         return f"<{self.count} differences>"
 
 
-def diff(a: Union[Model, str, "os.PathLike[str]"], b: Union[Model, str, "os.PathLike[str]"], *,
-         absolute: float = 0.0, relative: float = 0.0, most: int = 1_000_000) -> Differences:
+def diff(a: Union[Model, Source], b: Union[Model, Source], *, absolute: float = 0.0, relative: float = 0.0,
+         most: int = 1_000_000) -> Differences:
     """What two models, or two files, differ in by the names of their rows and columns. Numbers that are no further
     apart than `absolute`, or `relative` times the larger one, count as one. At most `most` are listed."""
+    if most < 0:
+        raise ValueRefused("most is 0 or more")
     one, other = _model(a), _model(b)
     count, told = _core.compare(one._core, other._core, absolute, relative, most)
     return Differences(count, [_difference(one, other, difference) for difference in told])
 
 
-def _model(given: Union[Model, str, "os.PathLike[str]"]) -> Model:
+def _model(given: Union[Model, Source]) -> Model:
     return given if isinstance(given, Model) else read(given)
 
 

@@ -22,6 +22,8 @@ def from_arrays(A: Any, c: Optional[npt.ArrayLike] = None, *, row_lb: npt.ArrayL
     rows, columns, values, shape = _triples(A)
     bounds = [_all(row_lb, shape[0]), _all(row_ub, shape[0]), _all(lb, shape[1]), _all(ub, shape[1])]
     integer = _all(integrality, shape[1])
+    if not np.isin(integer, (0, 1)).all():
+        raise ValueRefused("The integrality of a column is 0 or 1")
     model = Model(name)
     core = model._core
     first = 0
@@ -67,6 +69,8 @@ def _all(given: npt.ArrayLike, count: int) -> npt.NDArray[np.float64]:
 def _names(given: Optional[Sequence[str]], count: int, letter: str) -> Sequence[str]:
     if given is None:
         return [f"{letter}{number}" for number in range(1, count + 1)]
+    if isinstance(given, str):
+        raise TypeError("names are a list of str, not one str")
     if len(given) != count:
         raise ValueRefused(f"There are {len(given)} names, not {count}")
     return given

@@ -3,22 +3,24 @@
 from __future__ import annotations
 
 import dataclasses
-import os
+import operator
 from types import TracebackType
-from typing import TYPE_CHECKING, Any, Callable, Generic, Iterator, Optional, TypeVar, Union
+from typing import (TYPE_CHECKING, Any, Callable, Generic, Iterator, Optional, SupportsIndex, TypeVar, Union,
+                    overload)
 
 import numpy as np
 import numpy.typing as npt
 
 from . import _core, picture, tables, writing
 from .errors import BusyError, NoSuchName, NumberError, Problem, ValueRefused
+from .paths import Path, named
 
 if TYPE_CHECKING:
     import pandas
     import scipy.sparse
 
 Doubles = npt.NDArray[np.float64]
-Key = Union[int, str]
+Key = Union[SupportsIndex, str]
 _SENSES = ("", "min", "max")
 _CONFLICTS = {"end": 0, "remove-row": 1, "reset-bounds": 2}
 
@@ -95,7 +97,7 @@ RecordType = TypeVar("RecordType", bound=_Record)
 
 
 class Records(Generic[RecordType]):
-    """All rows or all columns: by number from 0, from the end where it is negative, or by name."""
+    """All rows or all columns: by number from 0, from the end where it is negative, by name, or by a slice."""
 
     def __init__(self, core: _core.Model, kind: type[RecordType]) -> None:
         self._core = core
@@ -104,7 +106,15 @@ class Records(Generic[RecordType]):
     def __len__(self) -> int:
         return self._core.counts()[0 if self._kind is Row else 1]
 
-    def __getitem__(self, key: Key) -> RecordType:
+    @overload
+    def __getitem__(self, key: Key) -> RecordType: ...
+
+    @overload
+    def __getitem__(self, key: slice) -> list[RecordType]: ...
+
+    def __getitem__(self, key: Union[Key, slice]) -> Union[RecordType, list[RecordType]]:
+        if isinstance(key, slice):
+            return [self._kind(self._core, number) for number in range(*key.indices(len(self)))]
         return self._kind(self._core, _number(self._core, key, self._kind is Row))
 
     def __contains__(self, name: object) -> bool:
@@ -140,8 +150,8 @@ class Model:
 
     @classmethod
     def _of(cls, core: _core.Model) -> Model:
-        model = cls()
-        model._core = core
+        model = cls.__new__(cls)
+        model._core, model._problems, model._path = core, (), ""
         return model
 
     # --- as a whole ---
@@ -201,8 +211,10 @@ class Model:
         return self._core.row_name(int(free[0])) if free.size else None
 
     @objective.setter
-    def objective(self, name: str) -> None:
-        self._set_facts(objective=name)
+    def objective(self, name: Optional[str]) -> None:
+        if name is not None and not isinstance(name, str):
+            raise TypeError(f"the objective is the name of a row, not a {type(name).__name__}")
+        self._set_facts(objective=name or "")
 
     @property
     def c0(self) -> float:
@@ -287,11 +299,11 @@ class Model:
     # --- looking ---
     def evaluate(self, x: npt.ArrayLike) -> Doubles:
         """The activity of every row at a point."""
-        return self._core.activities(np.asarray(x, dtype=float))
+        return self._core.activities(_point(x, self.shape[1]))
 
     def violations(self, x: npt.ArrayLike, tolerance: float = 1e-9) -> dict[str, float]:
         """The rows and columns whose limits the point does not keep, and by how much."""
-        return tables.violations(self, np.asarray(x, dtype=float), tolerance)
+        return tables.violations(self, _point(x, self.shape[1]), tolerance)
 
     def stats(self) -> dict[str, Any]:
         """Counts and the sizes of the numbers."""
@@ -321,15 +333,16 @@ class Model:
         return Simplified(**told)
 
     # --- writing ---
-    def write(self, path: Union[str, os.PathLike[str]], layout: str = "free", *, allow_changes: bool = False,
+    def write(self, path: Path, layout: str = "free", *, allow_changes: bool = False,
               strict: bool = False, progress: Optional[writing.Progress] = None) -> writing.Receipt:
-        """Writes the model, packed where the name ends in .gz, .bz2 or .xz, and reads it back.
+        """Writes the model, packed where the name ends in .gz, .bz2, .xz or .zst, and reads it back.
 
         layout: "free", words apart by blanks; "fixed", refused where a name or value does not fit its column;
         "component", as the automation component saves. WriteError where the file would lose limits, bounds or
-        types, unless allow_changes; with strict where it would lose anything."""
+        types, unless allow_changes; with strict where it would lose anything. `progress(part, 1.0)` is called about
+        ten times a second, and at the end. False stops the write, and so does Ctrl-C: then the file is the old one."""
         receipt = writing.write(self._core, path, layout, allow_changes, strict, progress)
-        self._path = os.fspath(path)
+        self._path = named(path)[0]
         return receipt
 
     def to_bytes(self, layout: str = "free", *, allow_changes: bool = False, strict: bool = False) -> bytes:
@@ -339,8 +352,8 @@ class Model:
     # --- copies and pictures ---
     def copy(self) -> Model:
         """Another model with all that this one holds."""
-        model = Model._of(self._core.copy())
-        model._problems, model._path = self._problems, self._path
+        model = self._of(self._core.copy())
+        model.__dict__.update({name: kept for name, kept in self.__dict__.items() if name != "_core"})
         return model
 
     def __copy__(self) -> Model:
@@ -376,6 +389,8 @@ class Edit:
         self._before: Optional[_core.Model] = None
 
     def __enter__(self) -> Edit:
+        if self._before is not None:
+            raise ValueRefused("These edits have begun already: m.edit() gives others")
         self._before = self._core.copy()
         return self
 
@@ -441,6 +456,16 @@ class Edit:
         self._core.remove_column(self._column(column))
 
 
+def _point(x: npt.ArrayLike, columns: int) -> Doubles:
+    given = np.asarray(x)
+    if given.dtype.kind == "c":
+        raise ValueRefused("A point has no complex numbers")
+    point = given.astype(float)
+    if point.shape != (columns,):
+        raise NumberError(f"A point has one number for each of {columns} columns, not the shape {point.shape}")
+    return point
+
+
 def _find(core: _core.Model, name: str, is_row: bool) -> Optional[int]:
     return core.find_row(name) if is_row else core.find_column(name)
 
@@ -452,10 +477,14 @@ def _number(core: _core.Model, key: Key, is_row: bool) -> int:
         if number is None:
             raise NoSuchName(f"There is no {kind} of the name {key}")
         return number
+    try:
+        number = operator.index(key)
+    except TypeError:
+        raise TypeError(f"a {kind} has a number or a name, not a {type(key).__name__}") from None
     count = core.counts()[0 if is_row else 1]
-    if not -count <= key < count:
-        raise NumberError(f"There is no {kind} {key}: there are {count}")
-    return int(key) % count
+    if not -count <= number < count:
+        raise NumberError(f"There is no {kind} {number}: there are {count}")
+    return number % count
 
 
 def _first_of_each(names: Iterator[str], values: list[float]) -> dict[str, float]:

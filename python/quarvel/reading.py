@@ -6,12 +6,14 @@ import dataclasses
 import os
 from typing import Any, Callable, Literal, Optional, Union
 
-from . import _core, packing
-from .errors import Error, Problem, ReadError, ValueRefused
+from . import _core
+from .errors import Problem, ReadError, ValueRefused
 from .model import Model
+from .paths import named
 
-Source = Union[str, "os.PathLike[str]", bytes]
+Source = Union[str, "os.PathLike[str]", bytes, bytearray, memoryview]
 Progress = Callable[[int, int], Optional[bool]]
+_BYTES = (bytes, bytearray, memoryview)
 _READ, _FAILED, _REFUSED, _STOPPED = range(4)
 _DIALECTS = {"wide": 0, "component": 1}
 _COLUMNS = {"by-line": 0, "fixed": 1, "free": 2}
@@ -21,12 +23,13 @@ def read(source: Source, default_lower: float = 0.0, *, dialect: str = "wide", c
          objective: str = "", negative_upper_frees_lower: bool = False, lint: bool = False,
          problems: Literal["raise", "collect"] = "raise", kept_of_each: int = 20,
          progress: Optional[Progress] = None) -> Model:
-    """Reads a model from a file, packed by gzip, bzip2 or xz or not, or from its bytes.
+    """Reads a model from a file, packed by gzip, bzip2, xz or zstd or not, or from its bytes.
 
     `default_lower` is the lower bound of columns that get none: 0 or -inf. With problems="raise" a file with
     errors is a ReadError that has them all; with "collect" the model is what the other lines say, and
-    `Model.problems` has them. `progress(done, all)` is called about ten times a second with bytes; False stops
-    the read, and so does Ctrl-C. While it reads, other threads run."""
+    `Model.problems` has them. `progress(done, all)` is called about ten times a second with bytes, of the file
+    as it stands there, and at the end; all is 0 for a pipe. False stops the read, and so does Ctrl-C. While it
+    reads, other threads run."""
     if problems not in ("raise", "collect"):
         raise ValueRefused(f'problems is "raise" or "collect", not {problems!r}')
     options = _options(default_lower, dialect, columns, objective, negative_upper_frees_lower, lint, kept_of_each)
@@ -39,8 +42,8 @@ def read(source: Source, default_lower: float = 0.0, *, dialect: str = "wide", c
         raise ReadError(_summary(source, result["errors"], errors or list(found)), found)
     model = Model._of(core)
     model._problems = found
-    if not isinstance(source, bytes):
-        model._path = os.fspath(source)
+    if not isinstance(source, _BYTES):
+        model._path = named(source)[0]
     return model
 
 
@@ -74,15 +77,11 @@ def check(source: Source, *, dialect: str = "wide", columns: str = "by-line", ke
 
 def _result(source: Source, options: dict[str, Any], progress: Optional[Progress]) -> tuple[_core.Model, dict[str, Any]]:
     core = _core.Model()
-    try:
-        data = packing.unpacked(source) if isinstance(source, bytes) else packing.unpacked_file(os.fspath(source))
-    except Error as error:
-        raise ReadError(str(error)) from error
-    if data is not None:
-        return core, core.read_bytes(data, options, progress)
-    if isinstance(source, bytes):
-        return core, core.read_bytes(source, options, progress)
-    return core, core.read_file(os.fspath(source), options, progress)
+    if isinstance(source, _BYTES):
+        return core, core.read_bytes(bytes(source), options, progress)
+    if hasattr(source, "read"):
+        raise TypeError("an open file is not read: give its path, or its bytes with file.read()")
+    return core, core.read_file(named(source)[1], options, progress)
 
 
 def _options(default_lower: float, dialect: str, columns: str, objective: str, negative_upper_frees_lower: bool,
@@ -93,13 +92,17 @@ def _options(default_lower: float, dialect: str, columns: str, objective: str, n
         raise ValueRefused(f"There is no dialect {dialect!r}: " + ", ".join(_DIALECTS))
     if columns not in _COLUMNS:
         raise ValueRefused(f"There are no columns {columns!r}: " + ", ".join(_COLUMNS))
-    return {"dialect": _DIALECTS[dialect], "columns": _COLUMNS[columns], "objective": objective, "lint": lint,
-            "infinite_default_bounds": default_lower != 0.0, "kept_of_each": kept_of_each,
-            "negative_upper_frees_lower": negative_upper_frees_lower}
+    if not isinstance(objective, str):
+        raise TypeError(f"objective is the name of a row, not {type(objective).__name__}")
+    if kept_of_each < 0:
+        raise ValueRefused("kept_of_each is 0 or more")
+    return {"dialect": _DIALECTS[dialect], "columns": _COLUMNS[columns], "objective": objective, "lint": bool(lint),
+            "infinite_default_bounds": default_lower != 0.0, "kept_of_each": min(int(kept_of_each), 2**31),
+            "negative_upper_frees_lower": bool(negative_upper_frees_lower)}
 
 
 def _summary(source: Source, count: int, problems: list[Problem]) -> str:
-    where = "the bytes" if isinstance(source, bytes) else os.fspath(source)
+    where = "the bytes" if isinstance(source, _BYTES) else named(source)[0]
     first = str(problems[0]) if problems else "it could not be read"
     more = f" (and {count - 1} more)" if count > 1 else ""
     return f"{where}: {first}{more}"

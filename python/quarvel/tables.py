@@ -16,6 +16,7 @@ if TYPE_CHECKING:
     from .model import Model
 
 Doubles = npt.NDArray[np.float64]
+_OWN = ("_core", "_path", "_problems")
 
 
 @dataclasses.dataclass(frozen=True)
@@ -111,6 +112,7 @@ def stats(model: Model) -> dict[str, Any]:
 def state(model: Model) -> dict[str, Any]:
     """All that a model holds; lists of rows come back in the order of the columns."""
     return {"version": 1, "texts": model._core.texts()[:2], "facts": model._core.facts(),
+            "more": {name: value for name, value in model.__dict__.items() if name not in _OWN},
             "path": model._path, "problems": model._problems, "rows": (model.row_names, model.row_lb, model.row_ub),
             "columns": (model.column_names, model.lb, model.ub, model.integrality),
             "elements": model._core.matrix_by_columns()}
@@ -130,3 +132,4 @@ def restore(model: Model, kept: dict[str, Any]) -> None:
     core.add_elements(rows, np.repeat(np.arange(len(starts) - 1, dtype=np.int32), np.diff(starts)), values)
     core.set_facts(kept["facts"])
     model._path, model._problems = kept["path"], kept["problems"]
+    model.__dict__.update(kept.get("more", {}))

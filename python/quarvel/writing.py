@@ -3,11 +3,11 @@
 from __future__ import annotations
 
 import dataclasses
-import os
-from typing import Any, Callable, Optional, Union
+from typing import Any, Callable, Optional
 
-from . import _core, packing
-from .errors import FileError, ValueRefused, WriteError
+from . import _core
+from .errors import ValueRefused, WriteError
+from .paths import Path, named
 
 Progress = Callable[[float, float], Optional[bool]]
 _WRITTEN, _NOTHING, _LOSSES, _NOT_SAME, _FAILED = range(5)
@@ -53,26 +53,17 @@ def _receipt(told: dict[str, Any]) -> Receipt:
     return Receipt(**fields)
 
 
-def write(core: _core.Model, path: Union[str, "os.PathLike[str]"], layout: str, allow_changes: bool, strict: bool,
+def write(core: _core.Model, path: Path, layout: str, allow_changes: bool, strict: bool,
           progress: Optional[Progress]) -> Receipt:
-    name = os.fspath(path)
+    name, encoded = named(path)
     if layout not in ("free", "fixed", "component"):
         raise ValueRefused(f'There is no layout {layout!r}: "free", "fixed", "component"')
     options = {"layout": int(layout == "component"), "allow_changes": allow_changes, "strict": strict}
-    pack = packing.packer(name)
-    if pack is None and layout != "fixed":
-        return _checked(core.write_file(name, options, progress), name)
-    text, told = core.write_bytes(options, progress)
-    receipt = _checked(told, name)
-    if layout == "fixed" and not receipt.fits_fixed_columns:
-        raise WriteError(f"{name} was not written: names or values do not fit fixed columns", receipt)
-    if pack is None:
-        return _checked(core.write_file(name, options, progress), name)
-    try:
-        packing.replace_file(name, pack(text))
-    except OSError as error:
-        raise FileError(f"{name} was not written: {error}") from error
-    return receipt
+    if layout == "fixed":
+        receipt = _checked(core.write_bytes(options, None)[1], name)
+        if not receipt.fits_fixed_columns:
+            raise WriteError(f"{name} was not written: names or values do not fit fixed columns", receipt)
+    return _checked(core.write_file(encoded, options, progress), name)
 
 
 def to_bytes(core: _core.Model, layout: str, allow_changes: bool, strict: bool) -> bytes:
@@ -88,7 +79,8 @@ def _checked(told: dict[str, Any], name: str) -> Receipt:
     receipt = _receipt(told)
     if told["outcome"] == _WRITTEN:
         return receipt
-    reason = told["failure"] or _REASONS.get(told["outcome"], "it was stopped")
+    reason = "it was stopped" if told["is_stopped"] else told["failure"] or _REASONS[told["outcome"]]
     if told["outcome"] == _LOSSES and receipt.losses:
         reason += ": " + receipt.losses[0].sentences[0]
-    raise WriteError(f"{name} was not written: {reason}", receipt)
+    notes = " ".join(told["notes"].split())
+    raise WriteError(f"{name} was not written: {reason}" + (f" ({notes})" if notes else ""), receipt)

@@ -8,7 +8,8 @@
 
 #include <gtest/gtest.h>
 
-#include "hosts/packing.h"
+#include "hosts/packing/file_bytes.h"
+#include "hosts/packing/packing.h"
 #include "platform/automation_error.h"
 #include "tests/support/given_bytes.h"
 #include "tests/support/run_quarvel.h"

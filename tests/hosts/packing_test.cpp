@@ -1,4 +1,4 @@
-#include "hosts/packing.h"
+#include "hosts/packing/packing.h"
 
 #include <cstring>
 #include <memory>
@@ -8,8 +8,8 @@
 
 #include <gtest/gtest.h>
 
-#include "hosts/input_bytes.h"
 #include "hosts/output_name.h"
+#include "hosts/packing/file_bytes.h"
 #include "tests/support/given_bytes.h"
 #include "tests/support/json_value.h"
 #include "tests/support/run_quarvel.h"

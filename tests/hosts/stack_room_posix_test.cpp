@@ -13,8 +13,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "hosts/input_bytes.h"
-#include "hosts/packing.h"
+#include "hosts/packing/file_bytes.h"
+#include "hosts/packing/packing.h"
 #include "hosts/stack_room.h"
 #include "tests/support/run_quarvel.h"
 #include "tests/support/sanitizers.h"

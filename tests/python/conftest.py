@@ -3,6 +3,9 @@
 import os
 import pathlib
 import signal
+import subprocess
+import sys
+import time
 
 import pytest
 
@@ -32,6 +35,33 @@ BOUNDS
  FR BND       Z
 ENDATA
 """
+
+
+
+
+def large(rows=60000):
+    """The bytes of a model whose rows have two coefficients each."""
+    lines = ["NAME L", "ROWS", " N COST"] + [f" L R{i}" for i in range(rows)] + ["COLUMNS"]
+    lines += [f" X{i} COST 1 R{i} 2\n X{i} R{(i + 1) % rows} 3" for i in range(rows)]
+    return ("\n".join(lines) + "\nENDATA\n").encode()
+
+
+def python(program, *arguments, **options):
+    """A Python that has begun to run the program, with the package that is tested."""
+    return subprocess.Popen([sys.executable, "-c", program, *map(str, arguments)], text=True,
+                            stdout=subprocess.PIPE, stderr=subprocess.PIPE, preexec_fn=hear_interrupts, **options)
+
+
+def hear_interrupts():
+    signal.signal(signal.SIGINT, signal.default_int_handler)
+
+
+def wait_until(condition, seconds=60):
+    """Fails where it does not come."""
+    end = time.monotonic() + seconds
+    while not condition():
+        assert time.monotonic() < end, "it did not come"
+        time.sleep(0.002)
 
 
 @pytest.fixture(autouse=True)

@@ -7,7 +7,7 @@ import numpy as np
 import pytest
 import quarvel
 
-from conftest import SMALL
+from conftest import SMALL, python
 
 INF = np.inf
 
@@ -109,6 +109,9 @@ def test_simplifying_tells_what_it_did():
     assert conflict.simplify("reset-bounds").conflicts == 1
     with pytest.raises(quarvel.ValueRefused):
         m.simplify("guess")
+    # A row with one limit asks nothing, as with the component.
+    crossing = quarvel.from_arrays([[1, 1], [2, 0]], row_ub=[4, -6])
+    assert (crossing.simplify().conflicts, crossing.columns["C1"].lower, crossing.columns["C1"].upper) == (0, 0, -3)
 
 
 def test_models_of_arrays_have_what_is_given():
@@ -155,3 +158,33 @@ def test_a_model_is_shown(m):
     html = m._repr_html_()
     assert "&lt;b&gt;" in html and html.count("<rect") == 8 and "4 rows" in html
     assert quarvel.Model()._repr_html_().count("<rect") == 0
+
+
+def test_ctrl_c_ends_a_simplification_and_a_comparison():
+    program = """
+import os, quarvel, signal, sys, threading
+m = quarvel.from_arrays([[1.0]], [1.0], row_ub=1)
+with m.edit() as e:
+    for i in range(60000):
+        e.add_column(f"X{i}")
+        e.add_row(f"S{i}", upper=5, elements={i + 1: 1})
+other = m.copy()
+with other.edit() as e:
+    for i in range(60000):
+        e.set_coefficient(i + 2, i + 1, 2)
+def interrupt(done, all):
+    os.kill(os.getpid(), signal.SIGINT)
+try:
+    m.simplify(progress=interrupt)
+except KeyboardInterrupt:
+    print("simplification", m.evaluate(m.lb).shape[0] == m.shape[0])
+timer = threading.Timer(0.01, interrupt, (0, 0))
+timer.start()
+try:
+    for _ in range(1000):
+        quarvel.diff(m, other)
+except KeyboardInterrupt:
+    print("comparison")
+"""
+    out, errors = python(program).communicate(timeout=120)
+    assert out.split() == ["simplification", "True", "comparison"], errors

@@ -5,21 +5,18 @@ import gzip
 import lzma
 import os
 import resource
+import shutil
 import signal
+import subprocess
 import threading
+import time
 
 import pytest
 import quarvel
 
-from conftest import SMALL
+from conftest import SMALL, large, python, wait_until
 
 BROKEN = SMALL.replace(b"    X         NEED      1.0", b"    X         NEEDED    1.0")
-
-
-def large(rows=60000):
-    lines = ["NAME L", "ROWS", " N COST"] + [f" L R{i}" for i in range(rows)] + ["COLUMNS"]
-    lines += [f" X{i} COST 1 R{i} 2\n X{i} R{(i + 1) % rows} 3" for i in range(rows)]
-    return ("\n".join(lines) + "\nENDATA\n").encode()
 
 
 def test_a_file_has_its_counts_and_its_path(small_file):
@@ -28,13 +25,47 @@ def test_a_file_has_its_counts_and_its_path(small_file):
     assert [problem.severity for problem in m.problems] == ["adapted"] * 2
 
 
-@pytest.mark.parametrize("ending, pack", [
-    (".gz", gzip.compress), (".bz2", bz2.compress), (".xz", lzma.compress), ("", bytes)])
-def test_packed_files_and_bytes_are_read(tmp_path, ending, pack):
+def zstd(data):
+    if shutil.which("zstd") is None:
+        pytest.skip("there is no zstd")
+    return subprocess.run(["zstd", "-q", "-c"], input=data, stdout=subprocess.PIPE, check=True).stdout
+
+
+PACKERS = pytest.mark.parametrize("ending, pack", [
+    (".gz", gzip.compress), (".bz2", bz2.compress), (".xz", lzma.compress), (".zst", zstd), ("", bytes)])
+
+
+@PACKERS
+def test_packed_files_and_bytes_are_read_by_what_they_hold(tmp_path, ending, pack):
+    for path in (tmp_path / ("a.mps" + ending), tmp_path / "b.mps"):
+        path.write_bytes(pack(SMALL))
+        m = quarvel.read(str(path))
+        assert (m.nnz, m.path) == (8, str(path))
+    for kind in (bytes, bytearray, memoryview):
+        assert quarvel.read(kind(pack(SMALL))).nnz == 8
+
+
+@PACKERS
+def test_a_pipe_is_read_once_packed_or_not(tmp_path, ending, pack):
+    path = tmp_path / "pipe"
+    os.mkfifo(path)
+    writer = threading.Thread(target=path.write_bytes, args=(pack(BROKEN),))
+    writer.start()
+    heard = []
+    m = quarvel.read(path, problems="collect", progress=lambda done, all: heard.append((done, all)))
+    writer.join()
+    assert m.nnz == 7 and [p.name for p in m.problems if p.severity == "error"] == ["no-such-row"]
+    assert heard[-1] == (len(pack(BROKEN)),) * 2
+
+
+@PACKERS
+def test_progress_of_what_is_packed_is_that_of_the_file(tmp_path, ending, pack):
     path = tmp_path / ("a.mps" + ending)
-    path.write_bytes(pack(SMALL))
-    assert quarvel.read(str(path)).nnz == 8
-    assert quarvel.read(pack(SMALL)).nnz == 8
+    path.write_bytes(pack(large()))
+    heard = []
+    quarvel.read(path, progress=lambda done, all: heard.append((done, all)))
+    assert heard == sorted(heard) and {all for _, all in heard} == {path.stat().st_size}
+    assert heard[-1][0] == heard[-1][1] > heard[0][0] > 0
 
 
 def test_an_empty_text_is_one_when_it_is_packed_too():
@@ -43,11 +74,11 @@ def test_an_empty_text_is_one_when_it_is_packed_too():
         assert told.lines == 0 and not told.has_endata
 
 
-def test_a_broken_pack_and_zstd_are_told(tmp_path):
-    with pytest.raises(quarvel.ReadError, match="broken"):
-        quarvel.read(gzip.compress(SMALL)[:40])
-    with pytest.raises(quarvel.ReadError, match="zstd"):
-        quarvel.read(b"\x28\xb5\x2f\xfd" + SMALL)
+def test_what_is_packed_badly_or_in_other_ways_is_told():
+    for packed, told in ((gzip.compress(SMALL)[:40], "too early"), (b"\x28\xb5\x2f\xfd" + SMALL, "zstd data are damaged"),
+                         (b"PK\x03\x04" + SMALL, "zip archive"), (gzip.compress(bz2.compress(SMALL)), "packed twice")):
+        with pytest.raises(quarvel.ReadError, match=told):
+            quarvel.read(packed)
 
 
 def test_problems_are_raised_with_their_places():
@@ -129,6 +160,28 @@ def test_ctrl_c_ends_a_read(tmp_path):
         writer.join()
     assert broken.is_set()
     assert core.counts() == (0, 0, 0)
+
+
+@pytest.mark.parametrize("work", ["read", "check"])
+def test_ctrl_c_ends_the_wait_for_a_silent_pipe(tmp_path, work):
+    path = tmp_path / "pipe"
+    os.mkfifo(path)
+    process = python(f"import quarvel, sys; quarvel.{work}(sys.argv[1])", path)
+    with open(path, "wb", buffering=0) as pipe:
+        pipe.write(SMALL[:100])
+        wait_until(lambda: sleeps(process.pid))
+        process.send_signal(signal.SIGINT)
+        assert process.communicate(timeout=60)[1].splitlines()[-1] == "KeyboardInterrupt"
+
+
+def sleeps(process):
+    """Whether it has slept for a while."""
+    for _ in range(10):
+        time.sleep(0.02)
+        with open(f"/proc/{process}/stat") as told:
+            if told.read().rpartition(")")[2].split()[0] != "S":
+                return False
+    return True
 
 
 def test_other_threads_run_and_are_refused_the_model():

@@ -26,7 +26,7 @@ def mypy(*arguments, folder):
 def test_types_hold(tmp_path):
     package = pathlib.Path(quarvel.__file__).parent
     files = [str(package / name) for name in (
-        "errors.py", "packing.py", "reading.py", "writing.py", "model.py", "tables.py", "picture.py", "making.py",
+        "errors.py", "paths.py", "reading.py", "writing.py", "model.py", "tables.py", "picture.py", "making.py",
         "comparing.py")]
     run = mypy("--ignore-missing-imports", *files, folder=tmp_path)
     assert run.returncode == 0, run.stdout

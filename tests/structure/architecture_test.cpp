@@ -17,12 +17,12 @@ namespace {
 
 using Arrows = std::map<std::string, std::set<std::string>>;
 
-// The room of a path, a drawer or a system's part under its own name: "mps", "platform/qt".
+// The room of a path, a part that is a library of its own under its own name: "mps", "platform/qt".
 std::string RoomOf(const std::string& path) {
-  static const std::regex drawer("platform/(qt|win32|console|scripted)/.*");
+  static const std::regex part("((?:platform/(?:qt|win32|console|scripted))|hosts/packing)/.*");
   std::smatch found;
   if (path.starts_with("quarvel/") || path.starts_with("include/quarvel/")) return "api";
-  if (std::regex_match(path, found, drawer)) return "platform/" + found[1].str();
+  if (std::regex_match(path, found, part)) return found[1].str();
   return path.substr(0, path.find('/'));
 }
 

@@ -26,6 +26,10 @@ std::string_view DrawerOf(std::string_view path) {
 constexpr std::string_view kPublicHeaders = "quarvel/";
 constexpr std::string_view kPublicFolder = "include/quarvel/";
 
+// What Python needs to pack files: the library's way in, and those who pack.
+constexpr std::string_view kStreams = "api/streams.h";
+constexpr std::string_view kPackersFolder = "hosts/packing/";
+
 // The place of the path's room in the stack; nothing for a folder that is no room.
 std::optional<std::ptrdiff_t> LevelOf(std::string_view path) {
   const auto& rooms = Rooms();
@@ -88,11 +92,16 @@ std::string QuotedProblem(std::string_view path, std::string_view name) {
   const auto level = LevelOf(name);
   if (!level) return "is the header of no room";
   const bool above = *level > *LevelOf(path);
-  // The rooms at the top do not know each other, but that Python stands on the library.
+  // The rooms at the top do not know each other, but that Python stands on the library, and packs files
+  // with what the programs have for that.
   const bool is_library_for_python =
-      path.starts_with("python/") && level == LevelOf("api/") && name.starts_with(kPublicHeaders);
+      path.starts_with("python/") &&
+      (name.starts_with(kPublicHeaders) || name == kStreams || name.starts_with(kPackersFolder));
   const bool beside = level >= LevelOf("api/") && level != LevelOf(path) && !is_library_for_python;
-  if (above || beside) return "does not go downwards";
+  // Those who pack stand on the platform alone.
+  const bool leaves_packers = path.starts_with(kPackersFolder) &&
+                              !name.starts_with(kPackersFolder) && level > LevelOf("platform/");
+  if (above || beside || leaves_packers) return "does not go downwards";
   const bool shows_inside = path.starts_with(kPublicFolder) && !name.starts_with(kPublicHeaders);
   return shows_inside ? "shows programs what is inside of the library" : "";
 }

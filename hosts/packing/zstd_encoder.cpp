@@ -1,4 +1,4 @@
-#include "hosts/encoder.h"
+#include "hosts/packing/encoder.h"
 
 #ifdef QUARVEL_HAS_ZSTD
 

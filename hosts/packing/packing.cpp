@@ -1,11 +1,11 @@
-#include "hosts/packing.h"
+#include "hosts/packing/packing.h"
 
 #include <algorithm>
 #include <iterator>
 #include <string>
 
-#include "hosts/decoder.h"
-#include "hosts/encoder.h"
+#include "hosts/packing/decoder.h"
+#include "hosts/packing/encoder.h"
 
 namespace quarvel::hosts {
 namespace {

@@ -1,4 +1,4 @@
-#include "hosts/decoder.h"
+#include "hosts/packing/decoder.h"
 
 #ifdef QUARVEL_HAS_ZSTD
 #include <new>

@@ -1,0 +1,31 @@
+#include "python/signals.h"
+
+#include <utility>
+
+#include "platform/wait_end.h"
+
+namespace quarvel::python {
+namespace {
+
+// The innermost of this thread: a function that is told of a read may read another model.
+thread_local Pulse* pulse_of_thread = nullptr;
+
+}  // namespace
+
+Pulse::Pulse(const pybind11::object& progress)
+    : progress_(progress), outer_(std::exchange(pulse_of_thread, this)) {
+  platform::is_wait_over = &Pulse::IsWaitOver;
+}
+
+Pulse::~Pulse() { pulse_of_thread = outer_; }
+
+bool Pulse::IsWaitOver() {
+  Pulse* const pulse = pulse_of_thread;
+  if (pulse == nullptr) return false;
+  if (pulse->interrupt_) return true;
+  const pybind11::gil_scoped_acquire lock;
+  if (PyErr_CheckSignals() != 0) pulse->interrupt_.emplace();
+  return pulse->interrupt_.has_value();
+}
+
+}  // namespace quarvel::python
