@@ -7,6 +7,7 @@
 #include <pybind11/numpy.h>
 
 #include "python/core.h"
+#include "python/lock.h"
 
 namespace quarvel::python {
 namespace {
@@ -37,7 +38,7 @@ py::tuple MatrixOf(SharedModel& shared, std::int32_t lists, const Copy& copy) {
     const auto first = SpanOf(starts);
     const auto second = SpanOf(indices);
     const auto third = SpanOf(values);
-    const py::gil_scoped_release release;
+    const Unlocked unlocked;
     copy(shared.model, first, second, third);
   }
   return py::make_tuple(starts, indices, values);

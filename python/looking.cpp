@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "python/core.h"
+#include "python/lock.h"
 #include "python/signals.h"
 #include "python/texts.h"
 
@@ -21,7 +22,7 @@ py::dict Simplified(SharedModel& shared, int on_conflict, const py::object& prog
   options.on_progress = [&pulse](double part) { return pulse.Beat(part, 1.0); };
   SimplifyResult result;
   {
-    const py::gil_scoped_release release;
+    const Unlocked unlocked;
     result = Simplify(shared.model, options);
     if (!result.is_stopped) pulse.End(1.0);
   }
@@ -57,7 +58,7 @@ py::tuple Compared(SharedModel& a, SharedModel& b, double absolute, double relat
   std::vector<Difference> found;
   std::int64_t count = 0;
   {
-    const py::gil_scoped_release release;
+    const Unlocked unlocked;
     count = Compare(a.model, b.model, {absolute, relative}, [&](const Difference& difference) {
       if (found.size() < most) found.push_back(difference);
       pulse.Beat(0, 0);

@@ -11,6 +11,7 @@
 #include "hosts/packing/file_bytes.h"
 #include "platform/files.h"
 #include "python/core.h"
+#include "python/lock.h"
 #include "python/signals.h"
 #include "python/texts.h"
 
@@ -121,7 +122,7 @@ py::dict Done(SharedModel& shared, const api::OpenBytes& open, const std::string
   };
   ReadResult result;
   {
-    const py::gil_scoped_release release;
+    const Unlocked unlocked;
     result = api::ReadOpened(unpacked, path, shared.model, options);
     pulse.Rethrow();
     if (result.is_read()) pulse.End(std::max(course.done, course.all));

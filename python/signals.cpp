@@ -23,8 +23,9 @@ bool Pulse::IsWaitOver() {
   Pulse* const pulse = pulse_of_thread;
   if (pulse == nullptr) return false;
   if (pulse->interrupt_) return true;
-  const pybind11::gil_scoped_acquire lock;
-  if (PyErr_CheckSignals() != 0) pulse->interrupt_.emplace();
+  Locked([pulse] {
+    if (PyErr_CheckSignals() != 0) pulse->interrupt_.emplace();
+  });
   return pulse->interrupt_.has_value();
 }
 

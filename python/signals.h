@@ -6,6 +6,8 @@
 
 #include <pybind11/pybind11.h>
 
+#include "python/lock.h"
+
 namespace quarvel::python {
 
 // Asks Python about ten times a second whether to go on: Ctrl-C is thrown as KeyboardInterrupt, and a
@@ -25,9 +27,11 @@ class Pulse {
     const auto now = std::chrono::steady_clock::now();
     if (now < next_) return true;
     next_ = now + std::chrono::milliseconds(100);
-    const pybind11::gil_scoped_acquire lock;
-    if (PyErr_CheckSignals() != 0) throw pybind11::error_already_set();
-    if (!progress_.is_none() && progress_(done, all).is(pybind11::bool_(false))) is_stopped_ = true;
+    Locked([&] {
+      if (PyErr_CheckSignals() != 0) throw pybind11::error_already_set();
+      if (progress_.is_none()) return;
+      if (Called(progress_, done, all).is(pybind11::bool_(false))) is_stopped_ = true;
+    });
     return !is_stopped_;
   }
 
@@ -37,14 +41,16 @@ class Pulse {
   // All is done; what the function says to that makes no difference.
   template <class Number>
   void End(Number all) {
-    const pybind11::gil_scoped_acquire lock;
-    if (!progress_.is_none()) progress_(all, all);
+    Locked([&] {
+      if (!progress_.is_none()) Called(progress_, all, all);
+    });
   }
 
   // Throws KeyboardInterrupt for a Ctrl-C that has come. To be called before a wait.
   static void Listen() {
-    const pybind11::gil_scoped_acquire lock;
-    if (PyErr_CheckSignals() != 0) throw pybind11::error_already_set();
+    Locked([] {
+      if (PyErr_CheckSignals() != 0) throw pybind11::error_already_set();
+    });
   }
 
   // Whether the caller's function has said False.

@@ -8,6 +8,7 @@
 #include "hosts/packing/file_bytes.h"
 #include "hosts/packing/packing.h"
 #include "python/core.h"
+#include "python/lock.h"
 #include "python/signals.h"
 #include "python/texts.h"
 
@@ -82,7 +83,7 @@ py::dict Done(SharedModel& shared, const py::dict& given, const py::object& prog
   const WriteOptions options = OptionsOf(given, pulse);
   Receipt receipt;
   {
-    const py::gil_scoped_release release;
+    const Unlocked unlocked;
     receipt = write(shared.model, options);
     pulse.Rethrow();
     if (receipt.is_written()) pulse.End(1.0);

@@ -10,6 +10,7 @@
 
 #include "python/component/bindings.h"
 #include "python/component/values.h"
+#include "python/lock.h"
 
 namespace quarvel::python {
 
@@ -19,7 +20,7 @@ enum class Lock { kHeld, kFree };
 template <class Operation>
 auto RunWith(Lock lock, const Operation& operation) {
   if (lock == Lock::kHeld) return operation();
-  const py::gil_scoped_release release;
+  const Unlocked unlocked;
   return operation();
 }
 

@@ -5,6 +5,7 @@
 #include "platform/automation_error.h"
 #include "platform/basic_controls.h"
 #include "python/component/values.h"
+#include "python/lock.h"
 
 namespace quarvel::python {
 namespace {
@@ -107,13 +108,14 @@ void PythonDesktop::Call::Rethrow() {
 template <class Answer, class Question>
 Answer PythonDesktop::Ask(Answer closed, const Question& question) {
   if (thrown_) return closed;
-  const py::gil_scoped_acquire lock;
-  try {
-    return question();
-  } catch (...) {
-    thrown_ = std::current_exception();
-    return closed;
-  }
+  return Locked([&] {
+    try {
+      return question();
+    } catch (...) {
+      thrown_ = std::current_exception();
+      return closed;
+    }
+  });
 }
 
 MsgBoxResult PythonDesktop::MsgBox(const platform::Box& box) {
@@ -122,10 +124,10 @@ MsgBoxResult PythonDesktop::MsgBox(const platform::Box& box) {
   if (box.kind == BoxKind::kOfferToSave && gives_up_saving_) return MsgBoxResult::kNo;
   const platform::BoxLook look = box.look();
   return Ask(look.when_closed, [&] {
-    const py::object answer = user_.attr("_ask_box")(
-        ToPythonText(box.text()), static_cast<int>(box.style), ToPythonText(box.title),
-        NameOf(box.kind), ToPythonText(std::string(box.code)), box.line, ToPythonText(box.item),
-        Numbers(look.buttons), static_cast<int>(look.when_closed));
+    const py::object answer = Called(
+        user_.attr("_ask_box"), ToPythonText(box.text()), static_cast<int>(box.style),
+        ToPythonText(box.title), NameOf(box.kind), ToPythonText(std::string(box.code)), box.line,
+        ToPythonText(box.item), Numbers(look.buttons), static_cast<int>(look.when_closed));
     return static_cast<MsgBoxResult>(answer.cast<int>());
   });
 }
@@ -134,18 +136,18 @@ std::string PythonDesktop::InputBox(std::string_view prompt, std::string_view ti
                                     std::string_view default_text) {
   return Ask(std::string(), [&] {
     return FromPython<std::string>(
-        user_.attr("_ask_text")(ToPythonText(std::string(prompt)), ToPythonText(std::string(title)),
-                                ToPythonText(std::string(default_text))));
+        Called(user_.attr("_ask_text"), ToPythonText(std::string(prompt)),
+               ToPythonText(std::string(title)), ToPythonText(std::string(default_text))));
   });
 }
 
 std::string PythonDesktop::ShowFileDialog(const platform::FileDialog& dialog) {
   return Ask(std::string(), [&] {
     const bool saving = dialog.kind == platform::FileDialog::Kind::kSave;
-    return FromPython<PathText>(user_.attr("_ask_file")(
-                                    saving, ToPythonText(dialog.title), ToPythonText(dialog.filter),
-                                    ToPythonText(dialog.default_extension),
-                                    ToPythonText(dialog.file_name), ToPythonText(dialog.folder)))
+    return FromPython<PathText>(Called(user_.attr("_ask_file"), saving, ToPythonText(dialog.title),
+                                       ToPythonText(dialog.filter),
+                                       ToPythonText(dialog.default_extension),
+                                       ToPythonText(dialog.file_name), ToPythonText(dialog.folder)))
         .text;
   });
 }
@@ -169,7 +171,7 @@ bool PythonDesktop::ShowProgress() {
   return Ask(false, [&] {
     if (PyErr_CheckSignals() != 0) throw py::error_already_set();
     if (bars.empty()) return true;
-    return user_.attr("_show_progress")(ToPythonText(form.caption()), bars.front()->Done())
+    return Called(user_.attr("_show_progress"), ToPythonText(form.caption()), bars.front()->Done())
         .cast<bool>();
   });
 }
@@ -186,20 +188,22 @@ void PythonDesktop::PressStop() {
 
 void PythonDesktop::CopyToClipboard(std::string_view text) {
   Ask(0, [&] {
-    user_.attr("_copy")(ToPythonText(std::string(text)));
+    Called(user_.attr("_copy"), ToPythonText(std::string(text)));
     return 0;
   });
 }
 
 void PythonDesktop::Beep() {
   Ask(0, [&] {
-    user_.attr("_beep")();
+    Called(user_.attr("_beep"));
     return 0;
   });
 }
 
 bool PythonDesktop::OpenInEditor(const std::string& path) {
-  return Ask(false, [&] { return user_.attr("_open_in_editor")(ToPythonText(path)).cast<bool>(); });
+  return Ask(false, [&] {
+    return Called(user_.attr("_open_in_editor"), ToPythonText(path)).cast<bool>();
+  });
 }
 
 std::unique_ptr<platform::FormPeer> PythonDesktop::Draw(Form& form, bool) {
@@ -243,7 +247,8 @@ void PythonDesktop::AskForm(Form& form) {
   const std::size_t chosen = Ask(selected, [&] {
     py::tuple words(options.size());
     for (std::size_t i = 0; i < options.size(); ++i) words[i] = ToPythonText(options[i]->caption());
-    return user_.attr("_choose")(ToPythonText(form.caption()), ToPythonText(text), words, selected)
+    return Called(user_.attr("_choose"), ToPythonText(form.caption()), ToPythonText(text), words,
+                  selected)
         .cast<std::size_t>();
   });
   if (chosen < options.size()) options[chosen]->Click();
@@ -252,7 +257,7 @@ void PythonDesktop::AskForm(Form& form) {
 
 void PythonDesktop::ShowWindow(Form& form) {
   Ask(0, [&] {
-    user_.attr("_show_window")(ToPythonText(form.caption()));
+    Called(user_.attr("_show_window"), ToPythonText(form.caption()));
     return 0;
   });
 }
