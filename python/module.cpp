@@ -3,9 +3,11 @@
 #include <array>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "python/core.h"
+#include "python/lock.h"
 #include "python/texts.h"
 
 namespace quarvel::python {
@@ -17,20 +19,28 @@ namespace py = pybind11;
 constexpr std::array kClasses = {"NumberError", "NameRefused", "ValueRefused", "FullError",
                                  "BusyError",   "FileError",   "Error"};
 
+// A number that there is none of is told as the component tells its hosts; here it is one sentence.
+std::string Sentence(std::string text) {
+  constexpr std::string_view kSource = "Quarvel.dll error: ";
+  if (!text.starts_with(kSource)) return text;
+  text.erase(0, kSource.size());
+  return text.substr(0, text.find_first_of(".\r\n"));
+}
+
 void Translate(std::exception_ptr thrown) {
   try {
     if (thrown) std::rethrow_exception(std::move(thrown));
   } catch (const Error& error) {
     const py::object type = py::module_::import("quarvel.errors")
                                 .attr(kClasses.at(static_cast<std::size_t>(error.code())));
-    PyErr_SetString(type.ptr(), error.what());
+    PyErr_SetString(type.ptr(), Sentence(error.what()).c_str());
   }
 }
 
 std::unique_ptr<SharedModel> Copied(SharedModel& shared) {
   const Use use(shared);
   auto copy = std::make_unique<SharedModel>();
-  const py::gil_scoped_release release;
+  const Unlocked unlocked;
   copy->model = shared.model.Copy();
   return copy;
 }

@@ -49,16 +49,23 @@ def from_arrays(A: Any, c: Optional[npt.ArrayLike] = None, *, row_lb: npt.ArrayL
 def _triples(A: Any) -> tuple[Any, Any, npt.NDArray[np.float64], tuple[int, int]]:
     if hasattr(A, "tocoo"):
         sparse = A.tocoo()
-        return sparse.row, sparse.col, np.asarray(sparse.data, dtype=float), (sparse.shape[0], sparse.shape[1])
-    dense = np.asarray(A, dtype=float)
+        return sparse.row, sparse.col, _real(sparse.data), (sparse.shape[0], sparse.shape[1])
+    dense = _real(A)
     if dense.ndim != 2:
         raise ValueRefused("A matrix has two dimensions")
     rows, columns = np.nonzero(dense)
     return rows, columns, dense[rows, columns], (dense.shape[0], dense.shape[1])
 
 
+def _real(given: npt.ArrayLike) -> npt.NDArray[np.float64]:
+    array = np.asarray(given)
+    if array.dtype.kind == "c":
+        raise ValueRefused("A model has no complex numbers")
+    return array.astype(float)
+
+
 def _all(given: npt.ArrayLike, count: int) -> npt.NDArray[np.float64]:
-    array = np.asarray(given, dtype=float)
+    array = _real(given)
     if array.ndim == 0:
         return np.full(count, float(array))
     if array.shape != (count,):

@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import copy
 import dataclasses
 import operator
 from types import TracebackType
@@ -34,8 +35,11 @@ class _Record:
 
 
 class Row(_Record):
+    """A row by its number: a look at the model, which shows what it holds now."""
+
     @property
     def name(self) -> str:
+        """Its name."""
         return self._core.row_name(self.number)
 
     @property
@@ -45,14 +49,17 @@ class Row(_Record):
 
     @property
     def lower(self) -> float:
+        """Its lower limit; -inf where it has none."""
         return self._core.bounds_of_row(self.number)[0]
 
     @property
     def upper(self) -> float:
+        """Its upper limit; inf where it has none."""
         return self._core.bounds_of_row(self.number)[1]
 
     @property
     def equation(self) -> str:
+        """As the component writes it: " + 3*X + 1*Y  <=  4"."""
         return self._core.equation(self.number)
 
     @property
@@ -66,20 +73,26 @@ class Row(_Record):
 
 
 class Column(_Record):
+    """A column by its number: a look at the model, which shows what it holds now."""
+
     @property
     def name(self) -> str:
+        """Its name."""
         return self._core.column_name(self.number)
 
     @property
     def is_integer(self) -> bool:
+        """Whether only whole numbers are its values."""
         return self._core.column_is_integer(self.number)
 
     @property
     def lower(self) -> float:
+        """Its lower bound; -inf where it has none."""
         return self._core.bounds_of_column(self.number)[0]
 
     @property
     def upper(self) -> float:
+        """Its upper bound; inf where it has none."""
         return self._core.bounds_of_column(self.number)[1]
 
     @property
@@ -146,7 +159,7 @@ class Model:
         self._problems: tuple[Problem, ...] = ()
         self._path = ""
         if name:
-            self._core.set_name(name)
+            self.name = name
 
     @classmethod
     def _of(cls, core: _core.Model) -> Model:
@@ -157,19 +170,21 @@ class Model:
     # --- as a whole ---
     @property
     def name(self) -> str:
+        """The name of the model."""
         return self._core.texts()[0]
 
     @name.setter
     def name(self, name: str) -> None:
-        self._core.set_name(name)
+        self._core.set_name(_text(name, "name"))
 
     @property
     def description(self) -> str:
+        """The comment lines behind the name, joined by line ends."""
         return self._core.texts()[1].replace("\r\n", "\n")
 
     @description.setter
     def description(self, description: str) -> None:
-        self._core.set_description("\r\n".join(description.splitlines()))
+        self._core.set_description("\r\n".join(_text(description, "description").splitlines()))
 
     @property
     def path(self) -> str:
@@ -188,6 +203,7 @@ class Model:
 
     @property
     def nnz(self) -> int:
+        """How many coefficients there are."""
         return self._core.counts()[2]
 
     @property
@@ -231,18 +247,22 @@ class Model:
     # --- rows and columns ---
     @property
     def rows(self) -> Records[Row]:
+        """All rows, by number or name."""
         return Records(self._core, Row)
 
     @property
     def columns(self) -> Records[Column]:
+        """All columns, by number or name."""
         return Records(self._core, Column)
 
     @property
     def row_names(self) -> list[str]:
+        """The names of all rows, in their order."""
         return self._core.row_names()
 
     @property
     def column_names(self) -> list[str]:
+        """The names of all columns, in their order."""
         return self._core.column_names()
 
     # --- arrays ---
@@ -273,18 +293,22 @@ class Model:
 
     @property
     def lb(self) -> Doubles:
+        """The lower bounds of the columns."""
         return self._core.column_bounds()[0]
 
     @property
     def ub(self) -> Doubles:
+        """The upper bounds of the columns."""
         return self._core.column_bounds()[1]
 
     @property
     def row_lb(self) -> Doubles:
+        """The lower limits of the rows."""
         return self._core.row_bounds()[0]
 
     @property
     def row_ub(self) -> Doubles:
+        """The upper limits of the rows."""
         return self._core.row_bounds()[1]
 
     @property
@@ -360,7 +384,11 @@ class Model:
         return self.copy()
 
     def __deepcopy__(self, memo: dict[int, Any]) -> Model:
-        return self.copy()
+        model = self._of(self._core.copy())
+        memo[id(self)] = model
+        model.__dict__.update({name: copy.deepcopy(kept, memo) for name, kept in self.__dict__.items()
+                               if name != "_core"})
+        return model
 
     def __getstate__(self) -> dict[str, Any]:
         return tables.state(self)
@@ -414,46 +442,70 @@ class Edit:
 
     def add_row(self, name: str, lower: float = -np.inf, upper: float = np.inf,
                 elements: Optional[dict[Key, float]] = None) -> int:
-        """Gives the row's number."""
+        """Gives the row's number. What is refused of its elements adds no row."""
         self._check_open()
+        given = [(self._column(column), _value(value)) for column, value in dict(elements or {}).items()]
         row = self._core.add_row(name, lower, upper)
-        for column, value in (elements or {}).items():
-            self._core.set_coefficient(row, self._column(column), value)
+        for number, value in given:
+            self._core.set_coefficient(row, number, value)
         return row
 
     def add_column(self, name: str, lower: float = 0.0, upper: float = np.inf, integer: bool = False,
                    elements: Optional[dict[Key, float]] = None) -> int:
-        """Gives the column's number."""
+        """Gives the column's number. What is refused of its elements adds no column."""
         self._check_open()
-        column = self._core.add_column(name, lower, upper, integer)
-        for row, value in (elements or {}).items():
-            self._core.set_coefficient(self._row(row), column, value)
+        given = [(self._row(row), _value(value)) for row, value in dict(elements or {}).items()]
+        column = self._core.add_column(name, lower, upper, bool(integer))
+        for number, value in given:
+            self._core.set_coefficient(number, column, value)
         return column
 
     def set_coefficient(self, row: Key, column: Key, value: float) -> None:
+        """Sets it, or adds it where there is none; of a pair that is there twice, the first. 0 is stored."""
         self._core.set_coefficient(self._row(row), self._column(column), value)
 
     def set_row_bounds(self, row: Key, lower: float = -np.inf, upper: float = np.inf) -> None:
+        """Sets both limits: one that is not given is none."""
         self._core.set_row_bounds(self._row(row), lower, upper)
 
     def set_column_bounds(self, column: Key, lower: float = 0.0, upper: float = np.inf) -> None:
+        """Sets both bounds: a lower one that is not given is 0, an upper one none."""
         self._core.set_column_bounds(self._column(column), lower, upper)
 
     def set_integer(self, column: Key, integer: bool = True) -> None:
-        self._core.set_column_integer(self._column(column), integer)
+        """Makes the column an integer one, or a continuous one."""
+        self._core.set_column_integer(self._column(column), bool(integer))
 
     def rename_row(self, row: Key, name: str) -> None:
+        """Gives the row a name that no other row has."""
         self._core.rename_row(self._row(row), name)
 
     def rename_column(self, column: Key, name: str) -> None:
+        """Gives the column a name that no other column has."""
         self._core.rename_column(self._column(column), name)
 
     def remove_row(self, row: Key) -> None:
+        """Its coefficients go with it."""
         self._core.remove_row(self._row(row))
 
     def remove_column(self, column: Key) -> None:
         """Rows that have no other coefficient go too."""
         self._core.remove_column(self._column(column))
+
+
+def _value(given: float) -> float:
+    if isinstance(given, str):
+        raise TypeError("a coefficient is a number, not a str")
+    value = float(given)
+    if not np.isfinite(value):
+        raise ValueRefused("The value is not finite")
+    return value
+
+
+def _text(given: str, what: str) -> str:
+    if not isinstance(given, str):
+        raise TypeError(f"the {what} is a str, not a {type(given).__name__}")
+    return given
 
 
 def _point(x: npt.ArrayLike, columns: int) -> Doubles:

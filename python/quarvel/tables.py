@@ -77,6 +77,14 @@ def _letters(model: Model) -> list[str]:
 
 
 def violations(model: Model, point: Doubles, tolerance: float) -> dict[str, float]:
+    if not tolerance >= 0:
+        raise ValueRefused("A tolerance is 0 or more")
+    # Of what is infinite.
+    with np.errstate(invalid="ignore"):
+        return _violations(model, point, tolerance)
+
+
+def _violations(model: Model, point: Doubles, tolerance: float) -> dict[str, float]:
     activities = model.evaluate(point)
     found: dict[str, float] = {}
     for names, values, lower, upper in ((model.row_names, activities, model.row_lb, model.row_ub),

@@ -56,9 +56,12 @@ def _receipt(told: dict[str, Any]) -> Receipt:
 def write(core: _core.Model, path: Path, layout: str, allow_changes: bool, strict: bool,
           progress: Optional[Progress]) -> Receipt:
     name, encoded = named(path)
+    if not name:
+        raise ValueRefused("The path is empty")
     if layout not in ("free", "fixed", "component"):
         raise ValueRefused(f'There is no layout {layout!r}: "free", "fixed", "component"')
-    options = {"layout": int(layout == "component"), "allow_changes": allow_changes, "strict": strict}
+    options = {"layout": int(layout == "component"), "allow_changes": bool(allow_changes),
+               "strict": bool(strict)}
     if layout == "fixed":
         receipt = _checked(core.write_bytes(options, None)[1], name)
         if not receipt.fits_fixed_columns:
@@ -69,7 +72,8 @@ def write(core: _core.Model, path: Path, layout: str, allow_changes: bool, stric
 def to_bytes(core: _core.Model, layout: str, allow_changes: bool, strict: bool) -> bytes:
     if layout not in ("free", "component"):
         raise ValueRefused(f'There is no layout {layout!r}: "free", "component"')
-    options = {"layout": int(layout == "component"), "allow_changes": allow_changes, "strict": strict}
+    options = {"layout": int(layout == "component"), "allow_changes": bool(allow_changes),
+               "strict": bool(strict)}
     text, told = core.write_bytes(options, None)
     _checked(told, "the text")
     return text
@@ -79,7 +83,7 @@ def _checked(told: dict[str, Any], name: str) -> Receipt:
     receipt = _receipt(told)
     if told["outcome"] == _WRITTEN:
         return receipt
-    reason = "it was stopped" if told["is_stopped"] else told["failure"] or _REASONS[told["outcome"]]
+    reason = "it was stopped" if told["is_stopped"] else told["failure"] or _REASONS.get(told["outcome"], "the system says no more")
     if told["outcome"] == _LOSSES and receipt.losses:
         reason += ": " + receipt.losses[0].sentences[0]
     notes = " ".join(told["notes"].split())

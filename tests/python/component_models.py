@@ -5,6 +5,8 @@ from pathlib import Path
 
 import quarvel
 
+from conftest import python_environment
+
 ROOT = Path(__file__).resolve().parents[2]
 IDL = ROOT / "automation" / "quarvel.idl"
 
@@ -28,7 +30,7 @@ def small_model(**desktop):
 
 def environment():
     """What another Python needs to find the package that is tested."""
-    return dict(os.environ, PYTHONPATH=str(Path(quarvel.__file__).resolve().parents[1]))
+    return dict(python_environment(), PYTHONPATH=str(Path(quarvel.__file__).resolve().parents[1]))
 
 
 def write_long_model(path, columns):

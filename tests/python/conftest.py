@@ -46,10 +46,20 @@ def large(rows=60000):
     return ("\n".join(lines) + "\nENDATA\n").encode()
 
 
-def python(program, *arguments, **options):
+# A sanitizer's library is for this interpreter and those that load the package, and for no other program.
+PRELOADED = {name: value for name, value in os.environ.items() if name == "LD_PRELOAD"}
+os.environ.pop("LD_PRELOAD", None)
+
+
+def python_environment():
+    """That of an interpreter which loads the package that is tested."""
+    return {**os.environ, **PRELOADED}
+
+
+def python(program, *arguments):
     """A Python that has begun to run the program, with the package that is tested."""
-    return subprocess.Popen([sys.executable, "-c", program, *map(str, arguments)], text=True,
-                            stdout=subprocess.PIPE, stderr=subprocess.PIPE, preexec_fn=hear_interrupts, **options)
+    return subprocess.Popen([sys.executable, "-c", program, *map(str, arguments)], text=True, env=python_environment(),
+                            stdout=subprocess.PIPE, stderr=subprocess.PIPE, preexec_fn=hear_interrupts)
 
 
 def hear_interrupts():

@@ -1,0 +1,241 @@
+"""What nobody should give, and some do: wrong types, shapes and letters are refused as such, and change nothing."""
+
+import copy
+import gc
+import io
+import os
+import pathlib
+import pickle
+import sys
+
+import numpy as np
+import pytest
+import quarvel
+
+from conftest import SMALL
+
+INF = np.inf
+SURROGATE = "\ud800"
+
+
+@pytest.fixture
+def m():
+    return quarvel.read(SMALL)
+
+
+@pytest.mark.parametrize("key, error", [
+    (4, quarvel.NumberError), (-5, quarvel.NumberError), (2**70, quarvel.NumberError), (1.0, TypeError),
+    (None, TypeError), (b"COST", TypeError), ((0,), TypeError), ("cost", quarvel.NoSuchName), ("", quarvel.NoSuchName),
+    (SURROGATE, quarvel.NoSuchName), (np.float64(1), TypeError)])
+def test_a_row_that_is_not_there(m, key, error):
+    with pytest.raises(error):
+        m.rows[key]
+    assert key not in m.rows
+
+
+def test_rows_have_slices_and_numbers_of_numpy(m):
+    assert [row.name for row in m.rows[1:3]] == m.row_names[1:3]
+    assert [row.name for row in m.rows[::-1]] == m.row_names[::-1] and m.columns[9:] == []
+    assert m.rows[np.int64(-1)].name == m.rows[np.str_("SAME")].name == "SAME"
+
+
+def test_a_row_that_has_gone_is_told_in_one_sentence(m):
+    row = m.rows[3]
+    with m.edit() as e:
+        e.remove_row(3)
+    with pytest.raises(quarvel.NumberError) as raised:
+        row.name
+    assert str(raised.value) == "row 3 is out of range"
+
+
+@pytest.mark.parametrize("point, error", [
+    ([1, 2], quarvel.NumberError), ([[1, 2, 3]], quarvel.NumberError), (None, quarvel.NumberError),
+    ([1j, 1, 1], quarvel.ValueRefused), (["a"] * 3, ValueError), ({}, TypeError)])
+def test_a_point_of_another_kind(m, point, error):
+    for look in (m.evaluate, m.violations):
+        with pytest.raises(error):
+            look(point)
+
+
+@pytest.mark.parametrize("dtype", ["f2", ">f8", "i1", "?", "O"])
+def test_points_of_any_real_numbers(m, dtype):
+    assert m.evaluate(np.array([1, 1, 1]).astype(dtype)).tolist() == [1, 2, 3, 0]
+    assert m.evaluate(np.ones(6)[::2]).tolist() == [1, 2, 3, 0]
+
+
+def test_a_tolerance_is_no_less_than_nothing(m):
+    for tolerance in (-1, np.nan):
+        with pytest.raises(quarvel.ValueRefused):
+            m.violations([0, 0, 0], tolerance)
+
+
+@pytest.mark.parametrize("attribute, value, error", [
+    ("sense", "MAX", ValueError), ("sense", None, ValueError), ("c0", np.nan, ValueError), ("c0", None, TypeError),
+    ("objective", "LIMIT", ValueError), ("objective", 3, TypeError), ("objective", SURROGATE, ValueError),
+    ("name", None, TypeError), ("name", SURROGATE, ValueError), ("description", None, TypeError),
+    ("description", SURROGATE, ValueError)])
+def test_facts_of_another_kind(m, attribute, value, error):
+    before = getattr(m, attribute)
+    with pytest.raises(error):
+        setattr(m, attribute, value)
+    assert getattr(m, attribute) == before
+
+
+def test_no_objective_may_be_named(m):
+    m.objective = None
+    assert m.objective == "COST"
+
+
+@pytest.mark.parametrize("given, error", [
+    (dict(A=[1, 2]), ValueError), (dict(A=None), ValueError), (dict(A=np.array([[1j]])), ValueError),
+    (dict(A=[[1, np.nan]]), ValueError), (dict(A=[[1]], c=[1, 2]), ValueError), (dict(A=[[1]], c=np.array([1j])), ValueError),
+    (dict(A=[[1]], lb=INF), ValueError), (dict(A=[[1]], integrality=2), ValueError), (dict(A=[[1]], integrality=np.nan), ValueError),
+    (dict(A=[[1, 1]], column_names="AB"), TypeError), (dict(A=[[1, 1]], column_names=["A", "A"]), quarvel.NameRefused),
+    (dict(A=[[1]], column_names=[SURROGATE]), quarvel.NameRefused), (dict(A=[[1]], column_names=[b"A"]), TypeError),
+    (dict(A=[[1]], name=5), TypeError)])
+def test_arrays_of_another_kind(given, error):
+    with pytest.raises(error):
+        quarvel.from_arrays(**given)
+
+
+def test_sparse_arrays_of_another_kind():
+    sparse = pytest.importorskip("scipy.sparse")
+    with pytest.raises(quarvel.ValueRefused):
+        quarvel.from_arrays(sparse.csr_matrix([[1j]]))
+
+
+@pytest.mark.parametrize("edit", [
+    lambda e: e.add_row("MORE", elements={"X": 1, "Q": 1}), lambda e: e.add_row("MORE", elements={"X": np.nan}),
+    lambda e: e.add_column("MORE", elements={"NEED": 1, 9: 1}), lambda e: e.add_column("MORE", elements={"NEED": "1"}),
+    lambda e: e.add_row(SURROGATE), lambda e: e.add_row(b"MORE"), lambda e: e.add_row("MORE", np.nan),
+    lambda e: e.set_row_bounds("NEED", INF), lambda e: e.set_coefficient(0, 0, None), lambda e: e.rename_row(0, "NEED"),
+    lambda e: e.remove_row(slice(1)), lambda e: e.__enter__()])
+def test_an_edit_that_is_refused_changes_nothing(m, edit):
+    before = m.copy()
+    with m.edit() as e:
+        with pytest.raises((quarvel.Error, TypeError)):
+            edit(e)
+    assert not quarvel.diff(before, m) and m.row_names == before.row_names and m.column_names == before.column_names
+
+
+def test_edits_within_edits_are_taken_back_with_them(m):
+    names = m.row_names
+    with pytest.raises(ZeroDivisionError):
+        with m.edit() as outer:
+            outer.add_row("OUTER")
+            with pytest.raises(KeyError):
+                with m.edit() as inner:
+                    inner.add_row("INNER")
+                    raise KeyError
+            assert m.row_names == [*names, "OUTER"]
+            1 // 0
+    assert m.row_names == names
+
+
+def test_paths_of_every_kind_are_written_and_read(m, tmp_path, monkeypatch):
+    monkeypatch.chdir(tmp_path)
+    names = ["a.mps", "ä \U0001F600.mps", os.fsdecode(b"\xff.mps")]
+    for name in names:
+        for path in (name, pathlib.Path(name), os.fsencode(name)):
+            m.write(path)
+            assert m.path == name and quarvel.read(name).path == name
+        assert not quarvel.diff(m, pathlib.Path(name))
+    assert sorted(os.listdir()) == sorted(names)
+    with pytest.raises(quarvel.ReadError):
+        quarvel.read(os.fsdecode(b"\xfe.mps"))
+
+
+@pytest.mark.parametrize("path, error", [
+    ("a\0b.mps", ValueError), (SURROGATE, ValueError), (3, TypeError), (None, TypeError), (io.BytesIO(), TypeError)])
+def test_what_is_no_path(m, path, error):
+    for work in (m.write, quarvel.read, quarvel.check, lambda path: quarvel.diff(m, path)):
+        with pytest.raises(error):
+            work(path)
+
+
+def test_an_empty_path_and_a_folder_are_refused(m, tmp_path):
+    for path in ("", tmp_path):
+        with pytest.raises(quarvel.Error):
+            m.write(path)
+        with pytest.raises(quarvel.ReadError):
+            quarvel.read(path)
+
+
+@pytest.mark.parametrize("option, error", [
+    (dict(objective=None), TypeError), (dict(kept_of_each=-1), ValueError), (dict(problems=None), ValueError),
+    (dict(progress=3), TypeError), (dict(default_lower=np.nan), ValueError), (dict(objective=SURROGATE), ValueError)])
+def test_options_of_another_kind(option, error):
+    with pytest.raises(error):
+        quarvel.read(SMALL, **option)
+
+
+class Named(quarvel.Model):
+    """With what its maker adds."""
+
+    def __init__(self, label, notes):
+        super().__init__("NAMED")
+        self.label, self.notes = label, notes
+
+
+def test_a_derived_class_keeps_what_it_adds():
+    model = Named("mine", ["a"])
+    for protocol in range(pickle.HIGHEST_PROTOCOL + 1):
+        other = pickle.loads(pickle.dumps(model, protocol))
+        assert (type(other), other.label, other.notes, other.name) == (Named, "mine", ["a"], "NAMED")
+    assert copy.copy(model).notes is model.copy().notes is model.notes
+    one, same = copy.deepcopy([model, model])
+    assert one is same and type(one) is Named and one.notes == ["a"] and one.notes is not model.notes
+
+
+def test_a_pickle_of_another_version_and_a_row_are_refused(m):
+    with pytest.raises(quarvel.ValueRefused):
+        quarvel.Model().__setstate__({**m.__getstate__(), "version": 2})
+    with pytest.raises(TypeError):
+        pickle.dumps(m.rows[0])
+
+
+def test_errors_are_pickled_with_what_they_have():
+    with pytest.raises(quarvel.ReadError) as raised:
+        quarvel.read(b"NAME\nROWS\n N C\nCOLUMNS\n X Z 1\nENDATA\n")
+    assert pickle.loads(pickle.dumps(raised.value)).problems == raised.value.problems
+    with pytest.raises(quarvel.WriteError) as raised:
+        quarvel.Model().to_bytes()
+    assert pickle.loads(pickle.dumps(raised.value)).receipt == raised.value.receipt
+
+
+def test_every_public_name_has_its_words():
+    for name in ("Model", "Row", "Column", "Edit", "Receipt", "Problem", "Simplified", "Check", "Difference"):
+        kind = getattr(quarvel, name) if hasattr(quarvel, name) else getattr(quarvel.errors, name)
+        assert kind.__doc__
+        for member, value in vars(kind).items():
+            if not member.startswith("_") and (callable(value) or isinstance(value, property)):
+                assert value.__doc__, f"{name}.{member}"
+
+
+def use(m):
+    """Everything once that makes something, and what is refused."""
+    m.row_names, m.c, m.lb, m.stats(), repr(m), m._repr_html_(), m.rows["NEED"].elements, m.evaluate([1, 2, 3])
+    other = pickle.loads(pickle.dumps(copy.copy(m)))
+    with pytest.raises(KeyError):
+        with other.edit() as e:
+            e.add_row("R", elements={"X": 1})
+            e.rename_column("X", "W")
+            m.rows["NONE"]
+    with pytest.raises(quarvel.NameRefused):
+        with other.edit() as e:
+            e.add_row("has blank")
+    other.simplify(), quarvel.diff(m, other), quarvel.check(other.to_bytes()), m.violations([9, 9, 9])
+    with pytest.raises(ZeroDivisionError):
+        other.to_bytes(), quarvel.read(SMALL, progress=lambda done, all: 1 // 0)
+
+
+@pytest.mark.skipif(sys.getallocatedblocks() == 0, reason="this Python does not count its blocks")
+def test_a_thousand_rounds_keep_nothing(m):
+    for _ in range(400):
+        use(m)
+    gc.collect()
+    before = sys.getallocatedblocks()
+    for _ in range(1000):
+        use(m)
+    gc.collect()
+    assert sys.getallocatedblocks() - before < 200
