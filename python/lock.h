@@ -2,9 +2,11 @@
 //
 // Where the interpreter ends while a thread that nobody waits for is in a call, the system unwinds that
 // thread's stack at its next wish for the lock, or within a function of the caller, and the functions of
-// C++ there do not all let that through. The thread rests instead, and ends with the process.
+// C++ there do not all let that through. The thread rests instead, and ends with the process; where the
+// end has begun before that wish it rests at once, as there may be no lock any more.
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <thread>
 #include <utility>
@@ -15,6 +17,28 @@ namespace quarvel::python {
 
 [[noreturn]] inline void RestForEver() {
   for (;;) std::this_thread::sleep_for(std::chrono::hours(1));
+}
+
+// Of the interpreter that ends with the process.
+struct End {
+  std::atomic<bool> has_begun = false;
+  std::thread::id thread = {};  // which goes on
+};
+inline End end_of_interpreter;
+
+// To be called by each module when it is loaded.
+inline void ListenForTheEnd() {
+  if (PyInterpreterState_Get() != PyInterpreterState_Main()) return;
+  const auto begin = [] {
+    end_of_interpreter.thread = std::this_thread::get_id();
+    end_of_interpreter.has_begun = true;
+  };
+  pybind11::module_::import("atexit").attr("register")(pybind11::cpp_function(begin));
+}
+
+inline void RestAfterTheEnd() {
+  const End& end = end_of_interpreter;
+  if (end.has_begun && end.thread != std::this_thread::get_id()) RestForEver();
 }
 
 // What the work gives, unless the thread's end comes within it. The work must hold nothing of Python's
@@ -45,6 +69,7 @@ pybind11::object Called(pybind11::handle function, Given&&... given) {
 // Does the work with the lock, within the scope of an Unlocked.
 template <class Work>
 auto Locked(const Work& work) {
+  RestAfterTheEnd();
   return BeforeTheEnd([&work] {
     const pybind11::gil_scoped_acquire lock;
     return work();
@@ -56,6 +81,7 @@ class Unlocked {
  public:
   Unlocked() : state_(PyEval_SaveThread()) {}
   ~Unlocked() {
+    RestAfterTheEnd();
     BeforeTheEnd([this] { PyEval_RestoreThread(state_); });
   }
   Unlocked(const Unlocked&) = delete;

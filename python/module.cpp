@@ -124,4 +124,7 @@ void AddAll(py::module_& module) {
 }  // namespace
 }  // namespace quarvel::python
 
-PYBIND11_MODULE(_core, module) { quarvel::python::AddAll(module); }
+PYBIND11_MODULE(_core, module) {
+  quarvel::python::ListenForTheEnd();
+  quarvel::python::AddAll(module);
+}

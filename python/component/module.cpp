@@ -9,6 +9,7 @@
 #include "python/component/bindings.h"
 #include "python/component/core.h"
 #include "python/component/values.h"
+#include "python/lock.h"
 
 namespace quarvel::python {
 namespace {
@@ -69,6 +70,7 @@ void MakeCollectable(PyHeapTypeObject* type) {
 
 PYBIND11_MODULE(_component, module) {
   module.doc() = "The model of quarvel.component.";
+  ListenForTheEnd();
   py::register_local_exception_translator(Translate);
   py::class_<Core>(module, "Core", py::custom_type_setup(MakeCollectable))
       .def(py::init<py::object>(), py::arg("desktop"))

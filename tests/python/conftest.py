@@ -56,9 +56,10 @@ def python_environment():
     return {**os.environ, **PRELOADED}
 
 
-def python(program, *arguments):
+def python(program, *arguments, **environment):
     """A Python that has begun to run the program, with the package that is tested."""
-    return subprocess.Popen([sys.executable, "-c", program, *map(str, arguments)], text=True, env=python_environment(),
+    return subprocess.Popen([sys.executable, "-c", program, *map(str, arguments)], text=True,
+                            env=python_environment() | environment,
                             stdout=subprocess.PIPE, stderr=subprocess.PIPE, preexec_fn=hear_interrupts)
 
 
