@@ -76,6 +76,7 @@ std::optional<ChildResult> RunChild(const std::vector<std::string>& command) {
   if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) return std::nullopt;
   constexpr double kBytesOfUnit = 1024;
   result.peak_megabytes = static_cast<double>(usage.ru_maxrss) * kBytesOfUnit / 1e6;
+  result.pages = static_cast<double>(usage.ru_minflt);
   return result;
 }
 

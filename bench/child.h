@@ -11,6 +11,7 @@ namespace quarvel::bench {
 struct ChildResult {
   std::map<std::string, double> values;  // the lines "name value" of its standard output
   double peak_megabytes = 0;             // the most memory it had in use, in units of 10^6 bytes
+  double pages = 0;                      // of memory that the system gave it while it ran
 };
 
 // Runs a program with its arguments and waits for its end. Nothing when it cannot be started or

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "bench/bench_desktop.h"
-#include "bench/stopwatch.h"
+#include "bench/times.h"
 #include "component/lp_model.h"
 
 namespace quarvel::bench {
@@ -41,10 +41,10 @@ struct Built {
 // What is deferred when the last edit is made counts too.
 template <class Edits>
 void Time(Built& built, const Edits& edits) {
-  PrintResult("seconds", SecondsOf([&] {
-                edits();
-                built.model.store().data();
-              }));
+  PrintTimes(TimesOf([&] {
+    edits();
+    built.model.store().data();
+  }));
   PrintResult("elements", built.model.NumberOfElements());
 }
 

@@ -9,7 +9,7 @@ namespace quarvel::bench {
 
 // A generated file and what a reader must find in it.
 struct ModelFile {
-  std::string path;
+  std::string path;                  // with ".gz": packed by gzip
   std::vector<std::string> options;  // of the generator
   std::int64_t columns = 0;
   std::int64_t rows = 0;      // OBJ counted
@@ -36,6 +36,8 @@ struct Job {
   double least_ratio = 0;
   double most_seconds = 0;
   double most_megabytes = 0;
+  bool compares_user_time = false;  // the ratio, where that is long enough, instead of the clock's
+  double least_cold_ratio = 0;      // with cold memory; 0: not measured so
   // The sizes that we and the other libraries must report, as far as they do; 0 where the job is
   // not checked.
   std::int64_t expected_columns = 0;

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "bench/stopwatch.h"
+#include "bench/times.h"
 #include "hosts/program.h"
 #include "hosts/streams.h"
 
@@ -18,10 +18,10 @@ int main(int argc, char** argv) {
   std::ostringstream err;
   const quarvel::hosts::Streams streams = {{}, out, err};
   int status = 0;
-  const double seconds =
-      quarvel::bench::SecondsOf([&] { status = quarvel::hosts::RunProgram(words, streams); });
+  const quarvel::bench::Times times =
+      quarvel::bench::TimesOf([&] { status = quarvel::hosts::RunProgram(words, streams); });
   if (status == quarvel::hosts::kGood) {
-    quarvel::bench::PrintResult("seconds", seconds);
+    quarvel::bench::PrintTimes(times);
     return 0;
   }
   std::fputs(err.str().c_str(), stderr);

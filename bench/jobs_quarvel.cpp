@@ -17,7 +17,7 @@
 #include "bench/bench_desktop.h"
 #include "bench/edit_jobs.h"
 #include "bench/query_walks.h"
-#include "bench/stopwatch.h"
+#include "bench/times.h"
 #include "component/lp_model.h"
 #include "inspect/compare.h"
 #include "inspect/lint.h"
@@ -46,13 +46,12 @@ struct Session {
   BenchDesktop desktop;
   LPModel model{desktop};
 
-  double Read(const char* path) {
+  Times Read(const char* path) {
     desktop.file = path;
-    const double seconds = SecondsOf([this] {
+    return TimesOf([this] {
       Require(model.ReadMPSFile() == -1, "the file was not read");
       model.store().data();  // the row lists, where they are deferred
     });
-    return seconds;
   }
 
   void PrintSize() const {
@@ -65,7 +64,7 @@ struct Session {
 
 void Read(Arguments arguments) {
   Session session;
-  PrintResult("seconds", session.Read(arguments[0]));
+  PrintTimes(session.Read(arguments[0]));
   session.PrintSize();
 }
 
@@ -73,8 +72,7 @@ void Read(Arguments arguments) {
 void ReadAsData(Arguments arguments) {
   Session session;
   mps::FileRead read;
-  PrintResult("seconds",
-              SecondsOf([&] { read = mps::ReadFile(arguments[0], {}, session.model.store()); }));
+  PrintTimes(TimesOf([&] { read = mps::ReadFile(arguments[0], {}, session.model.store()); }));
   Require(read.outcome == mps::ReadOutcome::kRead, "the file was not read");
   session.PrintSize();
 }
@@ -84,10 +82,10 @@ void Check(Arguments arguments) {
   Session session;
   model::ModelStore& store = session.model.store();
   mps::FileRead read;
-  PrintResult("seconds", SecondsOf([&] {
-                read = mps::ReadFile(arguments[0], {}, store);
-                inspect::Lint(store, read.facts, read.problems);
-              }));
+  PrintTimes(TimesOf([&] {
+    read = mps::ReadFile(arguments[0], {}, store);
+    inspect::Lint(store, read.facts, read.problems);
+  }));
   Require(read.outcome == mps::ReadOutcome::kRead, "the file was not read");
   session.PrintSize();
 }
@@ -96,15 +94,15 @@ void Check(Arguments arguments) {
 void Diff(Arguments arguments) {
   Session a;
   Session b;
-  const double reads = SecondsOf([&] {
+  const Times reads = TimesOf([&] {
     mps::ReadFile(arguments[0], {}, a.model.store());
     mps::ReadFile(arguments[1], {}, b.model.store());
   });
   inspect::Differences differences(0);
-  const double comparison =
-      SecondsOf([&] { differences = inspect::Compare(a.model.store(), b.model.store(), {}, 0); });
-  PrintResult("seconds", reads + comparison);
-  PrintResult("comparison", comparison);
+  const Times comparison =
+      TimesOf([&] { differences = inspect::Compare(a.model.store(), b.model.store(), {}, 0); });
+  PrintTimes(reads + comparison);
+  PrintResult("comparison", comparison.seconds);
   PrintResult("differences", static_cast<double>(differences.count()));
   Require(differences.CountOf(inspect::DifferenceKind::kRowWent) == 0 &&
               differences.CountOf(inspect::DifferenceKind::kColumnWent) == 0,
@@ -115,9 +113,8 @@ void Diff(Arguments arguments) {
 void Write(Arguments arguments) {
   Session session;
   session.Read(arguments[0]);
-  PrintResult("seconds", SecondsOf([&] {
-                Require(session.model.SaveMPSFile(arguments[1]) == -1, "the file was not written");
-              }));
+  PrintTimes(TimesOf(
+      [&] { Require(session.model.SaveMPSFile(arguments[1]) == -1, "the file was not written"); }));
   session.PrintSize();
 }
 
@@ -126,11 +123,10 @@ void WriteWithReceipt(Arguments arguments) {
   Session session;
   const mps::FileRead read = mps::ReadFile(arguments[0], {}, session.model.store());
   inspect::FileWrite write;
-  PrintResult("seconds", SecondsOf([&] {
-                write =
-                    inspect::WriteFile(session.model.store(), read.facts, arguments[1],
-                                       {.layout = mps::FileLayout::kFixed, .allow_changes = true});
-              }));
+  PrintTimes(TimesOf([&] {
+    write = inspect::WriteFile(session.model.store(), read.facts, arguments[1],
+                               {.layout = mps::FileLayout::kFixed, .allow_changes = true});
+  }));
   Require(write.receipt.is_read_again, "the file was not written and read again");
   session.PrintSize();
 }
@@ -140,10 +136,10 @@ void WriteAndRead(Arguments arguments) {
   Session session;
   session.Read(arguments[0]);
   Session back;
-  PrintResult("seconds", SecondsOf([&] {
-                Require(session.model.SaveMPSFile(arguments[1]) == -1, "the file was not written");
-                mps::ReadFile(arguments[1], {}, back.model.store());
-              }));
+  PrintTimes(TimesOf([&] {
+    Require(session.model.SaveMPSFile(arguments[1]) == -1, "the file was not written");
+    mps::ReadFile(arguments[1], {}, back.model.store());
+  }));
   back.PrintSize();
 }
 
@@ -162,10 +158,10 @@ void Loop(Arguments arguments) {
 void Simplify(Arguments arguments) {
   Session session;
   session.Read(arguments[0]);
-  PrintResult("seconds", SecondsOf([&] {
-                session.model.SimplifyMPSModel();
-                session.model.store().data();
-              }));
+  PrintTimes(TimesOf([&] {
+    session.model.SimplifyMPSModel();
+    session.model.store().data();
+  }));
   session.PrintSize();
 }
 
@@ -175,13 +171,13 @@ void DeleteRowsOf(Session& session, std::int32_t deletions, const Look& look) {
   LPModel& model = session.model;
   Require(model.NumberOfRows() > deletions, "the model has too few rows");
   const std::int32_t step = model.NumberOfRows() / deletions;
-  PrintResult("seconds", SecondsOf([&] {
-                for (std::int32_t k = 0; k < deletions; ++k) {
-                  model.DeleteRow(k * (step - 1));
-                  look();
-                }
-                model.store().data();
-              }));
+  PrintTimes(TimesOf([&] {
+    for (std::int32_t k = 0; k < deletions; ++k) {
+      model.DeleteRow(k * (step - 1));
+      look();
+    }
+    model.store().data();
+  }));
   session.PrintSize();
 }
 
@@ -238,10 +234,10 @@ void DeleteColumn(Arguments arguments) {
     Require(model.AddRow(names[k]) == -1, "a row was not added");
     model.AddElement(kept + k, column, 1);
   }
-  PrintResult("seconds", SecondsOf([&] {
-                model.DeleteColumn(column);
-                model.store().data();
-              }));
+  PrintTimes(TimesOf([&] {
+    model.DeleteColumn(column);
+    model.store().data();
+  }));
   Require(model.NumberOfRows() == kept, "the emptied rows are still there");
   session.PrintSize();
 }
@@ -250,9 +246,9 @@ void AddManyRows(Arguments arguments) {
   Session session;
   const std::int32_t count = Number(arguments[0]);
   const Names names('R', count);
-  PrintResult("seconds", SecondsOf([&] {
-                for (std::int32_t k = 0; k < count; ++k) session.model.AddRow(names[k]);
-              }));
+  PrintTimes(TimesOf([&] {
+    for (std::int32_t k = 0; k < count; ++k) session.model.AddRow(names[k]);
+  }));
   Require(session.model.NumberOfRows() == count, "some rows were not added");
   session.PrintSize();
 }

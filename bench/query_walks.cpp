@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "bench/stopwatch.h"
+#include "bench/times.h"
 
 namespace quarvel::bench {
 namespace {
@@ -98,10 +98,10 @@ Packed PackColumns(const LPModel& model) {
 void RunQueryWalk(const LPModel& model) {
   Sum rows;
   Sum columns;
-  PrintResult("seconds", SecondsOf([&] {
-                rows = SumOfRows(model);
-                columns = SumOfColumns(model);
-              }));
+  PrintTimes(TimesOf([&] {
+    rows = SumOfRows(model);
+    columns = SumOfColumns(model);
+  }));
   PrintSum(rows, columns);
 }
 
@@ -110,10 +110,10 @@ void RunPlainWalk(const LPModel& model) {
   const Packed column_lists = PackColumns(model);
   Sum rows;
   Sum columns;
-  PrintResult("seconds", SecondsOf([&] {
-                rows = SumOf(row_lists);
-                columns = SumOf(column_lists);
-              }));
+  PrintTimes(TimesOf([&] {
+    rows = SumOf(row_lists);
+    columns = SumOf(column_lists);
+  }));
   PrintSum(rows, columns);
 }
 

@@ -27,15 +27,21 @@ namespace fs = std::filesystem;
 
 constexpr char kUsage[] =
     "usage: bench_table [OPTION...] FOLDER\n"
-    "  --runs N      runs of each program for a job (5)\n"
+    "  --runs N      runs of each program for a job (7)\n"
     "  --small       files of a fiftieth of the size\n"
-    "  --growth      the jobs at two and four times the size as well\n"
+    "  --growth      the jobs at two, four and eight times the size as well\n"
+    "  --cold        reads and writes with memory that was not used before as well\n"
     "  --only TEXT   the jobs whose name holds TEXT\n";
+
+constexpr std::string_view kPacked = ".gz";
+// From so many on a ratio counts.
+constexpr int kEnoughRuns = 7;
 
 struct Options {
   Plan plan;
   std::string only;
-  int runs = 5;
+  bool cold = false;
+  int runs = kEnoughRuns;
 };
 
 // One line that is written over, on a terminal only.
@@ -53,7 +59,9 @@ class Status {
 // All runs of one program for one job.
 struct Runs {
   std::vector<double> seconds;
+  std::vector<double> user;
   std::vector<double> megabytes;
+  std::vector<double> pages;
   bool failed = false;
 };
 
@@ -65,7 +73,20 @@ double Median(std::vector<double> values) {
 
 std::optional<Figures> FiguresOf(const Runs& runs) {
   if (runs.failed || runs.seconds.empty()) return std::nullopt;
-  return Figures{Median(runs.seconds), Median(runs.megabytes)};
+  Figures figures;
+  figures.seconds = Median(runs.seconds);
+  figures.user = Median(runs.user);
+  const auto [fastest, slowest] = std::minmax_element(runs.seconds.begin(), runs.seconds.end());
+  figures.spread = (*slowest - *fastest) / figures.seconds;
+  figures.megabytes = Median(runs.megabytes);
+  figures.pages = Median(runs.pages);
+  return figures;
+}
+
+// How many processes wanted a processor in the last minute.
+double Load() {
+  double load = 0;
+  return getloadavg(&load, 1) == 1 ? load : 0;
 }
 
 class Table {
@@ -76,21 +97,39 @@ class Table {
   bool Run() {
     fs::create_directories(options_.plan.folder);
     NoteMissingPeers();
+    const double load = Load();
     std::vector<Cells> lines = {HeadCells()};
     bool good = true;
     for (const Job& job : ListJobs(options_.plan)) {
       if (job.name.find(options_.only) == std::string::npos) continue;
-      const Measurement measurement = Measure(job);
-      good = good && measurement.ours.has_value();
-      lines.push_back(CellsOf(measurement));
+      good = AddLine(job, false, lines) && good;
+      if (options_.cold && job.least_cold_ratio > 0) good = AddLine(Cold(job), true, lines) && good;
     }
     status_.Show("");
     std::fputs(FormatTable(lines).c_str(), stdout);
+    std::printf("%d runs of each, in turns; %ld processors; load %.1f before and %.1f after\n",
+                options_.runs, sysconf(_SC_NPROCESSORS_ONLN), load, Load());
+    if (options_.runs < kEnoughRuns) {
+      notes_.push_back("a ratio counts from " + std::to_string(kEnoughRuns) + " runs on");
+    }
     for (const std::string& note : notes_) std::printf("NOTE: %s\n", note.c_str());
     return good;
   }
 
  private:
+  // False when our own program failed.
+  bool AddLine(const Job& job, bool cold, std::vector<Cells>& lines) {
+    const Measurement measurement = Measure(job, cold);
+    lines.push_back(CellsOf(measurement));
+    return measurement.ours.has_value();
+  }
+
+  static Job Cold(Job job) {
+    job.name += ", cold memory";
+    job.least_ratio = job.least_cold_ratio;
+    return job;
+  }
+
   std::string Program(const char* name) const { return options_.plan.programs + "/" + name; }
 
   void NoteMissingPeers() {
@@ -108,6 +147,7 @@ class Table {
     if (fs::exists(file.path) && fs::last_write_time(file.path) > fs::last_write_time(generator)) {
       return;
     }
+    if (file.path.ends_with(kPacked)) return Pack(file);
     status_.Show("generating " + file.path);
     std::vector<std::string> command = {generator};
     command.insert(command.end(), file.options.begin(), file.options.end());
@@ -116,22 +156,32 @@ class Table {
     fs::rename(file.path + ".new", file.path);
   }
 
+  void Pack(const ModelFile& file) const {
+    ModelFile plain = file;
+    plain.path.resize(plain.path.size() - kPacked.size());
+    Generate(plain);
+    status_.Show("packing " + plain.path);
+    if (!RunChild({"/bin/gzip", "-kf", plain.path})) {
+      throw std::runtime_error("cannot pack " + plain.path);
+    }
+  }
+
   static std::string FileSize(const ModelFile& file) {
     return std::to_string((fs::file_size(file.path) + 500'000) / 1'000'000) + " MB";
   }
 
-  Measurement Measure(const Job& job) {
+  Measurement Measure(const Job& job, bool cold) {
     for (const ModelFile& file : job.files) Generate(file);
     Runs ours;
     std::vector<Runs> others(job.contenders.size());
     for (int run = 1; run <= options_.runs; ++run) {
       status_.Show(job.name + ": run " + std::to_string(run) + " of " +
                    std::to_string(options_.runs));
-      RunOnce(job, job.command, true, ours);
+      RunOnce(job, job.command, true, cold, ours);
       for (std::size_t k = 0; k < others.size(); ++k) {
         const Contender& contender = job.contenders[k];
         if (run > 1 && IsFarBehind(others[k], others)) continue;
-        RunOnce(job, contender.command, contender.peer != Peer::kOther, others[k]);
+        RunOnce(job, contender.command, contender.peer != Peer::kOther, cold, others[k]);
       }
     }
     Measurement measurement{job, job.size, FiguresOf(ours), {}};
@@ -148,18 +198,35 @@ class Table {
     });
   }
 
-  void RunOnce(const Job& job, const std::vector<std::string>& command, bool checked, Runs& runs) {
+  // More than the job needs: a model takes little more memory than its file.
+  static std::size_t MemoryOf(const Job& job) {
+    std::size_t bytes = std::size_t{3} << 29;
+    for (const ModelFile& file : job.files) {
+      bytes = std::max<std::size_t>(bytes, 4 * fs::file_size(file.path));
+    }
+    return bytes;
+  }
+
+  void RunOnce(const Job& job, const std::vector<std::string>& command, bool checked, bool cold,
+               Runs& runs) {
     if (runs.failed) return;
     if (!fs::exists(command.front())) {
       runs.failed = true;
       return;
     }
-    WarmMemory();
+    if (cold) {
+      LetMemoryCool();
+    } else {
+      WarmMemory(MemoryOf(job));
+    }
     const std::optional<ChildResult> result = RunChild(command);
     const std::string problem = ProblemOf(job, result, checked);
     if (problem.empty()) {
       runs.seconds.push_back(result->values.at("seconds"));
+      const auto user = result->values.find("user");
+      runs.user.push_back(user == result->values.end() ? 0 : user->second);
       runs.megabytes.push_back(result->peak_megabytes);
+      runs.pages.push_back(result->pages);
       return;
     }
     runs.failed = true;
@@ -204,6 +271,8 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
     const bool last = k + 1 == arguments.size();
     if (option == "--small") {
       options.plan.small = true;
+    } else if (option == "--cold") {
+      options.cold = true;
     } else if (option == "--growth") {
       options.plan.growth = true;
     } else if (option == "--runs" && !last) {

@@ -25,6 +25,22 @@ std::string Megabytes(const std::optional<Figures>& figures) {
   return figures ? Fixed(figures->megabytes, 0) : kNone;
 }
 
+// The system counts the processor's time in steps of some milliseconds.
+bool ComparesUserTime(const Measurement& measurement) {
+  constexpr double kLeast = 0.1;
+  return measurement.job.compares_user_time && measurement.ours->user >= kLeast;
+}
+
+// In percent of the median.
+std::string Spread(const std::optional<Figures>& figures) {
+  return figures ? Fixed(100 * figures->spread, 0) + " %" : kNone;
+}
+
+// In thousands.
+std::string Pages(const std::optional<Figures>& figures) {
+  return figures ? Fixed(figures->pages / 1000, 1) : kNone;
+}
+
 std::optional<Figures> FiguresOf(const Measurement& measurement, Peer peer) {
   for (std::size_t k = 0; k < measurement.others.size(); ++k) {
     if (measurement.job.contenders[k].peer == peer) return measurement.others[k];
@@ -70,33 +86,30 @@ std::string AimCell(const Measurement& measurement) {
 
 std::optional<double> RatioOf(const Measurement& measurement) {
   if (!measurement.ours) return std::nullopt;
+  const auto time = ComparesUserTime(measurement) ? &Figures::user : &Figures::seconds;
   std::optional<double> fastest;
   for (const std::optional<Figures>& other : measurement.others) {
-    if (other && (!fastest || other->seconds < *fastest)) fastest = other->seconds;
+    if (other && (!fastest || (*other).*time < *fastest)) fastest = (*other).*time;
   }
   if (!fastest) return std::nullopt;
-  return *fastest / measurement.ours->seconds;
+  return *fastest / (*measurement.ours).*time;
 }
 
 Cells HeadCells() {
-  return {"job",   "size", "Quarvel s",    "CoinUtils s", "GLPK s", "other s",
-          "ratio", "MB",   "CoinUtils MB", "GLPK MB",     "aim"};
+  return {"job",   "size", "Quarvel s", "spread",       "CoinUtils s", "GLPK s", "other s",
+          "ratio", "MB",   "pages",     "CoinUtils MB", "GLPK MB",     "aim"};
 }
 
 Cells CellsOf(const Measurement& measurement) {
   const std::optional<Figures> coinutils = FiguresOf(measurement, Peer::kCoinUtils);
   const std::optional<Figures> glpk = FiguresOf(measurement, Peer::kGlpk);
   const std::optional<double> ratio = RatioOf(measurement);
-  return {measurement.job.name,
-          measurement.size,
-          Seconds(measurement.ours),
-          Seconds(coinutils),
-          Seconds(glpk),
-          OtherCell(measurement),
-          ratio ? Fixed(*ratio, 2) : kNone,
-          Megabytes(measurement.ours),
-          Megabytes(coinutils),
-          Megabytes(glpk),
+  return {measurement.job.name,        measurement.size,
+          Seconds(measurement.ours),   Spread(measurement.ours),
+          Seconds(coinutils),          Seconds(glpk),
+          OtherCell(measurement),      ratio ? Fixed(*ratio, 2) : kNone,
+          Megabytes(measurement.ours), Pages(measurement.ours),
+          Megabytes(coinutils),        Megabytes(glpk),
           AimCell(measurement)};
 }
 

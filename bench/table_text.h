@@ -13,7 +13,10 @@ namespace quarvel::bench {
 // The medians of one contender's runs.
 struct Figures {
   double seconds = 0;
+  double user = 0;    // of the seconds, those of the processor outside of the system
+  double spread = 0;  // from the fastest to the slowest run, as a share of the median
   double megabytes = 0;
+  double pages = 0;
 };
 
 struct Measurement {
@@ -24,7 +27,7 @@ struct Measurement {
   std::vector<std::optional<Figures>> others;
 };
 
-// The fastest contender's time divided by ours; nothing without one.
+// The fastest contender's time divided by ours, of the kind that the job compares; nothing without one.
 std::optional<double> RatioOf(const Measurement& measurement);
 
 using Cells = std::vector<std::string>;
