@@ -1,6 +1,7 @@
 # The libraries that read and write compressed files, for the programs and the Python package only; the first
-# one packs the pixels of the command's pictures too. Where one is missing the program says so when it meets such a file; on Windows Debian has the
-# first alone.
+# one packs the pixels of the command's pictures too. Where one is missing the program says so when it meets such a
+# file; on Windows Debian has the first alone. ISA-L unpacks gzip several times as fast, where there is one for the
+# processor.
 set(ZLIB_USE_STATIC_LIBS "${WIN32}")
 find_package(ZLIB)
 find_package(BZip2)
@@ -10,6 +11,13 @@ find_path(QUARVEL_ZSTD_HEADERS zstd.h)
 if(QUARVEL_ZSTD_LIBRARY AND QUARVEL_ZSTD_HEADERS)
   add_library(quarvel_zstd INTERFACE IMPORTED)
   target_link_libraries(quarvel_zstd INTERFACE "${QUARVEL_ZSTD_LIBRARY}")
+endif()
+
+find_library(QUARVEL_ISAL_LIBRARY isal)
+find_path(QUARVEL_ISAL_HEADERS isa-l.h)
+if(QUARVEL_ISAL_LIBRARY AND QUARVEL_ISAL_HEADERS)
+  target_link_libraries(quarvel_packing PRIVATE "${QUARVEL_ISAL_LIBRARY}")
+  target_compile_definitions(quarvel_packing PRIVATE QUARVEL_HAS_ISAL)
 endif()
 
 foreach(decoder ZLIB BZip2 LibLZMA zstd)

@@ -77,7 +77,7 @@ bool IsProcessorHeader(std::string_view path, std::string_view name) {
 // What packs and unpacks files: for the programs only.
 bool IsPackersHeader(std::string_view name) {
   return name == "zlib.h" || name == "bzlib.h" || name == "lzma.h" || name == "zstd.h" ||
-         name == "zstd_errors.h";
+         name == "zstd_errors.h" || name == "isa-l.h";
 }
 
 bool IsPythonHeader(std::string_view name) { return name.starts_with("pybind11/"); }
