@@ -21,6 +21,8 @@ class ColumnOrder {
       return;
     Compare(line, column, type);
   }
+  // Whether Use has nothing to do, and so the line before is about the same column.
+  bool IsOfLast(std::int32_t column) const { return column == last_; }
   // A line of COLUMNS was used as a marker.
   void UseMarker(const SourceLine& line);
   // No line comes any more.

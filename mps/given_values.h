@@ -15,6 +15,7 @@
 
 #include "mps/given_value.h"
 #include "mps/wide_report.h"
+#include "platform/large_pages.h"
 
 namespace quarvel::mps {
 
@@ -69,13 +70,16 @@ class GivenValues {
   };
 
   template <class Entry>
-  static Entry& At(std::vector<Entry>& lines, std::int32_t number) {
+  using Table = std::vector<Entry, platform::TableAllocator<Entry>>;
+
+  template <class Entry>
+  static Entry& At(Table<Entry>& lines, std::int32_t number) {
     const auto place = static_cast<std::size_t>(number);
     if (place >= lines.size()) [[unlikely]]
       lines.resize(place + 1);
     return lines[place];
   }
-  void Note(std::vector<std::int64_t>& lines, const SourceLine& line, std::string_view word,
+  void Note(Table<std::int64_t>& lines, const SourceLine& line, std::string_view word,
             std::int32_t number) {
     const std::int64_t last = std::exchange(At(lines, number), line.number());
     if (last != 0) [[unlikely]]
@@ -89,9 +93,9 @@ class GivenValues {
 
   const HearProblem& hear_;
   const HearGivenValue& on_value_;
-  std::vector<std::int64_t> rhs_lines_;    // by row
-  std::vector<std::int64_t> range_lines_;  // by row
-  std::vector<BoundLines> bound_lines_;    // by column
+  Table<std::int64_t> rhs_lines_;    // by row
+  Table<std::int64_t> range_lines_;  // by row
+  Table<BoundLines> bound_lines_;    // by column
 };
 
 }  // namespace quarvel::mps

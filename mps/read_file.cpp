@@ -115,8 +115,21 @@ class FileRun {
     throw AutomationError(0, "", "The text is in UTF-16; UTF-8 and ASCII are read.");
   }
 
-  // False when the file ends with the line.
+  // False when the file ends with the line. Nearly all are plain lines of COLUMNS, which take a shorter way to
+  // the same.
   bool Use(SourceLine& line) {
+    if (sections_.section() != Section::kColumns || !takes_short_way_ ||
+        !wide_.IsPlainColumnLine(line)) {
+      return UseAny(line);
+    }
+    const bool goes_on = sections_.UseData(line);
+    if (!order_.IsOfLast(sink_.ColumnOf(line)) || spellings_.Wants(line)) {
+      CheckColumn(line, WideDialect::Verdict::kLine);
+    }
+    return goes_on;
+  }
+
+  [[gnu::noinline]] bool UseAny(SourceLine& line) {
     const Section section = sections_.section();
     const WideDialect::Verdict verdict =
         IsWide() ? wide_.Look(line, section) : WideDialect::Verdict::kLine;
@@ -135,7 +148,7 @@ class FileRun {
     return goes_on;
   }
 
-  void CheckColumn(const SourceLine& line, WideDialect::Verdict verdict) {
+  [[gnu::noinline]] void CheckColumn(const SourceLine& line, WideDialect::Verdict verdict) {
     const std::int32_t column = sink_.ColumnOf(line);
     if (column != 0) {
       if (spellings_.Wants(line)) CheckSpellings(line, column);
@@ -292,6 +305,7 @@ class FileRun {
   model::ModelStore& store_;
   FileRead read_;
   bool goes_on_ = true;
+  const bool takes_short_way_ = IsWide() && !options_.on_line;
   LineSource source_;
   const HearProblem hear_;
   GivenValues values_;

@@ -63,6 +63,11 @@ class WideDialect {
       return Verdict::kLine;
     return LookCloser(line, section);
   }
+  // A line of COLUMNS that Look gives back as kLine, and that begins with a blank. Sometimes false for such a
+  // line.
+  bool IsPlainColumnLine(const SourceLine& line) const {
+    return line.is_simple() && passes_on_ && HasPlainPairs(line);
+  }
   // A line behind ENDATA; true when it was text, which is told.
   bool IsTextBehindEnd(SourceLine& line) const;
   // No line comes any more, with ENDATA or without: makes the facts, and gives rows what waited.
@@ -77,11 +82,9 @@ class WideDialect {
   bool IsPlain(const SourceLine& line, Section section) const {
     if (!passes_on_) return false;
     const std::size_t count = line.token_count();
-    if (section == Section::kColumns) [[likely]] {
-      if (count == 3) return StandsPlain<2, 3>(line) && !IsSpecial(line[2]);
-      return count == 5 && StandsPlain<2, 5>(line) && !IsSpecial(line[2]) && line[4][0] != '$';
-    }
     switch (section) {
+      case Section::kColumns:
+        return HasPlainPairs(line);
       case Section::kRows:
         return count == 2 && StandsPlain<1, 2>(line) &&
                (line[1] == "E" || line[1] == "G" || line[1] == "L");
@@ -93,6 +96,13 @@ class WideDialect {
       default:
         return false;
     }
+  }
+  // Of a line of COLUMNS.
+  [[gnu::always_inline]] bool HasPlainPairs(const SourceLine& line) const {
+    const std::size_t count = line.token_count();
+    if (count == 3) [[likely]]
+      return StandsPlain<2, 3>(line) && !IsSpecial(line[2]);
+    return count == 5 && StandsPlain<2, 5>(line) && !IsSpecial(line[2]) && line[4][0] != '$';
   }
   // Words are told apart by blanks, or they are the same by fields from `kFirst` on; and the line begins
   // no header or comment.
