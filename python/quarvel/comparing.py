@@ -7,8 +7,8 @@ import math
 from typing import Any, Iterator, Optional, Union
 
 from . import _core
-from .errors import ValueRefused
 from .model import Model
+from .numbers import whole
 from .reading import Source, read
 
 
@@ -49,10 +49,9 @@ def diff(a: Union[Model, Source], b: Union[Model, Source], *, absolute: float = 
          most: int = 1_000_000) -> Differences:
     """What two models, or two files, differ in by the names of their rows and columns. Numbers that are no further
     apart than `absolute`, or `relative` times the larger one, count as one. At most `most` are listed."""
-    if most < 0:
-        raise ValueRefused("most is 0 or more")
+    listed = min(whole(most, "most"), 2**31)
     one, other = _model(a), _model(b)
-    count, told = _core.compare(one._core, other._core, absolute, relative, most)
+    count, told = _core.compare(one._core, other._core, absolute, relative, listed)
     return Differences(count, [_difference(one, other, difference) for difference in told])
 
 

@@ -9,6 +9,7 @@ import numpy.typing as npt
 
 from .errors import ValueRefused
 from .model import Model
+from .numbers import real
 
 
 def from_arrays(A: Any, c: Optional[npt.ArrayLike] = None, *, row_lb: npt.ArrayLike = -np.inf,
@@ -49,23 +50,16 @@ def from_arrays(A: Any, c: Optional[npt.ArrayLike] = None, *, row_lb: npt.ArrayL
 def _triples(A: Any) -> tuple[Any, Any, npt.NDArray[np.float64], tuple[int, int]]:
     if hasattr(A, "tocoo"):
         sparse = A.tocoo()
-        return sparse.row, sparse.col, _real(sparse.data), (sparse.shape[0], sparse.shape[1])
-    dense = _real(A)
+        return sparse.row, sparse.col, real(sparse.data, "A matrix"), (sparse.shape[0], sparse.shape[1])
+    dense = real(A, "A matrix")
     if dense.ndim != 2:
         raise ValueRefused("A matrix has two dimensions")
     rows, columns = np.nonzero(dense)
     return rows, columns, dense[rows, columns], (dense.shape[0], dense.shape[1])
 
 
-def _real(given: npt.ArrayLike) -> npt.NDArray[np.float64]:
-    array = np.asarray(given)
-    if array.dtype.kind == "c":
-        raise ValueRefused("A model has no complex numbers")
-    return array.astype(float)
-
-
 def _all(given: npt.ArrayLike, count: int) -> npt.NDArray[np.float64]:
-    array = _real(given)
+    array = real(given, "An array")
     if array.ndim == 0:
         return np.full(count, float(array))
     if array.shape != (count,):

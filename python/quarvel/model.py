@@ -14,6 +14,7 @@ import numpy.typing as npt
 
 from . import _core, picture, tables, writing
 from .errors import BusyError, NoSuchName, NumberError, Problem, ValueRefused
+from .numbers import real
 from .paths import Path, named
 
 if TYPE_CHECKING:
@@ -158,7 +159,7 @@ class Model:
         self._core = _core.Model()
         self._problems: tuple[Problem, ...] = ()
         self._path = ""
-        if name:
+        if name != "":
             self.name = name
 
     @classmethod
@@ -509,10 +510,7 @@ def _text(given: str, what: str) -> str:
 
 
 def _point(x: npt.ArrayLike, columns: int) -> Doubles:
-    given = np.asarray(x)
-    if given.dtype.kind == "c":
-        raise ValueRefused("A point has no complex numbers")
-    point = given.astype(float)
+    point = real(x, "A point")
     if point.shape != (columns,):
         raise NumberError(f"A point has one number for each of {columns} columns, not the shape {point.shape}")
     return point

@@ -9,6 +9,7 @@ from typing import Any, Callable, Literal, Optional, Union
 from . import _core
 from .errors import Problem, ReadError, ValueRefused
 from .model import Model
+from .numbers import whole
 from .paths import named
 
 Source = Union[str, "os.PathLike[str]", bytes, bytearray, memoryview]
@@ -94,10 +95,8 @@ def _options(default_lower: float, dialect: str, columns: str, objective: str, n
         raise ValueRefused(f"There are no columns {columns!r}: " + ", ".join(_COLUMNS))
     if not isinstance(objective, str):
         raise TypeError(f"objective is the name of a row, not {type(objective).__name__}")
-    if kept_of_each < 0:
-        raise ValueRefused("kept_of_each is 0 or more")
     return {"dialect": _DIALECTS[dialect], "columns": _COLUMNS[columns], "objective": objective, "lint": bool(lint),
-            "infinite_default_bounds": default_lower != 0.0, "kept_of_each": min(int(kept_of_each), 2**31),
+            "infinite_default_bounds": default_lower != 0.0, "kept_of_each": min(whole(kept_of_each, "kept_of_each"), 2**31),
             "negative_upper_frees_lower": bool(negative_upper_frees_lower)}
 
 

@@ -3,16 +3,17 @@
 from __future__ import annotations
 
 import dataclasses
-from typing import TYPE_CHECKING, Any
+from typing import TYPE_CHECKING, Any, Iterator
 
 import numpy as np
 import numpy.typing as npt
 
-from .errors import ValueRefused
+from .errors import Error, Problem, ValueRefused
 
 if TYPE_CHECKING:
     import pandas
 
+    from . import _core
     from .model import Model
 
 Doubles = npt.NDArray[np.float64]
@@ -126,18 +127,37 @@ def state(model: Model) -> dict[str, Any]:
             "elements": model._core.matrix_by_columns()}
 
 
-def restore(model: Model, kept: dict[str, Any]) -> None:
+def restore(model: Model, kept: Any) -> None:
+    """ValueRefused for what `state` has not made."""
+    if not isinstance(kept, dict):
+        raise ValueRefused(f"The pickle of a model has a dict, not {type(kept).__name__}")
     if kept.get("version") != 1:
         raise ValueRefused("The pickle is of another version of the package")
-    core = model._core
-    core.set_name(kept["texts"][0])
-    core.set_description(kept["texts"][1])
-    for name, lower, upper in zip(*kept["rows"]):
-        core.add_row(name, lower, upper)
-    for name, lower, upper, integer in zip(*kept["columns"]):
-        core.add_column(name, lower, upper, bool(integer))
+    try:
+        _fill(model._core, kept)
+        path, problems, more = kept["path"], kept["problems"], dict(kept.get("more", {}))
+        if not isinstance(path, str) or not all(isinstance(problem, Problem) for problem in problems):
+            raise TypeError("its path or its problems are others")
+    except (Error, ArithmeticError, LookupError, TypeError, ValueError) as error:
+        raise ValueRefused(f"The pickle is damaged: {error}") from error
+    model._path, model._problems = path, tuple(problems)
+    model.__dict__.update(more)
+
+
+def _fill(core: _core.Model, kept: dict[str, Any]) -> None:
+    name, description = kept["texts"]
+    core.set_name(name)
+    core.set_description(description)
+    for row, lower, upper in _together(kept["rows"]):
+        core.add_row(row, lower, upper)
+    for column, lower, upper, integer in _together(kept["columns"]):
+        core.add_column(column, lower, upper, bool(integer))
     starts, rows, values = kept["elements"]
     core.add_elements(rows, np.repeat(np.arange(len(starts) - 1, dtype=np.int32), np.diff(starts)), values)
     core.set_facts(kept["facts"])
-    model._path, model._problems = kept["path"], kept["problems"]
-    model.__dict__.update(kept.get("more", {}))
+
+
+def _together(lists: Any) -> Iterator[tuple[Any, ...]]:
+    if len({len(each) for each in lists}) != 1:
+        raise ValueError("its lists have different lengths")
+    return zip(*lists)

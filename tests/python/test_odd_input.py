@@ -49,8 +49,11 @@ def test_a_row_that_has_gone_is_told_in_one_sentence(m):
 
 
 @pytest.mark.parametrize("point, error", [
-    ([1, 2], quarvel.NumberError), ([[1, 2, 3]], quarvel.NumberError), (None, quarvel.NumberError),
-    ([1j, 1, 1], quarvel.ValueRefused), (["a"] * 3, ValueError), ({}, TypeError)])
+    ([1, 2], quarvel.NumberError), ([[1, 2, 3]], quarvel.NumberError), (None, TypeError),
+    ([1j, 1, 1], quarvel.ValueRefused), (["a"] * 3, TypeError), (["1"] * 3, TypeError), ([1, None, 1], TypeError),
+    (np.array([1, "1", 1], dtype=object), TypeError), ([[1], [1, 2], 1], quarvel.ValueRefused), ([10**400] * 3, quarvel.ValueRefused),
+    (np.ma.array([1.0, 1, 1], mask=[0, 1, 0]), quarvel.ValueRefused), (np.zeros(3, "M8[D]"), TypeError),
+    (np.zeros(3, [("x", float)]), TypeError), ({}, TypeError)])
 def test_a_point_of_another_kind(m, point, error):
     for look in (m.evaluate, m.violations):
         with pytest.raises(error):
@@ -61,6 +64,7 @@ def test_a_point_of_another_kind(m, point, error):
 def test_points_of_any_real_numbers(m, dtype):
     assert m.evaluate(np.array([1, 1, 1]).astype(dtype)).tolist() == [1, 2, 3, 0]
     assert m.evaluate(np.ones(6)[::2]).tolist() == [1, 2, 3, 0]
+    assert m.evaluate(np.ma.array([1, 1, 1], mask=False)).tolist() == [1, 2, 3, 0]
 
 
 def test_a_tolerance_is_no_less_than_nothing(m):
@@ -81,18 +85,27 @@ def test_facts_of_another_kind(m, attribute, value, error):
     assert getattr(m, attribute) == before
 
 
+def test_a_new_model_has_a_text_for_its_name():
+    for name in (0, None, [], b""):
+        with pytest.raises(TypeError):
+            quarvel.Model(name)
+
+
 def test_no_objective_may_be_named(m):
     m.objective = None
     assert m.objective == "COST"
 
 
 @pytest.mark.parametrize("given, error", [
-    (dict(A=[1, 2]), ValueError), (dict(A=None), ValueError), (dict(A=np.array([[1j]])), ValueError),
+    (dict(A=[1, 2]), ValueError), (dict(A=None), TypeError), (dict(A=np.array([[1j]])), ValueError),
     (dict(A=[[1, np.nan]]), ValueError), (dict(A=[[1]], c=[1, 2]), ValueError), (dict(A=[[1]], c=np.array([1j])), ValueError),
     (dict(A=[[1]], lb=INF), ValueError), (dict(A=[[1]], integrality=2), ValueError), (dict(A=[[1]], integrality=np.nan), ValueError),
     (dict(A=[[1, 1]], column_names="AB"), TypeError), (dict(A=[[1, 1]], column_names=["A", "A"]), quarvel.NameRefused),
     (dict(A=[[1]], column_names=[SURROGATE]), quarvel.NameRefused), (dict(A=[[1]], column_names=[b"A"]), TypeError),
-    (dict(A=[[1]], name=5), TypeError)])
+    (dict(A=[[1]], name=5), TypeError), (dict(A=[[1]], name=0), TypeError), (dict(A=[[1]], name=[]), TypeError),
+    (dict(A=[[None]]), TypeError), (dict(A=[["1"]]), TypeError), (dict(A=[[1]], lb="1"), TypeError),
+    (dict(A=np.ma.array([[1, 2]], mask=[[0, 1]])), quarvel.ValueRefused),
+    (dict(A=[[1, 2]], ub=np.ma.array([1, 2], mask=[0, 1])), quarvel.ValueRefused)])
 def test_arrays_of_another_kind(given, error):
     with pytest.raises(error):
         quarvel.from_arrays(**given)
@@ -163,6 +176,7 @@ def test_an_empty_path_and_a_folder_are_refused(m, tmp_path):
 
 @pytest.mark.parametrize("option, error", [
     (dict(objective=None), TypeError), (dict(kept_of_each=-1), ValueError), (dict(problems=None), ValueError),
+    (dict(kept_of_each=1.5), TypeError), (dict(kept_of_each=np.inf), TypeError), (dict(kept_of_each=np.nan), TypeError),
     (dict(progress=3), TypeError), (dict(default_lower=np.nan), ValueError), (dict(objective=SURROGATE), ValueError)])
 def test_options_of_another_kind(option, error):
     with pytest.raises(error):
@@ -185,6 +199,27 @@ def test_a_derived_class_keeps_what_it_adds():
     assert copy.copy(model).notes is model.copy().notes is model.notes
     one, same = copy.deepcopy([model, model])
     assert one is same and type(one) is Named and one.notes == ["a"] and one.notes is not model.notes
+
+
+@pytest.mark.parametrize("part, kept", [
+    ("texts", ()), ("texts", (1, 2)), ("facts", {}), ("facts", None), ("rows", None), ("rows", (["A"], [0], [0])),
+    ("columns", (["X"], [0], [0])), ("columns", (["X", "Y", "Z"], [0], [0], [0])), ("elements", (1, 2)),
+    ("elements", ([0, 9], [0], [1.0])), ("elements", ([0, -1], [0], [1.0])), ("elements", ([1, 0], [99], [1.0])),
+    ("elements", (None, None, None)), ("path", 3), ("problems", 3), ("problems", (3,)), ("more", 3)])
+def test_a_damaged_pickle_is_refused(m, part, kept):
+    state = m.__getstate__()
+    assert quarvel.Model.__new__(quarvel.Model).__setstate__(state) is None
+    for damaged in ({**state, part: kept}, {name: value for name, value in state.items() if name != part}):
+        if part == "more" and part not in damaged:
+            continue  # what a derived class adds may be missing
+        with pytest.raises(quarvel.ValueRefused):
+            quarvel.Model.__new__(quarvel.Model).__setstate__(damaged)
+
+
+def test_no_pickle_at_all_is_refused():
+    for state in (None, 3, "text", [], np.zeros(3)):
+        with pytest.raises(quarvel.ValueRefused):
+            quarvel.Model.__new__(quarvel.Model).__setstate__(state)
 
 
 def test_a_pickle_of_another_version_and_a_row_are_refused(m):

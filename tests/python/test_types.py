@@ -26,8 +26,8 @@ def mypy(*arguments, folder):
 def test_types_hold(tmp_path):
     package = pathlib.Path(quarvel.__file__).parent
     files = [str(package / name) for name in (
-        "errors.py", "paths.py", "reading.py", "writing.py", "model.py", "tables.py", "picture.py", "making.py",
-        "comparing.py")]
+        "errors.py", "numbers.py", "paths.py", "reading.py", "writing.py", "model.py", "tables.py", "picture.py",
+        "making.py", "comparing.py")]
     run = mypy("--ignore-missing-imports", *files, folder=tmp_path)
     assert run.returncode == 0, run.stdout
     (tmp_path / "program.py").write_text(PROGRAM)
