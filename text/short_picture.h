@@ -39,7 +39,8 @@ inline std::size_t PutShortPicture(double value, char* end) {
   if (!(magnitude < kLimit)) return 0;
   // Digits that divide back to the value are its text: a decimal of up to 15 digits is recovered from its
   // nearest double.
-  const auto scaled = static_cast<std::int64_t>(magnitude * kScale + 0.5);
+  const double to_nearest = magnitude * kScale + 0.5;  // of one that is not negative
+  const auto scaled = static_cast<std::int64_t>(to_nearest);
   if (static_cast<double>(scaled) / kScale != magnitude) return 0;
   const auto digits = static_cast<std::uint64_t>(scaled);
   const auto whole = static_cast<std::uint32_t>(digits / kScale);
