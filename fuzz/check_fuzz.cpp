@@ -18,6 +18,7 @@
 #include "mps/exact_losses.h"
 #include "mps/read_file.h"
 #include "tests/support/run_quarvel.h"
+#include "text/encoding.h"
 
 namespace {
 
@@ -119,12 +120,16 @@ class NaiveLint {
   std::map<FileProblemCode, std::int64_t> counts_;
 };
 
-// Text of two bytes a character: it has the mark of that, or one of the first two bytes is 0.
+// Text of two bytes a character: it has the mark of that, or one of the first two characters is 0. These are bytes,
+// unless the line is UTF-8.
 bool IsOfTwoBytesEach(const std::string& bytes) {
   const std::string line = bytes.substr(0, bytes.find_first_of("\r\n"));
-  if (line.size() < 2) return false;
-  return line.starts_with("\xFF\xFE") || line.starts_with("\xFE\xFF") ||
-         (line[0] == 0) != (line[1] == 0);
+  if (line.starts_with("\xFF\xFE") || line.starts_with("\xFE\xFF")) return true;
+  std::size_t second = 1;
+  if (text::IsValidUtf8(line)) {
+    while (second < line.size() && (line[second] & 0xC0) == 0x80) ++second;
+  }
+  return second < line.size() && (line[0] == 0) != (line[second] == 0);
 }
 
 std::string LintFault(const std::string& path, const std::string& bytes) {

@@ -18,11 +18,14 @@
 namespace quarvel::mps {
 namespace {
 
-// Whether a file that begins with that line is UTF-16: it has the mark of that, as the line reader gives
-// it out, or every other byte is 0.
+// Whether a file that begins with that line, as the line reader gives it out in UTF-8, is UTF-16: it has the mark
+// of that, or one of its first two characters is 0.
 bool IsUtf16(std::string_view line) {
   if (line.starts_with("\xC3\xBF\xC3\xBE") || line.starts_with("\xC3\xBE\xC3\xBF")) return true;
-  return line.size() >= 2 && (line[0] == '\0') != (line[1] == '\0');
+  const auto goes_on = [line](std::size_t at) { return (line[at] & 0xC0) == 0x80; };
+  std::size_t second = 1;
+  while (second < line.size() && goes_on(second)) ++second;
+  return second < line.size() && (line[0] == '\0') != (line[second] == '\0');
 }
 
 class FileRun {

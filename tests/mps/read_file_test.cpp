@@ -77,7 +77,9 @@ std::string InUtf16(std::string_view text, bool big_endian) {
 TEST_F(ReadFileTest, SaysThatUtf16IsNotRead) {
   for (const std::string& text :
        {"\xFF\xFE" + InUtf16(kGood, false), "\xFE\xFF" + InUtf16(kGood, true),
-        InUtf16(kGood, false), InUtf16(kGood, true)}) {
+        InUtf16(kGood, false), InUtf16(kGood, true),
+        // A letter above ASCII first, which alone is no UTF-8.
+        std::string("\xE9\0", 2) + InUtf16(kGood, false)}) {
     const FileRead read = Read(text);
     EXPECT_EQ(read.outcome, ReadOutcome::kFailed);
     ASSERT_EQ(read.problems.kept().size(), 1U);
