@@ -87,7 +87,8 @@ TEST(ShortPicture, AgreesForRandomDecimals) {
   for (int round = 0; round < 100'000; ++round) {
     const std::uint64_t limit = std::uint64_t{1} << (1 + random() % 26);
     const auto integer = static_cast<double>(random() % limit);
-    ExpectThePicture((random() % 2 != 0 ? integer : -integer) / kScales[random() % 7]);
+    ExpectThePicture((random() % 2 != 0 ? integer : -integer) /
+                     kScales[static_cast<std::size_t>(random() % 7)]);
     if (testing::Test::HasFatalFailure()) return;
   }
 }
