@@ -50,10 +50,11 @@ class GivenValues {
   void NoteSense(const SourceLine& line, ObjectiveSense sense) const {
     if (on_value_) on_value_(line, {.kind = GivenValue::Kind::kSense, .sense = sense});
   }
-  // The line gives a coefficient of 0, which is that word, in the row of that name.
+  // The line of COLUMNS gives a coefficient of 0, which is that word, in the row of that name.
   void NoteZero(const SourceLine& line, std::string_view word, std::string_view row) const {
     if (!CheckZero(line, word)) {
-      TellOf(hear_, FileProblemCode::kZeroCoefficient, line, word, std::string(row), "no element");
+      TellOf(hear_, FileProblemCode::kZeroCoefficient, line, word, std::string(row),
+             "no element of column " + std::string(line[1]));
     }
   }
   // The word was read as that value.

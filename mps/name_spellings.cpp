@@ -12,7 +12,7 @@ void NameSpellings::Compare(Spellings& last, const SourceLine& line, std::string
   const auto place = static_cast<std::size_t>(number);
   const std::uint64_t spelling = line.LettersOf(UnusualLetters(line), name);
   if (spelling == 0 && last.empty()) return;
-  has_unusual_ = true;
+  has_unusual_ = looks_closer_ = true;
   if (place >= last.size()) last.resize(place + 1);
   if (std::exchange(last[place], spelling) == spelling || is_new) return;
   TellOf(hear_, FileProblemCode::kOtherLetters, line, name, std::string(name), std::string(made));

@@ -25,7 +25,10 @@ class NameSpellings {
   // The line adds that row. How the first one is spelled is taken for the usual way: letters all capital, or
   // all small. Names that are all spelled that way cost a look at their line.
   void AddRow(const SourceLine& line, std::string_view name, std::int32_t row) {
-    if (row == 1) small_is_usual_ = line.SmallLettersOf(name) != 0;
+    if (row == 1) {
+      small_is_usual_ = line.SmallLettersOf(name) != 0;
+      looks_closer_ = small_is_usual_ || has_unusual_;
+    }
     UseRow(line, name, row, true);
   }
   // The line names a row or column of that number, which `name`, of its split_text(), is; `is_new`: no line
@@ -42,7 +45,10 @@ class NameSpellings {
       Compare(columns_, line, name, column, is_new, kOneColumn);
   }
   // Whether these calls do anything: not for the lines before the first unusual letter.
-  bool Wants(const SourceLine& line) const { return has_unusual_ || UnusualLetters(line) != 0; }
+  bool Wants(const SourceLine& line) const {
+    if (looks_closer_) return has_unusual_ || UnusualLetters(line) != 0;
+    return line.small_letters() != 0;
+  }
 
  private:
   // By number, the bits of the unusual letters of the name; short by those behind its end, which had none.
@@ -56,7 +62,8 @@ class NameSpellings {
 
   const HearProblem& hear_;
   bool small_is_usual_ = false;
-  bool has_unusual_ = false;  // some name had such letters
+  bool has_unusual_ = false;   // some name had such letters
+  bool looks_closer_ = false;  // one of the two
   Spellings rows_;
   Spellings columns_;
 };

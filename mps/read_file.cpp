@@ -100,8 +100,7 @@ class FileRun {
     if (IsWide()) source_.WatchTabs();
     SourceLine& line = source_.line();
     while (goes_on_ && source_.Next(sections_.section())) {
-      if (line.number() == 1 && IsWide()) CheckEncoding(line);
-      if (line.number() % kLinesBetweenCalls == 0 && !Progress()) break;
+      if (line.number() == next_look_ && !LookUp(line)) break;
       if (!Use(line)) break;
     }
     read_.facts.lines = line.number();
@@ -109,6 +108,17 @@ class FileRun {
     // What is packed tells at its end only whether it was whole.
     if (goes_on_ && options_.open) source_.SkipRest();
     source_.Close();
+  }
+
+  // At the first line, and every so many lines; false when the read is to end.
+  [[gnu::noinline]] bool LookUp(const SourceLine& line) {
+    if (line.number() == 1) {
+      next_look_ = kLinesBetweenCalls;
+      if (IsWide()) CheckEncoding(line);
+      return true;
+    }
+    next_look_ += kLinesBetweenCalls;
+    return Progress();
   }
 
   bool IsWide() const { return options_.dialect == FileDialect::kWide; }
@@ -121,18 +131,21 @@ class FileRun {
   // False when the file ends with the line. Nearly all are plain lines of COLUMNS, which take a shorter way to
   // the same.
   bool Use(SourceLine& line) {
-    if (sections_.section() != Section::kColumns || !takes_short_way_ ||
-        !wide_.IsPlainColumnLine(line)) {
-      return UseAny(line);
-    }
-    const bool goes_on = sections_.UseData(line);
+    if (!takes_short_way_ || !wide_.IsPlainColumnLine(line)) return UseAny(line);
+    const bool goes_on = sections_.UseColumnData(line);
     if (!order_.IsOfLast(sink_.ColumnOf(line)) || spellings_.Wants(line)) {
       CheckColumn(line, WideDialect::Verdict::kLine);
     }
     return goes_on;
   }
 
-  [[gnu::noinline]] bool UseAny(SourceLine& line) {
+  bool UseAny(SourceLine& line) {
+    const bool goes_on = UseAsItStands(line);
+    takes_short_way_ = sections_.section() == Section::kColumns && IsWide() && !options_.on_line;
+    return goes_on;
+  }
+
+  [[gnu::noinline]] bool UseAsItStands(SourceLine& line) {
     const Section section = sections_.section();
     const WideDialect::Verdict verdict =
         IsWide() ? wide_.Look(line, section) : WideDialect::Verdict::kLine;
@@ -308,7 +321,8 @@ class FileRun {
   model::ModelStore& store_;
   FileRead read_;
   bool goes_on_ = true;
-  const bool takes_short_way_ = IsWide() && !options_.on_line;
+  bool takes_short_way_ = false;  // lines of COLUMNS that are plain; settled by each other line
+  std::int64_t next_look_ = 1;
   LineSource source_;
   const HearProblem hear_;
   GivenValues values_;

@@ -114,6 +114,11 @@ class Sections {
     UseDataLine(line);
     return goes_on_;
   }
+  // The same of one that stands in COLUMNS.
+  bool UseColumnData(const SourceLine& line) {
+    UseColumn(line);
+    return goes_on_;
+  }
 
  private:
   // A row's number and a value, or row 0 after a problem.

@@ -113,8 +113,9 @@ class WideDialect {
                             : AreInOwnFields<kFirst, kCount>(line.inside());
     return stands && line[1][0] != '*';
   }
-  // It begins as a marker does, or as a comment.
-  static bool IsSpecial(std::string_view word) { return word[0] == '\'' || word[0] == '$'; }
+  // It may begin as a marker does, with an apostrophe, or as a comment, with a dollar sign: one comparison
+  // knows both, and % and &.
+  static bool IsSpecial(std::string_view word) { return (word[0] & ~3) == '$'; }
   static bool HasTab(std::string_view text) { return text.find('\t') != std::string_view::npos; }
 
   Verdict LookCloser(SourceLine& line, Section section);

@@ -255,7 +255,7 @@ TEST(Explain, TellsTheLineOfACoefficientOfZero) {
             "  elements  1\n"
             "            COST 1: line 5\n"
             "            NEED 0: line 6, of which no element is made\n"
-            "  problem   W423, line 6: a coefficient of 0: NEED; no element\n"
+            "  problem   W423, line 6: a coefficient of 0: NEED; no element of column X\n"
             "5 | X COST 1\n"
             "6 | X NEED 0\n");
   const std::string row = RunQuarvel({"explain", model, "COST", "--limit", "1"}).out;

@@ -212,8 +212,9 @@ TEST(Reading, TellsOfColumnsWithoutElementsAndGoesOn) {
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(
       run.err,
-      folder.Expand("quarvel: @a.mps: line 5: a coefficient of 0: R1; no element (and 1 more)\n"
-                    "quarvel: @a.mps: the column has no coefficients: Y (and 1 more)\n"));
+      folder.Expand(
+          "quarvel: @a.mps: line 5: a coefficient of 0: R1; no element of column Y (and 1 more)\n"
+          "quarvel: @a.mps: the column has no coefficients: Y (and 1 more)\n"));
 }
 
 TEST(Reading, EndsWithAFileThatCannotBeRead) {

@@ -77,7 +77,8 @@ TEST(GivenValues, TellCoefficientsOfZero) {
             "E110 8 NONE");
   const WideReading reading("ROWS\n L LIM\nCOLUMNS\n X LIM 1\n Y LIM 0\nENDATA\n");
   ASSERT_EQ(reading.read.problems.kept().size(), 2U);
-  EXPECT_EQ(SentenceOf(reading.read.problems.kept()[0]), "a coefficient of 0: LIM; no element");
+  EXPECT_EQ(SentenceOf(reading.read.problems.kept()[0]),
+            "a coefficient of 0: LIM; no element of column Y");
   EXPECT_EQ(reading.read.problems.kept()[1].item, "Y");
 }
 
