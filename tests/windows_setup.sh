@@ -16,11 +16,11 @@ case "${QUARVEL_WINE32:-}" in
 esac
 drive="$prefix/drive_c"
 profile="users/$(id -un)"
-failed=0
+failures=()
 check() { # TITLE COMMAND...
   local title=$1
   shift
-  if "$@"; then echo "ok $title"; else echo "FAILED $title"; failed=1; fi
+  if "$@"; then echo "ok $title"; else echo "FAILED $title"; failures+=("$title"); fi
 }
 
 # run LINE: as a line of a batch file, the way a user's own would be; its exit status.
@@ -47,7 +47,11 @@ snapshot() { # NAME
 }
 is_as_before() { # BEFORE
   snapshot after
-  diff "$work/$1" "$work/after"
+  local differences
+  differences=$(diff "$work/$1" "$work/after") && return
+  head -20 <<<"$differences"
+  echo "$(wc -l <<<"$differences") lines of differences; $work has both"
+  return 1
 }
 
 # status NUMBER LINE: the line ends with that exit status.
@@ -87,13 +91,16 @@ says() { # EXPECTED KEY NAME
   [ "$got" = "$1" ] || { echo "it says: $got"; return 1; }
 }
 
-gone_in_time() { # PATH: what ends the uninstaller comes a moment after it
-  for _ in $(seq 100); do
-    [ -e "$drive/$1" ] || return 0
+# in_time COMMAND...: tried for a minute until it succeeds.
+in_time() {
+  local end=$((SECONDS + 60))
+  until "$@"; do
+    [ $SECONDS -lt $end ] || return 1
     sleep 0.2
   done
-  echo "still $1"
-  return 1
+}
+gone_in_time() { # PATH: what ends the uninstaller comes a moment after it
+  in_time not_there "$1" >/dev/null || { echo "still $1"; return 1; }
 }
 
 # A version before this one, with a file that this one has not; and one whose component is none.
@@ -137,12 +144,13 @@ tours() { # BITS FOLDER
 # What a double click does; the viewer then stands there with its program in use.
 opens_viewer() { # MODEL
   cmake/wine.sh start "$1" || return 1
-  for _ in $(seq 100); do
-    grep -sqa 'Ж.quarvel-vie[w]\.exe' /proc/[0-9]*/cmdline && return 0
-    sleep 0.2
-  done
-  echo "no viewer"
-  return 1
+  in_time viewer_runs || { echo "no viewer"; return 1; }
+}
+viewer_runs() { grep -sqa 'Ж.quarvel-vie[w]\.exe' /proc/[0-9]*/cmdline; }
+no_viewer_runs() { ! viewer_runs; }
+# Its program is in use until the process has gone, which is a moment after it was told to.
+ends_viewer() {
+  status 0 'taskkill /f /im quarvel-view.exe' && in_time no_viewer_runs
 }
 
 uninstall_key='Software\Microsoft\Windows\CurrentVersion\Uninstall\Quarvel'
@@ -175,7 +183,7 @@ for_one_user() {
   check "no upgrade while the viewer runs" status 4 'start /wait C:\setup.exe /S'
   check "no removal while the viewer runs" removal 4 "$remove"
   check "nothing was removed" there "$here/quarvel.exe"
-  check "the viewer ends" status 0 'taskkill /f /im quarvel-view.exe'
+  check "the viewer ends" ends_viewer
   merge out
   check "removal" removal 0 "$remove"
   check "the folder goes" gone_in_time "$here"
@@ -239,5 +247,6 @@ rm -f "$drive"/{setup,older-setup,broken-setup,without_rights}.exe "$drive"/{run
 rmdir "$drive/Some Tools"
 cmake/wine.sh reg delete 'HKCU\Software\Classes\Interface' /f >/dev/null
 cmake/wine.sh reg delete 'HKLM\Software\Classes\.mps' /f >/dev/null
-[ $failed -eq 0 ] && rm -rf "$work"
-exit $failed
+if [ ${#failures[@]} -eq 0 ]; then rm -rf "$work"; exit 0; fi
+printf 'failed: %s\n' "${failures[@]}"
+exit 1

@@ -102,8 +102,10 @@ TEST_F(JourneyTest, ReadIsStopped) {
   const auto progress = GetWindow(question, GW_OWNER);
   const HWND stop = driver().Control(progress, "cmdStop");
   EXPECT_FALSE(IsWindowEnabled(progress));
-  PostMessageW(question, WM_COMMAND, IDYES, 0);
-  PostMessageW(stop, BM_CLICK, 0, 0);
+  driver().AtOnce([&] {
+    PostMessageW(question, WM_COMMAND, IDYES, 0);
+    PostMessageW(stop, BM_CLICK, 0, 0);
+  });
   EXPECT_EQ(driver().Answer("Confirm", IDYES), "Are you sure you wish to stop?");
   EXPECT_EQ(driver().Wait(), 1u);
 }

@@ -277,6 +277,14 @@ void WindowDriver::AnswerFile(std::string_view title, std::string_view path) con
   throw std::runtime_error("a file dialog without a box for the name");
 }
 
+void WindowDriver::AtOnce(const std::function<void()>& post) const {
+  if (SuspendThread(process_.hThread) == static_cast<DWORD>(-1)) {
+    throw std::runtime_error("the program cannot be held");
+  }
+  post();
+  ResumeThread(process_.hThread);
+}
+
 DWORD WindowDriver::Wait() const {
   if (WaitForSingleObject(process_.hProcess, static_cast<DWORD>(kPatienceMs)) != WAIT_OBJECT_0) {
     throw std::runtime_error("the program does not end; there is" + WindowsThere());

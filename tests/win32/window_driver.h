@@ -55,6 +55,10 @@ class WindowDriver {
   // Enters a path in the file dialog of that title and presses OK.
   void AnswerFile(std::string_view title, std::string_view path) const;
 
+  // Gives the program messages that it finds all at once, whatever else the machine does meanwhile:
+  // it stands still while `post` runs, so that only PostMessage may be called there.
+  void AtOnce(const std::function<void()>& post) const;
+
   // Waits for the end of the program; its exit status.
   DWORD Wait() const;
 
