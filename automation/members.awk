@@ -121,7 +121,7 @@ function PageHead() {
   print "# The members of Quarvel.LPModel\n" >OUT
   print "In the order of the interface, which never changes. Made from" >OUT
   print "[automation/quarvel.idl](../automation/quarvel.idl) by `cmake --build build/linux --target members_page`;" >OUT
-  print "[component.md](component.md) tells how to call them and what their errors are.\n" >OUT
+  print "[The page of the component](component.md) tells how to call them and what their errors are.\n" >OUT
   print "A *get* is the read of a property, a *let* its write, a *set* its write of an object; a *method* is an" >OUT
   print "ordinary call. The new value of a property is its last argument.\n" >OUT
   print "All numbers of rows, columns and elements start at 0. Each member has an example in VBScript, which a test runs with" >OUT
