@@ -31,11 +31,16 @@ bool IsHeader(const std::string& word) {
                      "OBJSENS", "OBJSENSEMAX", "OBJSENSEMIN", "OBJNAME", "LAZYCONS", "USERCUTS"});
 }
 
-// The mark of UTF-16, of either order, read as Windows-1252; or a character of a byte and a zero.
+// The mark of UTF-16, of either order, read as Windows-1252; or of the first two characters, in UTF-8, one is 0.
 bool IsOfTwoBytesEach(const std::string& first_line) {
   if (first_line.starts_with("\xC3\xBF\xC3\xBE")) return true;
   if (first_line.starts_with("\xC3\xBE\xC3\xBF")) return true;
-  return first_line.size() > 1 && (first_line[0] == 0) != (first_line[1] == 0);
+  std::string beginnings;  // the first byte of each character
+  for (const char c : first_line) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte < 0x80 || byte >= 0xC0 || beginnings.empty()) beginnings += c;
+  }
+  return beginnings.size() > 1 && (beginnings[0] == 0) != (beginnings[1] == 0);
 }
 
 std::string WithoutBlanksAround(std::string text) {
