@@ -38,10 +38,11 @@ class OptionsDesktop : public api::WindowlessDesktop {
 
 }  // namespace
 
-void api::RunSimplifier(ModelParts& parts, platform::Desktop& desktop, std::string& log) {
+void api::RunSimplifier(ModelParts& parts, platform::Desktop& desktop, std::string& log,
+                        std::vector<std::string>* altered) {
   log.clear();
   simplify::SimplificationLog kept(parts.store);
-  kept.KeepIn(&log);
+  kept.KeepIn(&log, altered);
   model::ViewLink view;
   mps::frmProgress window(desktop);
   simplify::Simplifier({parts.store, desktop, view, kept, window}).Run();
@@ -56,7 +57,7 @@ SimplifyResult Simplify(Model& model, const SimplifyOptions& options) {
     SimplifyResult result;
     const std::int32_t rows = parts.store.NumberOfRows();
     const std::int32_t columns = parts.store.NumberOfColumns();
-    api::RunSimplifier(parts, desktop, result.log);
+    api::RunSimplifier(parts, desktop, result.log, &result.altered);
     result.is_stopped = desktop.is_stopped();
     result.conflicts = desktop.conflicts();
     result.removed_rows = rows - parts.store.NumberOfRows();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "api/parts.h"
 #include "platform/desktop.h"
@@ -9,6 +10,8 @@
 namespace quarvel::api {
 
 // Raises what stops it in the middle. `log` is emptied first; what was done stands in it afterwards.
-void RunSimplifier(ModelParts& parts, platform::Desktop& desktop, std::string& log);
+// `altered`: as SimplifyResult has it, if it is wanted.
+void RunSimplifier(ModelParts& parts, platform::Desktop& desktop, std::string& log,
+                   std::vector<std::string>* altered = nullptr);
 
 }  // namespace quarvel::api

@@ -228,7 +228,9 @@ class LPModel final : public model::ModelInterface {
   const model::ModelStore& store() const { return store_; }
   platform::Desktop& desktop() const { return desktop_; }
   // Logs of simplifications go to `text`, no longer to files: simplify/simplification_log.h.
-  void KeepLogIn(std::string* text) { log_.KeepIn(text); }
+  void KeepLogIn(std::string* text, std::vector<std::string>* altered = nullptr) {
+    log_.KeepIn(text, altered);
+  }
 
  private:
   // What stands at 0-based numbers, which are checked.

@@ -11,6 +11,7 @@
 #include "hosts/streams.h"
 #include "text/edit_distance.h"
 #include "text/numbers.h"
+#include "text/upper_case.h"
 
 namespace quarvel::hosts {
 namespace {
@@ -156,7 +157,8 @@ constexpr Option kMoreOptions[] = {
      [](Arguments& a, std::string_view) { return a.edit = true; }},
     {kMissingEndata, "--allow-missing-endata", "", "", "write also what a file without ENDATA held",
      [](Arguments& a, std::string_view) { return a.allow_missing_endata = true; }},
-    {kLoss, "--allow-loss", "", "", "write also limits and bounds that read back as others",
+    {kLoss, "--allow-loss", "", "",
+     "write also limits and bounds that read back as others, and a simplified model that is another",
      [](Arguments& a, std::string_view) { return a.allow_loss = true; }},
     {kOnly, "--only", "", "CODES",
      "of these problems only: ids, names or the starts of ids,\n"
@@ -193,7 +195,14 @@ const Option& KnownOption(std::string_view name) {
   const Option* const option = FindOption(name);
   if (option != nullptr) return *option;
   text::NearestWords nearest(name);
-  for (const Option& each : AllOptions()) nearest.Offer(each.name);
+  for (const Option& each : AllOptions()) {
+    const std::string_view letter = each.short_name;
+    if (!letter.empty() && text::UpperCase(letter) == text::UpperCase(name)) {
+      RaiseUsage("there is no option " + std::string(name) +
+                 text::DidYouMean({std::string(letter)}));
+    }
+    nearest.Offer(each.name);
+  }
   RaiseUsage("there is no option " + std::string(name) + text::DidYouMean(nearest.words()));
 }
 

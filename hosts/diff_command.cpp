@@ -73,6 +73,10 @@ int RunDiff(Session& session) {
   if (arguments.script && (arguments.json || arguments.quiet)) {
     throw CommandError(kUsage, "diff takes --script without --json and --quiet");
   }
+  if (arguments.script && (arguments.used & kLimit) != 0) {
+    throw CommandError(kUsage,
+                       "diff takes --script without --limit: half of the commands make no B");
+  }
   StopAtSecondStandardInput(arguments.operands);
   session.Read(arguments.operands[0]);
   Session other(arguments, session.streams);

@@ -20,8 +20,8 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 void RunNamed(Session& session, std::string_view what, std::int64_t number,
               const std::string& line) {
   const auto raise = [&](const std::string& text) {
-    throw CommandError(
-        kProblem, std::string(what) + ' ' + text::IntegerText(number) + " (" + line + "): " + text);
+    session.Note(std::string(what) + ' ' + text::IntegerText(number) + " (" + line + "): " + text);
+    throw CommandError(kProblem, session.output() + " was not written");
   };
   try {
     RunEditLine(session, line);

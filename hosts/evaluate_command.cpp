@@ -38,8 +38,7 @@ void NoteRepeated(Session& session, const Point& point) {
     if (&name != &repeated.first.front()) text += ", ";
     text += name;
   }
-  const bool has_more = repeated.count > static_cast<std::int64_t>(repeated.first.size());
-  session.Note(has_more ? text + ", ..." : text);
+  session.Note(repeated.has_more ? text + ", ..." : text);
 }
 
 }  // namespace

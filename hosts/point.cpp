@@ -77,7 +77,11 @@ void RefuseStandardInputTwice(const std::string& model, const std::string& point
 }
 
 void Point::Names::Add(std::string_view name) {
-  if (++count <= static_cast<std::int64_t>(kKeptNames)) first.emplace_back(name);
+  ++count;
+  const bool is_there = std::find(first.begin(), first.end(), name) != first.end();
+  if (is_there) return;
+  has_more = first.size() == kKeptNames;
+  if (!has_more) first.emplace_back(name);
 }
 
 Point::Point(const LPModel& model, std::function<void(std::string_view)> note)

@@ -25,7 +25,8 @@ class Point {
   static constexpr std::size_t kKeptNames = 10;
   struct Names {
     std::int64_t count = 0;
-    std::vector<std::string> first;
+    std::vector<std::string> first;  // each once
+    bool has_more = false;           // other names than these
 
     void Add(std::string_view name);
   };

@@ -32,7 +32,9 @@ std::string Objection(const Command& command, const Arguments& arguments) {
     return "takes --ask or --dialect wide: the questions are the component's";
   const auto& operands = arguments.operands;
   if (operands.size() < command.fewest_operands || operands.size() > command.most_operands) {
-    return "takes " + std::string(command.operands);
+    const std::string taken = "takes " + std::string(command.operands);
+    if (operands.size() < command.fewest_operands) return taken;
+    return taken + ", and not \"" + operands[command.most_operands] + "\" as well";
   }
   const bool empty = std::any_of(operands.begin(), operands.end(),
                                  [](const std::string& operand) { return operand.empty(); });
@@ -109,7 +111,9 @@ int RunOrComplain(std::span<const std::string> words, const Streams& streams, in
   } catch (const CommandError& error) {
     Complain(streams, error.text());
     if (error.status() == kUsage) {
-      const std::string known = FindCommand(command) == nullptr ? "" : command + ' ';
+      const bool is_about_others = command == "help" || command == "man";
+      const std::string known =
+          is_about_others || FindCommand(command) == nullptr ? "" : command + ' ';
       Complain(streams, "\"quarvel " + known + "--help\" tells more");
     }
     return error.status() == kProblem ? failure : error.status();

@@ -42,7 +42,7 @@ Session::Session(const Arguments& arguments_given, const Streams& streams_given)
     desktop_.set_interactive(false);
     desktop_.set_shows_progress(false);
   }
-  model_.KeepLogIn(&log_);
+  model_.KeepLogIn(&log_, &altered_);
   answers_.can_ask = desktop_.interactive();
   answers_.on_note = [this](std::string_view text) { Note(text); };
 }
@@ -80,9 +80,13 @@ void Session::Read(const std::string& path) {
   }
   answers_.file_failed = false;
   read_as_ = platform::StampBehind(path);
-  const bool is_read = arguments.reads_as_component()
-                           ? ReadAsComponent(path)
-                           : reading_.Read(path) == mps::ReadOutcome::kRead;
+  mps::ReadOutcome outcome = mps::ReadOutcome::kRead;
+  if (!arguments.reads_as_component()) {
+    outcome = reading_.Read(path);
+  } else if (!ReadAsComponent(path)) {
+    outcome = mps::ReadOutcome::kRefused;
+  }
+  const bool is_read = outcome == mps::ReadOutcome::kRead;
   answers_.TellRest();
   size_ = arguments.reads_as_component() ? SizeOf(model_.store()) : reading_.size();
   StopIfInterrupted();
@@ -95,7 +99,8 @@ void Session::Read(const std::string& path) {
   std::string text = NameOfInput(path) + " was not read";
   const bool passes_over =
       AnswerTo(platform::BoxKind::kReadProblem, arguments).answer == platform::MsgBoxResult::kYes;
-  if (!passes_over && !answers_.can_ask && !answers_.file_failed) {
+  const bool has_failed = answers_.file_failed || outcome == mps::ReadOutcome::kFailed;
+  if (!passes_over && !answers_.can_ask && !has_failed) {
     text += "; \"--on-error continue\" passes over problems, \"quarvel check\" lists them";
   }
   throw CommandError(kProblem, text);
@@ -107,8 +112,11 @@ bool Session::NoteCutEnd(const std::string& path) {
     InputEnd input(std::make_unique<platform::FileBytes>(platform::InputFile(path)));
     is_cut_off = input.IsCutOff();
   }
-  if (is_cut_off) Note(MissingEndText(NameOfInput(path)));
-  return is_cut_off;
+  if (!is_cut_off) return false;
+  // Where nothing but the end was missing, that has been told with its line.
+  const bool is_told = reading_.problems().CountOf(mps::FileProblemCode::kMissingEndata) != 0;
+  if (!is_told) Note(MissingEndText(NameOfInput(path)));
+  return true;
 }
 
 void Session::NoteWholeCopies(const std::string& path) {
@@ -180,6 +188,7 @@ void Session::Simplify() {
 void Session::TakeLog() {
   if (log_.empty()) return;
   is_simplified_ = true;
+  NoteAltered();
   const std::string log = std::exchange(log_, {});
   logs_ += log;
   if (arguments.log.empty())
@@ -187,6 +196,16 @@ void Session::TakeLog() {
   if (arguments.log == kStandardOutput) return PrintLog(log);
   ReplaceLog(logs_);
   Note(answers_.file + ": the simplifications are listed in " + arguments.log);
+}
+
+void Session::NoteAltered() {
+  constexpr std::size_t kShown = 5;
+  const std::string prefix = answers_.file + ": the simplified model is another one: ";
+  const std::size_t first = std::exchange(altered_told_, altered_.size());
+  for (std::size_t i = first; i < std::min(altered_.size(), first + kShown); ++i) {
+    const std::size_t more = i + 1 == first + kShown ? altered_.size() - i - 1 : 0;
+    Note(prefix + altered_[i] + (more != 0 ? " (and " + std::to_string(more) + " more)" : ""));
+  }
 }
 
 void Session::TakeLogOfSimplification() {
@@ -227,6 +246,11 @@ void Session::ReplaceLog(std::string_view log_text) {
 void Session::Write(const std::string& path, mps::FileLayout usual) {
   StopIfInterrupted();
   StopIfUnanswered();
+  if (!altered_.empty() && !arguments.allow_loss) {
+    throw CommandError(kProblem, NameOfOutput(path) +
+                                     " was not written: the simplified model is another one; "
+                                     "--allow-loss writes it all the same");
+  }
   const OutputTarget target = TargetOf(path, model_.FileLocation());
   inspect::WriteOptions options = {.layout = arguments.layout.value_or(usual),
                                    .allow_changes = arguments.allow_loss,

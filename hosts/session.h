@@ -50,6 +50,8 @@ class Session {
   // verified, and what the file does not keep of it. Raises a CommandError when it was not written, as one
   // that would read back as another model is not.
   void Write(const std::string& path, mps::FileLayout usual);
+  // What is to be written, as messages call it; after ReadToWrite.
+  const std::string& output() const { return output_; }
   // An edit command was run; the receipt of --json tells how many there were.
   void CountCommand() { ++commands_; }
 
@@ -105,6 +107,8 @@ class Session {
   void TakeLog();
   // The same of one that was asked for: --log then names no longer what an earlier one did.
   void TakeLogOfSimplification();
+  // Says which rows became other bounds than they were.
+  void NoteAltered();
   void ReplaceLog(std::string_view log_text);
   // To standard output.
   void PrintLog(std::string_view log_text);
@@ -113,6 +117,9 @@ class Session {
   platform::ConsoleDesktop desktop_;
   std::string log_;   // of the last simplification, in the place of a file beside the model
   std::string logs_;  // of all of them
+  std::vector<std::string>
+      altered_;  // sentences about rows that became other bounds than they were
+  std::size_t altered_told_ = 0;
   bool is_simplified_ = false;
   LPModel model_;
   FileReading reading_;

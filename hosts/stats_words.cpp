@@ -50,7 +50,8 @@ std::string ShortBound(Bound bound, Room room) {
 
 std::string ShortText(double value, Room room) {
   std::array<char, 32> letters;
-  const auto end = std::to_chars(letters.data(), letters.data() + letters.size(), value,
+  const double shown = value + 0.0;  // a zero without a sign
+  const auto end = std::to_chars(letters.data(), letters.data() + letters.size(), shown,
                                  std::chars_format::general, room == Room::kUsual ? 6 : 3);
   std::string text(letters.data(), end.ptr);
   std::replace(text.begin(), text.end(), 'e', 'E');

@@ -107,7 +107,7 @@ void PrintNames(const Findings& findings, const Point::Names& names, std::string
     if (&name != &names.first.front()) text += ", ";
     text += name;
   }
-  if (names.count > static_cast<std::int64_t>(names.first.size())) text += ", ...";
+  if (names.has_more) text += ", ...";
   findings.session.streams.out << text::VisibleText(text) + '\n';
 }
 

@@ -32,6 +32,9 @@ py::dict Simplified(SharedModel& shared, int on_conflict, const py::object& prog
   told["removed_rows"] = result.removed_rows;
   told["removed_columns"] = result.removed_columns;
   told["log"] = Told(result.log);
+  py::list altered;
+  for (const std::string& sentence : result.altered) altered.append(Told(sentence));
+  told["altered"] = altered;
   return told;
 }
 

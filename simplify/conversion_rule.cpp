@@ -93,6 +93,15 @@ const ConversionRule* FindRule(model::RowType type, const Implied& implied) {
   return nullptr;
 }
 
+std::string AlteredBounds(const ConversionRule& rule, double coefficient) {
+  if (rule.question != nullptr || rule.type == model::RowType::kEqual) return "";
+  if (coefficient < 0) return " became bounds as if its coefficient were positive, for ";
+  if (rule.type != model::RowType::kRanged || rule.taken_bounds == kTakesBoth) return "";
+  const bool is_upper = rule.taken_bounds == kTakesUpper;
+  return std::string(" became the bound that it does not tighten, the ") +
+         (is_upper ? "upper" : "lower") + " one, of ";
+}
+
 void TakeBounds(unsigned taken_bounds, double lower, double upper, model::Bounds& column) {
   if ((taken_bounds & kTakesLower) != 0) column.LowerBound = lower;
   if ((taken_bounds & kTakesUpper) != 0) column.UpperBound = upper;

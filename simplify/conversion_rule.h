@@ -1,6 +1,7 @@
 // What the rules of pass 1 make of a row of one element: a bound of its column, nothing, or a question.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "model/model_data.h"
@@ -56,6 +57,9 @@ bool MayConvert(const model::RowRecord& row);
 Implied ImpliedBy(const model::RowRecord& row, const model::Bounds& column);
 // Null when there is none for it.
 const ConversionRule* FindRule(model::RowType type, const Implied& implied);
+// What is wrong with the bounds that the rule takes over from a row of that coefficient, as words behind the row's
+// and in front of the column's name; empty when they say what the row does.
+std::string AlteredBounds(const ConversionRule& rule, double coefficient);
 // Gives the column those of the bounds.
 void TakeBounds(unsigned taken_bounds, double lower, double upper, model::Bounds& column);
 

@@ -48,10 +48,19 @@ Simplifier::RowFate Simplifier::ConvertRow(std::int32_t i) {
   const ConversionRule* rule = FindRule(row.Type, implied);
   if (rule == nullptr) return RowFate::kKept;
   if (rule->question != nullptr) return AskAboutRow(i, *rule, implied.lower, implied.upper);
+  if (log_.keeps_altered()) NoteAltered(row, *rule);
   log_.Append(Around(rule->log_before_name, row.Name, rule->log_after_name));
   changed_ = true;
   ConvertAndDelete(i, rule->taken_bounds, implied.lower, implied.upper);
   return RowFate::kDeleted;
+}
+
+void Simplifier::NoteAltered(const model::RowRecord& row, const ConversionRule& rule) {
+  const model::ElementEntry& element = row.Elements[1];
+  const std::string altered = AlteredBounds(rule, element.Value);
+  if (altered.empty()) return;
+  log_.AppendAltered("row " + row.Name + altered + "column " +
+                     store_.looks().NameOfColumn(element.Index));
 }
 
 Simplifier::RowFate Simplifier::AskAboutRow(std::int32_t i, const ConversionRule& rule,

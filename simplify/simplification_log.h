@@ -5,6 +5,8 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "model/model_store.h"
 #include "platform/files.h"
@@ -33,7 +35,12 @@ class SimplificationLog {
 
   // From here on logs go to `text` in the place of a file: each begins an empty text, and a
   // simplification without anything to tell leaves it empty. The text outlives the log.
-  void KeepIn(std::string* text) { kept_ = text; }
+  // Sentences about rows that became other bounds than they were are appended to `altered`, unless it is null; no
+  // file has them.
+  void KeepIn(std::string* text, std::vector<std::string>* altered = nullptr) {
+    kept_ = text;
+    altered_ = altered;
+  }
   bool has_file() const { return kept_ == nullptr; }
   // Empties the text.
   void DropKept() { kept_->clear(); }
@@ -45,6 +52,9 @@ class SimplificationLog {
   void Open(const std::string& path, const std::string& file_location);
   // Adds a line; nothing while no log is open. Raises what the system says.
   void Append(std::string_view line);
+  bool keeps_altered() const { return altered_ != nullptr; }
+  // Where sentences about such rows are kept.
+  void AppendAltered(std::string sentence) { altered_->push_back(std::move(sentence)); }
   void AppendEmptyRow(model::RowType type, const std::string& name);
   // Raises what the system says of the file, which is closed all the same.
   void Close();
@@ -55,6 +65,7 @@ class SimplificationLog {
   model::ModelStore& store_;
   std::unique_ptr<platform::OutputFile> file_;
   std::string* kept_ = nullptr;  // null where logs are files
+  std::vector<std::string>* altered_ = nullptr;
 };
 
 }  // namespace quarvel::simplify

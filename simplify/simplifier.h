@@ -59,6 +59,8 @@ class Simplifier {
   void ConvertSingletonRows();
   RowFate ConvertRow(std::int32_t i);
   RowFate AskAboutRow(std::int32_t i, const ConversionRule& rule, double lower, double upper);
+  // A row that becomes other bounds than it is.
+  void NoteAltered(const model::RowRecord& row, const ConversionRule& rule);
   // Applies a conversion to row i, whose single element is at hand, and deletes the row.
   void ConvertAndDelete(std::int32_t i, unsigned taken_bounds, double lower, double upper);
 

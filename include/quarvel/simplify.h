@@ -1,10 +1,12 @@
 // Takes out of a model what says no more than something else does: rows of one element become bounds of
-// their column, then empty columns go, then empty rows, as the automation component simplifies.
+// their column, then empty columns go, then empty rows, as the automation component simplifies. Its rules are kept
+// where they make another model: SimplifyResult::altered tells.
 #pragma once
 
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "quarvel/export.h"
 #include "quarvel/model.h"
@@ -33,6 +35,9 @@ struct SimplifyResult {
   // A line for each row and column that was converted, removed or decided on, behind one that names the
   // model; each ends in CR LF. Empty when nothing was done.
   std::string log = {};
+  // A sentence for each row that became other bounds than it was, so that the model is another one: the sign of a
+  // coefficient is not looked at, and a ranged row that tightens one bound of its column moves the other.
+  std::vector<std::string> altered = {};
 
   bool is_changed() const { return !log.empty(); }
 };

@@ -167,7 +167,7 @@ void ConsoleDesktop::PumpUntilClosed(const Showing& showing) {
 }
 
 void ConsoleDesktop::AskForm(Form& form) {
-  if (user_.present()) user_.AskOption(form);
+  if (user_.present() && !has_quit_) has_quit_ = !user_.AskOption(form);
   if (Button* const button = console::ClosingButton(form)) {
     button->Click();
   } else {

@@ -26,6 +26,8 @@ constexpr auto kButtonWords = std::to_array<ButtonWord>({
     {MsgBoxResult::kCancel, "Cancel", "cancel"},
 });
 
+constexpr std::string_view kQuit = "quit";
+
 // One that may be typed at a question. No two begin with the same letter.
 struct Choice {
   std::string_view word;
@@ -38,7 +40,7 @@ std::vector<Choice> ChoicesOf(const BoxLook& look, bool comes_again) {
     if (look.Has(button.result)) choices.push_back({button.typed, {button.result}});
   }
   if (comes_again) choices.push_back({"all", {MsgBoxResult::kYes, Reply::Reach::kAll}});
-  choices.push_back({"quit", {look.when_closed, Reply::Reach::kQuit}});
+  choices.push_back({kQuit, {look.when_closed, Reply::Reach::kQuit}});
   return choices;
 }
 
@@ -111,18 +113,25 @@ Reply ConsoleUser::AskButton(const BoxLook& look, bool comes_again, const OtherW
   return choices.back().reply;
 }
 
-void ConsoleUser::AskOption(const Form& form) {
+bool ConsoleUser::AskOption(const Form& form) {
   const auto options = Usable<OptionButton>(form, ControlKind::kOptionButton);
-  if (options.empty()) return;
+  if (options.empty()) return true;
   const std::string prompt = "1-" + std::to_string(options.size()) + ", or Enter for the marked: ";
   for (auto line = Ask(OptionsText(form, options) + prompt); line; line = Ask(prompt)) {
     const std::string_view typed = Trimmed(*line);
-    if (typed.empty()) return;
+    if (typed.empty()) return true;
+    if (SameWord(typed, kQuit.substr(0, typed.size()))) return false;
     std::size_t number = 0;
     const auto [end, error] = std::from_chars(typed.data(), typed.data() + typed.size(), number);
     const bool whole = error == std::errc() && end == typed.data() + typed.size();
-    if (whole && number >= 1 && number <= options.size()) return options[number - 1]->Click();
+    if (whole && number >= 1 && number <= options.size()) {
+      options[number - 1]->Click();
+      return true;
+    }
+    WriteError("Answer 1 to " + std::to_string(options.size()) +
+               ", nothing for the marked, or quit.\n");
   }
+  return false;
 }
 
 }  // namespace quarvel::platform::console

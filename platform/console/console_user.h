@@ -47,8 +47,8 @@ class ConsoleUser {
   using OtherWord = std::function<std::string_view(MsgBoxResult)>;
   Reply AskButton(const BoxLook& look, bool comes_again, const OtherWord& other_word = {});
   // Selects one of the form's options, which are listed with the form's labels above them. Nothing
-  // for a form without options.
-  void AskOption(const Form& form);
+  // for a form without options. False when the user quits, as the end of input does.
+  bool AskOption(const Form& form);
 
  private:
   ProgressLine& progress_;

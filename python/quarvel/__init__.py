@@ -1,8 +1,8 @@
 """Linear and mixed-integer models of MPS files: read, looked at, changed, simplified, compared, written."""
 
 from ._core import version as _version
-from .errors import (BusyError, Error, FileError, FullError, NameRefused, NoSuchName, NumberError, Problem,
-                     ReadError, ValueRefused, WriteError)
+from .errors import (BusyError, Error, FileError, FullError, ModelAltered, NameRefused, NoSuchName, NumberError,
+                     Problem, ReadError, ValueRefused, WriteError)
 from .making import from_arrays
 from .model import Column, Edit, Model, Row, Simplified
 from .component import ConsoleDesktop, Desktop, LPModel, LPModelError, ScriptedDesktop
@@ -13,6 +13,6 @@ from .writing import Loss, Receipt
 __version__: str = _version()
 __all__ = [
     "BusyError", "Check", "Column", "ConsoleDesktop", "Desktop", "Difference", "Differences", "Edit", "Error",
-    "FileError", "FullError", "LPModel", "LPModelError", "Loss", "Model", "NameRefused", "NoSuchName",
-    "NumberError", "Problem", "ReadError", "Receipt", "Row", "ScriptedDesktop", "Simplified", "ValueRefused",
-    "WriteError", "check", "diff", "from_arrays", "read"]
+    "FileError", "FullError", "LPModel", "LPModelError", "Loss", "Model", "ModelAltered", "NameRefused",
+    "NoSuchName", "NumberError", "Problem", "ReadError", "Receipt", "Row", "ScriptedDesktop", "Simplified",
+    "ValueRefused", "WriteError", "check", "diff", "from_arrays", "read"]

@@ -29,6 +29,10 @@ class ValueRefused(Error, ValueError):
     """Not finite, or no bound, type or fact of a model."""
 
 
+class ModelAltered(UserWarning):
+    """Simplifying made another model: `Simplified.altered` has the rows."""
+
+
 class FullError(Error, OverflowError):
     """One more than a model can count."""
 

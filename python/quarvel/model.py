@@ -5,6 +5,7 @@ from __future__ import annotations
 import copy
 import dataclasses
 import operator
+import warnings
 from types import TracebackType
 from typing import (TYPE_CHECKING, Any, Callable, Generic, Iterator, Optional, SupportsIndex, TypeVar, Union,
                     overload)
@@ -13,7 +14,7 @@ import numpy as np
 import numpy.typing as npt
 
 from . import _core, picture, tables, writing
-from .errors import BusyError, NoSuchName, NumberError, Problem, ValueRefused
+from .errors import BusyError, ModelAltered, NoSuchName, NumberError, Problem, ValueRefused
 from .numbers import real
 from .paths import Path, named
 
@@ -143,9 +144,13 @@ class Records(Generic[RecordType]):
 
 @dataclasses.dataclass(frozen=True)
 class Simplified:
-    """What simplifying has done."""
+    """What simplifying has done.
+
+    altered has a sentence for each row that became other bounds than it was: the sign of a coefficient is not looked
+    at, and a ranged row that tightens one bound of its column moves the other."""
 
     log: list[str]
+    altered: list[str]
     conflicts: int
     removed_rows: int
     removed_columns: int
@@ -350,11 +355,18 @@ class Model:
     def simplify(self, on_conflict: str = "end",
                  progress: Optional[Callable[[float, float], Optional[bool]]] = None) -> Simplified:
         """Rows of one element become bounds of their column; empty columns and rows go. on_conflict tells what
-        becomes of a row that no value of its column keeps: "end", "remove-row" or "reset-bounds"."""
+        becomes of a row that no value of its column keeps: "end", "remove-row" or "reset-bounds".
+
+        The automation component's rules are kept, also where they make another model: then ModelAltered, a warning, is
+        given, and the rows stand in `altered`."""
         if on_conflict not in _CONFLICTS:
             raise ValueRefused(f"on_conflict is one of {', '.join(_CONFLICTS)}, not {on_conflict!r}")
         told = self._core.simplify(_CONFLICTS[on_conflict], progress)
         told["log"] = told["log"].splitlines()
+        if told["altered"]:
+            more = len(told["altered"]) - 1
+            warnings.warn("the simplified model is another one: " + told["altered"][0] + (f" (and {more} more)" if more else ""),
+                          ModelAltered, stacklevel=2)
         return Simplified(**told)
 
     # --- writing ---

@@ -1,5 +1,6 @@
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -26,6 +27,42 @@ TEST(ApiSimplifying, TurnsRowsIntoBoundsAndTellsWhichInItsLog) {
   EXPECT_NE(result.log.find("RANGE"), std::string::npos) << result.log;
   EXPECT_NE(result.log.find("EMPTY"), std::string::npos) << result.log;
   EXPECT_TRUE(result.log.ends_with("\r\n"));
+}
+
+// The component's rules are kept; who simplifies is told where they make another model.
+TEST(ApiSimplifying, TellsWhichRowsBecameOtherBoundsThanTheyWere) {
+  struct Case {
+    std::string
+        row;  // its type, its coefficient at X, its right-hand side and range; X is in [0, 4]
+    std::string sides;
+    std::string altered;
+    Bounds bounds;
+  };
+  const std::string sign = "row R became bounds as if its coefficient were positive, for column X";
+  const std::string other = "row R became the bound that it does not tighten, the ";
+  const Case cases[] = {
+      {"L 2", "RHS\n S R 6\n", "", {0, 3}},
+      {"L -2", "RHS\n S R -6\n", sign, {0, 3}},
+      {"G 2", "RHS\n S R 2\n", "", {1, 4}},
+      {"G -2", "RHS\n S R -6\n", sign, {3, 4}},
+      {"G -2", "RHS\n S R 6\n", "", {0, 4}},  // is kept
+      {"E 2", "RHS\n S R 2\n", "", {1, 1}},
+      {"E -2", "RHS\n S R -2\n", "", {1, 1}},
+      {"L 2", "RHS\n S R 6\nRANGES\n S R 4\n", "", {1, 3}},
+      {"L -1", "RHS\n S R 4\nRANGES\n S R 8\n", sign, {4, -4}},
+      {"L 1", "RHS\n S R 6\nRANGES\n S R 4\n", other + "upper one, of column X", {0, 6}},
+      {"L 1", "RHS\n S R 2\nRANGES\n S R 4\n", other + "lower one, of column X", {-2, 4}},
+  };
+  for (const Case& c : cases) {
+    Model model;
+    ReadText("ROWS\n N C\n G K\n " + c.row.substr(0, 1) + " R\nCOLUMNS\n X C 1 K 1\n X R " +
+                 c.row.substr(2) + '\n' + c.sides + "BOUNDS\n UP B X 4\nENDATA\n",
+             model);
+    const std::vector<std::string> altered = Simplify(model).altered;
+    EXPECT_EQ(altered.empty() ? "" : altered[0], c.altered) << c.row << c.sides;
+    EXPECT_LE(altered.size(), 1U);
+    EXPECT_EQ(model.BoundsOfColumn(0), c.bounds) << c.row << c.sides;
+  }
 }
 
 TEST(ApiSimplifying, LeavesWhatIsSimpleAlone) {

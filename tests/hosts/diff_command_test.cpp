@@ -199,6 +199,11 @@ TEST_F(DiffTest, TellsTroubleFromDifferences) {
   EXPECT_EQ(run.err,
             "quarvel: diff takes --script without --json and --quiet\n"
             "quarvel: \"quarvel diff --help\" tells more\n");
+  run = RunQuarvel({"diff", a, a, "--script", "--limit", "1"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err,
+            "quarvel: diff takes --script without --limit: half of the commands make no B\n"
+            "quarvel: \"quarvel diff --help\" tells more\n");
 }
 
 TEST_F(DiffTest, ShowsNamesSoThatTheySteerNoTerminal) {

@@ -215,8 +215,8 @@ TEST_F(EditTest, WritesNothingAtABadCommand) {
     const Outcome run = Edit({"set-bound X UP 7", bad.command, "polish too"});
     EXPECT_EQ(run.status, 1) << bad.command;
     EXPECT_EQ(run.out, "") << bad.command;
-    EXPECT_EQ(run.err,
-              std::string("quarvel: command 2 (") + bad.command + "): " + bad.complaint + "\n");
+    EXPECT_EQ(run.err, folder_.Expand(std::string("quarvel: command 2 (") + bad.command + "): " +
+                                      bad.complaint + "\nquarvel: @b.mps was not written\n"));
     EXPECT_FALSE(folder_.Has("b.mps")) << bad.command;
   }
 }
@@ -224,8 +224,9 @@ TEST_F(EditTest, WritesNothingAtABadCommand) {
 TEST_F(EditTest, NamesTheLineOfStandardInput) {
   const Outcome run = EditFromInput("# first\n\nset-bound X UP 7\ndelete-row R7\n");
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.err,
-            "quarvel: line 4 (delete-row R7): there is no row R7; did you mean R1 or R2?\n");
+  EXPECT_EQ(run.err, folder_.Expand(
+                         "quarvel: line 4 (delete-row R7): there is no row R7; did you mean R1 or "
+                         "R2?\nquarvel: @b.mps was not written\n"));
   EXPECT_FALSE(folder_.Has("b.mps"));
 }
 
@@ -256,8 +257,9 @@ TEST_F(EditTest, RefusesToDeleteTheOnlyRow) {
   const Outcome run = Edit({"delete-row R2", "delete-row R1"});
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.err,
-            "quarvel: command 2 (delete-row R1): Cannot remove the only row. Rename it instead of "
-            "removing it and creating a new one.\n");
+            folder_.Expand(
+                "quarvel: command 2 (delete-row R1): Cannot remove the only row. Rename it instead "
+                "of removing it and creating a new one.\nquarvel: @b.mps was not written\n"));
 }
 
 TEST_F(EditTest, LeavesItsOwnFileAloneAtABadCommand) {
@@ -273,7 +275,8 @@ TEST_F(EditTest, FailsWithASimplificationThatFails) {
   const Outcome run = Edit({"set-element R2 X 0", "simplify"});
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.err, "quarvel: command 2 (simplify): the simplification of " +
-                         folder_.Path("a.mps") + " failed: Division by zero\n");
+                         folder_.Path("a.mps") + " failed: Division by zero\nquarvel: " +
+                         folder_.Path("b.mps") + " was not written\n");
   EXPECT_FALSE(folder_.Has("b.mps"));
 }
 

@@ -78,6 +78,8 @@ TEST(Evaluate, SaysWhichValuesAreGivenAgain) {
   const std::string point = folder.Write("p", "X 2\nX 5\n");
   EXPECT_EQ(RunQuarvel({"evaluate", model, "R1", "--point", point}).err,
             "quarvel: 1 value given again, the last one counts: X\n");
+  EXPECT_EQ(RunQuarvel({"evaluate", model, "R1", "X=2", "X=3", "X=4"}).err,
+            "quarvel: 2 values given again, the last one counts: X\n");
   const std::string once = folder.Write("q", "X 2\n");
   EXPECT_EQ(RunQuarvel({"evaluate", model, "R1", "X=3", "--point", once}).err, "");
 }

@@ -295,6 +295,26 @@ TEST(Reading, TellsEachTimeOfAFileWithoutEndata) {
   }
 }
 
+TEST(Reading, TellsOfAMissingEndataOnce) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", "ROWS\n N A\nCOLUMNS\n X A 1\nFOO");
+  const std::string err = RunQuarvel({"info", model}).err;
+  const std::size_t first = err.find("no ENDATA line");
+  ASSERT_NE(first, std::string::npos) << err;
+  EXPECT_EQ(err.find("no ENDATA line", first + 1), std::string::npos) << err;
+}
+
+TEST(Reading, AdvisesToGoOnOnlyWhereThatHelps) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", std::string("R\0O\0", 4));
+  EXPECT_EQ(RunQuarvel({"info", model}).err,
+            folder.Expand("quarvel: @a.mps: The text is in UTF-16; UTF-8 "
+                          "and ASCII are read.\nquarvel: @a.mps was not read\n"));
+  const Outcome refused = RunQuarvel({"info", folder.Write("a.mps", "ROWS\n Q A\nENDATA\n")});
+  EXPECT_NE(refused.err.find("; \"--on-error continue\" passes over problems"), std::string::npos)
+      << refused.err;
+}
+
 TEST(Reading, TellsOfAMissingEndataAlsoWhereTheFileIsNotRead) {
   const HostFolder folder;
   const Outcome run = RunQuarvel({"info", folder.Write("a.mps", "ROWS\n L R1\n")});

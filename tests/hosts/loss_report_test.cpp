@@ -9,6 +9,44 @@ namespace {
 
 using Words = std::vector<std::string>;
 
+constexpr char kTurned[] =
+    "ROWS\n N COST\n L R1\n L KEEP\nCOLUMNS\n X COST 1 R1 -2\n X KEEP 1\n Y KEEP 1 COST 1\nRHS\n"
+    " RHS R1 -6 KEEP 100\nENDATA\n";
+
+TEST(LossReport, WritesASimplifiedModelThatIsAnotherOnlyWhenAllowed) {
+  const HostFolder folder;
+  const std::string model = folder.Write("a.mps", kTurned);
+  const std::string note = folder.Expand(
+      "quarvel: @a.mps: the simplified model is another one: row R1 became bounds as if its "
+      "coefficient were positive, for column X\n");
+  const std::string log =
+      folder.Expand("quarvel: @a.mps: the model was simplified; --log FILE lists what was done\n");
+  const Outcome looked = RunQuarvel({"info", model, "--simplify"});
+  EXPECT_EQ(looked.status, 0);
+  EXPECT_EQ(looked.err, note + log);
+  const std::vector<std::vector<std::string>> commands = {
+      {"simplify", model, folder.Path("b.mps")},
+      {"convert", model, folder.Path("b.mps"), "--simplify"},
+      {"edit", model, folder.Path("b.mps"), "-c", "simplify", "-c", "set-name B"}};
+  for (std::vector<std::string> words : commands) {
+    const Outcome refused = RunQuarvel(words);
+    EXPECT_EQ(refused.status, 1) << words[0];
+    EXPECT_EQ(refused.out, "") << words[0];
+    EXPECT_EQ(refused.err,
+              note + log +
+                  folder.Expand("quarvel: @b.mps was not written: the simplified model is another "
+                                "one; --allow-loss writes it all the same\n"))
+        << words[0];
+    EXPECT_FALSE(folder.Has("b.mps")) << words[0];
+    words.push_back("--allow-loss");
+    const Outcome written = RunQuarvel(words);
+    EXPECT_EQ(written.status, 0) << written.err;
+    EXPECT_TRUE(written.err.starts_with(note + log)) << written.err;
+    EXPECT_TRUE(folder.Has("b.mps")) << words[0];
+    std::filesystem::remove(folder.Path("b.mps"));
+  }
+}
+
 TEST(LossLines, NameTheFirstFewOfEachKindAndCountTheRest) {
   mps::Losses losses;
   for (int i = 0; i < 5; ++i) {

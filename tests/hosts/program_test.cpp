@@ -65,7 +65,7 @@ TEST(Program, RefusesWhatItDoesNotUnderstand) {
       {{"polish"}, "there is no command polish"},
       {{"--polish"}, "there is no option --polish"},
       {{"info"}, "info takes FILE ..."},
-      {{"rows", "a", "b"}, "rows takes FILE"},
+      {{"rows", "a", "b"}, "rows takes FILE, and not \"b\" as well"},
       {{"info", ""}, "info takes no empty words"},
       {{"convert", "a"}, "convert takes IN OUT"},
       {{"row", "a"}, "row takes FILE NAME|INDEX"},
@@ -89,7 +89,7 @@ TEST(Program, RefusesWhatItDoesNotUnderstand) {
       {{"rows", "a", "--ask", "--dialect", "wide"},
        "rows takes --ask or --dialect wide: the questions are the component's"},
       {{"check", "a", "--ask"}, "check takes no --ask"},
-      {{"help", "row", "rows"}, "help takes [COMMAND]"},
+      {{"help", "row", "rows"}, "help takes [COMMAND], and not \"rows\" as well"},
       {{"help", "colums"}, "there is no command colums; did you mean columns or column?"},
       {{"rows", "a", "--limit"}, "--limit needs a value: N|all"},
       {{"rows", "a", "--limit", "-1"}, "--limit takes N|all, not \"-1\""},
@@ -111,7 +111,13 @@ TEST(Program, RefusesWhatItDoesNotUnderstand) {
 
 TEST(Program, PointsToTheHelpOfTheCommand) {
   EXPECT_EQ(RunQuarvel({"rows", "a", "b"}).err,
-            "quarvel: rows takes FILE\nquarvel: \"quarvel rows --help\" tells more\n");
+            "quarvel: rows takes FILE, and not \"b\" as well\n"
+            "quarvel: \"quarvel rows --help\" tells more\n");
+  EXPECT_EQ(RunQuarvel({"help", "nope"}).err,
+            "quarvel: there is no command nope\nquarvel: \"quarvel --help\" tells more\n");
+  EXPECT_EQ(RunQuarvel({"-v"}).err,
+            "quarvel: there is no option -v; did you mean -V?\n"
+            "quarvel: \"quarvel --help\" tells more\n");
   EXPECT_EQ(RunQuarvel({"polish"}).err,
             "quarvel: there is no command polish\nquarvel: \"quarvel --help\" tells more\n");
 }

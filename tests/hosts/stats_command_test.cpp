@@ -144,6 +144,15 @@ constexpr std::string_view kSmallAsJson =
     "\"elements\":2,\"coefficients\":{\"from\":1,\"to\":2},"
     "\"sizes\":{\"from\":1,\"to\":2}}]}}\n";
 
+TEST(Stats, ShowAZeroWithoutASign) {
+  const HostFolder folder;
+  const std::string model = folder.Write(
+      "a.mps", "ROWS\n N C\n L R\nCOLUMNS\n X C 1 R 1\nRHS\n S R -0\nBOUNDS\n LO B X -0\nENDATA\n");
+  const Outcome run = RunQuarvel({"stats", model});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out.find("-0"), std::string::npos) << run.out;
+}
+
 TEST(Stats, PrintJson) {
   const HostFolder folder;
   const Outcome run =

@@ -63,10 +63,32 @@ TEST_F(ConsoleFormsTest, LetsTheUserChooseByNumber) {
     Type(c.typed);
     frmChoice form(desktop_);
     std::string expected = question;
-    for (int i = 0; i < c.repeats; ++i) expected += "1-2, or Enter for the marked: ";
+    for (int i = 0; i < c.repeats; ++i) {
+      expected += "Answer 1 to 2, nothing for the marked, or quit.\n1-2, or Enter for the marked: ";
+    }
     EXPECT_EQ(Printed([&] { form.ShowModal(); }), expected);
     EXPECT_EQ(form.chosen, c.chosen);
+    EXPECT_FALSE(desktop_.has_quit());
   }
+}
+
+TEST_F(ConsoleFormsTest, TakesTheMarkedAndAsksNoMoreWhenTheUserQuits) {
+  Type({"3", "Qui", "1"});
+  frmChoice form(desktop_);
+  Printed([&] { form.ShowModal(); });
+  EXPECT_EQ(form.chosen, "B");
+  EXPECT_TRUE(desktop_.has_quit());
+  frmChoice next(desktop_);
+  EXPECT_EQ(Printed([&] { next.ShowModal(); }), "");
+  EXPECT_EQ(next.chosen, "B");
+}
+
+TEST_F(ConsoleFormsTest, TakesTheEndOfInputForQuit) {
+  Type({});
+  frmChoice form(desktop_);
+  Printed([&] { form.ShowModal(); });
+  EXPECT_EQ(form.chosen, "B");
+  EXPECT_TRUE(desktop_.has_quit());
 }
 
 TEST_F(ConsoleFormsTest, LeavesFormsToTheProgramFirst) {

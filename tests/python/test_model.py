@@ -109,6 +109,11 @@ def test_simplifying_tells_what_it_did():
     assert conflict.simplify("reset-bounds").conflicts == 1
     with pytest.raises(quarvel.ValueRefused):
         m.simplify("guess")
+    # The sign of a coefficient is not looked at, as with the component; that is said.
+    turned = quarvel.from_arrays([[1, 1], [-2, 0]], row_ub=[4, -6])
+    with pytest.warns(quarvel.ModelAltered, match="row R2 became bounds as if its coefficient were positive"):
+        done = turned.simplify()
+    assert (len(done.altered), turned.columns["C1"].upper) == (1, 3)
     # A row with one limit asks nothing, as with the component.
     crossing = quarvel.from_arrays([[1, 1], [2, 0]], row_ub=[4, -6])
     assert (crossing.simplify().conflicts, crossing.columns["C1"].lower, crossing.columns["C1"].upper) == (0, 0, -3)
