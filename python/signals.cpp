@@ -1,5 +1,6 @@
 #include "python/signals.h"
 
+#include <string_view>
 #include <utility>
 
 #include "platform/wait_end.h"
@@ -18,6 +19,13 @@ Pulse::Pulse(const pybind11::object& progress)
 }
 
 Pulse::~Pulse() { pulse_of_thread = outer_; }
+
+bool Pulse::IsFalse(const pybind11::object& answer) {
+  if (answer.is(pybind11::bool_(false))) return true;
+  const std::string_view type = Py_TYPE(answer.ptr())->tp_name;
+  if (type != "numpy.bool_" && type != "numpy.bool") return false;
+  return !answer.cast<bool>();
+}
 
 bool Pulse::IsWaitOver() {
   Pulse* const pulse = pulse_of_thread;

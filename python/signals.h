@@ -30,7 +30,7 @@ class Pulse {
     Locked([&] {
       if (PyErr_CheckSignals() != 0) throw pybind11::error_already_set();
       if (progress_.is_none()) return;
-      if (Called(progress_, done, all).is(pybind11::bool_(false))) is_stopped_ = true;
+      if (IsFalse(Called(progress_, done, all))) is_stopped_ = true;
     });
     return !is_stopped_;
   }
@@ -62,6 +62,8 @@ class Pulse {
 
  private:
   static bool IsWaitOver();
+  // False, or that of numpy. None goes on.
+  static bool IsFalse(const pybind11::object& answer);
 
   const pybind11::object& progress_;
   Pulse* outer_;

@@ -64,7 +64,8 @@ auto CallThatGrows(Call call) {
 template <typename Call>
 auto MakeCall(FileCall kind, const std::string& path, Call call) {
   if (IsRefused(kind, path)) return decltype(call()){-1};
-  return kind == FileCall::kOpen ? RetryUntilStopped(call) : RetryInterrupted(call);
+  const bool may_wait = kind == FileCall::kOpen || kind == FileCall::kCreate;  // for the other end of a pipe
+  return may_wait ? RetryUntilStopped(call) : RetryInterrupted(call);
 }
 
 // Opens a file, which programs that are started do not inherit; raises when it cannot.

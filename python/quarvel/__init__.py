@@ -2,7 +2,7 @@
 
 from ._core import version as _version
 from .errors import (BusyError, Error, FileError, FullError, ModelAltered, NameRefused, NoSuchName, NumberError,
-                     Problem, ReadError, ValueRefused, WriteError)
+                     Problem, ReadError, UnreadFile, UnwrittenFile, ValueRefused, WriteError)
 from .making import from_arrays
 from .model import Column, Edit, Model, Row, Simplified
 from .component import ConsoleDesktop, Desktop, LPModel, LPModelError, ScriptedDesktop
@@ -15,4 +15,4 @@ __all__ = [
     "BusyError", "Check", "Column", "ConsoleDesktop", "Desktop", "Difference", "Differences", "Edit", "Error",
     "FileError", "FullError", "LPModel", "LPModelError", "Loss", "Model", "ModelAltered", "NameRefused",
     "NoSuchName", "NumberError", "Problem", "ReadError", "Receipt", "Row", "ScriptedDesktop", "Simplified",
-    "ValueRefused", "WriteError", "check", "diff", "from_arrays", "read"]
+    "UnreadFile", "UnwrittenFile", "ValueRefused", "WriteError", "check", "diff", "from_arrays", "read"]

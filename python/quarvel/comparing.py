@@ -8,13 +8,14 @@ from typing import Any, Iterator, Optional, Union
 
 from . import _core
 from .model import Model
-from .numbers import whole
+from .numbers import number, whole
 from .reading import Source, read
 
 
 @dataclasses.dataclass(frozen=True)
 class Difference:
-    """One difference, or a note of the order where is_note. A record that only one model has is None in the other."""
+    """One difference, or a note of the order where is_note. `row` and `column` are names, None where it is
+    about none; `before` and `after` are 0 where it is about no number."""
 
     kind: str
     """"row-went", "column-came", "row-upper", "element-value" ...: docs/json.md lists them."""
@@ -51,7 +52,7 @@ def diff(a: Union[Model, Source], b: Union[Model, Source], *, absolute: float = 
     apart than `absolute`, or `relative` times the larger one, count as one. At most `most` are listed."""
     listed = min(whole(most, "most"), 2**31)
     one, other = _model(a), _model(b)
-    count, told = _core.compare(one._core, other._core, absolute, relative, listed)
+    count, told = _core.compare(one._core, other._core, number(absolute, "absolute"), number(relative, "relative"), listed)
     return Differences(count, [_difference(one, other, difference) for difference in told])
 
 

@@ -92,3 +92,18 @@ class WriteError(Error):
 
     def __str__(self) -> str:
         return str(self.args[0])
+
+
+class UnreadFile(ReadError, FileError):
+    """A file that is not there, or that the system or its packing does not give."""
+
+    def __new__(cls, text: str, problems: Sequence[Problem] = ()) -> UnreadFile:
+        # With the second word the first one would be taken for the system's number of the error.
+        return OSError.__new__(cls, text)  # type: ignore[call-arg]
+
+
+class UnwrittenFile(WriteError, FileError):
+    """A file that the system does not take."""
+
+    def __new__(cls, text: str, receipt: object = None) -> UnwrittenFile:
+        return OSError.__new__(cls, text)  # type: ignore[call-arg]

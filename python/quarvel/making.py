@@ -29,6 +29,8 @@ def from_arrays(A: Any, c: Optional[npt.ArrayLike] = None, *, row_lb: npt.ArrayL
     core = model._core
     first = 0
     if c is not None:
+        if not isinstance(objective, str):
+            raise TypeError(f"objective is the name of a row, not a {type(objective).__name__}")
         cost = _all(c, shape[1])
         core.add_row(objective, -np.inf, np.inf)
         first = 1
@@ -74,4 +76,7 @@ def _names(given: Optional[Sequence[str]], count: int, letter: str) -> Sequence[
         raise TypeError("names are a list of str, not one str")
     if len(given) != count:
         raise ValueRefused(f"There are {len(given)} names, not {count}")
+    for name in given:
+        if not isinstance(name, str):
+            raise TypeError(f"a name is a str, not a {type(name).__name__}")
     return given

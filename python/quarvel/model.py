@@ -5,6 +5,8 @@ from __future__ import annotations
 import copy
 import dataclasses
 import operator
+import re
+import time
 import warnings
 from types import TracebackType
 from typing import (TYPE_CHECKING, Any, Callable, Generic, Iterator, Optional, SupportsIndex, TypeVar, Union,
@@ -15,6 +17,7 @@ import numpy.typing as npt
 
 from . import _core, picture, tables, writing
 from .errors import BusyError, ModelAltered, NoSuchName, NumberError, Problem, ValueRefused
+from .numbers import number as a_number
 from .numbers import real
 from .paths import Path, named
 
@@ -190,7 +193,7 @@ class Model:
 
     @description.setter
     def description(self, description: str) -> None:
-        self._core.set_description("\r\n".join(_text(description, "description").splitlines()))
+        self._core.set_description("\r\n".join(re.split("\r\n|\r|\n", _text(description, "description"))))
 
     @property
     def path(self) -> str:
@@ -245,7 +248,7 @@ class Model:
 
     @c0.setter
     def c0(self, value: float) -> None:
-        self._set_facts(objective_constant=float(value))
+        self._set_facts(objective_constant=a_number(value, "c0"))
 
     def _set_facts(self, **changes: Any) -> None:
         self._core.set_facts({**self._core.facts(), **changes})
@@ -332,8 +335,10 @@ class Model:
         return self._core.activities(_point(x, self.shape[1]))
 
     def violations(self, x: npt.ArrayLike, tolerance: float = 1e-9) -> dict[str, float]:
-        """The rows and columns whose limits the point does not keep, and by how much."""
-        return tables.violations(self, _point(x, self.shape[1]), tolerance)
+        """The rows and columns whose limits the point does not keep, and by how much; an integer column also where
+        its value is no whole number. Of a row and a column of one name, by the larger amount. What is not a number
+        keeps nothing."""
+        return tables.violations(self, _point(x, self.shape[1]), a_number(tolerance, "a tolerance"))
 
     def stats(self) -> dict[str, Any]:
         """Counts and the sizes of the numbers."""
@@ -437,9 +442,17 @@ class Edit:
 
     def __exit__(self, kind: Optional[type[BaseException]], error: Optional[BaseException],
                  trace: Optional[TracebackType]) -> None:
-        before, self._before = self._before, None
-        if error is not None and before is not None:
-            self._core.take(before)
+        if error is not None and self._before is not None:
+            self._take_back(self._before)
+        self._before = None
+
+    def _take_back(self, before: _core.Model) -> None:
+        """Another thread's call, which does not know of the edits, is waited for."""
+        while True:
+            try:
+                return self._core.take(before)
+            except BusyError:
+                time.sleep(0.005)
 
     def _row(self, key: Key) -> int:
         self._check_open()
@@ -458,7 +471,7 @@ class Edit:
         """Gives the row's number. What is refused of its elements adds no row."""
         self._check_open()
         given = [(self._column(column), _value(value)) for column, value in dict(elements or {}).items()]
-        row = self._core.add_row(name, lower, upper)
+        row = self._core.add_row(_text(name, "name"), a_number(lower, "a limit"), a_number(upper, "a limit"))
         for number, value in given:
             self._core.set_coefficient(row, number, value)
         return row
@@ -468,22 +481,23 @@ class Edit:
         """Gives the column's number. What is refused of its elements adds no column."""
         self._check_open()
         given = [(self._row(row), _value(value)) for row, value in dict(elements or {}).items()]
-        column = self._core.add_column(name, lower, upper, bool(integer))
+        column = self._core.add_column(_text(name, "name"), a_number(lower, "a bound"), a_number(upper, "a bound"),
+                                       bool(integer))
         for number, value in given:
             self._core.set_coefficient(number, column, value)
         return column
 
     def set_coefficient(self, row: Key, column: Key, value: float) -> None:
         """Sets it, or adds it where there is none; of a pair that is there twice, the first. 0 is stored."""
-        self._core.set_coefficient(self._row(row), self._column(column), value)
+        self._core.set_coefficient(self._row(row), self._column(column), a_number(value, "a coefficient"))
 
     def set_row_bounds(self, row: Key, lower: float = -np.inf, upper: float = np.inf) -> None:
         """Sets both limits: one that is not given is none."""
-        self._core.set_row_bounds(self._row(row), lower, upper)
+        self._core.set_row_bounds(self._row(row), a_number(lower, "a limit"), a_number(upper, "a limit"))
 
     def set_column_bounds(self, column: Key, lower: float = 0.0, upper: float = np.inf) -> None:
         """Sets both bounds: a lower one that is not given is 0, an upper one none."""
-        self._core.set_column_bounds(self._column(column), lower, upper)
+        self._core.set_column_bounds(self._column(column), a_number(lower, "a bound"), a_number(upper, "a bound"))
 
     def set_integer(self, column: Key, integer: bool = True) -> None:
         """Makes the column an integer one, or a continuous one."""
@@ -491,11 +505,15 @@ class Edit:
 
     def rename_row(self, row: Key, name: str) -> None:
         """Gives the row a name that no other row has."""
-        self._core.rename_row(self._row(row), name)
+        number = self._row(row)
+        if self._core.find_row(_text(name, "name")) != number:
+            self._core.rename_row(number, name)
 
     def rename_column(self, column: Key, name: str) -> None:
         """Gives the column a name that no other column has."""
-        self._core.rename_column(self._column(column), name)
+        number = self._column(column)
+        if self._core.find_column(_text(name, "name")) != number:
+            self._core.rename_column(number, name)
 
     def remove_row(self, row: Key) -> None:
         """Its coefficients go with it."""
@@ -507,9 +525,7 @@ class Edit:
 
 
 def _value(given: float) -> float:
-    if isinstance(given, str):
-        raise TypeError("a coefficient is a number, not a str")
-    value = float(given)
+    value = a_number(given, "a coefficient")
     if not np.isfinite(value):
         raise ValueRefused("The value is not finite")
     return value

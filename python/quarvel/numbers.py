@@ -36,6 +36,20 @@ def real(given: Any, what: str) -> npt.NDArray[np.float64]:
         raise ValueRefused(f"{what} has what is no double: {error}") from None
 
 
+def number(given: Any, what: str) -> float:
+    """One number as a double, which may be infinite."""
+    if isinstance(given, float):
+        return float(given)
+    kind = type(given).__name__
+    try:
+        array = real(given, what)
+    except TypeError:
+        raise TypeError(f"{what} is a number, not a {kind}") from None
+    if array.ndim != 0:
+        raise TypeError(f"{what} is a number, not a {kind}")
+    return float(array)
+
+
 def whole(given: SupportsIndex, what: str) -> int:
     """The number of something, 0 or more."""
     try:

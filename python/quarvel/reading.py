@@ -7,7 +7,7 @@ import os
 from typing import Any, Callable, Literal, Optional, Union
 
 from . import _core
-from .errors import Problem, ReadError, ValueRefused
+from .errors import Problem, ReadError, UnreadFile, ValueRefused
 from .model import Model
 from .numbers import whole
 from .paths import named
@@ -27,7 +27,7 @@ def read(source: Source, default_lower: float = 0.0, *, dialect: str = "wide", c
     """Reads a model from a file, packed by gzip, bzip2, xz or zstd or not, or from its bytes.
 
     `default_lower` is the lower bound of columns that get none: 0 or -inf. With problems="raise" a file with
-    errors is a ReadError that has them all; with "collect" the model is what the other lines say, and
+    errors is a ReadError that has `kept_of_each` of each code; with "collect" the model is what the other lines say, and
     `Model.problems` has them. `progress(done, all)` is called about ten times a second with bytes, of the file
     as it stands there, and at the end; all is 0 for a pipe. False stops the read, and so does Ctrl-C. While it
     reads, other threads run."""
@@ -39,7 +39,9 @@ def read(source: Source, default_lower: float = 0.0, *, dialect: str = "wide", c
     if result["outcome"] == _STOPPED:
         raise ReadError("The read was stopped", found)
     errors = [problem for problem in found if problem.severity == "error"]
-    if result["outcome"] != _READ or (errors and problems == "raise"):
+    if result["outcome"] == _FAILED:
+        raise UnreadFile(_summary(source, result["errors"], errors or list(found)), found)
+    if result["outcome"] != _READ or (result["errors"] != 0 and problems == "raise"):
         raise ReadError(_summary(source, result["errors"], errors or list(found)), found)
     model = Model._of(core)
     model._problems = found
@@ -70,9 +72,13 @@ class Check:
 
 def check(source: Source, *, dialect: str = "wide", columns: str = "by-line", kept_of_each: int = 20,
           progress: Optional[Progress] = None) -> Check:
-    """Reads a file and looks at what is legal and risky too; nothing of it is raised."""
+    """Reads a file and looks at what is legal and risky too; nothing of it is raised. A check that was stopped has
+    not seen the whole file, and is a ReadError."""
     _, result = _result(source, _options(0.0, dialect, columns, "", False, True, kept_of_each), progress)
-    return Check(tuple(Problem(**problem) for problem in result["problems"]), result["errors"], result["adapted"],
+    found = tuple(Problem(**problem) for problem in result["problems"])
+    if result["outcome"] == _STOPPED:
+        raise ReadError("The check was stopped", found)
+    return Check(found, result["errors"], result["adapted"],
                  result["warnings"], result["lines"], result["has_endata"])
 
 
@@ -101,7 +107,7 @@ def _options(default_lower: float, dialect: str, columns: str, objective: str, n
 
 
 def _summary(source: Source, count: int, problems: list[Problem]) -> str:
-    where = "the bytes" if isinstance(source, _BYTES) else named(source)[0]
-    first = str(problems[0]) if problems else "it could not be read"
+    where = "the bytes" if isinstance(source, _BYTES) else named(source)[0] or "an empty path"
+    first = str(problems[0]) if problems else f"errors: {count}" if count else "it could not be read"
     more = f" (and {count - 1} more)" if count > 1 else ""
     return f"{where}: {first}{more}"

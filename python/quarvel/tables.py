@@ -90,12 +90,14 @@ def _violations(model: Model, point: Doubles, tolerance: float) -> dict[str, flo
     found: dict[str, float] = {}
     for names, values, lower, upper in ((model.row_names, activities, model.row_lb, model.row_ub),
                                         (model.column_names, point, model.lb, model.ub)):
-        amount = np.maximum(lower - values, values - upper)
+        below = np.where(np.isneginf(lower) & ~np.isnan(values), -np.inf, lower - values)
+        above = np.where(np.isposinf(upper) & ~np.isnan(values), -np.inf, values - upper)
+        amount = np.maximum(below, above)
         # Not a number keeps no limits.
         for number in np.flatnonzero(~(amount <= tolerance)).tolist():
             found[names[number]] = max(float(amount[number]), found.get(names[number], 0.0))
     whole = np.abs(point - np.round(point))
-    for number in np.flatnonzero((model.integrality == 1) & ~(whole <= max(tolerance, 1e-9))).tolist():
+    for number in np.flatnonzero((model.integrality == 1) & ~(whole <= tolerance)).tolist():
         found.setdefault(model._core.column_name(number), float(whole[number]))
     return found
 

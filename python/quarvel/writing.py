@@ -6,7 +6,7 @@ import dataclasses
 from typing import Any, Callable, Optional
 
 from . import _core
-from .errors import ValueRefused, WriteError
+from .errors import UnwrittenFile, ValueRefused, WriteError
 from .paths import Path, named
 
 Progress = Callable[[float, float], Optional[bool]]
@@ -47,9 +47,15 @@ class Receipt:
     """The file gives back all there is."""
 
 
+def _in_python(sentence: str) -> str:
+    """Sentences name the options as the command has them."""
+    return sentence.replace("--layout free", 'layout="free"')
+
+
 def _receipt(told: dict[str, Any]) -> Receipt:
     fields = {field.name: told[field.name] for field in dataclasses.fields(Receipt)}
-    fields["losses"] = tuple(Loss(**loss) for loss in told["losses"])
+    losses = (Loss(**loss) for loss in told["losses"])
+    fields["losses"] = tuple(dataclasses.replace(loss, sentences=tuple(map(_in_python, loss.sentences))) for loss in losses)
     return Receipt(**fields)
 
 
@@ -87,4 +93,5 @@ def _checked(told: dict[str, Any], name: str) -> Receipt:
     if told["outcome"] == _LOSSES and receipt.losses:
         reason += ": " + receipt.losses[0].sentences[0]
     notes = " ".join(told["notes"].split())
-    raise WriteError(f"{name} was not written: {reason}" + (f" ({notes})" if notes else ""), receipt)
+    kind = UnwrittenFile if told["failure"] and not told["is_stopped"] else WriteError
+    raise kind(f"{name} was not written: {reason}" + (f" ({notes})" if notes else ""), receipt)
