@@ -32,7 +32,7 @@ std::string Objection(const Command& command, const Arguments& arguments) {
     return "takes --ask or --dialect wide: the questions are the component's";
   const auto& operands = arguments.operands;
   if (operands.size() < command.fewest_operands || operands.size() > command.most_operands) {
-    const std::string taken = "takes " + std::string(command.operands);
+    std::string taken = "takes " + std::string(command.operands);
     if (operands.size() < command.fewest_operands) return taken;
     return taken + ", and not \"" + operands[command.most_operands] + "\" as well";
   }
