@@ -12,6 +12,7 @@
 #include "inspect/quoted_lines.h"
 #include "inspect/where_from.h"
 #include "model/record_number.h"
+#include "mps/line_texts.h"
 #include "text/edit_distance.h"
 #include "text/numbers.h"
 #include "text/upper_case.h"
@@ -160,6 +161,7 @@ class ExplainedRead {
     DropRepeated(records[0], records[1]);
     if (records[1].number != 0) DropRepeated(records[1], records[0]);
     std::erase_if(records, IsUnheardOf);
+    ShowTokens(records);
     auto quotes = inspect::QuotedLines(options_.open, LinesOf(records));
     return {session_, path_, std::move(records), facts_, std::move(quotes)};
   }
@@ -176,6 +178,14 @@ class ExplainedRead {
   std::string file() const { return NameOfInput(path_); }
 
  private:
+  // Gives the problems what they are about as it stands in the file; what is read once keeps upper case.
+  void ShowTokens(std::vector<RecordOrigin>& records) const {
+    if (path_ == kStandardInput) return;
+    mps::LineTexts texts(options_.open);
+    for (RecordOrigin& record : records) {
+      for (mps::FileProblem& problem : record.problems) texts.Show(problem);
+    }
+  }
   // Tells which was taken of two things that the word could be.
   void NoteBoth(const std::string& text, const std::vector<RecordOrigin>& named,
                 const std::vector<RecordOrigin>& numbered) {

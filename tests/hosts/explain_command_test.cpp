@@ -242,6 +242,16 @@ TEST(Explain, TellsALineInErrorUnderTheRecordThatThereIs) {
             "8 | UP B MOST 2\n");
 }
 
+TEST(Explain, TellsATokenAsItStandsInTheFile) {
+  const HostFolder folder;
+  const std::string model = folder.Write(
+      "a.mps",
+      "ROWS\n N COST\n G need\nCOLUMNS\n x COST 1 need 0x10\n x need 1e500\n y need 1\nENDATA\n");
+  const std::string text = RunQuarvel({"explain", model, "need"}).out;
+  EXPECT_NE(text.find("E109, line 5: not a number: 0x10\n"), std::string::npos) << text;
+  EXPECT_NE(text.find("E109, line 6: not a number: 1e500\n"), std::string::npos) << text;
+}
+
 TEST(Explain, TellsTheLineOfACoefficientOfZero) {
   const HostFolder folder;
   const std::string model = folder.Write(
