@@ -75,6 +75,8 @@ class Desktop:
         for name, function in callables.items():
             if name not in _ANSWERS:
                 raise TypeError(f"a desktop has no {name}; it has " + ", ".join(_ANSWERS))
+            if not callable(function):
+                raise TypeError(f"{name} of a desktop is a function, not a {type(function).__name__}")
             setattr(self, name, function)
 
     def MsgBox(self, box: Box) -> Button:

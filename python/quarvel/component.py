@@ -161,6 +161,14 @@ def _method(entry: _Entry, name: str) -> Any:
     return method
 
 
+def _checked(desktop: Desktop | None) -> Desktop:
+    if desktop is None:
+        return ConsoleDesktop()
+    if not isinstance(desktop, Desktop):
+        raise TypeError(f"a desktop is a Desktop, not a {type(desktop).__name__}")
+    return desktop
+
+
 class LPModel:
     """One LP or MIP model, read from MPS files, queried, edited, simplified and saved.
 
@@ -171,7 +179,7 @@ class LPModel:
     __slots__ = ("_core", "_show_form", "__weakref__")
 
     def __init__(self, desktop: Desktop | None = None) -> None:
-        self._core = _component.Core(ConsoleDesktop() if desktop is None else desktop)
+        self._core = _component.Core(_checked(desktop))
         self._show_form: Any = None
 
     @property
@@ -181,8 +189,8 @@ class LPModel:
         return answers
 
     @desktop.setter
-    def desktop(self, desktop: Desktop) -> None:
-        self._core.desktop = desktop
+    def desktop(self, desktop: Desktop | None) -> None:
+        self._core.desktop = _checked(desktop)
 
     @property
     def showFrm(self) -> Any:

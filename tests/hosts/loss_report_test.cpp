@@ -24,26 +24,29 @@ TEST(LossReport, WritesASimplifiedModelThatIsAnotherOnlyWhenAllowed) {
   const Outcome looked = RunQuarvel({"info", model, "--simplify"});
   EXPECT_EQ(looked.status, 0);
   EXPECT_EQ(looked.err, note + log);
-  const std::vector<std::vector<std::string>> commands = {
-      {"simplify", model, folder.Path("b.mps")},
-      {"convert", model, folder.Path("b.mps"), "--simplify"},
-      {"edit", model, folder.Path("b.mps"), "-c", "simplify", "-c", "set-name B"}};
-  for (std::vector<std::string> words : commands) {
-    const Outcome refused = RunQuarvel(words);
-    EXPECT_EQ(refused.status, 1) << words[0];
-    EXPECT_EQ(refused.out, "") << words[0];
+  struct Case {
+    std::vector<std::string> words;
+    std::string output;
+  };
+  const Case cases[] = {
+      {{"simplify", model, folder.Path("b.mps")}, "b.mps"},
+      {{"convert", model, folder.Path("c.mps"), "--simplify"}, "c.mps"},
+      {{"edit", model, folder.Path("d.mps"), "-c", "simplify", "-c", "set-name D"}, "d.mps"}};
+  for (Case c : cases) {
+    const Outcome refused = RunQuarvel(c.words);
+    EXPECT_EQ(refused.status, 1) << c.output;
+    EXPECT_EQ(refused.out, "") << c.output;
     EXPECT_EQ(refused.err,
               note + log +
-                  folder.Expand("quarvel: @b.mps was not written: the simplified model is another "
-                                "one; --allow-loss writes it all the same\n"))
-        << words[0];
-    EXPECT_FALSE(folder.Has("b.mps")) << words[0];
-    words.push_back("--allow-loss");
-    const Outcome written = RunQuarvel(words);
+                  folder.Expand("quarvel: @" + c.output +
+                                " was not written: the simplified model is another one; "
+                                "--allow-loss writes it all the same\n"));
+    EXPECT_FALSE(folder.Has(c.output)) << c.output;
+    c.words.emplace_back("--allow-loss");
+    const Outcome written = RunQuarvel(c.words);
     EXPECT_EQ(written.status, 0) << written.err;
     EXPECT_TRUE(written.err.starts_with(note + log)) << written.err;
-    EXPECT_TRUE(folder.Has("b.mps")) << words[0];
-    std::filesystem::remove(folder.Path("b.mps"));
+    EXPECT_TRUE(folder.Has(c.output)) << c.output;
   }
 }
 

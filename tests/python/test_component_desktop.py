@@ -56,6 +56,8 @@ def test_an_answer_that_a_box_does_not_have_comes_out(answer):
 def test_a_desktop_takes_callables_by_its_names_only():
     with pytest.raises(TypeError, match="a desktop has no Msgbox; it has MsgBox"):
         Desktop(Msgbox=print)
+    with pytest.raises(TypeError, match="a desktop is a Desktop, not a int"):
+        quarvel.LPModel(5)
 
 
 def test_a_desktop_without_answers_closes_everything():
