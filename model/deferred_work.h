@@ -98,6 +98,8 @@ class DeferredWork {
   void NoteEmptied();
   // Lists are going to be changed elsewhere, by number.
   void HandOver();
+  // False once a removal has found that the lists of rows and columns disagree.
+  bool lists_agree() const { return agreement_.everywhere(); }
 
  private:
   friend class RecordLooks;
