@@ -62,7 +62,7 @@ void ChangeCheck::Look(const StoredModel& model, const DeferredWork& deferred) {
   copy.column_names = model.column_names;
   DeferredWork(copy, deferred).Settle();
   const std::string fault = CheckStoredModel(copy);
-  const bool may_differ = has_skipped_ && !deferred.lists_agree();
+  const bool may_differ = has_skipped_ && !deferred.agreement_.everywhere();
   if (was_whole_ && !may_differ && !fault.empty()) {
     std::fprintf(stderr, "quarvel: a change left a broken model: %s\n", fault.c_str());
     std::abort();

@@ -98,11 +98,10 @@ class DeferredWork {
   void NoteEmptied();
   // Lists are going to be changed elsewhere, by number.
   void HandOver();
-  // False once a removal has found that the lists of rows and columns disagree.
-  bool lists_agree() const { return agreement_.everywhere(); }
 
  private:
   friend class RecordLooks;
+  friend class ChangeCheck;
   void FillRowListsIfBehind() {
     if (model_.row_lists_behind) [[unlikely]]
       FillRowListsThatAreBehind();
