@@ -64,7 +64,8 @@ auto CallThatGrows(Call call) {
 template <typename Call>
 auto MakeCall(FileCall kind, const std::string& path, Call call) {
   if (IsRefused(kind, path)) return decltype(call()){-1};
-  const bool may_wait = kind == FileCall::kOpen || kind == FileCall::kCreate;  // for the other end of a pipe
+  // Opening a pipe waits for its other end.
+  const bool may_wait = kind == FileCall::kOpen || kind == FileCall::kCreate;
   return may_wait ? RetryUntilStopped(call) : RetryInterrupted(call);
 }
 
