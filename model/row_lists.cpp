@@ -4,6 +4,8 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -71,22 +73,25 @@ class RowLists {
     }
     Places groups(index.Group(data_.Rows.size()) + 1);
     for (std::size_t g = 0; g < groups.size(); ++g) groups[g] = places_[index.FirstRow(g)];
-    // A group is copied to be put in order. One that holds most of the model would take as much
-    // memory again.
-    std::size_t largest = 0;
+    // What is copied to put a group in order. Most of the model would take as much memory again.
+    std::size_t most_copied = 0;
     for (std::size_t g = 0; g < groups.size(); ++g) {
-      largest = std::max(largest, End(groups, g) - groups[g]);
+      const std::size_t size = End(groups, g) - groups[g];
+      const std::size_t stays = IsLarge(size) ? Count(LongestRow(index, g)) : 0;
+      most_copied = std::max(most_copied, size - stays);
     }
-    if (largest > total_ / 2) {
+    if (most_copied > total_ / 2) {
       Lend();
       FillDirectly();
       return;
     }
     Places next = groups;
-    const platform::Table<ElementEntry> group = platform::MakeTable<ElementEntry>(largest);
+    const platform::Table<ElementEntry> copy = platform::MakeTable<ElementEntry>(most_copied);
     Lend();
     FillGroups(index, next);
-    OrderGroups(index, groups, group.get());
+    for (std::size_t g = 0; g < groups.size(); ++g) {
+      OrderGroup(index, g, {entries_ + groups[g], entries_ + End(groups, g)}, copy.get());
+    }
   }
 
  private:
@@ -113,10 +118,8 @@ class RowLists {
   void Lend() {
     entries_ = arena_.Take(total_);
     for (std::int32_t r = 1; r <= data_.Rows.size(); ++r) {
-      const auto place = static_cast<std::size_t>(r);
-      const std::size_t end = place + 1 < places_.size() ? places_[place + 1] : total_;
-      const std::size_t count = end - places_[place];
-      if (count > 0) data_.Rows[r].Elements.store().Lend(entries_ + places_[place], count);
+      const auto row = static_cast<std::size_t>(r);
+      if (Count(row) > 0) data_.Rows[r].Elements.store().Lend(entries_ + places_[row], Count(row));
     }
   }
 
@@ -146,18 +149,50 @@ class RowLists {
     });
   }
 
-  // `group`: room for the largest.
-  void OrderGroups(const GroupedIndex& index, const Places& groups, ElementEntry* group) {
-    for (std::size_t g = 0; g < groups.size(); ++g) {
-      const std::size_t size = End(groups, g) - groups[g];
-      std::copy_n(entries_ + groups[g], size, group);
-      std::uint32_t* const places = places_.data() + index.FirstRow(g);
-      for (std::size_t i = 0; i < size; ++i) {
-        const ElementEntry& entry = group[i];
-        Put(entries_[places[index.RowWithin(entry.Index)]++], index.Column(entry.Index),
-            entry.Value);
+  // A group of more does not fit into the processor's cache. One is large mostly because of one row, as
+  // that of the objective.
+  static bool IsLarge(std::size_t group_size) { return group_size > std::size_t{1} << 17; }
+
+  // Until the first entry of its group is put in order.
+  std::size_t Count(std::size_t row) const {
+    return (row + 1 < places_.size() ? places_[row + 1] : total_) - places_[row];
+  }
+  std::size_t LongestRow(const GroupedIndex& index, std::size_t g) const {
+    const std::size_t end = std::min(index.FirstRow(g + 1), places_.size());
+    std::size_t longest = index.FirstRow(g);
+    for (std::size_t row = longest; row < end; ++row) {
+      if (Count(row) > Count(longest)) longest = row;
+    }
+    return longest;
+  }
+
+  // `copy`: room for what has to be copied.
+  void OrderGroup(const GroupedIndex& index, std::size_t g, std::span<ElementEntry> group,
+                  ElementEntry* copy) {
+    ElementEntry* const copied = IsLarge(group.size())
+                                     ? OrderLongestRow(index, LongestRow(index, g), group, copy)
+                                     : std::copy(group.begin(), group.end(), copy);
+    std::uint32_t* const places = places_.data() + index.FirstRow(g);
+    for (const ElementEntry& entry : std::span(copy, copied)) {
+      Put(entries_[places[index.RowWithin(entry.Index)]++], index.Column(entry.Index), entry.Value);
+    }
+  }
+
+  // Puts that row of the group in order without a copy of it, and copies the others. Gives their end.
+  ElementEntry* OrderLongestRow(const GroupedIndex& index, std::size_t row,
+                                std::span<ElementEntry> group, ElementEntry* copy) {
+    const std::size_t count = Count(row);
+    const std::size_t within = index.RowWithin(index.Pack(static_cast<std::int32_t>(row), 0));
+    auto kept = group.begin();
+    for (const ElementEntry& entry : group) {
+      if (index.RowWithin(entry.Index) == within) {
+        Put(*kept++, index.Column(entry.Index), entry.Value);
+      } else {
+        *copy++ = entry;
       }
     }
+    std::memmove(entries_ + places_[row], group.data(), count * sizeof(ElementEntry));
+    return copy;
   }
 
   std::size_t End(const Places& groups, std::size_t g) const {

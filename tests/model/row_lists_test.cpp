@@ -95,6 +95,19 @@ TEST(RowLists, ARowThatHoldsMostOfTheModelIsFilledToo) {
   ExpectFilled(columns);
 }
 
+// Beside rows that stand before and behind it in its group, at the group's borders too.
+TEST(RowLists, ARowThatHoldsMostOfALargeGroupKeepsTheOrderOfTheColumns) {
+  for (const std::int32_t longest : {1, 2047, 2048, 5000, 10'000}) {
+    Columns columns(10'000, 150'000);
+    for (std::int32_t c = 1; c <= 150'000; ++c) {
+      if (c % 10 != 0) columns.Add(longest, c);
+      columns.Add(c % 10'000 + 1, c);
+    }
+    AddAtRandom(columns, 1, 4);
+    ExpectFilled(columns);
+  }
+}
+
 TEST(RowLists, TheLastRowsMayBeEmpty) {
   Columns columns(9000, 10);
   columns.Add(4000, 3);
