@@ -42,7 +42,8 @@ std::optional<std::int32_t> Model::FindRow(std::string_view name) const {
 }
 
 std::string Model::NameOfRow(std::int32_t row) const {
-  return Translated([&] { return parts_->store.looks().NameOfRow(RowNumber(*parts_, row)); });
+  return Translated(
+      [&] { return std::string(parts_->store.looks().NameOfRow(RowNumber(*parts_, row))); });
 }
 
 RowType Model::TypeOfRow(std::int32_t row) const {
@@ -72,8 +73,9 @@ std::optional<std::int32_t> Model::FindColumn(std::string_view name) const {
 }
 
 std::string Model::NameOfColumn(std::int32_t column) const {
-  return Translated(
-      [&] { return parts_->store.looks().NameOfColumn(ColumnNumber(*parts_, column)); });
+  return Translated([&] {
+    return std::string(parts_->store.looks().NameOfColumn(ColumnNumber(*parts_, column)));
+  });
 }
 
 ColumnType Model::TypeOfColumn(std::int32_t column) const {

@@ -13,7 +13,7 @@ double LPModel::ColLowerBound(std::int32_t j) const {
 }
 
 std::string LPModel::ColName(std::int32_t j) const {
-  return Guarded([&] { return store_.looks().NameOfColumn(ColumnNumber(j)); });
+  return Guarded([&] { return std::string(store_.looks().NameOfColumn(ColumnNumber(j))); });
 }
 
 std::string LPModel::ColType(std::int32_t j) const {
@@ -29,7 +29,7 @@ double LPModel::RowLowerBound(std::int32_t i) const {
 }
 
 std::string LPModel::RowName(std::int32_t i) const {
-  return Guarded([&] { return store_.looks().NameOfRow(RowNumber(i)); });
+  return Guarded([&] { return std::string(store_.looks().NameOfRow(RowNumber(i))); });
 }
 
 std::string LPModel::RowType(std::int32_t i) const {

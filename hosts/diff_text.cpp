@@ -65,7 +65,7 @@ struct NamedPair {
 
   template <class Records>
   std::string Start(char mark, const Records& a, const Records& b) const {
-    const std::string& name = numbers.a != 0 ? a[numbers.a].Name : b[numbers.b].Name;
+    const std::string_view name = numbers.a != 0 ? a[numbers.a].Name : b[numbers.b].Name;
     return std::string(1, mark) + ' ' + std::string(noun) + ' ' + QuotedWord(name) + ": ";
   }
 };

@@ -164,7 +164,7 @@ void EditScript::PrintElementsOfNewRow(std::int32_t row_of_b) {
 void EditScript::PrintElementsOfNewColumn(std::int32_t column_of_b) {
   const ColumnRecord& column = b_.Column(column_of_b);
   for (const model::ElementEntry& entry : column.Elements) {
-    const std::string& row = b_.Row(entry.Index).Name;
+    const std::string_view row = b_.Row(entry.Index).Name;
     if (a_.FindRow(row) != 0) PrintElement("add-element", row, column.Name, entry.Value);
   }
 }

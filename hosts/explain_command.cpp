@@ -75,8 +75,9 @@ bool IsUnheardOf(const RecordOrigin& record) {
 }
 
 // The row and the column of that name.
-std::vector<RecordOrigin> RecordsOf(const std::string& row, const std::string& column) {
-  return {{.is_row = true, .name = row}, {.is_row = false, .name = column}};
+std::vector<RecordOrigin> RecordsOf(std::string_view row, std::string_view column) {
+  return {{.is_row = true, .name = std::string(row)},
+          {.is_row = false, .name = std::string(column)}};
 }
 
 // "#5" is a number whatever the names are.
@@ -97,8 +98,8 @@ std::vector<RecordOrigin> RecordsOfNumber(const model::ModelStore& store, std::s
   const bool is_column = model::InRange(index, store.NumberOfColumns());
   if (!is_row && !is_column) return {};
   const std::int32_t number = model::Stored(index);
-  return RecordsOf(is_row ? store.Row(number).Name : "",
-                   is_column ? store.Column(number).Name : "");
+  return RecordsOf(is_row ? store.Row(number).Name.view() : "",
+                   is_column ? store.Column(number).Name.view() : "");
 }
 
 // "row COST and column BREAD".

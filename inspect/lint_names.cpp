@@ -12,12 +12,12 @@ using mps::FileProblem;
 using mps::FileProblemCode;
 
 struct LongNames {
-  const std::string* first = nullptr;
+  const model::NameText* first = nullptr;
   std::int64_t rows = 0;
   std::int64_t columns = 0;
   std::size_t longest = 0;
 
-  void Look(const std::string& name, std::int64_t& count) {
+  void Look(const model::NameText& name, std::int64_t& count) {
     constexpr std::size_t kMost = mps::kLongestFixedName;
     if (name.size() <= kMost) return;
     const std::size_t characters = text::CharacterCount(name);

@@ -297,8 +297,9 @@ class OriginWatch {
       any = true;
       if (++record.coefficient_count > static_cast<std::int64_t>(kept_)) continue;
       const model::ModelData& data = fill_.data();
-      const std::string& other = record.is_row ? data.Columns[c].Name : data.Rows[entry.Index].Name;
-      record.coefficients.push_back({line.number(), other, entry.Value});
+      const std::string_view other =
+          record.is_row ? data.Columns[c].Name : data.Rows[entry.Index].Name;
+      record.coefficients.push_back({line.number(), std::string(other), entry.Value});
     }
     return any;
   }

@@ -1,6 +1,5 @@
 // Changes of a model in which there may be gaps, by position.
 
-#include <string>
 #include <utility>
 
 #include "model/deferred_work.h"
@@ -64,7 +63,7 @@ template <class Record>
 void RenameAt(OneBased<Record>& records, std::int32_t position, const Gaps& gaps, NameIndex& names,
               std::string_view name) {
   Record& record = records[position];
-  std::string made(name);
+  NameText made(name);
   names.MakeRoom();
   names.Remove(record.Name, position);
   record.Name = std::move(made);

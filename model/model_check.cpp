@@ -67,7 +67,7 @@ template <class Records, class Find>
 std::string CheckNames(std::string_view kind, const Records& records, std::int32_t count,
                        const Find& find) {
   for (std::int32_t number = 1; number <= count; ++number) {
-    const std::string& name = records[number].Name;
+    const std::string_view name = records[number].Name;
     const std::int32_t found = find(NameKey::Of(name), name);
     if (found < 1 || found > number || records[found].Name != name) {
       return Label("name index misses " + std::string(kind), number);
@@ -93,15 +93,15 @@ std::string Check(const ModelData& data, const FindRowNamed& find_row,
 std::string CheckModelData(const ModelStore& store) {
   return Check(
       store.data(),
-      [&](const NameKey& key, const std::string& name) { return store.FindRow(key, name); },
-      [&](const NameKey& key, const std::string& name) { return store.FindColumn(key, name); });
+      [&](const NameKey& key, std::string_view name) { return store.FindRow(key, name); },
+      [&](const NameKey& key, std::string_view name) { return store.FindColumn(key, name); });
 }
 
 std::string CheckStoredModel(StoredModel& model) {
   return Check(
       model.data,
-      [&](const NameKey& key, const std::string& name) { return FindRow(model, key, name); },
-      [&](const NameKey& key, const std::string& name) { return FindColumn(model, key, name); });
+      [&](const NameKey& key, std::string_view name) { return FindRow(model, key, name); },
+      [&](const NameKey& key, std::string_view name) { return FindColumn(model, key, name); });
 }
 
 }  // namespace quarvel::model

@@ -10,6 +10,7 @@
 
 #include "model/bounds.h"
 #include "model/element_store.h"
+#include "model/name_text.h"
 #include "model/one_based.h"
 #include "model/record_types.h"
 
@@ -21,8 +22,8 @@ using RowNumbers = OneBased<std::int32_t, std::vector<std::int32_t>>;
 // What rows and columns have in common. Bounds limit a row's activity or a column's variable. A
 // fresh record has no name and type, bounds 0 and 0, and no list.
 struct ModelRecord : Bounds {
-  std::string Name;
   ElementList Elements;
+  NameText Name;  // at the end: the type of a row or column stands in the same eight bytes
 
   std::int32_t ElementCount() const { return Elements.size(); }
 };
@@ -32,6 +33,7 @@ struct RowRecord : ModelRecord {
 struct ColumnRecord : ModelRecord {
   ColumnType Type = ColumnType::kNone;
 };
+static_assert(sizeof(RowRecord) == 48 && sizeof(ColumnRecord) == 48);
 
 // The fields that no record, list or index depends on: whoever holds the store may set them.
 struct ModelSettings {

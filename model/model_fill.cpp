@@ -1,6 +1,5 @@
 #include "model/model_fill.h"
 
-#include <string>
 #include <utility>
 
 namespace quarvel::model {
@@ -12,7 +11,7 @@ Record& AppendRecord(OneBased<Record>& records, std::int32_t& count, std::string
   CheckOneMore(count);
   if (records.size() != count) records.Resize(count);
   names.MakeRoom();
-  std::string made(name);  // made anew, it has no more room than it needs
+  NameText made(name);
   Record& record = records.AppendFresh();
   ++count;  // not before there is one
   record.Name = std::move(made);

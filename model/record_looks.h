@@ -5,7 +5,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 #include "model/deferred_work.h"
 #include "model/stored_model.h"
@@ -18,12 +17,10 @@ class RecordLooks {
       : model_(model), data_(model.data), work_(work) {}
 
   // What a record is but for its list.
-  const std::string& NameOfRow(std::int32_t r) const {
-    return data_.Rows[work_.RowPosition(r)].Name;
-  }
+  const NameText& NameOfRow(std::int32_t r) const { return data_.Rows[work_.RowPosition(r)].Name; }
   RowType TypeOfRow(std::int32_t r) const { return data_.Rows[work_.RowPosition(r)].Type; }
   const Bounds& BoundsOfRow(std::int32_t r) const { return data_.Rows[work_.RowPosition(r)]; }
-  const std::string& NameOfColumn(std::int32_t c) const {
+  const NameText& NameOfColumn(std::int32_t c) const {
     return data_.Columns[work_.ColumnPosition(c)].Name;
   }
   ColumnType TypeOfColumn(std::int32_t c) const {

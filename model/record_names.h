@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
+#include <string_view>
 
 #include "model/one_based.h"
 
@@ -11,7 +11,7 @@ namespace quarvel::model {
 // Gives the name of a number. Valid as long as `records` is.
 template <class Record>
 auto NamesOf(const OneBased<Record>& records) {
-  return [&records](std::int32_t number) -> const std::string& { return records[number].Name; };
+  return [&records](std::int32_t number) { return records[number].Name.view(); };
 }
 
 }  // namespace quarvel::model

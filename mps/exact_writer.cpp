@@ -32,7 +32,7 @@ constexpr std::string_view kBeforeMarkerType = "                 ";
 template <class Records>
 bool HasBlank(const Records& records, std::int32_t count) {
   for (std::int32_t number = 1; number <= count; ++number) {
-    if (records[number].Name.find(' ') != std::string::npos) return true;
+    if (records[number].Name.view().find(' ') != std::string_view::npos) return true;
   }
   return false;
 }

@@ -162,7 +162,7 @@ void MpsWriter::WriteColumns() {
 void MpsWriter::BuildRowLabels() {
   row_labels_.Resize(data_.Rows.size());
   for (std::int32_t i = 1; i <= data_.Rows.size(); ++i) {
-    const std::string& name = data_.Rows[i].Name;
+    const std::string_view name = data_.Rows[i].Name;
     RowLabel& label = row_labels_[i];
     const bool plain = name.size() <= kLongestFixedName && text::IsAscii(name);
     label.length = plain ? static_cast<std::uint8_t>(name.size()) : kOnlyInRow;
@@ -222,7 +222,7 @@ void MpsWriter::WriteElement(const NameField& column, std::int32_t row_number,
     AppendRightAligned(value);
   } else {
     standard_ = false;
-    const std::string& row_name = data_.Rows[row_number].Name;
+    const std::string_view row_name = data_.Rows[row_number].Name;
     if (!column.fits) NoteLong({LongFieldKind::kName, column.name});
     if (!row.fits) NoteLong({LongFieldKind::kName, row_name});
     NoteLong({LongFieldKind::kCoefficient, column.name, row_name});

@@ -41,7 +41,7 @@ struct NameRules {
   bool HasLine(const Record& record) const {
     return layout == FileLayout::kFree || mps::HasLine(record);
   }
-  bool LosesBlank(const std::string& name) const {
+  bool LosesBlank(std::string_view name) const {
     if (name.find(' ') == name.npos) return false;
     return !blanks_are_kept || name.front() == ' ' || name.back() == ' ';
   }
@@ -59,7 +59,7 @@ class NameCheck {
     bool plain = true;
     for (std::int32_t number = 1; number <= count; ++number) {
       if (!rules_.HasLine(records_[number])) continue;
-      const std::string& name = records_[number].Name;
+      const std::string_view name = records_[number].Name;
       longest_ = std::max(longest_, name.size());
       if (name.size() + kBesideNames > LineReader::kLongestLine) {
         Add(LossKind::kLongLine, number, "has a name that is too long for a line");
@@ -84,7 +84,7 @@ class NameCheck {
 
   // False for a name that is not in upper case.
   bool Check(std::int32_t number) {
-    const std::string& name = records_[number].Name;
+    const std::string_view name = records_[number].Name;
     if (name.empty()) return Add(LossKind::kEmptyName, number, "has no name"), true;
     if (rules_.LosesBlank(name)) Add(LossKind::kBlankInName, number, "has a blank in its name");
     if (name.find('\t') != name.npos) {
@@ -159,7 +159,7 @@ void CheckMarkers(const ModelData& data, Losses& losses) {
   for (std::int32_t j = 1; j <= data.NumberOfColumns; ++j) {
     const model::ColumnRecord& column = data.Columns[j];
     if (column.ElementCount() == 0) continue;
-    const std::string& row = data.Rows[column.Elements[1].Index].Name;
+    const std::string_view row = data.Rows[column.Elements[1].Index].Name;
     if (row.size() == 8 && text::UpperCase(row) == "'MARKER'") {
       AddToColumn(data, losses, LossKind::kMarkerName, j,
                   "begins with an element at a row called 'MARKER', which reads as a marker");
@@ -201,9 +201,9 @@ void AddNameLosses(const model::ModelStore& store, FileLayout layout, Losses& lo
   const ModelData& data = store.data();
   const NameRules rules = {layout, blanks_are_kept, store.looks().KnowsNamesDistinct()};
   const NameCheck rows(rules, "row", data.Rows, data.NumberOfRows, losses,
-                       [&store](const std::string& name) { return store.FindRow(name); });
+                       [&store](std::string_view name) { return store.FindRow(name); });
   const NameCheck columns(rules, "column", data.Columns, data.NumberOfColumns, losses,
-                          [&store](const std::string& name) { return store.FindColumn(name); });
+                          [&store](std::string_view name) { return store.FindColumn(name); });
   if (layout == FileLayout::kFixed) {
     CheckMarkers(data, losses);
   } else {

@@ -90,7 +90,7 @@ void BatchKeys::PrefetchRecords(const model::NameIndex& index,
     const std::int32_t number = index.Candidate(name.key);
     if (number < 1 || number > records.size()) continue;
     name.found = &records[number].Name;
-    text::Prefetch(name.found, sizeof(std::string));
+    text::Prefetch(name.found, sizeof(model::NameText));
   }
   for (std::size_t i = 0; i < long_count_; ++i) {
     const LongName& name = long_names_[i];

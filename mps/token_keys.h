@@ -64,7 +64,7 @@ class BatchKeys {
   struct LongName {
     model::NameKey key;
     std::size_t size = 0;
-    const std::string* found = nullptr;
+    const model::NameText* found = nullptr;
   };
 
   std::array<TokenKeys, LineBatch::kMost> keys_;

@@ -14,7 +14,7 @@ using platform::MsgBoxResult;
 constexpr std::string_view kCaption = "Progress:  Simplifying MPS Model (";
 constexpr std::int64_t kInterval = 100;
 
-std::string Around(std::string_view before, const std::string& name, std::string_view after) {
+std::string Around(std::string_view before, std::string_view name, std::string_view after) {
   return std::string(before).append(name).append(after);
 }
 

@@ -66,8 +66,8 @@ void SimplificationLog::Append(std::string_view line) {
   }
 }
 
-void SimplificationLog::AppendEmptyRow(model::RowType type, const std::string& name) {
-  if (is_open()) Append("Removed empty row:  " + model::TypeText(type) + " " + name);
+void SimplificationLog::AppendEmptyRow(model::RowType type, std::string_view name) {
+  if (is_open()) Append("Removed empty row:  " + model::TypeText(type) + " " + std::string(name));
 }
 
 void SimplificationLog::Close() {

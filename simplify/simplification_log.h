@@ -55,7 +55,7 @@ class SimplificationLog {
   bool keeps_altered() const { return altered_ != nullptr; }
   // Where sentences about such rows are kept.
   void AppendAltered(std::string sentence) { altered_->push_back(std::move(sentence)); }
-  void AppendEmptyRow(model::RowType type, const std::string& name);
+  void AppendEmptyRow(model::RowType type, std::string_view name);
   // Raises what the system says of the file, which is closed all the same.
   void Close();
   // Closes ignoring failures; nothing while no log is open.

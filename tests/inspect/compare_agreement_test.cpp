@@ -29,7 +29,8 @@ Keys KeysOf(const Records& records) {
   std::map<std::string, int> seen;
   Keys keys = {""};
   for (const auto& record : records) {
-    keys.push_back(record.Name + "#" + std::to_string(seen[record.Name]++));
+    const std::string name(record.Name);
+    keys.push_back(name + "#" + std::to_string(seen[name]++));
   }
   return keys;
 }

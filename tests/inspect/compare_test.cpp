@@ -39,7 +39,7 @@ ModelBuilder BuildSmall(TestModel& test) {
 template <class Records>
 std::string NameIn(const Records& a, const Records& b, RecordPair pair) {
   if (pair.a != 0) return a[pair.a].Name;
-  return pair.b != 0 ? b[pair.b].Name : "";
+  return pair.b != 0 ? std::string(b[pair.b].Name) : "";
 }
 
 // "element-value R1 X 2 3".

@@ -40,7 +40,7 @@ void Build(ModelStore& store, std::int32_t rows, std::int32_t columns, std::int3
 std::string NamesOfRows(const ModelStore& store) {
   std::string names;
   for (std::int32_t r = 1; r <= store.NumberOfRows(); ++r)
-    names += store.looks().NameOfRow(r) + " ";
+    names.append(store.looks().NameOfRow(r)) += " ";
   return names;
 }
 

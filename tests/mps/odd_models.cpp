@@ -70,7 +70,7 @@ void AddAnyColumn(Dice& dice, ModelBuilder& build, const std::string& name, bool
 template <class Records>
 void AppendRecords(Names& lines, const Records& records, bool with_elements) {
   for (const auto& record : records) {
-    std::string line = record.Name + ' ' + model::TypeText(record.Type);
+    std::string line = std::string(record.Name) + ' ' + model::TypeText(record.Type);
     for (const double bound : {record.LowerBound, record.UpperBound}) {
       line += ' ' + text::RoundTripText(bound);
     }
