@@ -1,5 +1,6 @@
 #include "model/name_index.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace quarvel::model {
@@ -9,11 +10,12 @@ void NameIndex::Clear() { *this = NameIndex(); }
 // Three quarters of the slots may be taken.
 void NameIndex::Grow(std::size_t count) {
   constexpr std::size_t kFewestBuckets = 16;
-  std::size_t capacity = buckets_.empty() ? kFewestBuckets : 2 * buckets_.size();
-  while (count > capacity * Bucket::kSlots / 4 * 3) capacity *= 2;
-  const auto old = std::exchange(buckets_, decltype(buckets_)(capacity));
-  mask_ = capacity - 1;
-  most_ = capacity * Bucket::kSlots / 4 * 3;
+  constexpr std::size_t kMostInBucket = Bucket::kSlots / 4 * 3;
+  const std::size_t needed = (count + kMostInBucket - 1) / kMostInBucket;
+  const std::size_t buckets = std::max({kFewestBuckets, 2 * bucket_count_, needed});
+  const auto old = std::exchange(buckets_, decltype(buckets_)(buckets));
+  bucket_count_ = buckets;
+  most_ = buckets * kMostInBucket;
   for (const Bucket& bucket : old) {
     for (std::size_t place = 0; place < Bucket::kSlots; ++place) {
       const Slot slot = bucket.Get(place);
@@ -29,14 +31,14 @@ std::size_t NameIndex::CountDetours() const {
   for (std::size_t i = 0; i < buckets_.size(); ++i) {
     for (std::size_t place = 0; place < Bucket::kSlots; ++place) {
       const Slot slot = buckets_[i].Get(place);
-      if (slot.number != 0) detours += (i - Home(slot)) & mask_;
+      if (slot.number != 0) detours += Distance(Home(slot), i);
     }
   }
   return detours;
 }
 
 NameIndex::Bucket& NameIndex::BucketWithRoom(std::size_t bucket) {
-  while (buckets_[bucket].IsFull()) bucket = (bucket + 1) & mask_;
+  while (buckets_[bucket].IsFull()) bucket = Next(bucket);
   return buckets_[bucket];
 }
 
@@ -44,7 +46,7 @@ void NameIndex::Remove(std::string_view name, std::int32_t number) {
   if (has_duplicates_) stale_ = true;  // another record of that name would become the first
   if (stale_ || buckets_.empty()) return;
   const NameKey key = NameKey::Of(name);
-  for (std::size_t i = Home(key);; i = (i + 1) & mask_) {
+  for (std::size_t i = Home(key);; i = Next(i)) {
     for (std::size_t place = 0; place < Bucket::kSlots; ++place) {
       const Slot slot = buckets_[i].Get(place);
       if (slot.number == 0) return;
@@ -78,11 +80,11 @@ void NameIndex::CloseGap(std::size_t bucket, std::size_t place) {
 // The first name behind that bucket that may stand in it; a place of the bucket itself when there is
 // none.
 NameIndex::Place NameIndex::FindSentOn(std::size_t bucket) const {
-  for (std::size_t i = (bucket + 1) & mask_; i != bucket; i = (i + 1) & mask_) {
+  for (std::size_t i = Next(bucket); i != bucket; i = Next(i)) {
     for (std::size_t k = 0; k < Bucket::kSlots; ++k) {
       const Slot slot = buckets_[i].Get(k);
       if (slot.number == 0) return {bucket, 0};  // no name was sent on from here
-      if (((i - Home(slot)) & mask_) >= ((i - bucket) & mask_)) return {i, k};
+      if (Distance(Home(slot), i) >= Distance(bucket, i)) return {i, k};
     }
   }
   return {bucket, 0};

@@ -46,7 +46,7 @@ class NameIndex {
   // A number of that key, 0 when there is none. Long names may share a key.
   std::int32_t Candidate(const NameKey& key) const {
     if (buckets_.empty()) return 0;
-    for (std::size_t i = Home(key);; i = (i + 1) & mask_) {
+    for (std::size_t i = Home(key);; i = Next(i)) {
       const std::int32_t number = buckets_[i].NumberOf(key);
       if (number != 0 || !buckets_[i].IsFull()) return number;
     }
@@ -147,13 +147,23 @@ class NameIndex {
     std::size_t slot;
   };
 
-  std::size_t Home(const NameKey& key) const { return key.hash & mask_; }
+  // There may be any number of buckets: a hash is taken as a part of 2^32.
+  std::size_t Home(const NameKey& key) const {
+    return static_cast<std::size_t>((std::uint64_t{key.hash} * bucket_count_) >> 32);
+  }
   std::size_t Home(const Slot& slot) const { return Home(NameKey::OfParts(slot.low, slot.high)); }
+  // Behind the last comes the first.
+  std::size_t Next(std::size_t bucket) const {
+    return bucket + 1 == bucket_count_ ? 0 : bucket + 1;
+  }
+  std::size_t Distance(std::size_t from, std::size_t to) const {
+    return to >= from ? to - from : to + bucket_count_ - from;
+  }
 
   template <class NameOf>
   std::int32_t FindLong(const NameKey& key, std::string_view name, const NameOf& name_of) const {
     if (buckets_.empty()) return 0;
-    for (std::size_t i = Home(key);; i = (i + 1) & mask_) {
+    for (std::size_t i = Home(key);; i = Next(i)) {
       for (unsigned same = buckets_[i].Same(key); same != 0; same &= same - 1) {
         const auto place = static_cast<std::size_t>(std::countr_zero(same));
         const std::int32_t number = buckets_[i].numbers[place];
@@ -170,7 +180,7 @@ class NameIndex {
   Place FindSentOn(std::size_t bucket) const;
 
   std::vector<Bucket, platform::TableAllocator<Bucket>> buckets_;
-  std::size_t mask_ = 0;
+  std::size_t bucket_count_ = 0;
   std::size_t size_ = 0;
   std::size_t most_ = 0;  // entries that there is room for
   bool has_duplicates_ = false;

@@ -3,6 +3,7 @@
 #include <map>
 #include <random>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -92,9 +93,10 @@ TEST(NameIndex, AsksToBeRebuiltWhenARemovedNameHadASecondOwner) {
 // is taken out.
 TEST(NameIndex, FindsNamesThatCrowdInOnePlace) {
   std::vector<std::string> crowd;
-  const std::uint32_t place = NameKey::Of("0").hash % 16;
+  const auto bucket_of_16 = [](std::string_view name) { return NameKey::Of(name).hash >> 28; };
+  const std::uint32_t place = bucket_of_16("0");
   for (int i = 0; crowd.size() < 14; ++i) {
-    if (NameKey::Of(std::to_string(i)).hash % 16 == place) crowd.push_back(std::to_string(i));
+    if (bucket_of_16(std::to_string(i)) == place) crowd.push_back(std::to_string(i));
   }
   std::mt19937 random(3);
   for (int round = 0; round < 200; ++round) {
@@ -115,6 +117,23 @@ TEST(NameIndex, FindsNamesThatCrowdInOnePlace) {
         ASSERT_EQ(index.Find(other, names.Of()), wanted == expected.end() ? 0 : wanted->second);
       }
     }
+  }
+}
+
+// Room for so many may be any number of buckets.
+TEST(NameIndex, FindsAllNamesInRoomThatWasMadeForThem) {
+  for (const std::size_t room : {1, 47, 48, 49, 145, 1000, 1001, 5000}) {
+    NameIndex index;
+    Names names;
+    index.Reserve(room);
+    const auto count = static_cast<int>(2 * room);
+    for (int i = 1; i <= count; ++i) names.Add(index, std::to_string(i));
+    for (int i = 1; i <= count; ++i) ASSERT_EQ(index.Find(std::to_string(i), names.Of()), i);
+    for (int i = 1; i <= count; i += 2) index.Remove(std::to_string(i), i);
+    for (int i = 1; i <= count; ++i) {
+      ASSERT_EQ(index.Find(std::to_string(i), names.Of()), i % 2 == 0 ? i : 0) << room;
+    }
+    EXPECT_EQ(index.Find("0", names.Of()), 0);
   }
 }
 
