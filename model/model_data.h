@@ -33,7 +33,7 @@ struct RowRecord : ModelRecord {
 struct ColumnRecord : ModelRecord {
   ColumnType Type = ColumnType::kNone;
 };
-static_assert(sizeof(RowRecord) == 48 && sizeof(ColumnRecord) == 48);
+static_assert(sizeof(RowRecord) <= 48 && sizeof(ColumnRecord) <= 48);
 
 // The fields that no record, list or index depends on: whoever holds the store may set them.
 struct ModelSettings {
