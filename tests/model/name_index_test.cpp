@@ -122,7 +122,7 @@ TEST(NameIndex, FindsNamesThatCrowdInOnePlace) {
 
 // Room for so many may be any number of buckets.
 TEST(NameIndex, FindsAllNamesInRoomThatWasMadeForThem) {
-  for (const std::size_t room : {1, 47, 48, 49, 145, 1000, 1001, 5000}) {
+  for (const std::size_t room : {1u, 47u, 48u, 49u, 145u, 1000u, 1001u, 5000u}) {
     NameIndex index;
     Names names;
     index.Reserve(room);

@@ -14,7 +14,7 @@ namespace {
 // Around the most that stands in place, and much more. Each has bytes of its own.
 std::vector<std::string> Texts() {
   std::vector<std::string> texts;
-  for (const std::size_t size : {0, 1, 8, 12, 13, 14, 15, 16, 20, 255, 256, 70'000}) {
+  for (const std::size_t size : {0u, 1u, 8u, 12u, 13u, 14u, 15u, 16u, 20u, 255u, 256u, 70'000u}) {
     std::string text;
     for (std::size_t i = 0; i < size; ++i) text += static_cast<char>('!' + (i + size) % 90);
     texts.push_back(text);
