@@ -13,8 +13,8 @@ struct StoredModel;
 // memory at every one. Large models are therefore sorted twice: first the coefficients go to the
 // group of rows they belong to, where each group's part of the memory is written from front to
 // back; then each group, small enough for the processor's cache but for a row that holds most of it,
-// is put in order by itself. The plain way is to append coefficient by coefficient, which small models get and which gives the
-// same: tests/model/row_lists_test.cpp.
+// is put in order by itself. The plain way is to append coefficient by coefficient, which small
+// models get and which gives the same: tests/model/row_lists_test.cpp.
 void FillRowLists(StoredModel& model);
 
 }  // namespace quarvel::model
