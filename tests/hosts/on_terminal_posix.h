@@ -82,6 +82,8 @@ class OnTerminal {
   [[noreturn]] static void RunChild(const std::string& slave,
                                     const std::vector<std::string>& words) {
     setsid();
+    // As at a terminal, also where the tests were started without: in the background they are ignored.
+    for (const int signal : {SIGINT, SIGQUIT, SIGHUP}) std::signal(signal, SIG_DFL);
     const int terminal = open(slave.c_str(), O_RDWR);
     for (const int standard : {0, 1, 2}) dup2(terminal, standard);
     const hosts::Streams streams = {platform::console::ReadInputLine,
@@ -95,10 +97,13 @@ class OnTerminal {
     _exit(status);
   }
 
-  // False at the end, and after a long time without anything.
+  // False at the end, and after a long time without anything, which ends the program.
   bool ReadMore() {
     pollfd waiting = {master_, POLLIN, 0};
-    if (poll(&waiting, 1, kPatienceMs) <= 0) return false;
+    if (poll(&waiting, 1, kPatienceMs) <= 0) {
+      kill(child_, SIGKILL);
+      return false;
+    }
     char buffer[4096];
     const ssize_t count = read(master_, buffer, sizeof(buffer));
     if (count <= 0) return false;
