@@ -106,9 +106,10 @@ class LPModel final : public model::ModelInterface {
     return ColumnElement<ValuePart>(j, k);
   }
   std::int32_t ColNumberElements(std::int32_t j) const override {
-    if (store_.has_deferred_work()) [[unlikely]]
-      return DeferredColNumberElements(j);
-    return Guarded([&] { return store_.Column(ColumnNumber(j)).ElementCount(); });
+    const auto columns = store_.ReadyColumns();
+    if (Offset(j) >= columns.size()) [[unlikely]]
+      return ColNumberElementsSlowly(j);
+    return columns[Offset(j)].ElementCount();
   }
   double ColUpperBound(std::int32_t j) const override;
   double ColLowerBound(std::int32_t j) const override;
@@ -123,9 +124,10 @@ class LPModel final : public model::ModelInterface {
     return RowElement<ValuePart>(i, k);
   }
   std::int32_t RowNumberElements(std::int32_t i) const override {
-    if (store_.has_deferred_work()) [[unlikely]]
-      return DeferredRowNumberElements(i);
-    return Guarded([&] { return store_.Row(RowNumber(i)).ElementCount(); });
+    const auto rows = store_.ReadyRows();
+    if (Offset(i) >= rows.size()) [[unlikely]]
+      return RowNumberElementsSlowly(i);
+    return rows[Offset(i)].ElementCount();
   }
   double RowUpperBound(std::int32_t i) const override;
   double RowLowerBound(std::int32_t i) const override;
@@ -246,34 +248,35 @@ class LPModel final : public model::ModelInterface {
     using Type = double;
     static Type Of(const model::ElementEntry& entry) { return entry.Value; }
   };
-  // One part of what stands at place k of a list. Where work is deferred the call stands apart, and outside
-  // the guard: a loop over these can keep its variables in registers then, and what was looked up
+  // The place of a number that is to be compared with how many there are: negative ones are beyond.
+  static std::size_t Offset(std::int32_t number) { return static_cast<std::uint32_t>(number); }
+  // One part of what stands at place k of a list. Where work is deferred, and for numbers of none, the call
+  // stands apart: a loop over these can keep its variables in registers then, and what was looked up
   // for one part is there for the other.
   template <class Part>
   [[gnu::always_inline]] typename Part::Type RowElement(std::int32_t i, std::int32_t k) const {
-    if (store_.has_deferred_work()) [[unlikely]]
-      return Part::Of(DeferredRowElement(i, k));
-    return Guarded([&] {
-      const model::RowRecord& row = store_.Row(RowNumber(i));
-      return Part::Of(
-          row.Elements.begin()[model::Public(model::CheckRowElement(k, row.ElementCount()))]);
-    });
+    const auto rows = store_.ReadyRows();
+    if (Offset(i) < rows.size()) [[likely]] {
+      const model::ElementStore& list = rows[Offset(i)].Elements.store();
+      if (Offset(k) < list.size()) [[likely]]
+        return Part::Of(list.data()[Offset(k)]);
+    }
+    return Part::Of(RowElementSlowly(i, k));
   }
   template <class Part>
   [[gnu::always_inline]] typename Part::Type ColumnElement(std::int32_t j, std::int32_t k) const {
-    if (store_.has_deferred_work()) [[unlikely]]
-      return Part::Of(DeferredColumnElement(j, k));
-    return Guarded([&] {
-      const model::ColumnRecord& column = store_.Column(ColumnNumber(j));
-      return Part::Of(
-          column.Elements
-              .begin()[model::Public(model::CheckColumnElement(k, column.ElementCount()))]);
-    });
+    const auto columns = store_.ReadyColumns();
+    if (Offset(j) < columns.size()) [[likely]] {
+      const model::ElementStore& list = columns[Offset(j)].Elements.store();
+      if (Offset(k) < list.size()) [[likely]]
+        return Part::Of(list.data()[Offset(k)]);
+    }
+    return Part::Of(ColumnElementSlowly(j, k));
   }
-  [[gnu::cold]] model::ElementEntry DeferredRowElement(std::int32_t i, std::int32_t k) const;
-  [[gnu::cold]] model::ElementEntry DeferredColumnElement(std::int32_t j, std::int32_t k) const;
-  [[gnu::cold]] std::int32_t DeferredRowNumberElements(std::int32_t i) const;
-  [[gnu::cold]] std::int32_t DeferredColNumberElements(std::int32_t j) const;
+  [[gnu::cold]] model::ElementEntry RowElementSlowly(std::int32_t i, std::int32_t k) const;
+  [[gnu::cold]] model::ElementEntry ColumnElementSlowly(std::int32_t j, std::int32_t k) const;
+  [[gnu::cold]] std::int32_t RowNumberElementsSlowly(std::int32_t i) const;
+  [[gnu::cold]] std::int32_t ColNumberElementsSlowly(std::int32_t j) const;
   // One plain box; the refusals of writes and edits.
   void Refuse(std::string_view text) const;
   void WarnOnceOfLongName(std::string_view name) {

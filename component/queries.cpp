@@ -59,14 +59,14 @@ std::int32_t LPModel::NonBindingRowIndex(std::int32_t i) const {
   });
 }
 
-model::ElementEntry LPModel::DeferredRowElement(std::int32_t i, std::int32_t k) const {
+model::ElementEntry LPModel::RowElementSlowly(std::int32_t i, std::int32_t k) const {
   return Guarded([&] {
     const std::int32_t r = RowNumber(i);
     return store_.looks().RowElement(r, model::CheckRowElement(k, store_.ElementsInRow(r)));
   });
 }
 
-model::ElementEntry LPModel::DeferredColumnElement(std::int32_t j, std::int32_t k) const {
+model::ElementEntry LPModel::ColumnElementSlowly(std::int32_t j, std::int32_t k) const {
   return Guarded([&] {
     const model::RecordLooks looks = store_.looks();
     const std::int32_t c = ColumnNumber(j);
@@ -74,11 +74,11 @@ model::ElementEntry LPModel::DeferredColumnElement(std::int32_t j, std::int32_t 
   });
 }
 
-std::int32_t LPModel::DeferredRowNumberElements(std::int32_t i) const {
+std::int32_t LPModel::RowNumberElementsSlowly(std::int32_t i) const {
   return Guarded([&] { return store_.ElementsInRow(RowNumber(i)); });
 }
 
-std::int32_t LPModel::DeferredColNumberElements(std::int32_t j) const {
+std::int32_t LPModel::ColNumberElementsSlowly(std::int32_t j) const {
   return Guarded([&] { return store_.looks().ElementsInColumn(ColumnNumber(j)); });
 }
 

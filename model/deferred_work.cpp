@@ -29,17 +29,19 @@ DeferredWork::DeferredWork(StoredModel& model, const DeferredWork& other)
       removals_(other.removals_),
       row_indexes_(other.row_indexes_),
       changes_(other.changes_),
-      agreement_(other.agreement_) {}
+      agreement_(other.agreement_) {
+  CountReady();
+}
 
 void DeferredWork::DeferRowLists() {
   model_.row_lists_behind = true;
-  empty_ = false;
+  SetEmpty(false);
 }
 
 void DeferredWork::Settle(bool with_row_lists) {
   if (with_row_lists) FillRowListsIfBehind();
   CloseAllGaps();
-  empty_ = !model_.row_lists_behind;
+  SetEmpty(!model_.row_lists_behind);
 }
 
 // Walking the columns in order meets the coefficients in the order in which a read appended them,
@@ -81,6 +83,7 @@ void DeferredWork::NoteEmptied() {
   long_.Clear();
   model_.row_lists_behind = false;
   empty_ = true;
+  ready_ = {};  // they still stand there
   agreement_.NoteFilled(++changes_);
 }
 

@@ -19,6 +19,8 @@
 // ModelStore, whose parts it settles.
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string_view>
@@ -42,6 +44,22 @@ class DeferredWork {
 
   // Every look at the store asks.
   bool empty() const { return empty_; }
+  // Of how many rows and columns a look needs nothing done and nothing else compared first: of all that are
+  // counted, or of none while something is deferred.
+  struct Ready {
+    std::size_t rows = 0;
+    std::size_t columns = 0;
+  };
+  const Ready& ready() const { return ready_; }
+  // To be called when records were appended, or taken over, elsewhere.
+  void CountReady() {
+    if (empty_) {
+      ready_ = {.rows = ReadyOf(model_.data.Rows, model_.data.NumberOfRows),
+                .columns = ReadyOf(model_.data.Columns, model_.data.NumberOfColumns)};
+    } else {
+      ready_ = {};
+    }
+  }
   // When memory runs out, everybody still sees the same.
   // Without row lists those stay behind where they are.
   void Settle(bool with_row_lists = true);
@@ -107,6 +125,15 @@ class DeferredWork {
       FillRowListsThatAreBehind();
   }
   void FillRowListsThatAreBehind();
+  void SetEmpty(bool empty) {
+    empty_ = empty;
+    CountReady();
+  }
+  // Fields that were taken over may count more than they store.
+  template <class Record>
+  static std::size_t ReadyOf(const OneBased<Record>& records, std::int32_t count) {
+    return static_cast<std::size_t>(std::clamp(count, 0, records.size()));
+  }
   // Gaps that a coefficient leaves say nothing of an order.
   void ReadyForElements() {
     FillRowListsIfBehind();
@@ -127,6 +154,7 @@ class DeferredWork {
 
   StoredModel& model_;
   bool empty_ = true;  // nothing is deferred
+  Ready ready_;
   DeferredRemovals removals_;
   DeferredRowIndexes row_indexes_;
   ListAgreement::Changes changes_ = 0;

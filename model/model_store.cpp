@@ -126,6 +126,7 @@ void ModelStore::Take(ModelData data) {
   model_.row_names.MarkStale();
   model_.column_names.MarkStale();
   deferred_.NoteChange();
+  deferred_.CountReady();
   change_check_.Forget();
 }
 

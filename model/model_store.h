@@ -19,6 +19,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <string_view>
 
 #include "model/change_check.h"
@@ -55,6 +56,14 @@ class ModelStore {
     if (!deferred_.empty()) [[unlikely]]
       return deferred_.Column(c);
     return model_.data.Columns[c];
+  }
+  // The rows and columns that can be looked at as they are stored, by numbers from 0: all of them, or none
+  // while work is deferred. For who looks often: one comparison tells both.
+  std::span<const RowRecord> ReadyRows() const {
+    return {model_.data.Rows.store().data(), deferred_.ready().rows};
+  }
+  std::span<const ColumnRecord> ReadyColumns() const {
+    return {model_.data.Columns.store().data(), deferred_.ready().columns};
   }
   // How many coefficients stand in a row's list.
   std::int32_t ElementsInRow(std::int32_t r) const {
