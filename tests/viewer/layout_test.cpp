@@ -11,6 +11,7 @@
 #include "mps/frm_set_default_bounds.h"
 #include "platform/input_box.h"
 #include "platform/scripted/scripted_desktop.h"
+#include "tests/support/kept_text.h"
 #include "viewer/frm_add_elements_to_row.h"
 #include "viewer/frm_set_col_bounds.h"
 #include "viewer/frm_set_row_bounds.h"
@@ -275,6 +276,44 @@ TEST_F(Layout, WhatStandsInAFrameHasTheSameRoomOnEitherSide) {
       EXPECT_EQ(left, right) << holder.control->name();
     }
   });
+}
+
+std::string TextOf(const Place& place) {
+  return std::to_string(place.x) + "," + std::to_string(place.y) + " " +
+         std::to_string(place.width) + "x" + std::to_string(place.height);
+}
+
+// Every control of a form in the order of the tab key, in each of the sizes that a user can give to the form.
+std::string TextOf(const Form& form) {
+  std::string text = form.name() + " \"" + form.caption() + "\"\n";
+  const auto sizes = Sizes(form);
+  for (const Control* control : form.controls()) {
+    text += "  " + control->name();
+    if (control->access_key != 0) text += std::string(" &") + control->access_key;
+    if (!control->enabled()) text += " disabled";
+    if (!control->visible()) text += " hidden";
+    if (form.focus() == control) text += " focused";
+    if (!control->caption().empty()) text += " \"" + control->caption().substr(0, 60) + "\"";
+    if (control->kind() == ControlKind::kMenuItem) {
+      text += '\n';
+      continue;
+    }
+    text += ':';
+    for (const auto& [width, height] : sizes) text += " " + TextOf(control->PlaceIn(width, height));
+    text += '\n';
+  }
+  text += "  sizes:";
+  for (const auto& [width, height] : sizes) {
+    text += " " + std::to_string(width) + "x" + std::to_string(height);
+  }
+  return text + "\n\n";
+}
+
+// So that nothing is moved unawares: whoever moves something looks at it, and at the kept text anew.
+TEST_F(Layout, IsTheOneThatWasLookedAt) {
+  std::string text;
+  ForEachForm([&text](Form& form) { text += TextOf(form); });
+  ExpectKept("layout.txt", text);
 }
 
 }  // namespace
