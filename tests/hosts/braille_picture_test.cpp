@@ -58,6 +58,12 @@ TEST_F(Braille, PutsEightDotsIntoALetter) {
   EXPECT_TRUE(lines[11].starts_with("  39 \u2502")) << lines[11];
 }
 
+TEST_F(Braille, NamesTheColumnsInWordsWhereTheFirstAndLastHaveNoRoom) {
+  BuildDiagonal(60, 60);
+  EXPECT_EQ(Lines({.width = 23, .height = 10})[0], "      0   columns   59");
+  EXPECT_EQ(Lines({.width = 22, .height = 10})[0], "      columns 0 to 59");
+}
+
 TEST_F(Braille, FillsTheWidthAndNoMore) {
   BuildDiagonal(3000, 9000);
   for (const int width : {20, 40, 80, 200}) {

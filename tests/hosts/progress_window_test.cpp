@@ -18,6 +18,7 @@ class ProgressWindowTest : public ConsoleDesktopTest {};
 TEST(BytesOfProgress, AreForPeople) {
   EXPECT_EQ(BytesText(0), "0 bytes");
   EXPECT_EQ(BytesText(999), "999 bytes");
+  EXPECT_EQ(BytesText(5.3), "5 bytes");
   EXPECT_EQ(BytesText(1000), "1 KB");
   EXPECT_EQ(BytesText(1540), "1.5 KB");
   EXPECT_EQ(BytesText(33'700'000), "34 MB");

@@ -125,6 +125,20 @@ TEST(ExactWriter, SaysReversedBoundsSoThatNoReaderFreesTheLowerOne) {
       std::string::npos);
 }
 
+// Its sign is kept, and may say to a reader what that of any negative one does.
+TEST(ExactWriter, SaysTheLowerBoundUnderAnUpperOneOfMinusZero) {
+  HandMadeModel made;
+  made.build.Row("R", 'L', 4).Column("X", 0, -0.0).Column("Y", -0.0, 0).Element("X", "R", 1);
+  const std::string text = Write(made.model.store()).text;
+  EXPECT_EQ(text.substr(text.find("BOUNDS")),
+            "BOUNDS\r\n"
+            " UP BOUND     X                   -0\r\n"
+            " LO BOUND     X                    0\r\n"
+            " UP BOUND     Y                    0\r\n"
+            " LO BOUND     Y                   -0\r\n"
+            "ENDATA\r\n");
+}
+
 TEST(ExactWriter, SaysOfEachBoundAloneWhereTheOtherIsNone) {
   constexpr double kAbsent = model::BoundLimit;
   HandMadeModel made;

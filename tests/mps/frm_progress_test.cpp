@@ -156,6 +156,21 @@ TEST(ReadProgress, StartsNothingWhenShownWithNothingToStart) {
   EXPECT_FALSE(window.IsShowing());
 }
 
+TEST(ReadProgress, BeginsWithAnEmptyRangeEachTime) {
+  ReadSession session;
+  frmProgress window(session.desktop);
+  window.Show();
+  EXPECT_EQ(window.bar.max(), 0);
+  window.bar.set_range(0, 100);
+  window.bar.set_value(70);
+  window.Finish();
+  window.Show();
+  EXPECT_EQ(window.bar.min(), 0);
+  EXPECT_EQ(window.bar.max(), 0);
+  EXPECT_EQ(window.bar.value(), 0);
+  window.Finish();
+}
+
 TEST(ReadProgress, DropsItsModelWhenItUnloads) {
   ReadSession session;
   session.Read(ManyColumns(1));

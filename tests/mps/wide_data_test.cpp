@@ -135,6 +135,15 @@ TEST(WideData, ReadsFreeBoundsWithValuesAndWithoutSets) {
   EXPECT_EQ(reading.Column("Y").LowerBound, -model::BoundLimit);
 }
 
+TEST(WideData, AnInfiniteValueTakesABoundBack) {
+  const WideReading reading(
+      WideDataFile("BOUNDS\n UP B X 5\n LO B X 2\n UP B X Inf\n LO B X -Inf\n UP B Y 7\n"));
+  const auto& columns = reading.store.data().Columns;
+  EXPECT_EQ(columns[1].UpperBound, model::BoundLimit);
+  EXPECT_EQ(columns[1].LowerBound, -model::BoundLimit);
+  EXPECT_EQ(columns[2].UpperBound, 7);
+}
+
 TEST(WideData, FreesTheLowerBoundUnderANegativeUpperWhenToldSo) {
   const std::string text = WideDataFile("BOUNDS\n UP B X -2\n LO B Y -9\n UP B Y -3\n");
   WideReading keeps(text);

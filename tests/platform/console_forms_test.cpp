@@ -234,6 +234,28 @@ TEST_F(ConsoleFormsTest, TellsHowLongItWillTakeYet) {
   Printed([&] { form.Unload(); });
 }
 
+TEST_F(ConsoleFormsTest, TellsHowLongItWillTakeYetAfterAnotherFormWasShownOverIt) {
+  desktop_.set_shows_progress(true);
+  frmWork form(desktop_);
+  form.Show();
+  {
+    frmWork over(desktop_);
+    over.Show();
+    Printed([&] { desktop_.DoEvents(); });
+    over.stopped = true;
+    Printed([&] { over.Unload(); });
+  }
+  EXPECT_TRUE(Printed([&] { desktop_.DoEvents(); }).starts_with("Working"));
+  const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(700);
+  while (std::chrono::steady_clock::now() < until) {
+  }
+  form.bar.set_value(7.5F);
+  const std::string later = Printed([&] { desktop_.DoEvents(); });
+  EXPECT_NE(later.find(" s left ["), std::string::npos) << later;
+  form.stopped = true;
+  Printed([&] { form.Unload(); });
+}
+
 TEST_F(ConsoleFormsTest, CutsTheProgressLineToTheScreen) {
   desktop_.set_shows_progress(true);
   frmWork form(desktop_);

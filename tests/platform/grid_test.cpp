@@ -293,6 +293,25 @@ TEST_F(GridTest, TypingNeverFindsTheHeader) {
   EXPECT_EQ(grid.current_row(), 0);
 }
 
+TEST_F(GridTest, TypingMovesNothingInAGridThatCannotBeUsed) {
+  Fill({"a", "b"});
+  grid_.set_current_row(0);
+  grid_.set_enabled(false);
+  grid_.TypeCharacter("b");
+  EXPECT_EQ(grid_.current_row(), 0);
+  grid_.set_enabled(true);
+  grid_.set_visible(false);
+  grid_.TypeCharacter("b");
+  EXPECT_EQ(grid_.current_row(), 0);
+  grid_.set_visible(true);
+  grid_.set_redraw(false);
+  grid_.TypeCharacter("b");
+  EXPECT_EQ(grid_.current_row(), 0);
+  grid_.set_redraw(true);
+  grid_.TypeCharacter("b");
+  EXPECT_EQ(grid_.current_row(), 1);
+}
+
 TEST_F(GridTest, TypingSearchesTheColumnOfNames) {
   Grid grid(form_, "grdTwo", {}, {10, 10});
   grid.search_column = 1;
