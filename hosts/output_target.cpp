@@ -1,7 +1,9 @@
 #include "hosts/output_target.h"
 
 #include <array>
+#include <cstdint>
 
+#include "platform/automation_error.h"
 #include "platform/files.h"
 #include "platform/system_names.h"
 #include "text/visible_text.h"
@@ -36,6 +38,9 @@ OutputTarget TargetOf(const std::string& path, const std::string& own) {
 }
 
 void StandardOutputSink::Write(std::string_view bytes) {
+  if (is_stopped_()) {
+    throw AutomationError(static_cast<std::int32_t>(RunTimeError::kDeviceIoError), "", "stopped");
+  }
   if (!streams_.screen.is_terminal) {
     streams_.out << bytes;
     return;

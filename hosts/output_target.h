@@ -1,8 +1,10 @@
 // Where a command writes its model to, as its operand says: a file, packed or not, or standard output.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "hosts/packing/packing.h"
 #include "hosts/streams.h"
@@ -26,11 +28,14 @@ OutputTarget TargetOf(const std::string& path, const std::string& own);
 // Standard output as it is, but on a terminal, which nothing in a model may steer.
 class StandardOutputSink : public platform::ByteSink {
  public:
-  explicit StandardOutputSink(const Streams& streams) : streams_(streams) {}
+  // Writing raises a failure as soon as `is_stopped` says so: whoever reads may take any time.
+  StandardOutputSink(const Streams& streams, std::function<bool()> is_stopped)
+      : streams_(streams), is_stopped_(std::move(is_stopped)) {}
   void Write(std::string_view bytes) override;
 
  private:
   const Streams& streams_;
+  std::function<bool()> is_stopped_;
 };
 
 }  // namespace quarvel::hosts

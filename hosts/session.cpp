@@ -297,7 +297,7 @@ inspect::FileWrite Session::WriteInWindow(const OutputTarget& target,
   if (!target.is_standard_output) {
     return inspect::WriteFile(model_.store(), facts(), target.path, options);
   }
-  StandardOutputSink sink(streams);
+  StandardOutputSink sink(streams, [this] { return desktop_.interrupted(); });
   return inspect::WriteStream(model_.store(), facts(), sink, options);
 }
 

@@ -57,6 +57,11 @@ TEST(ApiQueries, ShowARowAsAnEquationAndAtAPoint) {
   EXPECT_EQ(EquationOfRow(model, 1), " + 1*X + 1*Y  <=  4");
   EXPECT_EQ(ActivityOfRow(model, 0, std::array{2.0, 0.5}), 5);
   EXPECT_EQ(ErrorOf([&] { ActivityOfRow(model, 0, std::array{2.0}); }), ErrorCode::kIndex);
+  Model single;
+  single.AddRow("R", {.upper = 7});
+  single.AddColumn("X");
+  single.AddElement(0, 0, -2);
+  EXPECT_EQ(EquationOfRow(single, 0), " - 2*X  <=  7");
   Model empty;
   empty.AddRow("R");
   EXPECT_NE(EquationOfRow(empty, 0), "");

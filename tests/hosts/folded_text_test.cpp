@@ -39,6 +39,8 @@ TEST(FoldedHelp, FillsParagraphsAndEntriesThatAreTooLong) {
       "  --dry        wait\n\nExamples:\n  # a remark that is rather long for\n  this\n"
       "  quarvel polish floor --wax 3 --dry --soft\n");
   EXPECT_EQ(FoldedHelp(help, 100), help);
+  const std::string as_wide = "A short line\nand one that fills the screen.\n";
+  EXPECT_EQ(FoldedHelp(as_wide, 30), as_wide);
   EXPECT_EQ(FoldedHelp(help, 0), help);
   EXPECT_EQ(FoldedHelp("A paragraph of two lines, of which\nthe second is short.\n", 30),
             "A paragraph of two lines, of\nwhich the second is short.\n");

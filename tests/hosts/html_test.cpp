@@ -39,6 +39,14 @@ TEST(HtmlTable, NamesWhatItShows) {
       "</tbody></table></div>\n");
 }
 
+TEST(HtmlTable, SaysOneMoreAndTwoMore) {
+  for (const auto& [count, words] : {std::pair(1, "... 1 more row<"), {2, "... 2 more rows<"}}) {
+    HtmlTable table("Rows", {{"Name"}});
+    table.AddMore(count, "row");
+    EXPECT_NE(table.Text().find(words), std::string::npos) << table.Text();
+  }
+}
+
 TEST(HtmlPart, HasAHeadingAndNothingWithoutContents) {
   EXPECT_EQ(HtmlPart("x", "X", ""), "");
   EXPECT_EQ(HtmlPart("x", "X", "<p>y</p>\n"),

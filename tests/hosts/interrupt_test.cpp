@@ -64,6 +64,31 @@ TEST_F(Interrupt, StopsAList) {
   EXPECT_EQ(err.str(), "quarvel: stopped\n");
 }
 
+// What it printed is cut off, and does not look whole.
+TEST_F(Interrupt, StopsAnExplanation) {
+  PressingBuffer out_buffer;
+  std::ostream out(&out_buffer);
+  std::ostringstream err;
+  const std::vector<std::string> words = {"explain", folder_.Example("transport.mps"), "COST",
+                                          "--json"};
+  EXPECT_EQ(hosts::RunProgram(words, {[] { return std::nullopt; }, out, err, false}), 130);
+  EXPECT_EQ(out_buffer.str().find("hasEndata"), std::string::npos) << out_buffer.str();
+  EXPECT_EQ(err.str(), "quarvel: stopped\n");
+}
+
+TEST_F(Interrupt, StopsAWrite) {
+  PressingBuffer out_buffer;
+  std::ostream out(&out_buffer);
+  std::ostringstream err;
+  std::string model = "ROWS\n N COST\nCOLUMNS\n";
+  for (int i = 0; i < 100'000; ++i) model += " X" + std::to_string(i) + " COST 1\n";
+  const std::vector<std::string> words = {"convert", folder_.Write("a.mps", model + "ENDATA\n"),
+                                          "-"};
+  EXPECT_EQ(hosts::RunProgram(words, {[] { return std::nullopt; }, out, err, false}), 130);
+  EXPECT_EQ(out_buffer.str().find("ENDATA"), std::string::npos);
+  EXPECT_EQ(err.str(), "quarvel: stopped\n");
+}
+
 TEST_F(Interrupt, KeepsAnEditFromWriting) {
   std::ostringstream out;
   std::ostringstream err;

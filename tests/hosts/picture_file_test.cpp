@@ -75,6 +75,10 @@ TEST_F(PictureFile, IsAsWideOrHighAsAsked) {
   EXPECT_EQ(both.width, 400);
   EXPECT_EQ(both.height, 200);
   EXPECT_GT(both.matrix_width, both.matrix_height);
+  // What no whole points fill is shared by both sides.
+  const PictureLayout tall = Layout({.whole_width = 300, .whole_height = 305});
+  const std::int32_t below = tall.height - tall.top - tall.matrix_height - 16;
+  EXPECT_LE(std::abs(tall.top - 40 - below), 1) << tall.top << ' ' << below;
   const inspect::PictureSize size = PictureSizeOf(model_.store(), {.whole_width = 400});
   EXPECT_EQ(size.width, 400);
 }

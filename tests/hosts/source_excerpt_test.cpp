@@ -65,6 +65,17 @@ TEST(SourceExcerpt, CutsALongLineAroundTheToken) {
   ExpectExcerpt(Excerpt(fits, 92, 1), fits, std::string(91, ' ') + '^');
 }
 
+TEST(SourceExcerpt, SaysThatASingleLetterIsLeftOut) {
+  mps::FileProblem problem = {.code = mps::FileProblemCode::kNoSuchRow, .line = 1};
+  problem.text = "b" + std::string(30, 'a') + "tok" + std::string(100, 'c');
+  problem.column = 32;
+  problem.length = 3;
+  problem.text_column = 1;
+  ExpectExcerpt(ExcerptOf(problem, 50),
+                "..." + std::string(30, 'a') + "tok" + std::string(11, 'c') + "...",
+                std::string(33, ' ') + "^^^");
+}
+
 TEST(SourceExcerpt, SaysThatTheLineBeginsBefore) {
   ExpectExcerpt(Excerpt("bc tok", 304, 3, 301), "...bc tok", "      ^^^");
 }

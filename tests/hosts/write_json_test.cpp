@@ -75,6 +75,8 @@ TEST(WriteJson, TellsWhyNothingWasWritten) {
   EXPECT_EQ(lost["losses"][0]["weight"].text(), "noted");
   EXPECT_EQ(lost["losses"][0]["first"][0]["row"].text(), "S");
   EXPECT_EQ(lost["losses"][0]["first"][0]["index"].number(), 2);
+  EXPECT_EQ(lost["losses"][0]["first"][0]["sentence"].text(),
+            "row S (number 2) is left out: it has no elements");
   EXPECT_FALSE(folder.Has("b.mps"));
   const Outcome failed = RunQuarvel({"convert", model, folder.Path("no/b.mps"), "--json"});
   EXPECT_EQ(failed.status, 1);

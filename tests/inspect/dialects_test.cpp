@@ -72,6 +72,7 @@ TEST(Dialects, FindsEachThingInItsLine) {
       {File(" Y LIM 1 LIM 2\n Z LIM 1\n Z EQ 1 LIM 3\n"), "pair-twice 10 12"},
       {File("RHS\n RHS COST 5 LIM 1\n"), "objective-constant 11"},
       {File("RHS\n RHS COST 0 LIM 1\n"), ""},
+      {File("RHS\n RHS LIM 1 COST 5\n"), "objective-constant 11"},
       {File("RHS\n LIM 4\n RHS EQ 4\nRANGES\n LIM 4 EQ 3\n"), "set-without-name 11 14"},
       {File("BOUNDS\n UP X 4\n MI X\n"), "set-without-name 11 12"},
       {File("RHS\n A LIM 4\n B LIM 3\n A EQ 3\n C EQ 1\n"), "second-rhs-set 12 14"},

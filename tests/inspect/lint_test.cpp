@@ -159,6 +159,14 @@ TEST_F(LintTest, FindsRowsThatAreMultiplesWhateverTheirOrder) {
   EXPECT_EQ(Find(FileProblemCode::kParallelRows), (Sentences{"B; -10 times A", "E; 70 times A"}));
 }
 
+// 2.1 / 0.7 is a little more than 3.
+TEST_F(LintTest, FindsMultiplesWhoseQuotientsAreRounded) {
+  build_.Row("A", 'L').Row("B", 'G').Column("X").Column("Y");
+  build_.Element("X", "A", 1).Element("Y", "A", 3);
+  build_.Element("X", "B", 0.7).Element("Y", "B", 2.1);
+  EXPECT_EQ(Find(FileProblemCode::kParallelRows), Sentences{"B; 0.7 times A"});
+}
+
 TEST_F(LintTest, FindsColumnsThatAreMultiples) {
   build_.Row("A", 'L').Row("FREE", 'N').Column("X").Column("Y").Column("Z").Column("ONE");
   build_.Element("X", "A", 2).Element("X", "FREE", 4);
