@@ -84,8 +84,7 @@ PictureSize Drawing::Fit(const model::ModelStore& store, const BrailleRoom& room
   const std::int32_t columns = store.NumberOfColumns();
   const std::int32_t width = std::min(columns, DotsWide(store, room));
   const std::int64_t shaped = std::int64_t{rows} * width / std::max(columns, 1);
-  const std::int64_t high =
-      std::clamp(shaped, std::int64_t{kLeastLetters} * kDotsDown, std::int64_t{1} << 30);
+  const std::int64_t high = std::max(shaped, std::int64_t{kLeastLetters} * kDotsDown);
   return {width, static_cast<std::int32_t>(
                      std::min({high, std::int64_t{rows}, std::int64_t{room.height} * kDotsDown}))};
 }

@@ -76,7 +76,7 @@ class LossFinder {
   void CheckColumn(std::int32_t j);
   void CheckBounds(std::int32_t j);
   void CheckElements(std::int32_t j);
-  void CheckElement(std::int32_t j, const ElementEntry& element, std::int32_t& kept);
+  void CheckDigits(std::int32_t j, const ElementEntry& element, double back);
   void NoteVanished(std::int32_t j, const ElementEntry& element);
   void CheckRow(std::int32_t i);
   void CheckLimits(std::int32_t i);
@@ -124,17 +124,22 @@ void LossFinder::CheckBounds(std::int32_t j) {
 }
 
 void LossFinder::CheckElements(std::int32_t j) {
-  std::int32_t kept = 0;
-  for (const ElementEntry& element : data_.Columns[j].Elements) CheckElement(j, element, kept);
-  if (kept == 0) {
+  bool keeps_any = false;
+  for (const ElementEntry& element : data_.Columns[j].Elements) {
+    const double back = ValueReadBack(element.Value);
+    if (back == 0) {
+      NoteVanished(j, element);
+    } else {
+      keeps_any = true;
+      CheckDigits(j, element, back);
+    }
+  }
+  if (!keeps_any) {
     told_.AddColumn(LossKind::kEmptied, j, "would be left without elements: all are written as 0");
   }
 }
 
-void LossFinder::CheckElement(std::int32_t j, const ElementEntry& element, std::int32_t& kept) {
-  const double back = ValueReadBack(element.Value);
-  if (back == 0) return NoteVanished(j, element);
-  ++kept;
+void LossFinder::CheckDigits(std::int32_t j, const ElementEntry& element, double back) {
   if (back == element.Value) return;
   if (!std::isfinite(element.Value)) {
     return told_.AddColumn(LossKind::kNotFinite, j, "has an element that is no number");

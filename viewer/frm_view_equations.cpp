@@ -93,7 +93,6 @@ bool frmViewEquations::OnQueryUnload(platform::UnloadReason) {
 void frmViewEquations::OnUnload() {
   model::ModelInterface* const model = std::exchange(viewed_.model, nullptr);
   if (model != nullptr) model->frmViewEquationsIsShowing(false);  // whatever the rest comes to
-  contents.TakeWantedRefresh();
   desk.CloseDialogs();
   contents.Empty();
 }

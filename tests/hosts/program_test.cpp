@@ -1,5 +1,9 @@
 #include "hosts/program.h"
 
+#include <sstream>
+#include <string>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "hosts/commands.h"
@@ -154,6 +158,38 @@ TEST(Program, TellsTheStatusesOfEachCommandInItsHelp) {
   EXPECT_EQ(helps("rows").find("check found warnings only"), std::string::npos);
   EXPECT_NE(helps("row").find("Rows and columns are given by name"), std::string::npos);
   EXPECT_EQ(helps("man").find("Rows and columns are given by name"), std::string::npos);
+}
+
+// As many as the first line of its help shows.
+TEST(Program, TakesNoOperandTooFewAndNoneTooMany) {
+  for (const hosts::Command& command : hosts::Commands()) {
+    SCOPED_TRACE(std::string(command.name));
+    std::size_t needed = 0;
+    std::size_t shown = 0;
+    bool is_any_number = false;
+    std::istringstream words{std::string(command.operands)};
+    for (std::string word; words >> word;) {
+      if (word.starts_with("...")) {
+        is_any_number = true;
+        continue;
+      }
+      ++shown;
+      if (word[0] != '[') ++needed;
+    }
+    std::vector<std::string> line(1 + needed, "x");
+    line[0] = command.name;
+    if (needed > 0) {
+      line.pop_back();
+      const Outcome few = RunQuarvel(line);
+      EXPECT_EQ(few.status, 2);
+      EXPECT_TRUE(few.err.starts_with("quarvel: " + line[0] + " takes ")) << few.err;
+    }
+    if (is_any_number) continue;
+    line.resize(2 + shown, "x");
+    const Outcome many = RunQuarvel(line);
+    EXPECT_EQ(many.status, 2);
+    EXPECT_NE(many.err.find("and not \"x\" as well"), std::string::npos) << many.err;
+  }
 }
 
 }  // namespace
