@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -74,6 +75,16 @@ bool Has(const Words& words, std::string_view start) {
 }
 
 // What holds of every run.
+// One text, or one in each line for a file each.
+bool IsJson(const std::string& printed) {
+  if (quarvel::fuzz::JsonText::IsValid(printed)) return true;
+  std::istringstream lines(printed);
+  for (std::string line; std::getline(lines, line);) {
+    if (!quarvel::fuzz::JsonText::IsValid(line)) return false;
+  }
+  return true;
+}
+
 std::string FaultOf(const Words& words, const Outcome& result) {
   const int most = Has(words, "check") ? 3 : 2;
   if (result.status < 0 || result.status > most) return "no such exit status";
@@ -86,7 +97,7 @@ std::string FaultOf(const Words& words, const Outcome& result) {
                           result.status == 0;
   const bool prints_json =
       wants_json && (result.out.starts_with('{') || result.out.starts_with('['));
-  if (prints_json && !quarvel::fuzz::JsonText::IsValid(result.out)) return "no JSON";
+  if (prints_json && !IsJson(result.out)) return "no JSON";
   return "";
 }
 

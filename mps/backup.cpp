@@ -44,17 +44,25 @@ void Backup::Make() {
   if (manner_ == BackupManner::kBeside && !platform::AskAboutName(platform::FinalName(path_)))
     return;
   const auto copy = platform::CopyBeside(path_, name_);
-  if (is_own) {
-    TakeFreeName(*copy);
-  } else {
-    if (there && !MayGo(*there, *copy)) Keep();
-    if (!copy->TakeName(name_)) {
-      RaiseRunTimeError(there && there->kind == NameKind::kFolder
-                            ? RunTimeError::kPathFileAccessError
-                            : RunTimeError::kPermissionDenied);
+  try {
+    if (is_own) {
+      TakeFreeName(*copy);
+    } else {
+      if (there && !MayGo(*there, *copy)) Keep();
+      TakeName(*copy, there && there->kind == NameKind::kFolder);
     }
+    stamp_ = platform::StampUnder(name_);
+  } catch (...) {
+    const bool was_free = is_own || !there || !kept_.empty();
+    if (copy->is_renamed() && was_free && manner_ == BackupManner::kBeside) RemoveSilently();
+    throw;
   }
-  stamp_ = platform::StampUnder(name_);
+}
+
+void Backup::TakeName(platform::TemporaryFile& copy, bool is_folder) {
+  if (copy.TakeName(name_)) return;
+  RaiseRunTimeError(is_folder ? RunTimeError::kPathFileAccessError
+                              : RunTimeError::kPermissionDenied);
 }
 
 void Backup::TakeFreeName(platform::TemporaryFile& copy) {
@@ -91,6 +99,14 @@ void Backup::Delete() noexcept {
     if (IsThere()) platform::RemoveFile(name_);
   } catch (const std::exception&) {
     // It stays, as after a failure.
+  }
+}
+
+void Backup::RemoveSilently() const noexcept {
+  try {
+    platform::RemoveFile(name_);
+  } catch (const std::exception&) {
+    // It is whole.
   }
 }
 

@@ -34,7 +34,9 @@ class Backup {
  public:
   Backup(const std::string& path, BackupManner manner);
 
-  // Raises when the copy cannot be made; what had the name then has it still.
+  // Raises when the copy cannot be made. What had the name has it still then, or kept() says where it is, or
+  // the copy, which is whole, stands in the place of an earlier backup. For commands nothing else is left; for
+  // the component a copy that is whole may be.
   void Make();
   // Deletes the copy, and only it. Silent: whoever gets that far has a good file.
   void Delete() noexcept;
@@ -51,6 +53,9 @@ class Backup {
 
  private:
   void TakeFreeName(platform::TemporaryFile& copy);
+  void TakeName(platform::TemporaryFile& copy, bool is_folder);
+  // The copy, of which nobody was told.
+  void RemoveSilently() const noexcept;
   bool MayGo(const platform::NamedFile& there, platform::TemporaryFile& copy) const;
   void Keep();
 

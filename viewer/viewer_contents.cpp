@@ -67,7 +67,6 @@ void ViewerContents::Load() {
   }
   turned_to_ = sstViewEqns.current();
   on_turn();
-  on_change();
   txtName.set_text(model.ModelName());
   txtDescription.set_text(model.ModelDescription());
   boxes_filled_ = true;

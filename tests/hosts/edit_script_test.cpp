@@ -87,6 +87,12 @@ TEST_F(EditScriptTest, AddsBeforeItDeletes) {
 }
 
 // The deletion of a row or a column takes out one element of each of its pairs.
+TEST_F(EditScriptTest, SaysNothingOfBoundsThatANewColumnHasAnyway) {
+  std::string with_column(kScripted);
+  with_column.insert(with_column.find("RHS\n"), " W CAP 1\n");
+  EXPECT_EQ(ScriptTo(with_column), "add-column W R\nadd-element CAP W 1\n");
+}
+
 TEST_F(EditScriptTest, DeletesSeveralElementsOfAPairBeforeItsRowOrColumn) {
   constexpr std::string_view kTwice =
       "NAME A\nROWS\n N COST\n L CAP\n L OLD\nCOLUMNS\n X COST 1 OLD 2\n X OLD 3\n X OLD 4\n"

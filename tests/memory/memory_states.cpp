@@ -68,6 +68,21 @@ void MakeHalfRead(LPModel& model, int rows, int columns) {
   }
 }
 
+// A row and a column that all others share, with gaps in them, whose places have been looked up.
+void MakeLongLists(LPModel& model) {
+  constexpr int kLong = 80;
+  ModelBuilder builder(model);
+  for (int i = 0; i < kLong; ++i) builder.Row(Numbered("R", i), 'L', i).Column(Numbered("C", i));
+  for (int i = 0; i < kLong; ++i) builder.Element("C2", Numbered("R", i), 1 + i);
+  for (int j = 3; j < kLong; ++j) builder.Element(Numbered("C", j), "R0", 1 + j);
+  model.DeleteRow(9);
+  model.DeleteColumn(7);
+  for (int walk = 0; walk < 20; ++walk) {
+    model.RowElementValue(0, 40);
+    model.ColElementvalue(2, 40);
+  }
+}
+
 // The rows of a model, or their columns, without a look since.
 void DeleteSomeRows(LPModel& model) {
   model.DeleteRow(4);
@@ -119,6 +134,7 @@ const std::vector<NamedState>& States() {
            data.Columns[1].Name = data.Columns[4].Name;
          });
        }},
+      {"long lists", MakeLongLists},
       {"half read", [](LPModel& model) { MakeHalfRead(model, 6, 5); }},
   };
   return states;

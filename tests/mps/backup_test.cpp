@@ -10,6 +10,7 @@
 
 #include "platform/automation_error.h"
 #include "platform/files.h"
+#include "tests/support/file_faults.h"
 #include "tests/support/test_paths.h"
 
 namespace quarvel::mps {
@@ -98,6 +99,49 @@ TEST_F(BackupOfAFile, KeepsOneThatIsBetterThanTheFileOrWasWrittenTo) {
   other.Make();
   EXPECT_EQ(other.kept(), name_ + ".2");
   EXPECT_EQ(ReadWholeFile(name_ + ".2"), "notes");
+}
+
+// Whatever call to the system fails, and from which on the disk is full.
+TEST_F(BackupOfAFile, LeavesNothingWhereItCannotBeMade) {
+  int failures = 0;
+  for (const FaultKind kind : {FaultKind::kDeviceError, FaultKind::kDiskFull,
+                               FaultKind::kNotPermitted, FaultKind::kCutShort}) {
+    for (const bool has_other : {false, true}) {
+      bool happened = true;
+      for (int call = 1; happened; ++call) {
+        SCOPED_TRACE(std::to_string(static_cast<int>(kind)) + " at " + std::to_string(call));
+        const TemporaryFolder folder;
+        const std::string path = folder.File("model.mps");
+        const std::string name = folder.File("model.bkp");
+        WriteWholeFile(path, kText);
+        if (has_other) WriteWholeFile(name, "other");
+        std::string kept;
+        bool failed = false;
+        {
+          const FileFaults faults(kind, call);
+          Backup backup(path, kBeside);
+          try {
+            backup.Make();
+          } catch (const AutomationError&) {
+            failed = true;
+          }
+          kept = backup.kept();
+          happened = faults.happened();
+        }
+        EXPECT_EQ(ReadWholeFile(path), kText);
+        if (has_other) {
+          EXPECT_EQ(ReadWholeFile(kept.empty() ? name : kept), "other");
+        }
+        if (!failed) {
+          EXPECT_EQ(ReadWholeFile(name), kText);
+          continue;
+        }
+        ++failures;
+        EXPECT_EQ(FileExists(name), has_other && kept.empty());
+      }
+    }
+  }
+  EXPECT_GT(failures, 50);
 }
 
 #ifndef _WIN32

@@ -17,6 +17,7 @@
 #include <unistd.h>
 
 #include "platform/file_replacement.h"
+#include "platform/save_lock.h"
 #include "platform/system_file.h"
 #include "platform/temporary_file.h"
 #include "tests/platform/ordinary_user.h"
@@ -294,6 +295,22 @@ TEST(FileReplacementPosix, WritesInPlaceWhereTheFolderTakesNoFile) {
   }
   fs::permissions(folder.path(), fs::perms(0755));
   EXPECT_EQ(ReadWholeFile(path), "new");
+}
+
+TEST(FileReplacementPosix, WritesNothingInPlaceWhileAnotherSaveGoesOn) {
+  const TemporaryFolder folder;
+  const std::string path = folder.File("model.mps");
+  WriteWholeFile(path, "a longer old text");
+  ASSERT_EQ(chmod(path.c_str(), 0666), 0);
+  fs::permissions(folder.path(), fs::perms(0555));
+  {
+    const OrdinaryUser user;
+    const FileStamp stamp = StampUnder(path).value();
+    const SaveLock other(path, stamp);
+    EXPECT_EQ(FailureOf([&] { const FileReplacement replacement(path, nullptr, stamp); }), 70);
+  }
+  fs::permissions(folder.path(), fs::perms(0755));
+  EXPECT_EQ(ReadWholeFile(path), "a longer old text");
 }
 
 TEST(FileReplacementPosix, WritesInPlaceAloneOrNotAtAll) {
