@@ -143,8 +143,11 @@ struct Places {
   static std::string Stray(const Words& words, const Outcome& result) {
     for (const auto& entry : fs::directory_iterator(".")) {
       const std::string found = entry.path().filename().string();
-      const bool is_known = found == "a.mps" || found == "t.mps" || found == "other.mps" ||
-                            found == Kept(result) || (found == "l.txt" && Has(words, "--log"));
+      const bool is_known =
+          found == "a.mps" || found == "t.mps" || found == "other.mps" || found == Kept(result) ||
+          (found == "l.txt" && Has(words, "--log")) ||
+          result.err.find("the backup " + found + " could not be deleted") != std::string::npos ||
+          result.err.find("The backup could not be deleted: " + found) != std::string::npos;
       if (!is_known) return found;
     }
     return "";

@@ -272,6 +272,7 @@ void Session::Write(const std::string& path, mps::FileLayout usual) {
   if (!write.kept.empty()) {
     Note("what had the name of the backup is kept as " + write.kept);
   }
+  if (!write.backup.empty()) Note("the backup " + write.backup + " could not be deleted");
   NoteLosses(write.receipt.losses, mps::LossWeight::kChanges, name);
   NoteLosses(write.receipt.losses, mps::LossWeight::kNoted, name);
   if (write.long_field.empty()) return;

@@ -90,6 +90,7 @@ class ReceiptListener : public mps::SaveListener {
     return false;
   }
   void Kept(const std::string& name) override { write_.kept = name; }
+  void BackupStays(const std::string& name) override { write_.backup = name; }
   void NothingWritten() override { write_.outcome = WriteOutcome::kNothing; }
   void Written(const mps::ModelWriter& writer) override {
     write_.long_field = LongFieldOf(writer);

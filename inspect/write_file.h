@@ -58,7 +58,8 @@ struct FileWrite {
   Receipt receipt;
   // In words, the first name or value that does not stand where fixed columns have it; empty: all do.
   std::string long_field = {};
-  std::string kept = {};  // the name that what had the name of the backup is kept under
+  std::string kept = {};    // the name that what had the name of the backup is kept under
+  std::string backup = {};  // the name of the backup where it could not be deleted
   std::optional<AutomationError> failure = {};
   std::string notes = {};  // what the failure left in files, each note behind a line end
 };

@@ -51,12 +51,20 @@ void Backup::Make() {
       if (there && !MayGo(*there, *copy)) Keep();
       TakeName(*copy, there && there->kind == NameKind::kFolder);
     }
-    stamp_ = platform::StampUnder(name_);
+    stamp_ = StampOfCopy();
   } catch (...) {
     const bool was_free = is_own || !there || !kept_.empty();
     if (copy->is_renamed() && was_free && manner_ == BackupManner::kBeside) RemoveSilently();
     throw;
   }
+}
+
+// Without it nobody can tell the copy from another's file: a command gives up then.
+std::optional<platform::FileStamp> Backup::StampOfCopy() const {
+  if (manner_ == BackupManner::kComponent) return platform::StampUnder(name_);
+  const auto named = platform::AskAboutName(name_);
+  if (!named) RaiseRunTimeError(RunTimeError::kFileNotFound);
+  return named->stamp;
 }
 
 void Backup::TakeName(platform::TemporaryFile& copy, bool is_folder) {
@@ -94,11 +102,16 @@ void Backup::Keep() {
 
 bool Backup::IsThere() const { return stamp_ && platform::StampUnder(name_) == stamp_; }
 
-void Backup::Delete() noexcept {
+bool Backup::Delete() noexcept {
+  if (!stamp_) return true;
   try {
-    if (IsThere()) platform::RemoveFile(name_);
+    const auto there = platform::AskAboutName(name_);
+    if (there && there->kind == NameKind::kFile && there->stamp == stamp_) {
+      platform::RemoveFile(name_);
+    }
+    return true;
   } catch (const std::exception&) {
-    // It stays, as after a failure.
+    return false;
   }
 }
 

@@ -38,8 +38,9 @@ class Backup {
   // the copy, which is whole, stands in the place of an earlier backup. For commands nothing else is left; for
   // the component a copy that is whole may be.
   void Make();
-  // Deletes the copy, and only it. Silent: whoever gets that far has a good file.
-  void Delete() noexcept;
+  // Deletes the copy, and only it; false when it stays, which is no failure: whoever gets that far has a good
+  // file.
+  bool Delete() noexcept;
   // Has the file hold the copy's contents again; false when that fails. The copy stays.
   bool Restore() noexcept;
 
@@ -54,6 +55,7 @@ class Backup {
  private:
   void TakeFreeName(platform::TemporaryFile& copy);
   void TakeName(platform::TemporaryFile& copy, bool is_folder);
+  std::optional<platform::FileStamp> StampOfCopy() const;
   // The copy, of which nobody was told.
   void RemoveSilently() const noexcept;
   bool MayGo(const platform::NamedFile& there, platform::TemporaryFile& copy) const;

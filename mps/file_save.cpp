@@ -24,6 +24,7 @@ constexpr std::string_view kHasNew =
     "\r\nThe file has the new contents, which a loss of power may undo.";
 constexpr std::string_view kOldContents = "\r\nWhat it held before is in ";
 constexpr std::string_view kNewContents = "\r\nWhat it was to hold is in ";
+constexpr std::string_view kBackupStays = "\r\nThe backup could not be deleted: ";
 constexpr std::string_view kOlderBackup = "\r\nAn older backup is kept as ";
 
 void RemoveSilently(const std::string& path) {
@@ -51,6 +52,7 @@ class SaveJob {
   void BackUp();
   bool WriteFile(std::optional<ModelWriter>& writer);
   void NoteWritten();
+  void DeleteBackup();
   void Restore();
   // False when the file is not what it was.
   bool IsAsBefore();
@@ -84,7 +86,7 @@ bool SaveJob::Run(FileLayout layout, const FileFacts& facts) {
   }
   if (is_accepted && backup_ && !backup_->kept().empty()) listener_.Kept(backup_->kept());
   if (is_accepted) listener_.Written(*writer);
-  if (backup_) backup_->Delete();
+  DeleteBackup();
   if (is_accepted) store_.settings().FileLocation = std::move(path_);
   return is_accepted;
 }
@@ -123,6 +125,16 @@ void SaveJob::NoteWritten() {
   }
 }
 
+// A good save stays one, whatever memory it takes to tell that the backup stays.
+void SaveJob::DeleteBackup() {
+  if (!backup_ || backup_->Delete()) return;
+  try {
+    listener_.BackupStays(backup_->name());
+  } catch (const std::bad_alloc&) {
+    // It is not told then.
+  }
+}
+
 void SaveJob::Fail(const AutomationError& failure) {
   try {
     Restore();
@@ -135,7 +147,9 @@ void SaveJob::Fail(const AutomationError& failure) {
 void SaveJob::Restore() {
   const bool is_as_before = IsAsBefore();
   if (!backup_) return;
-  if (is_as_before && manner_.backup == BackupManner::kBeside) backup_->Delete();
+  if (is_as_before && manner_.backup == BackupManner::kBeside && !backup_->Delete()) {
+    AddNote(kBackupStays, backup_->name());
+  }
   if (!backup_->kept().empty()) AddNote(kOlderBackup, backup_->kept());
 }
 
@@ -178,6 +192,7 @@ void SaveListener::Take(std::string_view piece, platform::OutputFile& file) { fi
 bool SaveListener::Accepts(platform::FileReplacement&) { return true; }
 
 void SaveListener::Kept(const std::string&) {}
+void SaveListener::BackupStays(const std::string&) {}
 
 SaveResult SaveFile(model::ModelStore& store, const std::string& path, FileLayout layout,
                     const FileFacts& facts, SaveListener& listener, const SaveManner& manner) {

@@ -46,6 +46,8 @@ class SaveListener {
   virtual void Kept(const std::string& name);
   // The file is there, its backup too. The writer knows what it wrote.
   virtual void Written(const ModelWriter& writer) = 0;
+  // The file is there, and its backup could not be deleted afterwards.
+  virtual void BackupStays(const std::string& name);
   // `notes`: what there is to say of the files, each note behind a line end.
   virtual void Failed(const AutomationError& failure, const std::string& notes) = 0;
 };

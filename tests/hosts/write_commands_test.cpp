@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "tests/support/file_faults.h"
 #include "tests/support/run_quarvel.h"
 
 namespace quarvel {
@@ -352,6 +353,31 @@ TEST(Convert, TellsOfADeviceWhereTheModelDoesNotGo) {
             "columns, 3 coefficients\n");
 }
 #endif
+
+// Whatever call fails: a backup beside the file is told of.
+TEST(Convert, TellsOfABackupThatStays) {
+  int stays_after_success = 0;
+  bool happened = true;
+  for (int call = 1; happened; ++call) {
+    SCOPED_TRACE(call);
+    const HostFolder folder;
+    const std::string path = folder.Write("a.mps", kSmallModel);
+    Outcome run;
+    {
+      const FileFaults faults(FaultKind::kNotPermitted, call);
+      run = RunQuarvel({"convert", path, path});
+      happened = faults.happened();
+    }
+    if (!folder.Has("a.bkp")) continue;
+    const bool is_told =
+        run.err.find(folder.Expand("the backup @a.bkp could not be deleted")) !=
+            std::string::npos ||
+        run.err.find(folder.Expand("backup could not be deleted: @a.bkp")) != std::string::npos;
+    EXPECT_TRUE(is_told) << run.status << ' ' << run.err;
+    if (run.status == 0) ++stays_after_success;
+  }
+  EXPECT_GE(stays_after_success, 1);
+}
 
 }  // namespace
 }  // namespace quarvel

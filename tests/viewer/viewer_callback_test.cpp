@@ -232,6 +232,18 @@ TEST_F(CallbackTest, WindowOpenedDuringAReadChangesNothing) {
   EXPECT_EQ(model_.NumberOfColumns(), 300);
 }
 
+// What a host does while events run is seen by whoever went there.
+TEST_F(CallbackTest, DoubleClickShowsItsGoalAsItIsBehindTheEvents) {
+  BuildModel();
+  View([&] {
+    SelectRow("EQ");
+    desktop_.on_events = [this](std::int64_t) { model_.AddElement(0, 2, 5); };
+    viewer().contents.rows.fgrdElements.DoubleClick(0);
+    desktop_.on_events = nullptr;
+    EXPECT_EQ(viewer().contents.columns.fraElements.caption(), "Rows that Z appears in (2):");
+  });
+}
+
 TEST_F(CallbackTest, RowThatIsGoneUnderItsBoundsDialogIsToldAsNotSelected) {
   With([&] {
     SelectRow("EQ");
