@@ -1,5 +1,9 @@
 #include "hosts/loss_report.h"
 
+#include <string>
+#include <utility>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "tests/support/run_quarvel.h"
@@ -12,6 +16,32 @@ using Words = std::vector<std::string>;
 constexpr char kTurned[] =
     "ROWS\n N COST\n L R1\n L KEEP\nCOLUMNS\n X COST 1 R1 -2\n X KEEP 1\n Y KEEP 1 COST 1\nRHS\n"
     " RHS R1 -6 KEEP 100\nENDATA\n";
+
+TEST(LossReport, TellsOfTheFirstRowsThatMakeAnotherModel) {
+  for (const auto& [rows, more] : {std::pair(5, ""), {6, " (and 1 more)"}, {9, " (and 4 more)"}}) {
+    const HostFolder folder;
+    std::string start = "ROWS\n N COST\n L KEEP\n";
+    std::string columns = "COLUMNS\n";
+    std::string rhs = "RHS\n RHS KEEP 100\n";
+    for (int i = 0; i < rows; ++i) {
+      const std::string number = std::to_string(i);
+      start += " L R" + number + "\n";
+      columns += " X" + number + " COST 1 R" + number + " -2\n X" + number + " KEEP 1\n";
+      rhs += " RHS R" + number + " -6\n";
+    }
+    const std::string model = folder.Write("a.mps", start + columns + rhs + "ENDATA\n");
+    std::string notes;
+    for (int i = 0; i < 5; ++i) {
+      const std::string number = std::to_string(i);
+      notes +=
+          folder.Expand("quarvel: @a.mps: the simplified model is another one: row R" + number +
+                        " became bounds as if its coefficient were positive, for column X" +
+                        number + (i == 4 ? more : "") + "\n");
+    }
+    const Outcome run = RunQuarvel({"info", model, "--simplify"});
+    EXPECT_TRUE(run.err.starts_with(notes)) << run.err;
+  }
+}
 
 TEST(LossReport, WritesASimplifiedModelThatIsAnotherOnlyWhenAllowed) {
   const HostFolder folder;

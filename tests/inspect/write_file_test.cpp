@@ -1,5 +1,6 @@
 #include "inspect/write_file.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -116,8 +117,10 @@ TEST_F(WriteFileTest, GivesAStreamNothingThatLosesSomething) {
 TEST_F(WriteFileTest, TellsHowFarItIs) {
   std::vector<WriteStage> stages;
   double part = 0;
+  std::uint64_t written = 0;
   WriteOptions options;
   options.on_progress = [&](const WriteProgress& progress) {
+    if (progress.stage == WriteStage::kWriting) written = progress.bytes;
     if (stages.empty() || stages.back() != progress.stage) stages.push_back(progress.stage);
     part = progress.part;
     EXPECT_GE(part, 0);
@@ -129,6 +132,7 @@ TEST_F(WriteFileTest, TellsHowFarItIs) {
   EXPECT_EQ(Write(model + "ENDATA\n", options).outcome, kWritten);
   EXPECT_EQ(stages, (std::vector<WriteStage>{WriteStage::kWriting, WriteStage::kVerifying}));
   EXPECT_GT(part, 0.5);
+  EXPECT_EQ(written, folder_.Read("b.mps").size());
 }
 
 TEST_F(WriteFileTest, LeavesTheOldFileWhenItIsStopped) {

@@ -203,22 +203,6 @@ TEST(ModelStore, AnswersAboutLongListsBetweenRemovalsWithoutClosingGaps) {
   EXPECT_EQ(CheckModelData(store), "");
 }
 
-// Once the entries that are left in a long column were counted, the count follows each change.
-TEST(ModelStore, CountsALongColumnBetweenRemovalsOfItsFirstElements) {
-  constexpr std::int32_t kSize = 200;
-  ModelStore store;
-  Build(store, kSize, 2, 1);
-  store.RemoveRow(9);
-  std::int32_t count = kSize - 1;
-  ASSERT_EQ(store.looks().ElementsInColumn(2), count);
-  for (std::int32_t r = 1; r <= 50; ++r) {
-    store.RemoveElement(r, 2);
-    ASSERT_EQ(store.looks().ElementsInColumn(2), --count) << r;
-    ASSERT_TRUE(store.has_gaps());
-  }
-  EXPECT_EQ(store.data().Columns[2].ElementCount(), count);
-}
-
 TEST(ModelStore, RaisesForNumbersOfNothingAndChangesNothing) {
   ModelStore store;
   Build(store, 2, 2, 2);

@@ -38,6 +38,12 @@ TEST(FactLosses, AreWhatFixedColumnsDoNotSay) {
              "the objective, which is COST",
              "the set B 1 is called RHS", "the set BND is called BOUND"}));
   EXPECT_EQ(LossesWith(made, facts, FileLayout::kFree), (Lines{"the set B 1 is called RHS"}));
+  FileFacts blanks;
+  blanks.rhs_set = "A";
+  blanks.ranges_set = "R 1";
+  blanks.bounds_set = "B 1";
+  EXPECT_EQ(LossesWith(made, blanks, FileLayout::kFree),
+            (Lines{"the set R 1 is called RANGE", "the set B 1 is called BOUND"}));
 }
 
 TEST(FactLosses, AreNoneOfAFileThatSaysWhatIsUsual) {

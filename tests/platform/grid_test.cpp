@@ -3,6 +3,7 @@
 #include <chrono>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -125,6 +126,17 @@ TEST_F(GridTest, ShowsNothingForACellThatFailsOrIsNotThere) {
   EXPECT_EQ(grid_.Text(0, 2), "");
   grid_.cell = nullptr;
   EXPECT_EQ(grid_.Text(0, 0), "");
+}
+
+TEST_F(GridTest, AsksForNoCellOutsideIt) {
+  Fill({"a"});
+  int asked = 0;
+  grid_.cell = [&asked](int, int) { return std::string(1, static_cast<char>('a' + asked++)); };
+  for (const auto& [row, column] :
+       {std::pair(-1, 0), {1, 0}, {0, -1}, {0, grid_.columns()}, {0, grid_.columns() + 1}}) {
+    EXPECT_EQ(grid_.Text(row, column), "") << row << ' ' << column;
+  }
+  EXPECT_EQ(asked, 0);
 }
 
 TEST_F(GridTest, AnswersWhatItAnsweredBeforeWhileNotRedrawn) {
