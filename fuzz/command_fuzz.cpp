@@ -88,7 +88,8 @@ bool IsJson(const std::string& printed) {
 std::string FaultOf(const Words& words, const Outcome& result) {
   const int most = Has(words, "check") ? 3 : 2;
   if (result.status < 0 || result.status > most) return "no such exit status";
-  if (quarvel::fuzz::SteersTerminal(result.out, "\n"))
+  // Lines of CSV end as its readers want it.
+  if (quarvel::fuzz::SteersTerminal(result.out, Has(words, "--csv") ? "\r\n" : "\n"))
     return "standard output has control characters";
   if (quarvel::fuzz::SteersTerminal(result.err, "\n"))
     return "standard error has control characters";
