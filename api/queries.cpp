@@ -106,7 +106,8 @@ Element Model::ColumnElement(std::int32_t column, std::int32_t k) const {
 
 double Model::Coefficient(std::int32_t row, std::int32_t column) const {
   return Translated([&] {
-    return parts_->store.ElementValue(RowNumber(*parts_, row), ColumnNumber(*parts_, column));
+    return parts_->store.looks().ElementValue(RowNumber(*parts_, row),
+                                              ColumnNumber(*parts_, column));
   });
 }
 

@@ -106,7 +106,7 @@ class LPModel final : public model::ModelInterface {
     return ColumnElement<ValuePart>(j, k);
   }
   std::int32_t ColNumberElements(std::int32_t j) const override {
-    const auto columns = store_.ReadyColumns();
+    const auto columns = store_.ready().columns;
     if (Offset(j) >= columns.size()) [[unlikely]]
       return ColNumberElementsSlowly(j);
     return columns[Offset(j)].ElementCount();
@@ -124,7 +124,7 @@ class LPModel final : public model::ModelInterface {
     return RowElement<ValuePart>(i, k);
   }
   std::int32_t RowNumberElements(std::int32_t i) const override {
-    const auto rows = store_.ReadyRows();
+    const auto rows = store_.ready().rows;
     if (Offset(i) >= rows.size()) [[unlikely]]
       return RowNumberElementsSlowly(i);
     return rows[Offset(i)].ElementCount();
@@ -255,7 +255,7 @@ class LPModel final : public model::ModelInterface {
   // for one part is there for the other.
   template <class Part>
   [[gnu::always_inline]] typename Part::Type RowElement(std::int32_t i, std::int32_t k) const {
-    const auto rows = store_.ReadyRows();
+    const auto rows = store_.ready().rows;
     if (Offset(i) < rows.size()) [[likely]] {
       const model::ElementStore& list = rows[Offset(i)].Elements.store();
       if (Offset(k) < list.size()) [[likely]]
@@ -265,7 +265,7 @@ class LPModel final : public model::ModelInterface {
   }
   template <class Part>
   [[gnu::always_inline]] typename Part::Type ColumnElement(std::int32_t j, std::int32_t k) const {
-    const auto columns = store_.ReadyColumns();
+    const auto columns = store_.ready().columns;
     if (Offset(j) < columns.size()) [[likely]] {
       const model::ElementStore& list = columns[Offset(j)].Elements.store();
       if (Offset(k) < list.size()) [[likely]]

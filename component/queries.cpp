@@ -39,7 +39,7 @@ std::string LPModel::RowType(std::int32_t i) const {
 double LPModel::ElementValue(std::int32_t i, std::int32_t j) const {
   return Guarded([&] {
     const std::int32_t r = model::CheckRowOfPair(i, NumberOfRows());
-    return store_.ElementValue(r, model::CheckColumnOfPair(j, NumberOfColumns()));
+    return store_.looks().ElementValue(r, model::CheckColumnOfPair(j, NumberOfColumns()));
   });
 }
 

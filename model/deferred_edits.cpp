@@ -101,7 +101,7 @@ void DeferredWork::RemoveRow(std::int32_t number) {
   ReadyForRemoval();
   const std::int32_t position = RowPosition(number);
   removals_.OpenRows(model_);
-  SetEmpty(false);
+  model_.ready.SetSettled(false, model_.data);
   if (removals_.in_order) removals_.PrepareRow(position);
   TakeOutRow(position);
   NoteAgreeingChange();
@@ -112,7 +112,7 @@ void DeferredWork::RemoveColumn(std::int32_t number, const RowNotice& before) {
   ReadyForRemoval();
   const std::int32_t position = ColumnPosition(number);
   removals_.OpenColumns(model_);
-  SetEmpty(false);
+  model_.ready.SetSettled(false, model_.data);
   const std::vector<std::int32_t> emptied = removals_.RowsEmptiedBy(model_, position);
   if (before) {
     for (const std::int32_t row : emptied) before(model_.data.Rows[row]);
@@ -178,7 +178,7 @@ std::int32_t DeferredWork::AppendRow(const NameKey& key, std::string_view name) 
   }
   const std::int32_t position =
       AppendNamed(data.Rows, data.NumberOfRows, removals_.rows, model_.row_names, key, name);
-  CountReady();
+  model_.ready.Count(data);
   return position;
 }
 
@@ -192,7 +192,7 @@ std::int32_t DeferredWork::AppendColumn(const NameKey& key, std::string_view nam
   }
   const std::int32_t position = AppendNamed(data.Columns, data.NumberOfColumns, removals_.columns,
                                             model_.column_names, key, name);
-  CountReady();
+  model_.ready.Count(data);
   return position;
 }
 
@@ -214,7 +214,7 @@ void DeferredWork::SetRowType(std::int32_t number, RowType type) {
     if (list != ListOf(old_type)) {
       row_indexes_.NoteChanged(position, list);
       row_indexes_.Rebuild(data.NumberOfRows);
-      SetEmpty(false);
+      model_.ready.SetSettled(false, data);
     }
   } else if (!row_indexes_.due() || !row_indexes_.Append(number, data.NumberOfRows, type)) {
     // A row that got its first type stands in no index yet. It is taken for the last row, which is

@@ -128,7 +128,7 @@ void DeferredWork::RemoveElement(std::int32_t r, std::int32_t k) {
   ListPlaces* const column_places = long_.columns.Known(column);
   if (row_places != nullptr) removals_.OpenColumns(model_);
   if (column_places != nullptr) removals_.OpenRows(model_);
-  SetEmpty(empty_ && removals_.empty());
+  model_.ready.SetSettled(empty() && removals_.empty(), data);
   if (column_place != 0) TakeOut(column_list, column_place, column_places);
   TakeOut(row_list, place, row_places);
   if (removals_.columns.open()) --removals_.left_in_rows[row];

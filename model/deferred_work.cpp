@@ -25,23 +25,22 @@ void ShowWithoutGaps(const Record& stored, const Gaps& others, Record& seen) {
 
 DeferredWork::DeferredWork(StoredModel& model, const DeferredWork& other)
     : model_(model),
-      empty_(other.empty_),
       removals_(other.removals_),
       row_indexes_(other.row_indexes_),
       changes_(other.changes_),
       agreement_(other.agreement_) {
-  CountReady();
+  model_.ready.SetSettled(other.empty(), model_.data);
 }
 
 void DeferredWork::DeferRowLists() {
   model_.row_lists_behind = true;
-  SetEmpty(false);
+  model_.ready.SetSettled(false, model_.data);
 }
 
 void DeferredWork::Settle(bool with_row_lists) {
   if (with_row_lists) FillRowListsIfBehind();
   CloseAllGaps();
-  SetEmpty(!model_.row_lists_behind);
+  model_.ready.SetSettled(!model_.row_lists_behind, model_.data);
 }
 
 // Walking the columns in order meets the coefficients in the order in which a read appended them,
@@ -82,8 +81,7 @@ void DeferredWork::NoteEmptied() {
   paid_ = 0;
   long_.Clear();
   model_.row_lists_behind = false;
-  empty_ = true;
-  ready_ = {};  // they still stand there
+  model_.ready.Clear();
   agreement_.NoteFilled(++changes_);
 }
 

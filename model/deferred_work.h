@@ -19,8 +19,6 @@
 // ModelStore, whose parts it settles.
 #pragma once
 
-#include <algorithm>
-#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string_view>
@@ -43,23 +41,7 @@ class DeferredWork {
   DeferredWork& operator=(const DeferredWork&) = delete;
 
   // Every look at the store asks.
-  bool empty() const { return empty_; }
-  // Of how many rows and columns a look needs nothing done and nothing else compared first: of all that are
-  // counted, or of none while something is deferred.
-  struct Ready {
-    std::size_t rows = 0;
-    std::size_t columns = 0;
-  };
-  const Ready& ready() const { return ready_; }
-  // To be called when records were appended, or taken over, elsewhere.
-  void CountReady() {
-    if (empty_) {
-      ready_ = {.rows = ReadyOf(model_.data.Rows, model_.data.NumberOfRows),
-                .columns = ReadyOf(model_.data.Columns, model_.data.NumberOfColumns)};
-    } else {
-      ready_ = {};
-    }
-  }
+  bool empty() const { return model_.ready.settled(); }
   // When memory runs out, everybody still sees the same.
   // Without row lists those stay behind where they are.
   void Settle(bool with_row_lists = true);
@@ -84,7 +66,7 @@ class DeferredWork {
   std::int32_t FindElement(std::int32_t r, std::int32_t c);
   // The number of what has that name; 0 when there is none.
   std::int32_t FindRow(const NameKey& key, std::string_view name) {
-    return empty_ ? model::FindRow(model_, key, name) : FindRowWhileDeferring(key, name);
+    return empty() ? model::FindRow(model_, key, name) : FindRowWhileDeferring(key, name);
   }
   std::int32_t FindColumn(const NameKey& key, std::string_view name);
 
@@ -125,15 +107,6 @@ class DeferredWork {
       FillRowListsThatAreBehind();
   }
   void FillRowListsThatAreBehind();
-  void SetEmpty(bool empty) {
-    empty_ = empty;
-    CountReady();
-  }
-  // Fields that were taken over may count more than they store.
-  template <class Record>
-  static std::size_t ReadyOf(const OneBased<Record>& records, std::int32_t count) {
-    return static_cast<std::size_t>(std::clamp(count, 0, records.size()));
-  }
   // Gaps that a coefficient leaves say nothing of an order.
   void ReadyForElements() {
     FillRowListsIfBehind();
@@ -153,8 +126,6 @@ class DeferredWork {
   void TakeOutColumn(std::int32_t position, const std::vector<std::int32_t>& emptied) noexcept;
 
   StoredModel& model_;
-  bool empty_ = true;  // nothing is deferred
-  Ready ready_;
   DeferredRemovals removals_;
   DeferredRowIndexes row_indexes_;
   ListAgreement::Changes changes_ = 0;

@@ -33,7 +33,7 @@ std::int32_t ModelFill::AppendRow(const NameKey& key, std::string_view name, Row
   ModelData& data = model_.data;
   AppendRecord(data.Rows, data.NumberOfRows, name, bounds, model_.row_names).Type = type;
   model_.row_names.Add(key, name, data.NumberOfRows, NamesOf(data.Rows));
-  deferred_.CountReady();
+  model_.ready.Count(data);
   return data.NumberOfRows;
 }
 
@@ -42,7 +42,7 @@ std::int32_t ModelFill::AppendColumn(const NameKey& key, std::string_view name, 
   ModelData& data = model_.data;
   AppendRecord(data.Columns, data.NumberOfColumns, name, bounds, model_.column_names).Type = type;
   model_.column_names.Add(key, name, data.NumberOfColumns, NamesOf(data.Columns));
-  deferred_.CountReady();
+  model_.ready.Count(data);
   return data.NumberOfColumns;
 }
 

@@ -126,7 +126,7 @@ void ModelStore::Take(ModelData data) {
   model_.row_names.MarkStale();
   model_.column_names.MarkStale();
   deferred_.NoteChange();
-  deferred_.CountReady();
+  model_.ready.Count(model_.data);
   change_check_.Forget();
 }
 

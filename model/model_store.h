@@ -59,11 +59,14 @@ class ModelStore {
   }
   // The rows and columns that can be looked at as they are stored, by numbers from 0: all of them, or none
   // while work is deferred. For who looks often: one comparison tells both.
-  std::span<const RowRecord> ReadyRows() const {
-    return {model_.data.Rows.store().data(), deferred_.ready().rows};
-  }
-  std::span<const ColumnRecord> ReadyColumns() const {
-    return {model_.data.Columns.store().data(), deferred_.ready().columns};
+  struct Ready {
+    std::span<const RowRecord> rows;
+    std::span<const ColumnRecord> columns;
+  };
+  Ready ready() const {
+    const ModelData& data = model_.data;
+    return {.rows = {data.Rows.store().data(), model_.ready.rows()},
+            .columns = {data.Columns.store().data(), model_.ready.columns()}};
   }
   // How many coefficients stand in a row's list.
   std::int32_t ElementsInRow(std::int32_t r) const {
@@ -71,11 +74,10 @@ class ModelStore {
       return deferred_.ElementsInRow(r);
     return model_.data.Rows[r].ElementCount();
   }
-  // Which entry of a row's list is the first that names column c, and its value; 0 when there is none.
+  // Which entry of a row's list is the first that names column c; 0 when there is none.
   std::int32_t FindElement(std::int32_t r, std::int32_t c) const {
     return deferred_.FindElement(r, c);
   }
-  double ElementValue(std::int32_t r, std::int32_t c) const { return looks().ElementValue(r, c); }
   // Anything else about one record or coefficient.
   RecordLooks looks() const { return {model_, deferred_}; }
   // The first of that name, 0 when there is none. Exact comparison.

@@ -8,6 +8,7 @@
 #include "model/element_store.h"
 #include "model/model_data.h"
 #include "model/name_index.h"
+#include "model/ready_records.h"
 #include "model/record_names.h"
 
 namespace quarvel::model {
@@ -22,6 +23,8 @@ struct StoredModel {
   ElementArena column_arena;
   // A read is filling the column lists, and the row lists are still to be made of them.
   bool row_lists_behind = false;
+  // What can be looked at as it is stored.
+  ReadyRecords ready;
 };
 
 // The first row or column of that name, 0 when there is none. Exact comparison; constant time. No

@@ -314,7 +314,7 @@ TEST(ModelStore, ThinsOutLongListsAsIfTheyWereShort) {
     }
     // The dense column loses one too.
     const std::int32_t r = store.NumberOfRows() - step;
-    ASSERT_EQ(store.ElementValue(r, 1), store.FindElement(r, 1) == 0 ? 0 : r + 1);
+    ASSERT_EQ(store.looks().ElementValue(r, 1), store.FindElement(r, 1) == 0 ? 0 : r + 1);
     if (store.ElementsInRow(r) > 1) store.RemoveElement(r, store.FindElement(r, 1));
     ASSERT_TRUE(store.has_gaps());
   }

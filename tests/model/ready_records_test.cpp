@@ -30,8 +30,8 @@ void FillEverySecond(ModelStore& store, std::int32_t rows, std::int32_t columns)
 }
 
 void ExpectReady(const ModelStore& store, std::size_t rows, std::size_t columns) {
-  EXPECT_EQ(store.ReadyRows().size(), rows);
-  EXPECT_EQ(store.ReadyColumns().size(), columns);
+  EXPECT_EQ(store.ready().rows.size(), rows);
+  EXPECT_EQ(store.ready().columns.size(), columns);
 }
 
 TEST(ReadyRecords, AreThoseThatAreCountedWhileNothingIsDeferred) {
@@ -39,15 +39,15 @@ TEST(ReadyRecords, AreThoseThatAreCountedWhileNothingIsDeferred) {
   ExpectReady(store, 0, 0);
   FillEverySecond(store, 6, 4);
   ExpectReady(store, 6, 4);
-  EXPECT_EQ(store.ReadyRows()[5].Name, "R6");
-  EXPECT_EQ(store.ReadyColumns()[3].Name, "C4");
+  EXPECT_EQ(store.ready().rows[5].Name, "R6");
+  EXPECT_EQ(store.ready().columns[3].Name, "C4");
   store.RemoveRow(2);
   ExpectReady(store, 0, 0);
   AppendRow(store, "S");
   ExpectReady(store, 0, 0);
   store.data();
   ExpectReady(store, 6, 4);
-  EXPECT_EQ(store.ReadyRows()[5].Name, "S");
+  EXPECT_EQ(store.ready().rows[5].Name, "S");
   store.RemoveColumn(1);
   ExpectReady(store, 0, 0);
   store.data();
@@ -106,41 +106,47 @@ TEST(ReadyRecords, FollowAReadThatKeepsRowListsUpToDate) {
   fill.AppendRow(NameKey::Of("S"), "S", RowType::kLess, {0, 1});
   ExpectReady(store, 2, 2);
   fill.AppendElement(2, 2, 7);
-  EXPECT_EQ(store.ReadyRows()[1].Elements[1], (ElementEntry{2, 7}));
+  EXPECT_EQ(store.ready().rows[1].Elements[1], (ElementEntry{2, 7}));
   fill.Begin();
   ExpectReady(store, 0, 0);
+}
+
+std::int32_t UpTo(std::mt19937& random, std::int32_t most) {
+  return static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(most)) + 1;
+}
+
+// Any change; of a model without rows or columns one that adds some.
+void ChangeAnything(ModelStore& store, std::mt19937& random, int step) {
+  const std::int32_t rows = store.NumberOfRows();
+  const std::int32_t columns = store.NumberOfColumns();
+  const std::uint32_t kind = random() % 8;
+  const std::string number = std::to_string(step);
+  if (kind == 0 || rows == 0) AppendRow(store, "NR" + number);
+  if (kind == 1 || columns == 0) AppendColumn(store, "NC" + number);
+  if (rows == 0 || columns == 0) return;
+  if (kind == 2) store.RemoveRow(UpTo(random, rows));
+  if (kind == 3) store.RemoveColumn(UpTo(random, columns));
+  if (kind == 4) store.AddElement(UpTo(random, rows), UpTo(random, columns), step);
+  if (kind == 5) store.data();
+  if (kind == 6) {
+    const std::int32_t r = UpTo(random, rows);
+    const std::int32_t count = store.ElementsInRow(r);
+    if (count > 0) store.RemoveElement(r, UpTo(random, count));
+  }
+  if (kind == 7) {
+    store.SetRowType(UpTo(random, rows), random() % 2 == 0 ? RowType::kFree : RowType::kLess);
+  }
 }
 
 // They are none, or all records as everybody sees them, after whatever is changed.
 TEST(ReadyRecords, ShowWhatIsSeenOtherwiseAfterAnyChange) {
   std::mt19937 random(7);
-  const auto upto = [&](std::int32_t most) {
-    return static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(most)) + 1;
-  };
   int ready = 0;
   for (int run = 0; run < 60; ++run) {
     ModelStore store;
     FillEverySecond(store, 8, 8);
     for (int step = 0; step < 60; ++step) {
-      const std::int32_t rows = store.NumberOfRows();
-      const std::int32_t columns = store.NumberOfColumns();
-      const std::uint32_t kind = random() % 8;
-      const std::string number = std::to_string(step);
-      if (kind == 0 || rows == 0) AppendRow(store, "NR" + number);
-      if (kind == 1 || columns == 0) AppendColumn(store, "NC" + number);
-      if (rows == 0 || columns == 0) continue;
-      if (kind == 2) store.RemoveRow(upto(rows));
-      if (kind == 3) store.RemoveColumn(upto(columns));
-      if (kind == 4) store.AddElement(upto(rows), upto(columns), step);
-      if (kind == 5) store.data();
-      if (kind == 6) {
-        const std::int32_t r = upto(rows);
-        if (const std::int32_t count = store.ElementsInRow(r); count > 0) {
-          store.RemoveElement(r, upto(count));
-        }
-      }
-      if (kind == 7) store.SetRowType(upto(rows), random() % 2 ? RowType::kFree : RowType::kLess);
-      const auto seen = store.ReadyRows();
+      ChangeAnything(store, random, step);
       if (store.has_deferred_work()) {
         ExpectReady(store, 0, 0);
         continue;
@@ -148,8 +154,9 @@ TEST(ReadyRecords, ShowWhatIsSeenOtherwiseAfterAnyChange) {
       ++ready;
       ExpectReady(store, static_cast<std::size_t>(store.NumberOfRows()),
                   static_cast<std::size_t>(store.NumberOfColumns()));
-      ASSERT_EQ(seen.data(), store.data().Rows.store().data());
-      ASSERT_EQ(store.ReadyColumns().data(), store.data().Columns.store().data());
+      const auto seen = store.ready();
+      ASSERT_EQ(seen.rows.data(), store.data().Rows.store().data());
+      ASSERT_EQ(seen.columns.data(), store.data().Columns.store().data());
     }
   }
   EXPECT_GT(ready, 300);

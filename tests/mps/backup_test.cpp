@@ -101,43 +101,54 @@ TEST_F(BackupOfAFile, KeepsOneThatIsBetterThanTheFileOrWasWrittenTo) {
   EXPECT_EQ(ReadWholeFile(name_ + ".2"), "notes");
 }
 
+struct FaultyBackup {
+  bool happened = false;  // there was such a call
+  bool failed = false;
+};
+
+// Nothing is left but the file, and the backup where it was made; of another file of its name, that one.
+FaultyBackup MakeWithFault(FaultKind kind, int call, bool has_other) {
+  const std::string text = "ROWS\nENDATA\n";
+  const TemporaryFolder folder;
+  const std::string path = folder.File("model.mps");
+  const std::string name = folder.File("model.bkp");
+  WriteWholeFile(path, text);
+  if (has_other) WriteWholeFile(name, "other");
+  Backup backup(path, kBeside);
+  FaultyBackup result;
+  {
+    const FileFaults faults(kind, call);
+    try {
+      backup.Make();
+    } catch (const AutomationError&) {
+      result.failed = true;
+    }
+    result.happened = faults.happened();
+  }
+  const bool is_kept = !backup.kept().empty();
+  EXPECT_EQ(ReadWholeFile(path), text);
+  if (has_other) {
+    EXPECT_EQ(ReadWholeFile(is_kept ? backup.kept() : name), "other");
+  }
+  if (result.failed) {
+    EXPECT_EQ(FileExists(name), has_other && !is_kept);
+  } else {
+    EXPECT_EQ(ReadWholeFile(name), text);
+  }
+  return result;
+}
+
 // Whatever call to the system fails, and from which on the disk is full.
-TEST_F(BackupOfAFile, LeavesNothingWhereItCannotBeMade) {
+TEST(Backup, LeavesNothingWhereItCannotBeMade) {
   int failures = 0;
   for (const FaultKind kind : {FaultKind::kDeviceError, FaultKind::kDiskFull,
                                FaultKind::kNotPermitted, FaultKind::kCutShort}) {
     for (const bool has_other : {false, true}) {
-      bool happened = true;
-      for (int call = 1; happened; ++call) {
+      FaultyBackup result = {.happened = true};
+      for (int call = 1; result.happened; ++call) {
         SCOPED_TRACE(std::to_string(static_cast<int>(kind)) + " at " + std::to_string(call));
-        const TemporaryFolder folder;
-        const std::string path = folder.File("model.mps");
-        const std::string name = folder.File("model.bkp");
-        WriteWholeFile(path, kText);
-        if (has_other) WriteWholeFile(name, "other");
-        std::string kept;
-        bool failed = false;
-        {
-          const FileFaults faults(kind, call);
-          Backup backup(path, kBeside);
-          try {
-            backup.Make();
-          } catch (const AutomationError&) {
-            failed = true;
-          }
-          kept = backup.kept();
-          happened = faults.happened();
-        }
-        EXPECT_EQ(ReadWholeFile(path), kText);
-        if (has_other) {
-          EXPECT_EQ(ReadWholeFile(kept.empty() ? name : kept), "other");
-        }
-        if (!failed) {
-          EXPECT_EQ(ReadWholeFile(name), kText);
-          continue;
-        }
-        ++failures;
-        EXPECT_EQ(FileExists(name), has_other && kept.empty());
+        result = MakeWithFault(kind, call, has_other);
+        if (result.failed) ++failures;
       }
     }
   }
