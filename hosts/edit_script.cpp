@@ -175,7 +175,7 @@ void EditScript::PrintRepeatedPair(const Difference& d, std::int32_t count_in_a)
   for (std::int32_t i = 1; i < count_in_a; ++i)
     PrintElementDeletion(a_.Row(d.row.a), a_.Column(d.column.a));
   PrintElement("set-element", b_.Row(d.row.b).Name, b_.Column(d.column.b).Name,
-               b_.ElementValue(d.row.b, d.column.b));
+               b_.looks().ElementValue(d.row.b, d.column.b));
 }
 
 void EditScript::PrintElementDeletions(const Difference& d) {
