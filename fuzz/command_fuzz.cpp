@@ -74,7 +74,6 @@ bool Has(const Words& words, std::string_view start) {
                      [start](const std::string& word) { return word.starts_with(start); });
 }
 
-// What holds of every run.
 // One text, or one in each line for a file each.
 bool IsJson(const std::string& printed) {
   if (quarvel::fuzz::JsonText::IsValid(printed)) return true;
@@ -85,6 +84,7 @@ bool IsJson(const std::string& printed) {
   return true;
 }
 
+// What holds of every run.
 std::string FaultOf(const Words& words, const Outcome& result) {
   const int most = Has(words, "check") ? 3 : 2;
   if (result.status < 0 || result.status > most) return "no such exit status";

@@ -282,34 +282,41 @@ TEST(FileReplacementPosix, WritesInPlaceWhatAnotherUserOwns) {
   EXPECT_EQ(CountNames(folder), 1u);
 }
 
-TEST(FileReplacementPosix, WritesInPlaceWhereTheFolderTakesNoFile) {
-  const TemporaryFolder folder;
+// An ordinary user can write the file, and make none beside it.
+struct ClosedFolder {
+  ClosedFolder() {
+    WriteWholeFile(path, "a longer old text");
+    EXPECT_EQ(chmod(path.c_str(), 0666), 0);
+    fs::permissions(folder.path(), fs::perms(0555));
+  }
+  ~ClosedFolder() { fs::permissions(folder.path(), fs::perms(0755)); }
+  ClosedFolder(const ClosedFolder&) = delete;
+  ClosedFolder& operator=(const ClosedFolder&) = delete;
+
+  TemporaryFolder folder;
   const std::string path = folder.File("model.mps");
-  WriteWholeFile(path, "a longer old text");
-  ASSERT_EQ(chmod(path.c_str(), 0666), 0);
-  fs::permissions(folder.path(), fs::perms(0555));
+};
+
+TEST(FileReplacementPosix, WritesInPlaceWhereTheFolderTakesNoFile) {
+  const ClosedFolder folder;
+  const std::string& path = folder.path;
   {
     const OrdinaryUser user;
     EXPECT_EQ(FailureOf([&] { Rewrite(path); }), 0);
-    EXPECT_EQ(FailureOf([&] { Rewrite(folder.File("new.mps")); }), 70);
+    EXPECT_EQ(FailureOf([&] { Rewrite(folder.folder.File("new.mps")); }), 70);
   }
-  fs::permissions(folder.path(), fs::perms(0755));
   EXPECT_EQ(ReadWholeFile(path), "new");
 }
 
 TEST(FileReplacementPosix, WritesNothingInPlaceWhileAnotherSaveGoesOn) {
-  const TemporaryFolder folder;
-  const std::string path = folder.File("model.mps");
-  WriteWholeFile(path, "a longer old text");
-  ASSERT_EQ(chmod(path.c_str(), 0666), 0);
-  fs::permissions(folder.path(), fs::perms(0555));
+  const ClosedFolder folder;
+  const std::string& path = folder.path;
   {
     const OrdinaryUser user;
     const FileStamp stamp = StampUnder(path).value();
     const SaveLock other(path, stamp);
     EXPECT_EQ(FailureOf([&] { const FileReplacement replacement(path, nullptr, stamp); }), 70);
   }
-  fs::permissions(folder.path(), fs::perms(0755));
   EXPECT_EQ(ReadWholeFile(path), "a longer old text");
 }
 
